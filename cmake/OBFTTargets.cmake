@@ -1,0 +1,82 @@
+# SPDX-License-Identifier: Apache-2.0
+# What every target of this project shares: language level, warnings, sanitizers, Qt tools.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 11)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_INCLUDE_CURRENT_DIR OFF)
+
+# Programs and libraries of one build stand together, so that the resource folder beside the
+# executable serves them all.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+
+find_program(OBFT_CCACHE ccache)
+if(OBFT_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_C_COMPILER_LAUNCHER "${OBFT_CCACHE}")
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${OBFT_CCACHE}")
+endif()
+
+if(OBFT_SANITIZE)
+    add_compile_options(-fsanitize=${OBFT_SANITIZE} -fno-omit-frame-pointer -O1)
+    add_link_options(-fsanitize=${OBFT_SANITIZE})
+    if(OBFT_SANITIZE MATCHES "undefined")
+        add_compile_options(-fno-sanitize-recover=undefined)
+    endif()
+    if(OBFT_SANITIZE MATCHES "thread")
+        add_compile_definitions(OBFT_THREAD_SANITIZER)
+    endif()
+endif()
+
+if(OBFT_CLANG_TIDY)
+    find_program(OBFT_CLANG_TIDY_EXE clang-tidy REQUIRED)
+endif()
+
+# Language level, warnings and string rules of our own code.
+# `PCH header...` gives the target a precompiled header (left out under clang-tidy).
+function(obft_target_defaults target)
+    cmake_parse_arguments(arg "" "" "PCH" ${ARGN})
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wshadow -Wconversion
+        $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>)
+    if(OBFT_WARNINGS_AS_ERRORS)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+        QT_DEPRECATED_WARNINGS QT_MESSAGELOGCONTEXT)
+    if(NOT OBFT_SANITIZE)
+        get_target_property(type ${target} TYPE)
+        if(type STREQUAL "SHARED_LIBRARY")
+            target_link_options(${target} PRIVATE -Wl,--no-undefined)
+        endif()
+    endif()
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    if(arg_PCH AND NOT OBFT_CLANG_TIDY)
+        target_precompile_headers(${target} PRIVATE ${arg_PCH})
+    endif()
+    if(OBFT_CLANG_TIDY)
+        set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${OBFT_CLANG_TIDY_EXE}")
+    endif()
+endfunction()
+
+# One folder of src/: an object library that includes from the root of src/ and links the folders
+# to its left (DEPENDS). tests/structure checks the direction of the includes themselves.
+function(obft_add_folder name)
+    cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
+    add_library(obft_${name} OBJECT ${arg_SOURCES})
+    obft_target_defaults(obft_${name} PCH <QtCore> <QtWidgets> <QtXml>)
+    target_include_directories(obft_${name} PUBLIC
+        "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/include")
+    target_link_libraries(obft_${name} PUBLIC
+        BaseTools StyledCtl Qt5::Core Qt5::Gui Qt5::Widgets Qt5::Xml)
+    foreach(dependency IN LISTS arg_DEPENDS)
+        target_link_libraries(obft_${name} PUBLIC obft_${dependency})
+    endforeach()
+endfunction()

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "styledctl/ZELCustomPushButton.h"
+
+#include "styledctl/private/ZELBox.h"
+#include "styledctl/private/ZELMetrics.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionButton>
+
+namespace {
+
+constexpr qint64 kGuardMs = 500;
+constexpr int kImageMargin = 5;
+
+qint64 monotonicMs()
+{
+    static const QElapsedTimer timer = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    return timer.elapsed();
+}
+
+bool isEnter(const QKeyEvent* event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}
+
+} // namespace
+
+ZELCustomPushButton::ZELCustomPushButton(QWidget* parent, StyleSelector style)
+    : ZELCustomPushButton(QString(), parent, style)
+{
+}
+
+ZELCustomPushButton::ZELCustomPushButton(const QString& text, QWidget* parent, StyleSelector style)
+    : QPushButton(text, parent)
+    , ZELCustomLook(this, style)
+{
+    setAutoDefault(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setCheckable(style == Style_Tab);
+    cSetClickClock({});
+    // First of all connections, so that the time stands before anybody handles the click.
+    connect(this, &QPushButton::clicked, this, &ZELCustomPushButton::onClicked);
+}
+
+void ZELCustomPushButton::cSetIcon(const QString& path)
+{
+    setIcon(QIcon(path));
+}
+
+void ZELCustomPushButton::cSetIcon(const QIcon& icon)
+{
+    setIcon(icon);
+}
+
+void ZELCustomPushButton::cSetIconAlign(int align)
+{
+    m_iconAlign = align;
+    update();
+}
+
+void ZELCustomPushButton::cSetImages(const QString& normal, const QString& hover,
+                                     const QString& pressed, const QString& disabled)
+{
+    const QString* paths[] = {&normal, &hover, &pressed, &disabled};
+    for (int i = 0; i < 4; ++i)
+        m_images[i] = paths[i]->isEmpty() ? QIcon() : QIcon(*paths[i]);
+    updateGeometry();
+    update();
+}
+
+void ZELCustomPushButton::cSetControlClickEvent(bool guarded)
+{
+    m_guarded = guarded;
+}
+
+void ZELCustomPushButton::cSetClickClock(std::function<qint64()> clock)
+{
+    m_clock = clock ? std::move(clock) : std::function<qint64()>(monotonicMs);
+}
+
+bool ZELCustomPushButton::isBlocked() const
+{
+    return m_guarded && m_clickedOnce && m_clock() - m_lastClickMs < kGuardMs;
+}
+
+void ZELCustomPushButton::onClicked()
+{
+    m_clickedOnce = true;
+    m_lastClickMs = m_clock();
+}
+
+void ZELCustomPushButton::click()
+{
+    if (!isBlocked())
+        QPushButton::click();
+}
+
+bool ZELCustomPushButton::event(QEvent* event)
+{
+    if (event->type() == QEvent::Shortcut && isBlocked())
+        return true;
+    return QPushButton::event(event);
+}
+
+void ZELCustomPushButton::mousePressEvent(QMouseEvent* event)
+{
+    if (!isBlocked())
+        QPushButton::mousePressEvent(event);
+}
+
+void ZELCustomPushButton::keyPressEvent(QKeyEvent* event)
+{
+    const bool presses =
+        isEnter(event) || event->key() == Qt::Key_Space || event->key() == Qt::Key_Select;
+    if (presses && isBlocked())
+        return;
+    if (isEnter(event)) {
+        if (!event->isAutoRepeat())
+            click();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
+
+QSize ZELCustomPushButton::sizeHint() const
+{
+    if (m_images[0].isNull())
+        return QPushButton::sizeHint();
+    const QList<QSize> sizes = m_images[0].availableSizes();
+    const QSize image = sizes.isEmpty() ? iconSize() : sizes.constFirst();
+    return image + QSize(2 * kImageMargin, 2 * kImageMargin);
+}
+
+void ZELCustomPushButton::paintEvent(QPaintEvent* event)
+{
+    if (m_images[0].isNull()) {
+        QPushButton::paintEvent(event);
+        return;
+    }
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const ZELState state(option);
+    const int wanted = !state.enabled ? 3 : state.pressed ? 2 : state.hover ? 1 : 0;
+    const bool own = !m_images[wanted].isNull();
+    QPainter painter(this);
+    ZELBox::forButton(state, this, true).paint(&painter, rect());
+    const QRect room = rect().adjusted(kImageMargin, kImageMargin, -kImageMargin, -kImageMargin);
+    if (!state.enabled && !own)
+        painter.setOpacity(ZELMetrics::kDisabledIconOpacity);
+    m_images[own ? wanted : 0].paint(&painter, room);
+}

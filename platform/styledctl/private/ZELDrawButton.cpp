@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "styledctl/ZELCustomPushButton.h"
+#include "styledctl/private/ZELBox.h"
+#include "styledctl/private/ZELColors.h"
+#include "styledctl/private/ZELDraw.h"
+#include "styledctl/private/ZELMetrics.h"
+
+#include <QStyle>
+
+namespace {
+
+using namespace ZELMetrics;
+
+QColor labelColor(const ZELState& state, const ZELCustomLook* look)
+{
+    const ZELColors& colors = ZELColors::current();
+    const int style = look ? look->cStyle() : int(ZELCustomPushButton::Style_Default);
+    if (!state.enabled)
+        return colors.textDisabled;
+    QColor own = look ? look->cTextColor() : QColor();
+    if (own.isValid())
+        return own;
+    switch (style) {
+    case ZELCustomPushButton::Style_Primary:
+        return colors.onAccent;
+    case ZELCustomPushButton::Style_Danger:
+        return colors.error;
+    case ZELCustomPushButton::Style_Tab:
+        return state.on || state.hover ? colors.text : colors.textMuted;
+    default:
+        return colors.text;
+    }
+}
+
+} // namespace
+
+namespace ZELDraw {
+
+void buttonLabel(const QStyleOptionButton& option, QPainter* painter, const QWidget* widget)
+{
+    const ZELState state(option);
+    const auto* button = qobject_cast<const ZELCustomPushButton*>(widget);
+    const int align = button ? button->cIconAlign() : int(ZELCustomPushButton::Align_BesideText);
+    const QRect inside = option.rect.adjusted(kEditInset, 0, -kEditInset, 0);
+    const bool hasIcon = !option.icon.isNull();
+    const bool hasText = !option.text.isEmpty();
+    const int gap = hasIcon && hasText ? kIconGap : 0;
+    const int iconWidth = hasIcon ? option.iconSize.width() : 0;
+    const int textRoom = qMax(0, inside.width() - iconWidth - gap);
+    const QFontMetrics& metrics = option.fontMetrics;
+    // The tool tip or the column's width has the rest; a cut label is better than a smaller font.
+    const QString text =
+        metrics.elidedText(option.text, Qt::ElideRight, textRoom, Qt::TextShowMnemonic);
+    const int textWidth = metrics.size(Qt::TextShowMnemonic, text).width();
+
+    const int blockLeft = inside.left() + (inside.width() - iconWidth - gap - textWidth) / 2;
+    QRect textRect(hasIcon ? blockLeft + iconWidth + gap : blockLeft, inside.top(), textWidth,
+                   inside.height());
+    if (hasIcon) {
+        int left = blockLeft;
+        if (align == ZELCustomPushButton::Align_Left || align == ZELCustomPushButton::Align_Right) {
+            const bool atLeft = align == ZELCustomPushButton::Align_Left;
+            left = atLeft ? inside.left() : inside.right() + 1 - iconWidth;
+            const int roomLeft = atLeft ? inside.left() + iconWidth + gap : inside.left();
+            textRect.moveLeft(roomLeft + (textRoom - textWidth) / 2);
+        }
+        const QRect iconRect(left, inside.center().y() - option.iconSize.height() / 2 + 1,
+                             iconWidth, option.iconSize.height());
+        // Dimmed here: an icon's own disabled form comes from the application's style.
+        painter->setOpacity(state.enabled ? 1 : kDisabledIconOpacity);
+        const QIcon::Mode mode = state.hover ? QIcon::Active : QIcon::Normal;
+        option.icon.paint(painter, QStyle::visualRect(option.direction, option.rect, iconRect),
+                          Qt::AlignCenter, mode, state.on ? QIcon::On : QIcon::Off);
+        painter->setOpacity(1);
+    }
+    painter->setPen(labelColor(state, ZELBox::lookOf(widget)));
+    painter->drawText(QStyle::visualRect(option.direction, option.rect, textRect),
+                      Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine, text);
+}
+
+} // namespace ZELDraw

@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Installs what is missing, builds the `dev` preset (or --preset NAME) and runs all its tests.
+# Further arguments go to ctest, for example: scripts/test.sh -R delegate
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+preset=dev
+if [ "${1:-}" = "--preset" ]; then
+    preset="${2:?--preset needs a name}"
+    shift 2
+fi
+case "$preset" in
+tidy) group="tidy" ;;
+aarch64) group="aarch64" ;;
+release) group="test bench" ;;
+*) group="test" ;;
+esac
+./scripts/install-deps.sh $group
+
+log="$(mktemp)"
+trap 'rm -f "$log"' EXIT
+quietly() {
+    if ! "$@" >"$log" 2>&1; then
+        cat "$log" >&2
+        exit 1
+    fi
+}
+quietly cmake --preset "$preset"
+quietly cmake --build --preset "$preset"
+ctest --preset "$preset" -j "$(nproc)" "$@"

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "device/XmlLimits.h"
+
+#include <cstring>
+#include <string_view>
+
+namespace XmlLimits {
+
+namespace {
+
+// Position behind `end`, searched from `from`; the text's end when it does not occur.
+std::size_t behind(std::string_view text, std::size_t from, std::string_view end)
+{
+    const std::size_t found = text.find(end, from);
+    return found == std::string_view::npos ? text.size() : found + end.size();
+}
+
+// Position behind the tag that starts at `from`; ">" inside quoted attribute values does not end it.
+std::size_t behindTag(std::string_view text, std::size_t from)
+{
+    char quote = 0;
+    for (std::size_t i = from; i < text.size(); ++i) {
+        const char c = text[i];
+        if (quote) {
+            if (c == quote)
+                quote = 0;
+        } else if (c == '"' || c == '\'') {
+            quote = c;
+        } else if (c == '>') {
+            return i + 1;
+        }
+    }
+    return text.size();
+}
+
+bool startsWith(std::string_view text, std::size_t at, std::string_view part)
+{
+    return text.compare(at, part.size(), part) == 0;
+}
+
+} // namespace
+
+bool acceptable(const char* text, std::size_t bytes)
+{
+    if (bytes > kMaxBytes)
+        return false;
+    const std::string_view view(text, bytes);
+    int depth = 0;
+    std::size_t at = view.find('<');
+    while (at < view.size()) {
+        if (startsWith(view, at, "<!--")) {
+            at = behind(view, at + 4, "-->");
+        } else if (startsWith(view, at, "<![CDATA[")) {
+            at = behind(view, at, "]]>");
+        } else if (startsWith(view, at, "<?")) {
+            at = behind(view, at, "?>");
+        } else if (startsWith(view, at, "</")) {
+            --depth;
+            at = behind(view, at, ">");
+        } else if (startsWith(view, at, "<!")) {
+            at = behindTag(view, at);
+        } else {
+            const std::size_t end = behindTag(view, at);
+            const bool closesItself = end >= 2 && view[end - 2] == '/';
+            if (!closesItself && ++depth > kMaxDepth)
+                return false;
+            at = end;
+        }
+        at = view.find('<', at);
+    }
+    return true;
+}
+
+} // namespace XmlLimits

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QStyledItemDelegate>
+
+// Paints the rows of the side column: pages in bold with an arrow, groups indented, the current
+// group with a bar. Owned by its view; GUI thread.
+class CFeatureGroupDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    explicit CFeatureGroupDelegate(QObject* parent);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};

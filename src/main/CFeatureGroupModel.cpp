@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "main/CFeatureGroupModel.h"
+
+#include "basetools/ORXInterface.h"
+#include "model/CTreeItemValue.h"
+#include "styledctl/ZELCustom.h"
+
+#include <QColor>
+
+CFeatureGroupModel::CFeatureGroupModel(const QVector<FeaturePage>& pages, QObject* parent)
+    : QAbstractItemModel(parent)
+    , m_pages(pages)
+{
+}
+
+ORXPropertyTreeItem* CFeatureGroupModel::itemFromIndex(const QModelIndex& index)
+{
+    return static_cast<ORXPropertyTreeItem*>(index.internalPointer());
+}
+
+int CFeatureGroupModel::rowOfRoot(const ORXPropertyTreeItem* item) const
+{
+    for (int row = 0; row < m_pages.size(); ++row) {
+        if (m_pages.at(row).root == item)
+            return row;
+    }
+    return -1;
+}
+
+QModelIndex CFeatureGroupModel::pageIndex(int pageRow) const
+{
+    return index(pageRow, 0);
+}
+
+QModelIndex CFeatureGroupModel::groupIndex(int pageRow, const ORXPropertyTreeItem* group) const
+{
+    if (!group || pageRow < 0 || pageRow >= m_pages.size())
+        return {};
+    const FeaturePage& page = m_pages.at(pageRow);
+    if (group->parent(page.type) != page.root)
+        return {};
+    return index(group->indexInParent(page.type), 0, pageIndex(pageRow));
+}
+
+int CFeatureGroupModel::pageRowOf(const QModelIndex& index) const
+{
+    return index.parent().isValid() ? index.parent().row() : index.row();
+}
+
+void CFeatureGroupModel::refreshTexts()
+{
+    for (int row = 0; row < m_pages.size(); ++row) {
+        const QModelIndex page = pageIndex(row);
+        emit dataChanged(page, page);
+        const int groups = rowCount(page);
+        if (groups > 0)
+            emit dataChanged(index(0, 0, page), index(groups - 1, 0, page));
+    }
+}
+
+QModelIndex CFeatureGroupModel::index(int row, int column, const QModelIndex& parent) const
+{
+    if (row < 0 || column != 0)
+        return {};
+    if (!parent.isValid())
+        return row < m_pages.size() ? createIndex(row, 0, m_pages.at(row).root) : QModelIndex();
+    if (parent.parent().isValid())
+        return {};
+    ORXPropertyTreeItem* group = itemFromIndex(parent)->child(row);
+    return group ? createIndex(row, 0, group) : QModelIndex();
+}
+
+QModelIndex CFeatureGroupModel::parent(const QModelIndex& index) const
+{
+    const ORXPropertyTreeItem* item = itemFromIndex(index);
+    if (!item || rowOfRoot(item) >= 0)
+        return {};
+    for (int row = 0; row < m_pages.size(); ++row) {
+        const FeaturePage& page = m_pages.at(row);
+        if (item->parent(page.type) == page.root)
+            return createIndex(row, 0, page.root);
+    }
+    return {};
+}
+
+int CFeatureGroupModel::rowCount(const QModelIndex& parent) const
+{
+    if (!parent.isValid())
+        return m_pages.size();
+    const ORXPropertyTreeItem* item = itemFromIndex(parent);
+    return parent.column() == 0 && rowOfRoot(item) >= 0 ? item->childCount() : 0;
+}
+
+int CFeatureGroupModel::columnCount(const QModelIndex&) const { return 1; }
+
+QVariant CFeatureGroupModel::data(const QModelIndex& index, int role) const
+{
+    const ORXPropertyTreeItem* item = itemFromIndex(index);
+    if (!item || !item->value())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return ORXInterface::language() == QLatin1String("CH") ? item->value()->translateName()
+                                                               : item->value()->displayName();
+    case Qt::TextAlignmentRole:
+        return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    case Qt::ForegroundRole:
+        return ZELCustom::getDataBaseColor(
+            QStringLiteral("ORXPropertyTreeModelColor_Foreground_Default"));
+    default:
+        return {};
+    }
+}
+
+bool CFeatureGroupModel::setData(const QModelIndex&, const QVariant&, int) { return false; }

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "main/CFeatureGroupModel.h"
+#include "model/IORXFeatureNotify.h"
+
+#include <QMap>
+#include <QTreeView>
+
+class CFeatureGroupDelegate;
+
+// The list of pages and their groups. Clicking a group shows only that group's features in its
+// page; groups without a visible feature do not show. Owned by its ORXFeatureGroup; GUI thread,
+// but for itemVisibleChanged, which only emits a signal.
+class CFeatureGroupTreeView : public QTreeView, public IORXFeatureNotify
+{
+    Q_OBJECT
+public:
+    // One root for each tab, null where a page has none. Roots are not owned and must outlive the
+    // view.
+    CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& roots, qint64 cameraId,
+                          QWidget* parent);
+    ~CFeatureGroupTreeView() override;
+
+    void SetSearchText(const QString& text);
+    void SetItemGroupVisible(ORXPropertyTreeItem* item, bool visible);
+    // Hides the page's row when none of its groups shows.
+    void ResetRootVisible(ORXPropertyTreeItem* root, int row);
+    // Registers this view with every leaf below `item`, or removes it.
+    void RegisterView(ORXPropertyTreeItem* item, bool remove);
+    // Opens a tab's page and its last group, as a click on its row does.
+    void showTab(int tabIndex);
+    // Moves on from an empty favourites group to the first group that shows something.
+    void leaveEmptyFavorites();
+    void retranslate();
+
+    void itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool visible) override;
+
+signals:
+    void SigTabChanged(int index);
+    void SigChildVisibleChanged(ORXPropertyTreeItem* item);
+
+public slots:
+    void OnChangedIndex(const QModelIndex& index);
+    void OnExpanded(const QModelIndex& index);
+    void OnChildVisibleChanged(ORXPropertyTreeItem* item);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    void setUpRows();
+    void setGroupShown(int pageRow, ORXPropertyTreeItem* group);
+
+    QVector<FeaturePage> m_pages;
+    qint64 m_lCameraID;
+    CFeatureGroupModel* m_pModel;       // Owned (child).
+    CFeatureGroupDelegate* m_pDelegate; // Owned (child).
+    QMap<int, int> m_selectedGroups;    // page row to the row of its last selected group
+    bool m_bChanging = false;
+};

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "device/IORXListen.h"
+#include "styledctl/ZELCustomMainWindow.h"
+#include "tree/IFeatureTreeFinder.h"
+
+#include <QMap>
+#include <QTranslator>
+
+class IORXFeatureWidget;
+class ORXFeatureGroup;
+class ORXFeatureToolBar;
+class ORXFeatureTree;
+class ORXImgProcessingFeature;
+class ORXPropertyTreeItem;
+class PageTabBar;
+class QStackedWidget;
+class ZELCustomDockTitleBar;
+
+// The library's one window: tool bar, side column, pages, and a tree for each camera. The exported
+// functions drive it. One instance at a time; GUI thread. Cameras are named by a 64-bit key, -1
+// means none; the exported functions always use key 1.
+class ORXMainFeatureWidget : public ZELCustomMainWindow,
+                             public IORXListen,
+                             public IFeatureTreeFinder
+{
+    Q_OBJECT
+public:
+    enum FeatureTabIndex {
+        WholeTreeTab = 0,
+        CommonTab = 1,
+        TriggerTab = 2,
+        ImageProcessingTab = 3
+    };
+
+    // Makes the window on the first call; later calls ignore `parent`.
+    static ORXMainFeatureWidget* instance(QWidget* parent);
+    static bool hasInstance() { return s_pInstance != nullptr; }
+    // Destroys the window. Reading has stopped when this returns; while the library's own code
+    // stands below a call of the host, the widgets go a little later.
+    static void ReleaseInstance();
+
+    qint64 CurrentCameraID() const { return m_lCameraID; }
+    void CreateFeature();
+    void InitFeatureUI();
+    void DeviceFeatureInit(qint64 key);
+    ORXFeatureTree* featureTree(qint64 cameraId, bool create) override;
+    bool hasFeatureTree(qint64 cameraId) const override;
+    ORXFeatureGroup* featureGroup(qint64 key);
+    ORXPropertyTreeItem* getItemByName(const QString& name, FeatureTabIndex tab);
+    void removeFeatureTree(qint64 key);
+    void clearFeatureTrees();
+    void StartUpdateThread();
+    void PauseUpdateThread();
+    void onRefreshFeature();
+    void onSaveFeatures();
+    // 1 selects Chinese, any other value English.
+    void SetLanguage(int language);
+    void ExecChangedLanuage();
+    void ResetTitleText();
+    void SetTitleVisible(bool visible);
+    // Elided to 80 pixels.
+    QString GetTabCutString(const QString& text) const;
+    void UpdateToolBarBtn(qint64 key);
+    void enabledSelfDefienedFeatures(bool enabled);
+    // A parentless window on top of others, whatever parent it had.
+    void showOnTop();
+
+    int notify(int code, void* data) override;
+    QSize sizeHint() const override;
+    void setVisible(bool visible) override;
+
+signals:
+    void sigBeforeDeleteFeature(qint64 key);
+
+public slots:
+    void onTabIndexChange(int index);
+    void onBeforeDeleteFeature(qint64 key);
+    void OnToolBarBtnClicked(int index);
+    void OnUserLeverChanged();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    explicit ORXMainFeatureWidget(QWidget* parent);
+    ~ORXMainFeatureWidget() override;
+
+    void initUI();
+    void retranslate();
+    void afterFirstRead(qint64 key);
+    void showTitle(qint64 key);
+    QList<IORXFeatureWidget*> curatedPages() const;
+    ORXFeatureTree* currentTree() const { return m_trees.value(m_lCameraID, nullptr); }
+
+    static ORXMainFeatureWidget* s_pInstance; // Owned.
+
+    qint64 m_lCameraID = -1;
+    bool m_bTemperatureTab = false;
+    bool m_bTranslatorInstalled = false;
+    bool m_bSilentHide = false; // the host is not told
+    IORXFeatureWidget* m_pCommonPage = nullptr;        // Owned (child).
+    IORXFeatureWidget* m_pTriggerPage = nullptr;       // Owned (child).
+    ORXImgProcessingFeature* m_pImagePage = nullptr;   // Owned (child).
+    QMap<qint64, ORXFeatureTree*> m_trees;             // Owned.
+    QMap<qint64, ORXFeatureGroup*> m_groups;           // Owned.
+    ORXFeatureToolBar* m_pToolBar = nullptr;           // Owned (child).
+    ZELCustomDockTitleBar* m_pDockTitleBar = nullptr;  // Owned (child).
+    PageTabBar* m_pTabs = nullptr;                     // Owned (child).
+    QStackedWidget* m_pTreeStack = nullptr;            // Owned (child).
+    QStackedWidget* m_pGroupStack = nullptr;           // Owned (child).
+    QStackedWidget* m_pPageStack = nullptr;            // Owned (child).
+    QTranslator m_translator;
+};

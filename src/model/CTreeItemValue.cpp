@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "model/CTreeItemValue.h"
+
+namespace {
+
+QString locked(const QString& text)
+{
+    const ItemStateLock lock;
+    return text;
+}
+
+void assign(QString& target, const QString& text)
+{
+    const ItemStateLock lock;
+    if (target != text)
+        target = text;
+}
+
+} // namespace
+
+QString CTreeItemValue::displayValue() const { return {}; }
+
+QString CTreeItemValue::nodeName(int) const { return locked(m_strNodeName); }
+
+void CTreeItemValue::setNodeName(const QString& name) { assign(m_strNodeName, name); }
+
+QString CTreeItemValue::toolTip(int) const { return locked(m_strToolTip); }
+
+QVariant CTreeItemValue::value() const { return {}; }
+
+void CTreeItemValue::setValue(const QVariant&) {}
+
+QString CTreeItemValue::displayName() const
+{
+    const ItemStateLock lock;
+    return m_strDisplayName.isEmpty() ? m_strTranslateName : m_strDisplayName;
+}
+
+QString CTreeItemValue::translateName() const
+{
+    const ItemStateLock lock;
+    return m_strTranslateName.isEmpty() ? m_strDisplayName : m_strTranslateName;
+}
+
+QString CTreeItemValue::createCurrentStauts(bool readOnly) const
+{
+    return readOnlyStatus(readOnly);
+}
+
+QString CTreeItemValue::readOnlyStatus(bool readOnly)
+{
+    return readOnly ? QStringLiteral("ReadOnly:true;") : QStringLiteral("ReadOnly:false;");
+}
+
+void CTreeItemValue::copy(const CTreeItemValue* from, bool all)
+{
+    if (!from || !all)
+        return;
+    const ItemStateLock lock;
+    m_bEnabled = from->m_bEnabled;
+    m_bUsesGlobalFont = from->m_bUsesGlobalFont;
+    m_strNodeName = from->m_strNodeName;
+    m_strDescription = from->m_strDescription;
+    m_strTranslatedDescription = from->m_strTranslatedDescription;
+    m_strDocText = from->m_strDocText;
+    m_strDisplayName = from->m_strDisplayName;
+    m_strTranslateName = from->m_strTranslateName;
+    m_strToolTip = from->m_strToolTip;
+    m_strDocTextCN = from->m_strDocTextCN;
+    m_strDocInputs = from->m_strDocInputs;
+}
+
+void CTreeItemValue::setDisplayName(const QString& name) { assign(m_strDisplayName, name); }
+void CTreeItemValue::setTranslateName(const QString& name) { assign(m_strTranslateName, name); }
+void CTreeItemValue::setToolTip(const QString& text) { assign(m_strToolTip, text); }
+
+QString CTreeItemValue::description() const { return locked(m_strDescription); }
+void CTreeItemValue::setDescription(const QString& text) { assign(m_strDescription, text); }
+QString CTreeItemValue::translatedDescription() const
+{
+    return locked(m_strTranslatedDescription);
+}
+void CTreeItemValue::setTranslatedDescription(const QString& text)
+{
+    assign(m_strTranslatedDescription, text);
+}
+QString CTreeItemValue::docText() const { return locked(m_strDocText); }
+void CTreeItemValue::setDocText(const QString& html) { assign(m_strDocText, html); }
+QString CTreeItemValue::docTextCN() const { return locked(m_strDocTextCN); }
+void CTreeItemValue::setDocTextCN(const QString& html) { assign(m_strDocTextCN, html); }
+QString CTreeItemValue::docInputs() const { return locked(m_strDocInputs); }
+void CTreeItemValue::setDocInputs(const QString& inputs) { assign(m_strDocInputs, inputs); }
+
+bool CTreeItemValue::enabled() const
+{
+    const ItemStateLock lock;
+    return m_bEnabled;
+}
+
+void CTreeItemValue::setEnabled(bool enabled)
+{
+    const ItemStateLock lock;
+    m_bEnabled = enabled;
+}
+
+bool CTreeItemValue::usesGlobalFont() const
+{
+    const ItemStateLock lock;
+    return m_bUsesGlobalFont;
+}
+
+void CTreeItemValue::setUsesGlobalFont(bool uses)
+{
+    const ItemStateLock lock;
+    m_bUsesGlobalFont = uses;
+}
+
+QString CTreeItemValue::currentStatus() const { return locked(m_strCurrentStatus); }
+
+QString CTreeItemValue::exchangeStatus(const QString& status)
+{
+    const ItemStateLock lock;
+    QString previous = m_strCurrentStatus;
+    m_strCurrentStatus = status;
+    return previous;
+}
+
+void CTreeItemValue::updateEditorInfo(bool disabled)
+{
+    const ItemStateLock lock;
+    m_strCurrentStatus = createCurrentStauts(disabled);
+}
+
+void CTreeItemValue::updateEditorInfo(const QString& statusBeforeFilling)
+{
+    assign(m_strCurrentStatus, statusBeforeFilling);
+}

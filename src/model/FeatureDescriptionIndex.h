@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FeatureNodeMap.h"
+
+#include <QHash>
+#include <QList>
+#include <QMap>
+#include <QSet>
+#include <QStringList>
+
+class QDomElement;
+
+// Look-up tables of one camera's description: what depends on what, so that a write to one feature
+// tells which others must be read again. Belongs to the camera's tree; GUI thread. Reading threads
+// get copies of the tables, which nobody changes afterwards.
+//
+// Order of building: GenerateDomElementMap, then (once the items exist) setItemNames and the
+// other Generate... operations. Every walk along references is bounded and survives cycles. Unknown
+// names give empty results.
+class FeatureDescriptionIndex
+{
+public:
+    // Nodes ---------------------------------------------------------------------------------------
+    void GenerateDomElementMap(const QDomElement& root);
+    const FeatureNodeMap& nodes() const { return m_nodes; }
+    FeatureNodePtr GetDomElementNode(const QString& name) const { return m_nodes.node(name); }
+    // Text of the first "ImposedAccessMode" or "AccessMode".
+    static QString GetValueAccessMode(const FeatureNodePtr& node);
+    // Text of the first "pValue" or "pIsLocked"; false when there is none.
+    static bool GetPValueText(const FeatureNodePtr& node, QString& text);
+    static bool GetPIsLockedText(const FeatureNodePtr& node, QString& text);
+
+    // The names that have an item in the tree, in name order; the feature tables cover only them.
+    void setItemNames(const QStringList& names);
+
+    // Invalidators --------------------------------------------------------------------------------
+    void ResetFeaturesInvalidatorMap();
+    // The features whose values a change of `name` makes stale, `name` itself included, each once.
+    QList<QString> GetFeatureInvalidatorList(const QString& name) const;
+    // Whether `name` is in the list, or has a pValue that is.
+    bool IsFeatureInQList(const QString& name, const QList<QString>& list) const;
+    QList<QString> GetFeaturesNameByPValue(const QString& value) const;
+    QList<QString> GetFeaturePVariableList(const QString& name) const;
+    QList<QString> GetFeaturesHaveSamePVariable(const QString& name) const;
+    // The names whose change makes a feature stale, with repeats.
+    QList<QString> invalidatorsOf(const QString& name) const { return m_invalidators.value(name); }
+
+    // Pairs and selectors -------------------------------------------------------------------------
+    void GenerateFeaturePValueList();
+    void GenerateFeaturePairList();
+    bool GetFeatureInPair(const QString& name, QString& partner) const;
+    void GenerateFeaturePSelectedList(const QString& name, QList<QString>& list) const;
+    void GeneratePSelectedList();
+    bool GetFeaturePSelectedList(const QString& name, QList<QString>& list) const;
+
+    // Locks and polling ---------------------------------------------------------------------------
+    void GenerateFeaturesTLParamsLocked();
+    const QList<QString>& lockableFeatures() const { return m_lockable; }
+    int GetPollingTime(const QString& name) const; // milliseconds, 0 for none
+    bool IsNoCacheFeature(const QString& name) const;
+    void GenerateFeatureNoCacheList();
+    // Feature to re-read interval, a multiple of 50 ms.
+    const QMap<QString, int>& pollingMap() const { return m_polling; }
+
+private:
+    void InsertFeatureInvalidator(const FeatureNode& feature);
+    void GenerateInvalidatorListByProperty(const QString& name, QStringList& invalidators,
+                                           QStringList& variables) const;
+    void buildReverseMaps();
+
+    FeatureNodeMap m_nodes;
+    QStringList m_itemNames;
+    QSet<QString> m_itemNameSet;
+    QHash<QString, QStringList> m_invalidators; // feature to names whose change makes it stale
+    QHash<QString, QStringList> m_variables;    // feature to names reached through pVariable
+    QHash<QString, QStringList> m_invalidatedBy;   // reverse of m_invalidators, each feature once
+    QHash<QString, QStringList> m_variableUsers;   // reverse of m_variables, each feature once
+    QHash<QString, QString> m_pValues;
+    QHash<QString, QStringList> m_namesByPValue; // reverse of m_pValues, in name order
+    QHash<QString, QString> m_pairs;
+    QHash<QString, QList<QString>> m_selected;
+    QList<QString> m_lockable;
+    QMap<QString, int> m_polling;
+};

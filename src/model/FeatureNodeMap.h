@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FeatureNode.h"
+
+#include <QHash>
+#include <QVector>
+
+class QDomElement;
+
+// All nodes of a description, taken out of the DOM in one pass. Copies share the records; a copy
+// may be read by any thread.
+class FeatureNodeMap
+{
+public:
+    FeatureNodeMap() = default;
+    // Reads the subtree of `root`; the root itself is no node. Wrappers such as "Group" are walked
+    // through, enumeration entries stay inside their enumeration.
+    explicit FeatureNodeMap(const QDomElement& root);
+
+    // The node that describes a name: a feature wins over a register of the same name, a later
+    // feature over an earlier one. Null when the name is unknown.
+    FeatureNodePtr node(const QString& name) const { return m_nodes.value(name); }
+    // The first category of a name in the order of the description.
+    FeatureNodePtr category(const QString& name) const { return m_categories.value(name); }
+    // Every feature element in the order of the description, also those that another one of the
+    // same name replaced.
+    const QVector<FeatureNodePtr>& featureElements() const { return m_featureElements; }
+    int size() const { return m_nodes.size(); }
+    bool isEmpty() const { return m_nodes.isEmpty(); }
+
+private:
+    void addChildren(const QDomElement& parent);
+    void addNode(const FeatureNodePtr& node);
+
+    QHash<QString, FeatureNodePtr> m_nodes;
+    QHash<QString, FeatureNodePtr> m_categories;
+    QVector<FeatureNodePtr> m_featureElements;
+};

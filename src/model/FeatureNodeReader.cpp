@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FeatureNodeReader.h"
+
+#include "basetools/ORXInterface.h"
+
+#include <QDomElement>
+#include <QHash>
+
+namespace {
+
+const QString kName = QStringLiteral("Name");
+const QString kNameSpace = QStringLiteral("NameSpace");
+
+// Child elements whose text is a field of the record. The first of "ImposedAccessMode" and
+// "AccessMode" counts; of every other element the last one does.
+struct NodeField
+{
+    QString FeatureNode::*text;
+    bool trimmed;
+    bool firstCounts;
+};
+
+const QHash<QString, NodeField>& nodeFields()
+{
+    static const QHash<QString, NodeField> fields = {
+        {QStringLiteral("DisplayName"), {&FeatureNode::displayName, false, false}},
+        {QStringLiteral("Description"), {&FeatureNode::description, false, false}},
+        {QStringLiteral("Visibility"), {&FeatureNode::visibility, true, false}},
+        {QStringLiteral("Streamable"), {&FeatureNode::streamable, true, false}},
+        {QStringLiteral("Representation"), {&FeatureNode::representation, true, false}},
+        {QStringLiteral("ImposedAccessMode"), {&FeatureNode::accessMode, true, true}},
+        {QStringLiteral("AccessMode"), {&FeatureNode::accessMode, true, true}},
+        {QStringLiteral("pIsImplemented"), {&FeatureNode::pIsImplemented, true, false}},
+        {QStringLiteral("pIsAvailable"), {&FeatureNode::pIsAvailable, true, false}},
+        {QStringLiteral("pIsLocked"), {&FeatureNode::pIsLocked, true, false}},
+    };
+    return fields;
+}
+
+const QHash<QString, FeatureReference::Kind>& referenceKinds()
+{
+    static const QHash<QString, FeatureReference::Kind> kinds = {
+        {QStringLiteral("pValue"), FeatureReference::PValue},
+        {QStringLiteral("pVariable"), FeatureReference::PVariable},
+        {QStringLiteral("pInvalidator"), FeatureReference::PInvalidator},
+        {QStringLiteral("pMin"), FeatureReference::PMin},
+        {QStringLiteral("pMax"), FeatureReference::PMax},
+        {QStringLiteral("pInc"), FeatureReference::PInc},
+        {QStringLiteral("pIsLocked"), FeatureReference::PIsLocked},
+        {QStringLiteral("pIsImplemented"), FeatureReference::PIsImplemented},
+        {QStringLiteral("pIsAvailable"), FeatureReference::PIsAvailable},
+        {QStringLiteral("pSelected"), FeatureReference::PSelected},
+        {QStringLiteral("pFeature"), FeatureReference::PFeature},
+        {QStringLiteral("PollingTime"), FeatureReference::PollingTime},
+        {QStringLiteral("Cachable"), FeatureReference::Cachable},
+    };
+    return kinds;
+}
+
+const QHash<QString, QString FeatureEnumEntry::*>& entryFields()
+{
+    static const QHash<QString, QString FeatureEnumEntry::*> fields = {
+        {QStringLiteral("DisplayName"), &FeatureEnumEntry::displayName},
+        {QStringLiteral("Value"), &FeatureEnumEntry::valueText},
+        {QStringLiteral("Visibility"), &FeatureEnumEntry::visibility},
+        {QStringLiteral("pIsImplemented"), &FeatureEnumEntry::pIsImplemented},
+        {QStringLiteral("pIsAvailable"), &FeatureEnumEntry::pIsAvailable},
+        {QStringLiteral("pIsLocked"), &FeatureEnumEntry::pIsLocked},
+    };
+    return fields;
+}
+
+FeatureEnumEntry readEntry(const QDomElement& element)
+{
+    FeatureEnumEntry entry;
+    entry.name = element.attribute(kName);
+    entry.nameSpace = element.attribute(kNameSpace);
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        const auto field = entryFields().constFind(child.tagName());
+        if (field != entryFields().constEnd())
+            entry.*field.value() = child.text().trimmed();
+    }
+    entry.value = ORXInterface::string2Int(entry.valueText);
+    return entry;
+}
+
+QStringList invalidatorsBefore(const QDomElement& element)
+{
+    QStringList result;
+    const QString invalidator = QStringLiteral("pInvalidator");
+    for (QDomElement sibling = element.previousSiblingElement(invalidator); !sibling.isNull();
+         sibling = sibling.previousSiblingElement(invalidator))
+        result.append(sibling.text().trimmed());
+    return result;
+}
+
+void readChild(const QDomElement& child, FeatureNode& node)
+{
+    const QString tag = child.tagName();
+    const auto kind = referenceKinds().constFind(tag);
+    if (kind != referenceKinds().constEnd())
+        node.references.append({kind.value(), child.text().trimmed()});
+    const auto field = nodeFields().constFind(tag);
+    if (field == nodeFields().constEnd())
+        return;
+    QString& target = node.*field->text;
+    if (field->firstCounts && !target.isEmpty())
+        return;
+    target = field->trimmed ? child.text().trimmed() : child.text();
+}
+
+} // namespace
+
+FeatureNodePtr readFeatureNode(const QDomElement& element)
+{
+    auto node = std::make_shared<FeatureNode>();
+    node->name = element.attribute(kName);
+    node->tagName = element.tagName();
+    node->tag = featureTag(node->tagName);
+    node->nameSpace = element.attribute(kNameSpace);
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        if (child.tagName() == QLatin1String("EnumEntry"))
+            node->entries.append(readEntry(child));
+        else
+            readChild(child, *node);
+    }
+    if (node->tagName == QLatin1String("StructEntry"))
+        node->precedingInvalidators = invalidatorsBefore(element);
+    return node;
+}

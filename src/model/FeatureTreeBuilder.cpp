@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "model/FeatureTreeBuilder.h"
+
+#include "device/OBDeviceControl.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
+
+#include <QDebug>
+
+QString favoritesGroupName()
+{
+    return QStringLiteral("ORXCustom_Favorites");
+}
+
+void FeatureTreeBuilder::clear()
+{
+    m_items.clear();
+    m_featureList.clear();
+    m_categoryOfFeature.clear();
+    m_path.clear();
+    m_reported.clear();
+    m_itemCount = 0;
+}
+
+void FeatureTreeBuilder::createItems(ORXPropertyTreeItem* root, const FeatureNodeMap& nodes,
+                                     IORXFeatureNotify* view)
+{
+    clear();
+    root->clear();
+    m_nodes = nodes;
+    m_pView = view;
+    root->registerView(view);
+
+    auto* favorites = new ORXPropertyTreeItem(root, ORXPropertyTreeItem::FeatureTreePage);
+    favorites->value()->setDisplayName(QStringLiteral("Favorites"));
+    favorites->value()->setNodeName(favoritesGroupName());
+    favorites->value()->setTranslateName(
+        OBDeviceControl::GetDisplayNameTrans(favoritesGroupName()));
+    favorites->setItemType(ORXPropertyTreeItem::FavoritesGroup);
+    favorites->registerView(view);
+
+    if (const FeatureNodePtr rootCategory = nodes.category(QStringLiteral("Root")))
+        creatItemRecursion(root, *rootCategory);
+    m_nodes = FeatureNodeMap();
+}
+
+ORXPropertyTreeItem* FeatureTreeBuilder::createItem(ORXPropertyTreeItem* parent,
+                                                    const QString& name)
+{
+    auto* item = new ORXPropertyTreeItem(parent, ORXPropertyTreeItem::FeatureTreePage);
+    item->value()->setDisplayName(name);
+    item->value()->setNodeName(name);
+    item->value()->setTranslateName(OBDeviceControl::GetDisplayNameTrans(name));
+    item->registerView(m_pView);
+    m_items.insert(name, item);
+    ++m_itemCount;
+    return item;
+}
+
+void FeatureTreeBuilder::creatItemRecursion(ORXPropertyTreeItem* parent,
+                                            const FeatureNode& category)
+{
+    m_path.append(category.name);
+    for (const QString& name : category.texts(FeatureReference::PFeature)) {
+        m_featureList.append(name);
+        m_categoryOfFeature.insert(name, category.name);
+        if (m_itemCount >= kMaxItems) {
+            // Every category on the way back meets the limit, too; the first one is named.
+            if (m_itemCount++ == kMaxItems)
+                reportOnce(category.name,
+                           QStringLiteral("lists more features than can be shown"));
+            break;
+        }
+        ORXPropertyTreeItem* item = createItem(parent, name);
+        if (const FeatureNodePtr inner = m_nodes.category(name)) {
+            if (m_path.contains(name))
+                reportOnce(name, QStringLiteral("contains itself"));
+            else if (m_path.size() >= kMaxCategoryDepth)
+                reportOnce(name, QStringLiteral("is nested too deep"));
+            else
+                creatItemRecursion(item, *inner);
+            continue;
+        }
+        item->setItemType(ORXPropertyTreeItem::FeatureItem);
+        if (const FeatureNodePtr node = m_nodes.node(name))
+            item->setTagName(node->tagName);
+    }
+    m_path.removeLast();
+}
+
+void FeatureTreeBuilder::reportOnce(const QString& name, const QString& what)
+{
+    if (m_reported.contains(name))
+        return;
+    m_reported.insert(name);
+    qCritical().noquote() << QStringLiteral("Feature description: category %1 %2").arg(name, what);
+}

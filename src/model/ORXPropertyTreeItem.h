@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FeatureTag.h"
+
+#include <QSet>
+#include <QString>
+#include <QVector>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class CTreeItemValue;
+class IORXFeatureNotify;
+
+// What a special update of an item is about.
+enum class NotifyViewSpecial : int {
+    ChunkSelectionChanged = 0 // the chunk (or frame information) switch was read
+};
+
+// One row of a page: a feature, a category, or an entry that a page adds. The same item may hang in
+// several pages; a second item can be tied to it as its mapping item and is kept in step.
+//
+// | operation                                         | thread         | lock               |
+// |---------------------------------------------------|----------------|--------------------|
+// | construction, destruction, tree operations,       | GUI            | item state, inside |
+// | registerView, removeView, setMappingItem,         |                |                    |
+// | setTagName, copy, search, group visibility        |                |                    |
+// | setVisible, setExpanded, setReadOnly, texts,      | GUI or reading | item state, inside |
+// | endUpdateItem, notify...                          |                |                    |
+// | accessors                                         | any            | item state, inside |
+//
+// On the GUI thread views are called without the lock; on a reading thread under it (see
+// IORXFeatureNotify). An item owns its children in the whole tree and the value.
+class ORXPropertyTreeItem
+{
+public:
+    // Which page a parent link belongs to.
+    enum ParentType {
+        FeatureTreePage = 0,
+        CommonPage = 1,
+        TriggerPage = 2,
+        ImageProcessingPage = 3,
+        AnyParent = 5 // query only: the whole tree's parent, else the one of the lowest page
+    };
+
+    enum ITEM_TYEP {
+        FavoriteItem = 0, // a favourite's copy under the favourites group
+        FavoritesGroup = 1,
+        FeatureItem = 2,
+        CategoryItem = 3,
+        CustomItem = 4 // made by a page; also the root of the whole tree
+    };
+
+    ORXPropertyTreeItem(ORXPropertyTreeItem* parent, ParentType type);
+    ~ORXPropertyTreeItem();
+    ORXPropertyTreeItem(const ORXPropertyTreeItem&) = delete;
+    ORXPropertyTreeItem& operator=(const ORXPropertyTreeItem&) = delete;
+
+    // False once the item was destroyed. For pointers that travelled through a queued signal.
+    static bool isAlive(const ORXPropertyTreeItem* item);
+
+    bool visible() const; // of an item with children: whether any child is visible
+    bool groupVisible() const;
+    bool searchMatch() const;
+    bool isExpanded() const;
+    bool isDefaultExpanded() const;
+    void setDefaultExpanded(bool expanded); // sets the current expansion, too
+    bool readOnly() const;
+    void setReadOnly(bool readOnly); // of the mapping item, too
+    QString tagName() const;
+    FeatureTag tag() const;
+    // Changes the class of the value; names and texts survive, typed values start again.
+    void setTagName(const QString& tagName);
+    CTreeItemValue* value() const; // Owned by the item.
+    ITEM_TYEP itemType() const;
+    void setItemType(ITEM_TYEP type);
+    QString visibilityString() const;
+    void setVisibilityString(const QString& visibility);
+    bool isFeatureTreeItem() const; // stems from the description
+    void setIsFeatureTreeItem(bool is);
+    ORXPropertyTreeItem* mappingItem() const;
+    void setMappingItem(ORXPropertyTreeItem* item); // both directions; null unties
+    QString searchText() const;
+    QString getHighlightSerachText() const; // HTML; empty without a match
+
+    ORXPropertyTreeItem* parent(ParentType type) const;
+    void setParent(ORXPropertyTreeItem* parent, ParentType type);
+    ORXPropertyTreeItem* child(int index) const;
+    int childCount() const;
+    QVector<ORXPropertyTreeItem*> children() const;
+    int indexInParent(ParentType type) const;
+    void addChild(ORXPropertyTreeItem* item);
+    void insertChild(int index, ORXPropertyTreeItem* item);
+    void removeChild(ORXPropertyTreeItem* item);
+    void swapChild(ORXPropertyTreeItem* a, ORXPropertyTreeItem* b);
+    ORXPropertyTreeItem* findChild(const QString& nodeName) const;
+    void clear(); // destroys every child
+    // Items of the subtree that match a non-empty search text and are visible.
+    int searchChildCount() const;
+
+    // Each of these tells the views, with the camera's key.
+    void setVisible(bool visible, qint64 cameraId);
+    void setGroupVisible(bool visible, qint64 cameraId);
+    void setExpanded(bool expanded, qint64 cameraId);
+    void setSearchText(const QString& text, qint64 cameraId);
+    void notifyViewUpdate(qint64 cameraId, int column, bool needRecreateEditor);
+    void notifiViewSpecialUpdate(NotifyViewSpecial info, qint64 cameraId);
+    // Publishes what a read changed; returns false, and tells nobody, when nothing did.
+    bool endUpdateItem(qint64 cameraId);
+
+    void registerView(IORXFeatureNotify* view);
+    void removeView(IORXFeatureNotify* view);
+
+    void copy(const ORXPropertyTreeItem* from);
+    // Rich text of a name with the search text marked.
+    QString toKeywordHtml(const QString& text) const;
+
+private:
+    using ViewCall = std::function<void(IORXFeatureNotify*, ORXPropertyTreeItem*)>;
+    static constexpr int kParentTypes = 5;
+
+    void removeFromParents();
+    ORXPropertyTreeItem* parentLocked(ParentType type) const;
+    // Calls `call` for each view of the item; returns false when the item died meanwhile.
+    static bool callViews(ORXPropertyTreeItem* item, const ViewCall& call);
+    // The same for the mapping item, after its value took over this one's typed value.
+    void callMappingViews(bool copyValue, const ViewCall& call);
+
+    bool m_bVisible = true;
+    bool m_bGroupVisible = true;
+    bool m_bSearchMatch = true;
+    bool m_bReadOnly = true;
+    bool m_bDefaultExpanded = true;
+    bool m_bExpanded = true;
+    bool m_bIsFeatureTreeItem = true;
+    ITEM_TYEP m_itemType = CategoryItem;
+    FeatureTag m_tag = FeatureTag::Other;
+    QString m_strTagName;
+    QString m_strVisibility = QStringLiteral("Beginner");
+    std::unique_ptr<CTreeItemValue> m_pValue;
+    ORXPropertyTreeItem* m_pMappingItem = nullptr; // Not owned.
+    QSet<IORXFeatureNotify*> m_views;              // Not owned.
+    QVector<ORXPropertyTreeItem*> m_children;      // Owned, but for borrowed children of pages.
+    std::array<ORXPropertyTreeItem*, kParentTypes> m_parents{}; // Not owned.
+    mutable std::array<int, kParentTypes> m_rowHints{};
+    QString m_strSearchText;
+    QString m_strHighlightText;
+};
+
+// Every feature may be shown; kept as the one place where a product could hide some by name.
+bool isCanVisible(const QString& nodeName);
+// The interface language ("CH" or "ENG"), whatever the page.
+QString getMatchLangue(ORXPropertyTreeItem::ParentType type);

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QtGlobal>
+
+class IORXFeatureWidget;
+class QString;
+class QVariant;
+
+// What all curated pages have in common. GUI thread.
+namespace PageSupport {
+
+// Lets the page's view fill the page.
+void fillWithView(IORXFeatureWidget* page);
+
+// Writes through the camera's whole tree; true when there is none, since nothing can fail then.
+bool writeThroughTree(qint64 cameraId, const QString& tagName, const QString& nodeName,
+                      const QVariant& value);
+
+} // namespace PageSupport

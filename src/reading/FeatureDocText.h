@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FeatureNode.h"
+
+#include <QString>
+
+class FeatureDecider;
+class ORXPropertyTreeItem;
+
+// Builds the description panel's HTML of a feature: name, explanation, attributes, value range and
+// usable entries. Belongs to one reading thread, so that pressing a row only inserts ready HTML.
+class FeatureDocText
+{
+public:
+    explicit FeatureDocText(FeatureDecider& decider);
+
+    // Renews both languages' texts of the item when one of their inputs changed.
+    void update(const FeatureNode& node, ORXPropertyTreeItem* item);
+
+    // `language` is "ENG" or "CH".
+    QString GetFeatureDocText(const FeatureNode& node, const QString& streamable,
+                              ORXPropertyTreeItem* item, const QString& language);
+    QString GetFeatureValueInfo(const FeatureNode& node, ORXPropertyTreeItem* item,
+                                const QString& language);
+
+private:
+    QString entriesInfo(const FeatureNode& node, const QString& language);
+    QString inputsOf(const FeatureNode& node, ORXPropertyTreeItem* item);
+    bool isUsable(const FeatureEnumEntry& entry);
+
+    FeatureDecider& m_decider; // Not owned.
+};

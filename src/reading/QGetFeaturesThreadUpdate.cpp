@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: Apache-2.0
+// The update of one item by QGetFeaturesThread.
+#include "device/OBDeviceControl.h"
+#include "model/CTreeIntergerItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
+#include "reading/FeatureMutexLocker.h"
+#include "reading/IFeatureReadingOwner.h"
+#include "reading/QGetFeaturesThread.h"
+
+namespace {
+
+const QLatin1String kInvisible("Invisible");
+const QLatin1String kBeginner("Beginner");
+
+} // namespace
+
+bool QGetFeaturesThread::IsItemVisible(const QString& visibility, int level)
+{
+    if (visibility.isEmpty())
+        return true;
+    if (level == 1)
+        return visibility == kBeginner;
+    return level == 0
+           && (visibility == kBeginner || visibility == QLatin1String("Expert")
+               || visibility == QLatin1String("Guru"));
+}
+
+bool QGetFeaturesThread::IsTagNameItemVisible(const QString& tag)
+{
+    return tag.isEmpty() || isFeatureElement(featureTag(tag));
+}
+
+bool QGetFeaturesThread::IsFeatureVisibility(const QString& name) const
+{
+    const FeatureNodePtr node = m_nodes.node(name);
+    return node && node->visibility != kInvisible;
+}
+
+bool QGetFeaturesThread::beginFeature(const QString& name)
+{
+    const std::lock_guard<std::mutex> lock(m_requestMutex);
+    if (m_disableUpdateList.contains(name))
+        return false;
+    m_strCurrentFeature = name;
+    return true;
+}
+
+bool QGetFeaturesThread::UpdateFeature(ORXPropertyTreeItem* item, UpdateFlags flags)
+{
+    if (!m_pOwner || !item || !item->value())
+        return false;
+    const FeatureMutexLocker locker(m_pOwner->GetFeatureMutex());
+    if (stopRequested() || !beginFeature(item->value()->nodeName(0)))
+        return false;
+    const bool changed = updateLocked(item, flags);
+    const std::lock_guard<std::mutex> lock(m_requestMutex);
+    m_strCurrentFeature.clear();
+    return changed;
+}
+
+bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags flags)
+{
+    const FeatureNodePtr node = m_nodes.node(item->value()->nodeName(0));
+    if (!node)
+        return false;
+    m_decider.beginItem();
+
+    bool modeReadOnly = false;
+    if (flags & (UpdateVisibility | UpdateAttribute)) {
+        const int mode = OBDeviceControl::GetNodeAccessMode(node->name);
+        modeReadOnly = mode == OB_FT_ACCESS_READ_ONLY;
+        if (!OBDeviceControl::isReadableMode(mode) && node->tag != FeatureTag::Category) {
+            item->setVisibilityString(kInvisible);
+            item->setVisible(false, m_lCameraID);
+            return false;
+        }
+    }
+
+    CTreeItemValue* value = item->value();
+    if (!node->displayName.isEmpty())
+        value->setDisplayName(node->displayName);
+    value->setTranslateName(OBDeviceControl::GetDisplayNameTrans(node->name));
+    value->setDescription(node->description);
+    value->setTranslatedDescription(OBDeviceControl::GetDescriptionTrans(node->name));
+    const QString visibility =
+        node->visibility.isEmpty() ? QString(kBeginner) : node->visibility;
+
+    const bool available = m_decider.IsFeatureAvailable(node->pIsAvailable);
+    if (stopRequested())
+        return false;
+    if (flags & UpdateVisibility && !updateVisibility(*node, item, available, visibility))
+        return false;
+    if (flags & UpdateAttribute)
+        item->setVisibilityString(visibility);
+    if (flags & UpdateValueAll || (flags & UpdateValueVisible && item->visible()))
+        m_reader.UpdateGenICamItemValue(*node, item, m_lCameraID);
+    if (stopRequested())
+        return false;
+    if (flags & UpdateAttribute)
+        updateAttributes(*node, item, available, modeReadOnly);
+    return item->endUpdateItem(m_lCameraID);
+}
+
+bool QGetFeaturesThread::updateVisibility(const FeatureNode& node, ORXPropertyTreeItem* item,
+                                          bool available, const QString& visibility)
+{
+    const bool usable = IsTagNameItemVisible(node.tagName)
+                        && m_decider.IsFeatureImplemented(node.pIsImplemented)
+                        && (available || node.tag != FeatureTag::Category);
+    item->setVisibilityString(usable ? visibility : QString(kInvisible));
+    const bool shown = usable && IsItemVisible(visibility, m_nUserLevel);
+    item->setVisible(shown, m_lCameraID);
+    return usable;
+}
+
+void QGetFeaturesThread::updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item,
+                                          bool available, bool modeReadOnly)
+{
+    const bool locked = m_decider.IsFeatureLocked(node.pIsLocked);
+    if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(item->value()))
+        integer->setRepresentation(node.representation);
+    item->setReadOnly(locked || !available || modeReadOnly);
+    m_docText.update(node, item);
+}

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tree/FeatureFavorites.h"
+
+#include "device/OBDeviceControl.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "styledctl/ZELCustom.h"
+#include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
+
+#include <QMenu>
+
+namespace {
+
+// Which actions the menu offers on an item of a type.
+struct MenuRow
+{
+    ORXPropertyTreeItem::ITEM_TYEP type;
+    bool add;
+    bool remove;
+    bool removeAll;
+    bool remembersItem;
+};
+
+const MenuRow kMenuRows[] = {
+    {ORXPropertyTreeItem::FavoriteItem, false, true, false, true},
+    {ORXPropertyTreeItem::FavoritesGroup, false, false, true, false},
+    {ORXPropertyTreeItem::FeatureItem, true, false, false, true},
+    {ORXPropertyTreeItem::CategoryItem, true, false, false, false}, // shown, but disabled
+    {ORXPropertyTreeItem::CustomItem, false, false, false, false},
+};
+
+FavoriteFeature favoriteOf(const ORXPropertyTreeItem& item)
+{
+    return {item.value()->nodeName(0), item.value()->displayName()};
+}
+
+QList<FavoriteFeature>& favorites()
+{
+    return *OBDeviceControl::GetFavoritesFeatureMap();
+}
+
+} // namespace
+
+FeatureFavorites::FeatureFavorites(ORXFeatureTree* tree)
+    : QObject(tree)
+    , m_pTree(tree)
+    , m_pMenu(new QMenu(tree))
+    , m_pAdd(m_pMenu->addAction(QString()))
+    , m_pRemove(m_pMenu->addAction(QString()))
+    , m_pRemoveAll(m_pMenu->addAction(QString()))
+{
+    m_pMenu->setObjectName(QStringLiteral("FavoritesMenu"));
+    m_pMenu->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Menu));
+    retranslate();
+}
+
+FeatureFavorites::~FeatureFavorites() = default;
+
+bool FeatureFavorites::IsFavoritesItem(const QString& name)
+{
+    for (const FavoriteFeature& favorite : qAsConst(favorites())) {
+        if (favorite.first == name)
+            return true;
+    }
+    return false;
+}
+
+void FeatureFavorites::retranslate()
+{
+    m_pAdd->setText(ORXFeatureTree::tr("Add to Favorites"));
+    m_pRemove->setText(ORXFeatureTree::tr("Remove from Favorites"));
+    m_pRemoveAll->setText(ORXFeatureTree::tr("Remove All"));
+}
+
+QMenu* FeatureFavorites::menuAt(const QPoint& position)
+{
+    ORXPropertyTreeItem* item =
+        ORXPropertyTreeModel::itemFromIndex(m_pTree->treeView()->indexAt(position));
+    if (!item || !item->value())
+        return nullptr;
+    for (const MenuRow& row : kMenuRows) {
+        if (row.type != item->itemType())
+            continue;
+        const bool feature = row.type == ORXPropertyTreeItem::FeatureItem;
+        m_pAdd->setVisible(row.add);
+        m_pAdd->setEnabled(feature && !IsFavoritesItem(item->value()->nodeName(0)));
+        m_pRemove->setVisible(row.remove);
+        m_pRemove->setEnabled(row.remove);
+        m_pRemoveAll->setVisible(row.removeAll);
+        if (row.remembersItem)
+            m_pContextItem = item;
+    }
+    return m_pMenu;
+}
+
+ORXPropertyTreeItem* FeatureFavorites::contextItem() const
+{
+    return ORXPropertyTreeItem::isAlive(m_pContextItem) ? m_pContextItem : nullptr;
+}
+
+ORXPropertyTreeItem* FeatureFavorites::group() const
+{
+    ORXPropertyTreeItem* root = m_pTree->rootItem();
+    return root ? root->child(0) : nullptr;
+}
+
+void FeatureFavorites::addContextItem()
+{
+    ORXPropertyTreeItem* item = contextItem();
+    if (!item || !item->value() || item->value()->nodeName(0).isEmpty())
+        return;
+    addFavoriteItem(item);
+    favorites().append(favoriteOf(*item));
+    m_pTree->notifyFavoriteFeatureChange();
+}
+
+void FeatureFavorites::removeContextItem()
+{
+    ORXPropertyTreeItem* item = contextItem();
+    if (!item || !item->value())
+        return;
+    // A moved favourite stands in the list twice; both go. The display name may have been another
+    // one when it was added, so the name alone decides.
+    const QString name = item->value()->nodeName(0);
+    QList<FavoriteFeature>& list = favorites();
+    for (int i = list.size() - 1; i >= 0; --i) {
+        if (list.at(i).first == name)
+            list.removeAt(i);
+    }
+    removeFavoriteItem(item);
+    m_pTree->notifyFavoriteFeatureChange();
+}
+
+void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
+{
+    ORXPropertyTreeItem* favoritesGroup = group();
+    if (!item || !item->value() || !favoritesGroup
+        || m_items.contains(item->value()->nodeName(0)))
+        return;
+    ORXFeatureTreeView* view = m_pTree->treeView();
+    auto* favorite = new ORXPropertyTreeItem(nullptr, ORXPropertyTreeItem::FeatureTreePage);
+    favorite->copy(item);
+    favorite->setVisible(true, -1);
+    favorite->registerView(view);
+    item->setMappingItem(favorite);
+    favorite->setItemType(ORXPropertyTreeItem::FavoriteItem);
+    m_items.insert(item->value()->nodeName(0), favorite);
+
+    view->treeModel()->addItems(favoritesGroup, {favorite});
+    view->openPersistentEdit(favorite, false);
+    favorite->setVisible(item->visible(), m_pTree->cameraID());
+    favorite->setGroupVisible(favoritesGroup->groupVisible(), m_pTree->cameraID());
+    favoritesGroup->setExpanded(true, m_pTree->cameraID());
+    view->updateRowsVisible(favoritesGroup, true);
+}
+
+void FeatureFavorites::removeFavoriteItem(ORXPropertyTreeItem* favorite)
+{
+    ORXPropertyTreeItem* favoritesGroup = group();
+    if (!favorite || !favorite->value() || !favoritesGroup)
+        return;
+    m_items.remove(favorite->value()->nodeName(0));
+    m_pTree->treeView()->treeModel()->removeItems(favoritesGroup, favorite);
+    // Ends the link to the feature's own item, too.
+    delete favorite;
+}
+
+void FeatureFavorites::removeAllFavoriteItems()
+{
+    ORXPropertyTreeItem* favoritesGroup = group();
+    if (!favoritesGroup || favoritesGroup->childCount() == 0)
+        return;
+    m_items.clear();
+    const QVector<ORXPropertyTreeItem*> children = favoritesGroup->children();
+    m_pTree->treeView()->treeModel()->removeItems(favoritesGroup, nullptr);
+    qDeleteAll(children);
+}
+
+void FeatureFavorites::GenerateFavoritesItems()
+{
+    removeAllFavoriteItems();
+    const QList<FavoriteFeature> list = favorites();
+    for (const FavoriteFeature& favorite : list) {
+        if (ORXPropertyTreeItem* item = m_pTree->propertyItemByName(favorite.first))
+            addFavoriteItem(item);
+    }
+}
+
+void FeatureFavorites::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target)
+{
+    if (!moved || moved == target)
+        return;
+    QList<FavoriteFeature>& list = favorites();
+    const FavoriteFeature pair = favoriteOf(*moved);
+    const FavoriteFeature before = target ? favoriteOf(*target) : FavoriteFeature();
+    list.removeOne(pair);
+    const int position = target ? list.indexOf(before) : -1;
+    if (position >= 0)
+        list.insert(position, pair);
+    // The moved favourite also stays at the end of the list; the group shows each name once.
+    list.append(pair);
+    GenerateFavoritesItems();
+    m_pTree->notifyFavoriteFeatureChange();
+}
+
+void FeatureFavorites::forgetItems()
+{
+    m_items.clear();
+    m_pContextItem = nullptr;
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QPoint>
+#include <QString>
+
+class ORXFeatureTree;
+class ORXPropertyTreeItem;
+class QAction;
+class QMenu;
+
+// The favourites group at the top of a tree and its context menu. The list of favourites itself is
+// the process's (OBDeviceControl); each tree shows those that its camera has. Owned by its tree;
+// GUI thread.
+class FeatureFavorites : public QObject
+{
+    Q_OBJECT
+public:
+    explicit FeatureFavorites(ORXFeatureTree* tree);
+    ~FeatureFavorites() override;
+
+    static bool IsFavoritesItem(const QString& name);
+    // Renews the menu's texts.
+    void retranslate();
+    // Fits the menu to the item at the position; returns the menu, null without an item there.
+    QMenu* menuAt(const QPoint& position);
+
+    void addFavoriteItem(ORXPropertyTreeItem* item);
+    void removeFavoriteItem(ORXPropertyTreeItem* favorite);
+    void removeAllFavoriteItems();
+    // Rebuilds the group from the list.
+    void GenerateFavoritesItems();
+    // Moves a favourite before `target`; to the end without one.
+    void moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target);
+    // The items were destroyed with the tree's root.
+    void forgetItems();
+
+    QAction* addAction() const { return m_pAdd; }
+    QAction* removeAction() const { return m_pRemove; }
+    QAction* removeAllAction() const { return m_pRemoveAll; }
+    ORXPropertyTreeItem* contextItem() const;
+    void addContextItem();
+    void removeContextItem();
+
+private:
+    ORXPropertyTreeItem* group() const;
+
+    ORXFeatureTree* m_pTree; // Not owned.
+    QMap<QString, ORXPropertyTreeItem*> m_items; // Feature name to its copy. Owned by the group.
+    ORXPropertyTreeItem* m_pContextItem = nullptr; // Not owned.
+    QMenu* m_pMenu;       // Owned.
+    QAction* m_pAdd;       // Owned by the menu.
+    QAction* m_pRemove;    // Owned by the menu.
+    QAction* m_pRemoveAll; // Owned by the menu.
+};

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "device/IORXListen.h"
+#include "model/FeatureDescriptionIndex.h"
+#include "model/FeatureTreeBuilder.h"
+#include "reading/IFeatureReadingOwner.h"
+#include "reading/QGetFeaturesThread.h"
+#include "tree/IORXFeatureWidget.h"
+
+#include <QMutex>
+#include <QPointer>
+#include <QTimer>
+
+#include <memory>
+
+class FeatureFavorites;
+class FeatureWriter;
+class QTextEdit;
+class ZELCustomDockTitleBar;
+class ZELCustomMessageBox;
+
+// The whole feature tree of one camera, and its coordinator: it owns the description's index, the
+// items, the two reading threads and the timers, and passes writes and favourites to the classes
+// that do them. Owned by the main widget.
+//
+// | operation                                     | thread  | lock                |
+// |-----------------------------------------------|---------|---------------------|
+// | GetFeatureMutex, EmitPollingFeatureChanged    | any     | none                |
+// | everything else                               | GUI     | none                |
+class ORXFeatureTree : public IORXFeatureWidget, public IORXListen, public IFeatureReadingOwner
+{
+    Q_OBJECT
+public:
+    explicit ORXFeatureTree(qint64 cameraId, QWidget* parent = nullptr);
+    ~ORXFeatureTree() override;
+
+    // Builds items and index from the device's description; once per camera.
+    void CreateFeature();
+    // Before the tree is deleted: no value is written any more, reading stops.
+    void readyForDelete();
+    void Release();
+
+    // Items ---------------------------------------------------------------------------------------
+    ORXPropertyTreeItem* rootItem() { return getRootItem(-1, false); }
+    const QMap<QString, ORXPropertyTreeItem*>& AllTreeItemsMap() const;
+    ORXPropertyTreeItem* propertyItemByName(const QString& name) const;
+    const FeatureDescriptionIndex& descriptionIndex() const { return m_index; }
+    QList<QString> GetFeatureInvalidatorList(const QString& name) const
+    {
+        return m_index.GetFeatureInvalidatorList(name);
+    }
+    // The strip that shows the user's name for the device; not owned, may be null.
+    void setDockTitleBar(ZELCustomDockTitleBar* titleBar);
+    void refreshCameraItemName();
+
+    // Reading -------------------------------------------------------------------------------------
+    void UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& name,
+                        QGetFeaturesThread::UpdateFlags flags, bool forceInvalidate,
+                        bool skipSelf);
+    void StartUpdateThread();
+    void RefreshFeatures();
+    void PauseUpdateThread();
+    void StopThread(bool stop);
+    // True once the first full read has ended.
+    bool HadUpdatedOnce() const { return !m_bFirstReadPending; }
+    QMutex* GetFeatureMutex() override { return &m_featureMutex; }
+    void EmitPollingFeatureChanged(const QString& name) override;
+    // Reads one item in this thread; true on success.
+    bool rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyView);
+
+    // Writing -------------------------------------------------------------------------------------
+    bool setFeatureValue(const QString& tagName, const QString& nodeName,
+                         const QVariant& value) override;
+    bool setFeatureValue(ORXPropertyTreeItem* item, const QVariant& value, bool updateView);
+    bool GetOstSettingData();
+    void startInvalidationTimer();
+    void stopTimersForReset();
+    // One box at a time: while one is shown, further messages are dropped.
+    void ShowMessage(QWidget* parent, const QString& title, const QString& text,
+                     const QString& caption, int hintStyle);
+    void ShowLoadingDlg(bool show, const QString& text);
+    void ShowLoadingFeatures(bool show, bool setting);
+
+    // Favourites, user level, timers --------------------------------------------------------------
+    bool IsFavoritesItem(const QString& name) const;
+    void addFavoriteItem(ORXPropertyTreeItem* item);
+    void removeFavoriteItem(ORXPropertyTreeItem* favorite);
+    void removeAllFavoriteItems();
+    bool GenerateFavoritesItems();
+    void moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target);
+    void notifyFavoriteFeatureChange();
+    void OnUserLevelChanged();
+    void OnBtnRefresh();
+    void OnCameraStartShot();
+    void OnCameraStopShot();
+    // Executes "TriggerSoftware" every `intervalMs` milliseconds while enabled.
+    void SetAutoSoftwareTrig(bool enable, unsigned int intervalMs);
+    int notify(int code, void* data) override;
+    void ClearTreeViewInfo();
+    void RefreshWidgetInfo();
+    // Fills all editors anew, after a change of language.
+    void notifyEditorUpdate();
+
+    void itemValueChanged(ORXPropertyTreeItem* item) override;
+    ORXPropertyTreeItem* getRootItem(qint64 cameraId, bool create) override;
+    void removeCameraID(qint64 cameraId) override;
+
+signals:
+    void SigFirstEndUpdateFeature(qint64 cameraId);
+    void SigPollingFeatureChanged(const QString& name);
+    void SigFeatureChangeOsd();
+
+public slots:
+    bool OnIntegerNodeValueChanged(const QString& name, qint64 value);
+    bool OnFloatNodeValueChanged(const QString& name, float value);
+    bool OnEnumerationNodeValueChanged(const QString& name, int value);
+    bool OnBooleanNodeValueChanged(const QString& name, int value);
+    bool OnStringRegNodeValueChanged(const QString& name, const QString& value);
+    bool OnCommandNodeBtnClicked(const QString& name);
+    void OnGetThreadEnd();
+    void OnChangeItem(const QModelIndex& index);
+    void OnCameraClose();
+    void OnTreeFeaturesCustomContextMenuRequested(const QPoint& position);
+    void OnActionFavoriteAdd();
+    void OnActionFavoriteRemove();
+    void OnActionFavoriteRemoveAll();
+    void OnPollingFeatureChanged(const QString& name);
+    void OnTimerFeatureNoCache();
+    void OnTimeInvalidaterFeaturesUpdate();
+    void OnTimerRefreshFinished();
+    void OnTimerAutoTrigger();
+    void OnSigFeatureChangeOsd();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void buildLayout();
+    void connectSignals();
+    void createItems();
+    void showDescription();
+
+    FeatureDescriptionIndex m_index;
+    FeatureTreeBuilder m_builder;
+    ORXPropertyTreeItem* m_pCurrentItem = nullptr; // Shown in the description panel. Not owned.
+    std::unique_ptr<FeatureWriter> m_writer;
+    FeatureFavorites* m_pFavorites; // Owned (child).
+    QTextEdit* m_pDescription;      // Owned (child).
+    ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Not owned.
+    QPointer<ZELCustomMessageBox> m_pMessageBox;      // Owned (child).
+
+    QMutex m_featureMutex;
+    QGetFeaturesThread* m_pPartialThread; // Owned (child).
+    QGetFeaturesThread* m_pFullThread;    // Owned (child).
+    bool m_bDeleting = false;
+    bool m_bFirstReadPending = false;
+    bool m_bInvalidateOnFullRead = true;
+
+    QTimer m_pollingTimer;
+    QTimer m_invalidationTimer;
+    QTimer m_refreshTimer;
+    QTimer m_autoTriggerTimer;
+};
+
+// Index of a camera's loading overlay.
+int getLoadingIndex(int deviceType, qint64 cameraId);

@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: Apache-2.0
+// What ORXFeatureTree does about reading: passes, timers, acquisition, user level.
+#include "device/OBDeviceControl.h"
+#include "device/ORXListenTools.h"
+#include "model/CTreeBooleanItemValue.h"
+#include "model/CTreeEnumationItemValue.h"
+#include "model/CTreeFloatItemValue.h"
+#include "model/CTreeIntergerItemValue.h"
+#include "model/CTreeStringItemValue.h"
+#include "tree/FeatureWriter.h"
+#include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
+
+namespace {
+
+constexpr int kPollingTimerMs = 2000;
+constexpr int kInvalidationTimerMs = 100;
+constexpr int kRefreshTimerMs = 10;
+// A device of this type keeps host caches that a plain full read has to drop.
+constexpr int kInvalidatingDeviceType = 8;
+
+QGetFeaturesThread::UpdateFlags flagSet(int flags)
+{
+    return QGetFeaturesThread::UpdateFlags(flags);
+}
+
+} // namespace
+
+void ORXFeatureTree::UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& name,
+                                    QGetFeaturesThread::UpdateFlags flags, bool forceInvalidate,
+                                    bool skipSelf)
+{
+    const bool plainFullRead =
+        type == FEATURES_UPDATE_ALL
+        && !(m_bInvalidateOnFullRead
+             && OBDeviceControl::GetDeviceType() != kInvalidatingDeviceType);
+    if (forceInvalidate || plainFullRead)
+        OBDeviceControl::InvalidateNodes();
+
+    QList<QString> names;
+    if (type == FEATURES_UPDATE_INVALIDATED) {
+        names = m_index.GetFeatureInvalidatorList(name);
+        if (skipSelf)
+            names.removeOne(name);
+        if (names.isEmpty())
+            return;
+    }
+    const bool partial =
+        type == FEATURES_UPDATE_INVALIDATED || type == FEATURES_UPDATE_TL_LOCKED;
+    QGetFeaturesThread* thread = partial ? m_pPartialThread : m_pFullThread;
+    thread->SetThreadInfo(type, names, flags);
+    thread->startPass();
+}
+
+void ORXFeatureTree::StartUpdateThread()
+{
+    if (cameraID() < 0)
+        return;
+    // The tables are handed over only while nobody reads them.
+    StopThread(true);
+    StopThread(false);
+    const bool pollingEmits = OBDeviceControl::IsGenTLInterface();
+    m_pPartialThread->SetInitThreadInfo(cameraID(), pollingEmits, m_index.nodes(),
+                                        AllTreeItemsMap(), m_index.lockableFeatures(),
+                                        m_index.pollingMap());
+    m_pFullThread->SetInitThreadInfo(cameraID(), pollingEmits, m_index.nodes(), AllTreeItemsMap(),
+                                     {}, m_index.pollingMap());
+    m_bFirstReadPending = true;
+    ShowLoadingFeatures(true, false);
+    UpdateFeatures(FEATURES_UPDATE_ALL, QString(), flagSet(UpdateFlagSets::kFirstRead), false,
+                   false);
+    refreshCameraItemName();
+    m_pollingTimer.start(kPollingTimerMs);
+}
+
+void ORXFeatureTree::RefreshFeatures()
+{
+    UpdateFeatures(FEATURES_UPDATE_ALL, QString(), flagSet(UpdateFlagSets::kRefresh), false,
+                   false);
+}
+
+void ORXFeatureTree::PauseUpdateThread()
+{
+    StopThread(true);
+    m_pollingTimer.stop();
+}
+
+void ORXFeatureTree::StopThread(bool stop)
+{
+    m_pPartialThread->StopThread(stop, true);
+    m_pFullThread->StopThread(stop, true);
+}
+
+void ORXFeatureTree::EmitPollingFeatureChanged(const QString& name)
+{
+    emit SigPollingFeatureChanged(name);
+}
+
+void ORXFeatureTree::OnGetThreadEnd()
+{
+    if (!treeView())
+        return;
+    treeView()->viewport()->update();
+    if (sender() != m_pFullThread) {
+        ShowLoadingDlg(false, QString());
+        showDescription();
+        return;
+    }
+    if (m_bFirstReadPending) {
+        m_bFirstReadPending = false;
+        qint64 key = cameraID();
+        emit SigFirstEndUpdateFeature(key);
+        ORXListenTools::instance()->notifyListeners(ListenCode::kFirstReadEnded, &key);
+    }
+    if (!m_pPartialThread->isPassRunning())
+        ShowLoadingDlg(false, QString());
+}
+
+void ORXFeatureTree::OnUserLevelChanged()
+{
+    if (cameraID() < 0)
+        return;
+    ShowLoadingFeatures(true, false);
+    const bool fullBusy = m_pFullThread->isPassRunning()
+                          && m_pFullThread->FeaturesUpdateType() != FEATURES_UPDATE_POLLING;
+    QGetFeaturesThread* thread = fullBusy ? m_pPartialThread : m_pFullThread;
+    thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, flagSet(UpdateFlagSets::kUserLevel));
+    thread->startPass();
+}
+
+void ORXFeatureTree::OnBtnRefresh()
+{
+    ShowLoadingFeatures(true, false);
+    OBDeviceControl::InvalidateNodes();
+    RefreshFeatures();
+    m_refreshTimer.start(kRefreshTimerMs);
+}
+
+void ORXFeatureTree::OnCameraStartShot()
+{
+    ClearTreeViewInfo();
+    UpdateFeatures(FEATURES_UPDATE_TL_LOCKED, QString(), flagSet(UpdateFlagSets::kRefresh), false,
+                   false);
+}
+
+void ORXFeatureTree::OnCameraStopShot()
+{
+    m_writer->skipNextAcquisitionStart();
+    OnCameraStartShot();
+}
+
+void ORXFeatureTree::OnPollingFeatureChanged(const QString& name)
+{
+    UpdateFeatures(FEATURES_UPDATE_INVALIDATED, name, flagSet(UpdateFlagSets::kFirstRead), false,
+                   true);
+}
+
+void ORXFeatureTree::OnCameraClose()
+{
+    StopThread(true);
+    m_pollingTimer.stop();
+    m_autoTriggerTimer.stop();
+    treeView()->clearModelInfo();
+    setCameraID(-1);
+    m_pDescription->clear();
+}
+
+// Timers ------------------------------------------------------------------------------------------
+
+void ORXFeatureTree::startInvalidationTimer()
+{
+    m_invalidationTimer.start(kInvalidationTimerMs);
+}
+
+void ORXFeatureTree::stopTimersForReset()
+{
+    m_invalidationTimer.stop();
+    m_pollingTimer.stop();
+    m_refreshTimer.stop();
+}
+
+void ORXFeatureTree::SetAutoSoftwareTrig(bool enable, unsigned int intervalMs)
+{
+    if (enable)
+        m_autoTriggerTimer.start(static_cast<int>(intervalMs));
+    else
+        m_autoTriggerTimer.stop();
+}
+
+void ORXFeatureTree::OnTimerFeatureNoCache()
+{
+    UpdateFeatures(FEATURES_UPDATE_POLLING, QString(), flagSet(UpdateFlagSets::kPolling), false,
+                   false);
+}
+
+void ORXFeatureTree::OnTimeInvalidaterFeaturesUpdate()
+{
+    m_invalidationTimer.stop();
+    UpdateFeatures(FEATURES_UPDATE_INVALIDATED, m_writer->lastWrittenFeature(),
+                   flagSet(UpdateFlagSets::kFirstRead), false, false);
+}
+
+void ORXFeatureTree::OnTimerRefreshFinished() { m_refreshTimer.stop(); }
+
+void ORXFeatureTree::OnTimerAutoTrigger()
+{
+    OBDeviceControl::SetCommandNodeValue(QStringLiteral("TriggerSoftware"));
+}
+
+void ORXFeatureTree::OnSigFeatureChangeOsd()
+{
+    ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChangedOsd, nullptr);
+}
+
+// Direct read -------------------------------------------------------------------------------------
+
+namespace {
+
+using Reread = bool (*)(const QString& name, CTreeItemValue* value);
+
+bool rereadBoolean(const QString& name, CTreeItemValue* value)
+{
+    bool checked = false;
+    auto* typed = dynamic_cast<CTreeBooleanItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetBoolNodeValue(name, &checked, nullptr, true))
+        return false;
+    typed->setChecked(checked);
+    return true;
+}
+
+bool rereadInteger(const QString& name, CTreeItemValue* value)
+{
+    _ZDCC_INTVALUE_EX_T record = {};
+    auto* typed = dynamic_cast<CTreeIntergerItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetIntegerNodeValue(name, &record, nullptr, true))
+        return false;
+    typed->setNumbers({record.value, record.minimum, record.maximum, record.increment});
+    return true;
+}
+
+bool rereadEnumeration(const QString& name, CTreeItemValue* value)
+{
+    _ZDCC_ENUMVALUE_T record = {};
+    auto* typed = dynamic_cast<CTreeEnumationItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetEnumNodeValue(name, &record, nullptr, true))
+        return false;
+    typed->setNumber(record.value);
+    return true;
+}
+
+bool rereadFloat(const QString& name, CTreeItemValue* value)
+{
+    _ZDCC_FLOATVALUE_T record = {};
+    auto* typed = dynamic_cast<CTreeFloatItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetFloatNodeValue(name, &record, nullptr, true))
+        return false;
+    typed->setNumbers({record.value, record.minimum, record.maximum});
+    return true;
+}
+
+bool rereadString(const QString& name, CTreeItemValue* value)
+{
+    QString text;
+    auto* typed = dynamic_cast<CTreeStringItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetStringNodeValue(name, text, nullptr, nullptr, true))
+        return false;
+    typed->setText(text, typed->maxLength());
+    return true;
+}
+
+// The first reader whose value class fits reads; values without one have nothing to read.
+const Reread kRereads[] = {rereadBoolean, rereadInteger, rereadEnumeration, rereadFloat,
+                           rereadString};
+
+} // namespace
+
+bool ORXFeatureTree::rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyView)
+{
+    if (!item || !item->value() || item->value()->nodeName(0).isEmpty())
+        return false;
+    const QString name = item->value()->nodeName(0);
+    bool read = false;
+    for (const Reread reread : kRereads)
+        read = read || reread(name, item->value());
+    if (notifyView)
+        item->notifyViewUpdate(cameraID(), -1, false);
+    return read;
+}

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/IORXFeatureNotify.h"
+#include "model/ORXPropertyTreeItem.h"
+#include "styledctl/ZELCustomQssHelper.h"
+
+#include <QPointer>
+#include <QSet>
+#include <QTimer>
+#include <QTreeView>
+
+class IORXFeatureWidget;
+class ORXPropertyTreeDelegate;
+class ORXPropertyTreeModel;
+
+// The tree view of a page. Turns the notifications of items into updates of rows and editors, and
+// keeps the value editor of every row in sight open. Owned by its page.
+//
+// | operation                        | thread                            | lock              |
+// |----------------------------------|-----------------------------------|-------------------|
+// | item... (IORXFeatureNotify)      | GUI or reading; emits signals     | see the interface |
+// | everything else                  | GUI                               | none              |
+class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZELCustomQssHelper
+{
+    Q_OBJECT
+public:
+    ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IORXFeatureWidget* page);
+    ~ORXFeatureTreeView() override;
+
+    void resetData(qint64 cameraId, ORXPropertyTreeItem* root);
+    // While set, notifications of items are dropped.
+    void setForbiddenUpdate(bool forbidden);
+    // For pages that give the view the height of its rows.
+    void setDisableScroll();
+    int getVisibleHeight() const;
+    // Opens the value editors below and of `item`, those in sight at once and the others when they
+    // come into sight. With `reopen` open ones are made anew.
+    void openPersistentEdit(ORXPropertyTreeItem* item, bool reopen);
+    // Hides and shows the rows of `item` and below by the items' own flags.
+    void updateRowsVisible(ORXPropertyTreeItem* item, bool visible);
+    void updateAllEditorData();
+    // Forgets the rows; the items stay.
+    void clearModelInfo();
+    // Ends a drag and closes all editors.
+    void clearDelegateInfo();
+    void setIsCanEdit(bool canEdit);
+    // Text in the middle of an empty view.
+    void setPlaceholderText(const QString& text);
+
+    ORXPropertyTreeModel* treeModel() const { return m_pModel; }
+    ORXPropertyTreeDelegate* treeDelegate() const { return m_pDelegate; }
+    ORXPropertyTreeItem* rootTreeItem() const { return m_pRootItem; }
+    qint64 cameraID() const { return m_lCameraID; }
+    // The editor of an item's value (or, column 0, name) cell; null when it is out of sight.
+    QWidget* editorOf(ORXPropertyTreeItem* item, int column = 1) const;
+
+    void itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool visible) override;
+    void itemExpanded(qint64 cameraId, ORXPropertyTreeItem* item, bool expanded) override;
+    void itemValueChanged(qint64 cameraId, ORXPropertyTreeItem* item, int column,
+                          bool needRecreateEditor) override;
+    void itemSpecialInfoChanged(qint64 cameraId, ORXPropertyTreeItem* item, int info) override;
+
+signals:
+    void sigSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* item, bool visible);
+    void sigSetItemExpended(qint64 cameraId, ORXPropertyTreeItem* item, bool expanded);
+    void sigUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem* item, int kind, bool recreate);
+    void sigUpdateSpecialInfo(qint64 cameraId, ORXPropertyTreeItem* item, int info);
+
+public slots:
+    void onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* item, bool visible);
+    void onSetItemExpended(qint64 cameraId, ORXPropertyTreeItem* item, bool expanded);
+    void onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem* item, int kind, bool recreate);
+    void onUpdateSpecialInfo(qint64 cameraId, ORXPropertyTreeItem* item, int info);
+    void OnSigExpanded(const QModelIndex& index);
+    void OnSigCollapsed(const QModelIndex& index);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+    void startDrag(Qt::DropActions actions) override;
+    void drawBranches(QPainter* painter, const QRect& rect,
+                      const QModelIndex& index) const override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
+
+private:
+    bool concerns(qint64 cameraId, ORXPropertyTreeItem* item) const;
+    void doParentItemVisible(ORXPropertyTreeItem* item);
+    bool setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool hidden);
+    int visibleHeightBelow(ORXPropertyTreeItem* item) const;
+    void scheduleEditors();
+    void syncEditors();
+    void openEditor(const QModelIndex& index);
+    void closeEditors(ORXPropertyTreeItem* item);
+    void closeEditorsNotIn(const QSet<ORXPropertyTreeItem*>& inSight);
+    bool canIndexDrop(const QModelIndex& target, const QMimeData* mime) const;
+    bool showDropTarget(const QDropEvent* event);
+    void clearDropTarget();
+    QPixmap dragPicture(const QModelIndex& index);
+
+    IORXFeatureWidget* m_pPage; // Not owned.
+    ORXPropertyTreeItem::ParentType m_pageType;
+    bool m_bForbiddenUpdate = false;
+    bool m_bDisableScroll = false;
+    bool m_bDropShown = false;
+    bool m_bSyncing = false;
+    qint64 m_lCameraID = -1;
+    ORXPropertyTreeModel* m_pModel;       // Owned (child).
+    ORXPropertyTreeDelegate* m_pDelegate; // Owned (child).
+    ORXPropertyTreeItem* m_pRootItem = nullptr; // Not owned.
+    QSet<ORXPropertyTreeItem*> m_openEditors;   // Items whose editors are open. Not owned.
+    QTimer m_editorTimer;
+    QString m_strPlaceholder;
+};
+
+// Deselects the text of an editor that shows one.
+void deselectEditorText(QWidget* editor);

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: Apache-2.0
+// Dragging of favourites in ORXFeatureTreeView.
+#include "model/ORXPropertyTreeModel.h"
+#include "styledctl/ZELCustomCheckBox.h"
+#include "styledctl/ZELCustomComboBox.h"
+#include "tree/IORXFeatureWidget.h"
+#include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
+#include "tree/ORXPropertyTreeDelegate.h"
+
+#include <QDrag>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPainter>
+
+namespace {
+
+constexpr qreal kDragOpacity = 0.5;
+
+// The address that a drag carries is trusted only if such an item lives.
+ORXPropertyTreeItem* movedItem(const QMimeData* data)
+{
+    const QByteArray text = data->data(QString::fromLatin1(kMoveFavoriteMime));
+    bool ok = false;
+    const auto address = static_cast<quintptr>(text.toULongLong(&ok));
+    auto* item = reinterpret_cast<ORXPropertyTreeItem*>(address);
+    return ok && ORXPropertyTreeItem::isAlive(item) ? item : nullptr;
+}
+
+} // namespace
+
+bool ORXFeatureTreeView::canIndexDrop(const QModelIndex& target, const QMimeData* mime) const
+{
+    if (!mime || !mime->hasFormat(QString::fromLatin1(kMoveFavoriteMime)))
+        return false;
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(target);
+    if (!item)
+        return false;
+    const ORXPropertyTreeItem* parent = item->parent(m_pageType);
+    return item->itemType() == ORXPropertyTreeItem::FavoritesGroup
+           || (parent && parent->itemType() == ORXPropertyTreeItem::FavoritesGroup);
+}
+
+bool ORXFeatureTreeView::showDropTarget(const QDropEvent* event)
+{
+    const QModelIndex target = indexAt(event->pos());
+    const bool allowed = canIndexDrop(target, event->mimeData());
+    m_pDelegate->setCurMoveItem(allowed ? ORXPropertyTreeModel::itemFromIndex(target) : nullptr);
+    if (allowed || m_bDropShown)
+        viewport()->update();
+    m_bDropShown = allowed;
+    return allowed;
+}
+
+void ORXFeatureTreeView::clearDropTarget()
+{
+    m_pDelegate->setCurMoveItem(nullptr);
+    m_bDropShown = false;
+    viewport()->update();
+}
+
+void ORXFeatureTreeView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (showDropTarget(event)) {
+        event->accept();
+        setState(DraggingState);
+    } else {
+        // Not refused for good: the pointer may still reach a favourite.
+        event->setAccepted(event->mimeData()->hasFormat(QString::fromLatin1(kMoveFavoriteMime)));
+    }
+}
+
+void ORXFeatureTreeView::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (showDropTarget(event)) {
+        event->accept();
+        setState(DraggingState);
+    } else {
+        event->ignore();
+    }
+}
+
+void ORXFeatureTreeView::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    QTreeView::dragLeaveEvent(event);
+    clearDropTarget();
+}
+
+void ORXFeatureTreeView::dropEvent(QDropEvent* event)
+{
+    stopAutoScroll();
+    setState(NoState);
+    clearDropTarget();
+    ORXPropertyTreeItem* moved = movedItem(event->mimeData());
+    ORXPropertyTreeItem* target = ORXPropertyTreeModel::itemFromIndex(indexAt(event->pos()));
+    auto* tree = dynamic_cast<ORXFeatureTree*>(m_pPage);
+    if (moved && target && tree && target->parent(m_pageType)) {
+        event->accept();
+        tree->moveFavorteItem(moved, target);
+    }
+    viewport()->update();
+}
+
+QPixmap ORXFeatureTreeView::dragPicture(const QModelIndex& index)
+{
+    const QModelIndex name = index.siblingAtColumn(0);
+    const QModelIndex value = index.siblingAtColumn(1);
+    const QRect row = visualRect(name).united(visualRect(value));
+    QPixmap picture(row.size() * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setOpacity(kDragOpacity);
+    painter.translate(-row.topLeft());
+    for (const QModelIndex& cell : {name, value}) {
+        QStyleOptionViewItem option = viewOptions();
+        option.rect = visualRect(cell);
+        m_pDelegate->paint(&painter, option, cell);
+    }
+    const QWidget* editor = indexWidget(value);
+    if (const auto* check = qobject_cast<const ZELCustomCheckBox*>(editor))
+        check->cDrawControl(&painter, editor->geometry());
+    else if (const auto* combo = qobject_cast<const ZELCustomComboBox*>(editor))
+        combo->cDrawControl(&painter, editor->geometry());
+    else if (editor)
+        painter.drawPixmap(editor->pos(), const_cast<QWidget*>(editor)->grab());
+    return picture;
+}
+
+void ORXFeatureTreeView::startDrag(Qt::DropActions)
+{
+    const QModelIndex index = currentIndex();
+    QMimeData* mime = index.isValid() ? m_pModel->mimeData({index}) : nullptr;
+    if (!mime)
+        return;
+    const QRect row = visualRect(index.siblingAtColumn(0));
+    auto* drag = new QDrag(this);
+    drag->setMimeData(mime);
+    drag->setPixmap(dragPicture(index));
+    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
+    drag->exec(Qt::CopyAction);
+}

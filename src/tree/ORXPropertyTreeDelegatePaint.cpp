@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: Apache-2.0
+// Painting and placing of ORXPropertyTreeDelegate.
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "styledctl/ZELCustom.h"
+#include "tree/ORXPropertyTreeDelegate.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QPainter>
+#include <QTextDocument>
+
+namespace {
+
+constexpr int kLeafShift = 20;       // a leaf's name stands this far left of its place
+constexpr int kCategoryOverhang = 50; // a category's name reaches into the value column
+constexpr int kEditorLeft = 5;
+constexpr int kEditorRight = 10;
+constexpr int kEditorHeight = 32;
+constexpr int kNameEditorShift = 18;
+constexpr int kWideEditorLeft = 20;
+constexpr int kGroupRowHeight = 1;
+
+QStyle* styleOf(const QStyleOptionViewItem& option)
+{
+    return option.widget ? option.widget->style() : QApplication::style();
+}
+
+bool isCategory(const ORXPropertyTreeItem& item)
+{
+    return item.itemType() == ORXPropertyTreeItem::FavoritesGroup
+           || item.itemType() == ORXPropertyTreeItem::CategoryItem;
+}
+
+} // namespace
+
+void ORXPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    // Groups directly below the root are named by the side column.
+    if (!item || !index.parent().isValid())
+        return;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const bool category = isCategory(*item);
+    if (index.column() == 0) {
+        if (category) {
+            cell.font.setWeight(QFont::Bold);
+            cell.rect.setRight(cell.rect.right() + kCategoryOverhang);
+        } else if (item->childCount() == 0) {
+            cell.rect.setLeft(cell.rect.left() - kLeafShift);
+        }
+    } else if (category) {
+        cell.rect.setLeft(cell.rect.left() + kCategoryOverhang);
+    }
+
+    const QString html = item->getHighlightSerachText();
+    if (!html.isEmpty() && index.column() == 0) {
+        cell.text.clear();
+        styleOf(option)->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+        paintName(painter, cell, html);
+    } else {
+        styleOf(option)->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+    }
+    if (item == m_pCurMoveItem)
+        paintDropLine(painter, option);
+}
+
+void ORXPropertyTreeDelegate::paintName(QPainter* painter, const QStyleOptionViewItem& option,
+                                        const QString& html) const
+{
+    QTextDocument document;
+    document.setDefaultFont(option.font);
+    document.setHtml(html);
+    painter->save();
+    painter->translate(option.rect.left(), option.rect.top() + 4);
+    document.drawContents(painter,
+                          QRectF(0, 0, option.rect.width() + 1, option.rect.height() + 1));
+    painter->restore();
+}
+
+void ORXPropertyTreeDelegate::paintDropLine(QPainter* painter,
+                                            const QStyleOptionViewItem& option) const
+{
+    QPen pen(ZELCustom::getDataBaseColor(QStringLiteral("CommonColor_DragBox_Border")), 1.0,
+             Qt::CustomDashLine, Qt::SquareCap, Qt::BevelJoin);
+    pen.setDashPattern({3, 2});
+    painter->save();
+    painter->setPen(pen);
+    painter->drawLine(option.rect.left(), option.rect.top(), option.rect.right() + 1,
+                      option.rect.top());
+    painter->restore();
+}
+
+QSize ORXPropertyTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const
+{
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    if (!index.parent().isValid())
+        size.setHeight(kGroupRowHeight);
+    else if (item && item->tag() == FeatureTag::CCM)
+        size.setHeight(kMatrixRowHeight);
+    else
+        size.setHeight(kRowHeight);
+    return size;
+}
+
+void ORXPropertyTreeDelegate::updateEditorGeometry(QWidget* editor,
+                                                   const QStyleOptionViewItem& option,
+                                                   const QModelIndex& index) const
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    if (!item)
+        return;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    if (index.column() == 0) {
+        cell.rect.setLeft(cell.rect.left() - kNameEditorShift);
+        editor->setGeometry(cell.rect);
+        return;
+    }
+    cell.rect.adjust(kEditorLeft, 0, -kEditorRight, 0);
+    // The value column has no text of its own; its text rectangle is the whole cell.
+    cell.features |= QStyleOptionViewItem::HasDisplay;
+    QRect rect = styleOf(option)->subElementRect(QStyle::SE_ItemViewItemText, &cell, option.widget);
+    const FeatureTag tag = item->tag();
+    if (tag != FeatureTag::CCM) {
+        // Editors of a fixed, smaller size (check boxes) are centred by their own height.
+        const int height = qMin(kEditorHeight, editor->maximumHeight());
+        rect.setTop(rect.top() + (rect.height() - (height - 1)) / 2);
+        rect.setBottom(rect.top() + height - 1);
+    }
+    if (editor->sizeHint().width() > rect.width())
+        rect.setWidth(cell.rect.width());
+    if (tag == FeatureTag::CCM || tag == FeatureTag::PalettesMode)
+        rect.setLeft(kWideEditorLeft);
+    editor->setGeometry(rect);
+}

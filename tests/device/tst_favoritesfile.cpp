@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "device/FavoritesFile.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QByteArray fileBytes()
+{
+    QFile file(FavoritesFile::path());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QByteArray& bytes)
+{
+    QDir().mkpath(QFileInfo(FavoritesFile::path()).path());
+    QFile file(FavoritesFile::path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+} // namespace
+
+class TestFavoritesFile : public GuardedTest
+{
+    Q_OBJECT
+private slots:
+    void missingFileMakesItsFolder();
+    void savedBytes();
+    void orderAndDuplicatesSurvive();
+    void loading_data();
+    void loading();
+    void unescapedNamesMakeTheFileUnreadable();
+
+protected:
+    void prepare() override { QFile::remove(FavoritesFile::path()); }
+    void finish() override { QFile::remove(FavoritesFile::path()); }
+};
+
+void TestFavoritesFile::missingFileMakesItsFolder()
+{
+    const QString folder = QFileInfo(FavoritesFile::path()).path();
+    QDir(folder).removeRecursively();
+    MessageGuard::ignoreMessage(QtInfoMsg, "loadFavoritesXml failed.111");
+    QVERIFY(FavoritesFile::load().isEmpty());
+    QVERIFY(QFileInfo(folder).isDir());
+}
+
+void TestFavoritesFile::savedBytes()
+{
+    writeFile("old");
+    FavoritesFile::save({{QStringLiteral("Gain"), QStringLiteral("Gain Raw")},
+                         {QStringLiteral("Width"), QString::fromUtf8("\u5bbd\u5ea6")}});
+    QCOMPARE(fileBytes(),
+             QByteArray("<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>"
+                        "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>"
+                        "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>"
+                        "</Favorites>"));
+}
+
+void TestFavoritesFile::orderAndDuplicatesSurvive()
+{
+    const QList<FavoriteFeature> favorites = {
+        {QStringLiteral("B"), QStringLiteral("b")},
+        {QStringLiteral("A"), QString::fromUtf8("\u589e\u76ca")},
+        {QStringLiteral("B"), QStringLiteral("b")}};
+    writeFile("old");
+    FavoritesFile::save(favorites);
+    QCOMPARE(FavoritesFile::load(), favorites);
+}
+
+void TestFavoritesFile::loading_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("logged");
+    QTest::addColumn<int>("count");
+    QTest::newRow("any tags") << QByteArray("<r><x><DisplayName>b</DisplayName><o/><Name>a</Name>"
+                                            "</x></r>")
+                              << QByteArray() << 1;
+    QTest::newRow("empty display name skipped")
+        << QByteArray("<r><f><Name>a</Name><DisplayName/></f></r>") << QByteArray() << 0;
+    QTest::newRow("no XML") << QByteArray("favourites") << QByteArray("loadFavoritesXml failed.333")
+                            << 0;
+}
+
+void TestFavoritesFile::loading()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, logged);
+    QFETCH(int, count);
+    writeFile(bytes);
+    if (!logged.isEmpty())
+        MessageGuard::ignoreMessage(QtCriticalMsg, logged.constData());
+    QCOMPARE(FavoritesFile::load().size(), count);
+}
+
+void TestFavoritesFile::unescapedNamesMakeTheFileUnreadable()
+{
+    writeFile("old");
+    FavoritesFile::save({{QStringLiteral("A&B"), QStringLiteral("both")}});
+    MessageGuard::ignoreMessage(QtCriticalMsg, "loadFavoritesXml failed.333");
+    QVERIFY(FavoritesFile::load().isEmpty());
+}
+
+OBFT_TEST_MAIN(TestFavoritesFile)
+#include "tst_favoritesfile.moc"

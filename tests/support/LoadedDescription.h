@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FeatureDescriptionIndex.h"
+#include "model/FeatureTreeBuilder.h"
+#include "model/ORXPropertyTreeItem.h"
+
+#include <QDomDocument>
+
+#include <stdexcept>
+
+// A description turned into index and items, without widgets.
+class LoadedDescription
+{
+public:
+    explicit LoadedDescription(const QByteArray& xml)
+    {
+        QDomDocument document;
+        if (!document.setContent(xml))
+            throw std::invalid_argument("description does not parse");
+        index.GenerateDomElementMap(document.documentElement());
+        builder.createItems(&root, index.nodes(), nullptr);
+        index.setItemNames(builder.AllTreeItemsMap().keys());
+        index.ResetFeaturesInvalidatorMap();
+        index.GenerateFeaturePValueList();
+        index.GenerateFeaturePairList();
+        index.GenerateFeaturesTLParamsLocked();
+        index.GeneratePSelectedList();
+        index.GenerateFeatureNoCacheList();
+    }
+    ORXPropertyTreeItem* item(const char* name) const
+    {
+        return builder.AllTreeItemsMap().value(QString::fromLatin1(name), nullptr);
+    }
+    FeatureNodePtr node(const char* name) const
+    {
+        return index.GetDomElementNode(QString::fromLatin1(name));
+    }
+
+    ORXPropertyTreeItem root{nullptr, ORXPropertyTreeItem::FeatureTreePage};
+    FeatureDescriptionIndex index;
+    FeatureTreeBuilder builder;
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "support/MessageGuard.h"
+
+#include <QObject>
+#include <QTest>
+
+#include <memory>
+
+// Base of every test class: after each test function, log lines of warning level and above that
+// the function did not announce with MessageGuard fail it, and so do announced lines that did not
+// come.
+class GuardedTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+
+protected:
+    // Hooks for subclasses instead of init() and cleanup().
+    virtual void prepare() {}
+    virtual void finish() {}
+};
+
+// Runs one test class under a QApplication; returns Qt Test's exit code.
+int runGuardedTest(int argc, char** argv, std::unique_ptr<GuardedTest> (*make)());
+
+#define OBFT_TEST_MAIN(TestClass)                                                                  \
+    int main(int argc, char** argv)                                                                \
+    {                                                                                              \
+        return runGuardedTest(argc, argv, []() -> std::unique_ptr<GuardedTest> {                   \
+            return std::make_unique<TestClass>();                                                  \
+        });                                                                                        \
+    }

@@ -10,12 +10,14 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <unordered_set>
+
 namespace {
 
-QSet<const ORXPropertyTreeItem*>& liveItems()
+std::unordered_set<const ORXPropertyTreeItem*>& liveItems()
 {
     // Never destroyed: items may outlive the other statics of the process.
-    static auto* const items = new QSet<const ORXPropertyTreeItem*>;
+    static auto* const items = new std::unordered_set<const ORXPropertyTreeItem*>;
     return *items;
 }
 
@@ -52,7 +54,7 @@ ORXPropertyTreeItem::ORXPropertyTreeItem(ORXPropertyTreeItem* parent, ParentType
 ORXPropertyTreeItem::~ORXPropertyTreeItem()
 {
     const ItemStateLock lock;
-    liveItems().remove(this);
+    liveItems().erase(this);
     setMappingItem(nullptr);
     clear();
     removeFromParents();
@@ -72,7 +74,7 @@ void ORXPropertyTreeItem::removeFromParents()
 bool ORXPropertyTreeItem::isAlive(const ORXPropertyTreeItem* item)
 {
     const ItemStateLock lock;
-    return liveItems().contains(item);
+    return liveItems().count(item) > 0;
 }
 
 bool ORXPropertyTreeItem::visible() const
@@ -276,7 +278,7 @@ bool ORXPropertyTreeItem::callViews(ORXPropertyTreeItem* item, const ViewCall& c
         // A slot of the view before may have removed this view or the item itself.
         {
             const ItemStateLock lock;
-            if (!liveItems().contains(item))
+            if (liveItems().count(item) == 0)
                 return false;
             if (!item->m_views.contains(view))
                 continue;

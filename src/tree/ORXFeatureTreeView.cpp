@@ -3,15 +3,14 @@
 
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "reading/ThreadAnnotations.h"
 #include "styledctl/ZELCustom.h"
 #include "tree/IORXFeatureWidget.h"
 #include "tree/ORXFeatureScrollBar.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -54,14 +53,25 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
             &ORXFeatureTreeView::onUpdateSpecialInfo);
     connect(this, &QTreeView::expanded, this, &ORXFeatureTreeView::OnSigExpanded);
     connect(this, &QTreeView::collapsed, this, &ORXFeatureTreeView::OnSigCollapsed);
+    // Queued: the editor handles the event first.
+    connect(m_pDelegate, &ORXPropertyTreeDelegate::sigEditingEnded, this,
+            &ORXFeatureTreeView::onEditingEnded, Qt::QueuedConnection);
+    connect(qApp, &QApplication::focusChanged, this, &ORXFeatureTreeView::onFocusChanged);
 }
 
-ORXFeatureTreeView::~ORXFeatureTreeView() = default;
+ORXFeatureTreeView::~ORXFeatureTreeView()
+{
+    // A focused editor changes the focus when it is destroyed, after this object's own part.
+    disconnect(qApp, nullptr, this, nullptr);
+    detachEditors();
+}
 
 void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
 {
+    detachEditors();
     m_lCameraID = cameraId;
     m_pRootItem = root;
+    m_inSight.clear();
     m_openEditors.clear();
     m_pDelegate->setCurMoveItem(nullptr);
     m_pModel->resetCamearID(cameraId);
@@ -140,11 +150,19 @@ void ORXFeatureTreeView::onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* 
     if (item->childCount() > 0)
         return;
     if (setRowHiddenIfChanged(item, !visible)) {
-        doParentItemVisible(item->parent(m_pageType));
+        doParentItemVisible(item->parent(m_pageType), item->indexInParent(m_pageType));
         scheduleEditors();
     } else if (visible) {
-        update(m_pModel->indexFromItem(item, 0));
+        repaintItem(item);
     }
+}
+
+// Not by update(index): that lays a changed tree out at once, and one layout has to serve all the
+// changes of a pass or a search.
+void ORXFeatureTreeView::repaintItem(ORXPropertyTreeItem* item)
+{
+    if (m_inSight.contains(item))
+        viewport()->update();
 }
 
 bool ORXFeatureTreeView::setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool hidden)
@@ -156,14 +174,19 @@ bool ORXFeatureTreeView::setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool h
     return true;
 }
 
-void ORXFeatureTreeView::doParentItemVisible(ORXPropertyTreeItem* item)
+// The search for a shown row starts at the one that changed: rows are mostly hidden and shown in
+// order, and a whole group must not cost a scan of all its rows for each of them.
+void ORXFeatureTreeView::doParentItemVisible(ORXPropertyTreeItem* item, int changedRow)
 {
     while (item && item != m_pRootItem) {
         const QModelIndex index = m_pModel->indexFromItem(item, 0);
+        const int rows = item->childCount();
         bool anyShown = false;
-        for (int row = 0; row < item->childCount() && !anyShown; ++row)
-            anyShown = !isRowHidden(row, index);
-        setRowHiddenIfChanged(item, !anyShown);
+        for (int i = 0; i < rows && !anyShown; ++i)
+            anyShown = !isRowHidden((qMax(0, changedRow) + i) % rows, index);
+        if (!setRowHiddenIfChanged(item, !anyShown))
+            return;
+        changedRow = item->indexInParent(m_pageType);
         item = item->parent(m_pageType);
     }
 }
@@ -193,17 +216,23 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
 {
     if (!concerns(cameraId, item))
         return;
-    update(m_pModel->indexFromItem(item, 0));
+    repaintItem(item);
     if (m_openEditors.contains(item)) {
-        const QModelIndex cell = m_pModel->indexFromItem(item, 1);
         if (recreate) {
-            closePersistentEditor(cell);
-            openEditor(cell);
+            const QWidget* editor = editorOf(item);
+            const bool focused = editor && editor->hasFocus();
+            closeEditors(item);
+            openEditors(item);
+            if (focused)
+                focusCell(m_pModel->indexFromItem(item, 1), Qt::OtherFocusReason);
         }
-        if (QWidget* editor = indexWidget(cell))
-            m_pDelegate->setEditorData(editor, cell);
-        if (QWidget* nameEditor = editorOf(item, 0))
-            m_pDelegate->setEditorData(nameEditor, m_pModel->indexFromItem(item, 0));
+        for (int column = 0; column < 2; ++column) {
+            if (QWidget* editor = editorOf(item, column))
+                m_pDelegate->setEditorData(editor, m_pModel->indexFromItem(item, column));
+        }
+    } else {
+        // The item's value may have come from its mirror, which the user edits.
+        ORXPropertyTreeDelegate::noteShownState(item);
     }
     if (kind != 1)
         m_pPage->itemValueChanged(item);
@@ -278,21 +307,6 @@ void ORXFeatureTreeView::mouseMoveEvent(QMouseEvent* event)
 {
     QTreeView::mouseMoveEvent(event);
     event->ignore();
-}
-
-// From a row the keyboard reaches its editor with Enter or F2.
-void ORXFeatureTreeView::keyPressEvent(QKeyEvent* event)
-{
-    const bool wantsEditor = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter
-                             || event->key() == Qt::Key_F2;
-    QWidget* editor =
-        wantsEditor ? editorOf(ORXPropertyTreeModel::itemFromIndex(currentIndex())) : nullptr;
-    if (editor && editor->isEnabled()) {
-        editor->setFocus(Qt::TabFocusReason);
-        event->accept();
-        return;
-    }
-    QTreeView::keyPressEvent(event);
 }
 
 void ORXFeatureTreeView::changeEvent(QEvent* event)

@@ -5,10 +5,12 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustomQssHelper.h"
 
-#include <QPointer>
 #include <QSet>
 #include <QTimer>
 #include <QTreeView>
+#include <QVector>
+
+#include <atomic>
 
 class IORXFeatureWidget;
 class ORXPropertyTreeDelegate;
@@ -21,6 +23,9 @@ class ORXPropertyTreeModel;
 // |----------------------------------|-----------------------------------|-------------------|
 // | item... (IORXFeatureNotify)      | GUI or reading; emits signals     | see the interface |
 // | everything else                  | GUI                               | none              |
+//
+// With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
+// editor in the order of the rows, scrolling where needed, and Escape goes back to the row.
 class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZELCustomQssHelper
 {
     Q_OBJECT
@@ -89,6 +94,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
+    void showEvent(QShowEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void startDrag(Qt::DropActions actions) override;
     void drawBranches(QPainter* painter, const QRect& rect,
                       const QModelIndex& index) const override;
@@ -96,14 +104,24 @@ protected:
 
 private:
     bool concerns(qint64 cameraId, ORXPropertyTreeItem* item) const;
-    void doParentItemVisible(ORXPropertyTreeItem* item);
+    void doParentItemVisible(ORXPropertyTreeItem* item, int changedRow);
     bool setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool hidden);
+    void repaintItem(ORXPropertyTreeItem* item);
     int visibleHeightBelow(ORXPropertyTreeItem* item) const;
     void scheduleEditors();
     void syncEditors();
-    void openEditor(const QModelIndex& index);
+    void openEditors(ORXPropertyTreeItem* item);
     void closeEditors(ORXPropertyTreeItem* item);
-    void closeEditorsNotIn(const QSet<ORXPropertyTreeItem*>& inSight);
+    void closeEditorsBelow(ORXPropertyTreeItem* item);
+    void closeEditorsOutOfSight();
+    void detachEditors();
+    void orderEditors();
+    void onEditingEnded(QWidget* editor);
+    void onFocusChanged(QWidget* old, QWidget* now);
+    QModelIndex cellOfEditor(const QWidget* widget) const;
+    QModelIndex firstCell(const QModelIndex& row) const;
+    QModelIndex nextCell(const QModelIndex& cell, bool next) const;
+    bool focusCell(const QModelIndex& cell, Qt::FocusReason reason);
     bool canIndexDrop(const QModelIndex& target, const QMimeData* mime) const;
     bool showDropTarget(const QDropEvent* event);
     void clearDropTarget();
@@ -111,14 +129,16 @@ private:
 
     IORXFeatureWidget* m_pPage; // Not owned.
     ORXPropertyTreeItem::ParentType m_pageType;
-    bool m_bForbiddenUpdate = false;
+    std::atomic<bool> m_bForbiddenUpdate{false}; // read by the notifying threads
     bool m_bDisableScroll = false;
     bool m_bDropShown = false;
     bool m_bSyncing = false;
+    bool m_bInGeometries = false;
     qint64 m_lCameraID = -1;
     ORXPropertyTreeModel* m_pModel;       // Owned (child).
     ORXPropertyTreeDelegate* m_pDelegate; // Owned (child).
     ORXPropertyTreeItem* m_pRootItem = nullptr; // Not owned.
+    QVector<ORXPropertyTreeItem*> m_inSight;    // Rows from top to bottom. Not owned.
     QSet<ORXPropertyTreeItem*> m_openEditors;   // Items whose editors are open. Not owned.
     QTimer m_editorTimer;
     QString m_strPlaceholder;

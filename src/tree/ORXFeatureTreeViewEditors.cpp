@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The editors of ORXFeatureTreeView: every row in sight has its editor open.
 #include "model/ORXPropertyTreeModel.h"
-#include "styledctl/ZELCustomDoubleSpinBox.h"
 #include "tree/ORXFeatureTreeView.h"
-#include "tree/ORXPropertySpinBox.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
 #include <QLineEdit>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -14,6 +13,11 @@ bool hasFocusInside(const QWidget* editor)
 {
     const QWidget* focus = editor->focusWidget();
     return editor->hasFocus() || (focus && focus->hasFocus());
+}
+
+bool hasNameEditor(const ORXPropertyTreeItem& item)
+{
+    return item.tag() == FeatureTag::Watermark || item.tag() == FeatureTag::Event;
 }
 
 } // namespace
@@ -36,7 +40,7 @@ QWidget* ORXFeatureTreeView::editorOf(ORXPropertyTreeItem* item, int column) con
 void ORXFeatureTreeView::openPersistentEdit(ORXPropertyTreeItem* item, bool reopen)
 {
     if (reopen && item)
-        closeEditors(item);
+        closeEditorsBelow(item);
     scheduleEditors();
 }
 
@@ -44,8 +48,6 @@ void ORXFeatureTreeView::clearDelegateInfo()
 {
     m_pDelegate->clearInfo();
     clearDropTarget();
-    closeEditorsNotIn({});
-    scheduleEditors();
 }
 
 void ORXFeatureTreeView::updateAllEditorData()
@@ -59,6 +61,14 @@ void ORXFeatureTreeView::updateAllEditorData()
     }
 }
 
+// What came while the user was typing, and was held back, is shown now.
+void ORXFeatureTreeView::onEditingEnded(QWidget* editor)
+{
+    const QModelIndex cell = cellOfEditor(editor);
+    if (cell.isValid())
+        m_pDelegate->setEditorData(editor, cell);
+}
+
 void ORXFeatureTreeView::scheduleEditors()
 {
     if (!m_editorTimer.isActive())
@@ -67,6 +77,7 @@ void ORXFeatureTreeView::scheduleEditors()
 
 void ORXFeatureTreeView::updateGeometries()
 {
+    const QScopedValueRollback<bool> inGeometries(m_bInGeometries, true);
     QTreeView::updateGeometries();
     scheduleEditors();
 }
@@ -74,66 +85,100 @@ void ORXFeatureTreeView::updateGeometries()
 void ORXFeatureTreeView::scrollContentsBy(int dx, int dy)
 {
     QTreeView::scrollContentsBy(dx, dy);
-    // At once, so that no row is ever seen without its editor while scrolling.
+    // At once, so that no row is ever seen without its editor while scrolling; but not in the
+    // middle of a layout, which moves the scroll bar, too.
+    if (m_bInGeometries)
+        scheduleEditors();
+    else
+        syncEditors();
+}
+
+void ORXFeatureTreeView::showEvent(QShowEvent* event)
+{
+    QTreeView::showEvent(event);
     syncEditors();
 }
 
-void ORXFeatureTreeView::openEditor(const QModelIndex& index)
+void ORXFeatureTreeView::openEditors(ORXPropertyTreeItem* item)
 {
-    openPersistentEditor(index);
-    deselectEditorText(indexWidget(index));
+    m_openEditors.insert(item);
+    for (int column = hasNameEditor(*item) ? 0 : 1; column < 2; ++column) {
+        const QModelIndex cell = m_pModel->indexFromItem(item, column);
+        openPersistentEditor(cell);
+        deselectEditorText(indexWidget(cell));
+    }
 }
 
 // Opens the editors of the rows in sight and closes those that have left it, but for one in use.
 void ORXFeatureTreeView::syncEditors()
 {
-    if (m_bSyncing || !m_pRootItem || !isVisible())
+    if (!m_pRootItem || !isVisible())
         return;
-    m_bSyncing = true;
-    QSet<ORXPropertyTreeItem*> inSight;
+    if (m_bSyncing) {
+        scheduleEditors();
+        return;
+    }
+    const QScopedValueRollback<bool> syncing(m_bSyncing, true);
+    m_inSight.clear();
+    bool opened = false;
     const int bottom = viewport()->height();
     for (QModelIndex row = indexAt(QPoint(0, 0)); row.isValid() && visualRect(row).top() <= bottom;
          row = indexBelow(row)) {
         ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(row);
-        inSight.insert(item);
-        if (m_openEditors.contains(item))
+        m_inSight.append(item);
+        if (m_openEditors.contains(item) || !ORXPropertyTreeDelegate::hasEditor(item->tag()))
             continue;
-        const FeatureTag tag = item->tag();
-        if (!ORXPropertyTreeDelegate::hasEditor(tag))
-            continue;
-        m_openEditors.insert(item);
-        openEditor(row.siblingAtColumn(1));
-        if (tag == FeatureTag::Watermark || tag == FeatureTag::Event)
-            openEditor(row.siblingAtColumn(0));
+        openEditors(item);
+        opened = true;
     }
-    closeEditorsNotIn(inSight);
-    m_bSyncing = false;
+    closeEditorsOutOfSight();
+    if (opened)
+        orderEditors();
 }
 
-void ORXFeatureTreeView::closeEditorsNotIn(const QSet<ORXPropertyTreeItem*>& inSight)
+void ORXFeatureTreeView::closeEditorsOutOfSight()
 {
-    const QSet<ORXPropertyTreeItem*> open = m_openEditors;
-    for (ORXPropertyTreeItem* item : open) {
-        if (inSight.contains(item))
-            continue;
+    QSet<ORXPropertyTreeItem*> left = m_openEditors;
+    for (ORXPropertyTreeItem* item : qAsConst(m_inSight))
+        left.remove(item);
+    for (ORXPropertyTreeItem* item : qAsConst(left)) {
         const QWidget* editor = editorOf(item);
-        if (editor && hasFocusInside(editor))
+        const QWidget* nameEditor = editorOf(item, 0);
+        if ((editor && hasFocusInside(editor)) || (nameEditor && hasFocusInside(nameEditor)))
             continue;
-        for (int column = 0; column < 2; ++column)
-            closePersistentEditor(m_pModel->indexFromItem(item, column));
-        m_openEditors.remove(item);
+        closeEditors(item);
     }
 }
 
 void ORXFeatureTreeView::closeEditors(ORXPropertyTreeItem* item)
 {
+    for (int column = 0; column < 2; ++column) {
+        QWidget* editor = editorOf(item, column);
+        if (!editor)
+            continue;
+        // Closing takes the focus away, which must not commit what was typed.
+        disconnect(editor, nullptr, m_pDelegate, nullptr);
+        if (hasFocusInside(editor))
+            setFocus(Qt::OtherFocusReason);
+        closePersistentEditor(m_pModel->indexFromItem(item, column));
+    }
+    m_openEditors.remove(item);
+}
+
+void ORXFeatureTreeView::closeEditorsBelow(ORXPropertyTreeItem* item)
+{
     const QVector<ORXPropertyTreeItem*> children = item->children();
     for (ORXPropertyTreeItem* child : children)
-        closeEditors(child);
-    if (!m_openEditors.remove(item))
-        return;
-    for (int column = 0; column < 2; ++column)
-        closePersistentEditor(m_pModel->indexFromItem(item, column));
+        closeEditorsBelow(child);
+    closeEditors(item);
+}
+
+// Before all editors go at once: none of them may commit because it loses the focus.
+void ORXFeatureTreeView::detachEditors()
+{
+    const QObjectList editors = viewport()->children();
+    for (QObject* editor : editors)
+        disconnect(editor, nullptr, m_pDelegate, nullptr);
 }
 
 void ORXFeatureTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
@@ -141,8 +186,9 @@ void ORXFeatureTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int sta
     for (int row = start; row <= end; ++row) {
         if (ORXPropertyTreeItem* item =
                 ORXPropertyTreeModel::itemFromIndex(m_pModel->index(row, 0, parent)))
-            closeEditors(item);
+            closeEditorsBelow(item);
     }
+    m_inSight.clear();
     QTreeView::rowsAboutToBeRemoved(parent, start, end);
     scheduleEditors();
 }

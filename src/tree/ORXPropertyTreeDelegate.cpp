@@ -3,6 +3,7 @@
 
 #include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
+#include "model/ItemStateLock.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomCheckBox.h"
 #include "styledctl/ZELCustomComboBox.h"
@@ -13,6 +14,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 #include <array>
 #include <map>
@@ -20,6 +22,7 @@
 namespace {
 
 constexpr int kCommandTimerMs = 150;
+const QLatin1Char kUnpublished('!');
 
 struct ExternalEditor
 {
@@ -46,7 +49,8 @@ const ORXPropertyTreeDelegate::EditorRow& ORXPropertyTreeDelegate::editorRow(Fea
     static const EditorRow kFloat = {&D::createFloatEditor, &D::setFloatEditorData,
                                      &D::readLineEdit};
     static const EditorRow kTwoBoxes = {&D::createCustomWaterMarkEditor,
-                                        &D::setCustomWaterMarkEditorData, &D::readCheckBox};
+                                        &D::setCustomWaterMarkEditorData, &D::readCheckBox,
+                                        true};
     // In the order of FeatureTag.
     static const std::array<EditorRow, kFeatureTagCount> kRows = {
         kNone,                                                                         // Category
@@ -63,11 +67,11 @@ const ORXPropertyTreeDelegate::EditorRow& ORXPropertyTreeDelegate::editorRow(Fea
         EditorRow{&D::createCustomDrawEditor, &D::setCustomDrawEditorData, nullptr}, // Draw
         kTwoBoxes,                                                                   // Watermark
         kTwoBoxes,                                                                   // Event
-        EditorRow{&D::createCustomCCMEditor, &D::setCustomCCMEditorData, nullptr},   // CCM
+        EditorRow{&D::createCustomCCMEditor, &D::setCustomCCMEditorData, nullptr, true}, // CCM
         EditorRow{&D::createCustomPalettesModeEditor, &D::setCustomPalettesModeEditorData,
                   &D::readComboBox}, // PalettesMode
         EditorRow{&D::createCustomFFCorrectionEditor, &D::setCustomFFCorrectionEditorData,
-                  &D::readButton}, // FlatFieldCorrection
+                  &D::readButton, true}, // FlatFieldCorrection
         kNone,                     // Other
     };
     return kRows[static_cast<std::size_t>(tag)];
@@ -75,7 +79,8 @@ const ORXPropertyTreeDelegate::EditorRow& ORXPropertyTreeDelegate::editorRow(Fea
 
 bool ORXPropertyTreeDelegate::hasEditor(FeatureTag tag)
 {
-    return editorRow(tag).create != nullptr;
+    const Create create = editorRow(tag).create;
+    return create && create != &ORXPropertyTreeDelegate::createCustomDrawEditor;
 }
 
 void ORXPropertyTreeDelegate::registerExternalEditor(FeatureTag tag, const ExternalCreator& create,
@@ -92,6 +97,8 @@ QWidget* ORXPropertyTreeDelegate::createCustomCCMEditor(QWidget* parent, const C
 
 void ORXPropertyTreeDelegate::setCustomCCMEditorData(QWidget* editor, const Cell& cell) const
 {
+    // Before the filler, which may disable the editor for reasons of its own.
+    editor->setEnabled(isUsable(*cell.item));
     const auto found = externalEditors().find(cell.item->tag());
     if (found != externalEditors().end() && found->second.fill)
         found->second.fill(editor, cell.item);
@@ -131,10 +138,7 @@ QWidget* ORXPropertyTreeDelegate::createEditor(QWidget* parent, const QStyleOpti
     if (!item || !item->value())
         return nullptr;
     const Create create = editorRow(item->tag()).create;
-    QWidget* editor = create ? (this->*create)(parent, {item, index.column()}) : nullptr;
-    if (editor)
-        item->value()->updateEditorInfo(!editor->isEnabled());
-    return editor;
+    return create ? (this->*create)(parent, {item, index.column()}) : nullptr;
 }
 
 void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
@@ -145,15 +149,28 @@ void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& 
     const Fill fill = editorRow(item->tag()).fill;
     if (!fill)
         return;
-    // Taken before the values are, so that a change by a reading thread in between is published.
-    const QString status = item->value()->createCurrentStauts(item->readOnly());
-    {
-        const EditorFillGuard guard(editor, this);
-        (this->*fill)(editor, {item, index.column()});
-        if (!m_bCanEdit || !item->value()->enabled())
-            editor->setEnabled(false);
-    }
-    item->value()->updateEditorInfo(status);
+    const EditorFillGuard guard(editor, this);
+    noteShownState(item);
+    const Cell cell = {item, index.column()};
+    (this->*fill)(editor, cell);
+}
+
+void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
+{
+    const ItemStateLock lock;
+    CTreeItemValue* value = item->value();
+    const QString published = value->currentStatus();
+    if (published.startsWith(kUnpublished)
+        || published == value->createCurrentStauts(item->readOnly()))
+        return;
+    // The rest of the text stays: it tells a change of the representation.
+    value->exchangeStatus(kUnpublished + published);
+}
+
+bool ORXPropertyTreeDelegate::isUsable(const ORXPropertyTreeItem& item) const
+{
+    return m_bCanEdit && item.value() && item.value()->enabled() && hasEditor(item.tag())
+           && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
 }
 
 void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
@@ -183,16 +200,16 @@ void ORXPropertyTreeDelegate::commit()
         return;
     // The host may close or release the window while it writes.
     const ReentrancyScope scope;
-    m_bCommitting = true;
+    const QScopedValueRollback<bool> committing(m_bCommitting, true);
     emit commitData(editor);
-    m_bCommitting = false;
 }
 
 void ORXPropertyTreeDelegate::on_CommitData() { commit(); }
 
 void ORXPropertyTreeDelegate::on_CommitData_Combox(int) { commit(); }
 
-void ORXPropertyTreeDelegate::on_CommandTimeout() {}
+// Nothing waits for the timer; it must not wake the application for ever, though.
+void ORXPropertyTreeDelegate::on_CommandTimeout() { m_commandTimer.stop(); }
 
 bool ORXPropertyTreeDelegate::connectCommit(QWidget* editor) const
 {
@@ -214,14 +231,14 @@ bool ORXPropertyTreeDelegate::connectCommit(QWidget* editor) const
 // Editors stay open whatever key is pressed; Escape takes back what was typed.
 bool ORXPropertyTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::KeyPress)
+    auto* editor = qobject_cast<QWidget*>(watched);
+    const bool escape = event->type() == QEvent::KeyPress
+                        && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (editor && (escape || event->type() == QEvent::FocusOut))
+        emit sigEditingEnded(editor);
+    auto* lineEdit = qobject_cast<QPropertyLineEdit*>(watched);
+    if (!escape || !lineEdit || !lineEdit->hasPendingEdit())
         return false;
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key != Qt::Key_Escape)
-        return false;
-    if (auto* lineEdit = qobject_cast<QPropertyLineEdit*>(watched)) {
-        lineEdit->Rollback();
-        return true;
-    }
-    return false;
+    lineEdit->Rollback();
+    return true;
 }

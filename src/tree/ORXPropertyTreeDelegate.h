@@ -37,6 +37,12 @@ public:
     void clearInfo();
     // Whether value cells of the tag have an editor.
     static bool hasEditor(FeatureTag tag);
+    // Whether the item's editors can be used now; a page may still disable its own.
+    bool isUsable(const ORXPropertyTreeItem& item) const;
+    // Marks an item whose state, now shown, is not the one that was published last: an edit, or a
+    // read that is under way. Its next read then tells all views, even if the camera took the edit
+    // back.
+    static void noteShownState(ORXPropertyTreeItem* item);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -48,6 +54,11 @@ public:
                       const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+
+signals:
+    // The user is about to leave the editor or takes back what was typed; values that were held
+    // back meanwhile can be shown.
+    void sigEditingEnded(QWidget* editor);
 
 public slots:
     void on_CommitData();
@@ -81,6 +92,7 @@ private:
         Create create = nullptr;
         Fill fill = nullptr;
         Read read = nullptr;
+        bool whenReadOnly = false; // the editor does not follow the item's read-only state
     };
     static const EditorRow& editorRow(FeatureTag tag);
 

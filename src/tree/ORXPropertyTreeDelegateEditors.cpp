@@ -46,7 +46,7 @@ bool isChinese()
 
 QWidget* ORXPropertyTreeDelegate::prepared(QWidget* editor, const Cell& cell, bool useFont) const
 {
-    editor->setObjectName(cell.item->value()->nodeName(cell.column == 1 ? 0 : cell.column));
+    editor->setObjectName(cell.item->value()->nodeName(0));
     if (useFont) {
         QFont font = editor->font();
         font.setFamily(ZELCustom::globalFontFamily(1));
@@ -90,17 +90,17 @@ void ORXPropertyTreeDelegate::setIntegerEditorData(QWidget* editor, const Cell& 
     if (!value)
         return;
     const CTreeIntergerItemValue::Numbers n = value->numbers();
-    const bool readOnly = cell.item->readOnly();
+    const bool editable = isUsable(*cell.item);
     if (auto* spinBox = qobject_cast<ORXPropertySpinBox*>(editor)) {
         // What the user is typing must survive a value that arrives meanwhile.
-        if (!spinBox->hasPendingEdit()) {
+        if (!editable || !spinBox->hasPendingEdit()) {
             spinBox->setRange(n.m_nMinValue, n.m_nMaxValue);
             spinBox->setValue(n.m_nValue);
             spinBox->setSingleStep(n.m_nIncrement);
         }
-        spinBox->setEnabled(!readOnly);
+        spinBox->setEnabled(editable);
         spinBox->resetToolTip();
-        if (readOnly)
+        if (!editable)
             spinBox->deselect();
     } else if (auto* lineEdit = qobject_cast<QPropertyLineEdit*>(editor)) {
         fillLineEdit(editor, cell, value->displayValue(), value->type());
@@ -142,7 +142,7 @@ void ORXPropertyTreeDelegate::fillEntries(QWidget* editor, const Cell& cell,
     const auto entry = value->valueMap();
     const auto current = entry.constFind(value->number());
     comboBox->setCurrentIndex(current == entry.constEnd() ? -1 : english.indexOf(*current));
-    comboBox->setEnabled(!cell.item->readOnly());
+    comboBox->setEnabled(isUsable(*cell.item));
 }
 
 void ORXPropertyTreeDelegate::setEnumationEditorData(QWidget* editor, const Cell& cell) const
@@ -185,7 +185,7 @@ void ORXPropertyTreeDelegate::setBoolEditorData(QWidget* editor, const Cell& cel
     if (!checkBox || !value)
         return;
     checkBox->setChecked(value->checked());
-    checkBox->setEnabled(!cell.item->readOnly());
+    checkBox->setEnabled(isUsable(*cell.item));
 }
 
 // Text and float ----------------------------------------------------------------------------------
@@ -206,16 +206,18 @@ void ORXPropertyTreeDelegate::fillLineEdit(QWidget* editor, const Cell& cell, co
     auto* lineEdit = qobject_cast<QPropertyLineEdit*>(editor);
     if (!lineEdit)
         return;
-    const bool readOnly = cell.item->readOnly();
+    const bool editable = isUsable(*cell.item);
     // What the user is typing must survive a value that arrives meanwhile.
-    if (readOnly || !lineEdit->hasPendingEdit()) {
+    if (editable && lineEdit->hasPendingEdit()) {
+        lineEdit->SetRollbackText(text, kind);
+    } else {
         const bool changed = lineEdit->text() != text;
         lineEdit->SetText(text, kind);
         if (changed)
             lineEdit->setCursorPosition(0);
     }
-    lineEdit->setEnabled(!readOnly);
-    if (readOnly)
+    lineEdit->setEnabled(editable);
+    if (!editable)
         lineEdit->deselect();
 }
 
@@ -258,7 +260,7 @@ void ORXPropertyTreeDelegate::setCommandEditorData(QWidget* editor, const Cell& 
     // The software trigger stays clickable in fast succession.
     if (cell.item->value()->nodeName(0) != QLatin1String("TriggerSoftware"))
         button->cSetControlClickEvent(true);
-    button->setEnabled(!cell.item->readOnly());
+    button->setEnabled(isUsable(*cell.item));
 }
 
 QWidget* ORXPropertyTreeDelegate::createCustomFFCorrectionEditor(QWidget* parent,
@@ -271,11 +273,14 @@ QWidget* ORXPropertyTreeDelegate::createCustomFFCorrectionEditor(QWidget* parent
     return prepared(editor, cell, false);
 }
 
-void ORXPropertyTreeDelegate::setCustomFFCorrectionEditorData(QWidget* editor, const Cell&) const
+void ORXPropertyTreeDelegate::setCustomFFCorrectionEditorData(QWidget* editor,
+                                                              const Cell& cell) const
 {
     if (auto* button = qobject_cast<ZELCustomPushButton*>(editor)) {
         button->setText(isChinese() ? QStringLiteral("打开工具") : QStringLiteral("Open Tool"));
         button->cSetControlClickEvent(true);
+        // Also for a read-only item: the tool works whatever the camera allows to write.
+        button->setEnabled(isUsable(*cell.item));
     }
 }
 
@@ -312,5 +317,5 @@ void ORXPropertyTreeDelegate::setCustomWaterMarkEditorData(QWidget* editor, cons
         return;
     checkBox->setText(value->toolTip(cell.column));
     checkBox->setCheckState(static_cast<Qt::CheckState>(value->checkState(cell.column)));
-    checkBox->setEnabled(!value->isColumnDisabled(cell.column));
+    checkBox->setEnabled(isUsable(*cell.item) && !value->isColumnDisabled(cell.column));
 }

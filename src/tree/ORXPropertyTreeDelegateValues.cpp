@@ -63,10 +63,11 @@ ORXPropertyTreeDelegate::Edited ORXPropertyTreeDelegate::readComboBox(QWidget* e
         return {};
     const QStringList english = value->displayList();
     const int row = comboBox->currentIndex();
-    const QString text =
-        row >= 0 && row < english.size() ? english.at(row) : comboBox->currentText();
+    if (row < 0)
+        return {};
+    const QString text = row < english.size() ? english.at(row) : comboBox->currentText();
     const qint64 number = value->valueMap().key(text, 0);
-    return {true, static_cast<int>(number), true};
+    return {true, number, true};
 }
 
 ORXPropertyTreeDelegate::Edited ORXPropertyTreeDelegate::readButton(QWidget*, const Cell&) const

@@ -5,7 +5,6 @@
 #include "device/ORXListenTools.h"
 
 #include <QEvent>
-#include <QLocale>
 #include <QVariant>
 
 #include <cmath>
@@ -15,6 +14,7 @@ namespace {
 // A float stays this far inside its range, so that rounding on the way to the camera does not
 // leave it.
 constexpr float kFloatMargin = 1e-6F;
+constexpr int kDefaultStringLength = 512;
 
 } // namespace
 
@@ -39,6 +39,12 @@ void QPropertyLineEdit::SetText(const QString& text, int kind)
     setModified(false);
 }
 
+void QPropertyLineEdit::SetRollbackText(const QString& text, int kind)
+{
+    m_nKind = kind;
+    m_strLastText = text;
+}
+
 void QPropertyLineEdit::SetRange(float maximum, float minimum)
 {
     m_nKind = Float;
@@ -58,7 +64,7 @@ void QPropertyLineEdit::SetRange(qint64 maximum, qint64 minimum)
 void QPropertyLineEdit::SetStringLength(int length)
 {
     m_nKind = Text;
-    m_nStringLength = length;
+    m_nStringLength = length > 0 ? length : kDefaultStringLength;
     resetToolTip();
 }
 
@@ -70,7 +76,7 @@ void QPropertyLineEdit::Rollback()
 
 bool QPropertyLineEdit::hasPendingEdit() const
 {
-    return hasFocus() && isModified() && text() != m_strLastText;
+    return isModified() && text() != m_strLastText;
 }
 
 bool QPropertyLineEdit::SaveProperty(QVariant& value)
@@ -113,7 +119,8 @@ bool QPropertyLineEdit::saveFloat(QVariant& value)
 {
     restoreIfEmpty();
     bool ok = false;
-    float number = QLocale::c().toFloat(text().trimmed(), &ok);
+    // In the C locale and without group separators: "1,500" is no number rather than 1500.
+    float number = text().trimmed().toFloat(&ok);
     if (!ok || !std::isfinite(number))
         return false;
     if (number > m_fMaxValue - kFloatMargin)
@@ -183,8 +190,7 @@ void QPropertyLineEdit::resetToolTip()
         setToolTip(tr("Range: %1 to %2").arg(m_nMinValue).arg(m_nMaxValue));
         break;
     case Text:
-        if (!m_strLastText.isEmpty())
-            setToolTip(m_strLastText);
+        setToolTip(m_strLastText);
         break;
     default:
         break;

@@ -30,17 +30,20 @@ public:
 
     // Shows the text; it is what Rollback() comes back to.
     void SetText(const QString& text, int kind);
+    // The same without touching what is shown: the value changed while the user was typing.
+    void SetRollbackText(const QString& text, int kind);
     // Kind Float, Decimal or Text. The maximum comes first.
     void SetRange(float maximum, float minimum);
     void SetRange(qint64 maximum, qint64 minimum);
-    // Bytes of UTF-8 that the text may take, terminator included.
+    // Bytes of UTF-8 that the text may take, terminator included; 0 or less when unknown.
     void SetStringLength(int length);
     // Gives the value to write: a string, float or qint64. False when there is nothing to write:
     // the text is unchanged or not valid for the kind. Values out of range are brought into it.
     bool SaveProperty(QVariant& value);
     void Rollback();
     void resetToolTip();
-    // True while the user has typed something that was neither saved nor rolled back.
+    // True while the user has typed something that was neither saved nor rolled back. Also without
+    // the focus, which another window may have for a while.
     bool hasPendingEdit() const;
 
     int notify(int code, void* data) override;
@@ -62,7 +65,7 @@ private:
     QString m_strLastText;
     float m_fMaxValue = 0.0F;
     float m_fMinValue = 0.0F;
-    int m_nStringLength = 512;
+    int m_nStringLength = 512; // bytes
     qint64 m_nMaxValue = 0;
     qint64 m_nMinValue = 0;
 };

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: Apache-2.0
+// Loading a description: parse, index and tree, against the bare DOM parse of the same text, and
+// the list of features that a write invalidates, against comparing every feature with every list.
+#include "device/XmlLimits.h"
+#include "support/DescriptionBuilder.h"
+#include "support/LoadedDescription.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <memory>
+
+namespace {
+
+using DescriptionBuilder::Size;
+
+// As the library does it: text limits, UTF-8 to string, DOM.
+QDomDocument parse(const QByteArray& xml)
+{
+    QDomDocument document;
+    if (XmlLimits::acceptable(xml.constData(), static_cast<std::size_t>(xml.size())))
+        document.setContent(QString::fromUtf8(xml));
+    return document;
+}
+
+struct Loaded
+{
+    explicit Loaded(const QByteArray& xml)
+    {
+        const QDomDocument document = parse(xml);
+        index.GenerateDomElementMap(document.documentElement());
+        builder.createItems(&root, index.nodes(), nullptr);
+        index.setItemNames(builder.AllTreeItemsMap().keys());
+        index.ResetFeaturesInvalidatorMap();
+        index.GenerateFeaturePValueList();
+        index.GenerateFeaturePairList();
+        index.GenerateFeaturesTLParamsLocked();
+        index.GeneratePSelectedList();
+        index.GenerateFeatureNoCacheList();
+    }
+    ORXPropertyTreeItem root{nullptr, ORXPropertyTreeItem::FeatureTreePage};
+    FeatureDescriptionIndex index;
+    FeatureTreeBuilder builder;
+};
+
+QByteArray description(int features)
+{
+    return DescriptionBuilder::generate(Size::ofFeatures(features));
+}
+
+void BM_DomParse(benchmark::State& state)
+{
+    const QByteArray xml = description(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        QDomDocument document;
+        document.setContent(xml);
+        benchmark::DoNotOptimize(document);
+    }
+}
+
+void BM_Load(benchmark::State& state)
+{
+    const QByteArray xml = description(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        Loaded loaded(xml);
+        benchmark::DoNotOptimize(&loaded);
+    }
+}
+
+void BM_InvalidatorList(benchmark::State& state)
+{
+    const int features = static_cast<int>(state.range(0));
+    const Loaded loaded(description(features));
+    const QStringList names = DescriptionBuilder::featureNames(Size::ofFeatures(features));
+    int next = 0;
+    for (auto _ : state) {
+        const QList<QString> list =
+            loaded.index.GetFeatureInvalidatorList(names.at(next++ % names.size()));
+        benchmark::DoNotOptimize(list.size());
+    }
+}
+
+BENCHMARK(BM_DomParse)->Arg(700)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Load)->Arg(700)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_InvalidatorList)->Arg(700)->Unit(benchmark::kMicrosecond);
+
+// Shortest of several runs, in milliseconds: the least disturbed one.
+double bestMs(int runs, const std::function<void()>& work)
+{
+    double best = 1e30;
+    for (int i = 0; i < runs; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        best = std::min(best, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    return best;
+}
+
+double parseMs(const QByteArray& xml)
+{
+    return bestMs(5, [&] {
+        QDomDocument document;
+        document.setContent(xml);
+    });
+}
+
+double loadMs(const QByteArray& xml)
+{
+    return bestMs(5, [&] { const Loaded loaded(xml); });
+}
+
+void printLoading()
+{
+    const QByteArray one = description(700);
+    const QByteArray ten = description(7000);
+    const double parse = parseMs(one);
+    const double load = loadMs(one);
+    std::printf("\nload / bare DOM parse, 700 features:  %.2f  (%.1f ms / %.1f ms)\n", load / parse,
+                load, parse);
+    std::printf("load of ten times the description:    %.2f times as long\n", loadMs(ten) / load);
+    std::printf("growth:  features   load ms   us/feature   load/parse\n");
+    for (int features = 500; features <= 16000; features *= 2) {
+        const QByteArray xml = description(features);
+        const double ms = loadMs(xml);
+        std::printf("        %9d %9.1f %12.2f %12.2f\n", features, ms, ms * 1000 / features,
+                    ms / parseMs(xml));
+    }
+}
+
+void printInvalidation()
+{
+    const Size size;
+    const Loaded loaded(description(size.features));
+    const QStringList names = DescriptionBuilder::featureNames(size);
+    double slowest = 0;
+    int longest = 0;
+    for (const QString& name : names) {
+        slowest = std::max(slowest, bestMs(3, [&] {
+                               longest = std::max(
+                                   longest, loaded.index.GetFeatureInvalidatorList(name).size());
+                           }));
+    }
+    // What it costs without reverse maps: every feature's list is compared.
+    const QString asked = names.at(size.features / 2);
+    const double comparing = bestMs(3, [&] {
+        int found = 0;
+        for (const QString& name : names) {
+            const QStringList list = loaded.index.invalidatorsOf(name);
+            QStringList widened = list;
+            for (const QString& entry : list)
+                widened += loaded.index.GetFeaturesNameByPValue(entry);
+            found += widened.contains(asked) ? 1 : 0;
+        }
+        benchmark::DoNotOptimize(found);
+    });
+    std::printf("invalidation list, slowest feature:   %.4f ms (%d names at the most)\n", slowest,
+                longest);
+    std::printf("comparing every feature's list:       %.2f ms, %.0f times as long\n", comparing,
+                comparing / slowest);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    const bool filtered = argc > 1; // only the chosen timings
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    if (filtered)
+        return 0;
+    printLoading();
+    printInvalidation();
+    return 0;
+}

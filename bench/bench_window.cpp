@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: Apache-2.0
+// The window: opening, searching, scrolling, memory, and the longest gap of the GUI event loop
+// during the first full read from a slow host.
+#include "main/CFeatureGroupTreeView.h"
+#include "main/ORXFeatureGroup.h"
+#include "model/ORXPropertyTreeItem.h"
+#include "support/DescriptionBuilder.h"
+#include "support/OpenedWindow.h"
+#include "tree/ORXFeatureTreeView.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QScrollBar>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+using DescriptionBuilder::Size;
+
+double elapsedMs(const std::function<void()>& work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+// Resident memory of this process, in kilobytes.
+long residentKb()
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').first().toLong();
+    }
+    return 0;
+}
+
+void printGap(int latencyMs)
+{
+    const QByteArray xml = DescriptionBuilder::generate(Size{});
+    FakeHost host;
+    host.serve(xml);
+    host.setLatencyMs(latencyMs);
+    double longest = 0;
+    QElapsedTimer last;
+    QTimer beat;
+    QObject::connect(&beat, &QTimer::timeout, [&] {
+        longest = std::max(longest, static_cast<double>(last.nsecsElapsed()) / 1e6);
+        last.start();
+    });
+    OpenedWindow window(host, xml);
+    QApplication::processEvents();
+    last.start();
+    beat.start(1);
+    QElapsedTimer whole;
+    whole.start();
+    window.waitForFirstRead();
+    QTest::qWait(200);
+    std::printf("host calls of %d ms: first full read %.1f s, longest gap of the event loop %.1f "
+                "ms\n",
+                latencyMs, static_cast<double>(whole.elapsed()) / 1000, longest);
+}
+
+// Scrolls through the shown group in pages; returns the slowest page.
+double slowestPage(ORXFeatureTreeView* view)
+{
+    QScrollBar* bar = view->verticalScrollBar();
+    double slowest = 0;
+    for (int value = 0; value < bar->maximum(); value += std::max(1, bar->maximum() / 60)) {
+        slowest = std::max(slowest, elapsedMs([&] {
+                               bar->setValue(value);
+                               view->viewport()->repaint();
+                           }));
+    }
+    return slowest;
+}
+
+void printLarge(int features)
+{
+    Size size = Size::ofFeatures(features);
+    size.categories = 5;
+    const QByteArray xml = DescriptionBuilder::generate(size);
+    FakeHost host;
+    host.serve(xml);
+    const long before = residentKb();
+    QElapsedTimer timer;
+    timer.start();
+    OpenedWindow window(host, xml);
+    QApplication::processEvents();
+    const double open = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    window.waitForFirstRead();
+    QTest::qWait(300);
+    const long after = residentKb();
+    CFeatureGroupTreeView* groups = window.widget()->featureGroup(1)->groupView();
+    const double search =
+        elapsedMs([&] { groups->SetSearchText(QStringLiteral("feature 4")); });
+    const double layout = elapsedMs([] { QApplication::processEvents(); });
+    const double clear = elapsedMs([&] { groups->SetSearchText(QString()); });
+    QApplication::processEvents();
+    const double scroll = slowestPage(window.tree()->treeView());
+    std::printf("%6d features: open %.0f ms, search %.1f ms + layout %.1f ms, clear %.1f ms, "
+                "slowest scrolled page %.1f ms, %.1f kB per feature\n",
+                features, open, search, layout, clear, scroll,
+                static_cast<double>(after - before) / features);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsSet("QT_QPA_PLATFORM")
+                                   ? qgetenv("QT_QPA_PLATFORM")
+                                   : QByteArray("offscreen"));
+    QStandardPaths::setTestModeEnabled(true);
+    QApplication application(argc, argv);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    for (const int features : {700, 5000, 16000})
+        printLarge(features);
+    printGap(5);
+    return 0;
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+// A short list of things to do with the window, for pictures and trials. Steps are divided by ";"
+// or line breaks, "#" begins a comment to the end of the line:
+//
+//   tab=INDEX or TEXT      show the tab
+//   select=NAME            press the row of that name (display name) in a visible list
+//   expand=NAME            open the branch; "*" opens all
+//   collapse=NAME          close the branch; "*" closes all
+//   set=NAME:VALUE         enter a value into the editor of the row
+//   menu=NAME              open the context menu of the row
+//   press=NAME             click the button or menu line with that object name or text
+//   search=TEXT            type into the search field
+//   type=TEXT              type into what has the focus
+//   key=KEY                press a key there, named as in "Return" or "Ctrl+A"
+//   scroll=NAME            bring the row into sight; "top" and "bottom" scroll the lists
+//   size=WxH               resize the window
+//   wait=MS                wait
+//   settle                 wait until nothing new is read
+//   picture=FILE           save a picture of the window
+struct StepScript
+{
+    struct Step
+    {
+        QString verb;
+        QString argument;
+    };
+    std::vector<Step> steps;
+
+    // Nothing, and an English sentence in *error, when a step is not understood.
+    static std::optional<StepScript> parse(const QString& text, QString* error);
+};

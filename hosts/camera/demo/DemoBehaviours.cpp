@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "demo/DemoBehaviours.h"
+
+namespace DemoBehaviours {
+
+void install(DemoContext& demo)
+{
+    constexpr void (*kAll[])(DemoContext&) = {
+        time,   acquisition, trigger,  autoFunctions, imageFormat,  colour,
+        inputs, sequencer,   userSets, files,         slowCommands,
+    };
+    for (auto* behaviour : kAll)
+        behaviour(demo);
+}
+
+} // namespace DemoBehaviours

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: Apache-2.0
+// Keyboard and focus in ORXFeatureTreeView.
+#include "model/ORXPropertyTreeModel.h"
+#include "tree/ORXFeatureTreeView.h"
+#include "tree/ORXPropertyTreeDelegate.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace {
+
+bool isTwoBoxes(const QModelIndex& cell)
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(cell);
+    return item && (item->tag() == FeatureTag::Watermark || item->tag() == FeatureTag::Event);
+}
+
+} // namespace
+
+// The cell whose editor is, or holds, the widget.
+QModelIndex ORXFeatureTreeView::cellOfEditor(const QWidget* widget) const
+{
+    while (widget && widget->parentWidget() != viewport())
+        widget = widget->parentWidget();
+    if (!widget)
+        return {};
+    for (ORXPropertyTreeItem* item : m_openEditors) {
+        for (int column = 0; column < 2; ++column) {
+            if (editorOf(item, column) == widget)
+                return m_pModel->indexFromItem(item, column);
+        }
+    }
+    return {};
+}
+
+// The tab order of the editors in sight is the order of their rows, whenever they were made.
+void ORXFeatureTreeView::orderEditors()
+{
+    QWidget* before = this;
+    for (ORXPropertyTreeItem* item : qAsConst(m_inSight)) {
+        for (int column = 0; column < 2; ++column) {
+            if (QWidget* editor = editorOf(item, column)) {
+                setTabOrder(before, editor);
+                before = editor;
+            }
+        }
+    }
+}
+
+QModelIndex ORXFeatureTreeView::firstCell(const QModelIndex& row) const
+{
+    return row.siblingAtColumn(isTwoBoxes(row) ? 0 : 1);
+}
+
+QModelIndex ORXFeatureTreeView::nextCell(const QModelIndex& cell, bool next) const
+{
+    if (next)
+        return cell.column() == 0 ? cell.siblingAtColumn(1)
+                                  : firstCell(indexBelow(cell.siblingAtColumn(0)));
+    if (cell.column() == 1 && isTwoBoxes(cell))
+        return cell.siblingAtColumn(0);
+    return indexAbove(cell.siblingAtColumn(0)).siblingAtColumn(1);
+}
+
+// Brings the cell into sight and gives its editor the focus; false when it has none to take it.
+bool ORXFeatureTreeView::focusCell(const QModelIndex& cell, Qt::FocusReason reason)
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(cell);
+    if (!item || !m_pDelegate->isUsable(*item))
+        return false;
+    scrollTo(cell);
+    syncEditors();
+    QWidget* editor = indexWidget(cell);
+    if (!editor || !editor->isEnabled() || !(editor->focusPolicy() & Qt::TabFocus))
+        return false;
+    editor->setFocus(reason);
+    return true;
+}
+
+bool ORXFeatureTreeView::focusNextPrevChild(bool next)
+{
+    const QWidget* focus = QApplication::focusWidget();
+    QModelIndex cell;
+    if (focus == this && next) {
+        cell = firstCell(currentIndex().isValid() ? currentIndex() : indexAt(QPoint(0, 0)));
+    } else {
+        cell = cellOfEditor(focus);
+        // Inside an editor of several widgets the order is its own.
+        if (cell.isValid() && indexWidget(cell) != focus)
+            cell = QModelIndex();
+        if (cell.isValid())
+            cell = nextCell(cell, next);
+    }
+    for (; cell.isValid(); cell = nextCell(cell, next)) {
+        if (focusCell(cell, next ? Qt::TabFocusReason : Qt::BacktabFocusReason))
+            return true;
+    }
+    return QTreeView::focusNextPrevChild(next);
+}
+
+// The row of the focused editor is the current one, so that its description is shown.
+void ORXFeatureTreeView::onFocusChanged(QWidget*, QWidget* now)
+{
+    const QModelIndex cell = cellOfEditor(now);
+    if (!cell.isValid() || cell.siblingAtColumn(0) == currentIndex().siblingAtColumn(0))
+        return;
+    // The focus may come with a mouse press: the row must not move from under the pointer.
+    const bool scrolls = hasAutoScroll();
+    setAutoScroll(false);
+    // A current name cell leaves the focus where it is, unless it has an editor of its own.
+    selectionModel()->setCurrentIndex(isTwoBoxes(cell) ? cell : cell.siblingAtColumn(0),
+                                      QItemSelectionModel::ClearAndSelect
+                                          | QItemSelectionModel::Rows);
+    setAutoScroll(scrolls);
+}
+
+// Rows are walked in the name column: a current value cell would give the focus to its editor.
+QModelIndex ORXFeatureTreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    return QTreeView::moveCursor(action, modifiers).siblingAtColumn(0);
+}
+
+void ORXFeatureTreeView::keyPressEvent(QKeyEvent* event)
+{
+    // Keys that an editor left over are not for the rows, but for the way back to them.
+    if (!hasFocus()) {
+        event->setAccepted(event->key() == Qt::Key_Escape);
+        if (event->isAccepted())
+            setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    const bool wantsEditor = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter
+                             || event->key() == Qt::Key_F2;
+    const QModelIndex row = currentIndex();
+    if (wantsEditor
+        && (focusCell(firstCell(row), Qt::TabFocusReason)
+            || focusCell(row.siblingAtColumn(1), Qt::TabFocusReason)))
+        event->accept();
+    else
+        QTreeView::keyPressEvent(event);
+}

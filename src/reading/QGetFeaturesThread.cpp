@@ -5,6 +5,7 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "reading/IFeatureReadingOwner.h"
+#include "reading/ThreadAnnotations.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -141,6 +142,7 @@ void QGetFeaturesThread::startPass()
     // before that end would be lost.
     if (isRunning())
         wait();
+    OBFT_HAPPENS_AFTER(this);
     start(QThread::InheritPriority);
 }
 
@@ -163,6 +165,7 @@ void QGetFeaturesThread::StopThread(bool stop, bool setStopFlag)
         qInfo("%s", "Reading thread: waiting for a call of the host to return");
         wait();
     }
+    OBFT_HAPPENS_AFTER(this);
 }
 
 _FEATURES_UPDATE_TYPE_ QGetFeaturesThread::FeaturesUpdateType() const
@@ -221,6 +224,7 @@ void QGetFeaturesThread::run()
         more = takePass(pass);
         emit sigThreadEnd();
     }
+    OBFT_HAPPENS_BEFORE(this);
 }
 
 void QGetFeaturesThread::execute(const Pass& pass)

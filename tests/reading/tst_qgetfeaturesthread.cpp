@@ -10,7 +10,6 @@
 
 #include <QMutex>
 #include <QSemaphore>
-#include <QSignalSpy>
 
 #include <thread>
 
@@ -78,13 +77,14 @@ private:
         m_holding = false;
         m_gate.release(1000);
     }
-    int passesEnded() const { return m_ended->count(); }
+    int passesEnded() const { return m_ended; }
 
     std::unique_ptr<LoadedDescription> m_description;
     std::unique_ptr<FakeHost> m_host;
     Owner m_owner;
     std::unique_ptr<QGetFeaturesThread> m_thread;
-    std::unique_ptr<QSignalSpy> m_ended;
+    // Counted on the worker itself: a QSignalSpy would be written there and read here.
+    std::atomic<int> m_ended{0};
     std::atomic<bool> m_holding{false};
     QSemaphore m_gate;
     QSemaphore m_reached;
@@ -105,7 +105,10 @@ void TestQGetFeaturesThread::prepare()
     OBDeviceControl::SetUserLevel(1);
     m_owner.polled = 0;
     m_thread = std::make_unique<QGetFeaturesThread>(&m_owner, nullptr);
-    m_ended = std::make_unique<QSignalSpy>(m_thread.get(), &QGetFeaturesThread::sigThreadEnd);
+    m_ended = 0;
+    connect(
+        m_thread.get(), &QGetFeaturesThread::sigThreadEnd, this, [this] { ++m_ended; },
+        Qt::DirectConnection);
     arm();
 }
 

@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# Makes the pictures of docs/images anew, by driving camera-host off screen.
+# Usage: screenshots.sh [path of camera-host]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+host="${1:-build/dev/bin/camera-host}"
+[ -x "$host" ] || { echo "screenshots: no $host; build it first" >&2; exit 1; }
+export QT_QPA_PLATFORM=offscreen
+mkdir -p docs/images
+picture() { # NAME LANGUAGE STEPS
+    "$host" --size 1000x760 --language "$2" --do "$3; wait=400; picture=docs/images/$1.png" >/dev/null 2>&1
+}
+picture window-en en "select=Acquisition Control; wait=400; select=Exposure Time"
+picture window-zh zh "select=采集控制; wait=400; select=曝光时间"
+picture search-en en "search=exposure"
+picture search-zh zh "search=曝光"

@@ -15,12 +15,14 @@ void CallCounter::begin(Kind kind, const std::string& name)
         m_names.insert(name);
 }
 
-void CallCounter::end(Kind /*kind*/, const std::string& /*name*/, int result)
+void CallCounter::end(Kind kind, const std::string& name, int result)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     --m_running;
-    if (result != 0)
-        ++m_errors;
+    if (result == 0)
+        return;
+    ++m_errors;
+    m_refusals[{name, kind}] = result;
 }
 
 void CallCounter::noteWrite(int type, const std::string& name, const std::string& text, int result)
@@ -49,6 +51,15 @@ long CallCounter::errors() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_errors;
+}
+
+std::vector<CallCounter::Refusal> CallCounter::refusals() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<Refusal> result;
+    for (const auto& [question, code] : m_refusals)
+        result.push_back({question.second, question.first, code});
+    return result;
 }
 
 long CallCounter::countOnThread(std::thread::id thread) const
@@ -85,6 +96,7 @@ void CallCounter::clear()
     m_counts.clear();
     m_threads.clear();
     m_writes.clear();
+    m_refusals.clear();
     m_names.clear();
     m_errors = 0;
 }

@@ -26,6 +26,14 @@ public:
         int result;
     };
 
+    // A question that was answered with an error, and the last code.
+    struct Refusal
+    {
+        Kind kind;
+        std::string name;
+        int code;
+    };
+
     // Brackets one call: begin() when it arrives, end() with its result when it is answered.
     void begin(Kind kind, const std::string& name);
     void end(Kind kind, const std::string& name, int result);
@@ -34,6 +42,8 @@ public:
     long count(Kind kind) const;
     long count(Kind kind, const std::string& name) const;
     long errors() const;
+    // Each question once, by name.
+    std::vector<Refusal> refusals() const;
     // Calls that arrived on a given thread, of one kind or of all.
     long countOnThread(std::thread::id thread) const;
     long countOnThread(std::thread::id thread, Kind kind) const;
@@ -55,6 +65,7 @@ private:
     std::map<std::pair<Kind, std::string>, long> m_counts;
     std::map<std::pair<std::thread::id, Kind>, long> m_threads;
     std::vector<WriteCall> m_writes;
+    std::map<std::pair<std::string, Kind>, int> m_refusals;
     std::set<std::string> m_names;
     Clock::time_point m_lastNews;
     long m_errors = 0;

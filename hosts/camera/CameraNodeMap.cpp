@@ -9,6 +9,7 @@
 
 #include <arv.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -95,13 +96,39 @@ int CameraNodeMap::setInteger(const std::string& name, std::int64_t value)
         return code;
     GErrorHolder error;
     if (ARV_IS_GC_ENUMERATION(found))
-        arv_gc_enumeration_set_int_value(ARV_GC_ENUMERATION(found), value, error.out());
+        return setEnumeration(name, value);
     else if (ARV_IS_GC_INTEGER(found))
         arv_gc_integer_set_value(ARV_GC_INTEGER(found), value, error.out());
     else if (ARV_IS_GC_BOOLEAN(found))
         arv_gc_boolean_set_value(ARV_GC_BOOLEAN(found), value != 0, error.out());
     else
         return CameraError::WrongType;
+    return cameraErrorOf(error.get());
+}
+
+// Not by the node-map library: it would read the deciding nodes of every entry without looking at
+// what they lead to, and the caller has looked at the one that counts.
+int CameraNodeMap::setEnumeration(const std::string& name, std::int64_t value)
+{
+    const DescriptionNode* described = m_nodes.find(name);
+    const bool known = std::any_of(described->entries.begin(), described->entries.end(),
+                                   [value](const auto& entry) { return entry.value == value; });
+    if (!known)
+        return CameraError::OutOfRange;
+    if (!described->pValue.empty())
+        return setInteger(described->pValue, value);
+    // The node itself holds the value: only the library can change it.
+    for (const DescriptionEntry& entry : described->entries) {
+        for (const std::string* decider :
+             {&entry.pIsImplemented, &entry.pIsAvailable, &entry.pIsLocked}) {
+            if (!decider->empty() && (m_nodes.has(*decider, DescriptionNodes::Faulty) ||
+                                      m_nodes.has(*decider, DescriptionNodes::OpenLength)))
+                return CameraError::BrokenDescription;
+        }
+    }
+    GErrorHolder error;
+    arv_gc_enumeration_set_int_value(ARV_GC_ENUMERATION(arv_gc_get_node(m_map, name.c_str())),
+                                     value, error.out());
     return cameraErrorOf(error.get());
 }
 
@@ -140,7 +167,7 @@ int CameraNodeMap::getString(const std::string& name, std::string* value)
     ArvGcNode* found = node(name, &code);
     if (!found)
         return code;
-    if (!ARV_IS_GC_STRING(found))
+    if (!ARV_IS_GC_STRING(found) || ARV_IS_GC_ENUMERATION(found))
         return CameraError::WrongType;
     GErrorHolder error;
     const char* text = arv_gc_string_get_value(ARV_GC_STRING(found), error.out());
@@ -155,7 +182,7 @@ int CameraNodeMap::setString(const std::string& name, const std::string& value)
     ArvGcNode* found = node(name, &code);
     if (!found)
         return code;
-    if (!ARV_IS_GC_STRING(found))
+    if (!ARV_IS_GC_STRING(found) || ARV_IS_GC_ENUMERATION(found))
         return CameraError::WrongType;
     GErrorHolder error;
     arv_gc_string_set_value(ARV_GC_STRING(found), value.c_str(), error.out());

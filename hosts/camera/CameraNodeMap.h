@@ -67,6 +67,7 @@ private:
     int writeString(const std::string& name, const std::string& text);
     int writeEnumeration(const std::string& name, const std::string& text);
     int execute(const std::string& name, const std::string& text);
+    int setEnumeration(const std::string& name, std::int64_t value);
     int decides(const std::string& name, bool whenAbsent, bool* result);
 
     ArvGc* m_map;                    // Not owned.

@@ -243,8 +243,6 @@ int CameraNodeMap::writeFloat(const std::string& name, const std::string& text)
 
 int CameraNodeMap::writeString(const std::string& name, const std::string& text)
 {
-    if (m_nodes.find(name)->tag == "Enumeration")
-        return CameraError::WrongType;
     return setString(name, text);
 }
 

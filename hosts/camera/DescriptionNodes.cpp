@@ -36,10 +36,14 @@ DescriptionNodes::DescriptionNodes(const std::string& xml)
     m_nodes = std::move(reader.nodes());
     for (std::size_t i = 0; i < m_nodes.size(); ++i) {
         const auto [known, inserted] = m_positions.emplace(m_nodes[i].name, i);
-        if (!inserted) {
-            std::vector<std::string>& all = m_nodes[known->second].references;
-            all.insert(all.end(), m_nodes[i].references.begin(), m_nodes[i].references.end());
-        }
+        if (inserted)
+            continue;
+        // Which one the node-map library takes is its own affair, so all must be sound: a bad one
+        // refers to nothing.
+        std::vector<std::string>& all = m_nodes[known->second].references;
+        all.insert(all.end(), m_nodes[i].references.begin(), m_nodes[i].references.end());
+        if (hasBadLength(m_nodes[i]))
+            all.emplace_back();
     }
     findTraits();
     findFaultyLimits();

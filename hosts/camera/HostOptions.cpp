@@ -95,8 +95,9 @@ HostOptions::Outcome HostOptions::parse(const QStringList& arguments, HostOption
         QStringLiteral("timeout"),
         QStringLiteral("Longest time to wait for the first read, in seconds."),
         QStringLiteral("seconds"), QStringLiteral("60"));
-    const QCommandLineOption verbose(QStringLiteral("verbose"),
-                                     QStringLiteral("Show all log lines."));
+    const QCommandLineOption verbose(
+        QStringLiteral("verbose"),
+        QStringLiteral("Show all log lines and all errors of the camera."));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QLatin1String(kExplanation));

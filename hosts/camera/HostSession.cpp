@@ -189,4 +189,11 @@ void HostSession::report() const
             .arg(calls.count(CallCounter::Write))
             .arg(calls.errors()));
     say(QStringLiteral("first read: %1 ms").arg(m_firstReadMs));
+    if (!m_options.verbose)
+        return;
+    for (const CallCounter::Refusal& refusal : calls.refusals())
+        say(QStringLiteral("error: %1: %2 (%3)")
+                .arg(QString::fromStdString(refusal.name),
+                     QLatin1String(CameraError::text(refusal.code)),
+                     QString::number(static_cast<unsigned>(refusal.code), 16)));
 }

@@ -31,7 +31,8 @@ void StartValues::apply()
     bool described = false;
     for (const DescriptionNode& node : m_nodes.all()) {
         described = described || !node.startValues.empty();
-        pokeDescribed(node);
+        if (!m_nodes.has(node.name, DescriptionNodes::Faulty))
+            pokeDescribed(node);
     }
     if (described)
         return;

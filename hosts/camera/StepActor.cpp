@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QHash>
@@ -18,23 +19,29 @@
 #include <QTabBar>
 #include <QTreeView>
 
+#include <algorithm>
+#include <tuple>
+
 namespace {
 
-// Visible widgets of a kind, those of the active dialog first.
+// Visible widgets of a kind from left to right and from top to bottom, those of the active dialog
+// first.
 template <typename Widget>
 QList<Widget*> visibleWidgets()
 {
     QList<Widget*> result;
-    const QWidget* modal = QApplication::activeModalWidget();
     for (QWidget* widget : QApplication::allWidgets()) {
         auto* candidate = qobject_cast<Widget*>(widget);
-        if (!candidate || !candidate->isVisible())
-            continue;
-        if (modal && modal->isAncestorOf(candidate))
-            result.prepend(candidate);
-        else
+        if (candidate && candidate->isVisible())
             result.append(candidate);
     }
+    const QWidget* modal = QApplication::activeModalWidget();
+    const auto place = [modal](const QWidget* widget) {
+        const QPoint at = widget->mapToGlobal(QPoint(0, 0));
+        return std::make_tuple(!(modal && modal->isAncestorOf(widget)), at.x(), at.y());
+    };
+    std::stable_sort(result.begin(), result.end(),
+                     [&place](const QWidget* a, const QWidget* b) { return place(a) < place(b); });
     return result;
 }
 
@@ -146,6 +153,7 @@ QString StepActor::act(const StepScript::Step& step)
         {QStringLiteral("expand"), &StepActor::expandRow},
         {QStringLiteral("collapse"), &StepActor::collapseRow},
         {QStringLiteral("set"), &StepActor::setValue},
+        {QStringLiteral("choose"), &StepActor::choose},
         {QStringLiteral("menu"), &StepActor::openMenu},
         {QStringLiteral("press"), &StepActor::press},
         {QStringLiteral("search"), &StepActor::search},
@@ -189,7 +197,21 @@ QString StepActor::showTab(const QString& argument)
             return QString();
         }
     }
-    return isNumber ? notThere(argument) : press(argument);
+    if (!isNumber)
+        return press(argument);
+    // Tabs may be buttons of which one is down.
+    for (const QAbstractButton* button : visibleWidgets<QAbstractButton>()) {
+        if (!button->isCheckable() || !button->group() || !button->group()->exclusive())
+            continue;
+        const QList<QAbstractButton*> tabs = button->group()->buttons();
+        if (number < 0 || number >= tabs.size())
+            continue;
+        if (!tabs.at(number)->isEnabled())
+            return QStringLiteral("the tab is disabled");
+        tabs.at(number)->click();
+        return QString();
+    }
+    return notThere(argument);
 }
 
 QString StepActor::selectRow(const QString& argument)
@@ -245,6 +267,16 @@ QString StepActor::setValue(const QString& argument)
     if (!editor || !editor->isEnabled())
         return QStringLiteral("\"%1\" has no editor that is open").arg(name);
     return enter(editor, argument.section(QLatin1Char(':'), 1));
+}
+
+QString StepActor::choose(const QString& argument)
+{
+    const QString name = argument.section(QLatin1Char(':'), 0, 0);
+    for (QComboBox* box : visibleWidgets<QComboBox>()) {
+        if (box->objectName() == name)
+            return enter(box, argument.section(QLatin1Char(':'), 1));
+    }
+    return notThere(name);
 }
 
 QString StepActor::openMenu(const QString& argument)

@@ -31,6 +31,7 @@ private:
     QString expandRow(const QString& argument);
     QString collapseRow(const QString& argument);
     QString setValue(const QString& argument);
+    QString choose(const QString& argument);
     QString openMenu(const QString& argument);
     QString press(const QString& argument);
     QString search(const QString& argument);

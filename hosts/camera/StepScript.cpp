@@ -12,14 +12,14 @@ enum Argument { None, Some, Milliseconds, Size, Assignment };
 const QHash<QString, Argument>& verbs()
 {
     static const QHash<QString, Argument> table{
-        {QStringLiteral("tab"), Some},       {QStringLiteral("select"), Some},
-        {QStringLiteral("expand"), Some},    {QStringLiteral("collapse"), Some},
-        {QStringLiteral("set"), Assignment}, {QStringLiteral("menu"), Some},
-        {QStringLiteral("press"), Some},     {QStringLiteral("search"), Some},
-        {QStringLiteral("type"), Some},      {QStringLiteral("key"), Some},
-        {QStringLiteral("scroll"), Some},    {QStringLiteral("size"), Size},
-        {QStringLiteral("settle"), None},    {QStringLiteral("wait"), Milliseconds},
-        {QStringLiteral("picture"), Some},
+        {QStringLiteral("tab"), Some},          {QStringLiteral("select"), Some},
+        {QStringLiteral("expand"), Some},       {QStringLiteral("collapse"), Some},
+        {QStringLiteral("set"), Assignment},    {QStringLiteral("menu"), Some},
+        {QStringLiteral("press"), Some},        {QStringLiteral("search"), Some},
+        {QStringLiteral("type"), Some},         {QStringLiteral("key"), Some},
+        {QStringLiteral("scroll"), Some},       {QStringLiteral("size"), Size},
+        {QStringLiteral("choose"), Assignment}, {QStringLiteral("settle"), None},
+        {QStringLiteral("wait"), Milliseconds}, {QStringLiteral("picture"), Some},
     };
     return table;
 }

@@ -14,6 +14,7 @@
 //   expand=NAME            open the branch; "*" opens all
 //   collapse=NAME          close the branch; "*" closes all
 //   set=NAME:VALUE         enter a value into the editor of the row
+//   choose=NAME:ENTRY      choose an entry of the box with that object name
 //   menu=NAME              open the context menu of the row
 //   press=NAME             click the button or menu line with that object name or text
 //   search=TEXT            type into the search field

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "main/CFeatureGroupDelegate.h"
 
+#include "main/CFeatureGroupModel.h"
 #include "styledctl/ZELCustom.h"
 
 #include <QPainter>
@@ -14,6 +15,10 @@ constexpr int kGroupLeft = 22;
 constexpr int kArrowSpace = 18;
 constexpr int kBarWidth = 3;
 constexpr int kFontSize = 13;
+constexpr int kRightMargin = 6;
+constexpr int kHitsFontSize = 11;
+constexpr int kHitsHeight = 18;
+constexpr int kHitsPadding = 7;
 
 QColor colour(const char* key)
 {
@@ -33,6 +38,23 @@ void paintArrow(QPainter* painter, const QRect& rect, bool open)
               << centre + QPointF(-kHalf / 2, kHalf);
     painter->setPen(QPen(colour("ORXPropertyTreeModelColor_Foreground"), 1.5));
     painter->drawPolyline(arrow);
+}
+
+// Paints the number of hits in a rounded mark that ends at `right`; returns the mark's left edge.
+int paintHits(QPainter* painter, const QRect& row, int right, int hits)
+{
+    painter->setFont(ZELCustom::font(kHitsFontSize, QFont::DemiBold));
+    const QString text = QString::number(hits);
+    const int width =
+        qMax(kHitsHeight, painter->fontMetrics().horizontalAdvance(text) + 2 * kHitsPadding);
+    QRect mark(right - width, 0, width, kHitsHeight);
+    mark.moveTop(row.center().y() - kHitsHeight / 2);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(colour("StyledCtlColor_Accent"));
+    painter->drawRoundedRect(mark, kHitsHeight / 2.0, kHitsHeight / 2.0);
+    painter->setPen(colour("StyledCtlColor_OnAccent"));
+    painter->drawText(mark, Qt::AlignCenter, text);
+    return mark.left();
 }
 
 } // namespace
@@ -59,12 +81,19 @@ void CFeatureGroupDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
         painter->fillRect(QRect(row.left(), row.top(), kBarWidth, row.height()),
                           colour("CommonColor_PushButton_Bottom_Border"));
 
+    const auto* model = qobject_cast<const CFeatureGroupModel*>(index.model());
+    const bool searching = model && model->isSearching();
+    const int hits = searching ? model->hitCount(index) : 0;
+    QRect text =
+        row.adjusted(page ? kPageLeft : kGroupLeft, 0, page ? -kArrowSpace : -kRightMargin, 0);
+    if (hits > 0)
+        text.setRight(paintHits(painter, row, text.right(), hits) - kRightMargin);
     painter->setFont(ZELCustom::font(kFontSize, page ? QFont::DemiBold : QFont::Normal));
-    painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-    const QRect text = row.adjusted(page ? kPageLeft : kGroupLeft, 0, page ? -kArrowSpace : -6, 0);
-    painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
-                      painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight,
-                                                        text.width()));
+    painter->setPen(searching && hits == 0 ? colour("ORXPropertyTreeModelColor_Foreground")
+                                           : index.data(Qt::ForegroundRole).value<QColor>());
+    painter->drawText(
+        text, Qt::AlignLeft | Qt::AlignVCenter,
+        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, text.width()));
     if (page)
         paintArrow(painter, row, option.state & QStyle::State_Open);
     painter->restore();

@@ -58,6 +58,36 @@ void CFeatureGroupModel::refreshTexts()
     }
 }
 
+void CFeatureGroupModel::setSearching(bool searching)
+{
+    m_bSearching = searching;
+    m_hits.clear();
+}
+
+void CFeatureGroupModel::forgetHits()
+{
+    m_hits.clear();
+}
+
+int CFeatureGroupModel::hitCount(const QModelIndex& index) const
+{
+    const ORXPropertyTreeItem* item = itemFromIndex(index);
+    if (!m_bSearching || !item)
+        return 0;
+    auto found = m_hits.find(item);
+    if (found == m_hits.end())
+        found = m_hits.insert(item, item->searchChildCount());
+    return *found;
+}
+
+int CFeatureGroupModel::hitCount() const
+{
+    int hits = 0;
+    for (int row = 0; row < m_pages.size(); ++row)
+        hits += hitCount(pageIndex(row));
+    return hits;
+}
+
 QModelIndex CFeatureGroupModel::index(int row, int column, const QModelIndex& parent) const
 {
     if (row < 0 || column != 0)
@@ -91,7 +121,10 @@ int CFeatureGroupModel::rowCount(const QModelIndex& parent) const
     return parent.column() == 0 && rowOfRoot(item) >= 0 ? item->childCount() : 0;
 }
 
-int CFeatureGroupModel::columnCount(const QModelIndex&) const { return 1; }
+int CFeatureGroupModel::columnCount(const QModelIndex&) const
+{
+    return 1;
+}
 
 QVariant CFeatureGroupModel::data(const QModelIndex& index, int role) const
 {
@@ -113,4 +146,7 @@ QVariant CFeatureGroupModel::data(const QModelIndex& index, int role) const
     }
 }
 
-bool CFeatureGroupModel::setData(const QModelIndex&, const QVariant&, int) { return false; }
+bool CFeatureGroupModel::setData(const QModelIndex&, const QVariant&, int)
+{
+    return false;
+}

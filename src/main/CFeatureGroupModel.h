@@ -4,12 +4,13 @@
 #include "model/ORXPropertyTreeItem.h"
 
 #include <QAbstractItemModel>
+#include <QHash>
 #include <QVector>
 
 // One page of the side column: its root and the tab it stands for.
 struct FeaturePage
 {
-    ORXPropertyTreeItem* root;             // Not owned.
+    ORXPropertyTreeItem* root;            // Not owned.
     ORXPropertyTreeItem::ParentType type; // also the tab's index
 };
 
@@ -29,6 +30,14 @@ public:
     int pageRowOf(const QModelIndex& index) const;
     // The texts have changed with the language.
     void refreshTexts();
+    // While a search is on, pages and groups have a number of hits.
+    void setSearching(bool searching);
+    bool isSearching() const { return m_bSearching; }
+    // Hits of the search below a page or group, 0 without a search.
+    int hitCount(const QModelIndex& index) const;
+    int hitCount() const; // of all pages
+    // The hits have changed with the visibility of items.
+    void forgetHits();
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& index) const override;
@@ -41,4 +50,6 @@ private:
     int rowOfRoot(const ORXPropertyTreeItem* item) const;
 
     QVector<FeaturePage> m_pages;
+    bool m_bSearching = false;
+    mutable QHash<const ORXPropertyTreeItem*, int> m_hits; // counted so far
 };

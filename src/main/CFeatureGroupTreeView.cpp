@@ -2,9 +2,12 @@
 #include "main/CFeatureGroupTreeView.h"
 
 #include "main/CFeatureGroupDelegate.h"
+#include "model/ItemSearch.h"
 #include "styledctl/ZELCustom.h"
 
 #include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QThread>
 
 namespace {
 
@@ -33,8 +36,8 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     setIndentation(0);
     setExpandsOnDoubleClick(false);
     setMouseTracking(true);
-    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tree)
-                  + ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
+    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tree) +
+                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
     setContextMenuPolicy(Qt::CustomContextMenu);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -110,8 +113,10 @@ void CFeatureGroupTreeView::ResetRootVisible(ORXPropertyTreeItem* root, int row)
 
 void CFeatureGroupTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool)
 {
-    if (cameraId == m_lCameraID)
-        emit SigChildVisibleChanged(item);
+    // The flag belongs to the GUI thread; a reading thread always tells.
+    if (cameraId != m_lCameraID || (QThread::currentThread() == thread() && m_bSearchNotifies))
+        return;
+    emit SigChildVisibleChanged(item);
 }
 
 void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
@@ -119,6 +124,10 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
     // The signal may have been queued before the item was destroyed.
     if (!ORXPropertyTreeItem::isAlive(item))
         return;
+    if (m_pModel->isSearching()) {
+        m_pModel->forgetHits();
+        viewport()->update();
+    }
     for (int row = 0; row < m_pages.size(); ++row) {
         const FeaturePage& page = m_pages.at(row);
         ORXPropertyTreeItem* group = item;
@@ -147,6 +156,8 @@ void CFeatureGroupTreeView::OnChangedIndex(const QModelIndex& index)
     if (!index.isValid() || m_bChanging)
         return;
     m_bChanging = true;
+    if (!m_bSearchTurns)
+        m_beforeSearch.valid = false;
     const int pageRow = m_pModel->pageRowOf(index);
     const QModelIndex page = m_pModel->pageIndex(pageRow);
     QModelIndex current = index;
@@ -205,8 +216,8 @@ void CFeatureGroupTreeView::showTab(int tabIndex)
 void CFeatureGroupTreeView::leaveEmptyFavorites()
 {
     const ORXPropertyTreeItem* shown = CFeatureGroupModel::itemFromIndex(currentIndex());
-    if (!shown || shown->itemType() != ORXPropertyTreeItem::FavoritesGroup
-        || shown->childCount() > 0)
+    if (!shown || shown->itemType() != ORXPropertyTreeItem::FavoritesGroup ||
+        shown->childCount() > 0)
         return;
     const QModelIndex page = currentIndex().parent();
     for (int row = 0; row < m_pModel->rowCount(page); ++row) {
@@ -218,16 +229,94 @@ void CFeatureGroupTreeView::leaveEmptyFavorites()
     }
 }
 
+// Search ------------------------------------------------------------------------------------------
+
 void CFeatureGroupTreeView::SetSearchText(const QString& text)
 {
-    const std::function<void(ORXPropertyTreeItem*)> search = [&](ORXPropertyTreeItem* item) {
-        const QVector<ORXPropertyTreeItem*> children = item->children();
-        for (ORXPropertyTreeItem* child : children)
-            search(child);
-        item->setSearchText(text, m_lCameraID);
-    };
+    const bool search = !text.trimmed().isEmpty();
+    if (search && !m_pModel->isSearching())
+        m_beforeSearch = {true, m_pModel->pageRowOf(currentIndex()), m_selectedGroups};
+    QVector<ORXPropertyTreeItem*> roots;
     for (const FeaturePage& page : qAsConst(m_pages))
-        search(page.root);
+        roots.append(page.root);
+    {
+        const QScopedValueRollback<bool> guard(m_bSearchNotifies, true);
+        ItemSearch::apply(roots, text, m_lCameraID);
+    }
+    m_pModel->setSearching(search);
+    const QScopedValueRollback<bool> guard(m_bSearchTurns, true);
+    if (!search)
+        leaveSearch();
+    else if (currentHits() == 0)
+        showNextHitGroup();
+    viewport()->update();
+}
+
+int CFeatureGroupTreeView::currentHits() const
+{
+    return m_pModel->hitCount(currentIndex());
+}
+
+int CFeatureGroupTreeView::allHits() const
+{
+    return m_pModel->hitCount();
+}
+
+bool CFeatureGroupTreeView::hasHits(int pageRow, int groupRow) const
+{
+    const QModelIndex page = m_pModel->pageIndex(pageRow);
+    return !isRowHidden(pageRow, QModelIndex()) && !isRowHidden(groupRow, page) &&
+           m_pModel->hitCount(m_pModel->index(groupRow, 0, page)) > 0;
+}
+
+bool CFeatureGroupTreeView::showNextHitGroup()
+{
+    const QModelIndex current = currentIndex();
+    const int pages = m_pages.size();
+    if (!m_pModel->isSearching() || !current.isValid() || pages == 0)
+        return false;
+    const int currentPage = m_pModel->pageRowOf(current);
+    const int currentGroup = current.parent().isValid() ? current.row() : -1;
+    // Round through all groups, starting behind the current one and ending before it.
+    for (int step = 0; step <= pages; ++step) {
+        const int page = (currentPage + step) % pages;
+        const int groups = m_pModel->rowCount(m_pModel->pageIndex(page));
+        const int first = step == 0 ? currentGroup + 1 : 0;
+        const int end = step == pages ? qMax(currentGroup, 0) : groups;
+        for (int group = first; group < end; ++group) {
+            if (!hasHits(page, group))
+                continue;
+            turnTo(m_pModel->index(group, 0, m_pModel->pageIndex(page)));
+            return true;
+        }
+    }
+    return false;
+}
+
+void CFeatureGroupTreeView::turnTo(const QModelIndex& index)
+{
+    m_selectedGroups.insert(index.parent().row(), index.row());
+    // Opening a page shows its selected group.
+    if (!isExpanded(index.parent()))
+        expand(index.parent());
+    OnChangedIndex(index);
+    scrollTo(index);
+}
+
+void CFeatureGroupTreeView::leaveSearch()
+{
+    if (!m_beforeSearch.valid)
+        return;
+    m_beforeSearch.valid = false;
+    const int page = m_beforeSearch.pageRow;
+    if (m_selectedGroups == m_beforeSearch.selectedGroups &&
+        page == m_pModel->pageRowOf(currentIndex()))
+        return;
+    m_selectedGroups = m_beforeSearch.selectedGroups;
+    const QModelIndex group =
+        m_pModel->index(m_selectedGroups.value(page), 0, m_pModel->pageIndex(page));
+    if (group.isValid())
+        turnTo(group);
 }
 
 void CFeatureGroupTreeView::retranslate()

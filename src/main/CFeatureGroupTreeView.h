@@ -22,7 +22,15 @@ public:
                           QWidget* parent);
     ~CFeatureGroupTreeView() override;
 
+    // Empty text ends the search. A page or group that the search itself has turned to, because the
+    // shown one had no hit, is left again at its end.
     void SetSearchText(const QString& text);
+    // Turns to the next group with hits, first of this page, then of the others; false when there
+    // is none but the current one.
+    bool showNextHitGroup();
+    // Hits of the search in the shown group and in all pages.
+    int currentHits() const;
+    int allHits() const;
     void SetItemGroupVisible(ORXPropertyTreeItem* item, bool visible);
     // Hides the page's row when none of its groups shows.
     void ResetRootVisible(ORXPropertyTreeItem* root, int row);
@@ -49,7 +57,18 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    // What a search may have to go back to.
+    struct Place
+    {
+        bool valid = false;
+        int pageRow = 0;
+        QMap<int, int> selectedGroups;
+    };
+
     void setUpRows();
+    bool hasHits(int pageRow, int groupRow) const;
+    void turnTo(const QModelIndex& index);
+    void leaveSearch();
     void setGroupShown(int pageRow, ORXPropertyTreeItem* group);
 
     QVector<FeaturePage> m_pages;
@@ -57,5 +76,8 @@ private:
     CFeatureGroupModel* m_pModel;       // Owned (child).
     CFeatureGroupDelegate* m_pDelegate; // Owned (child).
     QMap<int, int> m_selectedGroups;    // page row to the row of its last selected group
+    Place m_beforeSearch;
     bool m_bChanging = false;
+    bool m_bSearchTurns = false;    // the search turns to a group, not the user
+    bool m_bSearchNotifies = false; // items tell of a search, which changes no group's row
 };

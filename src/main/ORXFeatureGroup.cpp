@@ -2,9 +2,12 @@
 #include "main/ORXFeatureGroup.h"
 
 #include "main/CFeatureGroupTreeView.h"
+#include "styledctl/ZELCustom.h"
+#include "styledctl/ZELCustomLabel.h"
 #include "styledctl/ZELCustomLineEdit.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace {
@@ -13,6 +16,7 @@ constexpr int kSearchHeight = 32;
 constexpr int kMargin = 6;
 constexpr int kBottomMargin = 30;
 constexpr int kSpacing = 9;
+constexpr int kNoMatchFontSize = 13;
 
 } // namespace
 
@@ -20,19 +24,30 @@ ORXFeatureGroup::ORXFeatureGroup(const QList<ORXPropertyTreeItem*>& roots, qint6
                                  QWidget* parent)
     : ZELCustomWidget(parent)
     , m_pSearch(new ZELCustomLineEdit(this))
+    , m_pNoMatch(new ZELCustomLabel(this))
     , m_pView(new CFeatureGroupTreeView(roots, cameraId, this))
 {
     m_pSearch->setObjectName(QStringLiteral("FeatureSearch"));
     m_pSearch->setFixedHeight(kSearchHeight);
     m_pSearch->cSetSearchEnabled(true);
     m_pSearch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_pSearch->installEventFilter(this);
+    m_pNoMatch->setObjectName(QStringLiteral("FeatureSearchNoMatch"));
+    m_pNoMatch->setTextFormat(Qt::PlainText);
+    m_pNoMatch->setWordWrap(true);
+    m_pNoMatch->cSetFontSize(kNoMatchFontSize);
+    m_pNoMatch->cSetTextColor(
+        ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Warning")));
+    m_pNoMatch->setContentsMargins(kMargin, 0, kMargin, kSpacing);
+    m_pNoMatch->hide();
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kBottomMargin);
     layout->setSpacing(0);
     layout->addWidget(m_pSearch);
     layout->addSpacing(kSpacing);
-    layout->addWidget(m_pView);
+    layout->addWidget(m_pNoMatch);
+    layout->addWidget(m_pView, 1);
 
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     cSetBorderWidth(1);
@@ -40,15 +55,36 @@ ORXFeatureGroup::ORXFeatureGroup(const QList<ORXPropertyTreeItem*>& roots, qint6
     connect(m_pSearch, &QLineEdit::textChanged, this, &ORXFeatureGroup::OnSearch);
     connect(m_pSearch, &ZELCustomLineEdit::cSigSearchClicked, this, &ORXFeatureGroup::OnSearch);
     connect(m_pView, &CFeatureGroupTreeView::SigTabChanged, this, &ORXFeatureGroup::SigTabChanged);
+    retranslate();
 }
 
 void ORXFeatureGroup::OnSearch()
 {
     const QString text = m_pSearch->text().trimmed();
-    if (text == m_strLastSearch)
-        return;
+    if (text != m_strLastSearch)
+        search(text);
+}
+
+void ORXFeatureGroup::search(const QString& text)
+{
     m_strLastSearch = text;
     m_pView->SetSearchText(text);
+    showNoMatch();
+    emit SigSearched(text);
+}
+
+void ORXFeatureGroup::searchAgain()
+{
+    if (!m_strLastSearch.isEmpty())
+        search(m_strLastSearch);
+}
+
+void ORXFeatureGroup::showNoMatch()
+{
+    const bool nothing = !m_strLastSearch.isEmpty() && m_pView->allHits() == 0;
+    if (nothing)
+        m_pNoMatch->setText(tr("No feature matches \"%1\".").arg(m_strLastSearch));
+    m_pNoMatch->setVisible(nothing);
 }
 
 void ORXFeatureGroup::ClearSearch()
@@ -56,9 +92,41 @@ void ORXFeatureGroup::ClearSearch()
     m_pSearch->clear();
 }
 
+void ORXFeatureGroup::focusSearch()
+{
+    m_pSearch->setFocus(Qt::ShortcutFocusReason);
+    m_pSearch->selectAll();
+}
+
+void ORXFeatureGroup::retranslate()
+{
+    m_pSearch->setPlaceholderText(tr("Search features"));
+    m_pSearch->setToolTip(tr("Search by name (Ctrl+F)"));
+    m_pView->retranslate();
+    showNoMatch();
+}
+
+bool ORXFeatureGroup::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_pSearch || event->type() != QEvent::KeyPress)
+        return ZELCustomWidget::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Down:
+        emit SigGoToHits();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit SigNextHit();
+        break;
+    default:
+        break;
+    }
+    return ZELCustomWidget::eventFilter(watched, event);
+}
+
 void ORXFeatureGroup::changeEvent(QEvent* event)
 {
     ZELCustomWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        m_pView->retranslate();
+        retranslate();
 }

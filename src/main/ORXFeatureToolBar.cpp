@@ -24,8 +24,7 @@ const char kBackgroundKey[] = "ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gr
 
 QString picture(const char* name)
 {
-    return QStringLiteral(":/ORXToolBarBtn/") + QString::fromLatin1(name)
-           + QStringLiteral(".png");
+    return QStringLiteral(":/ORXToolBarBtn/") + QString::fromLatin1(name) + QStringLiteral(".png");
 }
 
 bool isEnglish()
@@ -88,8 +87,8 @@ bool ORXFeatureToolBar::InitCtrl()
 bool ORXFeatureToolBar::InitSignals()
 {
     return connect(m_pButtons, &QButtonGroup::idClicked, this,
-                   &ORXFeatureToolBar::OnSigToolBarBtnClicked)
-           && connectLevelBox();
+                   &ORXFeatureToolBar::OnSigToolBarBtnClicked) &&
+           connectLevelBox();
 }
 
 bool ORXFeatureToolBar::connectLevelBox()

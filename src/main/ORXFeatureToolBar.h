@@ -52,10 +52,10 @@ private:
     bool connectLevelBox();
     ZELCustomPushButton* makeButton(const char* objectName, int id);
 
-    QButtonGroup* m_pButtons = nullptr;            // Owned (child).
-    ZELCustomPushButton* m_pLanguage = nullptr;    // Owned (child).
-    ZELCustomPushButton* m_pSave = nullptr;        // Owned (child).
-    ZELCustomPushButton* m_pRefresh = nullptr;     // Owned (child).
-    ZELCustomLabel* m_pLevelLabel = nullptr;       // Owned (child).
-    ZELCustomComboBox* m_pLevelBox = nullptr;      // Owned (child).
+    QButtonGroup* m_pButtons = nullptr;         // Owned (child).
+    ZELCustomPushButton* m_pLanguage = nullptr; // Owned (child).
+    ZELCustomPushButton* m_pSave = nullptr;     // Owned (child).
+    ZELCustomPushButton* m_pRefresh = nullptr;  // Owned (child).
+    ZELCustomLabel* m_pLevelLabel = nullptr;    // Owned (child).
+    ZELCustomComboBox* m_pLevelBox = nullptr;   // Owned (child).
 };

@@ -6,6 +6,7 @@
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
 #include "main/CFeatureGroupTreeView.h"
+#include "main/FeatureSearch.h"
 #include "main/ORXFeatureGroup.h"
 #include "main/ORXFeatureToolBar.h"
 #include "main/PageTabBar.h"
@@ -24,6 +25,7 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -105,8 +107,8 @@ void ORXMainFeatureWidget::initUI()
     m_pToolBar = new ORXFeatureToolBar(this);
     m_pDockTitleBar = new ZELCustomDockTitleBar(this);
     m_pDockTitleBar->setFixedHeight(kTitleBarHeight);
-    m_pDockTitleBar->cSetBackgroundColor(QStringLiteral(
-        "ZEL_DB_COLOR_ORXMainFeatureWidgetColor_TitleBar_Background_Gradient"));
+    m_pDockTitleBar->cSetBackgroundColor(
+        QStringLiteral("ZEL_DB_COLOR_ORXMainFeatureWidgetColor_TitleBar_Background_Gradient"));
     m_pCommonPage = new ORXCommonFeature(this);
     m_pTriggerPage = new ORXTriggerFeature(this);
     m_pImagePage = new ORXImgProcessingFeature(this);
@@ -115,6 +117,7 @@ void ORXMainFeatureWidget::initUI()
     m_pGroupStack = new QStackedWidget(this);
     m_pGroupStack->setFixedWidth(kGroupWidth);
     m_pPageStack = new QStackedWidget(this);
+    m_pSearch = new FeatureSearch(this);
 
     auto* content = new ZELCustomWidget(this);
     content->cSetBackgroundColor(
@@ -149,6 +152,8 @@ void ORXMainFeatureWidget::initUI()
         if (ORXFeatureGroup* group = m_groups.value(m_lCameraID, nullptr))
             group->groupView()->showTab(index);
     });
+    connect(new QShortcut(QKeySequence(QKeySequence::Find), this), &QShortcut::activated, this,
+            &ORXMainFeatureWidget::focusSearch);
     UpdateToolBarBtn(m_lCameraID);
     retranslate();
     ResetTitleText();
@@ -219,8 +224,8 @@ void ORXMainFeatureWidget::DeviceFeatureInit(qint64 key)
 
 void ORXMainFeatureWidget::showTitle(qint64 key)
 {
-    m_pDockTitleBar->cSetTitleText(shared(QT_TRANSLATE_NOOP(
-        "ORXFeatureWidget", "Please select a connected camera.")));
+    m_pDockTitleBar->cSetTitleText(
+        shared(QT_TRANSLATE_NOOP("ORXFeatureWidget", "Please select a connected camera.")));
     ORXFeatureTree* tree = m_trees.value(key, nullptr);
     if (tree && key >= 0)
         tree->refreshCameraItemName();
@@ -249,7 +254,11 @@ bool ORXMainFeatureWidget::hasFeatureTree(qint64 cameraId) const
 void ORXMainFeatureWidget::afterFirstRead(qint64 key)
 {
     ORXFeatureGroup* group = m_groups.value(key, nullptr);
-    if (group && m_pPageStack->currentIndex() == WholeTreeTab)
+    if (!group)
+        return;
+    // The names are known only now.
+    group->searchAgain();
+    if (m_pPageStack->currentIndex() == WholeTreeTab && group->searchText().isEmpty())
         group->groupView()->leaveEmptyFavorites();
 }
 
@@ -265,9 +274,69 @@ ORXFeatureGroup* ORXMainFeatureWidget::featureGroup(qint64 key)
             roots.append(page->getRootItem(key, true));
     }
     group = new ORXFeatureGroup(roots, key, this);
-    connect(group, &ORXFeatureGroup::SigTabChanged, this,
-            &ORXMainFeatureWidget::onTabIndexChange);
+    connect(group, &ORXFeatureGroup::SigTabChanged, this, &ORXMainFeatureWidget::onTabIndexChange);
+    connect(group, &ORXFeatureGroup::SigSearched, this,
+            [this, key](const QString& text) { afterSearch(key, text); });
+    connect(group, &ORXFeatureGroup::SigGoToHits, this, [this, key] { goToHit(key, false); });
+    connect(group, &ORXFeatureGroup::SigNextHit, this, [this, key] { goToHit(key, true); });
     return group;
+}
+
+// Search ------------------------------------------------------------------------------------------
+
+ORXFeatureTreeView* ORXMainFeatureWidget::pageView(qint64 key, int tab) const
+{
+    if (tab == WholeTreeTab) {
+        const ORXFeatureTree* tree = m_trees.value(key, nullptr);
+        return tree ? tree->treeView() : nullptr;
+    }
+    const IORXFeatureWidget* page = curatedPages().value(tab - CommonTab, nullptr);
+    return page && page->cameraID() == key ? page->treeView() : nullptr;
+}
+
+void ORXMainFeatureWidget::focusSearch()
+{
+    if (auto* group = qobject_cast<ORXFeatureGroup*>(m_pGroupStack->currentWidget()))
+        group->focusSearch();
+}
+
+void ORXMainFeatureWidget::afterSearch(qint64 key, const QString& text)
+{
+    const ORXFeatureGroup* group = m_groups.value(key, nullptr);
+    ORXFeatureTree* tree = m_trees.value(key, nullptr);
+    if (!group || !tree)
+        return;
+    const QString emptyText = group->groupView()->allHits() > 0
+                                  ? tr("No feature of this group matches \"%1\".").arg(text)
+                                  : ORXFeatureGroup::tr("No feature matches \"%1\".").arg(text);
+    QVector<ORXFeatureTreeView*> views;
+    for (int tab = 0; tab < kTabs; ++tab) {
+        ORXFeatureTreeView* view = pageView(key, tab);
+        if (!view)
+            continue;
+        views.append(view);
+        view->setPlaceholderText(text.isEmpty() ? QString() : emptyText);
+    }
+    m_pSearch->apply(views, text);
+    if (text.isEmpty())
+        tree->RefreshWidgetInfo();
+}
+
+void ORXMainFeatureWidget::goToHit(qint64 key, bool next)
+{
+    ORXFeatureGroup* group = m_groups.value(key, nullptr);
+    if (!group || group->searchText().isEmpty())
+        return;
+    CFeatureGroupTreeView* groups = group->groupView();
+    const auto goInShownGroup = [&](bool behind) {
+        ORXFeatureTreeView* view = pageView(key, m_pPageStack->currentIndex());
+        return view && m_pSearch->goToHit(
+                           view, CFeatureGroupModel::itemFromIndex(groups->currentIndex()), behind);
+    };
+    // Behind the last hit of the last group it begins again.
+    const bool found = goInShownGroup(next) || (groups->showNextHitGroup(), goInShownGroup(false));
+    if (found && !next)
+        pageView(key, m_pPageStack->currentIndex())->setFocus(Qt::ShortcutFocusReason);
 }
 
 ORXPropertyTreeItem* ORXMainFeatureWidget::getItemByName(const QString& name, FeatureTabIndex tab)
@@ -379,10 +448,18 @@ void ORXMainFeatureWidget::OnUserLeverChanged()
 void ORXMainFeatureWidget::onSaveFeatures()
 {
     const ReentrancyScope scope;
-    ZELCustomMessageBox::cShowMessage(
-        this, shared(QT_TRANSLATE_NOOP("ORXFeatureWidget", "Prompt")), QString(),
-        shared(QT_TRANSLATE_NOOP("ORXFeatureWidget", "Not supported.")),
-        ZELCustomMessageBox::Hint_Warning);
+    ZELCustomMessageBox box(this);
+    m_pPrompt = &box;
+    fillPrompt(&box);
+    box.exec();
+}
+
+void ORXMainFeatureWidget::fillPrompt(ZELCustomMessageBox* box) const
+{
+    box->cSetCaption(shared(QT_TRANSLATE_NOOP("ORXFeatureWidget", "Prompt")));
+    box->cSetContent(shared(QT_TRANSLATE_NOOP("ORXFeatureWidget", "Not supported.")));
+    box->cSetHintStyle(ZELCustomMessageBox::Hint_Warning);
+    box->cEndSetParameter();
 }
 
 void ORXMainFeatureWidget::UpdateToolBarBtn(qint64 key)
@@ -414,8 +491,8 @@ void ORXMainFeatureWidget::ExecChangedLanuage()
 {
     const bool chinese = ORXInterface::language() == QLatin1String("CH");
     if (chinese && !m_bTranslatorInstalled) {
-        const QString file = OBDeviceControl::GetDllPath()
-                             + QStringLiteral("/./FeatureTreeResource/FeatureTree_zh_CN.qm");
+        const QString file = OBDeviceControl::GetDllPath() +
+                             QStringLiteral("/./FeatureTreeResource/FeatureTree_zh_CN.qm");
         if (!m_translator.load(file))
             return;
         m_bTranslatorInstalled = QCoreApplication::installTranslator(&m_translator);
@@ -437,6 +514,8 @@ void ORXMainFeatureWidget::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange && m_pTabs) {
         retranslate();
         showTitle(m_lCameraID);
+        if (m_pPrompt)
+            fillPrompt(m_pPrompt);
     }
 }
 

@@ -6,17 +6,21 @@
 #include "tree/IFeatureTreeFinder.h"
 
 #include <QMap>
+#include <QPointer>
 #include <QTranslator>
 
+class FeatureSearch;
 class IORXFeatureWidget;
 class ORXFeatureGroup;
 class ORXFeatureToolBar;
 class ORXFeatureTree;
+class ORXFeatureTreeView;
 class ORXImgProcessingFeature;
 class ORXPropertyTreeItem;
 class PageTabBar;
 class QStackedWidget;
 class ZELCustomDockTitleBar;
+class ZELCustomMessageBox;
 
 // The library's one window: tool bar, side column, pages, and a tree for each camera. The exported
 // functions drive it. One instance at a time; GUI thread. Cameras are named by a 64-bit key, -1
@@ -64,6 +68,8 @@ public:
     QString GetTabCutString(const QString& text) const;
     void UpdateToolBarBtn(qint64 key);
     void enabledSelfDefienedFeatures(bool enabled);
+    // The keyboard goes to the search box of the shown camera.
+    void focusSearch();
     // A parentless window on top of others, whatever parent it had.
     void showOnTop();
 
@@ -92,6 +98,10 @@ private:
     void retranslate();
     void afterFirstRead(qint64 key);
     void showTitle(qint64 key);
+    void fillPrompt(ZELCustomMessageBox* box) const;
+    void afterSearch(qint64 key, const QString& text);
+    void goToHit(qint64 key, bool next);
+    ORXFeatureTreeView* pageView(qint64 key, int tab) const;
     QList<IORXFeatureWidget*> curatedPages() const;
     ORXFeatureTree* currentTree() const { return m_trees.value(m_lCameraID, nullptr); }
 
@@ -100,17 +110,19 @@ private:
     qint64 m_lCameraID = -1;
     bool m_bTemperatureTab = false;
     bool m_bTranslatorInstalled = false;
-    bool m_bSilentHide = false; // the host is not told
-    IORXFeatureWidget* m_pCommonPage = nullptr;        // Owned (child).
-    IORXFeatureWidget* m_pTriggerPage = nullptr;       // Owned (child).
-    ORXImgProcessingFeature* m_pImagePage = nullptr;   // Owned (child).
-    QMap<qint64, ORXFeatureTree*> m_trees;             // Owned.
-    QMap<qint64, ORXFeatureGroup*> m_groups;           // Owned.
-    ORXFeatureToolBar* m_pToolBar = nullptr;           // Owned (child).
-    ZELCustomDockTitleBar* m_pDockTitleBar = nullptr;  // Owned (child).
-    PageTabBar* m_pTabs = nullptr;                     // Owned (child).
-    QStackedWidget* m_pTreeStack = nullptr;            // Owned (child).
-    QStackedWidget* m_pGroupStack = nullptr;           // Owned (child).
-    QStackedWidget* m_pPageStack = nullptr;            // Owned (child).
+    bool m_bSilentHide = false;                       // the host is not told
+    IORXFeatureWidget* m_pCommonPage = nullptr;       // Owned (child).
+    IORXFeatureWidget* m_pTriggerPage = nullptr;      // Owned (child).
+    ORXImgProcessingFeature* m_pImagePage = nullptr;  // Owned (child).
+    QMap<qint64, ORXFeatureTree*> m_trees;            // Owned.
+    QMap<qint64, ORXFeatureGroup*> m_groups;          // Owned.
+    ORXFeatureToolBar* m_pToolBar = nullptr;          // Owned (child).
+    ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Owned (child).
+    PageTabBar* m_pTabs = nullptr;                    // Owned (child).
+    QStackedWidget* m_pTreeStack = nullptr;           // Owned (child).
+    QStackedWidget* m_pGroupStack = nullptr;          // Owned (child).
+    QStackedWidget* m_pPageStack = nullptr;           // Owned (child).
+    FeatureSearch* m_pSearch = nullptr;               // Owned (child).
+    QPointer<ZELCustomMessageBox> m_pPrompt;          // Not owned; on the stack while it is shown.
     QTranslator m_translator;
 };

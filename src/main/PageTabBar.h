@@ -26,6 +26,6 @@ signals:
     void SigTabClicked(int index);
 
 private:
-    QButtonGroup* m_pButtons;              // Owned (child).
+    QButtonGroup* m_pButtons;             // Owned (child).
     QVector<ZELCustomPushButton*> m_tabs; // Owned (children).
 };

@@ -4,21 +4,29 @@
 #include "device/HtmlEscape.h"
 #include "styledctl/ZELCustom.h"
 
+#include <QFont>
+
 namespace KeywordHtml {
 
 namespace {
 
 QString span(const QString& colour, const QString& text)
 {
-    return QLatin1String("<span style=\" color:") + colour
-           + QLatin1String("; font-size:14px;font-family:Microsoft yahei ;font-weight:400\">") + text
-           + QLatin1String("</span>");
+    return QLatin1String("<span style=\" color:") + colour +
+           QLatin1String("; font-size:14px;font-family:Microsoft yahei ;font-weight:400\">") +
+           text + QLatin1String("</span>");
 }
 
 } // namespace
 
 QString mark(const QString& text, const QString& keyword)
 {
+    // Where that font is not installed, marked names must not look different from the others.
+    static const bool substituted = [] {
+        QFont::insertSubstitution(QStringLiteral("Microsoft yahei"), ZELCustom::globalFontFamily());
+        return true;
+    }();
+    Q_UNUSED(substituted)
     static const QString normal =
         ZELCustom::getDataBaseColor(QStringLiteral("CommonColor_FeatureTree_Font")).name();
     static const QString marked =

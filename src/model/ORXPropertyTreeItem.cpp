@@ -229,7 +229,8 @@ QString ORXPropertyTreeItem::searchText() const
 QString ORXPropertyTreeItem::getHighlightSerachText() const
 {
     const ItemStateLock lock;
-    return m_strHighlightText;
+    // Made when a row is painted: most hits of a search are never in sight.
+    return m_bSearchMatch && !m_strSearchText.isEmpty() ? toKeywordHtml(searchedName()) : QString();
 }
 
 int ORXPropertyTreeItem::searchChildCount() const
@@ -415,25 +416,36 @@ void ORXPropertyTreeItem::setExpanded(bool expanded, qint64 cameraId)
         callMappingViews(false, call);
 }
 
-void ORXPropertyTreeItem::setSearchText(const QString& text, qint64 cameraId)
+QString ORXPropertyTreeItem::searchedName() const
 {
-    const bool english = getMatchLangue(AnyParent) == QLatin1String("ENG");
-    bool shown = false;
-    {
-        const ItemStateLock lock;
-        m_strSearchText = text.trimmed();
-        m_strHighlightText.clear();
-        const QString name = english ? m_pValue->displayName() : m_pValue->translateName();
-        m_bSearchMatch = m_strSearchText.isEmpty()
-                         || m_pValue->nodeName(0).contains(m_strSearchText, Qt::CaseInsensitive)
-                         || name.contains(m_strSearchText, Qt::CaseInsensitive);
-        if (!m_strSearchText.isEmpty() && m_bSearchMatch)
-            m_strHighlightText = toKeywordHtml(name);
-        shown = m_bSearchMatch && visible() && m_bGroupVisible;
-    }
+    return getMatchLangue(AnyParent) == QLatin1String("ENG") ? m_pValue->displayName()
+                                                             : m_pValue->translateName();
+}
+
+ORXPropertyTreeItem::SearchEffect ORXPropertyTreeItem::applySearchText(const QString& text)
+{
+    const ItemStateLock lock;
+    const bool canShow = m_bGroupVisible && visible();
+    SearchEffect effect;
+    effect.wasShown = canShow && m_bSearchMatch;
+    m_strSearchText = text.trimmed();
+    m_bSearchMatch = m_strSearchText.isEmpty() ||
+                     m_pValue->nodeName(0).contains(m_strSearchText, Qt::CaseInsensitive) ||
+                     searchedName().contains(m_strSearchText, Qt::CaseInsensitive);
+    effect.shown = canShow && m_bSearchMatch;
+    return effect;
+}
+
+void ORXPropertyTreeItem::tellVisible(bool shown, qint64 cameraId)
+{
     callViews(this, [=](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
         view->itemVisibleChanged(cameraId, item, shown);
     });
+}
+
+void ORXPropertyTreeItem::setSearchText(const QString& text, qint64 cameraId)
+{
+    tellVisible(applySearchText(text).shown, cameraId);
 }
 
 QString ORXPropertyTreeItem::toKeywordHtml(const QString& text) const

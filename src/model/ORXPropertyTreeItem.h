@@ -105,6 +105,15 @@ public:
     void setGroupVisible(bool visible, qint64 cameraId);
     void setExpanded(bool expanded, qint64 cameraId);
     void setSearchText(const QString& text, qint64 cameraId);
+    // The two halves of setSearchText, for a search over many items (ItemSearch): the first stores
+    // and tells nobody, the second tells the views.
+    struct SearchEffect
+    {
+        bool wasShown = false;
+        bool shown = false;
+    };
+    SearchEffect applySearchText(const QString& text);
+    void tellVisible(bool shown, qint64 cameraId);
     void notifyViewUpdate(qint64 cameraId, int column, bool needRecreateEditor);
     void notifiViewSpecialUpdate(NotifyViewSpecial info, qint64 cameraId);
     // Publishes what a read changed; returns false, and tells nobody, when nothing did.
@@ -122,6 +131,7 @@ private:
     static constexpr int kParentTypes = 5;
 
     void removeFromParents();
+    QString searchedName() const;
     ORXPropertyTreeItem* parentLocked(ParentType type) const;
     // Calls `call` for each view of the item; returns false when the item died meanwhile.
     static bool callViews(ORXPropertyTreeItem* item, const ViewCall& call);
@@ -146,7 +156,6 @@ private:
     std::array<ORXPropertyTreeItem*, kParentTypes> m_parents{}; // Not owned.
     mutable std::array<int, kParentTypes> m_rowHints{};
     QString m_strSearchText;
-    QString m_strHighlightText;
 };
 
 // Every feature may be shown; kept as the one place where a product could hide some by name.

@@ -41,6 +41,25 @@ QList<FavoriteFeature>& favorites()
     return *OBDeviceControl::GetFavoritesFeatureMap();
 }
 
+// A name may stand in the list under the display name that another device gives it, so the name
+// alone counts.
+int positionOf(const QString& name)
+{
+    const QList<FavoriteFeature>& list = favorites();
+    for (int i = 0; i < list.size(); ++i) {
+        if (list.at(i).first == name)
+            return i;
+    }
+    return -1;
+}
+
+// A moved favourite stands in the list twice; both go.
+void removeFromList(const QString& name)
+{
+    for (int at = positionOf(name); at >= 0; at = positionOf(name))
+        favorites().removeAt(at);
+}
+
 } // namespace
 
 FeatureFavorites::FeatureFavorites(ORXFeatureTree* tree)
@@ -60,11 +79,7 @@ FeatureFavorites::~FeatureFavorites() = default;
 
 bool FeatureFavorites::IsFavoritesItem(const QString& name)
 {
-    for (const FavoriteFeature& favorite : qAsConst(favorites())) {
-        if (favorite.first == name)
-            return true;
-    }
-    return false;
+    return positionOf(name) >= 0;
 }
 
 void FeatureFavorites::retranslate()
@@ -121,14 +136,7 @@ void FeatureFavorites::removeContextItem()
     ORXPropertyTreeItem* item = contextItem();
     if (!item || !item->value())
         return;
-    // A moved favourite stands in the list twice; both go. The display name may have been another
-    // one when it was added, so the name alone decides.
-    const QString name = item->value()->nodeName(0);
-    QList<FavoriteFeature>& list = favorites();
-    for (int i = list.size() - 1; i >= 0; --i) {
-        if (list.at(i).first == name)
-            list.removeAt(i);
-    }
+    removeFromList(item->value()->nodeName(0));
     removeFavoriteItem(item);
     m_pTree->notifyFavoriteFeatureChange();
 }
@@ -153,7 +161,9 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
     favorite->setVisible(item->visible(), m_pTree->cameraID());
     favorite->setGroupVisible(favoritesGroup->groupVisible(), m_pTree->cameraID());
     favoritesGroup->setExpanded(true, m_pTree->cameraID());
-    view->updateRowsVisible(favoritesGroup, true);
+    // The row appears by the running search and the shown group, and its group with it.
+    view->updateRowsVisible(favorite, false);
+    favorite->setSearchText(item->searchText(), m_pTree->cameraID());
 }
 
 void FeatureFavorites::removeFavoriteItem(ORXPropertyTreeItem* favorite)
@@ -161,7 +171,11 @@ void FeatureFavorites::removeFavoriteItem(ORXPropertyTreeItem* favorite)
     ORXPropertyTreeItem* favoritesGroup = group();
     if (!favorite || !favorite->value() || !favoritesGroup)
         return;
-    m_items.remove(favorite->value()->nodeName(0));
+    // Only a copy may go, never the feature itself.
+    const auto shown = m_items.find(favorite->value()->nodeName(0));
+    if (shown == m_items.end() || *shown != favorite)
+        return;
+    m_items.erase(shown);
     m_pTree->treeView()->treeModel()->removeItems(favoritesGroup, favorite);
     // Ends the link to the feature's own item, too.
     delete favorite;
@@ -192,15 +206,13 @@ void FeatureFavorites::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTr
 {
     if (!moved || moved == target)
         return;
-    QList<FavoriteFeature>& list = favorites();
     const FavoriteFeature pair = favoriteOf(*moved);
-    const FavoriteFeature before = target ? favoriteOf(*target) : FavoriteFeature();
-    list.removeOne(pair);
-    const int position = target ? list.indexOf(before) : -1;
+    removeFromList(pair.first);
+    const int position = target ? positionOf(target->value()->nodeName(0)) : -1;
     if (position >= 0)
-        list.insert(position, pair);
+        favorites().insert(position, pair);
     // The moved favourite also stays at the end of the list; the group shows each name once.
-    list.append(pair);
+    favorites().append(pair);
     GenerateFavoritesItems();
     m_pTree->notifyFavoriteFeatureChange();
 }

@@ -121,7 +121,7 @@ void ORXFeatureTree::CreateFeature()
     m_index.GenerateFeaturesTLParamsLocked();
     m_index.GeneratePSelectedList();
     m_index.GenerateFeatureNoCacheList();
-    m_pDescription->clear();
+    showDescription();
     GenerateFavoritesItems();
 }
 
@@ -151,10 +151,14 @@ ORXPropertyTreeItem* ORXFeatureTree::propertyItemByName(const QString& name) con
 
 void ORXFeatureTree::removeCameraID(qint64 cameraId)
 {
-    StopThread(true);
-    m_pCurrentItem = nullptr;
-    m_pFavorites->forgetItems();
-    m_builder.clear();
+    if (isInitialized(cameraId)) {
+        StopThread(true);
+        stopTimersForReset();
+        m_autoTriggerTimer.stop();
+        m_pCurrentItem = nullptr;
+        m_pFavorites->forgetItems();
+        m_builder.clear();
+    }
     IORXFeatureWidget::removeCameraID(cameraId);
 }
 
@@ -187,12 +191,17 @@ void ORXFeatureTree::OnChangeItem(const QModelIndex& index)
 
 void ORXFeatureTree::showDescription()
 {
-    m_pDescription->clear();
-    if (!ORXPropertyTreeItem::isAlive(m_pCurrentItem) || !m_pCurrentItem->value())
+    QString html;
+    if (ORXPropertyTreeItem::isAlive(m_pCurrentItem) && m_pCurrentItem->value()) {
+        const bool chinese = ORXInterface::language() == QLatin1String("CH");
+        html = chinese ? m_pCurrentItem->value()->docTextCN() : m_pCurrentItem->value()->docText();
+    }
+    // An unchanged text stays as the user scrolled or marked it.
+    if (html == m_strDescription)
         return;
-    const bool chinese = ORXInterface::language() == QLatin1String("CH");
-    m_pDescription->insertHtml(chinese ? m_pCurrentItem->value()->docTextCN()
-                                       : m_pCurrentItem->value()->docText());
+    m_strDescription = html;
+    m_pDescription->clear();
+    m_pDescription->insertHtml(html);
     m_pDescription->moveCursor(QTextCursor::Start);
 }
 

@@ -147,6 +147,7 @@ private:
     std::unique_ptr<FeatureWriter> m_writer;
     FeatureFavorites* m_pFavorites; // Owned (child).
     QTextEdit* m_pDescription;      // Owned (child).
+    QString m_strDescription;       // HTML that the panel shows.
     ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Not owned.
     QPointer<ZELCustomMessageBox> m_pMessageBox;      // Owned (child).
 

@@ -11,6 +11,8 @@
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include <limits>
+
 namespace {
 
 constexpr int kPollingTimerMs = 2000;
@@ -101,12 +103,15 @@ void ORXFeatureTree::OnGetThreadEnd()
     if (!treeView())
         return;
     treeView()->viewport()->update();
+    showDescription();
     if (sender() != m_pFullThread) {
         ShowLoadingDlg(false, QString());
-        showDescription();
         return;
     }
-    if (m_bFirstReadPending) {
+    // The end of a pass that was stopped before may arrive when the first read is under way again.
+    const bool stillReading = m_pFullThread->isPassRunning()
+                              && m_pFullThread->FeaturesUpdateType() == FEATURES_UPDATE_ALL;
+    if (m_bFirstReadPending && !stillReading) {
         m_bFirstReadPending = false;
         qint64 key = cameraID();
         emit SigFirstEndUpdateFeature(key);
@@ -159,10 +164,14 @@ void ORXFeatureTree::OnCameraClose()
 {
     StopThread(true);
     m_pollingTimer.stop();
+    m_invalidationTimer.stop();
     m_autoTriggerTimer.stop();
+    // Without a camera nothing would hide it any more.
+    ShowLoadingDlg(false, QString());
     treeView()->clearModelInfo();
     setCameraID(-1);
-    m_pDescription->clear();
+    m_pCurrentItem = nullptr;
+    showDescription();
 }
 
 // Timers ------------------------------------------------------------------------------------------
@@ -181,8 +190,9 @@ void ORXFeatureTree::stopTimersForReset()
 
 void ORXFeatureTree::SetAutoSoftwareTrig(bool enable, unsigned int intervalMs)
 {
+    constexpr unsigned int kLongestMs = std::numeric_limits<int>::max();
     if (enable)
-        m_autoTriggerTimer.start(static_cast<int>(intervalMs));
+        m_autoTriggerTimer.start(static_cast<int>(qBound(1U, intervalMs, kLongestMs)));
     else
         m_autoTriggerTimer.stop();
 }
@@ -198,6 +208,9 @@ void ORXFeatureTree::OnTimeInvalidaterFeaturesUpdate()
     m_invalidationTimer.stop();
     UpdateFeatures(FEATURES_UPDATE_INVALIDATED, m_writer->lastWrittenFeature(),
                    flagSet(UpdateFlagSets::kFirstRead), false, false);
+    // While reading is paused no pass comes, and so no end of one.
+    if (!m_pPartialThread->isPassRunning())
+        ShowLoadingDlg(false, QString());
 }
 
 void ORXFeatureTree::OnTimerRefreshFinished() { m_refreshTimer.stop(); }
@@ -276,7 +289,8 @@ const Reread kRereads[] = {rereadBoolean, rereadInteger, rereadEnumeration, rere
 
 bool ORXFeatureTree::rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyView)
 {
-    if (!item || !item->value() || item->value()->nodeName(0).isEmpty())
+    if (!item || !item->value() || item->value()->nodeName(0).isEmpty()
+        || !FeatureValueReader::hasReader(item->tag()))
         return false;
     const QString name = item->value()->nodeName(0);
     bool read = false;

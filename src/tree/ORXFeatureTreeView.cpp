@@ -13,6 +13,8 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
+#include <QThread>
 #include <QWheelEvent>
 
 ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
@@ -111,8 +113,14 @@ void ORXFeatureTreeView::setPlaceholderText(const QString& text)
 void ORXFeatureTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item,
                                             bool visible)
 {
-    if (!m_bForbiddenUpdate)
+    if (m_bForbiddenUpdate)
+        return;
+    if (QThread::currentThread() != thread()) {
         emit sigSetItemVisible(cameraId, item, visible);
+        return;
+    }
+    const QScopedValueRollback<bool> direct(m_bDirectNotification, true);
+    emit sigSetItemVisible(cameraId, item, visible);
 }
 
 void ORXFeatureTreeView::itemExpanded(qint64 cameraId, ORXPropertyTreeItem* item, bool expanded)
@@ -149,6 +157,9 @@ void ORXFeatureTreeView::onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* 
     m_pPage->itemVisibleStateChanged(item);
     if (item->childCount() > 0)
         return;
+    // What a reading thread said may be overtaken by now: by a search, or by another group.
+    if (!m_bDirectNotification)
+        visible = item->visible() && item->groupVisible() && item->searchMatch();
     if (setRowHiddenIfChanged(item, !visible)) {
         doParentItemVisible(item->parent(m_pageType), item->indexInParent(m_pageType));
         scheduleEditors();
@@ -161,7 +172,7 @@ void ORXFeatureTreeView::onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* 
 // changes of a pass or a search.
 void ORXFeatureTreeView::repaintItem(ORXPropertyTreeItem* item)
 {
-    if (m_inSight.contains(item))
+    if (m_editorTimer.isActive() || m_inSight.contains(item))
         viewport()->update();
 }
 

@@ -134,6 +134,7 @@ private:
     bool m_bDropShown = false;
     bool m_bSyncing = false;
     bool m_bInGeometries = false;
+    bool m_bDirectNotification = false; // the running notification came on this thread
     qint64 m_lCameraID = -1;
     ORXPropertyTreeModel* m_pModel;       // Owned (child).
     ORXPropertyTreeDelegate* m_pDelegate; // Owned (child).

@@ -17,14 +17,16 @@ namespace {
 
 constexpr qreal kDragOpacity = 0.5;
 
-// The address that a drag carries is trusted only if such an item lives.
+// The address that a drag carries is trusted only if such a favourite lives.
 ORXPropertyTreeItem* movedItem(const QMimeData* data)
 {
     const QByteArray text = data->data(QString::fromLatin1(kMoveFavoriteMime));
     bool ok = false;
     const auto address = static_cast<quintptr>(text.toULongLong(&ok));
     auto* item = reinterpret_cast<ORXPropertyTreeItem*>(address);
-    return ok && ORXPropertyTreeItem::isAlive(item) ? item : nullptr;
+    const bool valid = ok && ORXPropertyTreeItem::isAlive(item)
+                       && item->itemType() == ORXPropertyTreeItem::FavoriteItem;
+    return valid ? item : nullptr;
 }
 
 } // namespace
@@ -49,6 +51,10 @@ bool ORXFeatureTreeView::showDropTarget(const QDropEvent* event)
     if (allowed || m_bDropShown)
         viewport()->update();
     m_bDropShown = allowed;
+    const int margin = autoScrollMargin();
+    const QRect inner = viewport()->rect().adjusted(margin, margin, -margin, -margin);
+    if (hasAutoScroll() && !inner.contains(event->pos()))
+        startAutoScroll();
     return allowed;
 }
 
@@ -91,12 +97,14 @@ void ORXFeatureTreeView::dropEvent(QDropEvent* event)
     stopAutoScroll();
     setState(NoState);
     clearDropTarget();
+    const QModelIndex index = indexAt(event->pos());
     ORXPropertyTreeItem* moved = movedItem(event->mimeData());
-    ORXPropertyTreeItem* target = ORXPropertyTreeModel::itemFromIndex(indexAt(event->pos()));
     auto* tree = dynamic_cast<ORXFeatureTree*>(m_pPage);
-    if (moved && target && tree && target->parent(m_pageType)) {
+    if (moved && tree && canIndexDrop(index, event->mimeData())) {
         event->accept();
-        tree->moveFavorteItem(moved, target);
+        tree->moveFavorteItem(moved, ORXPropertyTreeModel::itemFromIndex(index));
+    } else {
+        event->ignore();
     }
     viewport()->update();
 }

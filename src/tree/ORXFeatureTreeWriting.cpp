@@ -25,6 +25,8 @@ bool ORXFeatureTree::setFeatureValue(const QString& tagName, const QString& node
 {
     if (m_bDeleting)
         return false;
+    // The host may close or release the window while it writes.
+    const ReentrancyScope scope;
     ShowLoadingFeatures(true, true);
     const bool written = m_writer->write(tagName, nodeName, value);
     if (!written)
@@ -124,6 +126,8 @@ void ORXFeatureTree::ShowLoadingDlg(bool show, const QString& text)
 // host must not be able to close the window from inside a write.
 void ORXFeatureTree::ShowLoadingFeatures(bool show, bool setting)
 {
+    if (cameraID() == -1)
+        return;
     if (OBDeviceControl::GetDeviceType() != kOverlayPerCameraDeviceType && !setting)
         return;
     if (!show && m_pPartialThread->isPassRunning())

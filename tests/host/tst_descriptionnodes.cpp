@@ -80,6 +80,8 @@ void TestDescriptionNodes::findsFaults_data()
         << QStringLiteral("<IntReg Name=\"A\"><pAddress>B</pAddress><Length>4</Length></IntReg>") +
                integer(b, valueOf(b))
         << a << true;
+    QTest::newRow("second register of the name")
+        << reg(a, QStringLiteral("4")) + reg(a, QStringLiteral("-4")) << a << true;
     QTest::newRow("second node of the name")
         << reg(a, QStringLiteral("4")) + integer(a, valueOf(a)) << a << true;
 }

@@ -122,6 +122,7 @@ void TestStepActor::tellsWhatFails_data()
     row("select=Width", "select=Width: nothing visible is called \"Width\""); // on the other tab
     row("tab=1; expand=*; set=Pixel Format:Mono 9",
         "set=Pixel Format:Mono 9: there is no entry \"Mono 9\"");
+    row("choose=level:Guru", "choose=level:Guru: nothing visible is called \"level\"");
     row("tab=1; set=Group:3", "set=Group:3: \"Group\" has no editor that is open");
 }
 

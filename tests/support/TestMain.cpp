@@ -2,7 +2,9 @@
 #include "support/TestMain.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
 void GuardedTest::init()
 {
@@ -21,7 +23,13 @@ void GuardedTest::cleanup()
 
 int runGuardedTest(int argc, char** argv, std::unique_ptr<GuardedTest> (*make)())
 {
-    // Tests never touch the user's own files, and look the same on every machine.
+    // Every test program has a home of its own: tests never touch the user's files, nor each other's
+    // when they run at the same time. Only the font cache stays where it is.
+    const QTemporaryDir home;
+    if (qEnvironmentVariableIsEmpty("XDG_CACHE_HOME"))
+        qputenv("XDG_CACHE_HOME", QDir::homePath().toLocal8Bit() + "/.cache");
+    qputenv("HOME", home.path().toLocal8Bit());
+    qputenv("XDG_RUNTIME_DIR", home.path().toLocal8Bit());
     QStandardPaths::setTestModeEnabled(true);
     QApplication application(argc, argv);
     const std::unique_ptr<GuardedTest> test = make();

@@ -1,0 +1,211 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!-- SPDX-License-Identifier: Apache-2.0 -->
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>ORXFeatureGroup</name>
+    <message>
+        <source>No feature matches &quot;%1&quot;.</source>
+        <translation>没有与“%1”匹配的参数。</translation>
+    </message>
+    <message>
+        <source>Search features</source>
+        <translation>搜索参数</translation>
+    </message>
+    <message>
+        <source>Search by name (Ctrl+F)</source>
+        <translation>按名称搜索（Ctrl+F）</translation>
+    </message>
+</context>
+<context>
+    <name>ORXFeatureToolBar</name>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Langue</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>User Set Control</source>
+        <translation>用户集控制</translation>
+    </message>
+    <message>
+        <source>User Lever: </source>
+        <translation>用户级别：</translation>
+    </message>
+    <message>
+        <source>Guru</source>
+        <translation>资深</translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation>初级</translation>
+    </message>
+</context>
+<context>
+    <name>ORXFeatureTree</name>
+    <message>
+        <source>Add to Favorites</source>
+        <translation>添加到收藏夹</translation>
+    </message>
+    <message>
+        <source>Remove from Favorites</source>
+        <translation>从收藏夹移除</translation>
+    </message>
+    <message>
+        <source>Remove All</source>
+        <translation>全部移除</translation>
+    </message>
+    <message>
+        <source>Node &apos;%1&apos;:failed to save value &apos;%2&apos;</source>
+        <translation>节点“%1”：值“%2”保存失败</translation>
+    </message>
+    <message>
+        <source>Failed to set the feature value.</source>
+        <translation>设置参数失败。</translation>
+    </message>
+    <message>
+        <source>Node &apos;%1&apos;: Failed to execute Node. %2</source>
+        <translation>节点“%1”：执行失败。%2</translation>
+    </message>
+    <message>
+        <source>The camera is about to reboot. Reconnect the
+camera later.</source>
+        <translation>相机即将重启。请稍后
+重新连接相机。</translation>
+    </message>
+    <message>
+        <source>Select a feature to read what it does.</source>
+        <translation>选中一个参数，即可查看其说明。</translation>
+    </message>
+    <message>
+        <source>Nothing to show here. Right-click a feature to add it to the favorites.</source>
+        <translation>此处暂无内容。右键单击某个参数，可将其添加到收藏夹。</translation>
+    </message>
+    <message>
+        <source>Prompt</source>
+        <translation>提示</translation>
+    </message>
+    <message>
+        <source>Setting features...</source>
+        <translation>正在设置参数……</translation>
+    </message>
+    <message>
+        <source>Updating features...</source>
+        <translation>正在更新参数……</translation>
+    </message>
+</context>
+<context>
+    <name>ORXFeatureWidget</name>
+    <message>
+        <source>Please select a connected camera.</source>
+        <translation>请选择已连接的相机。</translation>
+    </message>
+    <message>
+        <source>Prompt</source>
+        <translation>提示</translation>
+    </message>
+    <message>
+        <source>Not supported.</source>
+        <translation>不支持该功能。</translation>
+    </message>
+</context>
+<context>
+    <name>ORXInterface</name>
+    <message>
+        <source>the host registered no callback</source>
+        <translation>主机未注册回调函数</translation>
+    </message>
+    <message>
+        <source>the feature is not readable</source>
+        <translation>该参数不可读</translation>
+    </message>
+</context>
+<context>
+    <name>ORXMainFeatureWidget</name>
+    <message>
+        <source>Feature Tree</source>
+        <translation>属性树</translation>
+    </message>
+    <message>
+        <source>Common</source>
+        <translation>常用</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>触发</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>图像</translation>
+    </message>
+    <message>
+        <source>No feature of this group matches &quot;%1&quot;.</source>
+        <translation>该组中没有与“%1”匹配的参数。</translation>
+    </message>
+</context>
+<context>
+    <name>ORXPropertySpinBox</name>
+    <message>
+        <source>Min:%1; Max:%2; Step Value:%3</source>
+        <translation>最小值：%1；最大值：%2；步长：%3</translation>
+    </message>
+</context>
+<context>
+    <name>QIntegerParamSetCtrl</name>
+    <message>
+        <source>Range:%1 to %2</source>
+        <translation>范围：%1 至 %2</translation>
+    </message>
+</context>
+<context>
+    <name>QPropertyLineEdit</name>
+    <message>
+        <source>Range: %1 to %2</source>
+        <translation>范围：%1 至 %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZELCustomLineEdit</name>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+</context>
+<context>
+    <name>ZELCustomMessageBox</name>
+    <message>
+        <source>Prompt</source>
+        <translation>提示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>否</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>ZELCustomTitleBar</name>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CameraDescription.h"
+#include "device/OBDeviceControl.h"
+#include "main/CFeatureGroupTreeView.h"
+#include "main/ORXFeatureGroup.h"
+#include "styledctl/ZELCustomDockTitleBar.h"
+#include "support/OpenedWindow.h"
+#include "support/TestMain.h"
+
+#include <QPointer>
+#include <QPushButton>
+
+class TestORXMainFeatureWidget : public GuardedTest
+{
+    Q_OBJECT
+private slots:
+    void unknownIndexesDoNothing();
+    void shownTabAndMissingTreeDoNothing();
+    void tabsWithoutContentAreDisabled();
+    void titleIsTheUsersName();
+    void removedCameraLeavesAnEmptyWindow();
+    void tabTextsAreCut();
+
+protected:
+    void prepare() override { m_host.serve(m_xml); }
+    void finish() override
+    {
+        OB_FT_Release();
+        FakeHost::uninstall();
+    }
+
+private:
+    QString dockTitle(const ORXMainFeatureWidget* widget) const
+    {
+        return widget->findChild<ZELCustomDockTitleBar*>()->cTitleText();
+    }
+
+    const QByteArray m_xml = cameraDescription();
+    FakeHost m_host;
+};
+
+void TestORXMainFeatureWidget::unknownIndexesDoNothing()
+{
+    OpenedWindow window(m_host, m_xml);
+    QVERIFY(window.waitForFirstRead());
+    m_host.clearCalls();
+    window.widget()->OnToolBarBtnClicked(90);
+    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 0);
+    window.widget()->OnToolBarBtnClicked(94);
+    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 1);
+    const QString width = QStringLiteral("Width");
+    QCOMPARE(window.widget()->getItemByName(width, ORXMainFeatureWidget::WholeTreeTab),
+             window.tree()->propertyItemByName(width));
+    for (const int tab : {4, -1})
+        QVERIFY(!window.widget()->getItemByName(
+            width, static_cast<ORXMainFeatureWidget::FeatureTabIndex>(tab)));
+}
+
+void TestORXMainFeatureWidget::shownTabAndMissingTreeDoNothing()
+{
+    OB_FT_Init(m_xml.constData(), nullptr, nullptr);
+    ORXMainFeatureWidget::instance(nullptr)->onTabIndexChange(1);
+    OB_FT_Release();
+
+    OpenedWindow window(m_host, m_xml);
+    QVERIFY(window.waitForFirstRead());
+    m_host.clearCalls();
+    window.widget()->onTabIndexChange(0);
+    window.widget()->onTabIndexChange(4);
+    window.widget()->onTabIndexChange(-1);
+    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 0);
+    // Coming back to the tree reads it anew.
+    window.widget()->onTabIndexChange(1);
+    m_host.clearCalls();
+    window.widget()->onTabIndexChange(0);
+    QTRY_VERIFY(m_host.count(QStringLiteral("get Width")) > 0);
+}
+
+void TestORXMainFeatureWidget::tabsWithoutContentAreDisabled()
+{
+    OpenedWindow window(m_host, m_xml);
+    const auto tabs = window.widget()->findChildren<QPushButton*>(
+        QRegularExpression(QStringLiteral("^FeatureTab\\d$")));
+    QCOMPARE(tabs.size(), 4);
+    QVERIFY(tabs.at(0)->isEnabled());
+    QVERIFY(tabs.at(0)->isChecked());
+}
+
+void TestORXMainFeatureWidget::titleIsTheUsersName()
+{
+    m_host.set(QStringLiteral("DeviceUserID"), FakeHost::textFeature("left camera"));
+    OpenedWindow window(m_host, m_xml);
+    QVERIFY(window.waitForFirstRead());
+    QTRY_COMPARE(dockTitle(window.widget()), QStringLiteral("left camera"));
+    QCOMPARE(window.widget()->windowTitle(), QStringLiteral("Test camera"));
+    window.widget()->SetTitleVisible(false);
+    QVERIFY(!window.widget()->cIsTitleVisible());
+}
+
+void TestORXMainFeatureWidget::removedCameraLeavesAnEmptyWindow()
+{
+    OpenedWindow window(m_host, m_xml);
+    QVERIFY(window.waitForFirstRead());
+    const QPointer<ORXFeatureGroup> group = window.widget()->featureGroup(1);
+    window.widget()->removeFeatureTree(1);
+    QVERIFY(group.isNull());
+    QCOMPARE(window.widget()->CurrentCameraID(), -1);
+    QVERIFY(!window.widget()->hasFeatureTree(1));
+    // What is left answers, and does nothing.
+    window.widget()->OnToolBarBtnClicked(94);
+    window.widget()->onTabIndexChange(1);
+    window.widget()->StartUpdateThread();
+    const qint64 calls = m_host.callCount();
+    QTest::qWait(50);
+    QCOMPARE(m_host.callCount(), calls);
+}
+
+void TestORXMainFeatureWidget::tabTextsAreCut()
+{
+    OpenedWindow window(m_host, m_xml);
+    const QString longText(60, QLatin1Char('w'));
+    const QString cut = window.widget()->GetTabCutString(longText);
+    QVERIFY(cut.size() < longText.size());
+    QVERIFY(cut.endsWith(QChar(0x2026)));
+    QCOMPARE(window.widget()->GetTabCutString(QStringLiteral("Image")), QStringLiteral("Image"));
+    QCOMPARE(window.widget()->sizeHint().width(), 516);
+}
+
+OBFT_TEST_MAIN(TestORXMainFeatureWidget)
+#include "tst_orxmainfeaturewidget.moc"

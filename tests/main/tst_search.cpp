@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: Apache-2.0
+// Searching in the side column, by the keyboard, in the opened window.
+#include "CameraDescription.h"
+#include "basetools/ORXInterface.h"
+#include "device/OBDeviceControl.h"
+#include "main/CFeatureGroupTreeView.h"
+#include "main/ORXFeatureGroup.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "support/OpenedWindow.h"
+#include "support/TestMain.h"
+#include "tree/ORXFeatureTreeView.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+namespace {
+
+QString nodeName(const QModelIndex& index)
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    return item && item->value() ? item->value()->nodeName(0) : QString();
+}
+
+// The window with the first read behind it.
+class SearchedWindow : public OpenedWindow
+{
+public:
+    SearchedWindow(FakeHost& host, const QByteArray& xml, int language = 0)
+        : OpenedWindow(host, xml, language)
+    {
+        if (!waitForFirstRead())
+            qFatal("no first read");
+        QApplication::processEvents();
+    }
+    ORXFeatureGroup* column() const { return widget()->featureGroup(1); }
+    CFeatureGroupTreeView* groups() const { return column()->groupView(); }
+    const CFeatureGroupModel* groupModel() const
+    {
+        return static_cast<const CFeatureGroupModel*>(groups()->model());
+    }
+    QLineEdit* box() const
+    {
+        return column()->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
+    }
+    ORXFeatureTreeView* view() const { return tree()->treeView(); }
+    QModelIndex group(const char* name) const
+    {
+        ORXPropertyTreeItem* item = tree()->propertyItemByName(QString::fromLatin1(name));
+        return groupModel()->groupIndex(0, item);
+    }
+    void showGroup(const char* name) const { groups()->OnChangedIndex(group(name)); }
+    QString shownGroup() const { return nodeName(groups()->currentIndex()); }
+    int hits(const char* name) const { return groupModel()->hitCount(group(name)); }
+    // Names of the features in the rows that are not hidden.
+    QStringList shown(const QModelIndex& parent = {}) const
+    {
+        QStringList names;
+        for (int row = 0; row < view()->model()->rowCount(parent); ++row) {
+            const QModelIndex index = view()->model()->index(row, 0, parent);
+            if (view()->isRowHidden(row, parent))
+                continue;
+            const QStringList below = shown(index);
+            names += below.isEmpty() && view()->model()->rowCount(index) == 0
+                         ? QStringList(nodeName(index))
+                         : below;
+        }
+        return names;
+    }
+    void type(const QString& text) const
+    {
+        box()->setFocus();
+        box()->selectAll();
+        // Not by keys, which are ASCII only; an input method inserts, too.
+        box()->insert(text);
+    }
+};
+
+QString chinese(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+} // namespace
+
+class TestSearch : public GuardedTest
+{
+    Q_OBJECT
+private slots:
+    void hitsAreShownAndCounted();
+    void turnsToTheGroupWithHitsAndBack();
+    void staysWhereTheUserWent();
+    void opensBranchesAndClosesThemAgain();
+    void saysWhenNothingMatches();
+    void sameTextIsNotSearchedAgain();
+    void keyboardReachesBoxAndHits();
+    void chineseNames();
+    void searchTypedDuringTheFirstRead();
+    void countsFollowTheUserLevel();
+
+protected:
+    void prepare() override { m_host.serve(m_xml); }
+    void finish() override
+    {
+        OB_FT_Release();
+        FakeHost::uninstall();
+        OBDeviceControl::SetUserLevel(1);
+        ORXInterface::setLanguage(QStringLiteral("ENG"));
+    }
+
+private:
+    const QByteArray m_xml = cameraDescription();
+    FakeHost m_host;
+};
+
+void TestSearch::hitsAreShownAndCounted()
+{
+    SearchedWindow window(m_host, m_xml);
+    window.showGroup("AnalogControl");
+    window.type(QStringLiteral("gain"));
+    QCOMPARE(window.shown(), QStringList({QStringLiteral("Gain"), QStringLiteral("GainAuto")}));
+    QCOMPARE(window.hits("AnalogControl"), 2);
+    QCOMPARE(window.hits("AcquisitionControl"), 0);
+    QCOMPARE(window.groupModel()->hitCount(), 2);
+    const ORXPropertyTreeItem* gain = window.tree()->propertyItemByName(QStringLiteral("Gain"));
+    QVERIFY(gain->getHighlightSerachText().contains(QStringLiteral("Gain</span>")));
+    QTest::keyClick(window.box(), Qt::Key_Escape);
+    QCOMPARE(window.shown().size(), 3);
+    QCOMPARE(window.groupModel()->hitCount(), 0);
+    QVERIFY(gain->getHighlightSerachText().isEmpty());
+}
+
+void TestSearch::turnsToTheGroupWithHitsAndBack()
+{
+    SearchedWindow window(m_host, m_xml);
+    window.showGroup("DeviceControl");
+    const QStringList before = window.shown();
+    window.type(QStringLiteral("exposure"));
+    QCOMPARE(window.shownGroup(), QStringLiteral("AcquisitionControl"));
+    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
+    QTest::keyClick(window.box(), Qt::Key_Escape);
+    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+    QCOMPARE(window.shown(), before);
+    // What a page row comes back to is the group from before, too.
+    window.groups()->OnChangedIndex(window.groupModel()->pageIndex(0));
+    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+}
+
+void TestSearch::staysWhereTheUserWent()
+{
+    SearchedWindow window(m_host, m_xml);
+    window.showGroup("DeviceControl");
+    window.type(QStringLiteral("a"));
+    const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
+    QTest::mouseClick(window.groups()->viewport(), Qt::LeftButton, {}, row.center());
+    QCOMPARE(window.shownGroup(), QStringLiteral("AnalogControl"));
+    window.column()->ClearSearch();
+    QCOMPARE(window.shownGroup(), QStringLiteral("AnalogControl"));
+    QCOMPARE(window.shown().size(), 3);
+}
+
+void TestSearch::opensBranchesAndClosesThemAgain()
+{
+    SearchedWindow window(m_host, m_xml);
+    window.showGroup("AnalogControl");
+    ORXPropertyTreeItem* item =
+        window.tree()->propertyItemByName(QStringLiteral("BlackLevelControl"));
+    const QPersistentModelIndex branch = window.view()->treeModel()->indexFromItem(item, 0);
+    window.view()->collapse(branch);
+    window.type(QStringLiteral("gain"));
+    QVERIFY(!window.view()->isExpanded(branch));
+    window.type(QStringLiteral("black"));
+    QVERIFY(window.view()->isExpanded(branch));
+    window.column()->ClearSearch();
+    QVERIFY(!window.view()->isExpanded(branch));
+}
+
+void TestSearch::saysWhenNothingMatches()
+{
+    SearchedWindow window(m_host, m_xml);
+    auto* note = window.column()->findChild<QLabel*>(QStringLiteral("FeatureSearchNoMatch"));
+    window.showGroup("DeviceControl");
+    window.type(QStringLiteral("device"));
+    QVERIFY(!note->isVisible());
+    window.type(QStringLiteral("<b>zebra"));
+    QVERIFY(note->isVisible());
+    QVERIFY(note->text().contains(QStringLiteral("<b>zebra")));
+    QCOMPARE(note->textFormat(), Qt::PlainText);
+    QVERIFY(window.shown().isEmpty());
+    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+    window.column()->ClearSearch();
+    QVERIFY(!note->isVisible());
+    QCOMPARE(window.shown().size(), 2);
+}
+
+void TestSearch::sameTextIsNotSearchedAgain()
+{
+    SearchedWindow window(m_host, m_xml);
+    QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
+    window.type(QStringLiteral("g"));
+    window.box()->setText(QStringLiteral("  g "));
+    QTest::keyClick(window.box(), Qt::Key_Return);
+    QCOMPARE(searched.count(), 1);
+}
+
+void TestSearch::keyboardReachesBoxAndHits()
+{
+    SearchedWindow window(m_host, m_xml);
+    window.showGroup("DeviceControl");
+    window.view()->setFocus();
+    QTRY_VERIFY(window.view()->hasFocus());
+    QTest::keyClick(window.view(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(window.box()->hasFocus());
+    QTest::keyClicks(window.box(), QStringLiteral("level"));
+    QTest::keyClick(window.box(), Qt::Key_Down);
+    QVERIFY(window.view()->hasFocus());
+    QCOMPARE(nodeName(window.view()->currentIndex()), QStringLiteral("BlackLevel"));
+
+    // Enter goes on from hit to hit, through all groups and round again.
+    window.column()->ClearSearch();
+    window.showGroup("AnalogControl");
+    window.view()->setCurrentIndex({});
+    window.type(QStringLiteral("e"));
+    QStringList visited;
+    for (int i = 0; i < 8; ++i) {
+        QTest::keyClick(window.box(), Qt::Key_Return);
+        visited += nodeName(window.view()->currentIndex());
+    }
+    QVERIFY(window.box()->hasFocus());
+    const QStringList round = {QStringLiteral("BlackLevel"), QStringLiteral("ExposureTime"),
+                               QStringLiteral("AcquisitionFrameCount"),
+                               QStringLiteral("DeviceUserID"), QStringLiteral("DeviceReset")};
+    QCOMPARE(visited, round + round.mid(0, 3));
+}
+
+void TestSearch::chineseNames()
+{
+    SearchedWindow window(m_host, m_xml, 1);
+    window.showGroup("DeviceControl");
+    window.type(chinese("\u66dd\u5149")); // exposure
+    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
+    const ORXPropertyTreeItem* item =
+        window.tree()->propertyItemByName(QStringLiteral("ExposureTime"));
+    QVERIFY(item->getHighlightSerachText().contains(chinese("\u66dd\u5149</span>")));
+    // Node names are found in any language, English display names in English only.
+    window.type(QStringLiteral("exposuretime"));
+    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
+    window.type(QStringLiteral("exposure time"));
+    QVERIFY(window.shown().isEmpty());
+    window.widget()->SetLanguage(0);
+    QVERIFY(window.box()->text().isEmpty());
+    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+}
+
+void TestSearch::searchTypedDuringTheFirstRead()
+{
+    m_host.setLatencyMs(5);
+    OpenedWindow window(m_host, m_xml);
+    ORXFeatureGroup* column = window.widget()->featureGroup(1);
+    auto* box = column->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
+    QVERIFY(!window.tree()->HadUpdatedOnce());
+    // The display name, with its blank, comes with the read.
+    QTest::keyClicks(box, QStringLiteral("exposure time"));
+    QCOMPARE(column->groupView()->allHits(), 0);
+    QVERIFY(window.waitForFirstRead());
+    QTRY_COMPARE(column->groupView()->allHits(), 1);
+    QCOMPARE(nodeName(column->groupView()->currentIndex()), QStringLiteral("AcquisitionControl"));
+    m_host.setLatencyMs(0);
+}
+
+void TestSearch::countsFollowTheUserLevel()
+{
+    SearchedWindow window(m_host, m_xml);
+    window.type(QStringLiteral("exposure"));
+    QCOMPARE(window.hits("AcquisitionControl"), 1);
+    OBDeviceControl::SetUserLevel(0);
+    window.widget()->OnUserLeverChanged();
+    QTRY_COMPARE(window.hits("AcquisitionControl"), 2);
+}
+
+OBFT_TEST_MAIN(TestSearch)
+#include "tst_search.moc"

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: Apache-2.0
+// The Chinese interface: complete, made from the texts of the sources as they are now.
+#include "support/TestMain.h"
+
+#include <QCoreApplication>
+#include <QDomDocument>
+#include <QFile>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTranslator>
+
+namespace {
+
+struct Message
+{
+    QString context;
+    QString source;
+    QString translation;
+    bool unfinished = false;
+};
+
+QString sourceDir()
+{
+    return QStringLiteral(OBFT_SOURCE_DIR);
+}
+
+QVector<Message> messagesOf(const QString& path)
+{
+    QVector<Message> messages;
+    QFile file(path);
+    QDomDocument document;
+    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
+        return messages;
+    const QDomNodeList contexts = document.elementsByTagName(QStringLiteral("context"));
+    for (int i = 0; i < contexts.size(); ++i) {
+        const QDomElement context = contexts.at(i).toElement();
+        for (QDomElement e = context.firstChildElement(QStringLiteral("message")); !e.isNull();
+             e = e.nextSiblingElement(QStringLiteral("message"))) {
+            const QDomElement text = e.firstChildElement(QStringLiteral("translation"));
+            messages.append({context.firstChildElement(QStringLiteral("name")).text(),
+                             e.firstChildElement(QStringLiteral("source")).text(), text.text(),
+                             text.hasAttribute(QStringLiteral("type"))});
+        }
+    }
+    return messages;
+}
+
+QSet<QString> keysOf(const QVector<Message>& messages)
+{
+    QSet<QString> keys;
+    for (const Message& message : messages)
+        keys.insert(message.context + QStringLiteral(": ") + message.source);
+    return keys;
+}
+
+QString translationFile()
+{
+    return sourceDir() + QStringLiteral("/src/resources/translations/FeatureTree_zh_CN.ts");
+}
+
+int markersOf(const QString& text)
+{
+    return text.count(QLatin1Char('%'));
+}
+
+} // namespace
+
+class TestTranslation : public GuardedTest
+{
+    Q_OBJECT
+private slots:
+    void everyEntryIsFinished();
+    void everyTextOfTheSourcesIsThere();
+    void compiledFileTranslates();
+};
+
+void TestTranslation::everyEntryIsFinished()
+{
+    const QVector<Message> messages = messagesOf(translationFile());
+    QVERIFY(!messages.isEmpty());
+    for (const Message& message : messages) {
+        QVERIFY2(!message.unfinished && !message.translation.trimmed().isEmpty(),
+                 qPrintable(message.source));
+        bool hasHan = false;
+        for (const QChar& letter : message.translation)
+            hasHan = hasHan || letter.script() == QChar::Script_Han;
+        QVERIFY2(hasHan, qPrintable(message.source));
+        QCOMPARE(markersOf(message.translation), markersOf(message.source));
+    }
+}
+
+void TestTranslation::everyTextOfTheSourcesIsThere()
+{
+    QTemporaryDir directory;
+    const QString fresh = directory.filePath(QStringLiteral("fresh.ts"));
+    QProcess lupdate;
+    lupdate.setWorkingDirectory(sourceDir());
+    lupdate.start(QStringLiteral(OBFT_LUPDATE),
+                  {QStringLiteral("-silent"), QStringLiteral("-no-obsolete"), QStringLiteral("src"),
+                   QStringLiteral("platform"), QStringLiteral("-ts"), fresh});
+    QVERIFY(lupdate.waitForFinished(60000));
+    QVERIFY2(lupdate.exitCode() == 0, lupdate.readAllStandardError().constData());
+    const QSet<QString> inSources = keysOf(messagesOf(fresh));
+    const QSet<QString> translated = keysOf(messagesOf(translationFile()));
+    QVERIFY(!inSources.isEmpty());
+    QCOMPARE((inSources - translated).values(), QStringList());
+    QCOMPARE((translated - inSources).values(), QStringList());
+}
+
+void TestTranslation::compiledFileTranslates()
+{
+    QTranslator translator;
+    QVERIFY(translator.load(QCoreApplication::applicationDirPath() +
+                            QStringLiteral("/FeatureTreeResource/FeatureTree_zh_CN.qm")));
+    const QVector<Message> messages = messagesOf(translationFile());
+    for (const Message& message : messages)
+        QCOMPARE(translator.translate(message.context.toUtf8().constData(),
+                                      message.source.toUtf8().constData()),
+                 message.translation);
+}
+
+OBFT_TEST_MAIN(TestTranslation)
+#include "tst_translation.moc"

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "api/ApplicationSetup.h"
+#include "model/CTreeBooleanItemValue.h"
+#include "model/CTreeCommandItemValue.h"
+#include "model/CTreeCustomCCMItemValue.h"
+#include "model/CTreeCustomDrawItemValue.h"
+#include "model/CTreeCustomWaterMarkItemValue.h"
+#include "model/CTreeEnumationItemValue.h"
+#include "model/CTreeFloatItemValue.h"
+#include "model/CTreeIntergerItemValue.h"
+#include "model/CTreeStringItemValue.h"
+#include "model/ItemValueFactory.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "reading/FeatureValueReader.h"
+#include "support/TestMain.h"
+#include "tree/FeatureWriter.h"
+#include "tree/ORXPropertyTreeDelegate.h"
+
+#include <QLabel>
+
+#include <typeinfo>
+
+namespace {
+
+struct TagRow
+{
+    const char* tag;
+    const std::type_info* value;
+    bool reads;
+    bool writes;
+    const char* editor; // class name, empty for none
+};
+
+// What each tag is, through all tables of the library.
+const TagRow kRows[] = {
+    {"Category", &typeid(CTreeItemValue), false, false, ""},
+    {"Boolean", &typeid(CTreeBooleanItemValue), true, true, "ZELCustomCheckBox"},
+    {"Command", &typeid(CTreeCommandItemValue), false, true, "ZELCustomPushButton"},
+    {"Integer", &typeid(CTreeIntergerItemValue), true, true, "ORXPropertySpinBox"},
+    {"IntReg", &typeid(CTreeIntergerItemValue), true, true, "ORXPropertySpinBox"},
+    {"Enumeration", &typeid(CTreeEnumationItemValue), true, true, "ZELCustomComboBox"},
+    {"Float", &typeid(CTreeFloatItemValue), true, true, "QPropertyLineEdit"},
+    {"Converter", &typeid(CTreeFloatItemValue), true, true, "QPropertyLineEdit"},
+    {"StringReg", &typeid(CTreeStringItemValue), true, true, "QPropertyLineEdit"},
+    {"String", &typeid(CTreeStringItemValue), true, true, "QPropertyLineEdit"},
+    {"CustomTagNameDraw", &typeid(CTreeCustomDrawItemValue), false, false, ""},
+    {"CustomTagNameWatermark", &typeid(CTreeCustomWaterMarkItemValue), false, false,
+     "ZELCustomCheckBox"},
+    {"CustomTagNameEvent", &typeid(CTreeCustomWaterMarkItemValue), false, false,
+     "ZELCustomCheckBox"},
+    {"CustomTagNameCCM", &typeid(CTreeCustomCCMItemValue), false, false, "QLabel"},
+    {"CustomTagNamePalettesMode", &typeid(CTreeEnumationItemValue), false, false,
+     "ZELCustomComboBox"},
+    {"CustomTagNameFlatFieldCorrection", &typeid(CTreeItemValue), false, false,
+     "ZELCustomPushButton"},
+    {"", &typeid(CTreeItemValue), false, false, ""},
+};
+
+} // namespace
+
+class TestFeatureTables : public GuardedTest
+{
+    Q_OBJECT
+private slots:
+    void everyTagHasARow();
+    void everyTableKnowsTheTag_data();
+    void everyTableKnowsTheTag();
+};
+
+void TestFeatureTables::everyTagHasARow()
+{
+    QCOMPARE(int(std::size(kRows)), kFeatureTagCount);
+    for (int i = 0; i < kFeatureTagCount; ++i) {
+        const auto tag = static_cast<FeatureTag>(i);
+        QCOMPARE(featureTagName(tag), QLatin1String(kRows[i].tag));
+        QCOMPARE(featureTag(QString::fromLatin1(kRows[i].tag)), tag);
+    }
+    QCOMPARE(featureTag(QStringLiteral("integer")), FeatureTag::Other); // case-sensitive
+}
+
+void TestFeatureTables::everyTableKnowsTheTag_data()
+{
+    QTest::addColumn<int>("row");
+    for (int i = 0; i < kFeatureTagCount; ++i)
+        QTest::newRow(*kRows[i].tag ? kRows[i].tag : "any other") << i;
+}
+
+void TestFeatureTables::everyTableKnowsTheTag()
+{
+    QFETCH(int, row);
+    const TagRow& expected = kRows[row];
+    const auto tag = static_cast<FeatureTag>(row);
+    ApplicationSetup::runOnce();
+    ORXPropertyTreeDelegate::registerExternalEditor(
+        FeatureTag::CCM, [](QWidget* parent, ORXPropertyTreeItem*) { return new QLabel(parent); },
+        {});
+
+    QVERIFY(typeid(*makeItemValue(tag)) == *expected.value);
+    QCOMPARE(FeatureValueReader::hasReader(tag), expected.reads);
+    QCOMPARE(FeatureWriter::hasHandler(tag), expected.writes);
+
+    ORXPropertyTreeItem root(nullptr, ORXPropertyTreeItem::CommonPage);
+    auto* item = new ORXPropertyTreeItem(&root, ORXPropertyTreeItem::CommonPage);
+    item->setTagName(QString::fromLatin1(expected.tag));
+    if (auto* boxes = dynamic_cast<CTreeCustomWaterMarkItemValue*>(item->value()))
+        boxes->setColumn(1, QStringLiteral("Time"), QStringLiteral("Time"));
+    ORXPropertyTreeModel model(ORXPropertyTreeItem::CommonPage, nullptr);
+    model.updateData(&root);
+    const ORXPropertyTreeDelegate delegate(ORXPropertyTreeItem::CommonPage, nullptr);
+    QWidget parent;
+    const QScopedPointer<QWidget> editor(
+        delegate.createEditor(&parent, {}, model.indexFromItem(item, 1)));
+    QCOMPARE(editor ? editor->metaObject()->className() : "", expected.editor);
+    QCOMPARE(ORXPropertyTreeDelegate::hasEditor(tag), *expected.editor != '\0');
+}
+
+OBFT_TEST_MAIN(TestFeatureTables)
+#include "tst_featuretables.moc"

@@ -9,7 +9,7 @@ while IFS= read -r file; do
         echo "$file has no SPDX line"
         failed=1
     fi
-done < <(find include src platform hosts tests bench fuzz cmake scripts packaging \
+done < <(find include src platform hosts tests bench cmake scripts packaging \
     \( -name '*.h' -o -name '*.cpp' -o -name '*.c' -o -name '*.cmake' -o -name '*.sh' \
     -o -name 'CMakeLists.txt' \) -print)
 exit "$failed"

@@ -93,7 +93,10 @@ bool QPropertyLineEdit::SaveProperty(QVariant& value)
         value = m_strLastText;
         return false;
     }
-    if (m_nKind < 0 || m_nKind >= kKinds || !(this->*kSave[m_nKind])(value))
+    if (m_nKind < 0 || m_nKind >= kKinds)
+        return false;
+    const Save save = kSave[m_nKind];
+    if (!(this->*save)(value))
         return false;
     m_strLastText = text();
     setModified(false);

@@ -7,7 +7,7 @@ set -euo pipefail
 
 run_packages="cmake ninja-build g++ gcc ccache pkg-config qtbase5-dev qtbase5-dev-tools
   qttools5-dev-tools libaravis-dev libusb-1.0-0-dev librsvg2-bin fonts-noto-cjk fonts-dejavu-core"
-test_packages="$run_packages aravis-tools binutils"
+test_packages="$run_packages aravis-tools aravis-tools-cli binutils"
 bench_packages="$run_packages libbenchmark-dev"
 tidy_packages="$test_packages clang-tidy clang-format"
 aarch64_packages="$test_packages crossbuild-essential-arm64 qtbase5-dev:arm64 libaravis-dev:arm64

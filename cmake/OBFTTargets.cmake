@@ -39,9 +39,7 @@ if(OBFT_CLANG_TIDY)
 endif()
 
 # Language level, warnings and string rules of our own code.
-# `PCH header...` gives the target a precompiled header (left out under clang-tidy).
 function(obft_target_defaults target)
-    cmake_parse_arguments(arg "" "" "PCH" ${ARGN})
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wshadow -Wconversion
         $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>)
@@ -58,9 +56,6 @@ function(obft_target_defaults target)
         endif()
     endif()
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
-    if(arg_PCH AND NOT OBFT_CLANG_TIDY)
-        target_precompile_headers(${target} PRIVATE ${arg_PCH})
-    endif()
     if(OBFT_CLANG_TIDY)
         set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${OBFT_CLANG_TIDY_EXE}")
     endif()
@@ -71,7 +66,7 @@ endfunction()
 function(obft_add_folder name)
     cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
     add_library(obft_${name} OBJECT ${arg_SOURCES})
-    obft_target_defaults(obft_${name} PCH <QtCore> <QtWidgets> <QtXml>)
+    obft_target_defaults(obft_${name})
     target_include_directories(obft_${name} PUBLIC
         "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/include")
     target_link_libraries(obft_${name} PUBLIC

@@ -40,10 +40,13 @@ DescriptionNodes::DescriptionNodes(const std::string& xml)
             continue;
         // Which one the node-map library takes is its own affair, so all must be sound: a bad one
         // refers to nothing.
-        std::vector<std::string>& all = m_nodes[known->second].references;
-        all.insert(all.end(), m_nodes[i].references.begin(), m_nodes[i].references.end());
-        if (hasBadLength(m_nodes[i]))
-            all.emplace_back();
+        DescriptionNode& first = m_nodes[known->second];
+        const DescriptionNode& other = m_nodes[i];
+        first.references.insert(first.references.end(), other.references.begin(),
+                                other.references.end());
+        first.lengths.insert(first.lengths.end(), other.lengths.begin(), other.lengths.end());
+        if (hasBadLength(other))
+            first.references.emplace_back();
     }
     findTraits();
     findFaultyLimits();

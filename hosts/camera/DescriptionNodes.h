@@ -51,7 +51,7 @@ public:
 
     static constexpr int kMaxReferenceDepth = 200;
     static constexpr double kMaxSteps = 20000; // references that meet again count each time
-    static constexpr std::int64_t kMaxRegisterBytes = 1024 * 1024;
+    static constexpr std::int64_t kMaxRegisterBytes = 1048576;
 
 private:
     unsigned ownTraits(const DescriptionNode& node) const;

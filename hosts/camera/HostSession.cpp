@@ -10,7 +10,7 @@
 
 #include <OBFeatureTree/OBFeatureTree.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTextStream>
 
 #include <algorithm>
@@ -108,20 +108,22 @@ void HostSession::onTick()
 void HostSession::watchConnection()
 {
     if (m_reconnecting.valid()) {
-        if (m_reconnecting.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
-            return;
-        if (m_reconnecting.get() != CameraError::Ok)
-            return;
-        complain(QStringLiteral("the camera is back"));
-        m_reopening = true;
-        OB_FT_Close();
-        OB_FT_Release();
-        openWindow();
-        m_reopening = false;
+        if (m_reconnecting.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
+            m_cameraIsBack = m_reconnecting.get() == CameraError::Ok;
     } else if (!m_camera.isConnected()) {
         // A search for the camera takes its time; the window stays alive meanwhile.
         m_reconnecting = std::async(std::launch::async, [this] { return m_camera.reconnect(); });
     }
+    // A dialog or menu runs an event loop inside the window's code: the window must stay till then.
+    if (!m_cameraIsBack || QApplication::activeModalWidget() || QApplication::activePopupWidget())
+        return;
+    m_cameraIsBack = false;
+    complain(QStringLiteral("the camera is back"));
+    m_reopening = true;
+    OB_FT_Close();
+    OB_FT_Release();
+    openWindow();
+    m_reopening = false;
 }
 
 void HostSession::watchFirstRead()

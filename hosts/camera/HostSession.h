@@ -49,5 +49,6 @@ private:
     QElapsedTimer m_sinceStart;
     qint64 m_firstReadMs = -1;
     bool m_windowOpen = false;
-    bool m_reopening = false; // the window goes away because the host replaces it
+    bool m_cameraIsBack = false; // and the window still shows what was before
+    bool m_reopening = false;    // the window goes away because the host replaces it
 };

@@ -32,7 +32,7 @@ public:
     const DescriptionNodes& nodes() const { return m_nodes; }
 
     // Descriptions above this size get no node map.
-    static constexpr std::size_t kMaxDescriptionBytes = 64U * 1024U * 1024U;
+    static constexpr std::size_t kMaxDescriptionBytes = std::size_t{64} * 1024 * 1024;
 
 protected:
     RegisterMemory m_memory; // guarded by m_mutex

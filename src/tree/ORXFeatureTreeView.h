@@ -115,7 +115,6 @@ private:
     void closeEditorsBelow(ORXPropertyTreeItem* item);
     void closeEditorsOutOfSight();
     void detachEditors();
-    void orderEditors();
     void onEditingEnded(QWidget* editor);
     void onFocusChanged(QWidget* old, QWidget* now);
     QModelIndex cellOfEditor(const QWidget* widget) const;

@@ -120,20 +120,27 @@ void ORXFeatureTreeView::syncEditors()
     }
     const QScopedValueRollback<bool> syncing(m_bSyncing, true);
     m_inSight.clear();
-    bool opened = false;
+    QWidget* before = this;
     const int bottom = viewport()->height();
     for (QModelIndex row = indexAt(QPoint(0, 0)); row.isValid() && visualRect(row).top() <= bottom;
          row = indexBelow(row)) {
         ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(row);
         m_inSight.append(item);
-        if (m_openEditors.contains(item) || !ORXPropertyTreeDelegate::hasEditor(item->tag()))
-            continue;
-        openEditors(item);
-        opened = true;
+        const bool opens =
+            !m_openEditors.contains(item) && ORXPropertyTreeDelegate::hasEditor(item->tag());
+        if (opens)
+            openEditors(item);
+        for (int column = 0; column < 2; ++column) {
+            QWidget* editor = editorOf(item, column);
+            if (!editor)
+                continue;
+            // The tab order is the order of the rows, whenever their editors were made.
+            if (opens)
+                setTabOrder(before, editor);
+            before = editor;
+        }
     }
     closeEditorsOutOfSight();
-    if (opened)
-        orderEditors();
 }
 
 void ORXFeatureTreeView::closeEditorsOutOfSight()

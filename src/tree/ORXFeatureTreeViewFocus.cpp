@@ -33,20 +33,6 @@ QModelIndex ORXFeatureTreeView::cellOfEditor(const QWidget* widget) const
     return {};
 }
 
-// The tab order of the editors in sight is the order of their rows, whenever they were made.
-void ORXFeatureTreeView::orderEditors()
-{
-    QWidget* before = this;
-    for (ORXPropertyTreeItem* item : qAsConst(m_inSight)) {
-        for (int column = 0; column < 2; ++column) {
-            if (QWidget* editor = editorOf(item, column)) {
-                setTabOrder(before, editor);
-                before = editor;
-            }
-        }
-    }
-}
-
 QModelIndex ORXFeatureTreeView::firstCell(const QModelIndex& row) const
 {
     return row.siblingAtColumn(isTwoBoxes(row) ? 0 : 1);

@@ -146,6 +146,8 @@ void TestCameraHost::survivesFaults()
     const Run result = run({QStringLiteral("--faults"), plan, QStringLiteral("--screenshot"),
                             QStringLiteral("faults.png")});
     QVERIFY2(result.code == 0, qPrintable(result.output));
+    const bool lost = plan.startsWith(QLatin1String("disconnect"));
+    QCOMPARE(result.output.contains(QLatin1String("the camera is back")), lost);
 }
 
 void TestCameraHost::showsARealCamera()

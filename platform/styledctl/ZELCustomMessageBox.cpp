@@ -14,6 +14,8 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kPicturePx = 40;
@@ -160,19 +162,27 @@ void ZELCustomMessageBox::cEndSetParameter()
     m_title->setFixedHeight(qMax(0, m_title->heightForWidth(width)));
     m_content->setFixedSize(width, qMin(textHeight(m_content, width), kMaxTextHeight));
     setFixedSize(layout()->totalMinimumSize());
-    if (!m_row.isEmpty())
+    if (!m_row.isEmpty() && !isVisible())
         m_row.constFirst()->setFocus();
 }
 
 void ZELCustomMessageBox::buildButtons()
 {
-    qDeleteAll(m_row);
-    m_row.clear();
     QVector<int> results = {Result_Ok};
     if (m_buttons == Buttons_OkCancel)
         results = {Result_Ok, Result_Cancel};
     else if (m_buttons == Buttons_YesNoCancel)
         results = {Result_Ok, Result_No, Result_Cancel};
+    const auto carries = [](const ZELCustomPushButton* button, int result) {
+        return button->property("result").toInt() == result;
+    };
+    // A shown box that is filled anew keeps its buttons, and with them the focus.
+    if (std::equal(m_row.cbegin(), m_row.cend(), results.cbegin(), results.cend(), carries)) {
+        translateButtons();
+        return;
+    }
+    qDeleteAll(m_row);
+    m_row.clear();
     for (const int result : qAsConst(results)) {
         auto* button = new ZELCustomPushButton(
             m_buttonRow, result == Result_Ok ? ZELCustomPushButton::Style_Primary

@@ -160,10 +160,12 @@ bool FeatureWriter::finish(bool written, const QString& name, const QString& sho
         m_pTree->startInvalidationTimer();
         return true;
     }
-    const QString text =
-        ORXFeatureTree::tr("Node '%1':failed to save value '%2'").arg(name, shownValue);
-    m_pTree->ShowMessage(m_pTree, ORXFeatureTree::tr("Failed to set the feature value."),
-                         text + errorText(error), QString(), ZELCustomMessageBox::Hint_Error);
+    m_pTree->showTranslated([name, shownValue, error] {
+        const QString text =
+            ORXFeatureTree::tr("Node '%1':failed to save value '%2'").arg(name, shownValue);
+        return ORXFeatureTree::Message{ORXFeatureTree::tr("Failed to set the feature value."),
+                                       text + errorText(error), ZELCustomMessageBox::Hint_Error};
+    });
     return false;
 }
 
@@ -200,9 +202,11 @@ bool FeatureWriter::afterDeviceReset()
     m_pTree->stopTimersForReset();
     m_pTree->ClearTreeViewInfo();
     m_pTree->setIsCanEdit(false);
-    m_pTree->ShowMessage(
-        m_pTree, ORXFeatureTree::tr("The camera is about to reboot. Reconnect the\ncamera later."),
-        QString(), QString(), ZELCustomMessageBox::Hint_Information);
+    m_pTree->showTranslated([] {
+        return ORXFeatureTree::Message{
+            ORXFeatureTree::tr("The camera is about to reboot. Reconnect the\ncamera later."),
+            QString(), ZELCustomMessageBox::Hint_Information};
+    });
     const IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
     if (!finder || !finder->hasFeatureTree(m_pTree->cameraID()))
         return false;

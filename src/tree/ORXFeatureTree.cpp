@@ -231,8 +231,10 @@ void ORXFeatureTree::refreshCameraItemName()
 void ORXFeatureTree::changeEvent(QEvent* event)
 {
     IORXFeatureWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         RefreshWidgetInfo();
+        retranslateMessages();
+    }
 }
 
 void ORXFeatureTree::RefreshWidgetInfo()

@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class FeatureFavorites;
@@ -76,7 +77,16 @@ public:
     bool GetOstSettingData();
     void startInvalidationTimer();
     void stopTimersForReset();
-    // One box at a time: while one is shown, further messages are dropped.
+    // A message in words of the interface language: one box at a time; while one is shown, further
+    // messages are dropped. `message` makes the words anew when the language changes meanwhile.
+    struct Message
+    {
+        QString title;
+        QString text; // empty: the title is all there is to say
+        int hintStyle;
+    };
+    void showTranslated(const std::function<Message()>& message);
+    // As above with words that stay as they are.
     void ShowMessage(QWidget* parent, const QString& title, const QString& text,
                      const QString& caption, int hintStyle);
     void ShowLoadingDlg(bool show, const QString& text);
@@ -140,6 +150,9 @@ private:
     void connectSignals();
     void createItems();
     void showDescription();
+    void fillMessageBox(const Message& message, const QString& caption);
+    void retranslateMessages();
+    QString overlayText() const;
 
     FeatureDescriptionIndex m_index;
     FeatureTreeBuilder m_builder;
@@ -150,6 +163,8 @@ private:
     QString m_strDescription;       // HTML that the panel shows.
     ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Not owned.
     QPointer<ZELCustomMessageBox> m_pMessageBox;      // Owned (child).
+    std::function<Message()> m_shownMessage;          // Null when its words stay as they are.
+    bool m_bOverlayForSetting = false;                // What the overlay was shown for last.
 
     QMutex m_featureMutex;
     QGetFeaturesThread* m_pPartialThread; // Owned (child).

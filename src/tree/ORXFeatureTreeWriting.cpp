@@ -101,14 +101,44 @@ void ORXFeatureTree::ShowMessage(QWidget*, const QString& title, const QString& 
     if (m_pMessageBox && m_pMessageBox->isVisible())
         return;
     delete m_pMessageBox;
+    m_shownMessage = nullptr;
     m_pMessageBox = new ZELCustomMessageBox(this);
     m_pMessageBox->cSetButtons(ZELCustomMessageBox::Buttons_Ok);
-    m_pMessageBox->cSetCaption(caption.isEmpty() ? tr("Prompt") : caption);
-    m_pMessageBox->cSetContent(text.isEmpty() ? title : text);
-    m_pMessageBox->cSetTextTitle(text.isEmpty() ? QString() : title);
-    m_pMessageBox->cSetHintStyle(hintStyle);
-    m_pMessageBox->cEndSetParameter();
+    fillMessageBox({title, text, hintStyle}, caption);
     m_pMessageBox->show();
+}
+
+void ORXFeatureTree::showTranslated(const std::function<Message()>& message)
+{
+    if (m_pMessageBox && m_pMessageBox->isVisible())
+        return;
+    const Message words = message();
+    ShowMessage(this, words.title, words.text, QString(), words.hintStyle);
+    m_shownMessage = message;
+}
+
+void ORXFeatureTree::fillMessageBox(const Message& message, const QString& caption)
+{
+    m_pMessageBox->cSetCaption(caption.isEmpty() ? tr("Prompt") : caption);
+    m_pMessageBox->cSetContent(message.text.isEmpty() ? message.title : message.text);
+    m_pMessageBox->cSetTextTitle(message.text.isEmpty() ? QString() : message.title);
+    m_pMessageBox->cSetHintStyle(message.hintStyle);
+    m_pMessageBox->cEndSetParameter();
+}
+
+// Whatever the tree has on screen says the same in the other language.
+void ORXFeatureTree::retranslateMessages()
+{
+    if (m_pMessageBox && m_pMessageBox->isVisible() && m_shownMessage)
+        fillMessageBox(m_shownMessage(), QString());
+    if (cameraID() != -1 && ZELCustomLoadingDialog::isLoading(getLoadingIndex(
+                                OBDeviceControl::GetDeviceType(), cameraID())))
+        ShowLoadingDlg(true, overlayText());
+}
+
+QString ORXFeatureTree::overlayText() const
+{
+    return m_bOverlayForSetting ? tr("Setting features...") : tr("Updating features...");
 }
 
 void ORXFeatureTree::ShowLoadingDlg(bool show, const QString& text)
@@ -136,5 +166,7 @@ void ORXFeatureTree::ShowLoadingFeatures(bool show, bool setting)
         ZELCustomLoadingDialog::setHostWindow(window(), getLoadingIndex(
                                                             OBDeviceControl::GetDeviceType(),
                                                             cameraID()));
-    ShowLoadingDlg(show, setting ? tr("Setting features...") : tr("Updating features..."));
+    if (show)
+        m_bOverlayForSetting = setting;
+    ShowLoadingDlg(show, overlayText());
 }

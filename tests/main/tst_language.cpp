@@ -7,6 +7,7 @@
 #include "main/ORXFeatureGroup.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
+#include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/OpenedWindow.h"
 #include "support/TestMain.h"
@@ -94,6 +95,7 @@ private slots:
     void switchedWindowShowsWhatAFreshOneShows();
     void switchingWhileReading();
     void openPromptIsTranslated();
+    void openMessageAndOverlayAreTranslated();
     void editsSurvive_data();
     void editsSurvive();
 
@@ -195,10 +197,38 @@ void TestLanguage::openPromptIsTranslated()
     });
     window.widget()->onSaveFeatures();
     QVERIFY(!english.isEmpty());
+    QCOMPARE(switched.size(), english.size());
     for (const QString& text : qAsConst(switched)) {
         const QString shown = text.mid(text.indexOf(QLatin1Char(' ')) + 1);
         QVERIFY2(shown.isEmpty() || !english.contains(text), qPrintable(text));
     }
+}
+
+void TestLanguage::openMessageAndOverlayAreTranslated()
+{
+    OpenedWindow window(m_host, m_xml, 0);
+    QVERIFY(window.waitForFirstRead());
+    const QString width = QStringLiteral("Width");
+    m_host.fail(width, 5);
+    MessageGuard::expectMessage(width); // the device layer's own line
+    QVERIFY(!window.tree()->setFeatureValue(QStringLiteral("Integer"), width, 640));
+    m_host.fail(width, 0);
+    const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
+    QVERIFY(box && box->isVisible());
+    window.tree()->ShowLoadingFeatures(true, true);
+    constexpr int kOverlay = 1;
+    const auto words = [&] {
+        return QStringList({box->cCaption(), box->cTextTitle(), box->cContent(),
+                            ZELCustomLoadingDialog::text(kOverlay)});
+    };
+    const QStringList english = words();
+    switchLanguage(window);
+    for (int i = 0; i < english.size(); ++i)
+        QVERIFY2(words().at(i) != english.at(i), qPrintable(english.at(i)));
+    QVERIFY(box->cContent().contains(QStringLiteral("640")));
+    switchLanguage(window);
+    QCOMPARE(words(), english);
+    window.tree()->ShowLoadingDlg(false, QString());
 }
 
 void TestLanguage::editsSurvive_data()

@@ -27,13 +27,13 @@ std::mutex& tablesMutex()
 QString textOf(const TranslationTable::Items& table, const QString& name,
                QString CORXPropertyTransItem::*text)
 {
-    const CORXPropertyTransItem* item = table.value(name);
-    return item ? item->*text : QString();
+    const std::shared_ptr<const CORXPropertyTransItem> item = table.value(name);
+    return item ? (*item).*text : QString();
 }
 
 QString entryOf(const TranslationTable::Items& table, const QString& feature, const QString& entry)
 {
-    const CORXPropertyTransItem* item = table.value(feature);
+    const std::shared_ptr<const CORXPropertyTransItem> item = table.value(feature);
     return item ? item->m_mapEnumEntries.value(entry).m_strDisplayNameCN : QString();
 }
 

@@ -33,7 +33,7 @@ CORXPropertyTransEnumEntry readEntry(const QDomElement& element)
 
 void addFeature(const QDomElement& feature, Items& table)
 {
-    auto* item = new CORXPropertyTransItem;
+    auto item = std::make_shared<CORXPropertyTransItem>();
     item->m_strName = feature.attribute(QStringLiteral("Name"));
     for (QDomElement child = feature.firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
@@ -45,7 +45,7 @@ void addFeature(const QDomElement& feature, Items& table)
         }
         for (const ItemField& field : kItemFields) {
             if (tag == field.tag)
-                item->*field.text = child.text();
+                (*item).*field.text = child.text();
         }
     }
     table.insert(item->m_strName, item);

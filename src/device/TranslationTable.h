@@ -6,14 +6,16 @@
 #include <QMap>
 #include <QString>
 
+#include <memory>
+
 class QDomDocument;
 class QDomElement;
 
-// Reading of translation tables (feature name to its texts in two languages). Tables own their
-// items; an item that is replaced lives on, since earlier readers may still hold it.
+// Reading of translation tables (feature name to its texts in two languages). Tables share their
+// items with whoever copies them; an item that is replaced goes with its last table.
 namespace TranslationTable {
 
-using Items = QMap<QString, CORXPropertyTransItem*>;
+using Items = QMap<QString, std::shared_ptr<const CORXPropertyTransItem>>;
 
 // Adds every "Feature" child of the document's root; an item of the same name is replaced.
 void addDocument(const QDomDocument& document, Items& table);

@@ -136,24 +136,30 @@ bool PageWindow::isRowShown(int tab, const char* name) const
     return index.isValid() && !view->isRowHidden(index.row(), index.parent());
 }
 
-QWidget* PageWindow::anyEditor(int tab, const char* name) const
+// The editor, in whatever state; rows that have come into sight get theirs a little later.
+QWidget* PageWindow::openedEditor(int tab, const char* name) const
 {
-    ORXPropertyTreeItem* row = item(tab, name);
-    if (!row || !show(tab, name))
+    if (!show(tab, name) || !isRowShown(tab, name))
         return nullptr;
     QWidget* editor = nullptr;
-    const bool ready = QTest::qWaitFor(
+    const bool opened = QTest::qWaitFor(
         [&] {
-            editor = page(tab)->treeView()->editorOf(row);
-            return editor && editor->isVisible() && editor->isEnabled();
+            editor = page(tab)->treeView()->editorOf(item(tab, name));
+            return editor != nullptr;
         },
         kPatienceMs);
-    return ready ? editor : nullptr;
+    return opened ? editor : nullptr;
+}
+
+QWidget* PageWindow::usableEditor(int tab, const char* name) const
+{
+    const bool usable = QTest::qWaitFor([&] { return isEnabled(tab, name); }, kPatienceMs);
+    return usable ? openedEditor(tab, name) : nullptr;
 }
 
 bool PageWindow::enter(int tab, const char* name, const QString& text) const
 {
-    QWidget* editor = anyEditor(tab, name);
+    QWidget* editor = usableEditor(tab, name);
     if (!editor)
         return false;
     editor->setFocus();
@@ -187,7 +193,7 @@ bool PageWindow::click(int tab, const char* name) const
 
 QString PageWindow::shown(int tab, const char* name) const
 {
-    QWidget* editor = show(tab, name) ? page(tab)->treeView()->editorOf(item(tab, name)) : nullptr;
+    QWidget* editor = openedEditor(tab, name);
     if (const auto* box = qobject_cast<QComboBox*>(editor))
         return box->currentText();
     if (const auto* line = lineOf(editor))
@@ -200,8 +206,7 @@ QString PageWindow::shown(int tab, const char* name) const
 
 bool PageWindow::isEnabled(int tab, const char* name) const
 {
-    const QWidget* editor =
-        show(tab, name) ? page(tab)->treeView()->editorOf(item(tab, name)) : nullptr;
+    const QWidget* editor = openedEditor(tab, name);
     return editor && editor->isEnabled();
 }
 
@@ -209,8 +214,7 @@ bool PageWindow::refresh() const
 {
     const QList<QGetFeaturesThread*> threads = tree()->findChildren<QGetFeaturesThread*>();
     const auto isIdle = [](const QGetFeaturesThread* thread) {
-        return !thread->isPassRunning() ||
-               thread->FeaturesUpdateType() == FEATURES_UPDATE_POLLING;
+        return !thread->isPassRunning() || thread->FeaturesUpdateType() == FEATURES_UPDATE_POLLING;
     };
     const auto allIdle = [&] { return std::all_of(threads.begin(), threads.end(), isIdle); };
     // A pass under way would make the request superfluous.

@@ -41,7 +41,7 @@ public:
     template <typename Editor>
     Editor* editor(int tab, const char* name) const
     {
-        return qobject_cast<Editor*>(anyEditor(tab, name));
+        return qobject_cast<Editor*>(usableEditor(tab, name));
     }
     // Types the text into the feature's editor, or chooses it, or clicks.
     bool enter(int tab, const char* name, const QString& text) const;
@@ -54,7 +54,8 @@ public:
     bool refresh() const;
 
 private:
-    QWidget* anyEditor(int tab, const char* name) const;
+    QWidget* openedEditor(int tab, const char* name) const;
+    QWidget* usableEditor(int tab, const char* name) const;
 
     HostCallbacks m_host;
 };

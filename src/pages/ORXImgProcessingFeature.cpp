@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/ORXImgProcessingFeature.h"
 
-#include "pages/PageSupport.h"
+namespace {
 
-ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
-    : IORXFeatureWidget(ORXPropertyTreeItem::ImageProcessingPage, parent)
+const CuratedPageTable& imageTable()
 {
-    PageSupport::fillWithView(this);
+    static const CuratedPageTable kTable = {"ORXImgProcessingFeature", "", {}};
+    return kTable;
 }
 
-bool ORXImgProcessingFeature::setFeatureValue(const QString& tagName, const QString& nodeName,
-    const QVariant& value)
+} // namespace
+
+ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
+    : CuratedPage(imageTable(), ORXPropertyTreeItem::ImageProcessingPage, parent)
 {
-    return PageSupport::writeThroughTree(cameraID(), tagName, nodeName, value);
 }

@@ -12,6 +12,7 @@
 #include "tree/FeatureFavorites.h"
 #include "tree/FeatureWriter.h"
 #include "tree/ORXFeatureTreeView.h"
+#include "tree/SteadyBeat.h"
 
 #include <QEvent>
 #include <QMenu>
@@ -26,6 +27,11 @@ constexpr int kDescriptionMinHeight = 90;
 
 const QLatin1String kDeviceUserId("DeviceUserID");
 
+void triggerSoftware()
+{
+    OBDeviceControl::SetCommandNodeValue(QStringLiteral("TriggerSoftware"));
+}
+
 } // namespace
 
 ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
@@ -35,6 +41,7 @@ ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     , m_pDescription(new QTextEdit(this))
     , m_pPartialThread(new QGetFeaturesThread(this, this))
     , m_pFullThread(new QGetFeaturesThread(this, this))
+    , m_autoTrigger(std::make_unique<SteadyBeat>(triggerSoftware))
 {
     setCameraID(cameraId);
     buildLayout();
@@ -90,10 +97,8 @@ void ORXFeatureTree::connectSignals()
     connect(&m_pollingTimer, &QTimer::timeout, this, &Tree::OnTimerFeatureNoCache);
     connect(&m_invalidationTimer, &QTimer::timeout, this, &Tree::OnTimeInvalidaterFeaturesUpdate);
     connect(&m_refreshTimer, &QTimer::timeout, this, &Tree::OnTimerRefreshFinished);
-    connect(&m_autoTriggerTimer, &QTimer::timeout, this, &Tree::OnTimerAutoTrigger);
     connect(this, &Tree::SigFeatureChangeOsd, this, &Tree::OnSigFeatureChangeOsd);
     connect(this, &Tree::SigPollingFeatureChanged, this, &Tree::OnPollingFeatureChanged);
-    m_autoTriggerTimer.setTimerType(Qt::PreciseTimer);
 }
 
 // Building ----------------------------------------------------------------------------------------
@@ -154,7 +159,7 @@ void ORXFeatureTree::removeCameraID(qint64 cameraId)
     if (isInitialized(cameraId)) {
         StopThread(true);
         stopTimersForReset();
-        m_autoTriggerTimer.stop();
+        stopAutoSoftwareTrig(true);
         m_pCurrentItem = nullptr;
         m_pFavorites->forgetItems();
         m_builder.clear();
@@ -166,6 +171,7 @@ void ORXFeatureTree::readyForDelete()
 {
     m_bDeleting = true;
     ShowLoadingDlg(false, QString());
+    stopAutoSoftwareTrig(true);
     StopThread(true);
 }
 
@@ -174,7 +180,7 @@ void ORXFeatureTree::Release()
     m_pollingTimer.stop();
     m_invalidationTimer.stop();
     m_refreshTimer.stop();
-    m_autoTriggerTimer.stop();
+    stopAutoSoftwareTrig(true);
     ORXListenTools::instance()->removeListener(this);
 }
 

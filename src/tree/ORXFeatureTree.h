@@ -18,6 +18,7 @@
 class FeatureFavorites;
 class FeatureWriter;
 class QTextEdit;
+class SteadyBeat;
 class ZELCustomDockTitleBar;
 class ZELCustomMessageBox;
 
@@ -104,7 +105,10 @@ public:
     void OnBtnRefresh();
     void OnCameraStartShot();
     void OnCameraStopShot();
-    // Executes "TriggerSoftware" every `intervalMs` milliseconds while enabled.
+    // Executes "TriggerSoftware" every `intervalMs` milliseconds (1 to 1,000,000,000) while enabled,
+    // on a thread of its own: neither a busy window nor a slow camera shifts the beat, and a beat
+    // that falls due while the camera still works on the one before is dropped. Ends by itself when
+    // reading pauses, the camera is closed or reset, and with the tree.
     void SetAutoSoftwareTrig(bool enable, unsigned int intervalMs);
     int notify(int code, void* data) override;
     void ClearTreeViewInfo();
@@ -120,6 +124,8 @@ signals:
     void SigFirstEndUpdateFeature(qint64 cameraId);
     void SigPollingFeatureChanged(const QString& name);
     void SigFeatureChangeOsd();
+    // The automatic software trigger was switched on, or off by whatever reason.
+    void SigAutoSoftwareTrigChanged(qint64 cameraId, bool enabled);
 
 public slots:
     bool OnIntegerNodeValueChanged(const QString& name, qint64 value);
@@ -139,6 +145,8 @@ public slots:
     void OnTimerFeatureNoCache();
     void OnTimeInvalidaterFeaturesUpdate();
     void OnTimerRefreshFinished();
+    // Executes "TriggerSoftware" once, on the automatic trigger's thread; dropped while the one
+    // before still runs.
     void OnTimerAutoTrigger();
     void OnSigFeatureChangeOsd();
 
@@ -153,6 +161,7 @@ private:
     void fillMessageBox(const Message& message, const QString& caption);
     void retranslateMessages();
     QString overlayText() const;
+    void stopAutoSoftwareTrig(bool wait);
 
     FeatureDescriptionIndex m_index;
     FeatureTreeBuilder m_builder;
@@ -176,7 +185,7 @@ private:
     QTimer m_pollingTimer;
     QTimer m_invalidationTimer;
     QTimer m_refreshTimer;
-    QTimer m_autoTriggerTimer;
+    std::unique_ptr<SteadyBeat> m_autoTrigger;
 };
 
 // Index of a camera's loading overlay.

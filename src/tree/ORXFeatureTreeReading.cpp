@@ -10,14 +10,14 @@
 #include "tree/FeatureWriter.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
-
-#include <limits>
+#include "tree/SteadyBeat.h"
 
 namespace {
 
 constexpr int kPollingTimerMs = 2000;
 constexpr int kInvalidationTimerMs = 100;
 constexpr int kRefreshTimerMs = 10;
+constexpr unsigned int kLongestAutoTriggerMs = 1000000000;
 // A device of this type keeps host caches that a plain full read has to drop.
 constexpr int kInvalidatingDeviceType = 8;
 
@@ -83,6 +83,7 @@ void ORXFeatureTree::RefreshFeatures()
 
 void ORXFeatureTree::PauseUpdateThread()
 {
+    stopAutoSoftwareTrig(true);
     StopThread(true);
     m_pollingTimer.stop();
 }
@@ -165,7 +166,7 @@ void ORXFeatureTree::OnCameraClose()
     StopThread(true);
     m_pollingTimer.stop();
     m_invalidationTimer.stop();
-    m_autoTriggerTimer.stop();
+    stopAutoSoftwareTrig(true);
     // Without a camera nothing would hide it any more.
     ShowLoadingDlg(false, QString());
     treeView()->clearModelInfo();
@@ -186,15 +187,31 @@ void ORXFeatureTree::stopTimersForReset()
     m_invalidationTimer.stop();
     m_pollingTimer.stop();
     m_refreshTimer.stop();
+    stopAutoSoftwareTrig(false);
 }
 
 void ORXFeatureTree::SetAutoSoftwareTrig(bool enable, unsigned int intervalMs)
 {
-    constexpr unsigned int kLongestMs = std::numeric_limits<int>::max();
-    if (enable)
-        m_autoTriggerTimer.start(static_cast<int>(qBound(1U, intervalMs, kLongestMs)));
-    else
-        m_autoTriggerTimer.stop();
+    if (!enable) {
+        stopAutoSoftwareTrig(false);
+        return;
+    }
+    if (m_bDeleting || cameraID() < 0)
+        return;
+    m_autoTrigger->start(
+        std::chrono::milliseconds(qBound(1U, intervalMs, kLongestAutoTriggerMs)));
+    emit SigAutoSoftwareTrigChanged(cameraID(), true);
+}
+
+// With `wait` no trigger command is under way any more when this returns.
+void ORXFeatureTree::stopAutoSoftwareTrig(bool wait)
+{
+    const bool running = m_autoTrigger->isRunning();
+    m_autoTrigger->stop();
+    if (wait)
+        m_autoTrigger->waitForAction();
+    if (running)
+        emit SigAutoSoftwareTrigChanged(cameraID(), false);
 }
 
 void ORXFeatureTree::OnTimerFeatureNoCache()
@@ -217,7 +234,7 @@ void ORXFeatureTree::OnTimerRefreshFinished() { m_refreshTimer.stop(); }
 
 void ORXFeatureTree::OnTimerAutoTrigger()
 {
-    OBDeviceControl::SetCommandNodeValue(QStringLiteral("TriggerSoftware"));
+    m_autoTrigger->runOnce();
 }
 
 void ORXFeatureTree::OnSigFeatureChangeOsd()

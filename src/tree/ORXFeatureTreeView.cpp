@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QThread>
 #include <QWheelEvent>
@@ -55,9 +56,15 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
             &ORXFeatureTreeView::onUpdateSpecialInfo);
     connect(this, &QTreeView::expanded, this, &ORXFeatureTreeView::OnSigExpanded);
     connect(this, &QTreeView::collapsed, this, &ORXFeatureTreeView::OnSigCollapsed);
-    // Queued: the editor handles the event first.
-    connect(m_pDelegate, &ORXPropertyTreeDelegate::sigEditingEnded, this,
-            &ORXFeatureTreeView::onEditingEnded, Qt::QueuedConnection);
+    // Later: the editor handles the event first. Its row, and with it the editor, may go meanwhile.
+    connect(m_pDelegate, &ORXPropertyTreeDelegate::sigEditingEnded, this, [this](QWidget* editor) {
+        const QPointer<QWidget> ended(editor);
+        const auto tell = [this, ended] {
+            if (ended)
+                onEditingEnded(ended);
+        };
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    });
     connect(qApp, &QApplication::focusChanged, this, &ORXFeatureTreeView::onFocusChanged);
 }
 

@@ -13,7 +13,8 @@ void trigger(DemoContext& demo);       // software trigger and counters
 void autoFunctions(DemoContext& demo); // exposure, gain and white balance that move by themselves
 void imageFormat(DemoContext& demo);   // sizes that follow binning and decimation
 void colour(DemoContext& demo);        // look-up table start values, colour matrix
-void inputs(DemoContext& demo);        // lines and encoders
+void inputs(DemoContext& demo);        // lines
+void encoders(DemoContext& demo);      // encoders, frequency converter
 void userSets(DemoContext& demo);      // user sets
 void sequencer(DemoContext& demo);     // sequencer sets
 void files(DemoContext& demo);         // file access

@@ -33,6 +33,17 @@ void add(DemoContext& demo, std::int64_t frames)
     count(demo, ExposureEnd, frames);
 }
 
+void trigger(DemoContext& demo, std::int64_t source, std::int64_t times)
+{
+    if (times <= 0 || !waitForTrigger(demo) ||
+        demo.integerAt("TriggerSourceReg", kFrameStartTrigger) != source)
+        return;
+    demo.setInteger("TriggerCount", demo.integer("TriggerCount") + times);
+    count(demo, FrameTrigger, times);
+    if (demo.integer("TLParamsLocked") != 0)
+        add(demo, times * demo.integerAt("TriggerMultiplierReg", kFrameStartTrigger));
+}
+
 void count(DemoContext& demo, CounterSource source, std::int64_t events)
 {
     for (std::int64_t counter = 0; counter < kCounters; ++counter) {

@@ -15,15 +15,14 @@ constexpr std::int64_t kSoftware = 0; // entry of the trigger source
 void triggerBySoftware(DemoContext& demo)
 {
     const std::int64_t trigger = demo.integer("TriggerSelector");
+    if (trigger == kFrameStartTrigger) {
+        DemoFrames::trigger(demo, kSoftware, 1);
+        return;
+    }
     if (demo.integerAt("TriggerModeReg", trigger) != kOn ||
         demo.integerAt("TriggerSourceReg", trigger) != kSoftware)
         return;
     demo.setInteger("TriggerCount", demo.integer("TriggerCount") + 1);
-    if (trigger != kFrameStartTrigger)
-        return;
-    DemoFrames::count(demo, DemoFrames::FrameTrigger, 1);
-    if (demo.integer("TLParamsLocked") != 0)
-        DemoFrames::add(demo, demo.integerAt("TriggerMultiplierReg", trigger));
 }
 
 } // namespace

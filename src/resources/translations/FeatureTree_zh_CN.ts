@@ -3,6 +3,37 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>ORXCommonFeature</name>
+    <message>
+        <source>Common Features</source>
+        <translation>常用参数</translation>
+    </message>
+    <message>
+        <source>Basic Features</source>
+        <translation>基本参数</translation>
+    </message>
+    <message>
+        <source>ISP</source>
+        <translation>图像信号处理</translation>
+    </message>
+    <message>
+        <source>Transport Layer Control</source>
+        <translation>传输层控制</translation>
+    </message>
+    <message>
+        <source>Balance Ratio Selector</source>
+        <translation>白平衡系数选择器</translation>
+    </message>
+    <message>
+        <source>Balance Ratio</source>
+        <translation>白平衡系数</translation>
+    </message>
+    <message>
+        <source>White Balance</source>
+        <translation>白平衡</translation>
+    </message>
+</context>
+<context>
     <name>ORXFeatureGroup</name>
     <message>
         <source>No feature matches &quot;%1&quot;.</source>
@@ -151,6 +182,37 @@ camera later.</source>
     <message>
         <source>Min:%1; Max:%2; Step Value:%3</source>
         <translation>最小值：%1；最大值：%2；步长：%3</translation>
+    </message>
+</context>
+<context>
+    <name>ORXTriggerFeature</name>
+    <message>
+        <source>Trigger</source>
+        <translation>触发</translation>
+    </message>
+    <message>
+        <source>IO Input</source>
+        <translation>IO 输入</translation>
+    </message>
+    <message>
+        <source>Auto Trigger Time(ms)</source>
+        <translation>自动触发周期（毫秒）</translation>
+    </message>
+    <message>
+        <source>Enable Auto Trigger</source>
+        <translation>自动触发使能</translation>
+    </message>
+    <message>
+        <source>IO Output</source>
+        <translation>IO 输出</translation>
+    </message>
+    <message>
+        <source>Encoder Control</source>
+        <translation>编码器控制</translation>
+    </message>
+    <message>
+        <source>Frequency Converter Control</source>
+        <translation>频率转换控制</translation>
     </message>
 </context>
 <context>

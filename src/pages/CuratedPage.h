@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "pages/CuratedPageTable.h"
+#include "tree/IORXFeatureWidget.h"
+
+#include <functional>
+
+// Base of the curated pages: builds groups and items from the page's table, translates them in the
+// page's context, and passes writes on to the camera's whole tree. Features of the camera are the
+// whole tree's own items, shown a second time, so that both pages always show the same; only the
+// page's own items are made here. Owned by the main widget; GUI thread.
+class CuratedPage : public IORXFeatureWidget
+{
+    Q_OBJECT
+public:
+    ~CuratedPage() override;
+
+    // An own item's write runs the page's handler, any other goes through the whole tree; true when
+    // the camera has none, since nothing can fail then.
+    bool setFeatureValue(const QString& tagName, const QString& nodeName,
+                         const QVariant& value) override;
+    void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    void removeCameraID(qint64 cameraId) override;
+    // Null when the camera has no whole tree or the table no groups.
+    ORXPropertyTreeItem* creatRootItem() override;
+    void createTransMap() override;
+    void translate() override;
+
+protected:
+    // `table` is not owned and must outlive the page.
+    CuratedPage(const CuratedPageTable& table, ORXPropertyTreeItem::ParentType type,
+                QWidget* parent);
+
+    // The whole tree of the shown camera; null when there is none.
+    ORXFeatureTree* tree() const;
+    // An item of the page, searched below `start` (null: the shown camera's root); may be null.
+    ORXPropertyTreeItem* pageItem(const char* name, ORXPropertyTreeItem* start = nullptr);
+    // The camera's feature, shown by the page or not; may be null.
+    ORXPropertyTreeItem* cameraItem(const char* name) const;
+    // Adds one line of a table to a group that is being built; null when the camera lacks it.
+    ORXPropertyTreeItem* addItem(ORXPropertyTreeItem* group, const CuratedItem& line);
+    // Hook at the end of creatRootItem(): `root` is not yet shown.
+    virtual void afterItemsCreated(ORXPropertyTreeItem* root);
+
+    // What the user's edit of an own item does; its result is the write's. An own item without a
+    // handler keeps the value to itself.
+    using OwnWrite = std::function<bool(const QVariant& value)>;
+    void onOwnWrite(const char* name, const OwnWrite& write);
+
+    // Whether the page's hooks hear of changes of a feature that it does not show.
+    void observe(ORXPropertyTreeItem* item);
+    void unobserve(ORXPropertyTreeItem* item);
+
+    // `text` in the page's context.
+    QString translated(const char* text) const;
+
+private:
+    void followVisibility(ORXPropertyTreeItem* root, const QString& leader, qint64 cameraId);
+    void forgetObserved(qint64 cameraId);
+
+    const CuratedPageTable& m_table; // Not owned.
+    QMap<QString, OwnWrite> m_ownWrites;
+    QMultiMap<qint64, ORXPropertyTreeItem*> m_observed; // by camera. Not owned.
+};

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+// Runs an action at a steady beat on a thread of its own, which is started when it is first needed.
+// Owned by a tree.
+//
+// Beats stand at fixed multiples of the period after the start, so that they do not drift. A beat
+// that falls due while the action still runs is dropped: beats never queue up.
+//
+// | operation                              | thread  | lock                  |
+// |----------------------------------------|---------|-----------------------|
+// | start, stop, waitForAction, runOnce,   | any but | m_mutex, inside       |
+// | destruction                            | the own |                       |
+// | the action                             | the own | none                  |
+class SteadyBeat
+{
+public:
+    explicit SteadyBeat(std::function<void()> action);
+    // Waits for a running action.
+    ~SteadyBeat();
+    SteadyBeat(const SteadyBeat&) = delete;
+    SteadyBeat& operator=(const SteadyBeat&) = delete;
+
+    // The first beat falls one period (1 ms or more) after now. Replaces an earlier beat.
+    void start(std::chrono::milliseconds period);
+    // Returns at once; an action that runs is not waited for.
+    void stop();
+    // Returns when no action runs; to be called after stop().
+    void waitForAction();
+    // One action as soon as possible; none more when one runs or waits.
+    void runOnce();
+    bool isRunning() const;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void ensureThread();
+    void run();
+
+    const std::function<void()> m_action;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_changed;
+    // Guarded by m_mutex.
+    bool m_bRunning = false;
+    bool m_bOnce = false;
+    bool m_bInAction = false;
+    bool m_bQuit = false;
+    Clock::duration m_period{};
+    Clock::time_point m_next;
+
+    std::thread m_thread;
+};

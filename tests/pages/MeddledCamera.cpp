@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "pages/MeddledCamera.h"
+
+#include <OBFeatureTree/OBFeatureTree.h>
+
+#include <algorithm>
+
+MeddledCamera::MeddledCamera(Camera& camera, const QStringList& lacking)
+    : m_camera(camera)
+{
+    QByteArray xml = QByteArray::fromStdString(camera.descriptionXml());
+    for (const QString& name : lacking)
+        xml.replace("<pFeature>" + name.toLatin1() + "</pFeature>", "");
+    m_xml = xml.toStdString();
+}
+
+int MeddledCamera::failureOf(const std::string& name) const
+{
+    const auto found = m_failures.find(name);
+    return found == m_failures.end() ? 0 : found->second;
+}
+
+int MeddledCamera::read(int type, const std::string& name, void* record)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_reads.emplace_back(std::this_thread::get_id(), QString::fromStdString(name));
+        if (const int code = failureOf(name))
+            return code;
+    }
+    return m_camera.read(type, name, record);
+}
+
+int MeddledCamera::write(int type, const std::string& name, const std::string& text)
+{
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_writes.append(QString::fromStdString(text.empty() ? name : name + "=" + text));
+        m_most[name] = std::max(m_most[name], ++m_running[name]);
+        m_opened.wait(lock, [&] { return m_gated != name; });
+        --m_running[name];
+        if (const int code = failureOf(name))
+            return code;
+    }
+    return m_camera.write(type, name, text);
+}
+
+int MeddledCamera::accessMode(const std::string& name, int* mode)
+{
+    const int result = m_camera.accessMode(name, mode);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_hidden.count(name) > 0)
+        *mode = OB_FT_ACCESS_NOT_IMPLEMENTED;
+    return result;
+}
+
+void MeddledCamera::fail(const char* name, int code)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_failures[name] = code;
+}
+
+void MeddledCamera::hide(const char* name, bool hidden)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (hidden)
+        m_hidden.insert(name);
+    else
+        m_hidden.erase(name);
+}
+
+void MeddledCamera::closeGate(const char* name)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_gated = name;
+}
+
+void MeddledCamera::openGate()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_gated.clear();
+    }
+    m_opened.notify_all();
+}
+
+QStringList MeddledCamera::writes() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_writes;
+}
+
+int MeddledCamera::writesOf(const char* name) const
+{
+    const QString text = QString::fromLatin1(name);
+    const QStringList all = writes();
+    return static_cast<int>(std::count_if(all.begin(), all.end(), [&](const QString& write) {
+        return write == text || write.startsWith(text + QLatin1Char('='));
+    }));
+}
+
+int MeddledCamera::mostAtOnce(const char* name) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = m_most.find(name);
+    return found == m_most.end() ? 0 : found->second;
+}
+
+QStringList MeddledCamera::readsOfThisThread() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    QStringList names;
+    for (const auto& [thread, name] : m_reads) {
+        if (thread == std::this_thread::get_id())
+            names.append(name);
+    }
+    return names;
+}
+
+void MeddledCamera::forget()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_writes.clear();
+    m_reads.clear();
+    m_most.clear();
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Camera.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <vector>
+
+// Stands before another camera, notes what arrives, and lets a test meddle with it while the window
+// is open. Safe from any thread.
+class MeddledCamera : public Camera
+{
+public:
+    // `lacking`: features that the description does not list. `camera` is not owned.
+    explicit MeddledCamera(Camera& camera, const QStringList& lacking = {});
+
+    const std::string& descriptionXml() const override { return m_xml; }
+    DeviceRecord deviceRecord() const override { return m_camera.deviceRecord(); }
+    int read(int type, const std::string& name, void* record) override;
+    int write(int type, const std::string& name, const std::string& text) override;
+    int accessMode(const std::string& name, int* mode) override;
+    int invalidate() override { return m_camera.invalidate(); }
+    bool isConnected() const override { return m_camera.isConnected(); }
+    int reconnect() override { return m_camera.reconnect(); }
+
+    // Reads and writes of the name answer with the code from now on; 0 ends it.
+    void fail(const char* name, int code);
+    // The feature's access mode says that it is not there.
+    void hide(const char* name, bool hidden);
+    // Writes of the name wait until the gate opens.
+    void closeGate(const char* name);
+    void openGate();
+
+    // What arrived: "Name" or "Name=text", in order.
+    QStringList writes() const;
+    int writesOf(const char* name) const;
+    // The most writes of the name that ran at the same time.
+    int mostAtOnce(const char* name) const;
+    // Names that the calling thread has read since forget().
+    QStringList readsOfThisThread() const;
+    void forget();
+
+private:
+    int failureOf(const std::string& name) const;
+
+    Camera& m_camera; // Not owned.
+    std::string m_xml;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_opened;
+    std::map<std::string, int> m_failures;
+    std::set<std::string> m_hidden;
+    std::string m_gated;
+    QStringList m_writes;
+    std::map<std::string, int> m_running;
+    std::map<std::string, int> m_most;
+    std::vector<std::pair<std::thread::id, QString>> m_reads;
+};

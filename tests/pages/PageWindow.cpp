@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "pages/PageWindow.h"
+
+#include "main/CFeatureGroupTreeView.h"
+#include "main/ORXFeatureGroup.h"
+#include "main/PageTabBar.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "pages/ORXCommonFeature.h"
+#include "pages/ORXImgProcessingFeature.h"
+#include "pages/ORXTriggerFeature.h"
+#include "tree/ORXFeatureTreeView.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+
+namespace {
+
+QString nameOf(const ORXPropertyTreeItem* item)
+{
+    return item->value()->nodeName(0);
+}
+
+QLineEdit* lineOf(QWidget* editor)
+{
+    auto* line = qobject_cast<QLineEdit*>(editor);
+    return line || !editor ? line : editor->findChild<QLineEdit*>();
+}
+
+} // namespace
+
+PageWindow::PageWindow(Camera& camera, int language)
+    : m_host(camera)
+{
+    OB_FT_Init(camera.descriptionXml().c_str(), nullptr, nullptr);
+    OB_FT_SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
+                          HostCallbacks::getMode, HostCallbacks::invalidate, HostCallbacks::action,
+                          &m_host);
+    OB_FT_SetWidgetSize(900, 1000);
+    OB_FT_Start(nullptr, language);
+    if (!QTest::qWaitFor([this] { return tree()->HadUpdatedOnce(); }, kPatienceMs))
+        qFatal("no first read");
+    QApplication::processEvents();
+}
+
+PageWindow::~PageWindow()
+{
+    OB_FT_Release();
+}
+
+IORXFeatureWidget* PageWindow::page(int tab) const
+{
+    switch (tab) {
+    case ORXMainFeatureWidget::CommonTab:
+        return widget()->findChild<ORXCommonFeature*>();
+    case ORXMainFeatureWidget::TriggerTab:
+        return widget()->findChild<ORXTriggerFeature*>();
+    case ORXMainFeatureWidget::ImageProcessingTab:
+        return widget()->findChild<ORXImgProcessingFeature*>();
+    default:
+        return tree();
+    }
+}
+
+ORXPropertyTreeItem* PageWindow::item(int tab, const char* name) const
+{
+    return widget()->getItemByName(QString::fromLatin1(name),
+                                   static_cast<ORXMainFeatureWidget::FeatureTabIndex>(tab));
+}
+
+QStringList PageWindow::groups(int tab) const
+{
+    QStringList names;
+    for (const ORXPropertyTreeItem* group : page(tab)->getRootItem(1, false)->children())
+        names.append(nameOf(group));
+    return names;
+}
+
+QStringList PageWindow::titles(int tab) const
+{
+    const CFeatureGroupTreeView* column = widget()->featureGroup(1)->groupView();
+    QStringList titles;
+    for (int row = 0; row < column->model()->rowCount(); ++row) {
+        const QModelIndex pageRow = column->model()->index(row, 0);
+        if (CFeatureGroupModel::itemFromIndex(pageRow) != page(tab)->getRootItem(1, false))
+            continue;
+        titles.append(pageRow.data().toString());
+        for (int group = 0; group < column->model()->rowCount(pageRow); ++group)
+            titles.append(column->model()->index(group, 0, pageRow).data().toString());
+    }
+    return titles;
+}
+
+QStringList PageWindow::items(int tab, const char* group) const
+{
+    QStringList names;
+    for (const ORXPropertyTreeItem* each : item(tab, group)->children())
+        names.append(nameOf(each));
+    return names;
+}
+
+bool PageWindow::show(int tab, const char* name) const
+{
+    const auto type = static_cast<ORXPropertyTreeItem::ParentType>(tab);
+    ORXPropertyTreeItem* root = page(tab)->getRootItem(1, false);
+    ORXPropertyTreeItem* group = item(tab, name);
+    if (!group || !root)
+        return false;
+    while (group->parent(type) != root)
+        group = group->parent(type);
+    CFeatureGroupTreeView* column = widget()->featureGroup(1)->groupView();
+    const QAbstractItemModel* model = column->model();
+    const auto press = [&](const QModelIndex& row) {
+        column->scrollTo(row);
+        QTest::mouseClick(column->viewport(), Qt::LeftButton, {}, column->visualRect(row).center());
+    };
+    for (int row = 0; row < model->rowCount(); ++row) {
+        const QModelIndex pageRow = model->index(row, 0);
+        if (CFeatureGroupModel::itemFromIndex(pageRow) != root)
+            continue;
+        if (!column->isExpanded(pageRow))
+            press(pageRow);
+        press(model->index(group->indexInParent(type), 0, pageRow));
+    }
+    ORXFeatureTreeView* view = page(tab)->treeView();
+    view->scrollTo(view->treeModel()->indexFromItem(item(tab, name), 0));
+    return view->isVisible();
+}
+
+bool PageWindow::isRowShown(int tab, const char* name) const
+{
+    ORXPropertyTreeItem* row = item(tab, name);
+    const ORXFeatureTreeView* view = page(tab)->treeView();
+    const QModelIndex index = row ? view->treeModel()->indexFromItem(row, 0) : QModelIndex();
+    return index.isValid() && !view->isRowHidden(index.row(), index.parent());
+}
+
+// The editor, in whatever state; rows that have come into sight get theirs a little later.
+QWidget* PageWindow::openedEditor(int tab, const char* name) const
+{
+    if (!show(tab, name) || !isRowShown(tab, name))
+        return nullptr;
+    QWidget* editor = nullptr;
+    const bool opened = QTest::qWaitFor(
+        [&] {
+            editor = page(tab)->treeView()->editorOf(item(tab, name));
+            return editor != nullptr;
+        },
+        kPatienceMs);
+    return opened ? editor : nullptr;
+}
+
+QWidget* PageWindow::usableEditor(int tab, const char* name) const
+{
+    const bool usable = QTest::qWaitFor([&] { return isEnabled(tab, name); }, kPatienceMs);
+    return usable ? openedEditor(tab, name) : nullptr;
+}
+
+bool PageWindow::enter(int tab, const char* name, const QString& text) const
+{
+    QWidget* editor = usableEditor(tab, name);
+    if (!editor)
+        return false;
+    editor->setFocus();
+    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(editor, text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    return true;
+}
+
+bool PageWindow::choose(int tab, const char* name, const QString& entry) const
+{
+    auto* box = editor<QComboBox>(tab, name);
+    if (!box || box->findText(entry) < 0)
+        return false;
+    box->setFocus();
+    // Each key writes; the way there must not pass other entries.
+    const int steps = box->findText(entry) - box->currentIndex();
+    for (int i = 0; i < qAbs(steps); ++i)
+        QTest::keyClick(box, steps > 0 ? Qt::Key_Down : Qt::Key_Up);
+    return box->currentText() == entry;
+}
+
+bool PageWindow::click(int tab, const char* name) const
+{
+    auto* button = editor<QAbstractButton>(tab, name);
+    if (!button)
+        return false;
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(10, button->height() / 2));
+    return true;
+}
+
+QString PageWindow::shown(int tab, const char* name) const
+{
+    QWidget* editor = openedEditor(tab, name);
+    if (const auto* box = qobject_cast<QComboBox*>(editor))
+        return box->currentText();
+    if (const auto* line = lineOf(editor))
+        return line->text();
+    const auto* button = qobject_cast<QAbstractButton*>(editor);
+    if (!button || !button->isCheckable())
+        return QString();
+    return button->isChecked() ? QStringLiteral("checked") : QStringLiteral("unchecked");
+}
+
+bool PageWindow::isEnabled(int tab, const char* name) const
+{
+    const QWidget* editor = openedEditor(tab, name);
+    return editor && editor->isEnabled();
+}
+
+bool PageWindow::refresh() const
+{
+    const QList<QGetFeaturesThread*> threads = tree()->findChildren<QGetFeaturesThread*>();
+    const auto isIdle = [](const QGetFeaturesThread* thread) {
+        return !thread->isPassRunning() || thread->FeaturesUpdateType() == FEATURES_UPDATE_POLLING;
+    };
+    const auto allIdle = [&] { return std::all_of(threads.begin(), threads.end(), isIdle); };
+    // A pass under way would make the request superfluous.
+    if (!QTest::qWaitFor(allIdle, kPatienceMs))
+        return false;
+    OB_FT_UpdateFeatures();
+    return QTest::qWaitFor(allIdle, kPatienceMs);
+}

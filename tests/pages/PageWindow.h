@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Camera.h"
+#include "HostCallbacks.h"
+#include "main/ORXMainFeatureWidget.h"
+#include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
+
+#include <QTest>
+
+class IORXFeatureWidget;
+class ORXPropertyTreeItem;
+
+// The window on a camera, as a user sees and drives it: pages by their tabs, groups by the side
+// column, values by the editors in sight. Released when it goes.
+class PageWindow
+{
+public:
+    static constexpr int kPatienceMs = 20000;
+
+    // Opens the window and waits for the first full read. `camera` is not owned.
+    explicit PageWindow(Camera& camera, int language = 0);
+    ~PageWindow();
+    PageWindow(const PageWindow&) = delete;
+    PageWindow& operator=(const PageWindow&) = delete;
+
+    ORXMainFeatureWidget* widget() const { return ORXMainFeatureWidget::instance(nullptr); }
+    ORXFeatureTree* tree() const { return widget()->featureTree(1, false); }
+    IORXFeatureWidget* page(int tab) const;
+    ORXPropertyTreeItem* item(int tab, const char* name) const;
+    // Names and shown titles of a page's groups, and names of a group's items, in order.
+    QStringList groups(int tab) const;
+    QStringList titles(int tab) const;
+    QStringList items(int tab, const char* group) const;
+
+    // Shows the page and the group with the feature by mouse clicks.
+    bool show(int tab, const char* name) const;
+    bool isRowShown(int tab, const char* name) const;
+    // The open editor of the feature, shown and enabled; null when that does not come about.
+    template <typename Editor>
+    Editor* editor(int tab, const char* name) const
+    {
+        return qobject_cast<Editor*>(usableEditor(tab, name));
+    }
+    // Types the text into the feature's editor, or chooses it, or clicks.
+    bool enter(int tab, const char* name, const QString& text) const;
+    bool choose(int tab, const char* name, const QString& entry) const;
+    bool click(int tab, const char* name) const;
+    // What the feature's row shows: text of its editor, "checked", "unchecked".
+    QString shown(int tab, const char* name) const;
+    bool isEnabled(int tab, const char* name) const;
+    // Reads everything again and waits for the end.
+    bool refresh() const;
+
+private:
+    QWidget* openedEditor(int tab, const char* name) const;
+    QWidget* usableEditor(int tab, const char* name) const;
+
+    HostCallbacks m_host;
+};

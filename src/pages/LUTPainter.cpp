@@ -165,11 +165,11 @@ void LUTPainter::drawFocusFrame()
 
 void LUTPainter::drawProgress(const QString& text, int done, int total)
 {
-    constexpr int kTop = kOffset + kSize + 38;
+    // Above the plot: the busy sign lies over the lower middle of the window.
     m_painter.setPen(colour("Label_Font1"));
     m_painter.setFont(ZELCustom::font(kNumberFontPx));
-    m_painter.drawText(QRect(kOffset, kTop, kSize, 16), Qt::AlignCenter, text);
-    const QRectF bar(kOffset, kTop + 18, kSize, 3);
+    m_painter.drawText(QRect(kOffset, 4, kSize, 16), Qt::AlignRight | Qt::AlignVCenter, text);
+    const QRectF bar(kOffset, kOffset - 8, kSize, 3);
     m_painter.fillRect(bar, colour("Grid"));
     m_painter.fillRect(QRectF(bar.topLeft(), QSizeF(bar.width() * done / total, bar.height())),
                        colour("Line"));

@@ -16,13 +16,12 @@ class LUTPainter
 {
 public:
     static constexpr int kWidthPx = 300;
-    static constexpr int kHeightPx = 334;
+    static constexpr int kHeightPx = 314;
 
     struct Texts
     {
         QString index;
         QString value;
-        QString progress; // empty while there is no transfer
     };
 
     LUTPainter(QPainter& painter, const LUTPlot& plot);

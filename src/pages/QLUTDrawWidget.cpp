@@ -30,6 +30,8 @@ QLUTDrawWidget::QLUTDrawWidget(QWidget* parent)
 
 QLUTDrawWidget::~QLUTDrawWidget()
 {
+    // The page may be half gone already.
+    blockSignals(true);
     endTransfer();
     // Before the members go: afterwards no call of the host is under way.
     delete m_pThread;
@@ -91,7 +93,7 @@ void QLUTDrawWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     LUTPainter picture(painter, m_plot);
-    picture.InitBackground(rect(), {tr("Index"), tr("Value"), QString()});
+    picture.InitBackground(rect(), {tr("Index"), tr("Value")});
     if (!isEnabled())
         painter.setOpacity(0.45);
     picture.drawDynamicLine(currentLine());

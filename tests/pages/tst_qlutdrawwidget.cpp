@@ -60,7 +60,6 @@ class TestQLutDrawWidget : public GuardedTest
 {
     Q_OBJECT
 private slots:
-    void startsAsAStraightLine();
     void drawnLineReachesTheCamera_data();
     void drawnLineReachesTheCamera();
     void loadShowsTheCamerasTable();
@@ -162,14 +161,6 @@ private:
     QLUTDrawWidget* m_widget = nullptr; // Owned by the window.
     QStringList m_asked;                // title and filter of the last file dialog
 };
-
-void TestQLutDrawWidget::startsAsAStraightLine()
-{
-    const QLUTDrawWidget fresh;
-    QCOMPARE(fresh.GetCurrentDrawLine(), int(QLUTDrawWidget::FoldLine));
-    for (const LUTPoint& point : fresh.GetSettinngPoints())
-        QCOMPARE(point.value, 4 * point.index);
-}
 
 void TestQLutDrawWidget::drawnLineReachesTheCamera_data()
 {
@@ -306,8 +297,6 @@ void TestQLutDrawWidget::badFileLeavesTheCurve_data()
     QTest::newRow("value above the camera's") << QByteArray("0\r\n4096\r\n");
     QTest::newRow("index above the number of points") << QByteArray("1025\r\n1\r\n");
     QTest::newRow("too many points") << QByteArray("0\r\n1\r\n").repeated(kPoints + 2);
-    QTest::newRow("no point") << QByteArray();
-    QTest::newRow("no number") << QByteArray("a\r\nb\r\n");
 }
 
 void TestQLutDrawWidget::badFileLeavesTheCurve()

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QMetaType>
+
+// How one transfer of a look-up table ended. Travels by value from the worker to the GUI thread.
+struct LUTTransferReport
+{
+    enum Outcome {
+        Completed, // every point
+        Failed,    // the camera refused something
+        Stopped    // by the user, who closed the window or left the camera
+    };
+    int type = 0; // ORXLUTThread::ThreadType
+    qint64 cameraId = -1;
+    int done = 0;  // points that were read or written
+    int total = 0; // 0 when not even the table's size could be read
+    Outcome outcome = Failed;
+};
+Q_DECLARE_METATYPE(LUTTransferReport)

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "pages/LUTPoint.h"
+#include "pages/LUTTransferReport.h"
+
+#include <QThread>
+
+#include <atomic>
+#include <deque>
+#include <mutex>
+
+// Carries look-up tables from and to the camera, point by point over "LUTIndex" and "LUTValue".
+// Owned by QLUTDrawWidget.
+//
+// | operation                                    | thread | lock                             |
+// |----------------------------------------------|--------|----------------------------------|
+// | SetThreadType, setPointVector, startJob,     | GUI    | the job mutex, inside            |
+// | resetCameraID, requestStop, StopThread       |        |                                  |
+// | points, isBusy                               | any    | the job mutex, inside            |
+// | everything else                              | worker | none while it calls the host     |
+// | signals                                      | emitted by the worker; connect queued     |
+//
+// A job never holds up the GUI thread: what has to wait for the running job is kept and run after
+// it. Only StopThread waits.
+class ORXLUTThread : public QThread
+{
+    Q_OBJECT
+public:
+    enum ThreadType {
+        LoadFromCamera = 0,
+        SetToCamera = 1,
+        ReloadFromCamera = 2 // after setting
+    };
+
+    explicit ORXLUTThread(QObject* parent = nullptr);
+    ~ORXLUTThread() override;
+
+    // Prepares a job. False when one of the same type runs or waits already; a job of another type
+    // runs after the present one.
+    bool SetThreadType(int type);
+    // The table that the prepared job writes.
+    void setPointVector(const LUTPoints& points);
+    // Starts the prepared job now or after the running one.
+    void startJob();
+
+    // Ends every job: they belong to the camera before. The same camera again changes nothing.
+    void resetCameraID(qint64 cameraId);
+    // Drops the waiting jobs and ends the running one before its next call of the host.
+    void requestStop();
+    // As requestStop(), and waits for the host's call in progress, without limit; a call that takes
+    // long is reported in the log. No job starts before the next startJob().
+    void StopThread();
+    // Whether a job runs or waits.
+    bool isBusy() const;
+    // The table that was read last from the present camera; empty when there is none.
+    LUTPoints points() const;
+
+    // Device access; false when the host refuses. The values are the host's, unchecked.
+    bool GetLutIndex(long long& value, long long& maximum, long long& minimum);
+    bool SetLutIndex(long long value);
+    bool GetLutValue(long long& value, long long& maximum, long long& minimum);
+    bool SetLutValue(long long value);
+
+signals:
+    // First the report of a job, then the signals of its kind.
+    void SigReport(const LUTTransferReport& report);
+    void SigProgress(int done, int total);
+    void SigUpdateLUTInfo(int maximumIndex, int maximumValue, float xScale, float yScale);
+    void SigLoadFromCameraFinished();
+    void SigSetToCameraFinished();
+    void SigThreadEnd();
+
+protected:
+    void run() override;
+
+private:
+    struct Job
+    {
+        int type = LoadFromCamera;
+        qint64 cameraId = -1;
+        LUTPoints points; // to be written
+    };
+
+    bool takeJob();
+    void runJob();
+    void ExitThread();
+    void GetPointFromCamera();
+    void GetPointGroup(int maximumIndex, int maximumValue);
+    void SetPointToCamera();
+    bool publish(const LUTPoints& points);
+    void countPoint();
+    void report(LUTTransferReport::Outcome outcome);
+
+    // The job mutex and what it guards.
+    mutable std::mutex m_mutex;
+    bool m_bActive = false; // run() will look at the waiting jobs once more
+    bool m_bRunning = false;
+    int m_nThreadType = LoadFromCamera; // of the running job
+    Job m_prepared;
+    std::deque<Job> m_waiting;
+    qint64 m_lCameraID = -1;
+    LUTPoints m_points;
+
+    std::atomic<bool> m_bStop{false}; // ends the running job only
+
+    // The worker's own.
+    Job m_job;
+    LUTTransferReport m_report;
+    float m_fXScale = 0.0F; // pixels for each index and value
+    float m_fYScale = 0.0F;
+};

@@ -1,0 +1,524 @@
+// SPDX-License-Identifier: Apache-2.0
+// The curve editor as the user meets it: drawn with the mouse, moved with keys, exchanged with a
+// camera and with files, closed in the middle of it all.
+#include "basetools/ORXInterface.h"
+#include "pages/LutCamera.h"
+#include "pages/QLUTDrawWidget.h"
+#include "styledctl/ZELCustom.h"
+#include "styledctl/ZELCustomLoadingDialog.h"
+#include "styledctl/ZELCustomMessageBox.h"
+#include "support/TestMain.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QToolTip>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <memory>
+#include <thread>
+
+namespace {
+
+constexpr int kLoadingIndex = -2;
+constexpr int kPoints = 1024;
+
+// A pixel of the plot as a position in the widget.
+QPoint at(int x, int y)
+{
+    return {30 + x, 30 + y};
+}
+
+// Press, moves and release at the positions in turn.
+void dragMouse(QWidget* widget, const QVector<QPoint>& path)
+{
+    QTest::mousePress(widget, Qt::LeftButton, Qt::NoModifier, path.first());
+    for (const QPoint& point : path) {
+        // Qt Test's own move carries no pressed button.
+        QMouseEvent move(QEvent::MouseMove, point, widget->mapToGlobal(point), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &move);
+    }
+    QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, path.last());
+}
+
+QVector<int> valuesOf(const LUTPoints& points)
+{
+    QVector<int> values;
+    for (const LUTPoint& point : points)
+        values.append(point.value);
+    return values;
+}
+
+} // namespace
+
+class TestQLutDrawWidget : public GuardedTest
+{
+    Q_OBJECT
+private slots:
+    void drawnLineReachesTheCamera_data();
+    void drawnLineReachesTheCamera();
+    void loadShowsTheCamerasTable();
+    void numberOfPointsFollowsTheCamera();
+    void exportThenImportRestores_data();
+    void exportThenImportRestores();
+    void cancelledDialogsDoNothing();
+    void badFileLeavesTheCurve_data();
+    void badFileLeavesTheCurve();
+    void failedExportKeepsTheFile();
+    void unpluggedWhileLoading();
+    void unpluggedWhileSetting();
+    void closingTheWindowEndsTheTransfer();
+    void anotherCameraEndsTheTransfer();
+    void destroyedWhileTheCameraHangs_data();
+    void destroyedWhileTheCameraHangs();
+    void curveIsLeftAloneDuringATransfer();
+    void keysSelectAndMove();
+    void doubleClickAddsAndDeleteRemoves();
+    void toolTipTellsIndexAndValue();
+    void wheelIsLeftToThePage();
+    void paintsLinesAndPoints();
+
+protected:
+    void prepare() override
+    {
+        m_directory = std::make_unique<QTemporaryDir>();
+        makeCamera(kPoints);
+        m_window = std::make_unique<QWidget>();
+        auto* layout = new QVBoxLayout(m_window.get());
+        m_widget = new QLUTDrawWidget(m_window.get());
+        layout->addWidget(m_widget);
+        m_widget->resetCameraID(1);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        m_window->activateWindow();
+        m_widget->setFocus();
+        // The number of points outlives a widget: every test starts from the same.
+        m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        m_widget->ClearDraw();
+    }
+    void finish() override
+    {
+        ORXInterface::setFileDialogHook(nullptr);
+        if (m_camera)
+            m_camera->release();
+        m_window.reset();
+        m_camera.reset();
+        m_directory.reset();
+    }
+
+private:
+    void makeCamera(int points)
+    {
+        m_camera.reset();
+        m_camera = std::make_unique<LutCamera>(points);
+        m_camera->setTable([](int i) { return (i * 7) % 4096; });
+    }
+    bool waitForEnd() const
+    {
+        return QTest::qWaitFor([this] { return !m_widget->isTransferring(); }, 30000);
+    }
+    // The message box that is shown, null without one.
+    ZELCustomMessageBox* box() const
+    {
+        const auto boxes = m_widget->findChildren<ZELCustomMessageBox*>();
+        return boxes.isEmpty() ? nullptr : boxes.constFirst();
+    }
+    QString message() const { return box() ? box()->cContent() : QString(); }
+    int hint() const { return box() ? box()->cHintStyle() : 0; }
+    void answerDialogs(const QString& path)
+    {
+        m_asked.clear();
+        ORXInterface::setFileDialogHook([this, path](ORXInterface::FileDialogKind,
+                                                     const QString& title, const QString& filter) {
+            m_asked = QStringList{title, filter};
+            return path;
+        });
+    }
+    QString path(const char* name) const
+    {
+        return m_directory->filePath(QString::fromLatin1(name));
+    }
+    void drawSomething(int type)
+    {
+        m_widget->SetDrawLineChanged(type);
+        if (type == QLUTDrawWidget::FreeLine)
+            dragMouse(m_widget, {at(20, 30), at(60, 200), at(61, 100), at(230, 90)});
+        else if (type == QLUTDrawWidget::FoldLine)
+            dragMouse(m_widget, {at(100, 140), at(100, 60)});
+        else
+            dragMouse(m_widget, {at(119, 120), at(150, 40)});
+    }
+
+    std::unique_ptr<QTemporaryDir> m_directory;
+    std::unique_ptr<LutCamera> m_camera;
+    std::unique_ptr<QWidget> m_window;
+    QLUTDrawWidget* m_widget = nullptr; // Owned by the window.
+    QStringList m_asked;                // title and filter of the last file dialog
+};
+
+void TestQLutDrawWidget::drawnLineReachesTheCamera_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QVector<LUTPoint>>("passes");
+    // The fold point stays in the column of the press; the curve's goes to the drop.
+    QTest::newRow("fold line") << int(QLUTDrawWidget::FoldLine)
+                               << QVector<LUTPoint>{{0, 0}, {255, 1020}, {426, 3071}, {767, 3068}};
+    QTest::newRow("curve") << int(QLUTDrawWidget::SmoothCurve)
+                           << QVector<LUTPoint>{{0, 0}, {255, 1020}, {640, 3413}, {1023, 4092}};
+    QTest::newRow("free line") << int(QLUTDrawWidget::FreeLine)
+                               << QVector<LUTPoint>{{0, 0},     {84, 336},   {85, 3583},
+                                                    {256, 683}, {260, 2389}, {981, 2559},
+                                                    {982, 3928}};
+}
+
+void TestQLutDrawWidget::drawnLineReachesTheCamera()
+{
+    QFETCH(int, type);
+    QFETCH(QVector<LUTPoint>, passes);
+    drawSomething(type);
+    const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
+    QVector<int> straight;
+    for (int i = 0; i < kPoints; ++i)
+        straight.append(4 * i);
+    QVERIFY(drawn != straight);
+    QSignalSpy refreshed(m_widget, &QLUTDrawWidget::SigUpdateFeatureTree);
+    m_widget->SetToCamera();
+    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), QStringLiteral("LUT Operating..."));
+    QVERIFY(waitForEnd());
+    QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
+    QCOMPARE(m_camera->table(), drawn);
+    for (const LUTPoint& point : passes)
+        QCOMPARE(m_camera->table().at(point.index), point.value);
+    QCOMPARE(message(), QStringLiteral("Applied to camera successfully."));
+    QCOMPARE(hint(), 5);
+    // After writing and after reading back.
+    QCOMPARE(refreshed.size(), 2);
+    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+    QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), drawn);
+}
+
+void TestQLutDrawWidget::loadShowsTheCamerasTable()
+{
+    m_camera->setTable([](int i) { return 4095 - 4 * i; });
+    m_widget->LoadFromCamera();
+    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), QStringLiteral("LUT Operating..."));
+    QVERIFY(waitForEnd());
+    QCOMPARE(message(), QStringLiteral("Loading from camera completed."));
+    QCOMPARE(hint(), 5);
+    for (const int type : {2, 0, 1}) {
+        m_widget->SetDrawLineChanged(type);
+        QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+    }
+}
+
+void TestQLutDrawWidget::numberOfPointsFollowsTheCamera()
+{
+    makeCamera(4096);
+    m_camera->announce(4095, 65535);
+    m_widget->LoadFromCamera();
+    QVERIFY(waitForEnd());
+    QCOMPARE(QLUTDrawWidget::PointCount(), 4096);
+    QCOMPARE(m_widget->plot().maxValue(), 65535);
+    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+    QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+    drawSomething(QLUTDrawWidget::FreeLine);
+    const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
+    m_widget->SetToCamera();
+    QVERIFY(waitForEnd());
+    QCOMPARE(m_camera->table(), drawn);
+}
+
+void TestQLutDrawWidget::exportThenImportRestores_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("clear");
+    QTest::newRow("fold line") << 0 << false;
+    QTest::newRow("curve") << 1 << false;
+    QTest::newRow("free line") << 2 << false;
+    QTest::newRow("fold line, cleared meanwhile") << 0 << true;
+    QTest::newRow("curve, cleared meanwhile") << 1 << true;
+    QTest::newRow("free line, cleared meanwhile") << 2 << true;
+}
+
+void TestQLutDrawWidget::exportThenImportRestores()
+{
+    QFETCH(int, type);
+    QFETCH(bool, clear);
+    drawSomething(type);
+    const LUTPoints drawn = m_widget->GetSettinngPoints();
+    const LUTPoints handles = m_widget->currentLine().handles();
+    answerDialogs(path("curve"));
+    m_widget->SaveToFile();
+    QCOMPARE(m_asked,
+             (QStringList{QStringLiteral("Save as txt File"), QStringLiteral("txt File (*.txt)")}));
+    QCOMPARE(message(), QStringLiteral("Exporting to file completed."));
+    QCOMPARE(hint(), 5);
+    QFile file(path("curve.txt"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll().count("\r\n"), 2 * kPoints);
+    if (clear) {
+        m_widget->ClearDraw();
+        QVERIFY(m_widget->GetSettinngPoints() != drawn);
+    }
+    answerDialogs(path("curve.txt"));
+    m_widget->LoadFromFile();
+    QCOMPARE(m_asked,
+             (QStringList{QStringLiteral("Open txt File"), QStringLiteral("txt Files (*.txt)")}));
+    QCOMPARE(message(), QStringLiteral("Importing from file completed."));
+    QCOMPARE(hint(), 5);
+    QCOMPARE(m_widget->GetSettinngPoints(), drawn);
+    if (!clear)
+        QCOMPARE(m_widget->currentLine().handles(), handles);
+}
+
+void TestQLutDrawWidget::cancelledDialogsDoNothing()
+{
+    delete box();
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    answerDialogs(QString());
+    m_widget->SaveToFile();
+    m_widget->LoadFromFile();
+    answerDialogs(path("missing.txt"));
+    m_widget->LoadFromFile();
+    QVERIFY(!box());
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+}
+
+void TestQLutDrawWidget::badFileLeavesTheCurve_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("odd number of lines") << QByteArray("0\r\n1\r\n1\r\n");
+    QTest::newRow("value above the camera's") << QByteArray("0\r\n4096\r\n");
+    QTest::newRow("index above the number of points") << QByteArray("1025\r\n1\r\n");
+    QTest::newRow("too many points") << QByteArray("0\r\n1\r\n").repeated(kPoints + 2);
+}
+
+void TestQLutDrawWidget::badFileLeavesTheCurve()
+{
+    QFETCH(QByteArray, content);
+    QFile file(path("bad.txt"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    file.close();
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    answerDialogs(path("bad.txt"));
+    m_widget->LoadFromFile();
+    QCOMPARE(message(), QStringLiteral("Failed to import file. Incorrect file format."));
+    QCOMPARE(hint(), 3);
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+}
+
+void TestQLutDrawWidget::failedExportKeepsTheFile()
+{
+    MessageGuard::ignoreMessage(QtCriticalMsg, "Save success,but file is error.");
+    QFile file(path("plain"));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
+    file.close();
+    answerDialogs(path("plain/curve.txt"));
+    m_widget->SaveToFile();
+    QCOMPARE(message(), QStringLiteral("File opreation failed, possable storage disk is full."));
+    QCOMPARE(hint(), 3);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("mine"));
+}
+
+void TestQLutDrawWidget::unpluggedWhileLoading()
+{
+    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: reading failed after 500 of 1024 points");
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    m_camera->unplugAtCall(m_camera->calls() + 2 + 2 * 500 + 1);
+    m_widget->LoadFromCamera();
+    QVERIFY(waitForEnd());
+    QCOMPARE(message(), QStringLiteral("Loading from camera failed after 500 of 1024 points. "
+                                       "The curve is unchanged."));
+    QCOMPARE(hint(), 3);
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+    QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
+}
+
+void TestQLutDrawWidget::unpluggedWhileSetting()
+{
+    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::expectMessage(QStringLiteral("LUT: "));
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    m_camera->unplugAtCall(m_camera->calls() + 2 * 500 + 1);
+    m_widget->SetToCamera();
+    QVERIFY(waitForEnd());
+    QCOMPARE(message(), QStringLiteral("Only 500 of 1024 points were applied to the camera."));
+    QCOMPARE(hint(), 3);
+    QCOMPARE(m_camera->written().size(), 500);
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+}
+
+void TestQLutDrawWidget::closingTheWindowEndsTheTransfer()
+{
+    MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: writing stopped after 300 of 1024 points");
+    m_camera->holdAtCall(m_camera->calls() + 2 * 300 + 1);
+    m_widget->SetToCamera();
+    QTRY_VERIFY(m_camera->isHolding());
+    // Another page in front does not end it.
+    m_widget->hide();
+    QVERIFY(m_widget->isTransferring());
+    m_window->close();
+    m_camera->release();
+    QVERIFY(waitForEnd());
+    QCOMPARE(m_camera->written().size(), 300);
+    QCOMPARE(message(), QStringLiteral("Applying to camera was stopped after 300 of 1024 points. "
+                                       "The table in the camera is incomplete."));
+    QCOMPARE(hint(), 2);
+}
+
+void TestQLutDrawWidget::anotherCameraEndsTheTransfer()
+{
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    delete box();
+    m_camera->holdAtCall(m_camera->calls() + 100);
+    m_widget->LoadFromCamera();
+    QTRY_VERIFY(m_camera->isHolding());
+    m_widget->resetCameraID(2);
+    m_camera->release();
+    QVERIFY(waitForEnd());
+    QVERIFY(!box());
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+    m_widget->LoadFromCamera();
+    QVERIFY(waitForEnd());
+    QCOMPARE(message(), QStringLiteral("Loading from camera completed."));
+}
+
+void TestQLutDrawWidget::destroyedWhileTheCameraHangs_data()
+{
+    QTest::addColumn<bool>("set");
+    QTest::newRow("loading") << false;
+    QTest::newRow("setting") << true;
+}
+
+void TestQLutDrawWidget::destroyedWhileTheCameraHangs()
+{
+    QFETCH(bool, set);
+    MessageGuard::expectMessage(QStringLiteral("LUT: writing stopped after"));
+    m_camera->holdAtCall(m_camera->calls() + 101);
+    if (set)
+        m_widget->SetToCamera();
+    else
+        m_widget->LoadFromCamera();
+    QTRY_VERIFY(m_camera->isHolding());
+    // The host's call comes back once the destructor waits for it.
+    std::thread host([this] {
+        while (!MessageGuard::contains(
+            QStringLiteral("LUT: waiting for a call of the host to return")))
+            std::this_thread::yield();
+        m_camera->release();
+    });
+    const int calls = m_camera->calls();
+    m_window.reset();
+    host.join();
+    QCOMPARE(m_camera->calls(), calls);
+    QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
+    QCoreApplication::processEvents();
+}
+
+void TestQLutDrawWidget::curveIsLeftAloneDuringATransfer()
+{
+    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    m_camera->holdAtCall(m_camera->calls() + 100);
+    m_widget->SetToCamera();
+    QTRY_VERIFY(m_camera->isHolding());
+    dragMouse(m_widget, {at(20, 20), at(200, 100)});
+    QTest::keyClick(m_widget, Qt::Key_Up);
+    answerDialogs(path("any.txt"));
+    m_widget->LoadFromFile();
+    QVERIFY(m_asked.isEmpty());
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+    m_camera->release();
+    QVERIFY(waitForEnd());
+    QCOMPARE(m_camera->table(), valuesOf(before));
+}
+
+void TestQLutDrawWidget::keysSelectAndMove()
+{
+    QTest::keyClick(m_widget, Qt::Key_PageDown);
+    QTest::keyClick(m_widget, Qt::Key_PageDown); // (255, 1020)
+    QTest::keyClick(m_widget, Qt::Key_Up);
+    QTest::keyClick(m_widget, Qt::Key_Up, Qt::ShiftModifier);
+    QTest::keyClick(m_widget, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(m_widget, Qt::Key_Left);
+    QCOMPARE(m_widget->currentLine().handles().at(1), (LUTPoint{264, 1031}));
+    QTest::keyClick(m_widget, Qt::Key_End);
+    QTest::keyClick(m_widget, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(m_widget->currentLine().handles().at(4), (LUTPoint{1023, 4082}));
+    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+    QTest::keyClick(m_widget, Qt::Key_Home);
+    QTest::keyClick(m_widget, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(m_widget, Qt::Key_Up);
+    QCOMPARE(m_widget->GetSettinngPoints().at(10), (LUTPoint{10, 41}));
+}
+
+void TestQLutDrawWidget::doubleClickAddsAndDeleteRemoves()
+{
+    m_widget->SetDrawLineChanged(QLUTDrawWidget::SmoothCurve);
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    QTest::mouseDClick(m_widget, Qt::LeftButton, Qt::NoModifier, at(30, 60));
+    QCOMPARE(m_widget->currentLine().handles().size(), 6);
+    QCOMPARE(m_widget->GetSettinngPoints().at(128).value, 3071);
+    QTest::keyClick(m_widget, Qt::Key_Delete);
+    QCOMPARE(m_widget->currentLine().handles().size(), 5);
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+}
+
+void TestQLutDrawWidget::toolTipTellsIndexAndValue()
+{
+    QHelpEvent help(QEvent::ToolTip, at(60, 60), m_widget->mapToGlobal(at(60, 60)));
+    QApplication::sendEvent(m_widget, &help);
+    QCOMPARE(QToolTip::text(), QStringLiteral("Index: 256\nValue: 3071"));
+    QToolTip::hideText();
+}
+
+void TestQLutDrawWidget::wheelIsLeftToThePage()
+{
+    const LUTPoints before = m_widget->GetSettinngPoints();
+    const QPoint middle = at(120, 120);
+    QWheelEvent wheel(middle, m_widget->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(m_widget, &wheel);
+    QVERIFY(!wheel.isAccepted());
+    QCOMPARE(m_widget->GetSettinngPoints(), before);
+}
+
+// Counts the pixels of the line's colour in the plot.
+void TestQLutDrawWidget::paintsLinesAndPoints()
+{
+    const auto linePixels = [this] {
+        const QImage image = m_widget->grab().toImage();
+        const QRgb colour =
+            ZELCustom::getDataBaseColor(QStringLiteral("QLUTDrawWidgetColor_Line")).rgb();
+        int count = 0;
+        for (int y = 30; y <= 270; ++y) {
+            for (int x = 30; x <= 270; ++x)
+                count += image.pixel(x, y) == colour ? 1 : 0;
+        }
+        return count;
+    };
+    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine); // no handles over it
+    m_widget->SetLUTInfo(kPoints, 4095, {{0, 2048}}, QLUTDrawWidget::FreeLine);
+    // Level: a row of full colour, all the way across.
+    const int level = linePixels();
+    QVERIFY2(level >= 230 && level <= 3 * 241, qPrintable(QString::number(level)));
+    makeCamera(16);
+    m_camera->setTable([](int) { return 2048; });
+    m_widget->LoadFromCamera();
+    QVERIFY(waitForEnd());
+    // 16 points stand 16 pixels apart: a row of dots.
+    const int dots = linePixels();
+    QVERIFY2(dots >= 16 && dots <= 16 * 9, qPrintable(QString::number(dots)));
+}
+
+OBFT_TEST_MAIN(TestQLutDrawWidget)
+#include "tst_qlutdrawwidget.moc"

@@ -15,3 +15,5 @@ picture window-en en "select=Acquisition Control; wait=400; select=Exposure Time
 picture window-zh zh "select=采集控制; wait=400; select=曝光时间"
 picture search-en en "search=exposure"
 picture search-zh zh "search=曝光"
+picture user-sets-en en "choose=ORXFeatureUserLevel:Guru; settle; press=ORXFeatureSave"
+picture user-sets-zh zh "choose=ORXFeatureUserLevel:资深; settle; press=ORXFeatureSave"

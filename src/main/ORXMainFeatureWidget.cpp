@@ -11,6 +11,7 @@
 #include "main/ORXFeatureToolBar.h"
 #include "main/PageTabBar.h"
 #include "pages/ORXCommonFeature.h"
+#include "pages/ORXFeatureSaveWidget.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/ORXTriggerFeature.h"
 #include "styledctl/ZELCustom.h"
@@ -447,7 +448,17 @@ void ORXMainFeatureWidget::OnUserLeverChanged()
 
 void ORXMainFeatureWidget::onSaveFeatures()
 {
+    // The host may close or release the window while one of these stands on the stack.
     const ReentrancyScope scope;
+    {
+        ORXFeatureSaveWidget dialog(m_lCameraID, this);
+        if (dialog.IsSupport()) {
+            connect(this, &ORXMainFeatureWidget::sigBeforeDeleteFeature, &dialog,
+                    [&dialog](qint64 key) { dialog.notify(ListenCode::kBeforeTreeRemoved, &key); });
+            dialog.exec();
+            return;
+        }
+    }
     ZELCustomMessageBox box(this);
     m_pPrompt = &box;
     fillPrompt(&box);
@@ -561,6 +572,9 @@ void ORXMainFeatureWidget::showOnTop()
 void ORXMainFeatureWidget::setVisible(bool visible)
 {
     ZELCustomMainWindow::setVisible(visible);
+    const bool released = s_pInstance != this;
+    if (!visible && m_pPrompt && (!m_bSilentHide || released))
+        m_pPrompt->reject();
     if (visible || m_bSilentHide)
         return;
     // The host may release the library from inside its action.

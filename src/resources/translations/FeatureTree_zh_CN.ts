@@ -49,6 +49,125 @@
     </message>
 </context>
 <context>
+    <name>ORXFeatureSaveWidget</name>
+    <message>
+        <source>Default</source>
+        <translation>默认</translation>
+    </message>
+    <message>
+        <source>User Set 1</source>
+        <translation>用户集 1</translation>
+    </message>
+    <message>
+        <source>User Set 2</source>
+        <translation>用户集 2</translation>
+    </message>
+    <message>
+        <source>User Set 3</source>
+        <translation>用户集 3</translation>
+    </message>
+    <message>
+        <source>user set1 saved.</source>
+        <translation>用户集 1 已保存。</translation>
+    </message>
+    <message>
+        <source>user set2 saved.</source>
+        <translation>用户集 2 已保存。</translation>
+    </message>
+    <message>
+        <source>user set3 saved.</source>
+        <translation>用户集 3 已保存。</translation>
+    </message>
+    <message>
+        <source>user default loaded.</source>
+        <translation>默认用户集已加载。</translation>
+    </message>
+    <message>
+        <source>user set1 loaded.</source>
+        <translation>用户集 1 已加载。</translation>
+    </message>
+    <message>
+        <source>user set2 loaded.</source>
+        <translation>用户集 2 已加载。</translation>
+    </message>
+    <message>
+        <source>user set3 loaded.</source>
+        <translation>用户集 3 已加载。</translation>
+    </message>
+    <message>
+        <source>Configuration suscceeded. The camera will load the default UserSet when it is rebooted.</source>
+        <translation>配置成功。相机重启后将加载默认用户集。</translation>
+    </message>
+    <message>
+        <source>Configuration suscceeded. The camera will load the UserSet1 when it is rebooted.</source>
+        <translation>配置成功。相机重启后将加载用户集 1。</translation>
+    </message>
+    <message>
+        <source>Configuration suscceeded. The camera will load the UserSet2 when it is rebooted.</source>
+        <translation>配置成功。相机重启后将加载用户集 2。</translation>
+    </message>
+    <message>
+        <source>Configuration suscceeded. The camera will load the UserSet3 when it is rebooted.</source>
+        <translation>配置成功。相机重启后将加载用户集 3。</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>加载</translation>
+    </message>
+    <message>
+        <source>Power-up</source>
+        <translation>上电加载</translation>
+    </message>
+    <message>
+        <source>Device Reset</source>
+        <translation>设备复位</translation>
+    </message>
+    <message>
+        <source>Save the settings in %1</source>
+        <translation>将当前设置保存到%1</translation>
+    </message>
+    <message>
+        <source>Load the settings of %1</source>
+        <translation>加载%1的设置</translation>
+    </message>
+    <message>
+        <source>Load %1 whenever the camera starts</source>
+        <translation>相机上电时加载%1</translation>
+    </message>
+    <message>
+        <source>Restart the camera</source>
+        <translation>重启相机</translation>
+    </message>
+    <message>
+        <source>User Set Control</source>
+        <translation>用户集控制</translation>
+    </message>
+    <message>
+        <source>Current settings:</source>
+        <translation>当前用户集：</translation>
+    </message>
+    <message>
+        <source>Loaded at power-up:</source>
+        <translation>上电加载：</translation>
+    </message>
+    <message>
+        <source>Setting ...</source>
+        <translation>正在设置……</translation>
+    </message>
+    <message>
+        <source>Prompt</source>
+        <translation>提示</translation>
+    </message>
+    <message>
+        <source>The camera did not confirm that the user set is loaded.</source>
+        <translation>相机未确认用户集已加载完成。</translation>
+    </message>
+</context>
+<context>
     <name>ORXFeatureToolBar</name>
     <message>
         <source>Refresh</source>

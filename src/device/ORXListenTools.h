@@ -19,6 +19,17 @@ constexpr int kFeatureChangedOsd = 19; // null
 constexpr int kCommitPendingEdit = 28; // null: the focused editor commits its text
 } // namespace ListenCode
 
+// Payload of ListenCode::kDrawModeChanged.
+struct DrawModeChange
+{
+    quint8 zero;
+    quint8 on;
+    qint32 page; // ORXPropertyTreeItem::ParentType of the sender
+    qint32 mode;
+    qint64 cameraId;
+    void* sender; // the page; not owned
+};
+
 // Payload of ListenCode::kFeatureChanged.
 struct NamedFeature
 {

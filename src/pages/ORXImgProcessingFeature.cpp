@@ -1,17 +1,267 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/ORXImgProcessingFeature.h"
 
+#include "device/ORXListenTools.h"
+#include "device/ReentrancyScope.h"
+#include "model/CTreeCustomDrawItemValue.h"
+#include "pages/ImgProcessingTable.h"
+#include "pages/ORXCCMWidget.h"
+#include "pages/QLUTDrawWidget.h"
+#include "pages/RegionDrawWidget.h"
+#include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
+
+#include <QPointer>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+using namespace ImgProcessing;
+
 namespace {
 
-const CuratedPageTable& imageTable()
-{
-    static const CuratedPageTable kTable = {"ORXImgProcessingFeature", "", {}};
-    return kTable;
-}
+constexpr int kRowsShare = 3; // of the page's height, to the panel's 2
+constexpr int kPanelShare = 2;
 
 } // namespace
 
 ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
-    : CuratedPage(imageTable(), ORXPropertyTreeItem::ImageProcessingPage, parent)
+    : CuratedPage(table(), ORXPropertyTreeItem::ImageProcessingPage, parent)
+    , m_pChunks(new SelectorChecks(
+          {{"ChunkSelector", "ChunkEnable"}, {"FrameSpecInfoSelector", "FrameSpecInfo"}},
+          FeatureTag::Watermark, this))
+    , m_pEvents(
+          new SelectorChecks({{"EventSelector", "EventNotification"}}, FeatureTag::Event, this))
+    , m_pPanels(new QStackedWidget(this))
+    , m_pRegion(new RegionDrawWidget(m_pPanels))
+    , m_pLut(new QLUTDrawWidget(m_pPanels))
 {
+    ORXCCMWidget::registerEditor();
+    m_pPanels->addWidget(m_pRegion);
+    m_pPanels->addWidget(m_pLut);
+    m_pPanels->hide();
+    auto* splitter = new QSplitter(Qt::Vertical, this);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(treeView());
+    splitter->addWidget(m_pPanels);
+    splitter->setStretchFactor(0, kRowsShare);
+    splitter->setStretchFactor(1, kPanelShare);
+    layout()->addWidget(splitter);
+
+    m_refreshTimer.setSingleShot(true);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &ORXImgProcessingFeature::refresh);
+    connect(m_pRegion, &RegionDrawWidget::SigEdited, this, &ORXImgProcessingFeature::writeRegion);
+    connectLUTItems();
+    ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal);
+}
+
+ORXImgProcessingFeature::~ORXImgProcessingFeature()
+{
+    ORXListenTools::instance()->removeListener(this);
+}
+
+// Items -------------------------------------------------------------------------------------------
+
+void ORXImgProcessingFeature::afterItemsCreated(ORXPropertyTreeItem* root)
+{
+    createLUTItems(root);
+    createMatrixItems(root);
+    createPaletteItem(root);
+    m_pChunks->makeRows(tree(), pageItem(kEmbeddedInfoGroup, root), treeView(), cameraID());
+    m_pEvents->makeRows(tree(), pageItem(kEventGroup, root), treeView(), cameraID());
+    for (const char* name : {"ChunkSelector", "ChunkEnable", "FrameSpecInfoSelector",
+                             "FrameSpecInfo", "EventSelector", "EventNotification"})
+        observe(cameraItem(name));
+}
+
+void ORXImgProcessingFeature::resetCamaraID(qint64 cameraId)
+{
+    CuratedPage::resetCamaraID(cameraId);
+    m_pLut->resetCameraID(cameraID());
+    scheduleRefresh();
+}
+
+void ORXImgProcessingFeature::removeCameraID(qint64 cameraId)
+{
+    if (cameraId == cameraID()) {
+        m_refreshTimer.stop();
+        m_pLut->StopTransfer(true);
+        m_pLut->resetCameraID(-1);
+        for (SelectorChecks* each : checks())
+            each->clear();
+        m_pRegion->setAreas(std::nullopt, std::nullopt);
+        setDrawMode(RegionDrawWidget::DrawNothing);
+        m_pPanels->hide();
+    }
+    CuratedPage::removeCameraID(cameraId);
+}
+
+// Following the camera ----------------------------------------------------------------------------
+
+void ORXImgProcessingFeature::itemValueChanged(ORXPropertyTreeItem* item)
+{
+    if (!item->isFeatureTreeItem())
+        return;
+    const QString name = item->value()->nodeName(0);
+    for (SelectorChecks* each : checks()) {
+        if (each->concerns(name) && isVisible())
+            each->requestStates();
+    }
+    scheduleRefresh();
+}
+
+void ORXImgProcessingFeature::itemVisibleStateChanged(ORXPropertyTreeItem* item)
+{
+    CuratedPage::itemVisibleStateChanged(item);
+    scheduleRefresh();
+}
+
+void ORXImgProcessingFeature::scheduleRefresh()
+{
+    if (!m_refreshTimer.isActive())
+        m_refreshTimer.start(0);
+}
+
+void ORXImgProcessingFeature::refresh()
+{
+    if (!tree() || !getRootItem(-1, false))
+        return;
+    updateLUTItems();
+    updatePalette();
+    for (SelectorChecks* each : checks())
+        each->refresh();
+    updateAreas();
+    updatePanel();
+}
+
+void ORXImgProcessingFeature::updateValue() { scheduleRefresh(); }
+
+void ORXImgProcessingFeature::afterCurrentTabShow() { scheduleRefresh(); }
+
+void ORXImgProcessingFeature::showEvent(QShowEvent* event)
+{
+    CuratedPage::showEvent(event);
+    for (SelectorChecks* each : checks())
+        each->requestStates();
+}
+
+void ORXImgProcessingFeature::translate()
+{
+    CuratedPage::translate();
+    scheduleRefresh();
+}
+
+int ORXImgProcessingFeature::notify(int code, void* data)
+{
+    if (code == ListenCode::kFirstReadEnded && data
+        && *static_cast<qint64*>(data) == cameraID()) {
+        scheduleRefresh();
+        if (isVisible()) {
+            for (SelectorChecks* each : checks())
+                each->requestStates();
+        }
+    } else if (code == ListenCode::kDrawModeChanged && data) {
+        // Another page draws in the same camera: here it ends.
+        const auto* change = static_cast<const DrawModeChange*>(data);
+        if (change->cameraId == cameraID() && change->sender != this && change->on != 0)
+            setDrawMode(RegionDrawWidget::DrawNothing);
+    }
+    return 0;
+}
+
+bool ORXImgProcessingFeature::setFeatureValue(const QString& tagName, const QString& nodeName,
+                                              const QVariant& value)
+{
+    for (SelectorChecks* each : checks()) {
+        if (featureTag(tagName) == each->tag())
+            return each->write(nodeName, value.toBool());
+    }
+    return CuratedPage::setFeatureValue(tagName, nodeName, value);
+}
+
+// Region and panel --------------------------------------------------------------------------------
+
+bool ORXImgProcessingFeature::showsGroup(const char* group)
+{
+    const ORXPropertyTreeItem* item = pageItem(group);
+    return item && item->groupVisible() && item->visible();
+}
+
+void ORXImgProcessingFeature::updateAreas()
+{
+    m_pRegion->setAreas(RegionArea::read(*tree(), RegionArea::imageNames()),
+                        RegionArea::read(*tree(), RegionArea::autoFunctionNames()));
+}
+
+// What belongs to the shown group stands below its rows.
+void ORXImgProcessingFeature::updatePanel()
+{
+    QWidget* panel = nullptr;
+    int mode = RegionDrawWidget::DrawNothing;
+    if (showsGroup(kROIGroup) && m_pRegion->hasAreas()) {
+        panel = m_pRegion;
+        mode = RegionDrawWidget::DrawImageRegion;
+    } else if (showsGroup(kAOIGroup) && m_pRegion->hasAreas()) {
+        panel = m_pRegion;
+        mode = RegionDrawWidget::DrawAutoFunctionArea;
+    } else if (showsGroup(kLUTGroup) && pageItem(kLUTClear)) {
+        panel = m_pLut;
+    }
+    if (panel)
+        m_pPanels->setCurrentWidget(panel);
+    m_pPanels->setVisible(panel != nullptr);
+    setDrawMode(mode);
+}
+
+void ORXImgProcessingFeature::setDrawMode(int mode)
+{
+    const int before = m_pRegion->drawMode();
+    if (mode == before)
+        return;
+    m_pRegion->setDrawMode(static_cast<RegionDrawWidget::DrawMode>(mode));
+    const ORXPropertyTreeItem* draw = cameraID() != -1 ? pageItem(kDraw) : nullptr;
+    if (auto* value = draw ? dynamic_cast<CTreeCustomDrawItemValue*>(draw->value()) : nullptr) {
+        value->m_bDrawing = mode != RegionDrawWidget::DrawNothing;
+        value->m_nDrawMode = mode;
+    }
+    if (before != RegionDrawWidget::DrawNothing)
+        notifyDrawModeChange(before, false);
+    if (mode != RegionDrawWidget::DrawNothing)
+        notifyDrawModeChange(mode, true);
+}
+
+void ORXImgProcessingFeature::notifyDrawModeChange(int mode, bool on)
+{
+    DrawModeChange change = {0,    static_cast<quint8>(on), static_cast<qint32>(pageType()),
+                             mode, cameraID(),              this};
+    ORXListenTools::instance()->notifyListeners(ListenCode::kDrawModeChanged, &change);
+}
+
+void ORXImgProcessingFeature::writeRegion(const RegionArea::Target& target)
+{
+    const RegionArea* area = m_pRegion->edited();
+    if (!area || !tree())
+        return;
+    // The host may take the camera away while it is written to.
+    const ReentrancyScope scope;
+    const QPointer<ORXFeatureTree> whole(tree());
+    const QVector<QPair<QString, qint64>> writes = area->writesTo(target);
+    for (const auto& write : writes) {
+        const bool written =
+            whole->setFeatureValue(featureTagName(FeatureTag::Integer), write.first, write.second);
+        if (!whole || whole->cameraID() == -1)
+            return;
+        if (!written)
+            break;
+        if (ORXPropertyTreeItem* item = whole->propertyItemByName(write.first)) {
+            item->value()->setValue(write.second);
+            item->notifyViewUpdate(cameraID(), -1, false);
+        }
+    }
+    // Each of them changes the limits of others; after a refusal the camera's own values show.
+    for (const auto& write : writes)
+        whole->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, write.first,
+                              QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
+                              false);
+    scheduleRefresh();
 }

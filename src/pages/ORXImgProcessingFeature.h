@@ -1,15 +1,71 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/IORXListen.h"
 #include "pages/CuratedPage.h"
+#include "pages/RegionArea.h"
+#include "pages/SelectorChecks.h"
 
-// The page of image processing features. Owned by the main widget; GUI thread.
-class ORXImgProcessingFeature : public CuratedPage
+#include <QTimer>
+
+class QLUTDrawWidget;
+class QStackedWidget;
+class RegionDrawWidget;
+
+// The page of image processing: region and automatics' areas with a picture to draw in, embedded
+// information, events, look-up table with its curve editor, colour correction matrix, palettes. The
+// picture or the curve stands below the rows of the group that it belongs to. Owned by the main
+// widget; GUI thread.
+class ORXImgProcessingFeature : public CuratedPage, public IORXListen
 {
     Q_OBJECT
 public:
     explicit ORXImgProcessingFeature(QWidget* parent);
+    ~ORXImgProcessingFeature() override;
+
+    bool setFeatureValue(const QString& tagName, const QString& nodeName,
+                         const QVariant& value) override;
+    void itemValueChanged(ORXPropertyTreeItem* item) override;
+    void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    void resetCamaraID(qint64 cameraId) override;
+    void removeCameraID(qint64 cameraId) override;
+    void updateValue() override;
+    void translate() override;
+    int notify(int code, void* data) override;
 
     // The page has come into sight.
-    void afterCurrentTabShow() {}
+    void afterCurrentTabShow();
+    // Tells every listener that drawing in a mode (RegionDrawWidget::DrawMode) begins or ends.
+    void notifyDrawModeChange(int mode, bool on);
+
+    RegionDrawWidget* regionPicture() const { return m_pRegion; }
+    QLUTDrawWidget* lutEditor() const { return m_pLut; }
+
+protected:
+    void afterItemsCreated(ORXPropertyTreeItem* root) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void createLUTItems(ORXPropertyTreeItem* root);
+    void connectLUTItems();
+    void updateLUTItems();
+    void createMatrixItems(ORXPropertyTreeItem* root);
+    void createPaletteItem(ORXPropertyTreeItem* root);
+    void updatePalette();
+
+    void scheduleRefresh();
+    void refresh();
+    bool showsGroup(const char* group);
+    void updateAreas();
+    void updatePanel();
+    void setDrawMode(int mode);
+    void writeRegion(const RegionArea::Target& target);
+    QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }
+
+    SelectorChecks* m_pChunks;  // Owned (child).
+    SelectorChecks* m_pEvents;  // Owned (child).
+    QStackedWidget* m_pPanels;  // Owned (child).
+    RegionDrawWidget* m_pRegion; // Owned (child).
+    QLUTDrawWidget* m_pLut;     // Owned (child).
+    QTimer m_refreshTimer;      // many changes of items are one refresh
 };

@@ -160,12 +160,7 @@ bool FeatureWriter::finish(bool written, const QString& name, const QString& sho
         m_pTree->startInvalidationTimer();
         return true;
     }
-    m_pTree->showTranslated([name, shownValue, error] {
-        const QString text =
-            ORXFeatureTree::tr("Node '%1':failed to save value '%2'").arg(name, shownValue);
-        return ORXFeatureTree::Message{ORXFeatureTree::tr("Failed to set the feature value."),
-                                       text + errorText(error), ZELCustomMessageBox::Hint_Error};
-    });
+    m_pTree->showWriteFailure(name, shownValue, error);
     return false;
 }
 

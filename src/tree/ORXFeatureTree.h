@@ -87,6 +87,8 @@ public:
         int hintStyle;
     };
     void showTranslated(const std::function<Message()>& message);
+    // The message that a feature could not be written, with the host's error code.
+    void showWriteFailure(const QString& name, const QString& value, int error);
     // As above with words that stay as they are.
     void ShowMessage(QWidget* parent, const QString& title, const QString& text,
                      const QString& caption, int hintStyle);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // What ORXFeatureTree does about writing: values, commands, messages, the loading overlay.
+#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "device/ReentrancyScope.h"
 #include "model/CTreeEnumationItemValue.h"
@@ -115,6 +116,16 @@ void ORXFeatureTree::showTranslated(const std::function<Message()>& message)
     const Message words = message();
     ShowMessage(this, words.title, words.text, QString(), words.hintStyle);
     m_shownMessage = message;
+}
+
+void ORXFeatureTree::showWriteFailure(const QString& name, const QString& value, int error)
+{
+    showTranslated([name, value, error] {
+        return Message{tr("Failed to set the feature value."),
+                       tr("Node '%1':failed to save value '%2'").arg(name, value)
+                           + QStringLiteral("\r\n") + ORXInterface::IntCode2DisplayCode(error),
+                       ZELCustomMessageBox::Hint_Error};
+    });
 }
 
 void ORXFeatureTree::fillMessageBox(const Message& message, const QString& caption)

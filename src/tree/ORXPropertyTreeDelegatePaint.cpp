@@ -19,6 +19,7 @@ constexpr int kEditorRight = 10;
 constexpr int kEditorHeight = 32;
 constexpr int kNameEditorShift = 18;
 constexpr int kWideEditorLeft = 20;
+constexpr int kDrawRowHeight = 1; // its picture stands outside the rows
 constexpr int kGroupRowHeight = 1;
 
 QStyle* styleOf(const QStyleOptionViewItem& option)
@@ -102,6 +103,8 @@ QSize ORXPropertyTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
         size.setHeight(kGroupRowHeight);
     else if (item && item->tag() == FeatureTag::CCM)
         size.setHeight(kMatrixRowHeight);
+    else if (item && item->tag() == FeatureTag::Draw)
+        size.setHeight(kDrawRowHeight);
     else
         size.setHeight(kRowHeight);
     return size;

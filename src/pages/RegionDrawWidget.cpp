@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "pages/RegionDrawWidget.h"
+
+#include "styledctl/ZELCustom.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QMap>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+
+constexpr int kMargin = 14;
+constexpr int kCaptionHeight = 22;
+constexpr double kGrabPx = 7.0;   // how far from an edge it can be grabbed
+constexpr double kHandlePx = 7.0; // side of a handle
+const char kBackground[] = "RegionDrawWidgetColor_Background";
+const char kSensor[] = "RegionDrawWidgetColor_Sensor";
+const char kRegion[] = "RegionDrawWidgetColor_Region";
+const char kAutoArea[] = "RegionDrawWidgetColor_AutoFunctionArea";
+const char kText[] = "RegionDrawWidgetColor_Font";
+
+QColor colour(const char* key)
+{
+    return ZELCustom::getDataBaseColor(QString::fromLatin1(key));
+}
+
+qint64 rounded(double value)
+{
+    return static_cast<qint64>(std::floor(value + 0.5));
+}
+
+} // namespace
+
+RegionDrawWidget::RegionDrawWidget(QWidget* parent)
+    : QWidget(parent)
+{
+    setObjectName(QStringLiteral("RegionDrawWidget"));
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAccessibleName(tr("Picture of the sensor area"));
+}
+
+QSize RegionDrawWidget::sizeHint() const { return {320, 260}; }
+QSize RegionDrawWidget::minimumSizeHint() const { return {200, 160}; }
+
+void RegionDrawWidget::setAreas(const std::optional<RegionArea>& image,
+                                const std::optional<RegionArea>& area)
+{
+    m_image = image;
+    m_autoArea = area;
+    if (!edited())
+        cancelEdit();
+    update();
+}
+
+void RegionDrawWidget::setDrawMode(DrawMode mode)
+{
+    if (mode == m_mode)
+        return;
+    cancelEdit();
+    m_mode = mode;
+    update();
+}
+
+const RegionArea* RegionDrawWidget::edited() const
+{
+    const std::optional<RegionArea>& area = m_mode == DrawAutoFunctionArea ? m_autoArea : m_image;
+    return m_mode != DrawNothing && area && area->isWritable() ? &*area : nullptr;
+}
+
+// Geometry ----------------------------------------------------------------------------------------
+
+QSize RegionDrawWidget::sensorSize() const
+{
+    return m_image ? m_image->extent() : m_autoArea ? m_autoArea->extent() : QSize(1, 1);
+}
+
+double RegionDrawWidget::scale() const
+{
+    const QSize sensor = sensorSize();
+    const double x = double(width() - 2 * kMargin) / sensor.width();
+    const double y = double(height() - 2 * kMargin - kCaptionHeight) / sensor.height();
+    return qMax(1e-9, qMin(x, y));
+}
+
+// Where pixel (0, 0) of the area's coordinates stands in the widget. An automatic looks at the
+// image, so its area begins where the image region begins.
+QPointF RegionDrawWidget::origin(const RegionArea* area) const
+{
+    const QSizeF shown = QSizeF(sensorSize()) * scale();
+    QPointF corner((width() - shown.width()) / 2,
+                   (height() - kCaptionHeight - shown.height()) / 2);
+    if (m_autoArea && area == &*m_autoArea && m_image)
+        corner += QPointF(m_image->rect().topLeft()) * scale();
+    return corner;
+}
+
+QRectF RegionDrawWidget::rectOf(const RegionArea* area, const RegionArea::Target& target) const
+{
+    const double s = scale();
+    return QRectF(double(target.x.offset) * s, double(target.y.offset) * s,
+                  double(target.x.size) * s, double(target.y.size) * s)
+        .translated(origin(area));
+}
+
+QRectF RegionDrawWidget::toWidget(const RegionArea::Target& target) const
+{
+    return rectOf(edited(), target);
+}
+
+int RegionDrawWidget::sidesAt(const QPointF& position) const
+{
+    const RegionArea* area = edited();
+    if (!area)
+        return NoSide;
+    const QRectF rect = rectOf(area, area->current());
+    if (!rect.adjusted(-kGrabPx, -kGrabPx, kGrabPx, kGrabPx).contains(position))
+        return NoSide;
+    // In a small region there must be a middle left to move it by.
+    const double grabX = qMin(kGrabPx, rect.width() / 4);
+    const double grabY = qMin(kGrabPx, rect.height() / 4);
+    int sides = NoSide;
+    if (position.x() <= rect.left() + grabX)
+        sides |= Left;
+    else if (position.x() >= rect.right() - grabX)
+        sides |= Right;
+    if (position.y() <= rect.top() + grabY)
+        sides |= Top;
+    else if (position.y() >= rect.bottom() - grabY)
+        sides |= Bottom;
+    return sides == NoSide ? AllSides : sides;
+}
+
+RegionArea::Target RegionDrawWidget::targetAt(const QPointF& position) const
+{
+    const RegionArea* area = edited();
+    RegionArea::Target target = area->current();
+    const QPointF way = (position - m_pressed) / scale();
+    if (m_sides == AllSides)
+        return {area->x().moved(target.x.offset + rounded(way.x())),
+                area->y().moved(target.y.offset + rounded(way.y()))};
+    if (m_sides & Left)
+        target.x = area->x().withBegin(target.x.offset + rounded(way.x()));
+    if (m_sides & Right)
+        target.x = area->x().withEnd(target.x.end() + rounded(way.x()));
+    if (m_sides & Top)
+        target.y = area->y().withBegin(target.y.offset + rounded(way.y()));
+    if (m_sides & Bottom)
+        target.y = area->y().withEnd(target.y.end() + rounded(way.y()));
+    return target;
+}
+
+// Mouse and keyboard ------------------------------------------------------------------------------
+
+void RegionDrawWidget::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || m_target)
+        return;
+    m_sides = sidesAt(event->localPos());
+    if (m_sides == NoSide)
+        return;
+    m_pressed = event->localPos();
+    m_target = edited()->current();
+    update();
+}
+
+void RegionDrawWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    if (m_sides == NoSide || !m_target) {
+        showCursor(event->localPos());
+        return;
+    }
+    m_target = targetAt(event->localPos());
+    update();
+}
+
+void RegionDrawWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || m_sides == NoSide)
+        return;
+    if (m_target)
+        m_target = targetAt(event->localPos());
+    m_sides = NoSide;
+    finishEdit();
+}
+
+void RegionDrawWidget::showCursor(const QPointF& position)
+{
+    static const QMap<int, Qt::CursorShape> kShapes = {
+        {AllSides, Qt::SizeAllCursor},        {Left, Qt::SizeHorCursor},
+        {Right, Qt::SizeHorCursor},           {Top, Qt::SizeVerCursor},
+        {Bottom, Qt::SizeVerCursor},          {Left | Top, Qt::SizeFDiagCursor},
+        {Right | Bottom, Qt::SizeFDiagCursor}, {Right | Top, Qt::SizeBDiagCursor},
+        {Left | Bottom, Qt::SizeBDiagCursor}};
+    setCursor(kShapes.value(sidesAt(position), Qt::ArrowCursor));
+}
+
+void RegionDrawWidget::keyPressEvent(QKeyEvent* event)
+{
+    static const QMap<int, QPoint> kSteps = {{Qt::Key_Left, {-1, 0}},
+                                             {Qt::Key_Right, {1, 0}},
+                                             {Qt::Key_Up, {0, -1}},
+                                             {Qt::Key_Down, {0, 1}}};
+    const RegionArea* area = edited();
+    if (event->key() == Qt::Key_Escape && m_target) {
+        cancelEdit();
+        return;
+    }
+    const QPoint step = kSteps.value(event->key());
+    if (!area || step.isNull() || m_sides != NoSide) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const RegionArea::Target from = m_target.value_or(area->current());
+    const RegionAxis x(area->x().limits(), from.x);
+    const RegionAxis y(area->y().limits(), from.y);
+    RegionArea::Target target = from;
+    if (event->modifiers() & Qt::ShiftModifier) {
+        if (step.x() != 0)
+            target.x = x.withEnd(from.x.end() + step.x() * x.limits().sizeIncrement);
+        if (step.y() != 0)
+            target.y = y.withEnd(from.y.end() + step.y() * y.limits().sizeIncrement);
+    } else {
+        if (step.x() != 0)
+            target.x = x.moved(from.x.offset + step.x() * x.limits().offsetIncrement);
+        if (step.y() != 0)
+            target.y = y.moved(from.y.offset + step.y() * y.limits().offsetIncrement);
+    }
+    m_byKeys = true;
+    m_target = target;
+    update();
+}
+
+// A held key repeats; the camera hears of the last step only.
+void RegionDrawWidget::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->isAutoRepeat() || !m_byKeys)
+        QWidget::keyReleaseEvent(event);
+    else
+        finishEdit();
+}
+
+void RegionDrawWidget::focusOutEvent(QFocusEvent* event)
+{
+    if (m_byKeys)
+        finishEdit();
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+void RegionDrawWidget::finishEdit()
+{
+    const RegionArea* area = edited();
+    const std::optional<RegionArea::Target> target = m_target;
+    m_target.reset();
+    m_byKeys = false;
+    update();
+    if (area && target && !area->writesTo(*target).isEmpty())
+        emit SigEdited(*target);
+}
+
+void RegionDrawWidget::cancelEdit()
+{
+    m_target.reset();
+    m_byKeys = false;
+    m_sides = NoSide;
+    update();
+}
+
+// Painting ----------------------------------------------------------------------------------------
+
+void RegionDrawWidget::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        setAccessibleName(tr("Picture of the sensor area"));
+        update();
+    }
+}
+
+void RegionDrawWidget::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), colour(kBackground));
+    if (!hasAreas())
+        return;
+    const RegionArea* sensor = m_image ? &*m_image : &*m_autoArea;
+    const RegionArea::Target whole = {{0, sensor->extent().width()},
+                                      {0, sensor->extent().height()}};
+    painter.fillRect(rectOf(sensor, whole), colour(kSensor));
+    if (m_image)
+        drawArea(painter, *m_image, kRegion);
+    if (m_autoArea)
+        drawArea(painter, *m_autoArea, kAutoArea);
+    painter.setPen(colour(kText));
+    painter.drawText(QRect(kMargin, height() - kCaptionHeight, width() - 2 * kMargin,
+                           kCaptionHeight - 4),
+                     Qt::AlignHCenter | Qt::AlignVCenter, caption());
+    if (hasFocus()) {
+        painter.setPen(QPen(colour(kRegion), 1, Qt::DotLine));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+}
+
+void RegionDrawWidget::drawArea(QPainter& painter, const RegionArea& area,
+                                const char* colourKey) const
+{
+    const bool isEdited = &area == edited();
+    const QRectF rect =
+        rectOf(&area, isEdited && m_target ? *m_target : area.current());
+    QColor line = colour(colourKey);
+    QColor fill = line;
+    fill.setAlphaF(isEdited ? 0.22 : 0.08);
+    painter.setBrush(fill);
+    painter.setPen(QPen(line, isEdited ? 2.0 : 1.0, isEdited ? Qt::SolidLine : Qt::DashLine));
+    painter.drawRect(rect);
+    if (!isEdited)
+        return;
+    painter.setBrush(line);
+    painter.setPen(Qt::NoPen);
+    const double xs[] = {rect.left(), rect.center().x(), rect.right()};
+    const double ys[] = {rect.top(), rect.center().y(), rect.bottom()};
+    for (int column = 0; column < 3; ++column) {
+        for (int row = 0; row < 3; ++row) {
+            if (column != 1 || row != 1)
+                painter.drawRect(QRectF(xs[column] - kHandlePx / 2, ys[row] - kHandlePx / 2,
+                                        kHandlePx, kHandlePx));
+        }
+    }
+}
+
+QString RegionDrawWidget::caption() const
+{
+    const RegionArea* area = edited();
+    if (!area)
+        area = m_mode == DrawAutoFunctionArea && m_autoArea ? &*m_autoArea
+                                                            : (m_image ? &*m_image : nullptr);
+    if (!area)
+        return {};
+    const RegionArea::Target shown = area == edited() && m_target ? *m_target : area->current();
+    const QString text = tr("%1 × %2 at (%3, %4) of %5 × %6")
+                             .arg(shown.x.size)
+                             .arg(shown.y.size)
+                             .arg(shown.x.offset)
+                             .arg(shown.y.offset)
+                             .arg(area->extent().width())
+                             .arg(area->extent().height());
+    return area->isWritable() ? text : tr("%1, locked").arg(text);
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/FeatureTag.h"
+#include "pages/SelectorStateThread.h"
+
+#include <QMap>
+#include <QTimer>
+#include <QVector>
+
+class CTreeEnumationItemValue;
+class ORXFeatureTree;
+class ORXFeatureTreeView;
+class ORXPropertyTreeItem;
+
+// The rows of check boxes that stand for what a selector selects: one box for each entry, two in a
+// row. Makes the rows under a group of a page, reads their states and writes what the user checks.
+// Owned by the page; GUI thread. The camera is asked by a SelectorStateThread.
+class SelectorChecks : public QObject
+{
+    Q_OBJECT
+public:
+    // Node names of a selector and of what it selects.
+    struct Names
+    {
+        const char* selector;
+        const char* enable;
+    };
+
+    // `choices`: the first pair that the camera has is taken. `tag` is that of the rows.
+    SelectorChecks(const QVector<Names>& choices, FeatureTag tag, QObject* parent);
+    ~SelectorChecks() override;
+
+    // Makes the rows for the camera of `tree` below `group`, as many as the description has entries
+    // for; they are owned by the group. Which entries the camera has is known after it was read.
+    void makeRows(ORXFeatureTree* tree, ORXPropertyTreeItem* group, ORXFeatureTreeView* view,
+                  qint64 cameraId);
+    // Forgets camera and rows, which may go now; a running host call is waited for.
+    void clear();
+    // Entries, words of the interface language, visibility and access, as the camera's features
+    // have them now.
+    void refresh();
+    // Reads the states soon; many requests are one.
+    void requestStates();
+
+    FeatureTag tag() const { return m_tag; }
+    // True when the name is that of the selector, or of what it selects.
+    bool concerns(const QString& nodeName) const;
+    // The user has changed a box; false for an unknown name.
+    bool write(const QString& nodeName, bool on);
+
+private:
+    ORXPropertyTreeItem* cameraItem(const char* name) const;
+    const CTreeEnumationItemValue* entries() const;
+    SelectorStateThread::Pair pair() const;
+    QVector<qint64> numbers() const;
+    void readStates();
+    void onStatesRead(const QString& selector, const QVector<int>& states);
+    void onWritten(const QString& selector, qint64 entry, bool on, const QString& feature,
+                   int error);
+    void setState(int index, bool on);
+    QString nodeName(qint64 entry) const;
+
+    const QVector<Names> m_choices;
+    const FeatureTag m_tag;
+    const Names* m_names = nullptr;       // of this camera; null without. Not owned.
+    ORXFeatureTree* m_pTree = nullptr;    // Not owned.
+    qint64 m_lCameraID = -1;
+    QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
+    QVector<qint64> m_numbers;            // entries in the order of the boxes
+    QTimer m_timer;
+    SelectorStateThread m_thread;
+};

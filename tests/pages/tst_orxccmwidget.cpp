@@ -451,8 +451,7 @@ void TestORXCCMWidget::delegateMakesTheEditor()
     TestPage page(Item::CommonPage);
     page.makeRoot = [&page] { return page.addGroupOfTags({QStringLiteral("CustomTagNameCCM")}); };
     page.getRootItem(1, true);
-    Item* item = page.item(QStringLiteral("CustomTagNameCCM"));
-    QVERIFY(item);
+    Item* item = page.getRootItem(1, false)->child(0)->child(0);
     Item enable(nullptr, Item::CommonPage);
     enable.setTagName(QStringLiteral("Boolean"));
     auto* value = static_cast<CTreeCustomCCMItemValue*>(item->value());

@@ -111,6 +111,7 @@ void ORXCCMWidget::initData()
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Table));
+    setMaximumHeight(kSide * kRowHeight + 1); // with the last line of the grid
     setColumnCount(kSide);
     setRowCount(kSide);
     for (int index = 0; index < ORXRWCCMValue::kCoefficients; ++index) {

@@ -7,6 +7,8 @@
 #include <QDebug>
 #include <QSet>
 
+#include <mutex>
+
 namespace {
 
 const QLatin1String kTransformation("ColorTransformationEnable");
@@ -18,6 +20,13 @@ QSet<ORXCCMUpdateThread*>& threads()
 {
     static QSet<ORXCCMUpdateThread*> all;
     return all;
+}
+
+// Held while a thread works with the selector; never by the GUI thread.
+std::mutex& cameraMutex()
+{
+    static std::mutex mutex;
+    return mutex;
 }
 
 } // namespace
@@ -75,6 +84,8 @@ void ORXCCMUpdateThread::stopAll()
 
 void ORXCCMUpdateThread::run()
 {
+    // An editor may be gone while its thread still puts the camera back.
+    const std::lock_guard<std::mutex> oneAtATime(cameraMutex());
     if (m_bStop)
         return;
     if (m_bDeviceMode)

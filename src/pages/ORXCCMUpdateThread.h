@@ -15,7 +15,8 @@
 // longer than the widget lives.
 //
 // The camera shows its coefficients through a selector, and only while the standard transformation
-// is off. Both are put back after the last coefficient, also after a failure or a stop.
+// is off. Both are put back after the last coefficient, also after a failure or a stop. One thread
+// of this class reads at a time.
 //
 // | operation                            | thread                              | lock |
 // |--------------------------------------|-------------------------------------|------|

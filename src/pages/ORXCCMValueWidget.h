@@ -28,6 +28,6 @@ private:
     void retranslate();
 
     const int m_nIndex;
-    bool m_bRanged = false; // the camera's limits are known
+    bool m_bRanged = false;     // the camera's limits are known
     QPropertyLineEdit* m_pEdit; // Owned (child).
 };

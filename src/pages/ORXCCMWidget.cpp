@@ -166,7 +166,7 @@ void ORXCCMWidget::endUpdate()
         if (d->m_bDeviceMode)
             qCritical("Reading the color correction matrix: %s", qUtf8Printable(result.fault));
         else
-            reportFile(result.fault, true);
+            reportFile(ORXRWCCMValue::fileOf(result.settingsName), result.fault, true);
     } else if (result.complete) {
         s_lastFileReport.clear();
     }
@@ -352,7 +352,7 @@ bool ORXCCMWidget::enableInFile(bool on)
         d->m_pThread->setEnabledFlag(on);
         return true;
     }
-    reportFile(d->m_settings.fault(), false);
+    reportFile(d->m_settings.fileName(), d->m_settings.fault(), false);
     return false;
 }
 
@@ -376,10 +376,8 @@ bool ORXCCMWidget::enableInCamera(bool on)
 }
 
 // When the file is read, which happens whenever the cell comes into sight, once for each fault.
-void ORXCCMWidget::reportFile(const QString& fault, bool once)
+void ORXCCMWidget::reportFile(const QString& file, const QString& fault, bool once)
 {
-    const QString& known = d->m_pThread->result().settingsName;
-    const QString file = ORXRWCCMValue::fileOf(known);
     const QString report = file + QStringLiteral(": ") + fault;
     if (once && s_lastFileReport == report)
         return;

@@ -59,7 +59,7 @@ private:
     void showCells();
     bool isEdited() const;
     void rereadSelected();
-    void reportFile(const QString& fault, bool once);
+    void reportFile(const QString& file, const QString& fault, bool once);
 
     std::unique_ptr<ORXCCMWidgetPrivateData> d;
 };

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QSemaphore>
+#include <QTimer>
 
 namespace {
 
@@ -92,6 +93,7 @@ private slots:
     void failureInTheMiddleLeavesTheCameraAsItWas();
     void cameraUnpluggedInTheMiddle();
     void destroyedWhileTheHostHangs();
+    void nextEditorWaitsForTheLastOne();
     void itemsMayGoFirst();
     void fileModeShowsTheFile();
     void fileModeSwitchesTheFile();
@@ -364,6 +366,34 @@ void TestORXCCMWidget::destroyedWhileTheHostHangs()
     ORXCCMUpdateThread::stopAll();
     // No further coefficient; what was changed is put back.
     QCOMPARE(window.plugged.writes(), QStringList{QStringLiteral("ColorTransformationEnable 1")});
+    QCOMPARE(window.integer("ColorTransformationEnable"), 1);
+}
+
+void TestORXCCMWidget::nextEditorWaitsForTheLastOne()
+{
+    DemoWindow window;
+    setCoefficient(window, "3", "0.75");
+    window.write(OB_FT_TYPE_BOOLEAN, "ColorTransformationEnable", "1");
+    QVERIFY(window.open());
+    OB_FT_Close();
+    QSemaphore reached;
+    QSemaphore goOn;
+    window.plugged.beforeRead = [&](const QString& name) {
+        if (name != kValue || reached.available() > 0)
+            return;
+        reached.release();
+        goOn.acquire();
+    };
+    Matrix first(CTreeCustomCCMItemValue::InCamera);
+    first.widget->updateData();
+    QTRY_COMPARE(reached.available(), 1);
+    delete first.widget; // the transformation is off by now
+    Matrix second(CTreeCustomCCMItemValue::InCamera);
+    second.enable.value()->setValue(true);
+    second.widget->updateData();
+    QTimer::singleShot(50, this, [&] { goOn.release(); });
+    QTRY_COMPARE(second.cell(3)->text(), QStringLiteral("0.7500"));
+    QVERIFY(!second.isOn());
     QCOMPARE(window.integer("ColorTransformationEnable"), 1);
 }
 

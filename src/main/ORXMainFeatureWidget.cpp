@@ -10,6 +10,8 @@
 #include "main/ORXFeatureGroup.h"
 #include "main/ORXFeatureToolBar.h"
 #include "main/PageTabBar.h"
+#include "pages/ORXCCMUpdateThread.h"
+#include "pages/ORXCCMWidget.h"
 #include "pages/ORXCommonFeature.h"
 #include "pages/ORXFeatureSaveWidget.h"
 #include "pages/ORXImgProcessingFeature.h"
@@ -105,6 +107,7 @@ ORXMainFeatureWidget::~ORXMainFeatureWidget()
 
 void ORXMainFeatureWidget::initUI()
 {
+    ORXCCMWidget::registerEditor();
     m_pToolBar = new ORXFeatureToolBar(this);
     m_pDockTitleBar = new ZELCustomDockTitleBar(this);
     m_pDockTitleBar->setFixedHeight(kTitleBarHeight);
@@ -418,6 +421,7 @@ void ORXMainFeatureWidget::PauseUpdateThread()
 {
     if (ORXFeatureTree* tree = currentTree())
         tree->PauseUpdateThread();
+    ORXCCMUpdateThread::stopAll();
 }
 
 void ORXMainFeatureWidget::onRefreshFeature()

@@ -3,10 +3,17 @@
 
 #include "model/CTreeItemValue.h"
 
-// Value of the colour correction matrix item: where the matrix lives. GUI thread.
+class ORXPropertyTreeItem;
+
+// Value of the colour correction matrix item: where the matrix lives, and what switches it. Set by
+// the page that makes the item, before its editor is made. GUI thread.
 class CTreeCustomCCMItemValue : public CTreeItemValue
 {
 public:
-    // 0: in the camera; 1: in the host's settings file.
-    int m_nState = 0;
+    enum State { InCamera = 0, InSettingsFile = 1 };
+
+    int m_nState = InCamera;
+    qint64 m_lCameraID = -1;
+    // The boolean item that says whether the matrix is on. Not owned; may be null.
+    ORXPropertyTreeItem* m_pEnableItem = nullptr;
 };

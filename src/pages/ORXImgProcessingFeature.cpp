@@ -151,18 +151,18 @@ void ORXImgProcessingFeature::translate()
     scheduleRefresh();
 }
 
-int ORXImgProcessingFeature::notify(int code, void* data)
+int ORXImgProcessingFeature::notify(int code, void* payload)
 {
-    if (code == ListenCode::kFirstReadEnded && data
-        && *static_cast<qint64*>(data) == cameraID()) {
+    if (code == ListenCode::kFirstReadEnded && payload
+        && *static_cast<qint64*>(payload) == cameraID()) {
         scheduleRefresh();
         if (isVisible()) {
             for (SelectorChecks* each : checks())
                 each->requestStates();
         }
-    } else if (code == ListenCode::kDrawModeChanged && data) {
+    } else if (code == ListenCode::kDrawModeChanged && payload) {
         // Another page draws in the same camera: here it ends.
-        const auto* change = static_cast<const DrawModeChange*>(data);
+        const auto* change = static_cast<const DrawModeChange*>(payload);
         if (change->cameraId == cameraID() && change->sender != this && change->on != 0)
             setDrawMode(RegionDrawWidget::DrawNothing);
     }

@@ -31,7 +31,7 @@ public:
     void removeCameraID(qint64 cameraId) override;
     void updateValue() override;
     void translate() override;
-    int notify(int code, void* data) override;
+    int notify(int code, void* payload) override;
 
     // The page has come into sight.
     void afterCurrentTabShow();

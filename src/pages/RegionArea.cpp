@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr qint64 kLongest = qint64(1) << 30; // pixels; far above any sensor
+
 struct Reading
 {
     CTreeIntergerItemValue::Numbers numbers;
@@ -32,8 +34,7 @@ RegionAxis axisOf(const Reading& size, const Reading& offset)
     limits.sizeIncrement = size.numbers.m_nIncrement;
     limits.offsetMinimum = offset.numbers.m_nMinValue;
     limits.offsetIncrement = offset.numbers.m_nIncrement;
-    constexpr qint64 kBound = qint64(1) << 30;
-    const auto bounded = [](qint64 value) { return qBound(qint64(0), value, kBound); };
+    const auto bounded = [](qint64 value) { return qBound(qint64(0), value, kLongest); };
     limits.extent =
         qMax(bounded(size.numbers.m_nMaxValue),
              bounded(size.numbers.m_nValue) + bounded(offset.numbers.m_nMaxValue));

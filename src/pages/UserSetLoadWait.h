@@ -30,7 +30,7 @@ public:
     {
         int checkMs = 200;
         int askMs = 400;   // between two readings that are asked for
-        int calmMs = 1000; // a single reading without "Load" counts after this time
+        int calmMs = 5000; // a single reading without "Load" counts after this time
         int lostMs = 3000;
         int longestMs = 60000;
     };

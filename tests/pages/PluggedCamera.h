@@ -12,7 +12,7 @@
 #include <mutex>
 
 // Stands before another camera: notes what is written to it, can be unplugged, and can refuse to
-// write a feature. Any thread, but for beforeWrite.
+// write or read a feature. Any thread, but for the two hooks.
 class PluggedCamera : public Camera
 {
 public:
@@ -21,14 +21,20 @@ public:
     {
     }
 
-    // Called before each write, on the writing thread. Set it while nothing is written.
+    // Called before each write or read, on the calling thread. Set them while nothing calls.
     std::function<void(const QString& name)> beforeWrite;
+    std::function<void(const QString& name)> beforeRead;
 
     void unplug() { m_unplugged = true; }
     void refuse(const QString& name)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_refused = name;
+    }
+    void refuseToRead(const QString& name)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_unreadable = name;
     }
     // As "Width 640"; commands as their name.
     QStringList writes() const
@@ -46,6 +52,14 @@ public:
     DeviceRecord deviceRecord() const override { return m_camera.deviceRecord(); }
     int read(int type, const std::string& name, void* record) override
     {
+        const QString feature = QString::fromStdString(name);
+        if (beforeRead)
+            beforeRead(feature);
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            if (feature == m_unreadable)
+                return CameraError::NotReadable;
+        }
         return m_unplugged ? CameraError::NotConnected : m_camera.read(type, name, record);
     }
     int write(int type, const std::string& name, const std::string& text) override
@@ -74,7 +88,8 @@ public:
 private:
     Camera& m_camera; // Not owned.
     std::atomic<bool> m_unplugged{false};
-    mutable std::mutex m_mutex; // guards the two below
+    mutable std::mutex m_mutex; // guards what is below
     QString m_refused;
+    QString m_unreadable;
     QStringList m_writes;
 };

@@ -12,7 +12,8 @@ void acquisition(DemoContext& demo);   // start, stop, frames, locks, status, ch
 void trigger(DemoContext& demo);       // software trigger and counters
 void autoFunctions(DemoContext& demo); // exposure, gain and white balance that move by themselves
 void imageFormat(DemoContext& demo);   // sizes that follow binning and decimation
-void colour(DemoContext& demo);        // look-up table start values, colour matrix
+void colour(DemoContext& demo);        // look-up table start values
+void colourMatrix(DemoContext& demo);  // colour matrix against standard transformation
 void inputs(DemoContext& demo);        // lines
 void encoders(DemoContext& demo);      // encoders, frequency converter
 void userSets(DemoContext& demo);      // user sets

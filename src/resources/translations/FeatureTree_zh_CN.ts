@@ -34,6 +34,28 @@
     </message>
 </context>
 <context>
+    <name>ORXCCMValueWidget</name>
+    <message>
+        <source>Row %1, column %2</source>
+        <translation>第 %1 行，第 %2 列</translation>
+    </message>
+    <message>
+        <source>Set by the host program</source>
+        <translation>由主机程序设定</translation>
+    </message>
+</context>
+<context>
+    <name>ORXCCMWidget</name>
+    <message>
+        <source>The color correction settings cannot be used.</source>
+        <translation>色彩校正设置文件无法使用。</translation>
+    </message>
+    <message>
+        <source>The file is left as it is:</source>
+        <translation>该文件保持原样：</translation>
+    </message>
+</context>
+<context>
     <name>ORXFeatureGroup</name>
     <message>
         <source>No feature matches &quot;%1&quot;.</source>

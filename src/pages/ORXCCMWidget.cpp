@@ -1,0 +1,390 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "pages/ORXCCMWidget.h"
+
+#include "basetools/ORXInterface.h"
+#include "device/OBDeviceControl.h"
+#include "device/ReentrancyScope.h"
+#include "model/CTreeCustomCCMItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
+#include "pages/ORXCCMUpdateThread.h"
+#include "pages/ORXCCMValueWidget.h"
+#include "pages/ORXCCMWidgetPrivateData.h"
+#include "styledctl/ZELCustom.h"
+#include "styledctl/ZELCustomMessageBox.h"
+#include "tree/IFeatureTreeFinder.h"
+#include "tree/ORXFeatureTree.h"
+#include "tree/ORXPropertyTreeDelegate.h"
+#include "tree/QPropertyLineEdit.h"
+
+#include <QDebug>
+#include <QHeaderView>
+#include <QPointer>
+#include <QVariant>
+
+namespace {
+
+constexpr int kSide = 3;
+constexpr int kRowHeight = 40;
+constexpr double kCoefficientUnit = 0.0009765625; // 1/1024
+constexpr int kWrittenByUser = 2;                 // column of such a notification
+
+const QLatin1String kTransformation("ColorTransformationEnable");
+const QLatin1String kSelector("ColorTransformationValueSelector");
+const QLatin1String kValue("ColorTransformationValue");
+const QLatin1String kMatrix("CCMEnable");
+
+// What was told of a settings file last; empty once it was read without a fault.
+QString s_lastFileReport;
+
+ORXFeatureTree* treeOf(qint64 key)
+{
+    IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
+    return finder && finder->hasFeatureTree(key) ? finder->featureTree(key, false) : nullptr;
+}
+
+// As for every other feature that cannot be written.
+void reportWrite(qint64 cameraId, const QString& feature, const QString& value, int error)
+{
+    if (ORXFeatureTree* tree = treeOf(cameraId)) {
+        const QString text =
+            ORXFeatureTree::tr("Node '%1':failed to save value '%2'").arg(feature, value);
+        tree->ShowMessage(tree, ORXFeatureTree::tr("Failed to set the feature value."),
+                          text + QStringLiteral("\r\n") + ORXInterface::IntCode2DisplayCode(error),
+                          QString(), ZELCustomMessageBox::Hint_Error);
+    }
+}
+
+} // namespace
+
+ORXCCMWidget::ORXCCMWidget(ORXPropertyTreeItem* item, QWidget* parent)
+    : QTableWidget(parent)
+    , d(std::make_unique<ORXCCMWidgetPrivateData>())
+{
+    d->m_pWidget = this;
+    d->m_pItem = item;
+    const auto* value =
+        item ? dynamic_cast<const CTreeCustomCCMItemValue*>(item->value()) : nullptr;
+    if (value) {
+        d->m_lCameraID = value->m_lCameraID;
+        d->m_bDeviceMode = value->m_nState == CTreeCustomCCMItemValue::InCamera;
+        d->m_pEnableItem = value->m_pEnableItem;
+    }
+    initData();
+    connect(this, &ORXCCMWidget::sigUpdateEditorData, this, &ORXCCMWidget::onUpdateEditorData);
+    if (ORXPropertyTreeItem* enable = enableItem())
+        enable->registerView(this);
+}
+
+ORXCCMWidget::~ORXCCMWidget()
+{
+    if (ORXPropertyTreeItem* enable = enableItem())
+        enable->removeView(this);
+    disconnect(d->m_pThread, nullptr, this, nullptr);
+    d->m_pThread->abandon();
+}
+
+void ORXCCMWidget::registerEditor()
+{
+    ORXPropertyTreeDelegate::registerExternalEditor(
+        FeatureTag::CCM,
+        [](QWidget* parent, ORXPropertyTreeItem* item) { return new ORXCCMWidget(item, parent); },
+        [](QWidget* editor, ORXPropertyTreeItem*) {
+            if (auto* widget = qobject_cast<ORXCCMWidget*>(editor))
+                widget->updateData();
+        });
+}
+
+void ORXCCMWidget::initData()
+{
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    horizontalHeader()->hide();
+    verticalHeader()->hide();
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setFrameShape(QFrame::NoFrame);
+    setAlternatingRowColors(true);
+    setShowGrid(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Table));
+    setMaximumHeight(kSide * kRowHeight + 1); // with the last line of the grid
+    setColumnCount(kSide);
+    setRowCount(kSide);
+    for (int index = 0; index < ORXRWCCMValue::kCoefficients; ++index) {
+        const int row = index / kSide;
+        const int column = index % kSide;
+        setRowHeight(row, kRowHeight);
+        setItem(row, column, new QTableWidgetItem);
+        auto* cell = new ORXCCMValueWidget(this, index);
+        cell->setReadOnly(!d->m_bDeviceMode);
+        setCellWidget(row, column, cell);
+        connect(cell->lineEdit(), &QLineEdit::editingFinished, this,
+                &ORXCCMWidget::onEditedCCMValue);
+        d->m_cells[static_cast<std::size_t>(index)] = cell;
+    }
+    setFocusProxy(d->m_cells.front()->lineEdit());
+    setCellsEnabled(false);
+    d->m_pThread = new ORXCCMUpdateThread(d->m_lCameraID, d->m_bDeviceMode);
+    connect(d->m_pThread, &QThread::finished, this, &ORXCCMWidget::endUpdate, Qt::QueuedConnection);
+}
+
+// Reading -----------------------------------------------------------------------------------------
+
+void ORXCCMWidget::updateData()
+{
+    // What the user is typing goes before; the end of the edit comes back here.
+    if (d->m_bReading || isEdited()) {
+        d->m_bReadAgain = true;
+        return;
+    }
+    d->m_bReadAgain = false;
+    d->m_bReading = true;
+    // The thread moves the selector, so nothing can be written meanwhile.
+    if (d->m_bDeviceMode)
+        setCellsEnabled(false);
+    d->m_pThread->startReading();
+}
+
+void ORXCCMWidget::endUpdate()
+{
+    d->m_bReading = false;
+    const ORXCCMUpdateThread::Result& result = d->m_pThread->result();
+    if (d->m_wantedEnable) {
+        const bool wanted = *d->m_wantedEnable;
+        d->m_wantedEnable.reset();
+        const QPointer<ORXCCMWidget> self(this);
+        enableCCMValueChanged(wanted);
+        if (self)
+            updateData();
+        return;
+    }
+    if (!result.fault.isEmpty()) {
+        if (d->m_bDeviceMode)
+            qCritical("Reading the color correction matrix: %s", qUtf8Printable(result.fault));
+        else
+            reportFile(ORXRWCCMValue::fileOf(result.settingsName), result.fault, true);
+    } else if (result.complete) {
+        s_lastFileReport.clear();
+    }
+    if (d->m_bReadAgain) {
+        updateData();
+        return;
+    }
+    if (!enableItem())
+        return;
+    // What the camera has is not known: it cannot be edited, and nothing is claimed.
+    if (d->m_bDeviceMode && !result.complete) {
+        setCellsEnabled(false);
+        return;
+    }
+    for (std::size_t i = 0; i < d->m_cells.size(); ++i) {
+        d->m_values[i] = d->m_bDeviceMode ? static_cast<double>(result.values[i])
+                                          : result.coefficients[i] * kCoefficientUnit;
+        if (d->m_bDeviceMode)
+            d->m_cells[i]->setRange(result.minimum, result.maximum);
+    }
+    showCells();
+    const QPointer<ORXCCMWidget> self(this);
+    const bool enabled = result.enabled;
+    setCellsEnabled(enabled);
+    setEnableItem(enabled);
+    if (self)
+        rereadSelected();
+}
+
+bool ORXCCMWidget::getSDKCCMEnable(const QString& name, int* values)
+{
+    ORXRWCCMValue settings;
+    if (!settings.createSetting(name) || !settings.content().enabled)
+        return false;
+    std::copy(settings.content().values.cbegin(), settings.content().values.cend(), values);
+    return true;
+}
+
+void ORXCCMWidget::showCells()
+{
+    for (std::size_t i = 0; i < d->m_cells.size(); ++i)
+        d->m_cells[i]->showValue(d->m_values[i]);
+}
+
+void ORXCCMWidget::setCellsEnabled(bool on)
+{
+    for (ORXCCMValueWidget* cell : d->m_cells)
+        cell->setEnabled(on);
+    // The first cell takes the focus for all, as far as it can.
+    setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+bool ORXCCMWidget::isEdited() const
+{
+    for (const ORXCCMValueWidget* cell : d->m_cells) {
+        if (cell->lineEdit()->hasPendingEdit())
+            return true;
+    }
+    return false;
+}
+
+// The rows of the selected feature in the whole tree show another coefficient by now.
+void ORXCCMWidget::rereadSelected()
+{
+    ORXFeatureTree* tree = d->m_bDeviceMode ? treeOf(d->m_lCameraID) : nullptr;
+    if (tree && tree->propertyItemByName(kSelector))
+        tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, kSelector,
+                             QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
+                             false);
+}
+
+// Editing a cell ----------------------------------------------------------------------------------
+
+void ORXCCMWidget::onEditedCCMValue()
+{
+    auto* edit = qobject_cast<QPropertyLineEdit*>(sender());
+    if (!edit)
+        return;
+    const int index = edit->property(ORXCCMValueWidget::kIndexProperty).toInt();
+    ORXCCMValueWidget* cell = d->m_cells[static_cast<std::size_t>(index)];
+    QVariant value;
+    if (!edit->SaveProperty(value)) {
+        edit->Rollback();
+        if (d->m_bReadAgain)
+            updateData();
+        return;
+    }
+    if (d->m_bDeviceMode) {
+        const QPointer<ORXCCMWidget> self(this);
+        const bool written = writeCell(index, value.toFloat());
+        if (!self)
+            return;
+        if (written)
+            d->m_values[static_cast<std::size_t>(index)] = static_cast<double>(value.toFloat());
+    }
+    cell->showValue(d->m_values[static_cast<std::size_t>(index)]);
+    rereadSelected();
+    if (d->m_bReadAgain)
+        updateData();
+}
+
+bool ORXCCMWidget::writeCell(int index, float value)
+{
+    // The host may release the library from inside its callback.
+    const ReentrancyScope scope;
+    const qint64 cameraId = d->m_lCameraID;
+    int error = 0;
+    QString feature = kSelector;
+    QString text = QString::number(index);
+    bool written =
+        OBDeviceControl::SetEnumNodeValue(feature, static_cast<unsigned int>(index), &error);
+    if (written) {
+        feature = kValue;
+        text = QString::number(static_cast<double>(value));
+        written = OBDeviceControl::SetFloatNodeValue(feature, value, &error);
+    }
+    if (!written)
+        reportWrite(cameraId, feature, text, error);
+    return written;
+}
+
+// Switching the matrix ----------------------------------------------------------------------------
+
+// Null when there is none, or it has gone with the camera.
+ORXPropertyTreeItem* ORXCCMWidget::enableItem() const
+{
+    return d->m_pEnableItem && ORXPropertyTreeItem::isAlive(d->m_pEnableItem) ? d->m_pEnableItem
+                                                                              : nullptr;
+}
+
+void ORXCCMWidget::setEnableItem(bool on)
+{
+    ORXPropertyTreeItem* enable = enableItem();
+    if (!enable || !enable->value())
+        return;
+    enable->value()->setValue(on);
+    enable->notifyViewUpdate(d->m_lCameraID, -1, false);
+}
+
+void ORXCCMWidget::itemValueChanged(qint64 cameraID, ORXPropertyTreeItem* item, int column, bool)
+{
+    emit sigUpdateEditorData(cameraID, item, column);
+}
+
+void ORXCCMWidget::onUpdateEditorData(qint64, ORXPropertyTreeItem* item, int column)
+{
+    if (!item || item != enableItem() || !item->value())
+        return;
+    const bool on = item->value()->value().toBool();
+    if (column == kWrittenByUser)
+        enableCCMValueChanged(on);
+    else if (!d->m_bReading)
+        setCellsEnabled(on);
+}
+
+void ORXCCMWidget::enableCCMValueChanged(bool on)
+{
+    // The thread would switch the transformation back afterwards: it has to end first.
+    if (d->m_bReading) {
+        d->m_wantedEnable = on;
+        d->m_pThread->requestStop();
+        return;
+    }
+    const QPointer<ORXCCMWidget> self(this);
+    setCellsEnabled(on);
+    const bool switched = d->m_bDeviceMode ? enableInCamera(on) : enableInFile(on);
+    if (!self)
+        return;
+    if (!switched) {
+        setCellsEnabled(!on);
+        setEnableItem(!on);
+    }
+    // The coefficients of a file are read only when it is on; what a refusal has left is read, too.
+    if (self && (!switched || !d->m_bDeviceMode))
+        updateData();
+}
+
+bool ORXCCMWidget::enableInFile(bool on)
+{
+    const QString& known = d->m_pThread->result().settingsName;
+    const QString name = known.isEmpty() ? ORXRWCCMValue::cameraName() : known;
+    if (d->m_settings.createSetting(name) && d->m_settings.writeEnable(on)) {
+        d->m_pThread->setEnabledFlag(on);
+        return true;
+    }
+    reportFile(d->m_settings.fileName(), d->m_settings.fault(), false);
+    return false;
+}
+
+// The matrix of the user and the standard transformation exclude each other.
+bool ORXCCMWidget::enableInCamera(bool on)
+{
+    const ReentrancyScope scope;
+    const qint64 cameraId = d->m_lCameraID;
+    int error = 0;
+    QString feature = kTransformation;
+    bool value = !on;
+    bool written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
+    if (written) {
+        feature = kMatrix;
+        value = on;
+        written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
+    }
+    if (!written)
+        reportWrite(cameraId, feature, QString::number(int(value)), error);
+    return written;
+}
+
+// When the file is read, which happens whenever the cell comes into sight, once for each fault.
+void ORXCCMWidget::reportFile(const QString& file, const QString& fault, bool once)
+{
+    const QString report = file + QStringLiteral(": ") + fault;
+    if (once && s_lastFileReport == report)
+        return;
+    s_lastFileReport = report;
+    qCritical("Color correction settings %s", qUtf8Printable(report));
+    if (ORXFeatureTree* tree = treeOf(d->m_lCameraID))
+        tree->ShowMessage(tree, tr("The color correction settings cannot be used."),
+                          tr("The file is left as it is:") + QStringLiteral("\r\n") + file,
+                          QString(), ZELCustomMessageBox::Hint_Warning);
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+// The settings file of a camera whose colour correction is done by the host's software:
+// "CCMList_NAME.ini" in the folder "/CCMList" of the user's data. The host writes the coefficients,
+// the library only whether the correction is on. A file that is not as it should be is never
+// written. Any thread, one object in one thread at a time.
+class ORXRWCCMValue
+{
+public:
+    static constexpr int kCoefficients = 9;
+    static constexpr int kOne = 1024; // the coefficients are fixed point, 1024 is 1.0
+    using Coefficients = std::array<int, kCoefficients>;
+
+    struct Content
+    {
+        bool enabled = false;
+        Coefficients values = identity(); // row by row
+    };
+
+    static Coefficients identity();
+    // Name of a camera's file: its serial number, or the name in its device record when it has
+    // none, percent-encoded where a file name cannot take it. Asks the host.
+    static QString cameraName();
+    static QString fileOf(const QString& name);
+    static bool exists(const QString& name);
+
+    // Makes folder and file when they are missing, and opens the file. False when that cannot be
+    // done or the file holds something else; see fault().
+    bool createSetting(const QString& name);
+    // What the opened file says.
+    const Content& content() const { return m_content; }
+    // Writes "Common/CCMEnable" of the opened file; whole or not at all.
+    bool writeEnable(bool on);
+
+    QString fileName() const { return m_strFile; }
+    // English, for the log; empty when nothing is wrong.
+    QString fault() const { return m_strFault; }
+
+private:
+    bool makeFile();
+    bool looksLikeSettings();
+    bool readContent();
+    bool fail(const QString& fault);
+
+    QString m_strFile;
+    QString m_strFault;
+    Content m_content;
+};

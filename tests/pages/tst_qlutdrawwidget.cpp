@@ -77,6 +77,7 @@ private slots:
     void unpluggedWhileLoading();
     void unpluggedWhileSetting();
     void closingTheWindowEndsTheTransfer();
+    void closingAtTheLastPointReadsNothingBack();
     void anotherCameraEndsTheTransfer();
     void destroyedWhileTheCameraHangs_data();
     void destroyedWhileTheCameraHangs();
@@ -396,6 +397,19 @@ void TestQLutDrawWidget::closingTheWindowEndsTheTransfer()
     QCOMPARE(message(), QStringLiteral("Applying to camera was stopped after 300 of 1024 points. "
                                        "The table in the camera is incomplete."));
     QCOMPARE(hint(), 2);
+}
+
+void TestQLutDrawWidget::closingAtTheLastPointReadsNothingBack()
+{
+    const int lastCall = m_camera->calls() + 2 * kPoints;
+    m_camera->holdAtCall(lastCall);
+    m_widget->SetToCamera();
+    QTRY_VERIFY(m_camera->isHolding());
+    m_window->close();
+    m_camera->release();
+    QVERIFY(waitForEnd());
+    QCOMPARE(m_camera->calls(), lastCall);
+    QCOMPARE(message(), QStringLiteral("Applied to camera successfully."));
 }
 
 void TestQLutDrawWidget::anotherCameraEndsTheTransfer()

@@ -97,7 +97,7 @@ protected:
 private:
     void OnLoadFromFile();
     void OnSaveToFile();
-    void OnReport(const LUTTransferReport& report);
+    void OnReport();
     void OnProgress(int done, int total);
     void connectThread();
     void setRange(int maximumIndex, int maximumValue);

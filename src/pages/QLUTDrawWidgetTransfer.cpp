@@ -151,11 +151,11 @@ void QLUTDrawWidget::UpdateLutInfo(int maximumIndex, int maximumValue, float xSc
     UpdateFeatureTree();
 }
 
-void QLUTDrawWidget::OnReport(const LUTTransferReport& report)
+void QLUTDrawWidget::OnReport()
 {
-    m_report = report;
-    if (report.type != ORXLUTThread::ReloadFromCamera ||
-        report.outcome != LUTTransferReport::Failed)
+    m_report = m_pThread->takeReport();
+    if (m_report.type != ORXLUTThread::ReloadFromCamera ||
+        m_report.outcome != LUTTransferReport::Failed)
         return;
     // After a failed write the user knows already what is wrong.
     const bool told = m_pMessageBox && m_pMessageBox->isVisible() &&

@@ -37,8 +37,7 @@ struct Said
         const auto hear = [this, thread](auto signal, auto slot) {
             QObject::connect(thread, signal, &receiver, slot, Qt::QueuedConnection);
         };
-        hear(&ORXLUTThread::SigReport,
-             [this](const LUTTransferReport& report) { reports.append(report); });
+        hear(&ORXLUTThread::SigReport, [this, thread] { reports.append(thread->takeReport()); });
         hear(&ORXLUTThread::SigUpdateLUTInfo, [this](int index, int value, float x, float y) {
             infos.append({index, value, x, y});
         });

@@ -40,11 +40,21 @@ int LUTControlLine::allowedIndex(int number, int wanted) const
     return lowest > highest ? present : qBound(lowest, wanted, highest);
 }
 
+// The outer points stand on the plot's edges and only their value changes: the few pixels beside
+// the plot where they can be taken count for them as inside.
+bool LUTControlLine::takesDrop(const QPoint& pixel) const
+{
+    const bool outer = m_nSelected == 0 || m_nSelected == m_controls.size() - 1;
+    const bool beside = outer && pixel.x() >= -LUTPlot::kBesidePx &&
+                        pixel.x() <= LUTPlot::kSizePx + LUTPlot::kBesidePx;
+    return LUTPlot::contains(beside ? QPoint(0, pixel.y()) : pixel);
+}
+
 bool LUTControlLine::drag(const QPoint& pixel, const LUTPlot& plot)
 {
     if (!m_bDragging)
         return false;
-    place(m_nSelected, LUTPlot::contains(pixel) ? droppedAt(pixel, plot) : m_pressPoint);
+    place(m_nSelected, takesDrop(pixel) ? droppedAt(pixel, plot) : m_pressPoint);
     return true;
 }
 

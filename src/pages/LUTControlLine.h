@@ -40,5 +40,7 @@ protected:
     LUTPoints m_controls;
 
 private:
+    bool takesDrop(const QPoint& pixel) const;
+
     LUTPoint m_pressPoint; // of the held point when it was taken
 };

@@ -6,7 +6,7 @@ namespace {
 constexpr int kFirst = 0;
 constexpr int kLast = 4;
 // Beyond it the press belongs to whatever stands right of the plot.
-constexpr int kRightmostPressPx = LUTPlot::kSizePx + 10;
+constexpr int kRightmostPressPx = LUTPlot::kSizePx + LUTPlot::kBesidePx;
 
 } // namespace
 

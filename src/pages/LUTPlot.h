@@ -17,6 +17,8 @@ public:
     static constexpr int kOffsetPx = 30;
     // How far from a point or line a press still takes hold of it.
     static constexpr int kGrabPx = 9;
+    // How far beside the plot a point on its edge can still be taken.
+    static constexpr int kBesidePx = 10;
 
     // Both at least 1; the scales are 239 pixels for each of them.
     void setRange(int pointCount, int maxValue);

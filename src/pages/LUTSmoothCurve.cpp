@@ -105,11 +105,6 @@ int LUTSmoothCurve::IsSmoothPointSelected(const QPoint& pixel, const LUTPlot& pl
     return nearest;
 }
 
-void LUTSmoothCurve::ChangeSmoothPoint(const QPoint& pixel, const LUTPlot& plot)
-{
-    place(m_nSelected, droppedAt(pixel, plot));
-}
-
 bool LUTSmoothCurve::press(const QPoint& pixel, const LUTPlot& plot)
 {
     const int number = IsSmoothPointSelected(pixel, plot);
@@ -117,16 +112,6 @@ bool LUTSmoothCurve::press(const QPoint& pixel, const LUTPlot& plot)
         return false;
     take(number);
     return true;
-}
-
-bool LUTSmoothCurve::release(const QPoint& pixel, const LUTPlot& plot)
-{
-    if (m_bDragging && LUTPlot::contains(pixel)) {
-        ChangeSmoothPoint(pixel, plot);
-        m_bDragging = false;
-        return true;
-    }
-    return LUTControlLine::release(pixel, plot);
 }
 
 bool LUTSmoothCurve::addPoint(const QPoint& pixel, const LUTPlot& plot)
@@ -158,7 +143,12 @@ bool LUTSmoothCurve::removeSelected()
     return true;
 }
 
-LUTPoint LUTSmoothCurve::droppedAt(const QPoint& pixel, const LUTPlot& plot) const
+LUTPoint LUTSmoothCurve::ChangeSmoothPoint(const QPoint& pixel, const LUTPlot& plot) const
 {
     return {plot.indexAt(pixel.x()), plot.valueAt(pixel.y())};
+}
+
+LUTPoint LUTSmoothCurve::droppedAt(const QPoint& pixel, const LUTPlot& plot) const
+{
+    return ChangeSmoothPoint(pixel, plot);
 }

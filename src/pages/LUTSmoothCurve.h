@@ -17,7 +17,6 @@ public:
     void rebuildFrom(const LUTPoints& table) override;
 
     bool press(const QPoint& pixel, const LUTPlot& plot) override;
-    bool release(const QPoint& pixel, const LUTPlot& plot) override;
     // A new control point at the position, unless one is near or there are kMostControls.
     bool addPoint(const QPoint& pixel, const LUTPlot& plot) override;
     // The first and the last control point stay.
@@ -25,8 +24,8 @@ public:
 
     // Number of the control point at a pixel, kNone when there is none.
     int IsSmoothPointSelected(const QPoint& pixel, const LUTPlot& plot) const;
-    // Moves the held control point to the pixel.
-    void ChangeSmoothPoint(const QPoint& pixel, const LUTPlot& plot);
+    // What a control point becomes that is moved to the pixel.
+    LUTPoint ChangeSmoothPoint(const QPoint& pixel, const LUTPlot& plot) const;
     // Point at `t` (0 to 1) of the quadratic Bézier curve.
     static QPointF PointOnSquareBezier(const QPointF& start, const QPointF& control,
                                        const QPointF& end, double t);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QMetaType>
+#include <QtGlobal>
 
-// How one transfer of a look-up table ended. Travels by value from the worker to the GUI thread.
+// How one transfer of a look-up table ended. A plain value.
 struct LUTTransferReport
 {
     enum Outcome {
@@ -17,4 +17,3 @@ struct LUTTransferReport
     int total = 0; // 0 when not even the table's size could be read
     Outcome outcome = Failed;
 };
-Q_DECLARE_METATYPE(LUTTransferReport)

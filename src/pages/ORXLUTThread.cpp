@@ -16,7 +16,6 @@ constexpr unsigned long kReportWaitingAfterMs = 1000;
 ORXLUTThread::ORXLUTThread(QObject* parent)
     : QThread(parent)
 {
-    qRegisterMetaType<LUTTransferReport>();
 }
 
 ORXLUTThread::~ORXLUTThread()
@@ -103,6 +102,16 @@ LUTPoints ORXLUTThread::points() const
     return m_points;
 }
 
+LUTTransferReport ORXLUTThread::takeReport()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_reports.empty())
+        return {};
+    const LUTTransferReport report = m_reports.front();
+    m_reports.pop_front();
+    return report;
+}
+
 // Worker ------------------------------------------------------------------------------------------
 
 bool ORXLUTThread::takeJob()
@@ -139,14 +148,23 @@ void ORXLUTThread::runJob()
     m_report = {m_job.type, m_job.cameraId, 0, 0, LUTTransferReport::Failed};
     if (m_job.type == SetToCamera) {
         SetPointToCamera();
-        emit SigReport(m_report);
+        fileReport();
         emit SigSetToCameraFinished();
         return;
     }
     GetPointFromCamera();
-    emit SigReport(m_report);
+    fileReport();
     if (m_job.type == LoadFromCamera)
         emit SigLoadFromCameraFinished();
+}
+
+void ORXLUTThread::fileReport()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_reports.push_back(m_report);
+    }
+    emit SigReport();
 }
 
 void ORXLUTThread::ExitThread()

@@ -17,7 +17,7 @@
 // |----------------------------------------------|--------|----------------------------------|
 // | SetThreadType, setPointVector, startJob,     | GUI    | the job mutex, inside            |
 // | resetCameraID, requestStop, StopThread       |        |                                  |
-// | points, isBusy                               | any    | the job mutex, inside            |
+// | points, takeReport, isBusy                   | any    | the job mutex, inside            |
 // | everything else                              | worker | none while it calls the host     |
 // | signals                                      | emitted by the worker; connect queued     |
 //
@@ -55,6 +55,8 @@ public:
     bool isBusy() const;
     // The table that was read last from the present camera; empty when there is none.
     LUTPoints points() const;
+    // The oldest report that nobody has taken; one for each SigReport.
+    LUTTransferReport takeReport();
 
     // Device access; false when the host refuses. The values are the host's, unchecked.
     bool GetLutIndex(long long& value, long long& maximum, long long& minimum);
@@ -63,8 +65,8 @@ public:
     bool SetLutValue(long long value);
 
 signals:
-    // First the report of a job, then the signals of its kind.
-    void SigReport(const LUTTransferReport& report);
+    // First that there is a report of a job, then the signals of its kind.
+    void SigReport();
     void SigProgress(int done, int total);
     void SigUpdateLUTInfo(int maximumIndex, int maximumValue, float xScale, float yScale);
     void SigLoadFromCameraFinished();
@@ -90,7 +92,7 @@ private:
     void SetPointToCamera();
     bool publish(const LUTPoints& points);
     void countPoint();
-    void report(LUTTransferReport::Outcome outcome);
+    void fileReport();
 
     // The job mutex and what it guards.
     mutable std::mutex m_mutex;
@@ -101,6 +103,7 @@ private:
     std::deque<Job> m_waiting;
     qint64 m_lCameraID = -1;
     LUTPoints m_points;
+    std::deque<LUTTransferReport> m_reports; // not taken yet
 
     std::atomic<bool> m_bStop{false}; // ends the running job only
 

@@ -90,10 +90,10 @@ void ORXLUTThread::GetPointGroup(int maximumIndex, int maximumValue)
     }
     if (points.size() <= maximumIndex || !publish(points)) {
         qInfo("LUT: reading stopped after %d of %d points", m_report.done, m_report.total);
-        report(LUTTransferReport::Stopped);
+        m_report.outcome = LUTTransferReport::Stopped;
         return;
     }
-    report(LUTTransferReport::Completed);
+    m_report.outcome = LUTTransferReport::Completed;
     emit SigUpdateLUTInfo(maximumIndex, maximumValue, m_fXScale, m_fYScale);
 }
 
@@ -105,11 +105,11 @@ void ORXLUTThread::SetPointToCamera()
             countPoint();
     }
     if (m_report.done == m_report.total) {
-        report(LUTTransferReport::Completed);
+        m_report.outcome = LUTTransferReport::Completed;
     } else if (m_bStop) {
         // What was overwritten cannot be brought back without as many calls again.
         qCritical("LUT: writing stopped after %d of %d points", m_report.done, m_report.total);
-        report(LUTTransferReport::Stopped);
+        m_report.outcome = LUTTransferReport::Stopped;
     } else {
         qCritical("LUT: only %d of %d points written", m_report.done, m_report.total);
     }
@@ -130,11 +130,6 @@ void ORXLUTThread::countPoint()
     const int step = qMax(1, m_report.total / kProgressSteps);
     if (++m_report.done % step == 0 || m_report.done == m_report.total)
         emit SigProgress(m_report.done, m_report.total);
-}
-
-void ORXLUTThread::report(LUTTransferReport::Outcome outcome)
-{
-    m_report.outcome = outcome;
 }
 
 // Device access -----------------------------------------------------------------------------------

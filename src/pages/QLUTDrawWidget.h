@@ -97,7 +97,7 @@ protected:
 private:
     void OnLoadFromFile();
     void OnSaveToFile();
-    void OnReport(const LUTTransferReport& report);
+    void OnReport();
     void OnProgress(int done, int total);
     void connectThread();
     void setRange(int maximumIndex, int maximumValue);
@@ -127,6 +127,7 @@ private:
     ORXLUTThread* m_pThread;    // Owned (child).
     LUTTransferReport m_report; // of the job that ended last
     bool m_bTransferring = false;
+    bool m_bStopped = false; // since the last request
     int m_nProgressDone = 0;
     int m_nProgressTotal = 0;
     QPointer<QWidget> m_pWatchedWindow;          // Not owned.

@@ -60,6 +60,7 @@ void QLUTDrawWidget::resetCameraID(qint64 cameraId)
 
 void QLUTDrawWidget::StopTransfer(bool wait)
 {
+    m_bStopped = true;
     if (wait)
         m_pThread->StopThread();
     else
@@ -86,6 +87,7 @@ void QLUTDrawWidget::beginTransfer(int total)
     line().clearSelection();
     m_nProgressDone = 0;
     m_nProgressTotal = total;
+    m_bStopped = false;
     update();
     if (m_bTransferring)
         return;
@@ -118,7 +120,7 @@ void QLUTDrawWidget::showLoading(const QString& text)
 bool QLUTDrawWidget::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_pWatchedWindow && event->type() == QEvent::Hide && !event->spontaneous())
-        m_pThread->requestStop();
+        StopTransfer(false);
     return QWidget::eventFilter(watched, event);
 }
 
@@ -149,11 +151,11 @@ void QLUTDrawWidget::UpdateLutInfo(int maximumIndex, int maximumValue, float xSc
     UpdateFeatureTree();
 }
 
-void QLUTDrawWidget::OnReport(const LUTTransferReport& report)
+void QLUTDrawWidget::OnReport()
 {
-    m_report = report;
-    if (report.type != ORXLUTThread::ReloadFromCamera ||
-        report.outcome != LUTTransferReport::Failed)
+    m_report = m_pThread->takeReport();
+    if (m_report.type != ORXLUTThread::ReloadFromCamera ||
+        m_report.outcome != LUTTransferReport::Failed)
         return;
     // After a failed write the user knows already what is wrong.
     const bool told = m_pMessageBox && m_pMessageBox->isVisible() &&
@@ -200,7 +202,8 @@ void QLUTDrawWidget::OnFinishSetToCamera()
                         .arg(m_report.done)
                         .arg(m_report.total),
                     ZELCustomMessageBox::Hint_Error);
-    if (m_report.cameraId != m_lCameraID ||
+    // The last point may have been written just when the window was closed.
+    if (m_bStopped || m_report.cameraId != m_lCameraID ||
         !m_pThread->SetThreadType(ORXLUTThread::ReloadFromCamera))
         return;
     showLoading(tr("LUT Updating..."));

@@ -169,7 +169,10 @@ void TestLutLines::outerPointKeepsItsIndex()
         line->release({60, 180}, plot);
         QCOMPARE(line->handles().first(), (LUTPoint{0, 1024}));
         QVERIFY(line->press({240, 0}, plot));
-        line->release({60, 240}, plot);
+        line->release({250, 240}, plot); // beside the plot, where it can be taken as well
+        QCOMPARE(line->handles().last(), (LUTPoint{1023, 0}));
+        QVERIFY(line->press({240, 240}, plot));
+        line->release({251, 0}, plot);
         QCOMPARE(line->handles().last(), (LUTPoint{1023, 0}));
     }
 }

@@ -5,8 +5,6 @@
 #include "pages/ORXLUTThread.h"
 #include "support/TestMain.h"
 
-#include <QSignalSpy>
-
 #include <memory>
 #include <thread>
 
@@ -30,26 +28,40 @@ QVector<int> valuesOf(const LUTPoints& points)
     return values;
 }
 
-// What the worker said, in order, received on the GUI thread.
+// What the worker said, received on the GUI thread as the widget receives it. A QSignalSpy would be
+// filled by the worker.
 struct Said
 {
     explicit Said(ORXLUTThread* thread)
-        : infos(thread, &ORXLUTThread::SigUpdateLUTInfo)
-        , loaded(thread, &ORXLUTThread::SigLoadFromCameraFinished)
-        , set(thread, &ORXLUTThread::SigSetToCameraFinished)
-        , ends(thread, &ORXLUTThread::SigThreadEnd)
-        , progress(thread, &ORXLUTThread::SigProgress)
     {
-        QObject::connect(thread, &ORXLUTThread::SigReport, &receiver,
-                         [this](const LUTTransferReport& report) { reports.append(report); });
+        const auto hear = [this, thread](auto signal, auto slot) {
+            QObject::connect(thread, signal, &receiver, slot, Qt::QueuedConnection);
+        };
+        hear(&ORXLUTThread::SigReport, [this, thread] { reports.append(thread->takeReport()); });
+        hear(&ORXLUTThread::SigUpdateLUTInfo, [this](int index, int value, float x, float y) {
+            infos.append({index, value, x, y});
+        });
+        hear(&ORXLUTThread::SigProgress, [this](int done, int total) {
+            progress.append({done, total});
+        });
+        hear(&ORXLUTThread::SigLoadFromCameraFinished, [this] { ++loaded; });
+        hear(&ORXLUTThread::SigSetToCameraFinished, [this] { ++set; });
+        hear(&ORXLUTThread::SigThreadEnd, [this] { ++ends; });
     }
+    struct Info
+    {
+        int maximumIndex;
+        int maximumValue;
+        float xScale;
+        float yScale;
+    };
     QObject receiver;
     QVector<LUTTransferReport> reports;
-    QSignalSpy infos;
-    QSignalSpy loaded;
-    QSignalSpy set;
-    QSignalSpy ends;
-    QSignalSpy progress;
+    QVector<Info> infos;
+    QVector<QPair<int, int>> progress;
+    int loaded = 0;
+    int set = 0;
+    int ends = 0;
 };
 
 bool start(ORXLUTThread& thread, int type, const LUTPoints& points = {})
@@ -109,13 +121,13 @@ private:
 void TestOrxLutThread::readsAWholeTable()
 {
     QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends.size(), 1);
-    QCOMPARE(m_said->loaded.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
+    QCOMPARE(m_said->loaded, 1);
     QCOMPARE(m_said->infos.size(), 1);
-    QCOMPARE(m_said->infos.first().at(0).toInt(), kPoints - 1);
-    QCOMPARE(m_said->infos.first().at(1).toInt(), 4095);
-    QCOMPARE(m_said->infos.first().at(2).toFloat(), 239.0F / 4095.0F);
-    QCOMPARE(m_said->infos.first().at(3).toFloat(), 239.0F / 4095.0F);
+    QCOMPARE(m_said->infos.first().maximumIndex, kPoints - 1);
+    QCOMPARE(m_said->infos.first().maximumValue, 4095);
+    QCOMPARE(m_said->infos.first().xScale, 239.0F / 4095.0F);
+    QCOMPARE(m_said->infos.first().yScale, 239.0F / 4095.0F);
     QCOMPARE(valuesOf(m_thread->points()), m_camera->table());
     QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
     // Two reads of the limits, then an index and a value for each point.
@@ -123,16 +135,15 @@ void TestOrxLutThread::readsAWholeTable()
     QCOMPARE(m_camera->written().size(), 0);
     // Progress comes often enough to watch, and does not flood the GUI thread.
     QVERIFY(m_said->progress.size() >= 50 && m_said->progress.size() <= 200);
-    QCOMPARE(m_said->progress.last().at(0).toInt(), kPoints);
-    QCOMPARE(m_said->progress.last().at(1).toInt(), kPoints);
+    QCOMPARE(m_said->progress.last(), qMakePair(kPoints, kPoints));
 }
 
 void TestOrxLutThread::writesAWholeTable()
 {
     const LUTPoints points = squares(kPoints);
     QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-    QTRY_COMPARE(m_said->ends.size(), 1);
-    QCOMPARE(m_said->set.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
+    QCOMPARE(m_said->set, 1);
     QCOMPARE(m_said->infos.size(), 0);
     QCOMPARE(m_camera->table(), valuesOf(points));
     QCOMPARE(m_said->reports.first().done, kPoints);
@@ -142,9 +153,9 @@ void TestOrxLutThread::writesAWholeTable()
 void TestOrxLutThread::reloadTellsNoFinish()
 {
     QVERIFY(start(*m_thread, ORXLUTThread::ReloadFromCamera));
-    QTRY_COMPARE(m_said->ends.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
     QCOMPARE(m_said->infos.size(), 1);
-    QCOMPARE(m_said->loaded.size() + m_said->set.size(), 0);
+    QCOMPARE(m_said->loaded + m_said->set, 0);
 }
 
 void TestOrxLutThread::sillyLimits_data()
@@ -180,12 +191,12 @@ void TestOrxLutThread::sillyLimits()
     MessageGuard::expectMessage(QStringLiteral("LUT"));
     m_camera->announce(maximumIndex, maximumValue);
     QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
     QVERIFY(MessageGuard::contains(line));
-    QCOMPARE(m_said->loaded.size(), 1);
+    QCOMPARE(m_said->loaded, 1);
     QCOMPARE(m_said->infos.size(), highestValue > 0 ? 1 : 0);
     if (highestValue > 0)
-        QCOMPARE(m_said->infos.first().at(1).toInt(), highestValue);
+        QCOMPARE(m_said->infos.first().maximumValue, highestValue);
     else
         QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
     QVERIFY(m_camera->calls() <= 2 + 2 * (kPoints + 1));
@@ -211,10 +222,10 @@ void TestOrxLutThread::refusedPointsAreSkipped()
     else
         m_camera->refuseValueAt(100);
     QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-    QTRY_COMPARE(m_said->ends.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
     QCOMPARE(m_camera->table(), wanted);
     QVERIFY(!m_camera->written().contains(100));
-    QCOMPARE(m_said->set.size(), 1);
+    QCOMPARE(m_said->set, 1);
     QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
     QCOMPARE(m_said->reports.first().done, kPoints - 1);
 }
@@ -248,7 +259,7 @@ void TestOrxLutThread::unplugged()
     }
     m_camera->unplugAtCall(call);
     QVERIFY(start(*m_thread, type, points));
-    QTRY_COMPARE(m_said->ends.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
     QCOMPARE(m_said->infos.size(), 0);
     QVERIFY(m_thread->points().isEmpty());
     QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
@@ -269,7 +280,7 @@ void TestOrxLutThread::stopLeavesThePointsThatWereWritten()
     QTRY_VERIFY(m_camera->isHolding());
     m_thread->requestStop();
     m_camera->release();
-    QTRY_COMPARE(m_said->ends.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
     QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Stopped);
     QCOMPARE(m_said->reports.first().done, 1000);
     QCOMPARE(m_said->reports.first().total, kPoints);
@@ -284,9 +295,9 @@ void TestOrxLutThread::sameTypeIsRefusedWhileItRuns()
     QTRY_VERIFY(m_camera->isHolding());
     QVERIFY(!start(*m_thread, ORXLUTThread::LoadFromCamera));
     m_camera->release();
-    QTRY_COMPARE(m_said->ends.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
     QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends.size(), 2);
+    QTRY_COMPARE(m_said->ends, 2);
     QCOMPARE(m_said->infos.size(), 2);
 }
 
@@ -302,7 +313,7 @@ void TestOrxLutThread::otherTypeWaitsWithoutHoldingUpTheCaller()
     QVERIFY(!start(*m_thread, ORXLUTThread::SetToCamera, points));
     QCOMPARE(m_camera->written().size(), 0);
     m_camera->release();
-    QTRY_COMPARE(m_said->ends.size(), 2);
+    QTRY_COMPARE(m_said->ends, 2);
     // The load was whole before the first point was written.
     QCOMPARE(valuesOf(m_thread->points()), before);
     QCOMPARE(m_camera->table(), valuesOf(points));
@@ -314,7 +325,7 @@ void TestOrxLutThread::otherTypeWaitsWithoutHoldingUpTheCaller()
 void TestOrxLutThread::anotherCameraDropsTheTable()
 {
     QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends.size(), 1);
+    QTRY_COMPARE(m_said->ends, 1);
     m_thread->resetCameraID(1);
     QCOMPARE(m_thread->points().size(), kPoints);
     m_thread->resetCameraID(2);
@@ -325,7 +336,7 @@ void TestOrxLutThread::anotherCameraDropsTheTable()
     QTRY_VERIFY(m_camera->isHolding());
     m_thread->resetCameraID(3);
     m_camera->release();
-    QTRY_COMPARE(m_said->ends.size(), 2);
+    QTRY_COMPARE(m_said->ends, 2);
     QVERIFY(m_thread->points().isEmpty());
     QCOMPARE(m_said->infos.size(), 1);
     QCOMPARE(m_said->reports.last().outcome, LUTTransferReport::Stopped);
@@ -335,10 +346,10 @@ void TestOrxLutThread::droppedJobStillEnds()
 {
     // Whatever the worker has come to when the stop arrives, the last signal tells the end.
     for (int round = 0; round < 50; ++round) {
-        const int ends = m_said->ends.size();
+        const int ends = m_said->ends;
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         m_thread->requestStop();
-        QTRY_VERIFY(m_said->ends.size() > ends && !m_thread->isBusy());
+        QTRY_VERIFY(m_said->ends > ends && !m_thread->isBusy());
     }
     QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
     QTRY_COMPARE(m_thread->points().size(), kPoints);

@@ -2,11 +2,14 @@
 // The curve editor as the user meets it: drawn with the mouse, moved with keys, exchanged with a
 // camera and with files, closed in the middle of it all.
 #include "basetools/ORXInterface.h"
+#include "model/CTreeItemValue.h"
 #include "pages/LutCamera.h"
 #include "pages/QLUTDrawWidget.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
+#include "support/DescriptionBuilder.h"
+#include "support/OpenedWindow.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -63,6 +66,7 @@ private slots:
     void drawnLineReachesTheCamera_data();
     void drawnLineReachesTheCamera();
     void loadShowsTheCamerasTable();
+    void treeShowsWhereTheTransferEnded();
     void numberOfPointsFollowsTheCamera();
     void exportThenImportRestores_data();
     void exportThenImportRestores();
@@ -73,6 +77,7 @@ private slots:
     void unpluggedWhileLoading();
     void unpluggedWhileSetting();
     void closingTheWindowEndsTheTransfer();
+    void closingAtTheLastPointReadsNothingBack();
     void anotherCameraEndsTheTransfer();
     void destroyedWhileTheCameraHangs_data();
     void destroyedWhileTheCameraHangs();
@@ -215,6 +220,25 @@ void TestQLutDrawWidget::loadShowsTheCamerasTable()
         m_widget->SetDrawLineChanged(type);
         QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
     }
+}
+
+void TestQLutDrawWidget::treeShowsWhereTheTransferEnded()
+{
+    using namespace DescriptionBuilder;
+    const QString index = QStringLiteral("LUTIndex");
+    const QString value = QStringLiteral("LUTValue");
+    const QString integer = QStringLiteral("Integer");
+    FakeHost host;
+    host.set(index, FakeHost::integerFeature(0, 0, 3));
+    host.set(value, FakeHost::integerFeature(5, 0, 255));
+    OpenedWindow window(host, wrap(category(QStringLiteral("Root"), {index, value}) +
+                                   node(integer, index) + node(integer, value)));
+    QVERIFY(window.waitForFirstRead());
+    const auto shown = [&] { return window.tree()->propertyItemByName(index)->value()->value(); };
+    QCOMPARE(shown().toInt(), 0);
+    m_widget->LoadFromCamera();
+    QVERIFY(waitForEnd());
+    QTRY_COMPARE(shown().toInt(), 3);
 }
 
 void TestQLutDrawWidget::numberOfPointsFollowsTheCamera()
@@ -373,6 +397,19 @@ void TestQLutDrawWidget::closingTheWindowEndsTheTransfer()
     QCOMPARE(message(), QStringLiteral("Applying to camera was stopped after 300 of 1024 points. "
                                        "The table in the camera is incomplete."));
     QCOMPARE(hint(), 2);
+}
+
+void TestQLutDrawWidget::closingAtTheLastPointReadsNothingBack()
+{
+    const int lastCall = m_camera->calls() + 2 * kPoints;
+    m_camera->holdAtCall(lastCall);
+    m_widget->SetToCamera();
+    QTRY_VERIFY(m_camera->isHolding());
+    m_window->close();
+    m_camera->release();
+    QVERIFY(waitForEnd());
+    QCOMPARE(m_camera->calls(), lastCall);
+    QCOMPARE(message(), QStringLiteral("Applied to camera successfully."));
 }
 
 void TestQLutDrawWidget::anotherCameraEndsTheTransfer()

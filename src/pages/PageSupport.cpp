@@ -16,13 +16,17 @@ void fillWithView(IORXFeatureWidget* page)
     layout->addWidget(page->treeView());
 }
 
+ORXFeatureTree* treeOf(qint64 cameraId)
+{
+    IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
+    return finder && finder->hasFeatureTree(cameraId) ? finder->featureTree(cameraId, false)
+                                                      : nullptr;
+}
+
 bool writeThroughTree(qint64 cameraId, const QString& tagName, const QString& nodeName,
                       const QVariant& value)
 {
-    IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
-    ORXFeatureTree* tree = finder && finder->hasFeatureTree(cameraId)
-                               ? finder->featureTree(cameraId, false)
-                               : nullptr;
+    ORXFeatureTree* tree = treeOf(cameraId);
     return tree ? tree->setFeatureValue(tagName, nodeName, value) : true;
 }
 

@@ -10,8 +10,6 @@
 #include "main/ORXFeatureGroup.h"
 #include "main/ORXFeatureToolBar.h"
 #include "main/PageTabBar.h"
-#include "pages/ORXCCMUpdateThread.h"
-#include "pages/ORXCCMWidget.h"
 #include "pages/ORXCommonFeature.h"
 #include "pages/ORXFeatureSaveWidget.h"
 #include "pages/ORXImgProcessingFeature.h"
@@ -107,7 +105,6 @@ ORXMainFeatureWidget::~ORXMainFeatureWidget()
 
 void ORXMainFeatureWidget::initUI()
 {
-    ORXCCMWidget::registerEditor();
     m_pToolBar = new ORXFeatureToolBar(this);
     m_pDockTitleBar = new ZELCustomDockTitleBar(this);
     m_pDockTitleBar->setFixedHeight(kTitleBarHeight);
@@ -421,7 +418,7 @@ void ORXMainFeatureWidget::PauseUpdateThread()
 {
     if (ORXFeatureTree* tree = currentTree())
         tree->PauseUpdateThread();
-    ORXCCMUpdateThread::stopAll();
+    m_pImagePage->stopHostCalls();
 }
 
 void ORXMainFeatureWidget::onRefreshFeature()

@@ -3,7 +3,7 @@
 
 #include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
-#include "tree/IFeatureTreeFinder.h"
+#include "pages/PageSupport.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
@@ -58,14 +58,6 @@ struct StartValue
 QString latin(const char* text)
 {
     return QString::fromLatin1(text);
-}
-
-ORXFeatureTree* treeOf(qint64 cameraId)
-{
-    IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
-    return finder && cameraId != -1 && finder->hasFeatureTree(cameraId)
-               ? finder->featureTree(cameraId, false)
-               : nullptr;
 }
 
 } // namespace
@@ -155,7 +147,7 @@ void CuratedPage::removeCameraID(qint64 cameraId)
 
 ORXFeatureTree* CuratedPage::tree() const
 {
-    return treeOf(cameraID());
+    return PageSupport::treeOf(cameraID());
 }
 
 ORXPropertyTreeItem* CuratedPage::pageItem(const char* name, ORXPropertyTreeItem* start)

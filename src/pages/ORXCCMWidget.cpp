@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/ORXCCMWidget.h"
 
-#include "basetools/ORXInterface.h"
-#include "device/OBDeviceControl.h"
-#include "device/ReentrancyScope.h"
 #include "model/CTreeCustomCCMItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "pages/ORXCCMUpdateThread.h"
 #include "pages/ORXCCMValueWidget.h"
 #include "pages/ORXCCMWidgetPrivateData.h"
+#include "pages/PageSupport.h"
 #include "styledctl/ZELCustom.h"
-#include "styledctl/ZELCustomMessageBox.h"
-#include "tree/IFeatureTreeFinder.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 #include "tree/QPropertyLineEdit.h"
@@ -28,31 +24,7 @@ constexpr int kRowHeight = 40;
 constexpr double kCoefficientUnit = 0.0009765625; // 1/1024
 constexpr int kWrittenByUser = 2;                 // column of such a notification
 
-const QLatin1String kTransformation("ColorTransformationEnable");
 const QLatin1String kSelector("ColorTransformationValueSelector");
-const QLatin1String kValue("ColorTransformationValue");
-const QLatin1String kMatrix("CCMEnable");
-
-// What was told of a settings file last; empty once it was read without a fault.
-QString s_lastFileReport;
-
-ORXFeatureTree* treeOf(qint64 key)
-{
-    IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
-    return finder && finder->hasFeatureTree(key) ? finder->featureTree(key, false) : nullptr;
-}
-
-// As for every other feature that cannot be written.
-void reportWrite(qint64 cameraId, const QString& feature, const QString& value, int error)
-{
-    if (ORXFeatureTree* tree = treeOf(cameraId)) {
-        const QString text =
-            ORXFeatureTree::tr("Node '%1':failed to save value '%2'").arg(feature, value);
-        tree->ShowMessage(tree, ORXFeatureTree::tr("Failed to set the feature value."),
-                          text + QStringLiteral("\r\n") + ORXInterface::IntCode2DisplayCode(error),
-                          QString(), ZELCustomMessageBox::Hint_Error);
-    }
-}
 
 } // namespace
 
@@ -168,7 +140,7 @@ void ORXCCMWidget::endUpdate()
         else
             reportFile(ORXRWCCMValue::fileOf(result.settingsName), result.fault, true);
     } else if (result.complete) {
-        s_lastFileReport.clear();
+        forgetFileReport();
     }
     if (d->m_bReadAgain) {
         updateData();
@@ -231,64 +203,14 @@ bool ORXCCMWidget::isEdited() const
 // The rows of the selected feature in the whole tree show another coefficient by now.
 void ORXCCMWidget::rereadSelected()
 {
-    ORXFeatureTree* tree = d->m_bDeviceMode ? treeOf(d->m_lCameraID) : nullptr;
+    ORXFeatureTree* tree = d->m_bDeviceMode ? PageSupport::treeOf(d->m_lCameraID) : nullptr;
     if (tree && tree->propertyItemByName(kSelector))
         tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, kSelector,
                              QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
                              false);
 }
 
-// Editing a cell ----------------------------------------------------------------------------------
-
-void ORXCCMWidget::onEditedCCMValue()
-{
-    auto* edit = qobject_cast<QPropertyLineEdit*>(sender());
-    if (!edit)
-        return;
-    const int index = edit->property(ORXCCMValueWidget::kIndexProperty).toInt();
-    ORXCCMValueWidget* cell = d->m_cells[static_cast<std::size_t>(index)];
-    QVariant value;
-    if (!edit->SaveProperty(value)) {
-        edit->Rollback();
-        if (d->m_bReadAgain)
-            updateData();
-        return;
-    }
-    if (d->m_bDeviceMode) {
-        const QPointer<ORXCCMWidget> self(this);
-        const bool written = writeCell(index, value.toFloat());
-        if (!self)
-            return;
-        if (written)
-            d->m_values[static_cast<std::size_t>(index)] = static_cast<double>(value.toFloat());
-    }
-    cell->showValue(d->m_values[static_cast<std::size_t>(index)]);
-    rereadSelected();
-    if (d->m_bReadAgain)
-        updateData();
-}
-
-bool ORXCCMWidget::writeCell(int index, float value)
-{
-    // The host may release the library from inside its callback.
-    const ReentrancyScope scope;
-    const qint64 cameraId = d->m_lCameraID;
-    int error = 0;
-    QString feature = kSelector;
-    QString text = QString::number(index);
-    bool written =
-        OBDeviceControl::SetEnumNodeValue(feature, static_cast<unsigned int>(index), &error);
-    if (written) {
-        feature = kValue;
-        text = QString::number(static_cast<double>(value));
-        written = OBDeviceControl::SetFloatNodeValue(feature, value, &error);
-    }
-    if (!written)
-        reportWrite(cameraId, feature, text, error);
-    return written;
-}
-
-// Switching the matrix ----------------------------------------------------------------------------
+// The item that switches the matrix ---------------------------------------------------------------
 
 // Null when there is none, or it has gone with the camera.
 ORXPropertyTreeItem* ORXCCMWidget::enableItem() const
@@ -320,71 +242,4 @@ void ORXCCMWidget::onUpdateEditorData(qint64, ORXPropertyTreeItem* item, int col
         enableCCMValueChanged(on);
     else if (!d->m_bReading)
         setCellsEnabled(on);
-}
-
-void ORXCCMWidget::enableCCMValueChanged(bool on)
-{
-    // The thread would switch the transformation back afterwards: it has to end first.
-    if (d->m_bReading) {
-        d->m_wantedEnable = on;
-        d->m_pThread->requestStop();
-        return;
-    }
-    const QPointer<ORXCCMWidget> self(this);
-    setCellsEnabled(on);
-    const bool switched = d->m_bDeviceMode ? enableInCamera(on) : enableInFile(on);
-    if (!self)
-        return;
-    if (!switched) {
-        setCellsEnabled(!on);
-        setEnableItem(!on);
-    }
-    // The coefficients of a file are read only when it is on; what a refusal has left is read, too.
-    if (self && (!switched || !d->m_bDeviceMode))
-        updateData();
-}
-
-bool ORXCCMWidget::enableInFile(bool on)
-{
-    const QString& known = d->m_pThread->result().settingsName;
-    const QString name = known.isEmpty() ? ORXRWCCMValue::cameraName() : known;
-    if (d->m_settings.createSetting(name) && d->m_settings.writeEnable(on)) {
-        d->m_pThread->setEnabledFlag(on);
-        return true;
-    }
-    reportFile(d->m_settings.fileName(), d->m_settings.fault(), false);
-    return false;
-}
-
-// The matrix of the user and the standard transformation exclude each other.
-bool ORXCCMWidget::enableInCamera(bool on)
-{
-    const ReentrancyScope scope;
-    const qint64 cameraId = d->m_lCameraID;
-    int error = 0;
-    QString feature = kTransformation;
-    bool value = !on;
-    bool written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
-    if (written) {
-        feature = kMatrix;
-        value = on;
-        written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
-    }
-    if (!written)
-        reportWrite(cameraId, feature, QString::number(int(value)), error);
-    return written;
-}
-
-// When the file is read, which happens whenever the cell comes into sight, once for each fault.
-void ORXCCMWidget::reportFile(const QString& file, const QString& fault, bool once)
-{
-    const QString report = file + QStringLiteral(": ") + fault;
-    if (once && s_lastFileReport == report)
-        return;
-    s_lastFileReport = report;
-    qCritical("Color correction settings %s", qUtf8Printable(report));
-    if (ORXFeatureTree* tree = treeOf(d->m_lCameraID))
-        tree->ShowMessage(tree, tr("The color correction settings cannot be used."),
-                          tr("The file is left as it is:") + QStringLiteral("\r\n") + file,
-                          QString(), ZELCustomMessageBox::Hint_Warning);
 }

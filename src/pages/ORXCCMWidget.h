@@ -60,6 +60,7 @@ private:
     bool isEdited() const;
     void rereadSelected();
     void reportFile(const QString& file, const QString& fault, bool once);
+    static void forgetFileReport();
 
     std::unique_ptr<ORXCCMWidgetPrivateData> d;
 };

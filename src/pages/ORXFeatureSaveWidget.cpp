@@ -2,27 +2,20 @@
 #include "pages/ORXFeatureSaveWidget.h"
 
 #include "device/ORXListenTools.h"
-#include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
+#include "pages/PageSupport.h"
 #include "pages/UserSetTable.h"
 #include "styledctl/ZELCustomLabel.h"
-#include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "styledctl/ZELCustomPushButton.h"
-#include "tree/IFeatureTreeFinder.h"
 #include "tree/ORXFeatureTree.h"
 
-#include <QCoreApplication>
-#include <QDebug>
 #include <QKeyEvent>
 #include <QTimer>
 #include <QVariant>
 
 namespace {
-
-// Trees take 1, or the camera's key + 3; see getLoadingIndex().
-constexpr int kLoadingIndex = 2;
 
 struct NeededFeature
 {
@@ -36,17 +29,6 @@ const NeededFeature kNeeded[] = {
     {"UserSetSave", true},        {"UserSetDefault", true},  {"DeviceReset", true},
     {"UserSetLoadStatus", false},
 };
-
-int numberOf(const ORXPropertyTreeItem* item)
-{
-    return item && item->value() ? item->value()->value().toInt() : -1;
-}
-
-ORXFeatureTree* treeOf(qint64 key)
-{
-    IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
-    return finder && finder->hasFeatureTree(key) ? finder->featureTree(key, false) : nullptr;
-}
 
 } // namespace
 
@@ -68,8 +50,7 @@ ORXFeatureSaveWidget::ORXFeatureSaveWidget(qint64 key, QWidget* parent)
 
 ORXFeatureSaveWidget::~ORXFeatureSaveWidget()
 {
-    ZELCustomLoadingDialog::hideLoading(kLoadingIndex);
-    ZELCustomLoadingDialog::setHostWindow(nullptr, kLoadingIndex);
+    hideBusySign();
     for (ORXPropertyTreeItem* each : m_items) {
         if (each && ORXPropertyTreeItem::isAlive(each))
             each->removeView(this);
@@ -78,7 +59,7 @@ ORXFeatureSaveWidget::~ORXFeatureSaveWidget()
 
 bool ORXFeatureSaveWidget::InitFeaturesControls()
 {
-    m_pTree = treeOf(m_lCameraID);
+    m_pTree = PageSupport::treeOf(m_lCameraID);
     if (!m_pTree || !m_pCurrent || !m_pPowerUp)
         return false;
     for (std::size_t i = 0; i < m_items.size(); ++i) {
@@ -108,8 +89,7 @@ int ORXFeatureSaveWidget::getBtnMapSelector(int id)
     return button ? button->setValue : 0;
 }
 
-// The camera
-// -----------------------------------------------------------------------------------------
+// Items -------------------------------------------------------------------------------------------
 
 // Null when the camera's items have gone.
 ORXPropertyTreeItem* ORXFeatureSaveWidget::item(Feature feature) const
@@ -118,137 +98,12 @@ ORXPropertyTreeItem* ORXFeatureSaveWidget::item(Feature feature) const
     return m_pTree && found && ORXPropertyTreeItem::isAlive(found) ? found : nullptr;
 }
 
-// The item takes the value only if the camera did: what it shows decides whether the next press
-// selects a set again.
-bool ORXFeatureSaveWidget::write(Feature feature, int value)
+// -1 without one.
+int ORXFeatureSaveWidget::number(Feature feature) const
 {
-    ORXPropertyTreeItem* target = item(feature);
-    if (!target)
-        return false;
-    if (numberOf(target) == value)
-        return true;
-    if (!m_pTree->setFeatureValue(target, value, false))
-        return false;
-    target = item(feature);
-    if (!target)
-        return false;
-    target->value()->setValue(value);
-    target->notifyViewUpdate(m_lCameraID, -1, false);
-    return true;
+    const ORXPropertyTreeItem* found = item(feature);
+    return found && found->value() ? found->value()->value().toInt() : -1;
 }
-
-bool ORXFeatureSaveWidget::execute(Feature feature)
-{
-    ORXPropertyTreeItem* command = item(feature);
-    return command && m_pTree->setFeatureValue(command, QVariant(), false);
-}
-
-bool ORXFeatureSaveWidget::setPowerUp(int setValue)
-{
-    return write(PowerUp, setValue);
-}
-
-bool ORXFeatureSaveWidget::saveOrLoad(Feature command, int setValue)
-{
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    if (m_bClosed)
-        return false;
-    const bool selected = numberOf(item(Selector)) == setValue;
-    const bool done = write(Selector, setValue) && execute(command);
-    // The tree reads again what the last write changed, which is now the command.
-    if (!selected && item(Selector)) {
-        m_pTree->UpdateFeatures(
-            FEATURES_UPDATE_INVALIDATED, QString::fromLatin1(kNeeded[Selector].name),
-            QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false, false);
-    }
-    return done;
-}
-
-// Also after a refused load: the camera may be loading all the same. False when the camera has not
-// said that it has finished.
-bool ORXFeatureSaveWidget::waitForLoad()
-{
-    if (m_bClosed || !item(LoadStatus))
-        return !m_bClosed;
-    // What was told before the command is no news.
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
-    UserSetLoadWait wait(m_pTree, item(LoadStatus), m_limits);
-    if (m_bClosed || !wait.canWait())
-        return !m_bClosed;
-    m_pWait = &wait;
-    const UserSetLoadWait::Outcome outcome = wait.run();
-    m_pWait = nullptr;
-    if (outcome == UserSetLoadWait::Outcome::TimedOut)
-        qCritical("Loading a user set: the status still says that it is loading after %d s",
-                  m_limits.longestMs / 1000);
-    else if (outcome == UserSetLoadWait::Outcome::CameraLost)
-        qCritical("%s", "Loading a user set: the camera does not answer any more");
-    return outcome == UserSetLoadWait::Outcome::Ended;
-}
-
-void ORXFeatureSaveWidget::onBtnClicked()
-{
-    const QObject* pressed = sender();
-    const UserSetTable::Button* button =
-        pressed ? UserSetTable::button(pressed->property(kIdProperty).toInt()) : nullptr;
-    if (!button || m_bBusy || !m_pTree)
-        return;
-    // The host may release the library from inside the writes, the wait and the message.
-    const ReentrancyScope scope;
-    if (button->action == UserSetTable::Action::Reset) {
-        execute(Reset);
-        close();
-        return;
-    }
-    const bool loads = button->action == UserSetTable::Action::Load;
-    setBusy(true);
-    const bool written = button->action == UserSetTable::Action::PowerUp
-                             ? setPowerUp(button->setValue)
-                             : saveOrLoad(loads ? Load : Save, button->setValue);
-    const bool finished = !loads || waitForLoad();
-    setBusy(false);
-    if (m_bClosed || !written)
-        return;
-    if (finished)
-        showMessage(button->message, ZELCustomMessageBox::Hint_Information);
-    else
-        showMessage(QT_TR_NOOP("The camera did not confirm that the user set is loaded."),
-                    ZELCustomMessageBox::Hint_Warning);
-}
-
-// While something is under way only the way out works.
-void ORXFeatureSaveWidget::setBusy(bool busy)
-{
-    m_bBusy = busy;
-    if (busy) {
-        m_pFocusBeforeWork = focusWidget();
-        m_pBody->setEnabled(false);
-        ZELCustomLoadingDialog::setHostWindow(this, kLoadingIndex);
-        ZELCustomLoadingDialog::showLoading(tr("Setting ..."), kLoadingIndex);
-        return;
-    }
-    ZELCustomLoadingDialog::hideLoading(kLoadingIndex);
-    m_pBody->setEnabled(true);
-    if (m_pFocusBeforeWork && m_pFocusBeforeWork->isEnabled())
-        m_pFocusBeforeWork->setFocus(Qt::OtherFocusReason);
-}
-
-void ORXFeatureSaveWidget::showMessage(const char* text, int hintStyle)
-{
-    const QString message = tr(text);
-    if (message.isEmpty())
-        return;
-    m_pBox = new ZELCustomMessageBox(this);
-    m_pBox->cSetCaption(tr("Prompt"));
-    m_pBox->cSetContent(message);
-    m_pBox->cSetHintStyle(hintStyle);
-    m_pBox->cEndSetParameter();
-    m_pBox->exec();
-    delete m_pBox;
-}
-
-// Items
-// --------------------------------------------------------------------------------------------
 
 // Whether a search hides the item in the tree does not matter here.
 void ORXFeatureSaveWidget::itemVisibleChanged(qint64, ORXPropertyTreeItem* changed, bool)
@@ -295,13 +150,12 @@ void ORXFeatureSaveWidget::showSetNames()
 {
     if (!m_pCurrent)
         return;
-    const int current = numberOf(item(Current));
+    const int current = number(Current);
     m_pCurrent->setText(tr(UserSetTable::setName(current)));
-    m_pPowerUp->setText(tr(UserSetTable::setName(numberOf(item(PowerUp)))));
+    m_pPowerUp->setText(tr(UserSetTable::setName(number(PowerUp))));
 }
 
-// Closing
-// ------------------------------------------------------------------------------------------
+// Closing -----------------------------------------------------------------------------------------
 
 int ORXFeatureSaveWidget::notify(int code, void* payload)
 {

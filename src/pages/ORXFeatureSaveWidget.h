@@ -11,6 +11,7 @@
 
 #include <array>
 
+class QGridLayout;
 class ORXFeatureTree;
 class ORXPropertyTreeItem;
 class ZELCustomLabel;
@@ -77,6 +78,8 @@ private:
 
     void initUI();
     QWidget* makeLine();
+    void tieToFeatures(QWidget* resetLine);
+    void orderByRows(const QGridLayout& sets);
     ZELCustomLabel* makeLabel(const char* colorKey);
     ZELCustomPushButton* makeButton(int id);
     void releaseControls();
@@ -85,12 +88,14 @@ private:
     void closeWithWindow();
 
     ORXPropertyTreeItem* item(Feature feature) const;
+    int number(Feature feature) const;
     bool write(Feature feature, int value);
     bool execute(Feature feature);
     bool setPowerUp(int setValue);
     bool saveOrLoad(Feature command, int setValue);
     bool waitForLoad();
     void setBusy(bool busy);
+    static void hideBusySign();
     void showMessage(const char* text, int hintStyle);
 
     const qint64 m_lCameraID;

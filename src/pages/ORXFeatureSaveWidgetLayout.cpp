@@ -131,6 +131,16 @@ void ORXFeatureSaveWidget::initUI()
     layout->addLayout(reset);
     cContentLayout()->addWidget(m_pBody);
 
+    tieToFeatures(resetLine);
+    orderByRows(*sets);
+    cEnableDefaultShadow(true);
+    setFixedSize(kSize);
+    retranslate();
+}
+
+// Which controls are shown while a feature is visible.
+void ORXFeatureSaveWidget::tieToFeatures(QWidget* resetLine)
+{
     for (const UserSetTable::Button& each : UserSetTable::buttons()) {
         ZELCustomPushButton* button = m_buttons.at(each.id);
         static const std::array<Feature, 4> kFeatureOfAction = {Save, Load, PowerUp, Reset};
@@ -144,12 +154,15 @@ void ORXFeatureSaveWidget::initUI()
     m_controls[Current] += {m_pCurrentCaption, m_pCurrent};
     m_controls[PowerUp] += {m_pPowerUpCaption, m_pPowerUp};
     m_controls[Reset] += {m_pResetNote, resetLine};
+}
 
+void ORXFeatureSaveWidget::orderByRows(const QGridLayout& sets)
+{
     // The keyboard goes row by row, as the eye does.
     QWidget* before = nullptr;
     for (int set = 0; set < UserSetTable::kSets; ++set) {
         for (int column = 1; column <= kColumns; ++column) {
-            QLayoutItem* cell = sets->itemAtPosition(set, column);
+            QLayoutItem* cell = sets.itemAtPosition(set, column);
             if (!cell)
                 continue;
             if (before)
@@ -158,10 +171,6 @@ void ORXFeatureSaveWidget::initUI()
         }
     }
     setTabOrder(before, m_buttons.last());
-
-    cEnableDefaultShadow(true);
-    setFixedSize(kSize);
-    retranslate();
 }
 
 QWidget* ORXFeatureSaveWidget::makeLine()

@@ -5,6 +5,7 @@
 #include "device/ReentrancyScope.h"
 #include "model/CTreeCustomDrawItemValue.h"
 #include "pages/ImgProcessingTable.h"
+#include "pages/ORXCCMUpdateThread.h"
 #include "pages/ORXCCMWidget.h"
 #include "pages/QLUTDrawWidget.h"
 #include "pages/RegionDrawWidget.h"
@@ -34,11 +35,14 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
           new SelectorChecks({{"EventSelector", "EventNotification"}}, FeatureTag::Event, this))
     , m_pPanels(new QStackedWidget(this))
     , m_pRegion(new RegionDrawWidget(m_pPanels))
-    , m_pLut(new QLUTDrawWidget(m_pPanels))
+    , m_pLutPanel(new QWidget(m_pPanels))
+    , m_pLut(new QLUTDrawWidget(m_pLutPanel))
 {
     ORXCCMWidget::registerEditor();
     m_pPanels->addWidget(m_pRegion);
-    m_pPanels->addWidget(m_pLut);
+    m_pPanels->addWidget(m_pLutPanel);
+    auto* lutLayout = new QVBoxLayout(m_pLutPanel);
+    lutLayout->addWidget(m_pLut, 0, Qt::AlignCenter);
     m_pPanels->hide();
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->setChildrenCollapsible(false);
@@ -51,6 +55,8 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
     m_refreshTimer.setSingleShot(true);
     connect(&m_refreshTimer, &QTimer::timeout, this, &ORXImgProcessingFeature::refresh);
     connect(m_pRegion, &RegionDrawWidget::SigEdited, this, &ORXImgProcessingFeature::writeRegion);
+    connect(m_pLut, &QLUTDrawWidget::SigTransferring, this,
+            &ORXImgProcessingFeature::scheduleRefresh);
     connectLUTItems();
     ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal);
 }
@@ -85,7 +91,7 @@ void ORXImgProcessingFeature::removeCameraID(qint64 cameraId)
 {
     if (cameraId == cameraID()) {
         m_refreshTimer.stop();
-        m_pLut->StopTransfer(true);
+        stopHostCalls();
         m_pLut->resetCameraID(-1);
         for (SelectorChecks* each : checks())
             each->clear();
@@ -94,6 +100,14 @@ void ORXImgProcessingFeature::removeCameraID(qint64 cameraId)
         m_pPanels->hide();
     }
     CuratedPage::removeCameraID(cameraId);
+}
+
+void ORXImgProcessingFeature::stopHostCalls()
+{
+    m_pLut->StopTransfer(true);
+    for (SelectorChecks* each : checks())
+        each->stopHostCalls();
+    ORXCCMUpdateThread::stopAll();
 }
 
 // Following the camera ----------------------------------------------------------------------------
@@ -205,7 +219,7 @@ void ORXImgProcessingFeature::updatePanel()
         panel = m_pRegion;
         mode = RegionDrawWidget::DrawAutoFunctionArea;
     } else if (showsGroup(kLUTGroup) && pageItem(kLUTClear)) {
-        panel = m_pLut;
+        panel = m_pLutPanel;
     }
     if (panel)
         m_pPanels->setCurrentWidget(panel);

@@ -35,6 +35,8 @@ public:
 
     // The page has come into sight.
     void afterCurrentTabShow();
+    // No worker of the page calls the host any more on return; running calls are waited for.
+    void stopHostCalls();
     // Tells every listener that drawing in a mode (RegionDrawWidget::DrawMode) begins or ends.
     void notifyDrawModeChange(int mode, bool on);
 
@@ -62,10 +64,11 @@ private:
     void writeRegion(const RegionArea::Target& target);
     QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }
 
-    SelectorChecks* m_pChunks;  // Owned (child).
-    SelectorChecks* m_pEvents;  // Owned (child).
-    QStackedWidget* m_pPanels;  // Owned (child).
+    SelectorChecks* m_pChunks;   // Owned (child).
+    SelectorChecks* m_pEvents;   // Owned (child).
+    QStackedWidget* m_pPanels;   // Owned (child).
     RegionDrawWidget* m_pRegion; // Owned (child).
-    QLUTDrawWidget* m_pLut;     // Owned (child).
-    QTimer m_refreshTimer;      // many changes of items are one refresh
+    QWidget* m_pLutPanel;        // Owned (child).
+    QLUTDrawWidget* m_pLut;      // Owned (child).
+    QTimer m_refreshTimer;       // many changes of items are one refresh
 };

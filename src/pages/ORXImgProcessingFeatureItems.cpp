@@ -60,7 +60,10 @@ void ORXImgProcessingFeature::updateLUTItems()
     const ORXPropertyTreeItem* enable = cameraItem(kLUTEnable);
     if (!enable)
         return;
-    const bool readOnly = !enable->value()->value().toBool();
+    const bool on = enable->value()->value().toBool();
+    m_pLut->setEnabled(on);
+    // A running transfer is of the curve as it is.
+    const bool readOnly = !on || m_pLut->isTransferring();
     for (const char* name : kLUTItems) {
         ORXPropertyTreeItem* item = pageItem(name);
         if (!item || item->readOnly() == readOnly)

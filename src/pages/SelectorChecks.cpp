@@ -38,10 +38,15 @@ SelectorChecks::SelectorChecks(const QVector<Names>& choices, FeatureTag tag, QO
 
 SelectorChecks::~SelectorChecks() = default;
 
-void SelectorChecks::clear()
+void SelectorChecks::stopHostCalls()
 {
     m_timer.stop();
     m_thread.stop();
+}
+
+void SelectorChecks::clear()
+{
+    stopHostCalls();
     m_rows.clear();
     m_numbers.clear();
     m_names = nullptr;

@@ -35,7 +35,9 @@ public:
     // for; they are owned by the group. Which entries the camera has is known after it was read.
     void makeRows(ORXFeatureTree* tree, ORXPropertyTreeItem* group, ORXFeatureTreeView* view,
                   qint64 cameraId);
-    // Forgets camera and rows, which may go now; a running host call is waited for.
+    // Nothing is asked of the host any more; a running call is waited for.
+    void stopHostCalls();
+    // As above; forgets camera and rows, which may go now.
     void clear();
     // Entries, words of the interface language, visibility and access, as the camera's features
     // have them now.

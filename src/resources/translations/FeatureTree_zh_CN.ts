@@ -496,4 +496,110 @@ Value: %2</source>
         <translation>关闭</translation>
     </message>
 </context>
+<context>
+    <name>ORXImgProcessingFeature</name>
+    <message>
+        <source>Image Processing</source>
+        <translation>图像处理</translation>
+    </message>
+    <message>
+        <source>ROI</source>
+        <translation>感兴趣区域（ROI）</translation>
+    </message>
+    <message>
+        <source>Draw ROI</source>
+        <translation>绘制ROI</translation>
+    </message>
+    <message>
+        <source>AOI</source>
+        <translation>自动功能区域（AOI）</translation>
+    </message>
+    <message>
+        <source>Embedded Information</source>
+        <translation>嵌入信息</translation>
+    </message>
+    <message>
+        <source>Event Control</source>
+        <translation>事件控制</translation>
+    </message>
+    <message>
+        <source>LUT</source>
+        <translation>查找表（LUT）</translation>
+    </message>
+    <message>
+        <source>Line Type</source>
+        <translation>曲线类型</translation>
+    </message>
+    <message>
+        <source>Fold Line</source>
+        <translation>折线</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>曲线</translation>
+    </message>
+    <message>
+        <source>Free Line</source>
+        <translation>自由曲线</translation>
+    </message>
+    <message>
+        <source>Gamma</source>
+        <translation>伽马</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>对比度</translation>
+    </message>
+    <message>
+        <source>Luminance</source>
+        <translation>亮度</translation>
+    </message>
+    <message>
+        <source>Load from Camera</source>
+        <translation>从相机读取</translation>
+    </message>
+    <message>
+        <source>Apply to Camera</source>
+        <translation>应用到相机</translation>
+    </message>
+    <message>
+        <source>Import from File</source>
+        <translation>从文件导入</translation>
+    </message>
+    <message>
+        <source>Export to File</source>
+        <translation>导出到文件</translation>
+    </message>
+    <message>
+        <source>Reset Curve</source>
+        <translation>重置曲线</translation>
+    </message>
+    <message>
+        <source>Color Correction Matrix</source>
+        <translation>色彩校正矩阵</translation>
+    </message>
+    <message>
+        <source>Enable Color Correction Matrix</source>
+        <translation>启用色彩校正矩阵</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>伪彩调色板</translation>
+    </message>
+</context>
+<context>
+    <name>RegionDrawWidget</name>
+    <message>
+        <source>Picture of the sensor area</source>
+        <translation>传感器区域示意图</translation>
+    </message>
+    <message>
+        <source>%1 × %2 at (%3, %4) of %5 × %6</source>
+        <translation>%1 × %2，位于 (%3, %4)，总范围 %5 × %6</translation>
+    </message>
+    <message>
+        <source>%1, locked</source>
+        <translation>%1，已锁定</translation>
+    </message>
+</context>
 </TS>

@@ -15,3 +15,7 @@ picture window-en en "select=Acquisition Control; wait=400; select=Exposure Time
 picture window-zh zh "select=采集控制; wait=400; select=曝光时间"
 picture search-en en "search=exposure"
 picture search-zh zh "search=曝光"
+picture page-common-en en "tab=1; select=ISP; wait=400; set=Gamma Enable:1"
+picture page-common-zh zh "tab=1; select=图像信号处理; wait=400; set=伽马使能:1"
+picture page-trigger-en en "tab=2; set=Trigger Mode:On; wait=400; set=Enable Auto Trigger:1"
+picture page-trigger-zh zh "tab=2; set=触发模式:开启; wait=400; set=自动触发使能:1"

@@ -3,6 +3,7 @@
 #include "host/FakeGigECamera.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
+#include "support/Periods.h"
 #include "support/TestMain.h"
 
 #include <memory>
@@ -89,7 +90,7 @@ void TestGigETrigger::autoTriggerExecutesTheCommand()
     QVERIFY(!m_window->isEnabled(kPage, "TriggerSoftware"));
     QCOMPARE(OB_FT_Close(), 0);
     const int last = m_camera->writesOf("TriggerSoftware");
-    QTest::qWait(20); // twenty periods
+    QVERIFY(twentyPeriodsPass());
     QCOMPARE(m_camera->writesOf("TriggerSoftware"), last);
 }
 

@@ -4,6 +4,7 @@
 #include "tree/IORXFeatureWidget.h"
 
 #include <QStringList>
+#include <QVariant>
 
 #include <functional>
 

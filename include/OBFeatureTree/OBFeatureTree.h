@@ -9,7 +9,8 @@
  * plain C and compiles as C and as C++.
  *
  * Threads: call all ten functions from the thread that runs the host's QApplication. The callbacks
- * are called from that thread and from the library's reading threads, also at the same time.
+ * are called from that thread and from threads of the library (reading, automatic software trigger),
+ * also at the same time.
  *
  * Order of calls: OB_FT_Init, OB_FT_SetDeviceInfo, OB_FT_SetCallBackFunc, OB_FT_SetWidgetSize,
  * OB_FT_SetWidgetPosition, OB_FT_Start, OB_FT_UpdateFeatures (any number of times), OB_FT_Close,
@@ -164,7 +165,7 @@ OB_FT_API int OB_FT_UpdateFeatures(void);
 
 /**
  * Saves the favourites and destroys the window. Waits for a callback that is still running on a
- * reading thread; no callback is called afterwards.
+ * thread of the library; no callback is called afterwards.
  */
 OB_FT_API int OB_FT_Release(void);
 

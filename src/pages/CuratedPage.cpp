@@ -214,9 +214,8 @@ QString CuratedPage::translated(const char* text) const
     return QCoreApplication::translate(m_table.context, text);
 }
 
-void CuratedPage::createTransMap()
+void CuratedPage::fillTransMap(const QMap<QString, QString>& texts)
 {
-    const QMap<QString, QString> texts = m_table.texts();
     for (auto text = texts.begin(); text != texts.end(); ++text)
         m_transMap.insert(text.key(), translated(text.value().toLatin1().constData()));
 }

@@ -24,7 +24,6 @@ public:
     void removeCameraID(qint64 cameraId) override;
     // Null when the camera has no whole tree or the table no groups.
     ORXPropertyTreeItem* creatRootItem() override;
-    void createTransMap() override;
     void translate() override;
 
 protected:
@@ -52,6 +51,8 @@ protected:
     void observe(ORXPropertyTreeItem* item);
     void unobserve(ORXPropertyTreeItem* item);
 
+    // For createTransMap(): the texts (node name to English), translated.
+    void fillTransMap(const QMap<QString, QString>& texts);
     // `text` in the page's context.
     QString translated(const char* text) const;
 

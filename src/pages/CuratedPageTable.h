@@ -6,7 +6,7 @@
 #include "model/FeatureTag.h"
 
 #include <QMap>
-#include <QStringList>
+#include <QString>
 #include <QVector>
 
 #include <variant>
@@ -75,8 +75,6 @@ struct CuratedPageTable
     const char* title;   // English
     QVector<CuratedGroup> groups;
 
-    // Names of a group's items in order; empty for an unknown group.
-    QStringList namesOf(const char* group) const;
     // Node name to English text, of groups and own items.
     QMap<QString, QString> texts() const;
 };

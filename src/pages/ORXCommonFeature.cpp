@@ -10,9 +10,6 @@
 
 namespace {
 
-constexpr char kBasicGroup[] = "Custom_BasicGroup";
-constexpr char kISPGroup[] = "Custom_ISPGroup";
-constexpr char kTransportLayerGroup[] = "Custom_TransportLayerGroup";
 constexpr char kOwnSelector[] = "Custom_BalanceRatioSelector";
 constexpr char kOwnRatio[] = "Custom_BalanceRatio";
 constexpr char kOwnCommand[] = "Custom_BalanceCommand";
@@ -23,66 +20,79 @@ constexpr char kAutomatic[] = "BalanceWhiteAuto";
 constexpr std::array<const char*, 4> kEnables = {"HueEnable", "SaturationEnable", "GammaEnable",
                                                  "ColorTransformationEnable"};
 
+const QVector<CuratedItem>& getBasicFeatureList()
+{
+    static const QVector<CuratedItem> kItems = {
+        "AcquisitionFrameRateEnable",
+        "AcquisitionFrameRate",
+        "ResultingFrameRate",
+        "ExposureAuto",
+        "ExposureTime",
+        "GainAuto",
+        "Gain",
+        "Width",
+        "Height",
+        "PixelFormat",
+        "TestPattern",
+        "DigitalShift",
+        "AcquisitionLineRate",
+        "AcquisitionLineRateEnable",
+        "ResultingLineRate",
+    };
+    return kItems;
+}
+
+const QVector<CuratedItem>& getISPFeatureList()
+{
+    static const QVector<CuratedItem> kItems = {
+        "GammaEnable",
+        "GammaSelector",
+        "Gamma",
+        "SharpnessEnable",
+        "Sharpness",
+        "Brightness",
+        "HueEnable",
+        "Hue",
+        "SaturationEnable",
+        "Saturation",
+        kAutomatic,
+        "BalanceColorTemperatureMode",
+        {kOwnSelector, QT_TRANSLATE_NOOP("ORXCommonFeature", "Balance Ratio Selector")},
+        {kOwnRatio, QT_TRANSLATE_NOOP("ORXCommonFeature", "Balance Ratio")},
+        {kOwnCommand, QT_TRANSLATE_NOOP("ORXCommonFeature", "White Balance"), FeatureTag::Command},
+        "ShadingSelector",
+        "ActivateShading",
+        "FPNCUserEnable",
+        "PRNUCUserEnable",
+    };
+    return kItems;
+}
+
+const QVector<CuratedItem>& getTLFeatureList()
+{
+    static const QVector<CuratedItem> kItems = {
+        "GevSCPSPacketSize",
+        "GevSCPD",
+        "GevPAUSEFrameReception",
+        "DeviceTapGeometry",
+        "ClConfiguration",
+        "DeviceConnectionConfig",
+        "DeviceConnectionConfigDefault",
+    };
+    return kItems;
+}
+
 const CuratedPageTable& commonTable()
 {
     static const CuratedPageTable kTable = {
         "ORXCommonFeature",
         QT_TRANSLATE_NOOP("ORXCommonFeature", "Common Features"),
         {
-            {kBasicGroup,
-             QT_TRANSLATE_NOOP("ORXCommonFeature", "Basic Features"),
-             {
-                 "AcquisitionFrameRateEnable",
-                 "AcquisitionFrameRate",
-                 "ResultingFrameRate",
-                 "ExposureAuto",
-                 "ExposureTime",
-                 "GainAuto",
-                 "Gain",
-                 "Width",
-                 "Height",
-                 "PixelFormat",
-                 "TestPattern",
-                 "DigitalShift",
-                 "AcquisitionLineRate",
-                 "AcquisitionLineRateEnable",
-                 "ResultingLineRate",
-             }},
-            {kISPGroup,
-             QT_TRANSLATE_NOOP("ORXCommonFeature", "ISP"),
-             {
-                 "GammaEnable",
-                 "GammaSelector",
-                 "Gamma",
-                 "SharpnessEnable",
-                 "Sharpness",
-                 "Brightness",
-                 "HueEnable",
-                 "Hue",
-                 "SaturationEnable",
-                 "Saturation",
-                 kAutomatic,
-                 "BalanceColorTemperatureMode",
-                 {kOwnSelector, QT_TRANSLATE_NOOP("ORXCommonFeature", "Balance Ratio Selector")},
-                 {kOwnRatio, QT_TRANSLATE_NOOP("ORXCommonFeature", "Balance Ratio")},
-                 {kOwnCommand, QT_TRANSLATE_NOOP("ORXCommonFeature", "White Balance"),
-                  FeatureTag::Command},
-                 "ShadingSelector",
-                 "ActivateShading",
-                 "FPNCUserEnable",
-                 "PRNUCUserEnable",
-             }},
-            {kTransportLayerGroup,
-             QT_TRANSLATE_NOOP("ORXCommonFeature", "Transport Layer Control"),
-             {
-                 "GevSCPSPacketSize",
-                 "GevSCPD",
-                 "GevPAUSEFrameReception",
-                 "DeviceTapGeometry",
-                 "ClConfiguration",
-                 "DeviceConnectionConfig",
-                 "DeviceConnectionConfigDefault",
-             }},
+            {"Custom_BasicGroup", QT_TRANSLATE_NOOP("ORXCommonFeature", "Basic Features"),
+             getBasicFeatureList()},
+            {"Custom_ISPGroup", QT_TRANSLATE_NOOP("ORXCommonFeature", "ISP"), getISPFeatureList()},
+            {"Custom_TransportLayerGroup",
+             QT_TRANSLATE_NOOP("ORXCommonFeature", "Transport Layer Control"), getTLFeatureList()},
         }};
     return kTable;
 }
@@ -126,24 +136,6 @@ bool concernsWhiteBalance(const QString& name, bool valueChanged)
 
 } // namespace
 
-const QStringList& getBasicFeatureList()
-{
-    static const QStringList kNames = commonTable().namesOf(kBasicGroup);
-    return kNames;
-}
-
-const QStringList& getISPFeatureList()
-{
-    static const QStringList kNames = commonTable().namesOf(kISPGroup);
-    return kNames;
-}
-
-const QStringList& getTLFeatureList()
-{
-    static const QStringList kNames = commonTable().namesOf(kTransportLayerGroup);
-    return kNames;
-}
-
 const QMap<QString, QString>& getCommonTransMap()
 {
     static const QMap<QString, QString> kTexts = commonTable().texts();
@@ -182,6 +174,11 @@ ORXCommonFeature::ORXCommonFeature(QWidget* parent)
 
 void ORXCommonFeature::onAWB(qint64) {}
 
+void ORXCommonFeature::createTransMap()
+{
+    fillTransMap(getCommonTransMap());
+}
+
 ORXCommonFeature::WhiteBalance ORXCommonFeature::whiteBalance(ORXPropertyTreeItem* root)
 {
     return {cameraItem(kRatio),        cameraItem(kSelector),        cameraItem(kAutomatic),
@@ -190,6 +187,8 @@ ORXCommonFeature::WhiteBalance ORXCommonFeature::whiteBalance(ORXPropertyTreeIte
 
 void ORXCommonFeature::afterItemsCreated(ORXPropertyTreeItem* root)
 {
+    connect(tree(), &ORXFeatureTree::SigFirstEndUpdateFeature, this,
+            &ORXCommonFeature::scheduleWhiteBalanceVisible, Qt::UniqueConnection);
     updateWhiteBalance(QString(), BuildWhiteBalance, root);
 }
 
@@ -218,7 +217,7 @@ void ORXCommonFeature::updateWhiteBalance(const QString& name, UpdateWhiteBalanc
         if (format || name == QLatin1String(kRatio))
             takeValue(parts.ownRatio, parts.ratio, cameraID());
     }
-    m_visibleTimer.start(0);
+    scheduleWhiteBalanceVisible();
 }
 
 void ORXCommonFeature::itemValueChanged(ORXPropertyTreeItem* item)
@@ -232,6 +231,12 @@ void ORXCommonFeature::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 {
     CuratedPage::itemVisibleStateChanged(item);
     if (item->isFeatureTreeItem() && concernsWhiteBalance(item->value()->nodeName(0), false))
+        scheduleWhiteBalanceVisible();
+}
+
+void ORXCommonFeature::scheduleWhiteBalanceVisible()
+{
+    if (tree() && tree()->HadUpdatedOnce())
         m_visibleTimer.start(0);
 }
 

@@ -21,8 +21,11 @@ public:
 
     void itemValueChanged(ORXPropertyTreeItem* item) override;
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    void createTransMap() override;
     // Copies the camera's white balance into the page: all of it when it is built, else what the
-    // feature `name` changed. Which items show is decided soon after, in one go for all changes.
+    // feature `name` changed. Which items show is decided soon after, in one go for all changes,
+    // since it takes reads of the camera on this thread; at the end of it while the first full read
+    // is under way.
     // `root` null means the shown camera's.
     void updateWhiteBalance(const QString& name, UpdateWhiteBalanceType type,
                             ORXPropertyTreeItem* root);
@@ -43,15 +46,12 @@ protected:
 private:
     struct WhiteBalance;
     WhiteBalance whiteBalance(ORXPropertyTreeItem* root);
+    void scheduleWhiteBalanceVisible();
     void updateWhiteBalanceVisible();
     bool balanceOnce();
 
     QTimer m_visibleTimer; // one decision for the changes of one round of the event loop
 };
 
-// Feature names of the three groups, in their order.
-const QStringList& getBasicFeatureList();
-const QStringList& getISPFeatureList();
-const QStringList& getTLFeatureList();
 // Node name to English text of the page's groups and own items.
 const QMap<QString, QString>& getCommonTransMap();

@@ -88,6 +88,11 @@ ORXTriggerFeature::ORXTriggerFeature(QWidget* parent)
     onOwnWrite(kEnableAutoTrig, [this](const QVariant& value) { return enableAutoTrigger(value); });
 }
 
+void ORXTriggerFeature::createTransMap()
+{
+    fillTransMap(getTriggerTransMap());
+}
+
 void ORXTriggerFeature::afterItemsCreated(ORXPropertyTreeItem*)
 {
     connect(tree(), &ORXFeatureTree::SigAutoSoftwareTrigChanged, this,
@@ -108,7 +113,13 @@ bool ORXTriggerFeature::enableAutoTrigger(const QVariant& value)
     const ORXPropertyTreeItem* time = pageItem(kAutoTrigTime);
     if (!trigger || !time)
         return false;
-    tree()->SetAutoSoftwareTrig(value.toInt() > 0, time->value()->value().toUInt());
+    const bool enable = value.toInt() > 0;
+    tree()->SetAutoSoftwareTrig(enable, time->value()->value().toUInt());
+    // What the triggers changed, and whether the camera locks the command by itself.
+    if (!enable)
+        tree()->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, trigger->value()->nodeName(0),
+                               QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
+                               false);
     return true;
 }
 

@@ -16,6 +16,7 @@ public:
     explicit ORXTriggerFeature(QWidget* parent);
 
     void resetCamaraID(qint64 cameraId) override;
+    void createTransMap() override;
 
 protected:
     void afterItemsCreated(ORXPropertyTreeItem* root) override;

@@ -171,8 +171,8 @@ void ORXFeatureTree::readyForDelete()
 {
     m_bDeleting = true;
     ShowLoadingDlg(false, QString());
-    stopAutoSoftwareTrig(true);
     StopThread(true);
+    stopAutoSoftwareTrig(true);
 }
 
 void ORXFeatureTree::Release()

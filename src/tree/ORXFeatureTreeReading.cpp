@@ -83,8 +83,8 @@ void ORXFeatureTree::RefreshFeatures()
 
 void ORXFeatureTree::PauseUpdateThread()
 {
-    stopAutoSoftwareTrig(true);
     StopThread(true);
+    stopAutoSoftwareTrig(true);
     m_pollingTimer.stop();
 }
 

@@ -69,6 +69,12 @@ private slots:
     void timerRunsOut();
     void filesNeedToBeOpen();
     void linesFollowTheirSources();
+    void encoderFollowsItsSettings_data();
+    void encoderFollowsItsSettings();
+    void signalsTriggerAndCount_data();
+    void signalsTriggerAndCount();
+    void reverseCounterHoldsTriggersBack();
+    void strobeLastsItsTime();
 
 protected:
     void prepare() override;
@@ -605,6 +611,110 @@ void TestDemoCamera::linesFollowTheirSources()
     QVERIFY(boolean("LineStatus"));
     QCOMPARE(integer("LineStatusAll"), std::int64_t(2));
     QCOMPARE(set("LineInverter", "1"), 0);
+    QVERIFY(!boolean("LineStatus"));
+}
+
+// The axis turns forward for 8 seconds at 100 steps a second, then back for 2.
+void TestDemoCamera::encoderFollowsItsSettings_data()
+{
+    QTest::addColumn<QByteArray>("feature");
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<qint64>("after8s");
+    QTest::addColumn<qint64>("after10s");
+    const auto row = [](const char* name, const char* feature, const char* value, qint64 forward,
+                        qint64 back) {
+        QTest::newRow(name) << QByteArray(feature) << QByteArray(value) << forward << back;
+    };
+    row("forward and back", "EncoderCounterMode", "0", 800, 600);
+    row("both ways count", "EncoderCounterMode", "1", 800, 1000);
+    row("starts over at the maximum", "EncoderCounterMax", "499", 300, 100);
+    row("one line carries no direction", "EncoderSourceB", "0", 0, 0);
+    row("lines without axis", "EncoderSourceA", "2", 0, 0);
+}
+
+void TestDemoCamera::encoderFollowsItsSettings()
+{
+    QFETCH(QByteArray, feature);
+    QFETCH(QByteArray, value);
+    QCOMPARE(set(feature.toStdString(), value.toStdString()), 0);
+    m_clock->advance(8s);
+    QTEST(qint64(integer("EncoderCounter")), "after8s");
+    m_clock->advance(2s);
+    QTEST(qint64(integer("EncoderCounter")), "after10s");
+    QCOMPARE(run("EncoderCounterReset"), 0);
+    QCOMPARE(integer("EncoderCounter"), std::int64_t(0));
+}
+
+// What each source makes of ten seconds of frame start triggers.
+void TestDemoCamera::signalsTriggerAndCount_data()
+{
+    QTest::addColumn<QStringList>("settings");
+    QTest::addColumn<qint64>("triggers");
+    const auto row = [](const char* name, const char* settings, qint64 triggers) {
+        QTest::newRow(name) << QString::fromLatin1(settings).split(QLatin1Char(' ')) << triggers;
+    };
+    row("line 0", "TriggerSource=1", 5);
+    row("encoder, new positions", "TriggerSource=6", 800);
+    row("encoder, any motion", "TriggerSource=6 EncoderOutputMode=5", 1000);
+    row("encoder, back", "TriggerSource=6 EncoderOutputMode=4", 200);
+    row("encoder off", "TriggerSource=6 EncoderOutputMode=0", 0);
+    row("encoder, tracks exchanged", "TriggerSource=6 EncoderSourceA=1 EncoderSourceB=0", 200);
+    row("encoder divided", "TriggerSource=6 EncoderDivider=7", 114);
+    row("encoder converted",
+        "TriggerSource=6 InputSource=3 PreDivider=3 Multiplier=2 PostDivider=4", 133);
+    row("converter fed by a line", "TriggerSource=6 InputSource=1 Multiplier=2", 800);
+    row("trigger off", "TriggerSource=6 TriggerMode=0", 0);
+}
+
+void TestDemoCamera::signalsTriggerAndCount()
+{
+    QFETCH(QStringList, settings);
+    QFETCH(qint64, triggers);
+    settings.prepend(QStringLiteral("TriggerMode=1"));
+    settings.prepend(QStringLiteral("CounterEventSource=1"));
+    settings.prepend(QStringLiteral("DeviceScanType=1")); // only line scan triggers by encoder
+    for (const QString& setting : qAsConst(settings)) {
+        const QStringList parts = setting.split(QLatin1Char('='));
+        QCOMPARE(set(parts[0].toStdString(), parts[1].toStdString()), 0);
+    }
+    m_clock->advance(10s);
+    QCOMPARE(qint64(integer("TriggerCount")), triggers);
+    QCOMPARE(qint64(integer("CounterValue")), triggers);
+}
+
+void TestDemoCamera::reverseCounterHoldsTriggersBack()
+{
+    QCOMPARE(set("DeviceScanType", "1"), 0);
+    QCOMPARE(set("TriggerMode", "1"), 0);
+    QCOMPARE(set("TriggerSource", "6"), 0);
+    QCOMPARE(set("EncoderMaxReverseCounter", "50"), 0);
+    m_clock->advance(10s);
+    QCOMPARE(integer("TriggerCount"), std::int64_t(800));
+    // Of the 200 steps back 50 are remembered and made up for.
+    m_clock->advance(1s);
+    QCOMPARE(integer("TriggerCount"), std::int64_t(850));
+    m_clock->advance(9s);
+    QCOMPARE(integer("TriggerCount"), std::int64_t(1550));
+    QCOMPARE(run("EncoderReverseCounterReset"), 0);
+    m_clock->advance(1s);
+    QCOMPARE(integer("TriggerCount"), std::int64_t(1650));
+}
+
+void TestDemoCamera::strobeLastsItsTime()
+{
+    QCOMPARE(set("LineSelector", "1"), 0);
+    QCOMPARE(set("StrobeLineDelay", "300000"), 0);
+    QCOMPARE(set("StrobeLineDuration", "500000"), 0);
+    QCOMPARE(run("LineTriggerSoftware"), 0);
+    m_clock->advance(400ms);
+    QVERIFY(!boolean("LineStatus")); // the strobe is not enabled
+    QCOMPARE(set("StrobeEnable", "1"), 0);
+    QCOMPARE(run("LineTriggerSoftware"), 0);
+    m_clock->advance(200ms);
+    QVERIFY(!boolean("LineStatus"));
+    m_clock->advance(200ms);
+    QVERIFY(boolean("LineStatus"));
+    m_clock->advance(500ms);
     QVERIFY(!boolean("LineStatus"));
 }
 

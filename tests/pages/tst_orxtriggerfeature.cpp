@@ -7,6 +7,7 @@
 #include "pages/MeddledCamera.h"
 #include "pages/ORXTriggerFeature.h"
 #include "pages/PageWindow.h"
+#include "support/Periods.h"
 #include "support/TestMain.h"
 
 #include <memory>
@@ -323,9 +324,7 @@ void TestORXTriggerFeature::endsWithTheCamera()
     ends[end]();
     // All but the last two wait for a command under way.
     const int last = triggers() + (end == 4 || end == 5 ? 1 : 0);
-    for (int i = 0; i < 20; ++i)
-        QApplication::processEvents(QEventLoop::AllEvents, 5);
-    QTest::qWait(20); // twenty periods
+    QVERIFY(twentyPeriodsPass());
     QVERIFY(triggers() <= last);
     if (!pageStays)
         return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/SteadyBeat.h"
 
+#include "support/Periods.h"
 #include "support/TestMain.h"
 
 #include <atomic>
@@ -64,7 +65,7 @@ void TestSteadyBeat::beatsUntilStopped()
     beat.stop();
     beat.waitForAction();
     const int last = count;
-    QTest::qWait(20);
+    QVERIFY(twentyPeriodsPass());
     QCOMPARE(count.load(), last);
     beat.start(milliseconds(1));
     QTRY_VERIFY(count > last);
@@ -110,7 +111,7 @@ void TestSteadyBeat::longPeriodDoesNotBeatAtOnce()
     beat.start(milliseconds(periodMs));
     beat.runOnce();
     QTRY_COMPARE(count.load(), 1);
-    QTest::qWait(20);
+    QVERIFY(twentyPeriodsPass());
     QCOMPARE(count.load(), 1);
 }
 

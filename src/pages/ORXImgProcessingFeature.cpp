@@ -118,7 +118,7 @@ void ORXImgProcessingFeature::itemValueChanged(ORXPropertyTreeItem* item)
         return;
     const QString name = item->value()->nodeName(0);
     for (SelectorChecks* each : checks()) {
-        if (each->concerns(name) && isVisible())
+        if (each->concerns(name))
             each->requestStates();
     }
     scheduleRefresh();
@@ -155,8 +155,13 @@ void ORXImgProcessingFeature::afterCurrentTabShow() { scheduleRefresh(); }
 void ORXImgProcessingFeature::showEvent(QShowEvent* event)
 {
     CuratedPage::showEvent(event);
-    for (SelectorChecks* each : checks())
-        each->requestStates();
+    scheduleRefresh();
+}
+
+void ORXImgProcessingFeature::hideEvent(QHideEvent* event)
+{
+    CuratedPage::hideEvent(event);
+    scheduleRefresh();
 }
 
 void ORXImgProcessingFeature::translate()
@@ -170,10 +175,6 @@ int ORXImgProcessingFeature::notify(int code, void* payload)
     if (code == ListenCode::kFirstReadEnded && payload
         && *static_cast<qint64*>(payload) == cameraID()) {
         scheduleRefresh();
-        if (isVisible()) {
-            for (SelectorChecks* each : checks())
-                each->requestStates();
-        }
     } else if (code == ListenCode::kDrawModeChanged && payload) {
         // Another page draws in the same camera: here it ends.
         const auto* change = static_cast<const DrawModeChange*>(payload);
@@ -224,7 +225,9 @@ void ORXImgProcessingFeature::updatePanel()
     if (panel)
         m_pPanels->setCurrentWidget(panel);
     m_pPanels->setVisible(panel != nullptr);
-    setDrawMode(mode);
+    setDrawMode(isVisible() ? mode : RegionDrawWidget::DrawNothing);
+    m_pChunks->setShown(isVisible() && showsGroup(kEmbeddedInfoGroup));
+    m_pEvents->setShown(isVisible() && showsGroup(kEventGroup));
 }
 
 void ORXImgProcessingFeature::setDrawMode(int mode)

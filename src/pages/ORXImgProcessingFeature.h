@@ -46,6 +46,7 @@ public:
 protected:
     void afterItemsCreated(ORXPropertyTreeItem* root) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void createLUTItems(ORXPropertyTreeItem* root);

@@ -165,8 +165,16 @@ SelectorStateThread::Pair SelectorChecks::pair() const
 
 void SelectorChecks::requestStates()
 {
-    if (m_names && !m_numbers.isEmpty())
+    if (m_bShown && m_names && !m_numbers.isEmpty())
         m_timer.start(0);
+}
+
+void SelectorChecks::setShown(bool shown)
+{
+    if (shown == m_bShown)
+        return;
+    m_bShown = shown;
+    requestStates();
 }
 
 void SelectorChecks::readStates()

@@ -42,7 +42,10 @@ public:
     // Entries, words of the interface language, visibility and access, as the camera's features
     // have them now.
     void refresh();
-    // Reads the states soon; many requests are one.
+    // Whether the user sees the rows. Only then the camera's selector is moved to read states; they
+    // are read when the rows come into sight.
+    void setShown(bool shown);
+    // Reads the states soon, unless nobody sees them; many requests are one.
     void requestStates();
 
     FeatureTag tag() const { return m_tag; }
@@ -70,6 +73,7 @@ private:
     qint64 m_lCameraID = -1;
     QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
     QVector<qint64> m_numbers;            // entries in the order of the boxes
+    bool m_bShown = false;
     QTimer m_timer;
     SelectorStateThread m_thread;
 };

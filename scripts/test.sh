@@ -27,5 +27,5 @@ quietly() {
     fi
 }
 quietly cmake --preset "$preset"
-quietly cmake --build --preset "$preset"
+quietly cmake --build --preset "$preset" --parallel "$(nproc)"
 ctest --preset "$preset" -j "$(nproc)" "$@"

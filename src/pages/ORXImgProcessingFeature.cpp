@@ -164,6 +164,8 @@ void ORXImgProcessingFeature::hideEvent(QHideEvent* event)
     scheduleRefresh();
 }
 
+void ORXImgProcessingFeature::createTransMap() { fillTransMap(table().texts()); }
+
 void ORXImgProcessingFeature::translate()
 {
     CuratedPage::translate();

@@ -30,6 +30,7 @@ public:
     void resetCamaraID(qint64 cameraId) override;
     void removeCameraID(qint64 cameraId) override;
     void updateValue() override;
+    void createTransMap() override;
     void translate() override;
     int notify(int code, void* payload) override;
 

@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kTreeShare = 3; // of the height, against 1 of the description
 constexpr int kDescriptionMinHeight = 90;
+constexpr int kDescriptionFontPx = 13;
 
 const QLatin1String kDeviceUserId("DeviceUserID");
 
@@ -60,6 +61,9 @@ void ORXFeatureTree::buildLayout()
 {
     m_pDescription->setObjectName(QStringLiteral("FeatureDescription"));
     m_pDescription->setReadOnly(true);
+    QFont font(ZELCustom::globalFontFamily());
+    font.setPixelSize(kDescriptionFontPx);
+    m_pDescription->setFont(font);
     m_pDescription->setFrameShape(QFrame::NoFrame);
     m_pDescription->setMinimumHeight(kDescriptionMinHeight);
     m_pDescription->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel)

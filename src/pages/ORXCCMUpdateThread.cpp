@@ -2,6 +2,7 @@
 #include "pages/ORXCCMUpdateThread.h"
 
 #include "device/OBDeviceControl.h"
+#include "reading/ThreadWait.h"
 #include "pages/ORXCCMWidget.h"
 
 #include <QDebug>
@@ -68,15 +69,11 @@ void ORXCCMUpdateThread::onFinished()
 
 void ORXCCMUpdateThread::stopAll()
 {
-    constexpr unsigned long kReportWaitingAfterMs = 1000;
     const QSet<ORXCCMUpdateThread*> all = threads();
     for (ORXCCMUpdateThread* thread : all)
         thread->requestStop();
     for (ORXCCMUpdateThread* thread : all) {
-        if (!thread->wait(kReportWaitingAfterMs)) {
-            qInfo("%s", "Color correction matrix: waiting for a call of the host to return");
-            thread->wait();
-        }
+        waitForThread(*thread, "Color correction matrix");
         if (thread->m_bAbandoned)
             delete thread;
     }

@@ -148,9 +148,15 @@ void ORXImgProcessingFeature::refresh()
     updatePanel();
 }
 
-void ORXImgProcessingFeature::updateValue() { scheduleRefresh(); }
+void ORXImgProcessingFeature::updateValue()
+{
+    scheduleRefresh();
+}
 
-void ORXImgProcessingFeature::afterCurrentTabShow() { scheduleRefresh(); }
+void ORXImgProcessingFeature::afterCurrentTabShow()
+{
+    scheduleRefresh();
+}
 
 void ORXImgProcessingFeature::showEvent(QShowEvent* event)
 {
@@ -164,7 +170,10 @@ void ORXImgProcessingFeature::hideEvent(QHideEvent* event)
     scheduleRefresh();
 }
 
-void ORXImgProcessingFeature::createTransMap() { fillTransMap(table().texts()); }
+void ORXImgProcessingFeature::createTransMap()
+{
+    fillTransMap(table().texts());
+}
 
 void ORXImgProcessingFeature::translate()
 {
@@ -174,8 +183,8 @@ void ORXImgProcessingFeature::translate()
 
 int ORXImgProcessingFeature::notify(int code, void* payload)
 {
-    if (code == ListenCode::kFirstReadEnded && payload
-        && *static_cast<qint64*>(payload) == cameraID()) {
+    if (code == ListenCode::kFirstReadEnded && payload &&
+        *static_cast<qint64*>(payload) == cameraID()) {
         scheduleRefresh();
     } else if (code == ListenCode::kDrawModeChanged && payload) {
         // Another page draws in the same camera: here it ends.
@@ -251,8 +260,8 @@ void ORXImgProcessingFeature::setDrawMode(int mode)
 
 void ORXImgProcessingFeature::notifyDrawModeChange(int mode, bool on)
 {
-    DrawModeChange change = {0,    static_cast<quint8>(on), static_cast<qint32>(pageType()),
-                             mode, cameraID(),              this};
+    DrawModeChange change = {
+        0, static_cast<quint8>(on), static_cast<qint32>(pageType()), mode, cameraID(), this};
     ORXListenTools::instance()->notifyListeners(ListenCode::kDrawModeChanged, &change);
 }
 

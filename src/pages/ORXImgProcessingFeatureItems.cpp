@@ -82,9 +82,9 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
     ORXPropertyTreeItem* enable = pageItem(kCCMEnable, root);
     ORXPropertyTreeItem* matrix = pageItem(kCCM, root);
     auto* value = dynamic_cast<CTreeCustomCCMItemValue*>(matrix->value());
-    const bool inCamera = cameraItem("ColorTransformationValueSelector")
-                          && cameraItem("ColorTransformationValue")
-                          && cameraItem("ColorTransformationEnable");
+    const bool inCamera = cameraItem("ColorTransformationValueSelector") &&
+                          cameraItem("ColorTransformationValue") &&
+                          cameraItem("ColorTransformationEnable");
     if (!inCamera && !ORXRWCCMValue::exists(ORXRWCCMValue::cameraName())) {
         delete matrix;
         delete enable;
@@ -111,9 +111,8 @@ void ORXImgProcessingFeature::createPaletteItem(ORXPropertyTreeItem* root)
     observe(camera);
     onOwnWrite(kPalette, [this](const QVariant& value) {
         ORXFeatureTree* whole = tree();
-        return whole
-               && whole->setFeatureValue(featureTagName(FeatureTag::Enumeration),
-                                         QString::fromLatin1(kPalettesMode), value);
+        return whole && whole->setFeatureValue(featureTagName(FeatureTag::Enumeration),
+                                               QString::fromLatin1(kPalettesMode), value);
     });
 }
 

@@ -2,6 +2,7 @@
 #include "pages/ORXLUTThread.h"
 
 #include "reading/ThreadAnnotations.h"
+#include "reading/ThreadWait.h"
 
 #include <QDebug>
 
@@ -9,7 +10,6 @@
 
 namespace {
 
-constexpr unsigned long kReportWaitingAfterMs = 1000;
 
 } // namespace
 
@@ -83,11 +83,7 @@ void ORXLUTThread::requestStop()
 void ORXLUTThread::StopThread()
 {
     requestStop();
-    if (!wait(kReportWaitingAfterMs)) {
-        qInfo("%s", "LUT: waiting for a call of the host to return");
-        wait();
-    }
-    OBFT_HAPPENS_AFTER(this);
+    waitForThread(*this, "LUT");
 }
 
 bool ORXLUTThread::isBusy() const

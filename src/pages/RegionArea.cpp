@@ -18,8 +18,7 @@ struct Reading
 std::optional<Reading> readFeature(const ORXFeatureTree& tree, const char* name)
 {
     const ORXPropertyTreeItem* item = tree.propertyItemByName(QString::fromLatin1(name));
-    const auto* value =
-        item ? dynamic_cast<const CTreeIntergerItemValue*>(item->value()) : nullptr;
+    const auto* value = item ? dynamic_cast<const CTreeIntergerItemValue*>(item->value()) : nullptr;
     if (!value || !item->visible())
         return std::nullopt;
     return Reading{value->numbers(), !item->readOnly()};
@@ -35,9 +34,8 @@ RegionAxis axisOf(const Reading& size, const Reading& offset)
     limits.offsetMinimum = offset.numbers.m_nMinValue;
     limits.offsetIncrement = offset.numbers.m_nIncrement;
     const auto bounded = [](qint64 value) { return qBound(qint64(0), value, kLongest); };
-    limits.extent =
-        qMax(bounded(size.numbers.m_nMaxValue),
-             bounded(size.numbers.m_nValue) + bounded(offset.numbers.m_nMaxValue));
+    limits.extent = qMax(bounded(size.numbers.m_nMaxValue),
+                         bounded(size.numbers.m_nValue) + bounded(offset.numbers.m_nMaxValue));
     return {limits, {offset.numbers.m_nValue, size.numbers.m_nValue}};
 }
 
@@ -80,8 +78,8 @@ std::optional<RegionArea> RegionArea::read(const ORXFeatureTree& tree, const Nam
     if (!width || !height || !offsetX || !offsetY)
         return std::nullopt;
     return RegionArea(names, axisOf(*width, *offsetX), axisOf(*height, *offsetY),
-                      width->writable && height->writable && offsetX->writable
-                          && offsetY->writable);
+                      width->writable && height->writable && offsetX->writable &&
+                          offsetY->writable);
 }
 
 RegionArea::RegionArea(const Names& names, const RegionAxis& x, const RegionAxis& y, bool writable)

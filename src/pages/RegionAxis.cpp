@@ -45,8 +45,8 @@ qint64 RegionAxis::snappedSize(qint64 size, qint64 offset) const
 
 RegionAxis::Span RegionAxis::moved(qint64 offset) const
 {
-    const qint64 last = gridBelow(m_limits.extent - m_span.size, m_limits.offsetMinimum,
-                                  m_limits.offsetIncrement);
+    const qint64 last =
+        gridBelow(m_limits.extent - m_span.size, m_limits.offsetMinimum, m_limits.offsetIncrement);
     const qint64 wanted = gridNearest(qBound(qint64(0), offset, m_limits.extent),
                                       m_limits.offsetMinimum, m_limits.offsetIncrement);
     return {qMin(wanted, last), m_span.size};

@@ -19,7 +19,10 @@ CTreeCustomWaterMarkItemValue* boxesOf(ORXPropertyTreeItem* row)
     return dynamic_cast<CTreeCustomWaterMarkItemValue*>(row->value());
 }
 
-QString latin(const char* text) { return QString::fromLatin1(text); }
+QString latin(const char* text)
+{
+    return QString::fromLatin1(text);
+}
 
 } // namespace
 
@@ -63,8 +66,8 @@ void SelectorChecks::makeRows(ORXFeatureTree* tree, ORXPropertyTreeItem* group,
     m_pTree = tree;
     m_lCameraID = cameraId;
     const auto found = std::find_if(m_choices.begin(), m_choices.end(), [=](const Names& choice) {
-        return tree->propertyItemByName(latin(choice.selector))
-               && tree->propertyItemByName(latin(choice.enable));
+        return tree->propertyItemByName(latin(choice.selector)) &&
+               tree->propertyItemByName(latin(choice.enable));
     });
     if (found == m_choices.end())
         return;
@@ -139,8 +142,7 @@ void SelectorChecks::refresh()
 
 bool SelectorChecks::concerns(const QString& nodeName) const
 {
-    return m_names
-           && (nodeName == latin(m_names->selector) || nodeName == latin(m_names->enable));
+    return m_names && (nodeName == latin(m_names->selector) || nodeName == latin(m_names->enable));
 }
 
 // States ------------------------------------------------------------------------------------------
@@ -226,9 +228,9 @@ void SelectorChecks::onWritten(const QString& selector, qint64 entry, bool on,
                                       QString::number(m_lCameraID));
     } else {
         setState(index, !on);
-        m_pTree->showWriteFailure(feature, feature == selector ? QString::number(entry)
-                                                               : QString::number(int(on)),
-                                  error);
+        m_pTree->showWriteFailure(
+            feature, feature == selector ? QString::number(entry) : QString::number(int(on)),
+            error);
     }
     // The whole tree shows the same for the entry that is selected there.
     m_pTree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, enable,

@@ -68,8 +68,8 @@ private:
 
     const QVector<Names> m_choices;
     const FeatureTag m_tag;
-    const Names* m_names = nullptr;       // of this camera; null without. Not owned.
-    ORXFeatureTree* m_pTree = nullptr;    // Not owned.
+    const Names* m_names = nullptr;    // of this camera; null without. Not owned.
+    ORXFeatureTree* m_pTree = nullptr; // Not owned.
     qint64 m_lCameraID = -1;
     QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
     QVector<qint64> m_numbers;            // entries in the order of the boxes

@@ -6,6 +6,7 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/ThreadAnnotations.h"
+#include "reading/ThreadWait.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int kPollingTicks = 10000;
 constexpr unsigned long kShortestPollingSleepMs = 2;
-constexpr unsigned long kReportWaitingAfterMs = 1000;
 constexpr unsigned long kDisableWaitMs = 5;
 
 } // namespace
@@ -161,11 +161,7 @@ void QGetFeaturesThread::StopThread(bool stop, bool setStopFlag)
         m_nameQueue.clear();
     }
     quit();
-    if (!wait(kReportWaitingAfterMs)) {
-        qInfo("%s", "Reading thread: waiting for a call of the host to return");
-        wait();
-    }
-    OBFT_HAPPENS_AFTER(this);
+    waitForThread(*this, "Reading thread");
 }
 
 _FEATURES_UPDATE_TYPE_ QGetFeaturesThread::FeaturesUpdateType() const

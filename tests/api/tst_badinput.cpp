@@ -15,13 +15,13 @@ namespace {
 // One feature of every kind, below one category.
 QByteArray everyKind()
 {
-    return wrap(QStringLiteral(
+    return wrap(
         "<Category Name=\"Root\"><pFeature>All</pFeature></Category><Category Name=\"All\">"
         "<pFeature>I</pFeature><pFeature>F</pFeature><pFeature>B</pFeature><pFeature>S</pFeature>"
         "<pFeature>E</pFeature><pFeature>C</pFeature><pFeature>R</pFeature></Category>"
         "<Integer Name=\"I\"/><Float Name=\"F\"/><Boolean Name=\"B\"/><String Name=\"S\"/>"
         "<Enumeration Name=\"E\"><EnumEntry Name=\"One\"><Value>1</Value></EnumEntry>"
-        "</Enumeration><Command Name=\"C\"/><IntReg Name=\"R\"/>"));
+        "</Enumeration><Command Name=\"C\"/><IntReg Name=\"R\"/>"_s);
 }
 
 int anyMode(char*, int* mode, void*)
@@ -51,24 +51,18 @@ protected:
 
 void TestBadInput::descriptions_data()
 {
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("logged");
-    QTest::addColumn<int>("items");
-    const QString parse = QStringLiteral("Create XML pDeviceXml DomDocument Failed");
-    QTest::newRow("empty") << QByteArray("") << parse << 0;
-    QTest::newRow("does not parse") << QByteArray("<a><b></a>") << parse << 0;
-    QTest::newRow("100,000 levels") << QByteArray("<a>").repeated(100000) << parse << 0;
-    QTest::newRow("no Root") << wrap(category(QStringLiteral("Other"), {QStringLiteral("A")}))
-                             << QString() << 0;
-    QTest::newRow("names missing nodes")
-        << wrap(category(QStringLiteral("Root"), {QStringLiteral("A"), QStringLiteral("B")}))
-        << QString() << 2;
-    QTest::newRow("refers in circles")
-        << wrap(category(QStringLiteral("Root"), {QStringLiteral("Root"), QStringLiteral("A")})
-                + node(QStringLiteral("Integer"), QStringLiteral("A"),
-                       child(QStringLiteral("pValue"), QStringLiteral("A"))))
-        << QStringLiteral("category Root contains itself") << 2;
-    QTest::newRow("20 MB") << generate(Size::ofFeatures(21000)) << QString() << 21000 + 2400;
+    const Rows<QByteArray, QString, int> row("xml", "logged", "items");
+    const QString parse = "Create XML pDeviceXml DomDocument Failed"_s;
+    row("empty", "", parse, 0);
+    row("does not parse", "<a><b></a>", parse, 0);
+    row("100,000 levels", QByteArray("<a>").repeated(100000), parse, 0);
+    row("no Root", wrap(category("Other"_s, {"A"_s})), "", 0);
+    row("names missing nodes", wrap(category("Root"_s, {"A"_s, "B"_s})), "", 2);
+    row("refers in circles",
+        wrap(category("Root"_s, {"Root"_s, "A"_s}) +
+             node("Integer"_s, "A"_s, child("pValue"_s, "A"_s))),
+        "category Root contains itself", 2);
+    row("20 MB", generate(Size::ofFeatures(21000)), "", 21000 + 2400);
 }
 
 void TestBadInput::descriptions()
@@ -89,11 +83,11 @@ void TestBadInput::descriptions()
 
 void TestBadInput::callbacks_data()
 {
-    QTest::addColumn<int>("fault");
-    QTest::newRow("every call fails") << 0;
-    QTest::newRow("nonsense modes") << 1;
-    QTest::newRow("texts without end, counts beyond the array") << 2;
-    QTest::newRow("ranges upside down, not a number, no grid") << 3;
+    const Rows<int> row("fault");
+    row("every call fails", 0);
+    row("nonsense modes", 1);
+    row("texts without end, counts beyond the array", 2);
+    row("ranges upside down, not a number, no grid", 3);
 }
 
 void TestBadInput::callbacks()
@@ -113,14 +107,16 @@ void TestBadInput::callbacks()
         },
         [](int type, char*, void* value, void*) {
             if (type == OB_FT_TYPE_INTEGER)
-                *static_cast<_ZDCC_INTVALUE_EX_T*>(value) = {
-                    5, std::numeric_limits<int64_t>::min(), std::numeric_limits<int64_t>::max(),
-                    -7, {}};
+                *static_cast<_ZDCC_INTVALUE_EX_T*>(value) = {5,
+                                                             std::numeric_limits<int64_t>::min(),
+                                                             std::numeric_limits<int64_t>::max(),
+                                                             -7,
+                                                             {}};
             if (type == OB_FT_TYPE_FLOAT)
-                *static_cast<_ZDCC_FLOATVALUE_T*>(value) = {
-                    std::numeric_limits<float>::quiet_NaN(),
-                    -std::numeric_limits<float>::infinity(),
-                    std::numeric_limits<float>::infinity(), {}};
+                *static_cast<_ZDCC_FLOATVALUE_T*>(value) = {std::numeric_limits<float>::quiet_NaN(),
+                                                            -std::numeric_limits<float>::infinity(),
+                                                            std::numeric_limits<float>::infinity(),
+                                                            {}};
             return 0;
         },
     };

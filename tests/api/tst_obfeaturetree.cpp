@@ -84,8 +84,8 @@ void TestOBFeatureTree::windowAsTheHostAskedForIt()
     QVERIFY(widget->windowFlags() & Qt::WindowStaysOnTopHint);
     QCOMPARE(widget->size(), QSize(900, 700));
     QCOMPARE(widget->pos(), QPoint(10, 10));
-    QCOMPARE(widget->cTitleText(), QStringLiteral("Test camera"));
-    QCOMPARE(host.count(QStringLiteral("action 1")), 0);
+    QCOMPARE(widget->cTitleText(), "Test camera"_s);
+    QCOMPARE(host.count("action 1"_s), 0);
 }
 
 void TestOBFeatureTree::firstReadFillsTheTree()
@@ -101,7 +101,7 @@ void TestOBFeatureTree::firstReadFillsTheTree()
     QCOMPARE(filled, 60);
     // A new user has no favourites: the first group with features is shown instead.
     CFeatureGroupTreeView* groups = window.widget()->featureGroup(1)->groupView();
-    QTRY_COMPARE(groups->currentIndex().data().toString(), QStringLiteral("Category0"));
+    QTRY_COMPARE(groups->currentIndex().data().toString(), "Category0"_s);
     const QByteArray picture = qgetenv("OBFT_TEST_PICTURE");
     if (!picture.isEmpty()) {
         QTest::qWait(300);
@@ -112,16 +112,16 @@ void TestOBFeatureTree::firstReadFillsTheTree()
 void TestOBFeatureTree::secondRoundMakesANewWindow()
 {
     FakeHost host;
-    const QByteArray first = wrap(category(QStringLiteral("Root"), {QStringLiteral("A")}));
-    const QByteArray second = wrap(category(QStringLiteral("Root"), {QStringLiteral("B")}));
+    const QByteArray first = wrap(category("Root"_s, {"A"_s}));
+    const QByteArray second = wrap(category("Root"_s, {"B"_s}));
     {
         OpenedWindow window(host, first);
-        QVERIFY(window.tree()->propertyItemByName(QStringLiteral("A")));
+        QVERIFY(window.tree()->propertyItemByName("A"_s));
     }
     const QStyle* style = QApplication::style();
     OpenedWindow window(host, second);
-    QVERIFY(window.tree()->propertyItemByName(QStringLiteral("B")));
-    QVERIFY(!window.tree()->propertyItemByName(QStringLiteral("A")));
+    QVERIFY(window.tree()->propertyItemByName("B"_s));
+    QVERIFY(!window.tree()->propertyItemByName("A"_s));
     QCOMPARE(QApplication::style(), style);
 }
 
@@ -133,10 +133,9 @@ void TestOBFeatureTree::initTwiceKeepsTheWindow()
     OpenedWindow window(host, xml);
     QVERIFY(window.waitForFirstRead());
     ORXMainFeatureWidget* widget = window.widget();
-    OBDeviceControl::GetFavoritesFeatureMap()->append(
-        {QStringLiteral("Feature00001"), QStringLiteral("Feature 1")});
+    OBDeviceControl::GetFavoritesFeatureMap()->append({"Feature00001"_s, "Feature 1"_s});
     QCOMPARE(OB_FT_Init("<Other/>", nullptr, nullptr), 0);
-    QVERIFY(MessageGuard::contains(QStringLiteral("called again without OB_FT_Release")));
+    QVERIFY(MessageGuard::contains("called again without OB_FT_Release"_s));
     QCOMPARE(window.widget(), widget);
     QCOMPARE(OBDeviceControl::GetFavoritesFeatureMap()->size(), 1);
     OBDeviceControl::GetFavoritesFeatureMap()->clear();
@@ -145,7 +144,7 @@ void TestOBFeatureTree::initTwiceKeepsTheWindow()
     OB_FT_SetCallBackFunc(FakeHost::getFeature, FakeHost::setFeature, FakeHost::getMode,
                           FakeHost::invalidate, FakeHost::action, &host);
     QVERIFY(window.waitForFirstRead());
-    QVERIFY(window.tree()->propertyItemByName(QStringLiteral("Feature00001")));
+    QVERIFY(window.tree()->propertyItemByName("Feature00001"_s));
 }
 
 void TestOBFeatureTree::callbacksMayBeNull()
@@ -167,12 +166,12 @@ void TestOBFeatureTree::closingTellsTheHostAndStopsReading()
     OpenedWindow window(host, xml);
     QVERIFY(window.waitForFirstRead());
     QCOMPARE(OB_FT_Close(), 0);
-    QCOMPARE(host.count(QStringLiteral("action 1")), 1);
+    QCOMPARE(host.count("action 1"_s), 1);
     const qint64 calls = host.callCount();
     QTest::qWait(150);
     QCOMPARE(host.callCount(), calls);
     window.widget()->hide();
-    QCOMPARE(host.count(QStringLiteral("action 1")), 2);
+    QCOMPARE(host.count("action 1"_s), 2);
     OB_FT_Start(nullptr, 0);
     QTRY_VERIFY(host.callCount() > calls);
     QVERIFY(window.waitForFirstRead());
@@ -180,9 +179,9 @@ void TestOBFeatureTree::closingTellsTheHostAndStopsReading()
 
 void TestOBFeatureTree::hostMayReleaseFromInsideACallback_data()
 {
-    QTest::addColumn<bool>("duringWrite");
-    QTest::newRow("while it writes") << true;
-    QTest::newRow("when the window closes") << false;
+    const Rows<bool> row("duringWrite");
+    row("while it writes", true);
+    row("when the window closes", false);
 }
 
 void TestOBFeatureTree::hostMayReleaseFromInsideACallback()
@@ -212,9 +211,9 @@ void TestOBFeatureTree::hostMayReleaseFromInsideACallback()
     QSignalSpy destroyed(widget, &QObject::destroyed);
     if (duringWrite) {
         // A check box of the shown group: the click goes the whole road through the delegate.
-        ORXPropertyTreeItem* item = tree->propertyItemByName(QStringLiteral("Feature00012"));
+        ORXPropertyTreeItem* item = tree->propertyItemByName("Feature00012"_s);
         QWidget* editor = nullptr;
-        QTRY_VERIFY((editor = tree->findChild<QWidget*>(QStringLiteral("Feature00012"))));
+        QTRY_VERIFY((editor = tree->findChild<QWidget*>("Feature00012"_s)));
         QVERIFY(item);
         QTRY_VERIFY(editor->isEnabled());
         QTest::mouseClick(editor, Qt::LeftButton);
@@ -244,19 +243,18 @@ void TestOBFeatureTree::releaseWaitsForAHangingCall()
         QTRY_VERIFY(inside);
     }
     QVERIFY(returned);
-    QVERIFY(MessageGuard::contains(QStringLiteral("waiting for a call of the host to return")));
+    QVERIFY(MessageGuard::contains("waiting for a call of the host to return"_s));
 }
 
 void TestOBFeatureTree::languageIsTheHosts()
 {
     FakeHost host;
-    const QMap<int, QString> languages = {
-        {0, QStringLiteral("ENG")}, {1, QStringLiteral("CH")}, {2, QStringLiteral("ENG")}};
+    const QMap<int, QString> languages = {{0, "ENG"_s}, {1, "CH"_s}, {2, "ENG"_s}};
     for (auto it = languages.cbegin(); it != languages.cend(); ++it) {
         OpenedWindow window(host, smallDescription(), it.key());
         QCOMPARE(ORXInterface::language(), it.value());
     }
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
+    ORXInterface::setLanguage("ENG"_s);
 }
 
 OBFT_TEST_MAIN(TestOBFeatureTree)

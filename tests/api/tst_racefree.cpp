@@ -108,7 +108,7 @@ void TestRaceFree::everythingAtOnce()
         const QModelIndex row = view->indexAt(QPoint(5, 40 + 38 * (round % 8)));
         ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(row);
         edits += edit(view->editorOf(item), round) ? 1 : 0;
-        if (ORXPropertyTreeItem* any = tree->propertyItemByName(QStringLiteral("Feature00003"))) {
+        if (ORXPropertyTreeItem* any = tree->propertyItemByName("Feature00003"_s)) {
             if (round % 7 == 0)
                 any->registerView(&counting);
             else if (round % 7 == 3)
@@ -120,7 +120,7 @@ void TestRaceFree::everythingAtOnce()
             tree->OnUserLevelChanged();
             break;
         case 10:
-            groups->SetSearchText(QStringLiteral("feature 1"));
+            groups->SetSearchText("feature 1"_s);
             break;
         case 15:
             groups->SetSearchText(QString());
@@ -154,7 +154,7 @@ void TestRaceFree::everythingAtOnce()
         }
     }
     QCOMPARE(edits, kEdits);
-    tree->propertyItemByName(QStringLiteral("Feature00003"))->removeView(&counting);
+    tree->propertyItemByName("Feature00003"_s)->removeView(&counting);
     const int calls = counting.calls;
     // In the middle of a pass the window goes.
     tree->RefreshFeatures();

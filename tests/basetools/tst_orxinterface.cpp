@@ -20,7 +20,7 @@ class BracketTranslator : public QTranslator
 public:
     QString translate(const char* context, const char* text, const char*, int) const override
     {
-        return QStringLiteral("[%1|%2]").arg(QLatin1String(context), QLatin1String(text));
+        return "[%1|%2]"_s.arg(QLatin1String(context), QLatin1String(text));
     }
     bool isEmpty() const override { return false; }
 };
@@ -53,13 +53,13 @@ private slots:
 
 void TestORXInterface::languageIsEnglishUnlessChinese()
 {
-    QCOMPARE(ORXInterface::language(), QStringLiteral("ENG"));
+    QCOMPARE(ORXInterface::language(), "ENG"_s);
     QString seen;
-    ORXInterface::setLanguage(QStringLiteral("CH"));
+    ORXInterface::setLanguage("CH"_s);
     std::thread([&seen] { seen = ORXInterface::language(0); }).join();
-    QCOMPARE(seen, QStringLiteral("CH"));
-    ORXInterface::setLanguage(QStringLiteral("ch"));
-    QCOMPARE(ORXInterface::language(), QStringLiteral("ENG"));
+    QCOMPARE(seen, "CH"_s);
+    ORXInterface::setLanguage("ch"_s);
+    QCOMPARE(ORXInterface::language(), "ENG"_s);
 }
 
 void TestORXInterface::directoriesExistAndDiffer()
@@ -71,23 +71,19 @@ void TestORXInterface::directoriesExistAndDiffer()
         QVERIFY(QFileInfo(path).isDir());
         QVERIFY(!path.endsWith(QLatin1Char('/')));
         // The test mode of the standard paths keeps tests away from the user's own files.
-        QVERIFY2(path.contains(QStringLiteral("qttest")), qPrintable(path));
+        QVERIFY2(path.contains("qttest"_s), qPrintable(path));
     }
 }
 
 void TestORXInterface::localTextIsBounded_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("limit");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("ends at NUL") << QByteArray("Mono8\0x", 7) << 256 << QStringLiteral("Mono8");
-    QTest::newRow("ends at limit") << QByteArray("Mono8") << 4 << QStringLiteral("Mono");
-    QTest::newRow("zero limit") << QByteArray("Mono8") << 0 << QString();
-    QTest::newRow("negative limit") << QByteArray("Mono8") << -1 << QString();
-    QTest::newRow("utf-8") << QByteArray("\xE5\xA2\x9E\xE7\x9B\x8A") << 256
-                           << QString::fromUtf8("\xE5\xA2\x9E\xE7\x9B\x8A");
-    QTest::newRow("character cut by limit")
-        << QByteArray("\xE5\xA2\x9E\xE7\x9B\x8A") << 5 << QString::fromUtf8("\xE5\xA2\x9E");
+    const Rows<QByteArray, int, QString> row("bytes", "limit", "text");
+    row("ends at NUL", QByteArray("Mono8\0x", 7), 256, "Mono8");
+    row("ends at limit", "Mono8", 4, "Mono");
+    row("zero limit", "Mono8", 0, "");
+    row("negative limit", "Mono8", -1, "");
+    row("utf-8", "\xE5\xA2\x9E\xE7\x9B\x8A", 256, "\xE5\xA2\x9E\xE7\x9B\x8A");
+    row("character cut by limit", "\xE5\xA2\x9E\xE7\x9B\x8A", 5, "\xE5\xA2\x9E");
 }
 
 void TestORXInterface::localTextIsBounded()
@@ -103,36 +99,32 @@ void TestORXInterface::localTextFallsBackFromUtf8()
     const QByteArray broken("a\xFFz", 3);
     const QString text = ORXInterface::fromLocalText(broken.constData(), 3);
     QVERIFY(text.startsWith(QLatin1Char('a')) && text.endsWith(QLatin1Char('z')));
-    const QString chinese = QString::fromUtf8("\xE7\x9B\xB8\xE6\x9C\xBA");
+    const QString chinese = "\xE7\x9B\xB8\xE6\x9C\xBA"_s;
     const QByteArray local = ORXInterface::toLocalText(chinese);
     QCOMPARE(ORXInterface::fromLocalText(local.constData(), local.size()), chinese);
 }
 
 void TestORXInterface::string2Int_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<qint64>("value");
-    const auto row = [](const char* text, qint64 value) {
-        QTest::newRow(text) << QString::fromLatin1(text) << value;
-    };
-    row("42", 42);
-    row("-17", -17);
-    row(" \t8\n", 8);
-    row("0x1F", 31);
-    row("0XfF", 255);
-    row("0x0108000C", 0x0108000C);
-    row("9223372036854775807", Limits::max());
-    row("-9223372036854775808", Limits::min());
-    row("0x8000000000000000", Limits::min());
-    row("0xFFFFFFFFFFFFFFFF", -1);
-    row("18446744073709551615", -1);
-    row("0x1FFFFFFFFFFFFFFFF", 0);
-    row("-9223372036854775809", 0);
-    row("010", 10);
-    row("", 0);
-    row("0x", 0);
-    row("12abc", 0);
-    row("1.5", 0);
+    const Rows<QString, qint64> row("text", "value");
+    row.of("42", 42);
+    row.of("-17", -17);
+    row.of(" \t8\n", 8);
+    row.of("0x1F", 31);
+    row.of("0XfF", 255);
+    row.of("0x0108000C", 0x0108000C);
+    row.of("9223372036854775807", Limits::max());
+    row.of("-9223372036854775808", Limits::min());
+    row.of("0x8000000000000000", Limits::min());
+    row.of("0xFFFFFFFFFFFFFFFF", -1);
+    row.of("18446744073709551615", -1);
+    row.of("0x1FFFFFFFFFFFFFFFF", 0);
+    row.of("-9223372036854775809", 0);
+    row.of("010", 10);
+    row.of("", 0);
+    row.of("0x", 0);
+    row.of("12abc", 0);
+    row.of("1.5", 0);
 }
 
 void TestORXInterface::string2Int()
@@ -143,18 +135,16 @@ void TestORXInterface::string2Int()
 
 void TestORXInterface::cutStringKeepsCharactersWhole_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("bytes");
-    QTest::addColumn<QString>("cut");
-    const QString mixed = QString::fromUtf8("a\xC3\xA4\xE7\x9B\xB8\xF0\x9F\x98\x80z"); // 1+2+3+4+1
-    QTest::newRow("all") << mixed << 11 << mixed;
-    QTest::newRow("without the last") << mixed << 10 << mixed.left(5);
-    QTest::newRow("inside the pair") << mixed << 9 << mixed.left(3);
-    QTest::newRow("inside three bytes") << mixed << 5 << mixed.left(2);
-    QTest::newRow("inside two bytes") << mixed << 2 << mixed.left(1);
-    QTest::newRow("nothing") << mixed << 0 << QString();
-    QTest::newRow("negative") << mixed << -4 << QString();
-    QTest::newRow("one byte each") << QStringLiteral("Width") << 3 << QStringLiteral("Wid");
+    const Rows<QString, int, QString> row("text", "bytes", "cut");
+    const QString mixed = "a\xC3\xA4\xE7\x9B\xB8\xF0\x9F\x98\x80z"_s; // 1+2+3+4+1
+    row("all", mixed, 11, mixed);
+    row("without the last", mixed, 10, mixed.left(5));
+    row("inside the pair", mixed, 9, mixed.left(3));
+    row("inside three bytes", mixed, 5, mixed.left(2));
+    row("inside two bytes", mixed, 2, mixed.left(1));
+    row("nothing", mixed, 0, "");
+    row("negative", mixed, -4, "");
+    row("one byte each", "Width", 3, "Wid");
 }
 
 void TestORXInterface::cutStringKeepsCharactersWhole()
@@ -168,34 +158,29 @@ void TestORXInterface::cutStringKeepsCharactersWhole()
 
 void TestORXInterface::hexText()
 {
-    QCOMPARE(ORXInterface::int2HexText(0), QStringLiteral("0x0"));
-    QCOMPARE(ORXInterface::int2HexText(0x0abc), QStringLiteral("0xABC"));
-    QCOMPARE(ORXInterface::int2HexText(-1), QStringLiteral("0xFFFFFFFFFFFFFFFF"));
+    QCOMPARE(ORXInterface::int2HexText(0), "0x0"_s);
+    QCOMPARE(ORXInterface::int2HexText(0x0abc), "0xABC"_s);
+    QCOMPARE(ORXInterface::int2HexText(-1), "0xFFFFFFFFFFFFFFFF"_s);
 }
 
 void TestORXInterface::ipText_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("good");
-    QTest::addColumn<quint32>("address");
-    const auto row = [](const char* text, bool good, quint32 address) {
-        QTest::newRow(text) << QString::fromLatin1(text) << good << address;
-    };
-    row("192.168.0.1", true, 0xC0A80001);
-    row("0.0.0.0", true, 0);
-    row("255.255.255.255", true, 0xFFFFFFFF);
-    row("256.0.0.1", false, 0);
-    row("1.2.3", false, 0);
-    row("1.2.3.4.5", false, 0);
-    row("1.2.3.", false, 0);
-    row("1..2.3", false, 0);
-    row("+1.2.3.4", false, 0);
-    row("1.2.3.-4", false, 0);
-    row(" 1.2.3.4", false, 0);
-    row("1.2.3.4\n", false, 0);
-    row("0001.2.3.4", false, 0);
-    row("a.b.c.d", false, 0);
-    row("", false, 0);
+    const Rows<QString, bool, quint32> row("text", "good", "address");
+    row.of("192.168.0.1", true, 0xC0A80001);
+    row.of("0.0.0.0", true, 0);
+    row.of("255.255.255.255", true, 0xFFFFFFFF);
+    row.of("256.0.0.1", false, 0);
+    row.of("1.2.3", false, 0);
+    row.of("1.2.3.4.5", false, 0);
+    row.of("1.2.3.", false, 0);
+    row.of("1..2.3", false, 0);
+    row.of("+1.2.3.4", false, 0);
+    row.of("1.2.3.-4", false, 0);
+    row.of(" 1.2.3.4", false, 0);
+    row.of("1.2.3.4\n", false, 0);
+    row.of("0001.2.3.4", false, 0);
+    row.of("a.b.c.d", false, 0);
+    row.of("", false, 0);
 }
 
 void TestORXInterface::ipText()
@@ -210,21 +195,17 @@ void TestORXInterface::ipText()
 
 void TestORXInterface::subnetMask_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("good");
-    const auto row = [](const char* text, bool good) {
-        QTest::newRow(text) << QString::fromLatin1(text) << good;
-    };
-    row("255.255.255.0", true);
-    row("255.255.254.0", true);
-    row("128.0.0.0", true);
-    row("255.255.255.252", true);
-    row("255.255.255.255", true);
-    row("0.0.0.0", false);
-    row("255.0.255.0", false);
-    row("0.255.255.255", false);
-    row("255.255.255.253", false);
-    row("255.255.256.0", false);
+    const Rows<QString, bool> row("text", "good");
+    row.of("255.255.255.0", true);
+    row.of("255.255.254.0", true);
+    row.of("128.0.0.0", true);
+    row.of("255.255.255.252", true);
+    row.of("255.255.255.255", true);
+    row.of("0.0.0.0", false);
+    row.of("255.0.255.0", false);
+    row.of("0.255.255.255", false);
+    row.of("255.255.255.253", false);
+    row.of("255.255.256.0", false);
 }
 
 void TestORXInterface::subnetMask()
@@ -235,20 +216,15 @@ void TestORXInterface::subnetMask()
 
 void TestORXInterface::macText_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("good");
-    QTest::addColumn<quint64>("address");
-    const auto row = [](const char* text, bool good, quint64 address) {
-        QTest::newRow(text) << QString::fromLatin1(text) << good << address;
-    };
-    row("54:10:EC:00:0A:FF", true, 0x5410EC000AFFULL);
-    row("54-10-ec-00-0a-ff", true, 0x5410EC000AFFULL);
-    row("00:00:00:00:00:01", true, 1);
-    row("54:10-EC:00:0A:FF", false, 0);
-    row("54:10:EC:00:0A", false, 0);
-    row("54:10:EC:00:0A:FG", false, 0);
-    row("5410EC000AFF", false, 0);
-    row("", false, 0);
+    const Rows<QString, bool, quint64> row("text", "good", "address");
+    row.of("54:10:EC:00:0A:FF", true, 0x5410EC000AFFULL);
+    row.of("54-10-ec-00-0a-ff", true, 0x5410EC000AFFULL);
+    row.of("00:00:00:00:00:01", true, 1);
+    row.of("54:10-EC:00:0A:FF", false, 0);
+    row.of("54:10:EC:00:0A", false, 0);
+    row.of("54:10:EC:00:0A:FG", false, 0);
+    row.of("5410EC000AFF", false, 0);
+    row.of("", false, 0);
 }
 
 void TestORXInterface::macText()
@@ -267,42 +243,39 @@ void TestORXInterface::macText()
 
 void TestORXInterface::errorCodes()
 {
-    QCOMPARE(ORXInterface::IntCode2DisplayCode(5), QStringLiteral("0x00000005"));
-    QCOMPARE(ORXInterface::IntCode2DisplayCode(-1), QStringLiteral("0xFFFFFFFF"));
+    QCOMPARE(ORXInterface::IntCode2DisplayCode(5), "0x00000005"_s);
+    QCOMPARE(ORXInterface::IntCode2DisplayCode(-1), "0xFFFFFFFF"_s);
     BracketTranslator translator;
     QCoreApplication::installTranslator(&translator);
     const QString unreadable = ORXInterface::IntCode2DisplayCode(int(0x80000106u));
     const QString noCallback = ORXInterface::IntCode2DisplayCode(int(0x80000000u));
     QCoreApplication::removeTranslator(&translator);
-    QVERIFY2(unreadable.startsWith(QStringLiteral("0x80000106 ([ORXInterface|")),
-             qPrintable(unreadable));
-    QVERIFY2(noCallback.startsWith(QStringLiteral("0x80000000 ([ORXInterface|")),
-             qPrintable(noCallback));
+    QVERIFY2(unreadable.startsWith("0x80000106 ([ORXInterface|"_s), qPrintable(unreadable));
+    QVERIFY2(noCallback.startsWith("0x80000000 ([ORXInterface|"_s), qPrintable(noCallback));
 }
 
 void TestORXInterface::fileDialogHook()
 {
-    QString answer = QStringLiteral("/tmp/curve");
+    QString answer = "/tmp/curve"_s;
     QStringList asked;
     ORXInterface::setFileDialogHook(
         [&](ORXInterface::FileDialogKind kind, const QString& title, const QString& filter) {
-            asked << QStringLiteral("%1 %2 %3").arg(kind).arg(title, filter);
+            asked << "%1 %2 %3"_s.arg(kind).arg(title, filter);
             return answer;
         });
-    const QString filter = QStringLiteral("txt Files (*.txt)");
+    const QString filter = "txt Files (*.txt)"_s;
     const auto save = [&] {
-        return ORXInterface::getSaveFileName(nullptr, QStringLiteral("Save"), filter,
-                                             QStringLiteral("txt"));
+        return ORXInterface::getSaveFileName(nullptr, "Save"_s, filter, "txt"_s);
     };
-    QCOMPARE(save(), QStringLiteral("/tmp/curve.txt"));
-    answer = QStringLiteral("/tmp/curve.csv");
+    QCOMPARE(save(), "/tmp/curve.txt"_s);
+    answer = "/tmp/curve.csv"_s;
     QCOMPARE(save(), answer);
-    QCOMPARE(ORXInterface::getOpenFileName(nullptr, QStringLiteral("Open"), filter), answer);
+    QCOMPARE(ORXInterface::getOpenFileName(nullptr, "Open"_s, filter), answer);
     answer.clear();
     QVERIFY(save().isEmpty());
     ORXInterface::setFileDialogHook({});
-    QCOMPARE(asked.constFirst(), QStringLiteral("0 Save txt Files (*.txt)"));
-    QCOMPARE(asked.at(2), QStringLiteral("1 Open txt Files (*.txt)"));
+    QCOMPARE(asked.constFirst(), "0 Save txt Files (*.txt)"_s);
+    QCOMPARE(asked.at(2), "1 Open txt Files (*.txt)"_s);
 }
 
 OBFT_TEST_MAIN(TestORXInterface)

@@ -52,21 +52,19 @@ void TestFavoritesFile::missingFileMakesItsFolder()
 void TestFavoritesFile::savedBytes()
 {
     writeFile("old");
-    FavoritesFile::save({{QStringLiteral("Gain"), QStringLiteral("Gain Raw")},
-                         {QStringLiteral("Width"), QString::fromUtf8("\u5bbd\u5ea6")}});
-    QCOMPARE(fileBytes(),
-             QByteArray("<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>"
-                        "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>"
-                        "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>"
-                        "</Favorites>"));
+    FavoritesFile::save({{"Gain"_s, "Gain Raw"_s}, {"Width"_s, "\u5bbd\u5ea6"_s}});
+    QCOMPARE(
+        fileBytes(),
+        QByteArray("<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>"
+                   "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>"
+                   "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>"
+                   "</Favorites>"));
 }
 
 void TestFavoritesFile::orderAndDuplicatesSurvive()
 {
     const QList<FavoriteFeature> favorites = {
-        {QStringLiteral("B"), QStringLiteral("b")},
-        {QStringLiteral("A"), QString::fromUtf8("\u589e\u76ca")},
-        {QStringLiteral("B"), QStringLiteral("b")}};
+        {"B"_s, "b"_s}, {"A"_s, "\u589e\u76ca"_s}, {"B"_s, "b"_s}};
     writeFile("old");
     FavoritesFile::save(favorites);
     QCOMPARE(FavoritesFile::load(), favorites);
@@ -74,16 +72,13 @@ void TestFavoritesFile::orderAndDuplicatesSurvive()
 
 void TestFavoritesFile::loading_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QByteArray>("logged");
-    QTest::addColumn<int>("count");
-    QTest::newRow("any tags") << QByteArray("<r><x><DisplayName>b</DisplayName><o/><Name>a</Name>"
-                                            "</x></r>")
-                              << QByteArray() << 1;
-    QTest::newRow("empty display name skipped")
-        << QByteArray("<r><f><Name>a</Name><DisplayName/></f></r>") << QByteArray() << 0;
-    QTest::newRow("no XML") << QByteArray("favourites") << QByteArray("loadFavoritesXml failed.333")
-                            << 0;
+    const Rows<QByteArray, QByteArray, int> row("bytes", "logged", "count");
+    row("any tags",
+        "<r><x><DisplayName>b</DisplayName><o/><Name>a</Name>"
+        "</x></r>",
+        "", 1);
+    row("empty display name skipped", "<r><f><Name>a</Name><DisplayName/></f></r>", "", 0);
+    row("no XML", "favourites", "loadFavoritesXml failed.333", 0);
 }
 
 void TestFavoritesFile::loading()
@@ -100,7 +95,7 @@ void TestFavoritesFile::loading()
 void TestFavoritesFile::unescapedNamesMakeTheFileUnreadable()
 {
     writeFile("old");
-    FavoritesFile::save({{QStringLiteral("A&B"), QStringLiteral("both")}});
+    FavoritesFile::save({{"A&B"_s, "both"_s}});
     MessageGuard::ignoreMessage(QtCriticalMsg, "loadFavoritesXml failed.333");
     QVERIFY(FavoritesFile::load().isEmpty());
 }

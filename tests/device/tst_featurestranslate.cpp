@@ -83,10 +83,9 @@ void TestFeaturesTranslate::initTestCase()
 
     // The library itself reads the file from below its folder.
     QTemporaryDir directory;
-    QDir(directory.path()).mkdir(QStringLiteral("FeatureTreeResource"));
-    QVERIFY(QFile::copy(
-        QStringLiteral(OBFT_FEATURE_TEXTS),
-        directory.filePath(QStringLiteral("FeatureTreeResource/FeaturesTranslate.xml"))));
+    QDir(directory.path()).mkdir("FeatureTreeResource"_s);
+    QVERIFY(QFile::copy(QStringLiteral(OBFT_FEATURE_TEXTS),
+                        directory.filePath("FeatureTreeResource/FeaturesTranslate.xml"_s)));
     OBDeviceControl::SetDllPath(directory.path());
     OBDeviceControl::parsePropertyTransXml();
 }
@@ -95,7 +94,7 @@ void TestFeaturesTranslate::enoughFeatures()
 {
     QSet<QString> names;
     for (const QDomElement& feature : qAsConst(m_features))
-        names.insert(feature.attribute(QStringLiteral("Name")));
+        names.insert(feature.attribute("Name"_s));
     QCOMPARE(names.size(), m_features.size());
     QVERIFY2(names.size() >= kMinFeatures, qPrintable(QString::number(names.size())));
 }
@@ -104,7 +103,7 @@ void TestFeaturesTranslate::textsAreComplete()
 {
     QStringList faults;
     const auto check = [&faults](const QDomElement& element, const char* kind) {
-        const QString name = element.attribute(QStringLiteral("Name"));
+        const QString name = element.attribute("Name"_s);
         const QByteArray tag(kind);
         const QString english = textOf(element, (tag + "::en").constData());
         const QString chinese = textOf(element, (tag + "::cn").constData());
@@ -112,15 +111,15 @@ void TestFeaturesTranslate::textsAreComplete()
         const bool isSymbol = english == chinese && !english.contains(QLatin1Char(' '));
         if (english.trimmed() != english || english.isEmpty() || chinese.trimmed() != chinese ||
             chinese.isEmpty() || hasHan(english) || (!hasHan(chinese) && !isSymbol))
-            faults += name + QStringLiteral(" ") + QString::fromLatin1(kind) +
-                      QStringLiteral(": ") + english + QStringLiteral(" / ") + chinese;
+            faults +=
+                name + " "_s + QString::fromLatin1(kind) + ": "_s + english + " / "_s + chinese;
     };
     for (const QDomElement& feature : qAsConst(m_features)) {
         check(feature, "DisplayName");
         check(feature, "Description");
         if (textOf(feature, "Description::cn").size() > kMaxDescription ||
             textOf(feature, "Description::en").size() > 2 * kMaxDescription)
-            faults += feature.attribute(QStringLiteral("Name"));
+            faults += feature.attribute("Name"_s);
         for (const QDomElement& entry : childrenOf(feature, "EnumEntry"))
             check(entry, "DisplayName");
     }
@@ -134,11 +133,10 @@ void TestFeaturesTranslate::namesAreUnique()
          {"DisplayName::en", "DisplayName::cn", "Description::en", "Description::cn"}) {
         QHash<QString, QString> owners;
         for (const QDomElement& feature : qAsConst(m_features)) {
-            const QString name = feature.attribute(QStringLiteral("Name"));
+            const QString name = feature.attribute("Name"_s);
             const QString text = textOf(feature, tag);
             if (owners.contains(text))
-                faults +=
-                    text + QStringLiteral(": ") + owners.value(text) + QStringLiteral(", ") + name;
+                faults += text + ": "_s + owners.value(text) + ", "_s + name;
             owners.insert(text, name);
         }
     }
@@ -154,8 +152,7 @@ void TestFeaturesTranslate::entriesAreUniqueWithinTheirFeature()
             for (const QDomElement& entry : childrenOf(feature, "EnumEntry")) {
                 const QString text = textOf(entry, tag);
                 if (texts.contains(text))
-                    faults +=
-                        feature.attribute(QStringLiteral("Name")) + QStringLiteral(": ") + text;
+                    faults += feature.attribute("Name"_s) + ": "_s + text;
                 texts.insert(text);
             }
         }
@@ -171,7 +168,7 @@ void TestFeaturesTranslate::namesFitTheColumn()
         for (const char* tag : {"DisplayName::en", "DisplayName::cn"}) {
             const QString text = textOf(feature, tag);
             if (metrics.horizontalAdvance(text) > kNameWidth)
-                tooLong += QStringLiteral("%1 (%2)").arg(text).arg(metrics.horizontalAdvance(text));
+                tooLong += "%1 (%2)"_s.arg(text).arg(metrics.horizontalAdvance(text));
         }
     }
     QCOMPARE(tooLong, QStringList());
@@ -180,26 +177,24 @@ void TestFeaturesTranslate::namesFitTheColumn()
 // A line is a signal of the connector or a row of pixels.
 void TestFeaturesTranslate::ioLinesAndImageLinesHaveTheirOwnTerms()
 {
-    const QString ioLine = QString::fromUtf8("\u7ebf\u8def");
+    const QString ioLine = "\u7ebf\u8def"_s;
     const auto name = [](const char* feature) {
         return OBDeviceControl::GetDisplayNameTrans(QString::fromLatin1(feature));
     };
     for (const char* feature : {"LineSelector", "LineMode", "LineStatus", "LineDebouncerTime"})
         QVERIFY2(name(feature).startsWith(ioLine), feature);
     QVERIFY(!name("AcquisitionLineRate").contains(ioLine));
-    const QString source = QStringLiteral("TriggerSource");
+    const QString source = "TriggerSource"_s;
+    QVERIFY(OBDeviceControl::GetEnumerationTrans(source, "Line0"_s).startsWith(ioLine));
     QVERIFY(
-        OBDeviceControl::GetEnumerationTrans(source, QStringLiteral("Line0")).startsWith(ioLine));
-    QVERIFY(!OBDeviceControl::GetEnumerationTrans(QStringLiteral("TriggerSelector"),
-                                                  QStringLiteral("LineStart"))
-                 .contains(ioLine));
+        !OBDeviceControl::GetEnumerationTrans("TriggerSelector"_s, "LineStart"_s).contains(ioLine));
 }
 
 void TestFeaturesTranslate::demoCameraIsCovered()
 {
     QStringList missing;
     int features = 0;
-    const QDomNodeList references = m_camera.elementsByTagName(QStringLiteral("pFeature"));
+    const QDomNodeList references = m_camera.elementsByTagName("pFeature"_s);
     QHash<QString, QDomElement> nodes;
     QVector<QDomElement> open = {m_camera.documentElement()};
     while (!open.isEmpty()) {
@@ -207,8 +202,8 @@ void TestFeaturesTranslate::demoCameraIsCovered()
         for (QDomElement e = element.firstChildElement(); !e.isNull(); e = e.nextSiblingElement()) {
             if (e.tagName() == QLatin1String("Group"))
                 open.append(e);
-            else if (e.hasAttribute(QStringLiteral("Name")))
-                nodes.insert(e.attribute(QStringLiteral("Name")), e);
+            else if (e.hasAttribute("Name"_s))
+                nodes.insert(e.attribute("Name"_s), e);
         }
     }
     for (int i = 0; i < references.size(); ++i) {
@@ -218,9 +213,9 @@ void TestFeaturesTranslate::demoCameraIsCovered()
             OBDeviceControl::GetDescriptionTrans(name).isEmpty())
             missing += name;
         for (const QDomElement& entry : childrenOf(nodes.value(name), "EnumEntry")) {
-            const QString entryName = entry.attribute(QStringLiteral("Name"));
+            const QString entryName = entry.attribute("Name"_s);
             if (OBDeviceControl::GetEnumerationTrans(name, entryName).isEmpty())
-                missing += name + QStringLiteral(".") + entryName;
+                missing += name + "."_s + entryName;
         }
     }
     QVERIFY(features > 200);

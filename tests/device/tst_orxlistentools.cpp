@@ -17,7 +17,7 @@ public:
     }
     int notify(int code, void*) override
     {
-        m_log.append(QStringLiteral("%1:%2").arg(m_name).arg(code));
+        m_log.append("%1:%2"_s.arg(m_name).arg(code));
         if (onNotify)
             onNotify(code);
         return 0;
@@ -48,23 +48,22 @@ protected:
 void TestORXListenTools::levelsAreCalledInOrder()
 {
     QStringList log;
-    Listener low(log, QStringLiteral("low"));
-    Listener high(log, QStringLiteral("high"));
-    Listener normal(log, QStringLiteral("normal"));
+    Listener low(log, "low"_s);
+    Listener high(log, "high"_s);
+    Listener normal(log, "normal"_s);
     ORXListenTools* tools = ORXListenTools::instance();
     tools->addListener(&low, ORXListenTools::PriorityLow);
     tools->addListener(&normal, ORXListenTools::PriorityNormal);
     tools->addListener(&high, ORXListenTools::PriorityHigh);
     tools->addListener(&high, static_cast<ORXListenTools::PriorityLevel>(3)); // ignored
     tools->notifyListeners(6, nullptr);
-    QCOMPARE(log, QStringList({QStringLiteral("high:6"), QStringLiteral("normal:6"),
-                               QStringLiteral("low:6")}));
+    QCOMPARE(log, QStringList({"high:6"_s, "normal:6"_s, "low:6"_s}));
 }
 
 void TestORXListenTools::duplicatesCountPerLevel()
 {
     QStringList log;
-    Listener listener(log, QStringLiteral("a"));
+    Listener listener(log, "a"_s);
     ORXListenTools* tools = ORXListenTools::instance();
     tools->addListener(&listener, ORXListenTools::PriorityNormal);
     tools->addListener(&listener, ORXListenTools::PriorityNormal);
@@ -76,8 +75,8 @@ void TestORXListenTools::duplicatesCountPerLevel()
 void TestORXListenTools::removalTakesTheLowestLevelOnly()
 {
     QStringList log;
-    Listener listener(log, QStringLiteral("a"));
-    Listener unknown(log, QStringLiteral("b"));
+    Listener listener(log, "a"_s);
+    Listener unknown(log, "b"_s);
     ORXListenTools* tools = ORXListenTools::instance();
     tools->addListener(&listener, ORXListenTools::PriorityHigh);
     tools->addListener(&listener, ORXListenTools::PriorityNormal);
@@ -93,20 +92,20 @@ void TestORXListenTools::removalTakesTheLowestLevelOnly()
 void TestORXListenTools::listenersMayComeDuringANotification()
 {
     QStringList log;
-    Listener first(log, QStringLiteral("first"));
-    Listener late(log, QStringLiteral("late"));
+    Listener first(log, "first"_s);
+    Listener late(log, "late"_s);
     ORXListenTools* tools = ORXListenTools::instance();
     first.onNotify = [&](int) { tools->addListener(&late, ORXListenTools::PriorityNormal); };
     tools->addListener(&first, ORXListenTools::PriorityNormal);
     tools->notifyListeners(3, nullptr);
-    QCOMPARE(log, QStringList({QStringLiteral("first:3"), QStringLiteral("late:3")}));
+    QCOMPARE(log, QStringList({"first:3"_s, "late:3"_s}));
 }
 
 void TestORXListenTools::innerNotificationsRunToTheirEnd()
 {
     QStringList log;
-    Listener a(log, QStringLiteral("a"));
-    Listener b(log, QStringLiteral("b"));
+    Listener a(log, "a"_s);
+    Listener b(log, "b"_s);
     ORXListenTools* tools = ORXListenTools::instance();
     a.onNotify = [&](int code) {
         if (code == 1)
@@ -115,7 +114,7 @@ void TestORXListenTools::innerNotificationsRunToTheirEnd()
     tools->addListener(&a, ORXListenTools::PriorityNormal);
     tools->addListener(&b, ORXListenTools::PriorityNormal);
     tools->notifyListeners(1, nullptr);
-    QCOMPARE(log.join(QLatin1Char(' ')), QStringLiteral("a:1 a:2 b:2 b:1"));
+    QCOMPARE(log.join(QLatin1Char(' ')), "a:1 a:2 b:2 b:1"_s);
 }
 
 OBFT_TEST_MAIN(TestORXListenTools)

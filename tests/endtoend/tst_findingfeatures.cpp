@@ -42,7 +42,7 @@ int visibleFeatures(const DemoWindow& window)
 
 QLineEdit* searchBox(const DemoWindow& window)
 {
-    return window.widget()->featureGroup(1)->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
+    return window.widget()->featureGroup(1)->findChild<QLineEdit*>("FeatureSearch"_s);
 }
 
 void pressFind(const DemoWindow& window)
@@ -68,10 +68,10 @@ void addToFavorites(const DemoWindow& window, const char* name)
     QContextMenuEvent event(QContextMenuEvent::Mouse, at,
                             window.view()->viewport()->mapToGlobal(at));
     QApplication::sendEvent(window.view()->viewport(), &event);
-    auto* menu = window.tree()->findChild<QMenu*>(QStringLiteral("FavoritesMenu"));
+    auto* menu = window.tree()->findChild<QMenu*>("FavoritesMenu"_s);
     QVERIFY(menu && menu->isVisible());
     QAction* add = menu->actions().first();
-    QCOMPARE(add->text(), QStringLiteral("Add to Favorites"));
+    QCOMPARE(add->text(), "Add to Favorites"_s);
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(add).center());
     QTRY_VERIFY(!menu->isVisible());
     // Without a window manager nobody gives the window back what the menu took.
@@ -107,7 +107,7 @@ protected:
     {
         OB_FT_Release();
         OBDeviceControl::SetUserLevel(1);
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
+        ORXInterface::setLanguage("ENG"_s);
     }
 
 private:
@@ -119,7 +119,7 @@ private:
 void TestFindingFeatures::oneSitting()
 {
     DemoCamera camera;
-    const QStringList wanted = {QStringLiteral("ExposureTime"), QStringLiteral("Gain")};
+    const QStringList wanted = {"ExposureTime"_s, "Gain"_s};
     {
         const DemoWindow window(camera);
         QVERIFY(window.waitForFirstRead());
@@ -131,7 +131,7 @@ void TestFindingFeatures::oneSitting()
         findInChinese(window);
 
         const int before = visibleFeatures(window);
-        auto* level = window.widget()->findChild<QComboBox*>(QStringLiteral("ORXFeatureUserLevel"));
+        auto* level = window.widget()->findChild<QComboBox*>("ORXFeatureUserLevel"_s);
         level->setFocus();
         QTest::keyClick(level, Qt::Key_Up); // from "Beginner" to "Guru"
         QTRY_VERIFY(visibleFeatures(window) > before + 50);
@@ -147,7 +147,7 @@ void TestFindingFeatures::oneSitting()
 void TestFindingFeatures::findAndEdit(const DemoWindow& window, DemoCamera& camera)
 {
     pressFind(window);
-    QTest::keyClicks(searchBox(window), QStringLiteral("exposure"));
+    QTest::keyClicks(searchBox(window), "exposure"_s);
     QTest::keyClick(searchBox(window), Qt::Key_Down);
     QTRY_VERIFY(window.view()->hasFocus() || window.view()->isAncestorOf(qApp->focusWidget()));
     QVERIFY(!window.item("ExposureTime")->getHighlightSerachText().isEmpty());
@@ -155,7 +155,7 @@ void TestFindingFeatures::findAndEdit(const DemoWindow& window, DemoCamera& came
     QVERIFY(editor);
     editor->setFocus();
     QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(editor, QStringLiteral("12000"));
+    QTest::keyClicks(editor, "12000"_s);
     QTest::keyClick(editor, Qt::Key_Return);
     _ZDCC_FLOATVALUE_T value = {};
     QCOMPARE(camera.read(OB_FT_TYPE_FLOAT, "ExposureTime", &value), 0);
@@ -180,20 +180,18 @@ void TestFindingFeatures::collectFavorites(const DemoWindow& window)
 
 void TestFindingFeatures::findInChinese(const DemoWindow& window)
 {
-    auto* button = window.widget()->findChild<QAbstractButton*>(QStringLiteral("ORXFeatureLangue"));
+    auto* button = window.widget()->findChild<QAbstractButton*>("ORXFeatureLangue"_s);
     QTest::mouseClick(button, Qt::LeftButton);
-    QTRY_COMPARE(window.item("ExposureTime")->value()->translateName(),
-                 QString::fromUtf8("曝光时间"));
-    typeIntoSearch(window, QString::fromUtf8("曝光时间"));
+    QTRY_COMPARE(window.item("ExposureTime")->value()->translateName(), "曝光时间"_s);
+    typeIntoSearch(window, "曝光时间"_s);
     QVERIFY(!window.item("ExposureTime")->getHighlightSerachText().isEmpty());
     QVERIFY(window.item("Gain")->getHighlightSerachText().isEmpty());
     ORXPropertyTreeItem* favorite = window.item("ExposureTime")->mappingItem();
     QVERIFY(favorite); // the shown group is that of the favourites, and it has a hit
     QTest::mouseClick(window.view()->viewport(), Qt::LeftButton, {}, window.rowOf(favorite));
-    const auto* panel = window.tree()->findChild<QTextEdit*>(QStringLiteral("FeatureDescription"));
-    QVERIFY2(panel->toPlainText().contains(QString::fromUtf8("曝光时间")),
-             qPrintable(panel->toPlainText()));
-    QVERIFY(panel->toPlainText().contains(QString::fromUtf8("传感器")));
+    const auto* panel = window.tree()->findChild<QTextEdit*>("FeatureDescription"_s);
+    QVERIFY2(panel->toPlainText().contains("曝光时间"_s), qPrintable(panel->toPlainText()));
+    QVERIFY(panel->toPlainText().contains("传感器"_s));
 }
 
 OBFT_TEST_MAIN(TestFindingFeatures)

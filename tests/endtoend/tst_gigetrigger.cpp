@@ -70,18 +70,16 @@ void TestGigETrigger::pageShowsWhatTheCameraHas()
 
 void TestGigETrigger::choiceReachesTheCamera()
 {
-    QVERIFY(m_window->choose(kPage, "TriggerMode", QStringLiteral("On")));
-    QVERIFY(FakeGigECamera::readIndependently(QStringLiteral("TriggerMode"))
-                .contains(QStringLiteral("On")));
-    QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kTree, "TriggerMode"), QStringLiteral("On"), kSlowMs);
-    QVERIFY(m_window->choose(kTree, "TriggerMode", QStringLiteral("Off")));
-    QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kPage, "TriggerMode"), QStringLiteral("Off"),
-                              kSlowMs);
+    QVERIFY(m_window->choose(kPage, "TriggerMode", "On"_s));
+    QVERIFY(FakeGigECamera::readIndependently("TriggerMode"_s).contains("On"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kTree, "TriggerMode"), "On"_s, kSlowMs);
+    QVERIFY(m_window->choose(kTree, "TriggerMode", "Off"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kPage, "TriggerMode"), "Off"_s, kSlowMs);
 }
 
 void TestGigETrigger::autoTriggerExecutesTheCommand()
 {
-    QVERIFY(m_window->enter(kPage, "Custom_AutoTrigTime", QStringLiteral("1")));
+    QVERIFY(m_window->enter(kPage, "Custom_AutoTrigTime", "1"_s));
     m_camera->forget();
     QVERIFY(m_window->click(kPage, "Custom_EnableAutoTrig"));
     // Each command is a round trip that the camera acknowledges.

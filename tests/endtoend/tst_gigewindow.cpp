@@ -77,8 +77,8 @@ void TestGigEWindow::initTestCase()
     m_host = std::make_unique<HostCallbacks>(*m_camera);
     OB_FT_Init(m_camera->descriptionXml().c_str(), nullptr, nullptr);
     OB_FT_SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
-                          HostCallbacks::getMode, HostCallbacks::invalidate,
-                          HostCallbacks::action, m_host.get());
+                          HostCallbacks::getMode, HostCallbacks::invalidate, HostCallbacks::action,
+                          m_host.get());
     OB_FT_SetWidgetSize(900, 900);
     OB_FT_Start(nullptr, 0);
     m_tree = ORXMainFeatureWidget::instance(nullptr)->featureTree(1, false);
@@ -103,8 +103,8 @@ Editor* TestGigEWindow::editorOf(const char* name)
     CFeatureGroupTreeView* groups =
         ORXMainFeatureWidget::instance(nullptr)->featureGroup(1)->groupView();
     const QModelIndex page = groups->model()->index(0, 0);
-    const QModelIndex row = groups->model()->index(
-        group->indexInParent(ORXPropertyTreeItem::FeatureTreePage), 0, page);
+    const QModelIndex row =
+        groups->model()->index(group->indexInParent(ORXPropertyTreeItem::FeatureTreePage), 0, page);
     QTest::mouseClick(groups->viewport(), Qt::LeftButton, {}, groups->visualRect(row).center());
     ORXFeatureTreeView* view = m_tree->treeView();
     QWidget* editor = nullptr;
@@ -123,10 +123,9 @@ void TestGigEWindow::typedWidthReachesTheCamera()
 {
     auto* width = editorOf<QWidget>("Width");
     QVERIFY(width);
-    const QString wanted =
-        shown("Width") == QLatin1String("320") ? QStringLiteral("256") : QStringLiteral("320");
+    const QString wanted = shown("Width") == QLatin1String("320") ? "256"_s : "320"_s;
     type(width, wanted);
-    QVERIFY(FakeGigECamera::readIndependently(QStringLiteral("Width")).contains(wanted));
+    QVERIFY(FakeGigECamera::readIndependently("Width"_s).contains(wanted));
     QTRY_COMPARE_WITH_TIMEOUT(shown("Width"), wanted, kSlowMs);
 }
 
@@ -134,7 +133,7 @@ void TestGigEWindow::valueOutOfRangeIsNotSent()
 {
     auto* width = editorOf<QWidget>("Width");
     QVERIFY(width);
-    type(width, QStringLiteral("99999999"));
+    type(width, "99999999"_s);
     QTest::keyClick(width, Qt::Key_Tab);
     // Whatever the editor makes of it (the nearest legal value), it is legal, and window and camera
     // agree.
@@ -154,7 +153,7 @@ void TestGigEWindow::chosenEntryReachesTheCamera()
     QTest::keyClick(format, format->currentIndex() == 0 ? Qt::Key_Down : Qt::Key_Up);
     const QString text = format->currentText();
     QVERIFY(text != old);
-    QVERIFY(FakeGigECamera::readIndependently(QStringLiteral("PixelFormat")).contains(text));
+    QVERIFY(FakeGigECamera::readIndependently("PixelFormat"_s).contains(text));
     QTRY_COMPARE_WITH_TIMEOUT(shown("PixelFormat"), text, kSlowMs);
 }
 
@@ -163,11 +162,11 @@ void TestGigEWindow::commandIsExecuted()
     auto* button = editorOf<QPushButton>("AcquisitionStart");
     QVERIFY(button);
     QTest::mouseClick(button, Qt::LeftButton);
-    QVERIFY(MessageGuard::contains(QStringLiteral("NodeName:AcquisitionStart")));
+    QVERIFY(MessageGuard::contains("NodeName:AcquisitionStart"_s));
     auto* stop = editorOf<QPushButton>("AcquisitionStop");
     QVERIFY(stop);
     QTest::mouseClick(stop, Qt::LeftButton);
-    QVERIFY(MessageGuard::contains(QStringLiteral("NodeName:AcquisitionStop")));
+    QVERIFY(MessageGuard::contains("NodeName:AcquisitionStop"_s));
 }
 
 void TestGigEWindow::valueChangedByAnotherProgramShowsAfterRefresh()
@@ -175,8 +174,7 @@ void TestGigEWindow::valueChangedByAnotherProgramShowsAfterRefresh()
     // Another program cannot take control while this one has it, so the register is written past
     // the window: through the camera object, as a second user of the host would.
     QVERIFY(editorOf<QWidget>("Height"));
-    const QString wanted = shown("Height") == QLatin1String("200") ? QStringLiteral("160")
-                                                                   : QStringLiteral("200");
+    const QString wanted = shown("Height") == QLatin1String("200") ? "160"_s : "200"_s;
     QCOMPARE(m_camera->write(OB_FT_TYPE_INTEGER, "Height", wanted.toStdString()), 0);
     QVERIFY(shown("Height") != wanted);
     OB_FT_UpdateFeatures();
@@ -185,18 +183,17 @@ void TestGigEWindow::valueChangedByAnotherProgramShowsAfterRefresh()
 
 void TestGigEWindow::windowSurvivesTheCamerasDeath()
 {
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::expectMessage("Read Feature Failed"_s);
     OB_FT_UpdateFeatures();
     m_fake->kill();
     // The window stays alive and answers while the pass runs into the dead camera.
     auto* width = editorOf<QWidget>("Width");
     QVERIFY(width);
-    type(width, QStringLiteral("128"));
+    type(width, "128"_s);
     QTRY_VERIFY_WITH_TIMEOUT(m_tree->findChild<ZELCustomMessageBox*>(), kSlowMs);
     auto* box = m_tree->findChild<ZELCustomMessageBox*>();
-    QCOMPARE(box->cTextTitle(), QStringLiteral("Failed to set the feature value."));
-    QVERIFY(box->cContent().startsWith(
-        QStringLiteral("Node 'Width':failed to save value '128'\r\n")));
+    QCOMPARE(box->cTextTitle(), "Failed to set the feature value."_s);
+    QVERIFY(box->cContent().startsWith("Node 'Width':failed to save value '128'\r\n"_s));
     QCOMPARE(OB_FT_UpdateFeatures(), 0);
     QCOMPARE(OB_FT_Close(), 0);
 }

@@ -74,11 +74,10 @@ private:
 
 void TestLutDemoCamera::tablesAreWrittenApart_data()
 {
-    QTest::addColumn<int>("selector");
-    QTest::addColumn<int>("type");
-    QTest::newRow("luminance, fold line") << 0 << int(QLUTDrawWidget::FoldLine);
-    QTest::newRow("green, curve") << 2 << int(QLUTDrawWidget::SmoothCurve);
-    QTest::newRow("blue, free line") << 3 << int(QLUTDrawWidget::FreeLine);
+    const Rows<int, int> row("selector", "type");
+    row("luminance, fold line", 0, QLUTDrawWidget::FoldLine);
+    row("green, curve", 2, QLUTDrawWidget::SmoothCurve);
+    row("blue, free line", 3, QLUTDrawWidget::FreeLine);
 }
 
 void TestLutDemoCamera::tablesAreWrittenApart()
@@ -105,26 +104,23 @@ void TestLutDemoCamera::tablesAreWrittenApart()
 
 void TestLutDemoCamera::lostCameraIsTold_data()
 {
-    QTest::addColumn<bool>("set");
-    QTest::addColumn<QString>("line");
+    const Rows<bool, QString> row("set", "line");
     // Two reads of the limits, then two calls for each point.
-    QTest::newRow("loading") << false
-                             << QStringLiteral("LUT: reading failed after 200 of 1024 points");
-    QTest::newRow("setting") << true << QStringLiteral("LUT: only 201 of 1024 points written");
+    row("loading", false, "LUT: reading failed after 200 of 1024 points");
+    row("setting", true, "LUT: only 201 of 1024 points written");
 }
 
 void TestLutDemoCamera::lostCameraIsTold()
 {
     QFETCH(bool, set);
     QFETCH(QString, line);
-    MessageGuard::expectMessage(QStringLiteral("LUT: "));
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::expectMessage("LUT: "_s);
+    MessageGuard::expectMessage("Read Feature Failed"_s);
     const QVector<int> memoryBefore = memory(0);
     m_widget->SetLUTInfo(1024, 4095, {{0, 7}}, m_widget->GetCurrentDrawLine());
     const LUTPoints before = m_widget->GetSettinngPoints();
     QString error;
-    FaultyCamera faulty(*m_camera,
-                        *FaultPlan::parse(QStringLiteral("disconnect after 402"), &error));
+    FaultyCamera faulty(*m_camera, *FaultPlan::parse("disconnect after 402"_s, &error));
     HostCallbacks callbacks(faulty);
     OBDeviceControl::SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature, nullptr,
                                      nullptr, nullptr, &callbacks);

@@ -330,7 +330,7 @@ void TestCamera::realValueIsSeenFromOutside()
     if (!m_real)
         QSKIP(qPrintable(m_skipReal));
     QCOMPARE(m_real->write(OB_FT_TYPE_INTEGER, "Width", "640"), 0);
-    QCOMPARE(FakeGigECamera::readIndependently(QStringLiteral("Width")), QStringLiteral("640"));
+    QCOMPARE(FakeGigECamera::readIndependently("Width"_s), "640"_s);
     // A serial number is found by search only.
     const auto found = RealCamera::list();
     QVERIFY(std::any_of(found.begin(), found.end(), [this](const RealCamera::Found& camera) {

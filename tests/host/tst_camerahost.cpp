@@ -39,12 +39,12 @@ TestCameraHost::Run TestCameraHost::run(const QStringList& arguments, bool displ
 {
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("DISPLAY"));
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.remove("DISPLAY"_s);
+    environment.remove("WAYLAND_DISPLAY"_s);
     if (display)
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert("QT_QPA_PLATFORM"_s, "offscreen"_s);
     else
-        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        environment.remove("QT_QPA_PLATFORM"_s);
     program.setProcessEnvironment(environment);
     program.setWorkingDirectory(m_directory.path());
     program.setProcessChannelMode(QProcess::MergedChannels);
@@ -52,7 +52,7 @@ TestCameraHost::Run TestCameraHost::run(const QStringList& arguments, bool displ
     if (!program.waitForFinished(90000)) {
         program.kill();
         program.waitForFinished();
-        return {-1, QStringLiteral("did not end")};
+        return {-1, "did not end"_s};
     }
     const bool crashed = program.exitStatus() == QProcess::CrashExit;
     return {crashed ? -2 : program.exitCode(), QString::fromUtf8(program.readAll())};
@@ -60,47 +60,42 @@ TestCameraHost::Run TestCameraHost::run(const QStringList& arguments, bool displ
 
 void TestCameraHost::drawsOffScreenWithoutADisplay()
 {
-    const Run result = run({QStringLiteral("--size"), QStringLiteral("900x600")}, false);
+    const Run result = run({"--size"_s, "900x600"_s}, false);
     QVERIFY2(result.code == 0, qPrintable(result.output));
     QVERIFY(result.output.contains(QLatin1String("no display; drawing off screen")));
-    static const QRegularExpression count(QStringLiteral("features: (\\d+) in the description"));
+    static const QRegularExpression count("features: (\\d+) in the description"_s);
     QVERIFY(count.match(result.output).captured(1).toInt() >= 300);
-    QCOMPARE(QImage(m_directory.filePath(QStringLiteral("camera-host.png"))).size(),
-             QSize(900, 600));
+    QCOMPARE(QImage(m_directory.filePath("camera-host.png"_s)).size(), QSize(900, 600));
 }
 
 void TestCameraHost::showsADescription_data()
 {
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("expected");
+    const Rows<QByteArray, QString> row("xml", "expected");
     const QByteArray demo = DemoCamera::description();
-    QTest::newRow("sound") << demo << QStringLiteral("picture: ");
-    QTest::newRow("cut off") << demo.left(5000) << QStringLiteral("does not parse");
-    QTest::newRow("no XML") << QByteArray("hello") << QStringLiteral("does not parse");
+    row("sound", demo, "picture: ");
+    row("cut off", demo.left(5000), "does not parse");
+    row("no XML", "hello", "does not parse");
 }
 
 void TestCameraHost::showsADescription()
 {
     QFETCH(QByteArray, xml);
     QFETCH(QString, expected);
-    QFile file(m_directory.filePath(QStringLiteral("camera.xml")));
+    QFile file(m_directory.filePath("camera.xml"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(xml);
     file.close();
-    const Run result = run({QStringLiteral("--xml"), file.fileName(),
-                            QStringLiteral("--screenshot"), QStringLiteral("window.png")});
+    const Run result = run({"--xml"_s, file.fileName(), "--screenshot"_s, "window.png"_s});
     QVERIFY2(result.code == 0, qPrintable(result.output));
     QVERIFY2(result.output.contains(expected), qPrintable(result.output));
 }
 
 void TestCameraHost::runsSteps()
 {
-    const Run result =
-        run({QStringLiteral("--do"),
-             QStringLiteral("settle; picture=one.png; size=700x500; picture=two.png")});
+    const Run result = run({"--do"_s, "settle; picture=one.png; size=700x500; picture=two.png"_s});
     QVERIFY2(result.code == 0, qPrintable(result.output));
-    QVERIFY(!QImage(m_directory.filePath(QStringLiteral("one.png"))).isNull());
-    QCOMPARE(QImage(m_directory.filePath(QStringLiteral("two.png"))).size(), QSize(700, 500));
+    QVERIFY(!QImage(m_directory.filePath("one.png"_s)).isNull());
+    QCOMPARE(QImage(m_directory.filePath("two.png"_s)).size(), QSize(700, 500));
 }
 
 void TestCameraHost::leavesWithAnExitCode_data()
@@ -131,20 +126,19 @@ void TestCameraHost::leavesWithAnExitCode()
 
 void TestCameraHost::survivesFaults_data()
 {
-    QTest::addColumn<QString>("plan");
+    const Rows<QString> row("plan");
     for (const char* plan :
          {"error * 0x80000001 always", "mode * 9",
           "text * unterminated; range * min=10 max=1 inc=0; entries * 4000000000; long-name *; "
           "long-text *",
           "range * value=nan min=nan max=nan inc=-5; vanish * after 400", "disconnect after 300"})
-        QTest::newRow(plan) << QString::fromLatin1(plan);
+        row.of(plan);
 }
 
 void TestCameraHost::survivesFaults()
 {
     QFETCH(QString, plan);
-    const Run result = run({QStringLiteral("--faults"), plan, QStringLiteral("--screenshot"),
-                            QStringLiteral("faults.png")});
+    const Run result = run({"--faults"_s, plan, "--screenshot"_s, "faults.png"_s});
     QVERIFY2(result.code == 0, qPrintable(result.output));
     const bool lost = plan.startsWith(QLatin1String("disconnect"));
     QCOMPARE(result.output.contains(QLatin1String("the camera is back")), lost);
@@ -157,10 +151,9 @@ void TestCameraHost::showsARealCamera()
         QSKIP(qPrintable(skip));
     FakeGigECamera camera;
     QVERIFY(camera.start());
-    const Run list = run({QStringLiteral("--list")});
+    const Run list = run({"--list"_s});
     QVERIFY2(list.output.contains(camera.serial()), qPrintable(list.output));
-    const Run result = run({QStringLiteral("--camera"), camera.serial(),
-                            QStringLiteral("--screenshot"), QStringLiteral("real.png")});
+    const Run result = run({"--camera"_s, camera.serial(), "--screenshot"_s, "real.png"_s});
     QVERIFY2(result.code == 0, qPrintable(result.output));
     QVERIFY2(result.output.contains(QLatin1String("camera: Fake")), qPrintable(result.output));
 }

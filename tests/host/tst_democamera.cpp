@@ -181,10 +181,10 @@ QString TestDemoCamera::faultOf(const std::string& name)
     static const std::set<std::string> kLevels{"Beginner", "Expert", "Guru", "Invisible"};
     if (!node || node->displayName.empty() || kLevels.count(node->visibility) == 0 ||
         node->description.size() < 10 || node->description.back() != '.')
-        return QStringLiteral("is not described");
+        return "is not described"_s;
     for (const std::string& selected : node->selected) {
         if (!m_camera->nodes().find(selected))
-            return QStringLiteral("selects a feature that is not there");
+            return "selects a feature that is not there"_s;
     }
     const int access = mode(name.c_str());
     const int type = typeOf(node->tag);
@@ -197,20 +197,20 @@ QString TestDemoCamera::faultOf(const std::string& name)
         _ZDCC_STRINGVALUE_T text;
     } record{};
     if (m_camera->read(type, name, &record) != 0)
-        return QStringLiteral("cannot be read");
+        return "cannot be read"_s;
     const auto& integer = record.integer;
     if (type == OB_FT_TYPE_INTEGER && (integer.value < integer.minimum ||
                                        integer.value > integer.maximum || integer.increment < 1))
-        return QStringLiteral("is out of range");
+        return "is out of range"_s;
     const auto& real = record.real;
     if (type == OB_FT_TYPE_FLOAT && !(real.minimum <= real.value && real.value <= real.maximum))
-        return QStringLiteral("is out of range");
+        return "is out of range"_s;
     const std::uint32_t* first = record.entries.supported;
     if (type == OB_FT_TYPE_ENUMERATION &&
         std::count(first, first + record.entries.supportedCount, record.entries.value) != 1)
-        return QStringLiteral("is at no entry");
+        return "is at no entry"_s;
     if (access == OB_FT_ACCESS_READ_WRITE && set(name, anyValue(name)) != 0)
-        return QStringLiteral("cannot be written back");
+        return "cannot be written back"_s;
     return QString();
 }
 
@@ -262,12 +262,11 @@ void TestDemoCamera::acquisitionLocks()
 
 void TestDemoCamera::acquisitionStopsByItself_data()
 {
-    QTest::addColumn<QByteArray>("mode");
-    QTest::addColumn<int>("frames"); // at 10 per second, after two seconds
-    QTest::addColumn<bool>("running");
-    QTest::newRow("single frame") << QByteArray("0") << 1 << false;
-    QTest::newRow("multi frame") << QByteArray("1") << 7 << false;
-    QTest::newRow("continuous") << QByteArray("2") << 20 << true;
+    // frames: at 10 per second, after two seconds
+    const Rows<QByteArray, int, bool> row("mode", "frames", "running");
+    row("single frame", "0", 1, false);
+    row("multi frame", "1", 7, false);
+    row("continuous", "2", 20, true);
 }
 
 void TestDemoCamera::acquisitionStopsByItself()
@@ -338,11 +337,10 @@ void TestDemoCamera::binningShrinksTheRegion()
 
 void TestDemoCamera::automaticMovesAndLocks_data()
 {
-    QTest::addColumn<QByteArray>("automatic");
-    QTest::addColumn<QByteArray>("feature");
-    QTest::newRow("exposure") << QByteArray("ExposureAuto") << QByteArray("ExposureTime");
-    QTest::newRow("gain") << QByteArray("GainAuto") << QByteArray("Gain");
-    QTest::newRow("white balance") << QByteArray("BalanceWhiteAuto") << QByteArray("BalanceRatio");
+    const Rows<QByteArray, QByteArray> row("automatic", "feature");
+    row("exposure", "ExposureAuto", "ExposureTime");
+    row("gain", "GainAuto", "Gain");
+    row("white balance", "BalanceWhiteAuto", "BalanceRatio");
 }
 
 void TestDemoCamera::automaticMovesAndLocks()
@@ -479,22 +477,16 @@ void TestDemoCamera::colourMatrixExcludesTransformation()
 
 void TestDemoCamera::selectorsSwitchTheirFeatures_data()
 {
-    QTest::addColumn<QByteArray>("selector");
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<QByteArray>("value");
-    const auto row = [](const char* selector, const char* feature, const char* value) {
-        QTest::addRow("%s", feature)
-            << QByteArray(selector) << QByteArray(feature) << QByteArray(value);
-    };
-    row("RegionSelector", "Height", "64");
-    row("GainSelector", "Gain", "3");
-    row("ColorTransformationValueSelector", "ColorTransformationValue", "-1");
-    row("BalanceRatioSelector", "BalanceRatio", "77");
-    row("TriggerSelector", "TriggerMode", "1");
-    row("EventSelector", "EventNotification", "1");
-    row("LineSelector", "LineInverter", "1");
-    row("UserSetSelector", "UserSetDescription", "mine");
-    row("SequencerPathSelector", "SequencerSetNext", "3");
+    const Rows<QByteArray, QByteArray, QByteArray> row("selector", "feature", "value");
+    row.of("RegionSelector", "Height", "64");
+    row.of("GainSelector", "Gain", "3");
+    row.of("ColorTransformationValueSelector", "ColorTransformationValue", "-1");
+    row.of("BalanceRatioSelector", "BalanceRatio", "77");
+    row.of("TriggerSelector", "TriggerMode", "1");
+    row.of("EventSelector", "EventNotification", "1");
+    row.of("LineSelector", "LineInverter", "1");
+    row.of("UserSetSelector", "UserSetDescription", "mine");
+    row.of("SequencerPathSelector", "SequencerSetNext", "3");
 }
 
 void TestDemoCamera::selectorsSwitchTheirFeatures()
@@ -518,12 +510,11 @@ void TestDemoCamera::selectorsSwitchTheirFeatures()
 
 void TestDemoCamera::clockMoves_data()
 {
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<qint64>("afterOneSecond");
-    QTest::newRow("time stamp") << QByteArray("Timestamp") << qint64(1000000000);
-    QTest::newRow("up time") << QByteArray("DeviceUpTime") << qint64(1);
-    QTest::newRow("encoder") << QByteArray("EncoderValue") << qint64(100);
-    QTest::newRow("encoder counter") << QByteArray("EncoderCounter") << qint64(100);
+    const Rows<QByteArray, qint64> row("feature", "afterOneSecond");
+    row("time stamp", "Timestamp", 1000000000);
+    row("up time", "DeviceUpTime", 1);
+    row("encoder", "EncoderValue", 100);
+    row("encoder counter", "EncoderCounter", 100);
 }
 
 void TestDemoCamera::clockMoves()
@@ -617,14 +608,8 @@ void TestDemoCamera::linesFollowTheirSources()
 // The axis turns forward for 8 seconds at 100 steps a second, then back for 2.
 void TestDemoCamera::encoderFollowsItsSettings_data()
 {
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<QByteArray>("value");
-    QTest::addColumn<qint64>("after8s");
-    QTest::addColumn<qint64>("after10s");
-    const auto row = [](const char* name, const char* feature, const char* value, qint64 forward,
-                        qint64 back) {
-        QTest::newRow(name) << QByteArray(feature) << QByteArray(value) << forward << back;
-    };
+    const Rows<QByteArray, QByteArray, qint64, qint64> row("feature", "value", "after8s",
+                                                           "after10s");
     row("forward and back", "EncoderCounterMode", "0", 800, 600);
     row("both ways count", "EncoderCounterMode", "1", 800, 1000);
     row("starts over at the maximum", "EncoderCounterMax", "499", 300, 100);
@@ -648,11 +633,7 @@ void TestDemoCamera::encoderFollowsItsSettings()
 // What each source makes of ten seconds of frame start triggers.
 void TestDemoCamera::signalsTriggerAndCount_data()
 {
-    QTest::addColumn<QStringList>("settings");
-    QTest::addColumn<qint64>("triggers");
-    const auto row = [](const char* name, const char* settings, qint64 triggers) {
-        QTest::newRow(name) << QString::fromLatin1(settings).split(QLatin1Char(' ')) << triggers;
-    };
+    const Rows<QStringList, qint64> row("settings", "triggers");
     row("line 0", "TriggerSource=1", 5);
     row("encoder, new positions", "TriggerSource=6", 800);
     row("encoder, any motion", "TriggerSource=6 EncoderOutputMode=5", 1000);
@@ -670,9 +651,9 @@ void TestDemoCamera::signalsTriggerAndCount()
 {
     QFETCH(QStringList, settings);
     QFETCH(qint64, triggers);
-    settings.prepend(QStringLiteral("TriggerMode=1"));
-    settings.prepend(QStringLiteral("CounterEventSource=1"));
-    settings.prepend(QStringLiteral("DeviceScanType=1")); // only line scan triggers by encoder
+    settings.prepend("TriggerMode=1"_s);
+    settings.prepend("CounterEventSource=1"_s);
+    settings.prepend("DeviceScanType=1"_s); // only line scan triggers by encoder
     for (const QString& setting : qAsConst(settings)) {
         const QStringList parts = setting.split(QLatin1Char('='));
         QCOMPARE(set(parts[0].toStdString(), parts[1].toStdString()), 0);

@@ -112,23 +112,19 @@ void TestFaultPlan::understandsRules()
 
 void TestFaultPlan::refusesWithALineNumber_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("error");
-    const auto row = [](const char* text, const char* error) {
-        QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(error);
-    };
-    row("explode *", "line 1: there is no rule \"explode\"");
-    row("seed 1\nlatency *", "line 2: number of milliseconds is missing");
-    row("latency * fast", "line 1: \"fast\" is no number of milliseconds");
-    row("latency * -5", "line 1: \"-5\" is no number of milliseconds");
-    row("error Gain", "line 1: error code is missing");
-    row("error Gain 1 now", "line 1: \"now\" is not understood");
-    row("error Gain 1 on air", "line 1: \"on\" needs read, write or mode");
-    row("error Gain 1 times 0", "line 1: \"0\" is no number of calls");
-    row("lock Gain", "line 1: \"by\" is missing");
-    row("text S loud", "line 1: \"loud\" is no kind of text");
-    row("range Width low=3", "line 1: \"low=3\" is not understood");
-    row("mode Gain 3; lock A by B C", "line 1: \"C\" is too much");
+    const Rows<QString, QString> row("text", "error");
+    row.of("explode *", "line 1: there is no rule \"explode\"");
+    row.of("seed 1\nlatency *", "line 2: number of milliseconds is missing");
+    row.of("latency * fast", "line 1: \"fast\" is no number of milliseconds");
+    row.of("latency * -5", "line 1: \"-5\" is no number of milliseconds");
+    row.of("error Gain", "line 1: error code is missing");
+    row.of("error Gain 1 now", "line 1: \"now\" is not understood");
+    row.of("error Gain 1 on air", "line 1: \"on\" needs read, write or mode");
+    row.of("error Gain 1 times 0", "line 1: \"0\" is no number of calls");
+    row.of("lock Gain", "line 1: \"by\" is missing");
+    row.of("text S loud", "line 1: \"loud\" is no kind of text");
+    row.of("range Width low=3", "line 1: \"low=3\" is not understood");
+    row.of("mode Gain 3; lock A by B C", "line 1: \"C\" is too much");
 }
 
 void TestFaultPlan::refusesWithALineNumber()
@@ -142,7 +138,7 @@ void TestFaultPlan::refusesWithALineNumber()
 void TestFaultPlan::readsFilesAndInlineText()
 {
     QTemporaryDir directory;
-    const QString name = directory.filePath(QStringLiteral("plan.txt"));
+    const QString name = directory.filePath("plan.txt"_s);
     QFile file(name);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("# slow\nseed 42\nlatency * 1\n\nrange W value=nan ; vanish B\n");
@@ -153,22 +149,19 @@ void TestFaultPlan::readsFilesAndInlineText()
     QCOMPARE(fromFile->seed, 42U);
     QCOMPARE(fromFile->rules.size(), std::size_t(3));
     QVERIFY(std::isnan(fromFile->rules[1].value.value()));
-    QCOMPARE(FaultPlan::load(QStringLiteral("vanish A; vanish B"), &error)->rules.size(),
-             std::size_t(2));
+    QCOMPARE(FaultPlan::load("vanish A; vanish B"_s, &error)->rules.size(), std::size_t(2));
     QVERIFY(FaultPlan::load(QString(), &error)->rules.empty());
 }
 
 void TestFaultPlan::matchesPatterns_data()
 {
-    QTest::addColumn<QByteArray>("pattern");
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<bool>("matches");
-    QTest::newRow("all") << QByteArray("*") << QByteArray() << true;
-    QTest::newRow("same") << QByteArray("Gain") << QByteArray("Gain") << true;
-    QTest::newRow("case") << QByteArray("Gain") << QByteArray("gain") << false;
-    QTest::newRow("part") << QByteArray("Gain") << QByteArray("GainAuto") << false;
-    QTest::newRow("beginning") << QByteArray("Gain*") << QByteArray("GainAuto") << true;
-    QTest::newRow("one character") << QByteArray("Line?") << QByteArray("Line3") << true;
+    const Rows<QByteArray, QByteArray, bool> row("pattern", "name", "matches");
+    row("all", "*", "", true);
+    row("same", "Gain", "Gain", true);
+    row("case", "Gain", "gain", false);
+    row("part", "Gain", "GainAuto", false);
+    row("beginning", "Gain*", "GainAuto", true);
+    row("one character", "Line?", "Line3", true);
 }
 
 void TestFaultPlan::matchesPatterns()

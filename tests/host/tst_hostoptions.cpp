@@ -35,26 +35,23 @@ void TestHostOptions::initTestCase()
 
 HostOptions::Outcome TestHostOptions::parse(const QStringList& arguments, HostOptions* options)
 {
-    return HostOptions::parse(QStringList(QStringLiteral("camera-host")) + arguments, options);
+    return HostOptions::parse(QStringList("camera-host"_s) + arguments, options);
 }
 
 void TestHostOptions::acceptsOptions()
 {
     HostOptions options;
-    const auto outcome =
-        parse({QStringLiteral("--xml"), file("camera.xml"), QStringLiteral("--translations"),
-               file("camera.xml"), QStringLiteral("--language"), QStringLiteral("zh"),
-               QStringLiteral("--size"), QStringLiteral("640x480"), QStringLiteral("--screenshot"),
-               QStringLiteral("a.png"), QStringLiteral("--faults"), QStringLiteral("latency * 5"),
-               QStringLiteral("--do"), QStringLiteral("tab=1"), QStringLiteral("--timeout"),
-               QStringLiteral("5"), QStringLiteral("--verbose")},
-              &options);
+    const auto outcome = parse({"--xml"_s, file("camera.xml"), "--translations"_s,
+                                file("camera.xml"), "--language"_s, "zh"_s, "--size"_s, "640x480"_s,
+                                "--screenshot"_s, "a.png"_s, "--faults"_s, "latency * 5"_s,
+                                "--do"_s, "tab=1"_s, "--timeout"_s, "5"_s, "--verbose"_s},
+                               &options);
     QVERIFY2(outcome.run, qPrintable(outcome.message));
     QCOMPARE(options.description, QByteArray("<RegisterDescription/>"));
     QCOMPARE(options.translations, QByteArray("<RegisterDescription/>"));
     QCOMPARE(options.language, 1);
     QCOMPARE(options.size, QSize(640, 480));
-    QCOMPARE(options.picture, QStringLiteral("a.png"));
+    QCOMPARE(options.picture, "a.png"_s);
     QCOMPARE(options.faults.rules.size(), std::size_t(1));
     QCOMPARE(options.steps.steps.size(), std::size_t(1));
     QCOMPARE(options.timeoutSeconds, 5);
@@ -116,25 +113,24 @@ void TestHostOptions::refuses()
 void TestHostOptions::readsSteps()
 {
     QString error;
-    const auto script = StepScript::parse(
-        QStringLiteral(" tab = 2 ; select=Gain Auto\nset=Width:640 # narrow; and more\nsettle;;"
-                       "wait=250; picture=a=b.png"),
-        &error);
+    const auto script =
+        StepScript::parse(" tab = 2 ; select=Gain Auto\nset=Width:640 # narrow; and more\nsettle;;"
+                          "wait=250; picture=a=b.png"_s,
+                          &error);
     QVERIFY2(script, qPrintable(error));
     QStringList read;
     for (const StepScript::Step& step : script->steps)
         read << step.verb + QLatin1Char('|') + step.argument;
-    QCOMPARE(
-        read.join(QLatin1Char(' ')),
-        QStringLiteral("tab|2 select|Gain Auto set|Width:640 settle| wait|250 picture|a=b.png"));
+    QCOMPARE(read.join(QLatin1Char(' ')),
+             "tab|2 select|Gain Auto set|Width:640 settle| wait|250 picture|a=b.png"_s);
 }
 
 void TestHostOptions::refusesSteps_data()
 {
-    QTest::addColumn<QString>("text");
+    const Rows<QString> row("text");
     for (const char* text : {"jump", "tab", "tab=", "wait=soon", "wait=-1", "size=3x4", "set=Width",
                              "settle=now", "select=A; =B"})
-        QTest::newRow(text) << QString::fromLatin1(text);
+        row.of(text);
 }
 
 void TestHostOptions::refusesSteps()

@@ -17,15 +17,12 @@ private slots:
 
 void TestRegisterMemory::keepsNumbers_data()
 {
-    QTest::addColumn<int>("bytes");
-    QTest::addColumn<bool>("bigEndian");
-    QTest::addColumn<qint64>("written");
-    QTest::addColumn<qint64>("read");
-    QTest::newRow("byte") << 1 << false << qint64(200) << qint64(200);
-    QTest::newRow("cut off") << 2 << false << qint64(0x12345) << qint64(0x2345);
-    QTest::newRow("big endian") << 4 << true << qint64(0x01020304) << qint64(0x01020304);
-    QTest::newRow("whole range") << 8 << true << std::numeric_limits<qint64>::min()
-                                 << std::numeric_limits<qint64>::min();
+    const Rows<int, bool, qint64, qint64> row("bytes", "bigEndian", "written", "read");
+    row("byte", 1, false, 200, 200);
+    row("cut off", 2, false, 0x12345, 0x2345);
+    row("big endian", 4, true, 0x01020304, 0x01020304);
+    row("whole range", 8, true, std::numeric_limits<qint64>::min(),
+        std::numeric_limits<qint64>::min());
 }
 
 void TestRegisterMemory::keepsNumbers()

@@ -56,27 +56,27 @@ private slots:
 
 void TestSimulatedCamera::convertsEncodings_data()
 {
-    QTest::addColumn<QByteArray>("raw");
+    const Rows<QByteArray> row("raw");
     const QString text =
-        QStringLiteral("<?xml version=\"1.0\" encoding=\"%1\"?>") +
+        "<?xml version=\"1.0\" encoding=\"%1\"?>"_s +
         QString::fromUtf8(description("<String Name=\"S\"><Value>%2</Value></String>"));
-    const QString german = QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
-                                             "e");
-    const QString chinese = QString::fromUtf8("\xE5\xAE\xBD\xE5\xBA\xA6");
+    const QString german = "Gr\xC3\xB6\xC3\x9F"
+                           "e"_s;
+    const QString chinese = "\xE5\xAE\xBD\xE5\xBA\xA6"_s;
     const auto encoded = [&text](const char* codec, const QString& value) {
         return QTextCodec::codecForName(codec)->fromUnicode(text.arg(QLatin1String(codec), value));
     };
-    QTest::newRow("UTF-8") << encoded("UTF-8", chinese);
-    QTest::newRow("UTF-8 with mark") << "\xEF\xBB\xBF" + encoded("UTF-8", chinese);
-    QTest::newRow("UTF-16 with mark") << encoded("UTF-16", chinese);
-    QTest::newRow("UTF-16 big endian") << encoded("UTF-16BE", chinese);
-    QTest::newRow("UTF-16 little endian") << encoded("UTF-16LE", chinese);
-    QTest::newRow("UTF-32 with mark") << encoded("UTF-32", chinese);
-    QTest::newRow("GB2312") << encoded("GB2312", chinese);
-    QTest::newRow("GB18030") << encoded("GB18030", chinese);
-    QTest::newRow("Latin-1") << encoded("ISO-8859-1", german);
-    QTest::newRow("Latin-1 that claims to be UTF-8")
-        << encoded("ISO-8859-1", german).replace("ISO-8859-1", "UTF-8");
+    row("UTF-8", encoded("UTF-8", chinese));
+    row("UTF-8 with mark", "\xEF\xBB\xBF" + encoded("UTF-8", chinese));
+    row("UTF-16 with mark", encoded("UTF-16", chinese));
+    row("UTF-16 big endian", encoded("UTF-16BE", chinese));
+    row("UTF-16 little endian", encoded("UTF-16LE", chinese));
+    row("UTF-32 with mark", encoded("UTF-32", chinese));
+    row("GB2312", encoded("GB2312", chinese));
+    row("GB18030", encoded("GB18030", chinese));
+    row("Latin-1", encoded("ISO-8859-1", german));
+    row("Latin-1 that claims to be UTF-8",
+        encoded("ISO-8859-1", german).replace("ISO-8859-1", "UTF-8"));
 }
 
 void TestSimulatedCamera::convertsEncodings()
@@ -88,24 +88,24 @@ void TestSimulatedCamera::convertsEncodings()
     _ZDCC_STRINGVALUE_T record{};
     QCOMPARE(camera.read(OB_FT_TYPE_STRING, "S", &record), 0);
     const QString value = QString::fromUtf8(record.value);
-    QVERIFY2(value == QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
-                                        "e") ||
-                 value == QString::fromUtf8("\xE5\xAE\xBD\xE5\xBA\xA6"),
+    QVERIFY2(value == "Gr\xC3\xB6\xC3\x9F"
+                      "e"_s ||
+                 value == "\xE5\xAE\xBD\xE5\xBA\xA6"_s,
              record.value);
 }
 
 void TestSimulatedCamera::answersWithoutNodeMap_data()
 {
-    QTest::addColumn<QByteArray>("raw");
+    const Rows<QByteArray> row("raw");
     const QByteArray sound = description(reg("R", 0));
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no XML") << QByteArray("hello");
-    QTest::newRow("zeros") << QByteArray(100, '\0');
-    QTest::newRow("cut off") << sound.left(sound.size() / 2);
-    QTest::newRow("wrong end tag") << QByteArray(sound).replace("</IntReg>", "</Integer>");
-    QTest::newRow("other root") << QByteArray("<html><body/></html>");
-    QTest::newRow("deep nesting") << description(QByteArray("<Group>").repeated(5000) +
-                                                 QByteArray("</Group>").repeated(5000));
+    row("empty", "");
+    row("no XML", "hello");
+    row("zeros", QByteArray(100, '\0'));
+    row("cut off", sound.left(sound.size() / 2));
+    row("wrong end tag", QByteArray(sound).replace("</IntReg>", "</Integer>"));
+    row("other root", "<html><body/></html>");
+    row("deep nesting",
+        description(QByteArray("<Group>").repeated(5000) + QByteArray("</Group>").repeated(5000)));
 }
 
 void TestSimulatedCamera::answersWithoutNodeMap()
@@ -125,20 +125,19 @@ void TestSimulatedCamera::answersWithoutNodeMap()
 
 void TestSimulatedCamera::answersFaultyNodesWithAnError_data()
 {
-    QTest::addColumn<QByteArray>("nodes");
-    QTest::newRow("missing value")
-        << QByteArray("<Integer Name=\"F\"><pValue>No</pValue></Integer>");
-    QTest::newRow("circle") << QByteArray("<Integer Name=\"F\"><pValue>G</pValue></Integer>"
-                                          "<Integer Name=\"G\"><pValue>F</pValue></Integer>");
-    QTest::newRow("missing decider") << QByteArray(
+    const Rows<QByteArray> row("nodes");
+    row("missing value", "<Integer Name=\"F\"><pValue>No</pValue></Integer>");
+    row("circle", "<Integer Name=\"F\"><pValue>G</pValue></Integer>"
+                  "<Integer Name=\"G\"><pValue>F</pValue></Integer>");
+    row("missing decider",
         "<Integer Name=\"F\"><pIsAvailable>No</pIsAvailable><Value>1</Value></Integer>");
-    QTest::newRow("decider in a circle")
-        << QByteArray("<Integer Name=\"F\"><pIsLocked>F</pIsLocked><pValue>F</pValue></Integer>");
-    QTest::newRow("huge register") << reg("F", 0).replace("<Length>4<", "<Length>4000000000000<");
-    QTest::newRow("length from a register")
-        << reg("F", 0).replace("<Length>4</Length>", "<pLength>L</pLength>") +
-               "<Integer Name=\"L\"><Value>4000000000000</Value></Integer>";
-    QTest::newRow("missing port") << reg("F", 0).replace("Device", "Elsewhere");
+    row("decider in a circle",
+        "<Integer Name=\"F\"><pIsLocked>F</pIsLocked><pValue>F</pValue></Integer>");
+    row("huge register", reg("F", 0).replace("<Length>4<", "<Length>4000000000000<"));
+    row("length from a register",
+        reg("F", 0).replace("<Length>4</Length>", "<pLength>L</pLength>") +
+            "<Integer Name=\"L\"><Value>4000000000000</Value></Integer>");
+    row("missing port", reg("F", 0).replace("Device", "Elsewhere"));
 }
 
 void TestSimulatedCamera::answersFaultyNodesWithAnError()
@@ -164,25 +163,23 @@ void TestSimulatedCamera::leavesOutFaultyLimits()
 
 void TestSimulatedCamera::settlesStartValues_data()
 {
-    QTest::addColumn<QByteArray>("nodes");
-    QTest::addColumn<int>("mode");
-    QTest::newRow("available by a bit of a register")
-        << QByteArray(
-               "<Integer Name=\"F\"><pIsAvailable>K</pIsAvailable><pValue>R</pValue>"
-               "<Min>5</Min><Max>9</Max></Integer><IntSwissKnife Name=\"K\">"
-               "<pVariable Name=\"X\">Q</pVariable><Formula>(X &gt;&gt; 31) &amp; 1</Formula>"
-               "</IntSwissKnife>") +
-               reg("R", 0) + reg("Q", 8)
-        << int(OB_FT_ACCESS_READ_WRITE);
-    QTest::newRow("maximum from an empty register")
-        << "<Integer Name=\"F\"><pValue>R</pValue><Min>5</Min><pMax>Q</pMax></Integer>" +
-               reg("R", 0) + reg("Q", 8)
-        << int(OB_FT_ACCESS_READ_WRITE);
-    QTest::newRow("lock that stands against availability")
-        << "<Integer Name=\"F\"><pIsAvailable>Q</pIsAvailable><pIsLocked>Q</pIsLocked>"
-           "<pValue>R</pValue><Min>5</Min><Max>9</Max></Integer>" +
-               reg("R", 0) + reg("Q", 8)
-        << int(OB_FT_ACCESS_READ_ONLY);
+    const Rows<QByteArray, int> row("nodes", "mode");
+    row("available by a bit of a register",
+        QByteArray("<Integer Name=\"F\"><pIsAvailable>K</pIsAvailable><pValue>R</pValue>"
+                   "<Min>5</Min><Max>9</Max></Integer><IntSwissKnife Name=\"K\">"
+                   "<pVariable Name=\"X\">Q</pVariable><Formula>(X &gt;&gt; 31) &amp; 1</Formula>"
+                   "</IntSwissKnife>") +
+            reg("R", 0) + reg("Q", 8),
+        OB_FT_ACCESS_READ_WRITE);
+    row("maximum from an empty register",
+        "<Integer Name=\"F\"><pValue>R</pValue><Min>5</Min><pMax>Q</pMax></Integer>" + reg("R", 0) +
+            reg("Q", 8),
+        OB_FT_ACCESS_READ_WRITE);
+    row("lock that stands against availability",
+        "<Integer Name=\"F\"><pIsAvailable>Q</pIsAvailable><pIsLocked>Q</pIsLocked>"
+        "<pValue>R</pValue><Min>5</Min><Max>9</Max></Integer>" +
+            reg("R", 0) + reg("Q", 8),
+        OB_FT_ACCESS_READ_ONLY);
 }
 
 void TestSimulatedCamera::settlesStartValues()

@@ -32,7 +32,7 @@ public:
         common.setItemType(Item::CustomItem);
         for (const char* name : {"Width", "Gain"}) {
             auto* group = new Item(&common, Item::CommonPage);
-            group->value()->setNodeName(QStringLiteral("Group") + QString::fromLatin1(name));
+            group->value()->setNodeName("Group"_s + QString::fromLatin1(name));
             item(name)->setParent(group, Item::CommonPage);
         }
         view = std::make_unique<CFeatureGroupTreeView>(
@@ -100,16 +100,16 @@ void TestCFeatureGroupTreeView::twoLevelsInTheInterfaceLanguage()
     QCOMPARE(model->rowCount(pages.page(0)), 4);
     QCOMPARE(model->rowCount(pages.group(0, Analog)), 0);
     CTreeItemValue* value = pages.item("AnalogControl")->value();
-    value->setTranslateName(QString::fromUtf8("\u6a21\u62df"));
+    value->setTranslateName("\u6a21\u62df"_s);
     QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
-    ORXInterface::setLanguage(QStringLiteral("CH"));
+    ORXInterface::setLanguage("CH"_s);
     pages.view->retranslate();
     const QVariant name = pages.group(0, Analog).data();
     const QVariant toolTip = pages.group(0, Analog).data(Qt::ToolTipRole);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
-    QCOMPARE(name.toString(), QString::fromUtf8("\u6a21\u62df"));
+    ORXInterface::setLanguage("ENG"_s);
+    QCOMPARE(name.toString(), "\u6a21\u62df"_s);
     QCOMPARE(toolTip, name);
-    QCOMPARE(pages.group(0, Analog).data().toString(), QStringLiteral("AnalogControl"));
+    QCOMPARE(pages.group(0, Analog).data().toString(), "AnalogControl"_s);
     QVERIFY(changed.count() >= 2);
     QVERIFY(!pages.group(0, Analog).data(Qt::CheckStateRole).isValid());
 }
@@ -134,11 +134,11 @@ void TestCFeatureGroupTreeView::pageRowComesBackToItsGroup()
     QSignalSpy tab(pages.view.get(), &CFeatureGroupTreeView::SigTabChanged);
     pages.view->OnChangedIndex(pages.group(0, Acquisition));
     pages.view->OnChangedIndex(pages.page(1));
-    QCOMPARE(pages.current(), QStringLiteral("GroupWidth"));
+    QCOMPARE(pages.current(), "GroupWidth"_s);
     QCOMPARE(tab.last().at(0).toInt(), kCommonTab);
     QTest::mouseClick(pages.view->viewport(), Qt::LeftButton, {},
                       pages.view->visualRect(pages.page(0)).center());
-    QCOMPARE(pages.current(), QStringLiteral("AcquisitionControl"));
+    QCOMPARE(pages.current(), "AcquisitionControl"_s);
     QCOMPARE(tab.last().at(0).toInt(), 0);
 }
 
@@ -148,7 +148,7 @@ void TestCFeatureGroupTreeView::oneOpenPage()
     QVERIFY(pages.view->isExpanded(pages.page(0)));
     pages.view->expand(pages.page(1));
     QVERIFY(!pages.view->isExpanded(pages.page(0)));
-    QCOMPARE(pages.current(), QStringLiteral("GroupWidth"));
+    QCOMPARE(pages.current(), "GroupWidth"_s);
     pages.view->showTab(0);
     QVERIFY(pages.view->isExpanded(pages.page(0)));
     QVERIFY(!pages.view->isExpanded(pages.page(1)));
@@ -242,13 +242,12 @@ void TestCFeatureGroupTreeView::searchTellsEachItemOnce()
     for (const char* name : {"Gain", "GainAuto", "BlackLevel", "Width"})
         pages.item(name)->registerView(&recorder);
     // Gain hangs in both pages. Rows that come or go are told before those that stay.
-    pages.view->SetSearchText(QStringLiteral("auto"));
-    QCOMPARE(recorder.log, QStringList({QStringLiteral("Gain-"), QStringLiteral("BlackLevel-"),
-                                        QStringLiteral("Width-"), QStringLiteral("GainAuto+")}));
+    pages.view->SetSearchText("auto"_s);
+    QCOMPARE(recorder.log, QStringList({"Gain-"_s, "BlackLevel-"_s, "Width-"_s, "GainAuto+"_s}));
     recorder.log.clear();
-    pages.view->SetSearchText(QStringLiteral("gain"));
-    QCOMPARE(recorder.log.first(), QStringLiteral("Gain+"));
-    QCOMPARE(recorder.log.last(), QStringLiteral("GainAuto+"));
+    pages.view->SetSearchText("gain"_s);
+    QCOMPARE(recorder.log.first(), "Gain+"_s);
+    QCOMPARE(recorder.log.last(), "GainAuto+"_s);
     QCOMPARE(recorder.log.size(), 4);
 }
 

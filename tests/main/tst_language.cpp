@@ -27,8 +27,8 @@ void collectRows(const QTreeView& view, const QModelIndex& parent, QStringList& 
 {
     for (int row = 0; row < view.model()->rowCount(parent); ++row) {
         const QModelIndex index = view.model()->index(row, 0, parent);
-        texts += QStringLiteral("row: ") + index.data().toString();
-        texts += QStringLiteral("row tip: ") + index.data(Qt::ToolTipRole).toString();
+        texts += "row: "_s + index.data().toString();
+        texts += "row tip: "_s + index.data(Qt::ToolTipRole).toString();
         collectRows(view, index, texts);
     }
 }
@@ -36,29 +36,29 @@ void collectRows(const QTreeView& view, const QModelIndex& parent, QStringList& 
 // Every text that the visible part of a window shows, marked by where it stands.
 QStringList textsOf(const QWidget* window)
 {
-    QStringList texts = {QStringLiteral("title: ") + window->windowTitle()};
+    QStringList texts = {"title: "_s + window->windowTitle()};
     for (const QWidget* widget : window->findChildren<QWidget*>()) {
         if (!widget->isVisibleTo(window))
             continue;
-        texts += QStringLiteral("tip: ") + widget->toolTip();
+        texts += "tip: "_s + widget->toolTip();
         if (const auto* label = qobject_cast<const QLabel*>(widget))
-            texts += QStringLiteral("label: ") + label->text();
+            texts += "label: "_s + label->text();
         if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-            texts += QStringLiteral("button: ") + button->text();
+            texts += "button: "_s + button->text();
         if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
-            texts += QStringLiteral("line: ") + line->placeholderText();
+            texts += "line: "_s + line->placeholderText();
             for (const QAction* action : line->actions())
-                texts += QStringLiteral("action: ") + action->toolTip();
+                texts += "action: "_s + action->toolTip();
         }
         if (const auto* text = qobject_cast<const QTextEdit*>(widget))
-            texts += QStringLiteral("text: ") + text->toPlainText() + text->placeholderText();
+            texts += "text: "_s + text->toPlainText() + text->placeholderText();
         if (const auto* bar = qobject_cast<const ZELCustomDockTitleBar*>(widget))
-            texts += QStringLiteral("dock: ") + bar->cTitleText();
+            texts += "dock: "_s + bar->cTitleText();
         if (const auto* view = qobject_cast<const QTreeView*>(widget))
             collectRows(*view, {}, texts);
         if (const auto* box = qobject_cast<const QComboBox*>(widget)) {
             for (int i = 0; i < box->count(); ++i)
-                texts += QStringLiteral("entry: ") + box->itemText(i);
+                texts += "entry: "_s + box->itemText(i);
         }
     }
     texts.sort();
@@ -67,7 +67,7 @@ QStringList textsOf(const QWidget* window)
 
 QAbstractButton* languageButton(const OpenedWindow& window)
 {
-    return window.widget()->findChild<QAbstractButton*>(QStringLiteral("ORXFeatureLangue"));
+    return window.widget()->findChild<QAbstractButton*>("ORXFeatureLangue"_s);
 }
 
 void switchLanguage(const OpenedWindow& window)
@@ -110,7 +110,7 @@ protected:
         m_host.setLatencyMs(0);
         OB_FT_Release();
         FakeHost::uninstall();
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
+        ORXInterface::setLanguage("ENG"_s);
     }
 
 private:
@@ -147,9 +147,9 @@ private:
 
 void TestLanguage::switchedWindowShowsWhatAFreshOneShows_data()
 {
-    QTest::addColumn<int>("from");
-    QTest::newRow("from English to Chinese") << 0;
-    QTest::newRow("from Chinese to English") << 1;
+    const Rows<int> row("from");
+    row("from English to Chinese", 0);
+    row("from Chinese to English", 1);
 }
 
 void TestLanguage::switchedWindowShowsWhatAFreshOneShows()
@@ -208,10 +208,10 @@ void TestLanguage::openMessageAndOverlayAreTranslated()
 {
     OpenedWindow window(m_host, m_xml, 0);
     QVERIFY(window.waitForFirstRead());
-    const QString width = QStringLiteral("Width");
+    const QString width = "Width"_s;
     m_host.fail(width, 5);
     MessageGuard::expectMessage(width); // the device layer's own line
-    QVERIFY(!window.tree()->setFeatureValue(QStringLiteral("Integer"), width, 640));
+    QVERIFY(!window.tree()->setFeatureValue("Integer"_s, width, 640));
     m_host.fail(width, 0);
     const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
     QVERIFY(box && box->isVisible());
@@ -225,7 +225,7 @@ void TestLanguage::openMessageAndOverlayAreTranslated()
     switchLanguage(window);
     for (int i = 0; i < english.size(); ++i)
         QVERIFY2(words().at(i) != english.at(i), qPrintable(english.at(i)));
-    QVERIFY(box->cContent().contains(QStringLiteral("640")));
+    QVERIFY(box->cContent().contains("640"_s));
     switchLanguage(window);
     QCOMPARE(words(), english);
     window.tree()->ShowLoadingDlg(false, QString());
@@ -233,16 +233,11 @@ void TestLanguage::openMessageAndOverlayAreTranslated()
 
 void TestLanguage::editsSurvive_data()
 {
-    QTest::addColumn<QByteArray>("group");
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("float") << QByteArray("AcquisitionControl") << QByteArray("ExposureTime")
-                           << QStringLiteral("12.5") << QStringLiteral("set ExposureTime 12.5");
-    QTest::newRow("integer") << QByteArray("AcquisitionControl") << QByteArray("Width")
-                             << QStringLiteral("640") << QStringLiteral("set Width 640");
-    QTest::newRow("text") << QByteArray("DeviceControl") << QByteArray("DeviceUserID")
-                          << QStringLiteral("left") << QStringLiteral("set DeviceUserID left");
+    const Rows<QByteArray, QByteArray, QString, QString> row("group", "feature", "typed",
+                                                             "written");
+    row("float", "AcquisitionControl", "ExposureTime", "12.5", "set ExposureTime 12.5");
+    row("integer", "AcquisitionControl", "Width", "640", "set Width 640");
+    row("text", "DeviceControl", "DeviceUserID", "left", "set DeviceUserID left");
 }
 
 void TestLanguage::editsSurvive()

@@ -34,17 +34,16 @@ protected:
     void finish() override
     {
         OBDeviceControl::SetUserLevel(1);
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
+        ORXInterface::setLanguage("ENG"_s);
     }
 };
 
 void TestORXFeatureToolBar::buttonsReportTheirIndex_data()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("index");
-    QTest::newRow("language") << QByteArray("ORXFeatureLangue") << 89;
-    QTest::newRow("user sets") << QByteArray("ORXFeatureSave") << 93;
-    QTest::newRow("refresh") << QByteArray("ORXFeatureRefresh") << 94;
+    const Rows<QByteArray, int> row("name", "index");
+    row("language", "ORXFeatureLangue", 89);
+    row("user sets", "ORXFeatureSave", 93);
+    row("refresh", "ORXFeatureRefresh", 94);
 }
 
 void TestORXFeatureToolBar::buttonsReportTheirIndex()
@@ -69,9 +68,9 @@ void TestORXFeatureToolBar::languageButtonTogglesTheLanguage()
     QPushButton* language = button(bar, "ORXFeatureLangue");
     const QImage toChinese = language->grab().toImage();
     QTest::mouseClick(language, Qt::LeftButton);
-    QCOMPARE(ORXInterface::language(), QStringLiteral("CH"));
+    QCOMPARE(ORXInterface::language(), "CH"_s);
     QTest::mouseClick(language, Qt::LeftButton);
-    QCOMPARE(ORXInterface::language(), QStringLiteral("ENG"));
+    QCOMPARE(ORXInterface::language(), "ENG"_s);
     QTest::mouseMove(&bar, QPoint(1, 1));
     QTRY_COMPARE(language->grab().toImage(), toChinese);
 }
@@ -122,8 +121,8 @@ void TestORXFeatureToolBar::levelsAfterALanguageChange()
     QCoreApplication::sendEvent(&bar, &change);
     const auto* box = bar.findChild<QComboBox*>();
     QCOMPARE(box->count(), 2);
-    QCOMPARE(box->itemText(0), QStringLiteral("Guru"));
-    QCOMPARE(box->itemText(1), QStringLiteral("Beginner"));
+    QCOMPARE(box->itemText(0), "Guru"_s);
+    QCOMPARE(box->itemText(1), "Beginner"_s);
     QCOMPARE(box->currentIndex(), 0);
     QCOMPARE(clicked.count(), 0);
 }

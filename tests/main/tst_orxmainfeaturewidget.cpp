@@ -45,10 +45,10 @@ void TestORXMainFeatureWidget::unknownIndexesDoNothing()
     QVERIFY(window.waitForFirstRead());
     m_host.clearCalls();
     window.widget()->OnToolBarBtnClicked(90);
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 0);
+    QCOMPARE(m_host.count("invalidate"_s), 0);
     window.widget()->OnToolBarBtnClicked(94);
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 1);
-    const QString width = QStringLiteral("Width");
+    QCOMPARE(m_host.count("invalidate"_s), 1);
+    const QString width = "Width"_s;
     QCOMPARE(window.widget()->getItemByName(width, ORXMainFeatureWidget::WholeTreeTab),
              window.tree()->propertyItemByName(width));
     for (const int tab : {4, -1})
@@ -68,19 +68,19 @@ void TestORXMainFeatureWidget::shownTabAndMissingTreeDoNothing()
     window.widget()->onTabIndexChange(0);
     window.widget()->onTabIndexChange(4);
     window.widget()->onTabIndexChange(-1);
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 0);
+    QCOMPARE(m_host.count("invalidate"_s), 0);
     // Coming back to the tree reads it anew.
     window.widget()->onTabIndexChange(1);
     m_host.clearCalls();
     window.widget()->onTabIndexChange(0);
-    QTRY_VERIFY(m_host.count(QStringLiteral("get Width")) > 0);
+    QTRY_VERIFY(m_host.count("get Width"_s) > 0);
 }
 
 void TestORXMainFeatureWidget::tabsWithoutContentAreDisabled()
 {
     OpenedWindow window(m_host, m_xml);
-    const auto tabs = window.widget()->findChildren<QPushButton*>(
-        QRegularExpression(QStringLiteral("^FeatureTab\\d$")));
+    const auto tabs =
+        window.widget()->findChildren<QPushButton*>(QRegularExpression("^FeatureTab\\d$"_s));
     QCOMPARE(tabs.size(), 4);
     QVERIFY(tabs.at(0)->isEnabled());
     QVERIFY(tabs.at(0)->isChecked());
@@ -88,11 +88,11 @@ void TestORXMainFeatureWidget::tabsWithoutContentAreDisabled()
 
 void TestORXMainFeatureWidget::titleIsTheUsersName()
 {
-    m_host.set(QStringLiteral("DeviceUserID"), FakeHost::textFeature("left camera"));
+    m_host.set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
     OpenedWindow window(m_host, m_xml);
     QVERIFY(window.waitForFirstRead());
-    QTRY_COMPARE(dockTitle(window.widget()), QStringLiteral("left camera"));
-    QCOMPARE(window.widget()->windowTitle(), QStringLiteral("Test camera"));
+    QTRY_COMPARE(dockTitle(window.widget()), "left camera"_s);
+    QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
     window.widget()->SetTitleVisible(false);
     QVERIFY(!window.widget()->cIsTitleVisible());
 }
@@ -122,7 +122,7 @@ void TestORXMainFeatureWidget::tabTextsAreCut()
     const QString cut = window.widget()->GetTabCutString(longText);
     QVERIFY(cut.size() < longText.size());
     QVERIFY(cut.endsWith(QChar(0x2026)));
-    QCOMPARE(window.widget()->GetTabCutString(QStringLiteral("Image")), QStringLiteral("Image"));
+    QCOMPARE(window.widget()->GetTabCutString("Image"_s), "Image"_s);
     QCOMPARE(window.widget()->sizeHint().width(), 516);
 }
 

@@ -40,10 +40,7 @@ public:
     {
         return static_cast<const CFeatureGroupModel*>(groups()->model());
     }
-    QLineEdit* box() const
-    {
-        return column()->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
-    }
+    QLineEdit* box() const { return column()->findChild<QLineEdit*>("FeatureSearch"_s); }
     ORXFeatureTreeView* view() const { return tree()->treeView(); }
     QModelIndex group(const char* name) const
     {
@@ -106,7 +103,7 @@ protected:
         OB_FT_Release();
         FakeHost::uninstall();
         OBDeviceControl::SetUserLevel(1);
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
+        ORXInterface::setLanguage("ENG"_s);
     }
 
 private:
@@ -118,13 +115,13 @@ void TestSearch::hitsAreShownAndCounted()
 {
     SearchedWindow window(m_host, m_xml);
     window.showGroup("AnalogControl");
-    window.type(QStringLiteral("gain"));
-    QCOMPARE(window.shown(), QStringList({QStringLiteral("Gain"), QStringLiteral("GainAuto")}));
+    window.type("gain"_s);
+    QCOMPARE(window.shown(), QStringList({"Gain"_s, "GainAuto"_s}));
     QCOMPARE(window.hits("AnalogControl"), 2);
     QCOMPARE(window.hits("AcquisitionControl"), 0);
     QCOMPARE(window.groupModel()->hitCount(), 4); // the common page shows both again
-    const ORXPropertyTreeItem* gain = window.tree()->propertyItemByName(QStringLiteral("Gain"));
-    QVERIFY(gain->getHighlightSerachText().contains(QStringLiteral("Gain</span>")));
+    const ORXPropertyTreeItem* gain = window.tree()->propertyItemByName("Gain"_s);
+    QVERIFY(gain->getHighlightSerachText().contains("Gain</span>"_s));
     QTest::keyClick(window.box(), Qt::Key_Escape);
     QCOMPARE(window.shown().size(), 3);
     QCOMPARE(window.groupModel()->hitCount(), 0);
@@ -136,27 +133,27 @@ void TestSearch::turnsToTheGroupWithHitsAndBack()
     SearchedWindow window(m_host, m_xml);
     window.showGroup("DeviceControl");
     const QStringList before = window.shown();
-    window.type(QStringLiteral("exposure"));
-    QCOMPARE(window.shownGroup(), QStringLiteral("AcquisitionControl"));
-    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
+    window.type("exposure"_s);
+    QCOMPARE(window.shownGroup(), "AcquisitionControl"_s);
+    QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
     QTest::keyClick(window.box(), Qt::Key_Escape);
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
     QCOMPARE(window.shown(), before);
     // What a page row comes back to is the group from before, too.
     window.groups()->OnChangedIndex(window.groupModel()->pageIndex(0));
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
 }
 
 void TestSearch::staysWhereTheUserWent()
 {
     SearchedWindow window(m_host, m_xml);
     window.showGroup("DeviceControl");
-    window.type(QStringLiteral("a"));
+    window.type("a"_s);
     const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
     QTest::mouseClick(window.groups()->viewport(), Qt::LeftButton, {}, row.center());
-    QCOMPARE(window.shownGroup(), QStringLiteral("AnalogControl"));
+    QCOMPARE(window.shownGroup(), "AnalogControl"_s);
     window.column()->ClearSearch();
-    QCOMPARE(window.shownGroup(), QStringLiteral("AnalogControl"));
+    QCOMPARE(window.shownGroup(), "AnalogControl"_s);
     QCOMPARE(window.shown().size(), 3);
 }
 
@@ -164,13 +161,12 @@ void TestSearch::opensBranchesAndClosesThemAgain()
 {
     SearchedWindow window(m_host, m_xml);
     window.showGroup("AnalogControl");
-    ORXPropertyTreeItem* item =
-        window.tree()->propertyItemByName(QStringLiteral("BlackLevelControl"));
+    ORXPropertyTreeItem* item = window.tree()->propertyItemByName("BlackLevelControl"_s);
     const QPersistentModelIndex branch = window.view()->treeModel()->indexFromItem(item, 0);
     window.view()->collapse(branch);
-    window.type(QStringLiteral("gain"));
+    window.type("gain"_s);
     QVERIFY(!window.view()->isExpanded(branch));
-    window.type(QStringLiteral("black"));
+    window.type("black"_s);
     QVERIFY(window.view()->isExpanded(branch));
     window.column()->ClearSearch();
     QVERIFY(!window.view()->isExpanded(branch));
@@ -179,16 +175,16 @@ void TestSearch::opensBranchesAndClosesThemAgain()
 void TestSearch::saysWhenNothingMatches()
 {
     SearchedWindow window(m_host, m_xml);
-    auto* note = window.column()->findChild<QLabel*>(QStringLiteral("FeatureSearchNoMatch"));
+    auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
     window.showGroup("DeviceControl");
-    window.type(QStringLiteral("device"));
+    window.type("device"_s);
     QVERIFY(!note->isVisible());
-    window.type(QStringLiteral("<b>zebra"));
+    window.type("<b>zebra"_s);
     QVERIFY(note->isVisible());
-    QVERIFY(note->text().contains(QStringLiteral("<b>zebra")));
+    QVERIFY(note->text().contains("<b>zebra"_s));
     QCOMPARE(note->textFormat(), Qt::PlainText);
     QVERIFY(window.shown().isEmpty());
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
     window.column()->ClearSearch();
     QVERIFY(!note->isVisible());
     QCOMPARE(window.shown().size(), 2);
@@ -198,8 +194,8 @@ void TestSearch::sameTextIsNotSearchedAgain()
 {
     SearchedWindow window(m_host, m_xml);
     QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
-    window.type(QStringLiteral("g"));
-    window.box()->setText(QStringLiteral("  g "));
+    window.type("g"_s);
+    window.box()->setText("  g "_s);
     QTest::keyClick(window.box(), Qt::Key_Return);
     QCOMPARE(searched.count(), 1);
 }
@@ -212,16 +208,16 @@ void TestSearch::keyboardReachesBoxAndHits()
     QTRY_VERIFY(window.view()->hasFocus());
     QTest::keyClick(window.view(), Qt::Key_F, Qt::ControlModifier);
     QVERIFY(window.box()->hasFocus());
-    QTest::keyClicks(window.box(), QStringLiteral("level"));
+    QTest::keyClicks(window.box(), "level"_s);
     QTest::keyClick(window.box(), Qt::Key_Down);
     QVERIFY(window.view()->hasFocus());
-    QCOMPARE(nodeName(window.view()->currentIndex()), QStringLiteral("BlackLevel"));
+    QCOMPARE(nodeName(window.view()->currentIndex()), "BlackLevel"_s);
 
     // Enter goes on from hit to hit, through all groups and round again.
     window.column()->ClearSearch();
     window.showGroup("AnalogControl");
     window.view()->setCurrentIndex({});
-    window.type(QStringLiteral("e"));
+    window.type("e"_s);
     QStringList visited;
     for (int i = 0; i < 9; ++i) {
         QTest::keyClick(window.box(), Qt::Key_Return);
@@ -232,12 +228,9 @@ void TestSearch::keyboardReachesBoxAndHits()
         }
     }
     QVERIFY(window.box()->hasFocus());
-    const QStringList round = {QStringLiteral("BlackLevel"),
-                               QStringLiteral("ExposureTime"),
-                               QStringLiteral("AcquisitionFrameCount"),
-                               QStringLiteral("ExposureTime"), // on the common page
-                               QStringLiteral("DeviceUserID"),
-                               QStringLiteral("DeviceReset")};
+    const QStringList round = {"BlackLevel"_s,   "ExposureTime"_s, "AcquisitionFrameCount"_s,
+                               "ExposureTime"_s, // on the common page
+                               "DeviceUserID"_s, "DeviceReset"_s};
     QCOMPARE(visited, round + round.mid(0, 3));
 }
 
@@ -246,18 +239,17 @@ void TestSearch::chineseNames()
     SearchedWindow window(m_host, m_xml, 1);
     window.showGroup("DeviceControl");
     window.type(chinese("\u66dd\u5149")); // exposure
-    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
-    const ORXPropertyTreeItem* item =
-        window.tree()->propertyItemByName(QStringLiteral("ExposureTime"));
+    QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+    const ORXPropertyTreeItem* item = window.tree()->propertyItemByName("ExposureTime"_s);
     QVERIFY(item->getHighlightSerachText().contains(chinese("\u66dd\u5149</span>")));
     // Node names are found in any language, English display names in English only.
-    window.type(QStringLiteral("exposuretime"));
-    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
-    window.type(QStringLiteral("exposure time"));
+    window.type("exposuretime"_s);
+    QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+    window.type("exposure time"_s);
     QVERIFY(window.shown().isEmpty());
     window.widget()->SetLanguage(0);
     QVERIFY(window.box()->text().isEmpty());
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
+    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
 }
 
 void TestSearch::searchTypedDuringTheFirstRead()
@@ -265,21 +257,21 @@ void TestSearch::searchTypedDuringTheFirstRead()
     m_host.setLatencyMs(5);
     OpenedWindow window(m_host, m_xml);
     ORXFeatureGroup* column = window.widget()->featureGroup(1);
-    auto* box = column->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
+    auto* box = column->findChild<QLineEdit*>("FeatureSearch"_s);
     QVERIFY(!window.tree()->HadUpdatedOnce());
     // The display name, with its blank, comes with the read.
-    QTest::keyClicks(box, QStringLiteral("exposure time"));
+    QTest::keyClicks(box, "exposure time"_s);
     QCOMPARE(column->groupView()->allHits(), 0);
     QVERIFY(window.waitForFirstRead());
     QTRY_COMPARE(column->groupView()->allHits(), 2); // the common page shows it again
-    QCOMPARE(nodeName(column->groupView()->currentIndex()), QStringLiteral("AcquisitionControl"));
+    QCOMPARE(nodeName(column->groupView()->currentIndex()), "AcquisitionControl"_s);
     m_host.setLatencyMs(0);
 }
 
 void TestSearch::countsFollowTheUserLevel()
 {
     SearchedWindow window(m_host, m_xml);
-    window.type(QStringLiteral("exposure"));
+    window.type("exposure"_s);
     QCOMPARE(window.hits("AcquisitionControl"), 1);
     OBDeviceControl::SetUserLevel(0);
     window.widget()->OnUserLeverChanged();

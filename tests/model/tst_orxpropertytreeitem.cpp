@@ -21,19 +21,19 @@ class RecordingView : public IORXFeatureNotify
 public:
     void itemVisibleChanged(qint64 cameraId, Item* item, bool visible) override
     {
-        note(QStringLiteral("%1 visible %2").arg(cameraId).arg(visible), item);
+        note("%1 visible %2"_s.arg(cameraId).arg(visible), item);
     }
     void itemExpanded(qint64, Item* item, bool expanded) override
     {
-        note(QStringLiteral("expanded %1").arg(expanded), item);
+        note("expanded %1"_s.arg(expanded), item);
     }
     void itemValueChanged(qint64, Item* item, int column, bool recreate) override
     {
-        note(QStringLiteral("value %1 %2").arg(column).arg(recreate), item);
+        note("value %1 %2"_s.arg(column).arg(recreate), item);
     }
     void itemSpecialInfoChanged(qint64, Item* item, int info) override
     {
-        note(QStringLiteral("special %1").arg(info), item);
+        note("special %1"_s.arg(info), item);
     }
     void note(const QString& what, Item* item)
     {
@@ -80,28 +80,28 @@ private slots:
 void TestORXPropertyTreeItem::changingTheTagKeepsNames()
 {
     Item item(nullptr, Item::FeatureTreePage);
-    item.value()->setNodeName(QStringLiteral("Width"));
-    item.value()->setDocText(QStringLiteral("doc"));
-    item.setTagName(QStringLiteral("IntReg"));
+    item.value()->setNodeName("Width"_s);
+    item.value()->setDocText("doc"_s);
+    item.setTagName("IntReg"_s);
     QVERIFY(integer(item));
     integer(item)->setNumbers({5, 0, 9, 1});
     item.setTagName(QString());
     QCOMPARE(integer(item)->numbers().m_nValue, qint64(5));
-    item.setTagName(QStringLiteral("Integer"));
+    item.setTagName("Integer"_s);
     QCOMPARE(integer(item)->numbers().m_nValue, qint64(-1));
-    QCOMPARE(item.value()->nodeName(0), QStringLiteral("Width"));
-    QCOMPARE(item.value()->docText(), QStringLiteral("doc"));
+    QCOMPARE(item.value()->nodeName(0), "Width"_s);
+    QCOMPARE(item.value()->docText(), "doc"_s);
 }
 
 void TestORXPropertyTreeItem::publishingTellsOnlyOfChanges()
 {
     Item item(nullptr, Item::FeatureTreePage);
-    item.setTagName(QStringLiteral("Integer"));
+    item.setTagName("Integer"_s);
     RecordingView view;
     item.registerView(&view);
     QVERIFY(item.endUpdateItem(kCamera));
     QVERIFY(!item.endUpdateItem(kCamera));
-    QCOMPARE(view.log, QStringList(QStringLiteral("value -1 0")));
+    QCOMPARE(view.log, QStringList("value -1 0"_s));
     item.setReadOnly(false);
     QVERIFY(item.endUpdateItem(kCamera));
 }
@@ -109,21 +109,21 @@ void TestORXPropertyTreeItem::publishingTellsOnlyOfChanges()
 void TestORXPropertyTreeItem::representationNeedsANewEditor()
 {
     Item item(nullptr, Item::FeatureTreePage);
-    item.setTagName(QStringLiteral("Integer"));
+    item.setTagName("Integer"_s);
     item.endUpdateItem(kCamera);
     RecordingView view;
     item.registerView(&view);
     integer(item)->setNumber(3);
     item.endUpdateItem(kCamera);
-    integer(item)->setRepresentation(QStringLiteral("HexNumber"));
+    integer(item)->setRepresentation("HexNumber"_s);
     item.endUpdateItem(kCamera);
-    QCOMPARE(view.log, QStringList({QStringLiteral("value -1 0"), QStringLiteral("value -1 1")}));
+    QCOMPARE(view.log, QStringList({"value -1 0"_s, "value -1 1"_s}));
 }
 
 void TestORXPropertyTreeItem::mirrorFollows()
 {
     Item item(nullptr, Item::FeatureTreePage);
-    item.setTagName(QStringLiteral("Integer"));
+    item.setTagName("Integer"_s);
     Item mirror(nullptr, Item::CommonPage);
     mirror.copy(&item);
     item.setMappingItem(&mirror);
@@ -133,7 +133,7 @@ void TestORXPropertyTreeItem::mirrorFollows()
     integer(item)->setNumbers({8, 0, 9, 1});
     item.endUpdateItem(kCamera);
     QCOMPARE(integer(mirror)->numbers().m_nValue, qint64(8));
-    QCOMPARE(view.log, QStringList(QStringLiteral("value -1 0")));
+    QCOMPARE(view.log, QStringList("value -1 0"_s));
     QCOMPARE(view.items.first(), &mirror);
     item.setReadOnly(false);
     QVERIFY(!mirror.readOnly());
@@ -168,8 +168,8 @@ void TestORXPropertyTreeItem::visibilityNeedsAllThreeFlags()
     item.setGroupVisible(false, kCamera);
     item.setVisible(true, kCamera);
     item.setGroupVisible(true, kCamera);
-    QCOMPARE(view.log, QStringList({QStringLiteral("7 visible 0"), QStringLiteral("7 visible 0"),
-                                    QStringLiteral("7 visible 0"), QStringLiteral("7 visible 1")}));
+    QCOMPARE(view.log,
+             QStringList({"7 visible 0"_s, "7 visible 0"_s, "7 visible 0"_s, "7 visible 1"_s}));
 }
 
 void TestORXPropertyTreeItem::categoriesFollowTheirChildren()
@@ -195,26 +195,22 @@ void TestORXPropertyTreeItem::mirrorVisibilityUsesItsOwnGroup()
     RecordingView view;
     mirror.registerView(&view);
     item.setVisible(true, kCamera);
-    QCOMPARE(view.log, QStringList(QStringLiteral("7 visible 0")));
+    QCOMPARE(view.log, QStringList("7 visible 0"_s));
     QVERIFY(mirror.visible());
 }
 
 void TestORXPropertyTreeItem::search_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("match");
-    const QString english = QStringLiteral("ENG");
-    const QString chinese = QStringLiteral("CH");
-    QTest::newRow("part of the node name") << english << QStringLiteral("timeABS") << true;
-    QTest::newRow("blanks around it") << english << QStringLiteral("  exposure ") << true;
-    QTest::newRow("English name") << english << QStringLiteral("exposure t") << true;
-    QTest::newRow("Chinese name in English") << english << QString::fromUtf8("\u66dd\u5149")
-                                             << false;
-    QTest::newRow("Chinese name in Chinese") << chinese << QString::fromUtf8("\u66dd\u5149")
-                                             << true;
-    QTest::newRow("something else") << english << QStringLiteral("gain") << false;
-    QTest::newRow("nothing") << english << QStringLiteral("   ") << true;
+    const Rows<QString, QString, bool> row("language", "text", "match");
+    const QString english = "ENG"_s;
+    const QString chinese = "CH"_s;
+    row("part of the node name", english, "timeABS", true);
+    row("blanks around it", english, "  exposure ", true);
+    row("English name", english, "exposure t", true);
+    row("Chinese name in English", english, "\u66dd\u5149", false);
+    row("Chinese name in Chinese", chinese, "\u66dd\u5149", true);
+    row("something else", english, "gain", false);
+    row("nothing", english, "   ", true);
 }
 
 void TestORXPropertyTreeItem::search()
@@ -224,15 +220,15 @@ void TestORXPropertyTreeItem::search()
     QFETCH(bool, match);
     ORXInterface::setLanguage(language);
     Item item(nullptr, Item::FeatureTreePage);
-    item.value()->setNodeName(QStringLiteral("ExposureTimeAbs"));
-    item.value()->setDisplayName(QStringLiteral("Exposure Time"));
-    item.value()->setTranslateName(QString::fromUtf8("\u66dd\u5149\u65f6\u95f4"));
+    item.value()->setNodeName("ExposureTimeAbs"_s);
+    item.value()->setDisplayName("Exposure Time"_s);
+    item.value()->setTranslateName("\u66dd\u5149\u65f6\u95f4"_s);
     RecordingView view;
     item.registerView(&view);
     item.setSearchText(text, kCamera);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
+    ORXInterface::setLanguage("ENG"_s);
     QCOMPARE(item.searchMatch(), match);
-    QCOMPARE(view.log, QStringList(QStringLiteral("7 visible %1").arg(match)));
+    QCOMPARE(view.log, QStringList("7 visible %1"_s.arg(match)));
     QCOMPARE(item.getHighlightSerachText().isEmpty(), !match || text.trimmed().isEmpty());
 }
 
@@ -241,13 +237,13 @@ void TestORXPropertyTreeItem::searchCounts()
     Item root(nullptr, Item::FeatureTreePage);
     root.setItemType(Item::CustomItem);
     auto* group = new Item(&root, Item::FeatureTreePage);
-    group->value()->setNodeName(QStringLiteral("GainControl"));
+    group->value()->setNodeName("GainControl"_s);
     for (const char* name : {"Gain", "GainAuto", "Width"}) {
         auto* item = new Item(group, Item::FeatureTreePage);
         item->value()->setNodeName(QString::fromLatin1(name));
-        item->setSearchText(QStringLiteral("gain"), kCamera);
+        item->setSearchText("gain"_s, kCamera);
     }
-    group->setSearchText(QStringLiteral("gain"), kCamera);
+    group->setSearchText("gain"_s, kCamera);
     // The group matches, but stands directly below the root.
     QCOMPARE(root.searchChildCount(), 2);
     group->child(1)->setVisible(false, kCamera);
@@ -257,12 +253,12 @@ void TestORXPropertyTreeItem::searchCounts()
 void TestORXPropertyTreeItem::highlighting()
 {
     Item item(nullptr, Item::FeatureTreePage);
-    item.value()->setDisplayName(QStringLiteral("<Gain> of Gain"));
-    item.setSearchText(QStringLiteral("gain"), kCamera);
+    item.value()->setDisplayName("<Gain> of Gain"_s);
+    item.setSearchText("gain"_s, kCamera);
     const QString html = item.getHighlightSerachText();
-    QCOMPARE(html.count(QStringLiteral("<span")), 4);
-    QVERIFY(html.contains(QStringLiteral(">&lt;</span>")));
-    QVERIFY(html.contains(QStringLiteral(">Gain</span>")));
+    QCOMPARE(html.count("<span"_s), 4);
+    QVERIFY(html.contains(">&lt;</span>"_s));
+    QVERIFY(html.contains(">Gain</span>"_s));
 }
 
 void TestORXPropertyTreeItem::oneParentPerPage()
@@ -342,7 +338,7 @@ void TestORXPropertyTreeItem::aRemovedViewIsNotCalledByAWorker()
         std::atomic<int> calls{0};
     };
     Item item(nullptr, Item::FeatureTreePage);
-    item.setTagName(QStringLiteral("Integer"));
+    item.setTagName("Integer"_s);
     GuardedView view;
     std::atomic<bool> stop{false};
     std::thread worker([&] {

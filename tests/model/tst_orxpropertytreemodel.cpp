@@ -28,10 +28,7 @@ public:
             onWrite();
         return answer;
     }
-    void afterSetFeatureValue(const QString& name) override
-    {
-        log.append(QStringLiteral("after ") + name);
-    }
+    void afterSetFeatureValue(const QString& name) override { log.append("after "_s + name); }
     bool answer = true;
     std::function<void()> onWrite;
     QStringList log;
@@ -75,7 +72,7 @@ Item* TestORXPropertyTreeModel::add(Item* parent, const char* name, const char* 
 {
     auto* item = new Item(parent, Item::FeatureTreePage);
     item->value()->setNodeName(QString::fromLatin1(name));
-    item->value()->setDisplayName(QString::fromLatin1(name) + QStringLiteral(" shown"));
+    item->value()->setDisplayName(QString::fromLatin1(name) + " shown"_s);
     item->setTagName(QString::fromLatin1(tag));
     item->setItemType(Item::FeatureItem);
     return item;
@@ -105,7 +102,7 @@ void TestORXPropertyTreeModel::finish()
     delete m_tester;
     delete m_model;
     delete m_root;
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
+    ORXInterface::setLanguage("ENG"_s);
 }
 
 void TestORXPropertyTreeModel::structureSurvivesChanges()
@@ -131,19 +128,18 @@ void TestORXPropertyTreeModel::structureSurvivesChanges()
 void TestORXPropertyTreeModel::textsFollowTheLanguage()
 {
     const QModelIndex name = m_model->indexFromItem(m_width, 0);
-    m_width->value()->setTranslateName(QString::fromUtf8("\u5bbd\u5ea6"));
-    QCOMPARE(name.data().toString(), QStringLiteral("Width shown"));
-    ORXInterface::setLanguage(QStringLiteral("CH"));
-    QCOMPARE(name.data().toString(), QString::fromUtf8("\u5bbd\u5ea6"));
+    m_width->value()->setTranslateName("\u5bbd\u5ea6"_s);
+    QCOMPARE(name.data().toString(), "Width shown"_s);
+    ORXInterface::setLanguage("CH"_s);
+    QCOMPARE(name.data().toString(), "\u5bbd\u5ea6"_s);
     QVERIFY(!name.siblingAtColumn(1).data().isValid());
 }
 
 void TestORXPropertyTreeModel::readOnlyValuesAreDimmed()
 {
     const QColor normal =
-        ZELCustom::getDataBaseColor(QStringLiteral("ORXPropertyTreeModelColor_Foreground_Default"));
-    const QColor dimmed =
-        ZELCustom::getDataBaseColor(QStringLiteral("ORXPropertyTreeModelColor_Foreground"));
+        ZELCustom::getDataBaseColor("ORXPropertyTreeModelColor_Foreground_Default"_s);
+    const QColor dimmed = ZELCustom::getDataBaseColor("ORXPropertyTreeModelColor_Foreground"_s);
     QVERIFY(normal != dimmed);
     const QModelIndex value = m_model->indexFromItem(m_width, 1);
     QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), dimmed);
@@ -165,7 +161,7 @@ void TestORXPropertyTreeModel::flagsOfCells()
     Item* copy = add(nullptr, "Width", "Integer");
     m_model->addItems(m_favorites, {copy});
     QVERIFY(m_model->indexFromItem(copy, 0).flags() & Qt::ItemIsDragEnabled);
-    m_width->setTagName(QStringLiteral("CustomTagNameCCM"));
+    m_width->setTagName("CustomTagNameCCM"_s);
     QCOMPARE(value.flags(), Qt::ItemFlags(Qt::NoItemFlags));
 }
 
@@ -176,8 +172,8 @@ void TestORXPropertyTreeModel::sameValue_data()
     QTest::addColumn<QVariant>("edited");
     QTest::addColumn<bool>("same");
     const auto row = [](const char* tag, const QVariant& value, const QVariant& edited, bool same) {
-        QTest::newRow(qPrintable(QStringLiteral("%1 %2 to %3")
-                                     .arg(QLatin1String(tag), value.toString(), edited.toString())))
+        QTest::newRow(qPrintable(
+            "%1 %2 to %3"_s.arg(QLatin1String(tag), value.toString(), edited.toString())))
             << QString::fromLatin1(tag) << value << edited << same;
     };
     row("Boolean", true, true, true);
@@ -188,8 +184,8 @@ void TestORXPropertyTreeModel::sameValue_data()
     row("CustomTagNamePalettesMode", 3, 4, false);
     row("Float", 1.5F, 1.5005F, true);
     row("Converter", 1.5F, 1.51F, false);
-    row("String", QStringLiteral("a"), QStringLiteral("a"), true);
-    row("StringReg", QStringLiteral("a"), QStringLiteral("A"), false);
+    row("String", "a"_s, "a"_s, true);
+    row("StringReg", "a"_s, "A"_s, false);
     row("Command", QVariant(), QVariant(), false);
 }
 
@@ -207,14 +203,12 @@ void TestORXPropertyTreeModel::sameValue()
 
 void TestORXPropertyTreeModel::storing_data()
 {
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<QVariant>("edited");
-    QTest::newRow("boolean") << QStringLiteral("Boolean") << QVariant(true);
-    QTest::newRow("integer") << QStringLiteral("IntReg") << QVariant(qlonglong(INT64_MAX));
-    QTest::newRow("entry above 31 bits")
-        << QStringLiteral("Enumeration") << QVariant(qlonglong(4000000000LL));
-    QTest::newRow("float") << QStringLiteral("Converter") << QVariant(2.5F);
-    QTest::newRow("text") << QStringLiteral("String") << QVariant(QStringLiteral("lab"));
+    const Rows<QString, QVariant> row("tag", "edited");
+    row("boolean", "Boolean", true);
+    row("integer", "IntReg", qlonglong(INT64_MAX));
+    row("entry above 31 bits", "Enumeration", qlonglong(4000000000LL));
+    row("float", "Converter", 2.5F);
+    row("text", "String", "lab"_s);
 }
 
 void TestORXPropertyTreeModel::storing()
@@ -222,7 +216,7 @@ void TestORXPropertyTreeModel::storing()
     QFETCH(QString, tag);
     QFETCH(QVariant, edited);
     m_width->setTagName(tag);
-    ORXPropertyTreeModel::setItemValue(m_width, QStringLiteral("Width"), edited);
+    ORXPropertyTreeModel::setItemValue(m_width, "Width"_s, edited);
     QCOMPARE(m_width->value()->value().toString(), edited.toString());
 }
 
@@ -230,8 +224,7 @@ void TestORXPropertyTreeModel::editing()
 {
     const QModelIndex value = m_model->indexFromItem(m_width, 1);
     QVERIFY(m_model->setData(value, 640, Qt::EditRole));
-    QCOMPARE(m_writer.log, QStringList({QStringLiteral("Integer Width 640"),
-                                        QStringLiteral("after Width")}));
+    QCOMPARE(m_writer.log, QStringList({"Integer Width 640"_s, "after Width"_s}));
     QVERIFY(m_model->setData(value, 640, Qt::EditRole)); // unchanged: no write
     QCOMPARE(m_writer.log.size(), 2);
     m_writer.answer = false;
@@ -267,10 +260,9 @@ void TestORXPropertyTreeModel::draggingCarriesTheFirstFavouriteOnly()
     second->setItemType(Item::FavoriteItem);
     m_model->addItems(m_favorites, {first, second});
     const QModelIndex a = m_model->indexFromItem(first, 0);
-    const QScopedPointer<QMimeData> mime(
-        m_model->mimeData({a, m_model->indexFromItem(second, 0)}));
+    const QScopedPointer<QMimeData> mime(m_model->mimeData({a, m_model->indexFromItem(second, 0)}));
     QVERIFY(mime);
-    QCOMPARE(mime->data(QStringLiteral("MoveFavoriteItem")),
+    QCOMPARE(mime->data("MoveFavoriteItem"_s),
              QByteArray::number(reinterpret_cast<quintptr>(first)));
     QVERIFY(m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0, a));
     QVERIFY(!m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0,

@@ -67,12 +67,11 @@ private slots:
 
 void TestLutLines::foldPointsStandBeforeTheQuarters_data()
 {
-    QTest::addColumn<int>("points");
-    QTest::addColumn<QVector<int>>("indexes");
-    QTest::newRow("usual") << 1024 << QVector<int>{0, 255, 511, 767, 1023};
-    QTest::newRow("large") << 4096 << QVector<int>{0, 1023, 2047, 3071, 4095};
-    QTest::newRow("odd") << 1023 << QVector<int>{0, 254, 509, 764, 1019};
-    QTest::newRow("tiny") << 2 << QVector<int>{0, 0, 0, 0, 0};
+    const Rows<int, QVector<int>> row("points", "indexes");
+    row("usual", 1024, QVector<int>{0, 255, 511, 767, 1023});
+    row("large", 4096, QVector<int>{0, 1023, 2047, 3071, 4095});
+    row("odd", 1023, QVector<int>{0, 254, 509, 764, 1019});
+    row("tiny", 2, QVector<int>{0, 0, 0, 0, 0});
 }
 
 void TestLutLines::foldPointsStandBeforeTheQuarters()
@@ -89,25 +88,24 @@ void TestLutLines::foldPointsStandBeforeTheQuarters()
 // On the line of slope 4, row 239 - x is where the line is at column x.
 void TestLutLines::pressTakesAFoldPoint_data()
 {
-    QTest::addColumn<QPoint>("pixel");
-    QTest::addColumn<int>("taken");
-    QTest::newRow("left end") << QPoint(0, 239) << 0;
-    QTest::newRow("left of the plot") << QPoint(-20, 239) << 0;
-    QTest::newRow("left end, 9 pixels off") << QPoint(0, 230) << 0;
-    QTest::newRow("left end, 10 pixels off") << QPoint(0, 229) << -1;
-    QTest::newRow("right end") << QPoint(240, 0) << 4;
-    QTest::newRow("right end, 10 pixels right") << QPoint(250, 9) << 4;
-    QTest::newRow("right end, 11 pixels right") << QPoint(251, 0) << -1;
-    QTest::newRow("right end, 10 pixels off") << QPoint(240, 10) << -1;
-    QTest::newRow("first quarter") << QPoint(30, 210) << 1;
-    QTest::newRow("before the middle of 1 and 2") << QPoint(89, 150) << 1;
-    QTest::newRow("behind the middle of 1 and 2") << QPoint(90, 150) << 2;
-    QTest::newRow("before the middle of 2 and 3") << QPoint(149, 90) << 2;
-    QTest::newRow("behind the middle of 2 and 3") << QPoint(150, 90) << 3;
-    QTest::newRow("last column") << QPoint(239, 2) << 3;
-    QTest::newRow("9 pixels above the line") << QPoint(120, 110) << 2;
-    QTest::newRow("12 pixels above the line") << QPoint(120, 107) << -1;
-    QTest::newRow("12 pixels below the line") << QPoint(120, 132) << -1;
+    const Rows<QPoint, int> row("pixel", "taken");
+    row("left end", QPoint(0, 239), 0);
+    row("left of the plot", QPoint(-20, 239), 0);
+    row("left end, 9 pixels off", QPoint(0, 230), 0);
+    row("left end, 10 pixels off", QPoint(0, 229), -1);
+    row("right end", QPoint(240, 0), 4);
+    row("right end, 10 pixels right", QPoint(250, 9), 4);
+    row("right end, 11 pixels right", QPoint(251, 0), -1);
+    row("right end, 10 pixels off", QPoint(240, 10), -1);
+    row("first quarter", QPoint(30, 210), 1);
+    row("before the middle of 1 and 2", QPoint(89, 150), 1);
+    row("behind the middle of 1 and 2", QPoint(90, 150), 2);
+    row("before the middle of 2 and 3", QPoint(149, 90), 2);
+    row("behind the middle of 2 and 3", QPoint(150, 90), 3);
+    row("last column", QPoint(239, 2), 3);
+    row("9 pixels above the line", QPoint(120, 110), 2);
+    row("12 pixels above the line", QPoint(120, 107), -1);
+    row("12 pixels below the line", QPoint(120, 132), -1);
 }
 
 void TestLutLines::pressTakesAFoldPoint()
@@ -190,13 +188,12 @@ void TestLutLines::clearedLineStaysWithinTheValues()
 
 void TestLutLines::freeLineFillsWhatTheMouseSkips_data()
 {
-    QTest::addColumn<QPoint>("from");
-    QTest::addColumn<QPoint>("to");
-    QTest::newRow("rightwards") << QPoint(30, 200) << QPoint(210, 20);
-    QTest::newRow("leftwards") << QPoint(210, 20) << QPoint(30, 200);
-    QTest::newRow("neighbours") << QPoint(30, 200) << QPoint(31, 190);
-    QTest::newRow("same column") << QPoint(30, 200) << QPoint(30, 10);
-    QTest::newRow("out of the plot") << QPoint(200, 100) << QPoint(300, -50);
+    const Rows<QPoint, QPoint> row("from", "to");
+    row("rightwards", QPoint(30, 200), QPoint(210, 20));
+    row("leftwards", QPoint(210, 20), QPoint(30, 200));
+    row("neighbours", QPoint(30, 200), QPoint(31, 190));
+    row("same column", QPoint(30, 200), QPoint(30, 10));
+    row("out of the plot", QPoint(200, 100), QPoint(300, -50));
 }
 
 void TestLutLines::freeLineFillsWhatTheMouseSkips()
@@ -231,12 +228,11 @@ void TestLutLines::freeLineFillsWhatTheMouseSkips()
 
 void TestLutLines::curvePassesItsPointsWithoutOvershoot_data()
 {
-    QTest::addColumn<int>("points");
-    QTest::addColumn<int>("maxValue");
-    QTest::newRow("1,024 points") << 1024 << 4095;
-    QTest::newRow("4,096 points, 16 bits") << 4096 << 65535;
-    QTest::newRow("16 points") << 16 << 255;
-    QTest::newRow("31 bits") << 256 << 2147483647;
+    const Rows<int, int> row("points", "maxValue");
+    row("1,024 points", 1024, 4095);
+    row("4,096 points, 16 bits", 4096, 65535);
+    row("16 points", 16, 255);
+    row("31 bits", 256, 2147483647);
 }
 
 void TestLutLines::curvePassesItsPointsWithoutOvershoot()
@@ -334,19 +330,15 @@ void TestLutLines::importedTableIsExactUntilAnEdit()
 
 void TestLutLines::keysMoveTheSelectedPoint_data()
 {
-    QTest::addColumn<int>("number");
-    QTest::addColumn<int>("indexStep");
-    QTest::addColumn<int>("valueStep");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("value");
-    QTest::newRow("up") << 2 << 0 << 1 << 511 << 2045;
-    QTest::newRow("ten down") << 2 << 0 << -10 << 511 << 2034;
-    QTest::newRow("left") << 2 << -1 << 0 << 510 << 2044;
-    QTest::newRow("ten right") << 2 << 10 << 0 << 521 << 2044;
-    QTest::newRow("the first stays where it is") << 0 << 10 << 0 << 0 << 0;
-    QTest::newRow("no value below 0") << 0 << 0 << -10 << 0 << 0;
-    QTest::newRow("no value above the largest") << 4 << 0 << 10 << 1023 << 4095;
-    QTest::newRow("not past a neighbour") << 1 << 1000 << 0 << 510 << 1020;
+    const Rows<int, int, int, int, int> row("number", "indexStep", "valueStep", "index", "value");
+    row("up", 2, 0, 1, 511, 2045);
+    row("ten down", 2, 0, -10, 511, 2034);
+    row("left", 2, -1, 0, 510, 2044);
+    row("ten right", 2, 10, 0, 521, 2044);
+    row("the first stays where it is", 0, 10, 0, 0, 0);
+    row("no value below 0", 0, 0, -10, 0, 0);
+    row("no value above the largest", 4, 0, 10, 1023, 4095);
+    row("not past a neighbour", 1, 1000, 0, 510, 1020);
 }
 
 void TestLutLines::keysMoveTheSelectedPoint()
@@ -368,14 +360,13 @@ void TestLutLines::keysMoveTheSelectedPoint()
 
 void TestLutLines::pairsMakeAWholeTable_data()
 {
-    QTest::addColumn<LUTPoints>("pairs");
-    QTest::addColumn<QVector<int>>("values");
-    QTest::newRow("none") << LUTPoints{} << QVector<int>{0, 0, 0, 0, 0};
-    QTest::newRow("one") << LUTPoints{{2, 7}} << QVector<int>{7, 7, 7, 7, 7};
-    QTest::newRow("ends") << LUTPoints{{0, 0}, {4, 8}} << QVector<int>{0, 2, 4, 6, 8};
-    QTest::newRow("any order") << LUTPoints{{3, 9}, {1, 1}} << QVector<int>{1, 1, 5, 9, 9};
-    QTest::newRow("twice") << LUTPoints{{2, 1}, {2, 5}} << QVector<int>{5, 5, 5, 5, 5};
-    QTest::newRow("one beyond") << LUTPoints{{0, 0}, {5, 10}} << QVector<int>{0, 2, 4, 6, 8};
+    const Rows<LUTPoints, QVector<int>> row("pairs", "values");
+    row("none", LUTPoints{}, QVector<int>{0, 0, 0, 0, 0});
+    row("one", LUTPoints{{2, 7}}, QVector<int>{7, 7, 7, 7, 7});
+    row("ends", LUTPoints{{0, 0}, {4, 8}}, QVector<int>{0, 2, 4, 6, 8});
+    row("any order", LUTPoints{{3, 9}, {1, 1}}, QVector<int>{1, 1, 5, 9, 9});
+    row("twice", LUTPoints{{2, 1}, {2, 5}}, QVector<int>{5, 5, 5, 5, 5});
+    row("one beyond", LUTPoints{{0, 0}, {5, 10}}, QVector<int>{0, 2, 4, 6, 8});
 }
 
 void TestLutLines::pairsMakeAWholeTable()

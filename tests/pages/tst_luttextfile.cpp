@@ -110,16 +110,15 @@ void TestLutTextFile::fullDiskKeepsTheFileBefore()
         QVERIFY(!LUTTextFile::write(path("new.txt"), points(4096)));
     }
     QCOMPARE(bytesOf(path("a.txt")), before);
-    QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files),
-             QStringList{QStringLiteral("a.txt")});
+    QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files), QStringList{"a.txt"_s});
 }
 
 void TestLutTextFile::unwritablePlaces_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("no such folder") << QStringLiteral("none/a.txt");
-    QTest::newRow("a folder") << QStringLiteral(".");
-    QTest::newRow("below a file") << QStringLiteral("file/a.txt");
+    const Rows<QString> row("name");
+    row("no such folder", "none/a.txt");
+    row("a folder", ".");
+    row("below a file", "file/a.txt");
 }
 
 void TestLutTextFile::unwritablePlaces()
@@ -133,11 +132,7 @@ void TestLutTextFile::unwritablePlaces()
 
 void TestLutTextFile::contents_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("good");
-    const auto row = [](const char* name, const QByteArray& content, bool good) {
-        QTest::newRow(name) << content << good;
-    };
+    const Rows<QByteArray, bool> row("content", "good");
     row("one pair", "0\r\n5\r\n", true);
     row("LF alone", "0\n5\n1\n6\n", true);
     row("last line without end", "0\r\n5\r\n1\r\n6", true);
@@ -212,12 +207,12 @@ void TestLutTextFile::mostPoints()
 
 void TestLutTextFile::whatIsNoFileIsNotOpened_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("cancelled") << QString();
-    QTest::newRow("missing") << QStringLiteral("none.txt");
-    QTest::newRow("folder") << QStringLiteral(".");
-    QTest::newRow("pipe") << QStringLiteral("pipe"); // opening it would wait for a writer
-    QTest::newRow("dangling link") << QStringLiteral("link");
+    const Rows<QString> row("name");
+    row("cancelled", "");
+    row("missing", "none.txt");
+    row("folder", ".");
+    row.of("pipe"); // opening it would wait for a writer
+    row("dangling link", "link");
 }
 
 void TestLutTextFile::whatIsNoFileIsNotOpened()

@@ -19,9 +19,9 @@ namespace {
 
 using Item = ORXPropertyTreeItem;
 
-const QString kTransformation = QStringLiteral("ColorTransformationEnable");
-const QString kValue = QStringLiteral("ColorTransformationValue");
-const QString kDemoSerial = QStringLiteral("DEMO000001");
+const QString kTransformation = "ColorTransformationEnable"_s;
+const QString kValue = "ColorTransformationValue"_s;
+const QString kDemoSerial = "DEMO000001"_s;
 
 } // namespace
 
@@ -31,8 +31,8 @@ class Matrix
 public:
     explicit Matrix(CTreeCustomCCMItemValue::State state)
     {
-        enable.setTagName(QStringLiteral("Boolean"));
-        item.setTagName(QStringLiteral("CustomTagNameCCM"));
+        enable.setTagName("Boolean"_s);
+        item.setTagName("CustomTagNameCCM"_s);
         auto* value = static_cast<CTreeCustomCCMItemValue*>(item.value());
         value->m_nState = state;
         value->m_lCameraID = 1;
@@ -44,7 +44,7 @@ public:
 
     QPropertyLineEdit* cell(int index) const
     {
-        return window.findChild<QPropertyLineEdit*>(QStringLiteral("CCMValue%1").arg(index));
+        return window.findChild<QPropertyLineEdit*>("CCMValue%1"_s.arg(index));
     }
     QStringList texts() const
     {
@@ -106,13 +106,13 @@ protected:
     void finish() override
     {
         removeFiles();
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
+        ORXInterface::setLanguage("ENG"_s);
     }
 
 private:
     static void removeFiles()
     {
-        QDir(ORXInterface::userDataPath() + QStringLiteral("/CCMList")).removeRecursively();
+        QDir(ORXInterface::userDataPath() + "/CCMList"_s).removeRecursively();
     }
     static void store(const QByteArray& content)
     {
@@ -155,7 +155,7 @@ void TestORXCCMWidget::cellsShowTheCamera()
     QVERIFY(!matrix.cell(0)->isEnabled());
     QVERIFY(matrix.read());
     QCOMPARE(matrix.texts().join(QLatin1Char(' ')),
-             QStringLiteral("1.0000 -0.2500 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 3.5000"));
+             "1.0000 -0.2500 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 3.5000"_s);
     QVERIFY(matrix.isOn());
     // The camera is as it was.
     QCOMPARE(window.integer("ColorTransformationValueSelector"), 6);
@@ -165,16 +165,12 @@ void TestORXCCMWidget::cellsShowTheCamera()
 
 void TestORXCCMWidget::switchStatesDecide_data()
 {
-    QTest::addColumn<bool>("transformed");
-    QTest::addColumn<bool>("matrix");
-    QTest::addColumn<QString>("unreadable");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("matrix") << false << true << QString() << true;
-    QTest::newRow("neither") << false << false << QString() << false;
-    QTest::newRow("transformation") << true << false << QString() << false;
-    QTest::newRow("matrix not told") << false << false << QStringLiteral("CCMEnable") << true;
-    QTest::newRow("transformation, matrix not told")
-        << true << false << QStringLiteral("CCMEnable") << false;
+    const Rows<bool, bool, QString, bool> row("transformed", "matrix", "unreadable", "on");
+    row("matrix", false, true, "", true);
+    row("neither", false, false, "", false);
+    row("transformation", true, false, "", false);
+    row("matrix not told", false, false, "CCMEnable", true);
+    row("transformation, matrix not told", true, false, "CCMEnable", false);
 }
 
 void TestORXCCMWidget::switchStatesDecide()
@@ -192,7 +188,7 @@ void TestORXCCMWidget::switchStatesDecide()
     Matrix cells(CTreeCustomCCMItemValue::InCamera);
     cells.enable.value()->setValue(!on);
     cells.widget->updateData();
-    QTRY_COMPARE(cells.cell(2)->text(), QStringLiteral("0.1250"));
+    QTRY_COMPARE(cells.cell(2)->text(), "0.1250"_s);
     QCOMPARE(cells.cell(2)->isEnabled(), on);
     QCOMPARE(cells.isOn(), on);
     QCOMPARE(window.integer("ColorTransformationEnable"), transformed ? 1 : 0);
@@ -200,24 +196,16 @@ void TestORXCCMWidget::switchStatesDecide()
 
 void TestORXCCMWidget::editReachesTheCamera_data()
 {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QStringList>("writes");
+    const Rows<int, QByteArray, QString, QStringList> row("index", "text", "shown", "writes");
     const auto writes = [](int index, const char* value) {
-        return QStringList{QStringLiteral("ColorTransformationValueSelector %1").arg(index),
-                           QStringLiteral("ColorTransformationValue %1").arg(QLatin1String(value))};
+        return QStringList{"ColorTransformationValueSelector %1"_s.arg(index),
+                           "ColorTransformationValue %1"_s.arg(QLatin1String(value))};
     };
-    QTest::newRow("number") << 5 << QByteArray("1.5") << QStringLiteral("1.5000")
-                            << writes(5, "1.5");
-    QTest::newRow("exponent") << 0 << QByteArray("-25e-2") << QStringLiteral("-0.2500")
-                              << writes(0, "-0.25");
-    QTest::newRow("too large") << 8 << QByteArray("9") << QStringLiteral("4.0000")
-                               << writes(8, "4");
-    QTest::newRow("no number") << 4 << QByteArray("one") << QStringLiteral("1.0000")
-                               << QStringList();
-    QTest::newRow("unchanged") << 4 << QByteArray("1.0000") << QStringLiteral("1.0000")
-                               << QStringList();
+    row("number", 5, "1.5", "1.5000", writes(5, "1.5"));
+    row("exponent", 0, "-25e-2", "-0.2500", writes(0, "-0.25"));
+    row("too large", 8, "9", "4.0000", writes(8, "4"));
+    row("no number", 4, "one", "1.0000", QStringList());
+    row("unchanged", 4, "1.0000", "1.0000", QStringList());
 }
 
 void TestORXCCMWidget::editReachesTheCamera()
@@ -238,20 +226,20 @@ void TestORXCCMWidget::editReachesTheCamera()
 
 void TestORXCCMWidget::refusedEditShowsWhatTheCameraHas()
 {
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::expectMessage("Read Feature Failed"_s);
     DemoWindow window;
     QVERIFY(switchOn(window));
     Matrix matrix(CTreeCustomCCMItemValue::InCamera);
     QVERIFY(matrix.read());
     window.plugged.refuse(kValue);
     matrix.enter(4, "2");
-    QCOMPARE(matrix.cell(4)->text(), QStringLiteral("1.0000"));
-    QCOMPARE(shownMessage(window), QStringLiteral("Failed to set the feature value."));
+    QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
+    QCOMPARE(shownMessage(window), "Failed to set the feature value."_s);
     // A refused selector spares the value.
-    window.plugged.refuse(QStringLiteral("ColorTransformationValueSelector"));
+    window.plugged.refuse("ColorTransformationValueSelector"_s);
     window.plugged.clearWrites();
     matrix.enter(4, "2");
-    QCOMPARE(matrix.cell(4)->text(), QStringLiteral("1.0000"));
+    QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
     QVERIFY(window.plugged.writes().isEmpty());
 }
 
@@ -264,17 +252,17 @@ void TestORXCCMWidget::switchingWritesBothFeatures()
         window.plugged.clearWrites();
         matrix.userSwitches(on);
         QCOMPARE(window.plugged.writes(),
-                 (QStringList{QStringLiteral("ColorTransformationEnable %1").arg(on ? 0 : 1),
-                              QStringLiteral("CCMEnable %1").arg(on ? 1 : 0)}));
+                 (QStringList{"ColorTransformationEnable %1"_s.arg(on ? 0 : 1),
+                              "CCMEnable %1"_s.arg(on ? 1 : 0)}));
         QCOMPARE(matrix.cell(3)->isEnabled(), on);
     }
     // A refused switch goes back.
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::expectMessage("Read Feature Failed"_s);
     window.plugged.refuse(kTransformation);
     matrix.userSwitches(true);
     QVERIFY(!matrix.isOn());
     QVERIFY(!matrix.cell(3)->isEnabled());
-    QCOMPARE(shownMessage(window), QStringLiteral("Failed to set the feature value."));
+    QCOMPARE(shownMessage(window), "Failed to set the feature value."_s);
 }
 
 void TestORXCCMWidget::switchingWhileReadingWins()
@@ -318,7 +306,7 @@ void TestORXCCMWidget::failureInTheMiddleLeavesTheCameraAsItWas()
     };
     Matrix matrix(CTreeCustomCCMItemValue::InCamera);
     matrix.widget->updateData();
-    QTRY_VERIFY(MessageGuard::contains(QStringLiteral("cannot be read")));
+    QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
     QCOMPARE(window.integer("ColorTransformationEnable"), 1);
     QCOMPARE(window.integer("ColorTransformationValueSelector"), 7);
     QVERIFY(!matrix.cell(0)->isEnabled());
@@ -326,8 +314,8 @@ void TestORXCCMWidget::failureInTheMiddleLeavesTheCameraAsItWas()
 
 void TestORXCCMWidget::cameraUnpluggedInTheMiddle()
 {
-    MessageGuard::expectMessage(QStringLiteral("Reading the color correction matrix"));
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::expectMessage("Reading the color correction matrix"_s);
+    MessageGuard::expectMessage("Read Feature Failed"_s);
     DemoWindow window;
     QVERIFY(switchOn(window));
     Matrix matrix(CTreeCustomCCMItemValue::InCamera);
@@ -338,7 +326,7 @@ void TestORXCCMWidget::cameraUnpluggedInTheMiddle()
             window.plugged.unplug();
     };
     matrix.widget->updateData();
-    QTRY_VERIFY(MessageGuard::contains(QStringLiteral("Reading the color correction matrix")));
+    QTRY_VERIFY(MessageGuard::contains("Reading the color correction matrix"_s));
     QVERIFY(!matrix.cell(0)->isEnabled());
     QVERIFY(matrix.isOn()); // nothing is known of it
 }
@@ -365,7 +353,7 @@ void TestORXCCMWidget::destroyedWhileTheHostHangs()
     goOn.release();
     ORXCCMUpdateThread::stopAll();
     // No further coefficient; what was changed is put back.
-    QCOMPARE(window.plugged.writes(), QStringList{QStringLiteral("ColorTransformationEnable 1")});
+    QCOMPARE(window.plugged.writes(), QStringList{"ColorTransformationEnable 1"_s});
     QCOMPARE(window.integer("ColorTransformationEnable"), 1);
 }
 
@@ -392,7 +380,7 @@ void TestORXCCMWidget::nextEditorWaitsForTheLastOne()
     second.enable.value()->setValue(true);
     second.widget->updateData();
     QTimer::singleShot(50, this, [&] { goOn.release(); });
-    QTRY_COMPARE(second.cell(3)->text(), QStringLiteral("0.7500"));
+    QTRY_COMPARE(second.cell(3)->text(), "0.7500"_s);
     QVERIFY(!second.isOn());
     QCOMPARE(window.integer("ColorTransformationEnable"), 1);
 }
@@ -403,8 +391,8 @@ void TestORXCCMWidget::itemsMayGoFirst()
     QVERIFY(switchOn(window));
     auto enable = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
     auto item = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
-    enable->setTagName(QStringLiteral("Boolean"));
-    item->setTagName(QStringLiteral("CustomTagNameCCM"));
+    enable->setTagName("Boolean"_s);
+    item->setTagName("CustomTagNameCCM"_s);
     auto* value = static_cast<CTreeCustomCCMItemValue*>(item->value());
     value->m_lCameraID = 1;
     value->m_pEnableItem = enable.get();
@@ -428,13 +416,13 @@ void TestORXCCMWidget::fileModeShowsTheFile()
     window.plugged.clearWrites();
     matrix.widget->updateData();
     QTRY_COMPARE(matrix.texts().join(QLatin1Char(' ')),
-                 QStringLiteral("1.0000 0.0000 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 1.0000"));
+                 "1.0000 0.0000 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 1.0000"_s);
     QVERIFY(!matrix.cell(0)->isEnabled());
     QCOMPARE(stored(), QByteArray()); // made
     store("[Common]\nCCMEnable=true\nCCMValue0=512\nCCMValue5=-1\n");
     QVERIFY(matrix.read());
-    QCOMPARE(matrix.cell(0)->text(), QStringLiteral("0.5000"));
-    QCOMPARE(matrix.cell(5)->text(), QStringLiteral("-0.0010"));
+    QCOMPARE(matrix.cell(0)->text(), "0.5000"_s);
+    QCOMPARE(matrix.cell(5)->text(), "-0.0010"_s);
     QVERIFY(matrix.isOn());
     // The host writes them: here they can be read and copied, but not edited.
     QVERIFY(matrix.cell(0)->isReadOnly());
@@ -448,7 +436,7 @@ void TestORXCCMWidget::fileModeSwitchesTheFile()
     store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
     Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
     matrix.userSwitches(true);
-    QTRY_COMPARE(matrix.cell(0)->text(), QStringLiteral("2.0000"));
+    QTRY_COMPARE(matrix.cell(0)->text(), "2.0000"_s);
     QVERIFY(stored().contains("CCMEnable=true"));
     QVERIFY(stored().contains("CCMValue0=2048"));
     matrix.userSwitches(false);
@@ -459,15 +447,14 @@ void TestORXCCMWidget::fileModeSwitchesTheFile()
 void TestORXCCMWidget::badFileIsReportedAndLeftAlone()
 {
     const QByteArray bad = "[Common]\nCCMEnable=true\nCCMValue3=abc\n";
-    MessageGuard::expectMessage(QStringLiteral("Color correction settings"));
+    MessageGuard::expectMessage("Color correction settings"_s);
     DemoWindow window;
     QVERIFY(window.open());
     store(bad);
     Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
     matrix.widget->updateData();
-    QTRY_COMPARE(shownMessage(window),
-                 QStringLiteral("The color correction settings cannot be used."));
-    QVERIFY(MessageGuard::contains(QStringLiteral("CCMList_DEMO000001.ini: CCMValue3")));
+    QTRY_COMPARE(shownMessage(window), "The color correction settings cannot be used."_s);
+    QVERIFY(MessageGuard::contains("CCMList_DEMO000001.ini: CCMValue3"_s));
     QVERIFY(!matrix.cell(0)->isEnabled());
     matrix.userSwitches(true);
     QVERIFY(!matrix.isOn());
@@ -479,20 +466,20 @@ void TestORXCCMWidget::delegateMakesTheEditor()
     DemoWindow window;
     QVERIFY(switchOn(window));
     TestPage page(Item::CommonPage);
-    page.makeRoot = [&page] { return page.addGroupOfTags({QStringLiteral("CustomTagNameCCM")}); };
+    page.makeRoot = [&page] { return page.addGroupOfTags({"CustomTagNameCCM"_s}); };
     page.getRootItem(1, true);
     Item* item = page.getRootItem(1, false)->child(0)->child(0);
     Item enable(nullptr, Item::CommonPage);
-    enable.setTagName(QStringLiteral("Boolean"));
+    enable.setTagName("Boolean"_s);
     auto* value = static_cast<CTreeCustomCCMItemValue*>(item->value());
     value->m_lCameraID = 1;
     value->m_pEnableItem = &enable;
     page.open();
-    auto* editor = page.editor<ORXCCMWidget>(QStringLiteral("CustomTagNameCCM"));
+    auto* editor = page.editor<ORXCCMWidget>("CustomTagNameCCM"_s);
     QVERIFY(editor);
-    auto* first = editor->findChild<QPropertyLineEdit*>(QStringLiteral("CCMValue0"));
+    auto* first = editor->findChild<QPropertyLineEdit*>("CCMValue0"_s);
     QTRY_VERIFY(first->isEnabled());
-    QCOMPARE(first->text(), QStringLiteral("1.0000"));
+    QCOMPARE(first->text(), "1.0000"_s);
     // Every cell lies inside the editor.
     for (const QPropertyLineEdit* cell : editor->findChildren<QPropertyLineEdit*>())
         QVERIFY(editor->rect().contains(QRect(cell->mapTo(editor, QPoint(0, 0)), cell->size())));
@@ -504,11 +491,11 @@ void TestORXCCMWidget::cellsSayWhereTheyAre()
     QVERIFY(switchOn(window));
     Matrix matrix(CTreeCustomCCMItemValue::InCamera);
     QVERIFY(matrix.read());
-    QCOMPARE(matrix.cell(5)->accessibleName(), QStringLiteral("Row 2, column 3"));
-    QVERIFY(matrix.cell(5)->toolTip().startsWith(QStringLiteral("Row 2, column 3\nRange")));
+    QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3"_s);
+    QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3\nRange"_s));
     window.widget()->SetLanguage(1);
-    QTRY_COMPARE(matrix.cell(5)->accessibleName(), QStringLiteral("第 2 行，第 3 列"));
-    QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith(QStringLiteral("第 2 行，第 3 列\n范围")));
+    QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列"_s);
+    QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列\n范围"_s));
 }
 
 OBFT_TEST_MAIN(TestORXCCMWidget)

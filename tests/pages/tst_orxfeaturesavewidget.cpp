@@ -18,8 +18,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kLoadTime = 2s; // the demo camera loads within
-const QString kNotConfirmed =
-    QStringLiteral("The camera did not confirm that the user set is loaded.");
+const QString kNotConfirmed = "The camera did not confirm that the user set is loaded."_s;
 
 // What the buttons have to do, by id; written down here once more, independent of the dialog.
 struct Row
@@ -135,7 +134,7 @@ void TestORXFeatureSaveWidget::finish()
     m_boxes.stop();
     m_boxes.disconnect();
     OBDeviceControl::SetUserLevel(1);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
+    ORXInterface::setLanguage("ENG"_s);
 }
 
 void TestORXFeatureSaveWidget::inDialog(DemoWindow& window,
@@ -151,9 +150,8 @@ void TestORXFeatureSaveWidget::inDialog(DemoWindow& window,
         if (dialog)
             dialog->close();
     });
-    QTest::mouseClick(
-        window.widget()->findChild<QAbstractButton*>(QStringLiteral("ORXFeatureSave")),
-        Qt::LeftButton);
+    QTest::mouseClick(window.widget()->findChild<QAbstractButton*>("ORXFeatureSave"_s),
+                      Qt::LeftButton);
     QVERIFY(ran);
 }
 
@@ -199,8 +197,7 @@ void TestORXFeatureSaveWidget::press(ORXFeatureSaveWidget* dialog, int id,
 
 bool TestORXFeatureSaveWidget::isWaiting(const ORXFeatureSaveWidget* dialog, DemoWindow& window)
 {
-    const ORXPropertyTreeItem* status =
-        window.tree()->propertyItemByName(QStringLiteral("UserSetLoadStatus"));
+    const ORXPropertyTreeItem* status = window.tree()->propertyItemByName("UserSetLoadStatus"_s);
     return !button(dialog, 0)->isEnabled() &&
            status->value()->displayValue() == QLatin1String("Loading");
 }
@@ -227,9 +224,9 @@ void TestORXFeatureSaveWidget::everyButtonDoesItsWork()
         press(dialog, wanted.id);
         QCOMPARE(m_seen, QStringList{QString::fromLatin1(wanted.message)});
         const bool powerUp = qstrlen(wanted.command) == 0;
-        const QString name = QStringLiteral("User Set ") + QLatin1String(wanted.setValue);
+        const QString name = "User Set "_s + QLatin1String(wanted.setValue);
         QTRY_COMPARE(text(dialog, powerUp ? "UserSetPowerUpName" : "UserSetCurrentName"),
-                     wanted.setValue[0] == '0' ? QStringLiteral("Default") : name);
+                     wanted.setValue[0] == '0' ? "Default"_s : name);
     });
     QStringList writes = {QString::fromLatin1(wanted.selector) + QLatin1Char(' ') +
                           QLatin1String(wanted.setValue)};
@@ -252,8 +249,7 @@ void TestORXFeatureSaveWidget::equalValuesAreNotWrittenAgain()
         press(dialog, 1);
         press(dialog, 1);
         QCOMPARE(window.plugged.writes(),
-                 (QStringList{QStringLiteral("UserSetSelector 2"), QStringLiteral("UserSetSave"),
-                              QStringLiteral("UserSetSave")}));
+                 (QStringList{"UserSetSelector 2"_s, "UserSetSave"_s, "UserSetSave"_s}));
         window.plugged.clearWrites();
         press(dialog, 7);
         QVERIFY(window.plugged.writes().isEmpty());
@@ -275,8 +271,7 @@ void TestORXFeatureSaveWidget::setsKeepAndRestoreSettings()
         press(dialog, 6);
         QCOMPARE(window.number("ExposureTime"), 5000.0F);
         // What the camera changed by itself is shown, too.
-        const ORXPropertyTreeItem* exposure =
-            window.tree()->propertyItemByName(QStringLiteral("ExposureTime"));
+        const ORXPropertyTreeItem* exposure = window.tree()->propertyItemByName("ExposureTime"_s);
         QTRY_COMPARE(exposure->value()->value().toFloat(), 5000.0F);
     });
 }
@@ -285,8 +280,8 @@ void TestORXFeatureSaveWidget::refusedSelectorSkipsTheCommand()
 {
     DemoWindow window;
     QVERIFY(window.open());
-    window.plugged.refuse(QStringLiteral("UserSetSelector"));
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    window.plugged.refuse("UserSetSelector"_s);
+    MessageGuard::expectMessage("Read Feature Failed"_s);
     inDialog(window, [&](ORXFeatureSaveWidget* dialog) {
         press(dialog, 0);
         press(dialog, 4); // its wait ends, since nothing is loaded
@@ -308,12 +303,12 @@ void TestORXFeatureSaveWidget::loadWaitsForTheStatus()
             // Nothing can be pressed, but the window lives: what is read meanwhile arrives.
             window.write(OB_FT_TYPE_ENUMERATION, "UserSetDefault", "2");
             OB_FT_UpdateFeatures();
-            QTRY_COMPARE(text(dialog, "UserSetPowerUpName"), QStringLiteral("User Set 2"));
+            QTRY_COMPARE(text(dialog, "UserSetPowerUpName"), "User Set 2"_s);
             QVERIFY(waiting());
             QVERIFY(m_seen.isEmpty());
             window.clock.advance(kLoadTime);
         });
-        QCOMPARE(m_seen, QStringList{QStringLiteral("user set2 loaded.")});
+        QCOMPARE(m_seen, QStringList{"user set2 loaded."_s});
         QVERIFY(button(dialog, 5)->isEnabled());
     });
 }
@@ -324,7 +319,7 @@ void TestORXFeatureSaveWidget::loadWithoutStatusDoesNotWait()
     QVERIFY(window.open());
     inDialog(window, [&](ORXFeatureSaveWidget* dialog) {
         press(dialog, 4);
-        QCOMPARE(m_seen, QStringList{QStringLiteral("user set1 loaded.")});
+        QCOMPARE(m_seen, QStringList{"user set1 loaded."_s});
     });
 }
 
@@ -334,9 +329,9 @@ void TestORXFeatureSaveWidget::loadThatWasOverAtOnceEnds()
     DemoWindow window;
     QVERIFY(window.open());
     // The camera is still busy with an earlier load when the command comes, and refuses it.
-    window.plugged.refuse(QStringLiteral("UserSetLoad"));
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::expectMessage(QStringLiteral("Failed to execute Node"));
+    window.plugged.refuse("UserSetLoad"_s);
+    MessageGuard::expectMessage("Read Feature Failed"_s);
+    MessageGuard::expectMessage("Failed to execute Node"_s);
     inDialog(window, [&](ORXFeatureSaveWidget* dialog) {
         press(dialog, 4);
         QVERIFY(button(dialog, 4)->isEnabled());
@@ -345,18 +340,19 @@ void TestORXFeatureSaveWidget::loadThatWasOverAtOnceEnds()
 
 void TestORXFeatureSaveWidget::waitEndsCleanly_data()
 {
-    QTest::addColumn<End>("end");
-    QTest::newRow("release") << End([](DemoWindow&, ORXFeatureSaveWidget*) { OB_FT_Release(); });
-    QTest::newRow("close the window")
-        << End([](DemoWindow&, ORXFeatureSaveWidget*) { OB_FT_Close(); });
-    QTest::newRow("remove the tree") << End(
-        [](DemoWindow& window, ORXFeatureSaveWidget*) { window.widget()->removeFeatureTree(1); });
-    QTest::newRow("escape") << End(
-        [](DemoWindow&, ORXFeatureSaveWidget* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
-    QTest::newRow("close and release") << End([](DemoWindow&, ORXFeatureSaveWidget*) {
-        OB_FT_Close();
-        OB_FT_Release();
-    });
+    const Rows<End> row("end");
+    row("release", End([](DemoWindow&, ORXFeatureSaveWidget*) { OB_FT_Release(); }));
+    row("close the window", End([](DemoWindow&, ORXFeatureSaveWidget*) { OB_FT_Close(); }));
+    row("remove the tree", End([](DemoWindow& window, ORXFeatureSaveWidget*) {
+            window.widget()->removeFeatureTree(1);
+        }));
+    row("escape", End([](DemoWindow&, ORXFeatureSaveWidget* dialog) {
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        }));
+    row("close and release", End([](DemoWindow&, ORXFeatureSaveWidget*) {
+            OB_FT_Close();
+            OB_FT_Release();
+        }));
 }
 
 void TestORXFeatureSaveWidget::waitEndsCleanly()
@@ -396,8 +392,8 @@ void TestORXFeatureSaveWidget::unpluggedCameraEndsTheWait()
 
 void TestORXFeatureSaveWidget::endlessLoadEndsByItself()
 {
-    MessageGuard::ignoreMessage(
-        QtCriticalMsg, QRegularExpression(QStringLiteral("still says that it is loading")));
+    MessageGuard::ignoreMessage(QtCriticalMsg,
+                                QRegularExpression("still says that it is loading"_s));
     DemoWindow window;
     QVERIFY(window.open());
     inDialog(window, [&](ORXFeatureSaveWidget* dialog) {
@@ -421,7 +417,7 @@ void TestORXFeatureSaveWidget::openMessageGoesWithTheWindow()
         press(
             dialog, 0, [&] { return box() && box()->isVisible(); },
             [&] {
-                QCOMPARE(box()->cCaption(), QStringLiteral("Prompt"));
+                QCOMPARE(box()->cCaption(), "Prompt"_s);
                 OB_FT_Release();
             });
     });
@@ -444,10 +440,10 @@ void TestORXFeatureSaveWidget::releaseFromInsideTheWrite()
 
 void TestORXFeatureSaveWidget::missingFeatureIsNotSupported_data()
 {
-    QTest::addColumn<QByteArray>("feature");
+    const Rows<QByteArray> row("feature");
     for (const char* name : {"UserSetCurrent", "UserSetSelector", "UserSetLoad", "UserSetSave",
                              "UserSetDefault", "DeviceReset"})
-        QTest::newRow(name) << QByteArray(name);
+        row.of(name);
 }
 
 void TestORXFeatureSaveWidget::missingFeatureIsNotSupported()
@@ -455,10 +451,9 @@ void TestORXFeatureSaveWidget::missingFeatureIsNotSupported()
     QFETCH(QByteArray, feature);
     DemoWindow window(without(feature.constData()));
     QVERIFY(window.open());
-    QTest::mouseClick(
-        window.widget()->findChild<QAbstractButton*>(QStringLiteral("ORXFeatureSave")),
-        Qt::LeftButton);
-    QCOMPARE(m_seen, QStringList{QStringLiteral("Not supported.")});
+    QTest::mouseClick(window.widget()->findChild<QAbstractButton*>("ORXFeatureSave"_s),
+                      Qt::LeftButton);
+    QCOMPARE(m_seen, QStringList{"Not supported."_s});
     QVERIFY(window.plugged.writes().isEmpty());
 }
 
@@ -503,9 +498,9 @@ void TestORXFeatureSaveWidget::resetClosesAndTellsTheUser()
         press(dialog, 11);
         QVERIFY(!guard || !guard->isVisible());
     });
-    QCOMPARE(window.plugged.writes(), QStringList{QStringLiteral("DeviceReset")});
-    QTRY_COMPARE(m_seen, QStringList{QStringLiteral(
-                             "The camera is about to reboot. Reconnect the\ncamera later.")});
+    QCOMPARE(window.plugged.writes(), QStringList{"DeviceReset"_s});
+    QTRY_COMPARE(m_seen,
+                 QStringList{"The camera is about to reboot. Reconnect the\ncamera later."_s});
     QVERIFY(!window.camera.isConnected());
     window.clock.advance(DemoCamera::kRestartTime + 1s);
     QCOMPARE(window.camera.reconnect(), 0);
@@ -525,7 +520,7 @@ void TestORXFeatureSaveWidget::keyboardReachesEveryButton()
         }
         button(dialog, 8)->setFocus();
         QTest::keyClick(button(dialog, 8), Qt::Key_Space);
-        QCOMPARE(window.plugged.writes(), QStringList{QStringLiteral("UserSetDefault 1")});
+        QCOMPARE(window.plugged.writes(), QStringList{"UserSetDefault 1"_s});
         QTRY_COMPARE(dialog->focusWidget(), button(dialog, 8));
         QTest::keyClick(button(dialog, 8), Qt::Key_Escape);
         QVERIFY(!dialog->isVisible());
@@ -537,10 +532,10 @@ void TestORXFeatureSaveWidget::dialogSpeaksChinese()
     DemoWindow window({}, 1);
     QVERIFY(window.open());
     inDialog(window, [&](ORXFeatureSaveWidget* dialog) {
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("用户集控制"));
-        QCOMPARE(text(dialog, "UserSetCurrentName"), QStringLiteral("默认"));
+        QCOMPARE(dialog->windowTitle(), "用户集控制"_s);
+        QCOMPARE(text(dialog, "UserSetCurrentName"), "默认"_s);
         press(dialog, 2);
-        QCOMPARE(m_seen, QStringList{QStringLiteral("用户集 3 已保存。")});
+        QCOMPARE(m_seen, QStringList{"用户集 3 已保存。"_s});
         // Nothing is cut off.
         for (int id = 0; id <= 10; ++id)
             QVERIFY(button(dialog, id)->width() >= button(dialog, id)->sizeHint().width());

@@ -160,26 +160,17 @@ void TestOrxLutThread::reloadTellsNoFinish()
 
 void TestOrxLutThread::sillyLimits_data()
 {
-    QTest::addColumn<qint64>("maximumIndex");
-    QTest::addColumn<qint64>("maximumValue");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<int>("highestValue"); // 0: nothing is read
+    // highestValue: 0: nothing is read
+    const Rows<qint64, qint64, QString, int> row("maximumIndex", "maximumValue", "line",
+                                                 "highestValue");
     const qint64 huge = qint64(1) << 40;
-    QTest::newRow("no index") << qint64(0) << qint64(4095)
-                              << QStringLiteral("LUT: LUTIndex ends at 0, which gives no table")
-                              << 0;
-    QTest::newRow("negative index")
-        << qint64(-1) << qint64(4095) << QStringLiteral("LUT: LUTIndex ends at -1") << 0;
-    QTest::newRow("no value") << qint64(1023) << qint64(0)
-                              << QStringLiteral("LUT: LUTValue ends at 0") << 0;
-    QTest::newRow("negative value")
-        << qint64(1023) << -huge << QStringLiteral("LUT: LUTValue ends at -1099511627776") << 0;
-    QTest::newRow("huge value") << qint64(1023) << huge
-                                << QStringLiteral("only values up to 2147483647 are used")
-                                << 2147483647;
+    row("no index", 0, 4095, "LUT: LUTIndex ends at 0, which gives no table", 0);
+    row("negative index", -1, 4095, "LUT: LUTIndex ends at -1", 0);
+    row("no value", 1023, 0, "LUT: LUTValue ends at 0", 0);
+    row("negative value", 1023, -huge, "LUT: LUTValue ends at -1099511627776", 0);
+    row("huge value", 1023, huge, "only values up to 2147483647 are used", 2147483647);
     // The camera has 4,096 points: the read ends with an error instead of an endless table.
-    QTest::newRow("huge index") << huge << qint64(4095)
-                                << QStringLiteral("only values up to 65535 are used") << 0;
+    row("huge index", huge, 4095, "only values up to 65535 are used", 0);
 }
 
 void TestOrxLutThread::sillyLimits()
@@ -188,7 +179,7 @@ void TestOrxLutThread::sillyLimits()
     QFETCH(qint64, maximumValue);
     QFETCH(QString, line);
     QFETCH(int, highestValue);
-    MessageGuard::expectMessage(QStringLiteral("LUT"));
+    MessageGuard::expectMessage("LUT"_s);
     m_camera->announce(maximumIndex, maximumValue);
     QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
     QTRY_COMPARE(m_said->ends, 1);
@@ -204,16 +195,16 @@ void TestOrxLutThread::sillyLimits()
 
 void TestOrxLutThread::refusedPointsAreSkipped_data()
 {
-    QTest::addColumn<bool>("index");
-    QTest::newRow("index refused") << true;
-    QTest::newRow("value refused") << false;
+    const Rows<bool> row("index");
+    row("index refused", true);
+    row("value refused", false);
 }
 
 void TestOrxLutThread::refusedPointsAreSkipped()
 {
     QFETCH(bool, index);
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::expectMessage(QStringLiteral("LUT: only 4095 of 4096 points written"));
+    MessageGuard::expectMessage("Read Feature Failed"_s);
+    MessageGuard::expectMessage("LUT: only 4095 of 4096 points written"_s);
     const LUTPoints points = squares(kPoints);
     QVector<int> wanted = valuesOf(points);
     wanted[100] = m_camera->table().at(100);
@@ -232,16 +223,14 @@ void TestOrxLutThread::refusedPointsAreSkipped()
 
 void TestOrxLutThread::unplugged_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("call");
-    QTest::addColumn<int>("done");
-    QTest::newRow("before reading") << int(ORXLUTThread::LoadFromCamera) << 1 << 0;
-    QTest::newRow("between the limits") << int(ORXLUTThread::LoadFromCamera) << 2 << 0;
-    QTest::newRow("at an index") << int(ORXLUTThread::LoadFromCamera) << 2 + 2001 << 1000;
-    QTest::newRow("at a value") << int(ORXLUTThread::LoadFromCamera) << 2 + 2002 << 1000;
-    QTest::newRow("while reloading") << int(ORXLUTThread::ReloadFromCamera) << 2 + 2001 << 1000;
-    QTest::newRow("before writing") << int(ORXLUTThread::SetToCamera) << 1 << 0;
-    QTest::newRow("while writing") << int(ORXLUTThread::SetToCamera) << 2001 << 1000;
+    const Rows<int, int, int> row("type", "call", "done");
+    row("before reading", ORXLUTThread::LoadFromCamera, 1, 0);
+    row("between the limits", ORXLUTThread::LoadFromCamera, 2, 0);
+    row("at an index", ORXLUTThread::LoadFromCamera, 2 + 2001, 1000);
+    row("at a value", ORXLUTThread::LoadFromCamera, 2 + 2002, 1000);
+    row("while reloading", ORXLUTThread::ReloadFromCamera, 2 + 2001, 1000);
+    row("before writing", ORXLUTThread::SetToCamera, 1, 0);
+    row("while writing", ORXLUTThread::SetToCamera, 2001, 1000);
 }
 
 void TestOrxLutThread::unplugged()
@@ -249,8 +238,8 @@ void TestOrxLutThread::unplugged()
     QFETCH(int, type);
     QFETCH(int, call);
     QFETCH(int, done);
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::expectMessage(QStringLiteral("LUT: "));
+    MessageGuard::expectMessage("Read Feature Failed"_s);
+    MessageGuard::expectMessage("LUT: "_s);
     const LUTPoints points = squares(kPoints);
     QVector<int> wanted = m_camera->table();
     if (type == ORXLUTThread::SetToCamera) {
@@ -357,15 +346,14 @@ void TestOrxLutThread::droppedJobStillEnds()
 
 void TestOrxLutThread::destructionWaitsForTheHostsCall()
 {
-    MessageGuard::ignoreMessage(
-        QtCriticalMsg, QRegularExpression(QStringLiteral("LUT: writing stopped after 1 of 4096")));
+    MessageGuard::ignoreMessage(QtCriticalMsg,
+                                QRegularExpression("LUT: writing stopped after 1 of 4096"_s));
     m_camera->holdAtCall(3);
     QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, squares(kPoints)));
     QTRY_VERIFY(m_camera->isHolding());
     // The call returns once the destructor has been waiting for it for a second.
     std::thread host([this] {
-        while (!MessageGuard::contains(
-            QStringLiteral("LUT: waiting for a call of the host to return")))
+        while (!MessageGuard::contains("LUT: waiting for a call of the host to return"_s))
             std::this_thread::yield();
         m_camera->release();
     });

@@ -12,7 +12,7 @@
 
 namespace {
 
-const QString kName = QStringLiteral("SN 1");
+const QString kName = "SN 1"_s;
 
 void store(const QByteArray& content)
 {
@@ -52,7 +52,7 @@ protected:
     }
 
 private:
-    static QString folder() { return ORXInterface::userDataPath() + QStringLiteral("/CCMList"); }
+    static QString folder() { return ORXInterface::userDataPath() + "/CCMList"_s; }
     static void removeFolder()
     {
         QFile::remove(folder());
@@ -65,7 +65,7 @@ void TestORXRWCCMValue::missingFileIsMadeEmpty()
     QVERIFY(!ORXRWCCMValue::exists(kName));
     ORXRWCCMValue settings;
     QVERIFY(settings.createSetting(kName));
-    QCOMPARE(settings.fileName(), folder() + QStringLiteral("/CCMList_SN 1.ini"));
+    QCOMPARE(settings.fileName(), folder() + "/CCMList_SN 1.ini"_s);
     QCOMPARE(stored(), QByteArray());
     QVERIFY(!settings.content().enabled);
     QCOMPARE(settings.content().values,
@@ -101,10 +101,7 @@ void TestORXRWCCMValue::switchingKeepsWhatTheHostWrote()
 
 void TestORXRWCCMValue::badFileIsLeftAlone_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    const auto row = [](const char* name, const QByteArray& content) {
-        QTest::newRow(name) << content;
-    };
+    const Rows<QByteArray> row("content");
     row("no settings at all", "Dear reader\nhow are you\n");
     row("section without end", "[Common\nCCMEnable=true\n");
     row("binary", QByteArray("[Common]\nCCMEnable=true\n\0\0\1", 28));
@@ -144,15 +141,11 @@ void TestORXRWCCMValue::folderThatCannotBeMade()
 
 void TestORXRWCCMValue::fileIsNamedAfterTheCamera_data()
 {
-    QTest::addColumn<QByteArray>("serial");
-    QTest::addColumn<QByteArray>("record");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("serial number")
-        << QByteArray("A1-0007") << QByteArray("Cam") << QStringLiteral("A1-0007");
-    QTest::newRow("signs that paths know")
-        << QByteArray("../A B") << QByteArray("Cam") << QStringLiteral("..%2FA%20B");
-    QTest::newRow("device record") << QByteArray() << QByteArray("Left") << QStringLiteral("Left");
-    QTest::newRow("nothing") << QByteArray() << QByteArray() << QStringLiteral("camera");
+    const Rows<QByteArray, QByteArray, QString> row("serial", "record", "name");
+    row("serial number", "A1-0007", "Cam", "A1-0007");
+    row("signs that paths know", "../A B", "Cam", "..%2FA%20B");
+    row("device record", "", "Left", "Left");
+    row("nothing", "", "", "camera");
 }
 
 void TestORXRWCCMValue::fileIsNamedAfterTheCamera()
@@ -163,7 +156,7 @@ void TestORXRWCCMValue::fileIsNamedAfterTheCamera()
     FakeHost host;
     host.install();
     if (!serial.isEmpty())
-        host.set(QStringLiteral("DeviceSerialNumber"), FakeHost::textFeature(serial));
+        host.set("DeviceSerialNumber"_s, FakeHost::textFeature(serial));
     _OB_FT_DEVICEINFO_ info = {};
     qstrncpy(info.deviceName, record.constData(), sizeof(info.deviceName));
     OBDeviceControl::SetDeviceInfo(&info);

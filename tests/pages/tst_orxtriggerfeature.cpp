@@ -78,7 +78,7 @@ void TestORXTriggerFeature::finish()
     m_camera.reset();
     m_demo.reset();
     OBDeviceControl::SetUserLevel(1);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
+    ORXInterface::setLanguage("ENG"_s);
 }
 
 void TestORXTriggerFeature::open(const QStringList& lacking, int language)
@@ -91,24 +91,23 @@ void TestORXTriggerFeature::open(const QStringList& lacking, int language)
 
 void TestORXTriggerFeature::groupsHoldTheirFeatures_data()
 {
-    QTest::addColumn<QByteArray>("group");
-    QTest::addColumn<QStringList>("names");
-    QTest::newRow("trigger") << QByteArray("Custom_Trigger")
-                             << words("TriggerSelector TriggerMode TriggerSource "
-                                      "TriggerActivation TriggerDelay Custom_AutoTrigTime "
-                                      "Custom_EnableAutoTrig TriggerSoftware");
-    QTest::newRow("lines") << QByteArray("Custom_IOControl")
-                           << words("LineSelector LineMode LineDebouncerTime LineSource "
-                                    "HardwareTriggerSource HardwareTriggerActivation "
-                                    "LineTriggerSoftware StrobeEnable StrobeLineDuration "
-                                    "StrobeLineDelay StrobeLinePreDelay");
-    QTest::newRow("encoder") << QByteArray("Custom_EncoderControl")
-                             << words("EncoderSelector EncoderSourceA EncoderSourceB "
-                                      "EncoderOutputMode EncoderCounterMode EncoderCounter "
-                                      "EncoderCounterMax EncoderCounterReset "
-                                      "EncoderMaxReverseCounter EncoderReverseCounterReset");
-    QTest::newRow("frequency converter") << QByteArray("Custom_FrequencyConverterControl")
-                                         << words("InputSource PreDivider Multiplier PostDivider");
+    const Rows<QByteArray, QStringList> row("group", "names");
+    row("trigger", "Custom_Trigger",
+        "TriggerSelector TriggerMode TriggerSource "
+        "TriggerActivation TriggerDelay Custom_AutoTrigTime "
+        "Custom_EnableAutoTrig TriggerSoftware");
+    row("lines", "Custom_IOControl",
+        "LineSelector LineMode LineDebouncerTime LineSource "
+        "HardwareTriggerSource HardwareTriggerActivation "
+        "LineTriggerSoftware StrobeEnable StrobeLineDuration "
+        "StrobeLineDelay StrobeLinePreDelay");
+    row("encoder", "Custom_EncoderControl",
+        "EncoderSelector EncoderSourceA EncoderSourceB "
+        "EncoderOutputMode EncoderCounterMode EncoderCounter "
+        "EncoderCounterMax EncoderCounterReset "
+        "EncoderMaxReverseCounter EncoderReverseCounterReset");
+    row("frequency converter", "Custom_FrequencyConverterControl",
+        "InputSource PreDivider Multiplier PostDivider");
 }
 
 void TestORXTriggerFeature::groupsHoldTheirFeatures()
@@ -131,17 +130,12 @@ void TestORXTriggerFeature::groupsHoldTheirFeatures()
 
 void TestORXTriggerFeature::titlesInBothLanguages_data()
 {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QStringList>("titles");
-    QTest::newRow("English") << 0
-                             << QStringList{QStringLiteral("Trigger"), QStringLiteral("IO Input"),
-                                            QStringLiteral("IO Output"),
-                                            QStringLiteral("Encoder Control"),
-                                            QStringLiteral("Frequency Converter Control")};
-    QTest::newRow("Chinese") << 1
-                             << QStringList{QStringLiteral("触发"), QStringLiteral("IO 输入"),
-                                            QStringLiteral("IO 输出"), QStringLiteral("编码器控制"),
-                                            QStringLiteral("频率转换控制")};
+    const Rows<int, QStringList> row("language", "titles");
+    row("English", 0,
+        QStringList{"Trigger"_s, "IO Input"_s, "IO Output"_s, "Encoder Control"_s,
+                    "Frequency Converter Control"_s});
+    row("Chinese", 1,
+        QStringList{"触发"_s, "IO 输入"_s, "IO 输出"_s, "编码器控制"_s, "频率转换控制"_s});
 }
 
 void TestORXTriggerFeature::titlesInBothLanguages()
@@ -156,37 +150,37 @@ void TestORXTriggerFeature::titlesInBothLanguages()
 void TestORXTriggerFeature::ownItemsBegin()
 {
     open();
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("1000"));
+    QCOMPARE(m_window->shown(kPage, kTime), "1000"_s);
     QVERIFY(!isOn());
     const auto* time = dynamic_cast<CTreeIntergerItemValue*>(m_window->item(kPage, kTime)->value());
     QVERIFY(time);
-    QCOMPARE(time->displayName(), QStringLiteral("Auto Trigger Time(ms)"));
+    QCOMPARE(time->displayName(), "Auto Trigger Time(ms)"_s);
     QCOMPARE(time->numbers().m_nMinValue, qint64(1));
     QCOMPARE(time->numbers().m_nMaxValue, qint64(1000000000));
     QCOMPARE(time->numbers().m_nIncrement, qint64(1));
     // The edges of the range can be entered, what is beyond cannot.
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1000000000")));
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("1000000000"));
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("0")));
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("1"));
+    QVERIFY(m_window->enter(kPage, kTime, "1000000000"_s));
+    QCOMPARE(m_window->shown(kPage, kTime), "1000000000"_s);
+    QVERIFY(m_window->enter(kPage, kTime, "0"_s));
+    QCOMPARE(m_window->shown(kPage, kTime), "1"_s);
 }
 
 void TestORXTriggerFeature::periodIsNeverSent()
 {
     open();
     m_camera->forget();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("250")));
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("250"));
+    QVERIFY(m_window->enter(kPage, kTime, "250"_s));
+    QCOMPARE(m_window->shown(kPage, kTime), "250"_s);
     QVERIFY(m_window->refresh());
     QCOMPARE(m_camera->writes(), QStringList());
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("250"));
+    QCOMPARE(m_window->shown(kPage, kTime), "250"_s);
 }
 
 void TestORXTriggerFeature::autoTriggerTriggers()
 {
     open();
-    QVERIFY(m_window->choose(kPage, "TriggerMode", QStringLiteral("On")));
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
+    QVERIFY(m_window->choose(kPage, "TriggerMode", "On"_s));
+    QVERIFY(m_window->enter(kPage, kTime, "1"_s));
     QVERIFY(m_window->click(kPage, kEnable));
     QTRY_VERIFY(triggers() > 20);
     // The camera takes them, and the window shows its count.
@@ -222,13 +216,13 @@ void TestORXTriggerFeature::itemsAreLockedWhileItRuns()
 void TestORXTriggerFeature::newPeriodIsTakenWhenSwitchedOnAgain()
 {
     open();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1000000000")));
+    QVERIFY(m_window->enter(kPage, kTime, "1000000000"_s));
     QVERIFY(m_window->click(kPage, kEnable));
     QTRY_VERIFY(isOn());
     QVERIFY(m_window->refresh());
     QCOMPARE(triggers(), 0); // the first falls due in eleven days
     QVERIFY(m_window->click(kPage, kEnable));
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
+    QVERIFY(m_window->enter(kPage, kTime, "1"_s));
     QVERIFY(m_window->refresh());
     QCOMPARE(triggers(), 0);
     QVERIFY(m_window->click(kPage, kEnable));
@@ -237,15 +231,14 @@ void TestORXTriggerFeature::newPeriodIsTakenWhenSwitchedOnAgain()
 
 void TestORXTriggerFeature::valueAboveZeroSwitchesOn_data()
 {
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("true") << QVariant(true) << true;
-    QTest::newRow("2") << QVariant(2) << true;
-    QTest::newRow("text 1") << QVariant(QStringLiteral("1")) << true;
-    QTest::newRow("false") << QVariant(false) << false;
-    QTest::newRow("0") << QVariant(0) << false;
-    QTest::newRow("-1") << QVariant(-1) << false;
-    QTest::newRow("no number") << QVariant(QStringLiteral("on")) << false;
+    const Rows<QVariant, bool> row("value", "on");
+    row("true", true, true);
+    row("2", 2, true);
+    row("text 1", "1"_s, true);
+    row("false", false, false);
+    row("0", 0, false);
+    row("-1", -1, false);
+    row("no number", "on"_s, false);
 }
 
 void TestORXTriggerFeature::valueAboveZeroSwitchesOn()
@@ -253,7 +246,7 @@ void TestORXTriggerFeature::valueAboveZeroSwitchesOn()
     QFETCH(QVariant, value);
     QFETCH(bool, on);
     open();
-    const QString tag = QStringLiteral("Boolean");
+    const QString tag = "Boolean"_s;
     const QString name = QString::fromLatin1(kEnable);
     // Starts from the other state.
     QVERIFY(m_window->page(kPage)->setFeatureValue(tag, name, !on));
@@ -266,14 +259,14 @@ void TestORXTriggerFeature::valueAboveZeroSwitchesOn()
 void TestORXTriggerFeature::slowCommandNeitherQueuesNorFreezes()
 {
     open();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
+    QVERIFY(m_window->enter(kPage, kTime, "1"_s));
     m_camera->closeGate(kTrigger);
     QVERIFY(m_window->click(kPage, kEnable));
     QTRY_COMPARE(triggers(), 1);
     // Everything else goes on while the camera works on the first one.
-    QVERIFY(m_window->choose(kPage, "TriggerActivation", QStringLiteral("Falling Edge")));
-    QVERIFY(m_window->enter(kTree, "Height", QStringLiteral("600")));
-    QTRY_VERIFY(m_camera->writes().contains(QStringLiteral("Height=600")));
+    QVERIFY(m_window->choose(kPage, "TriggerActivation", "Falling Edge"_s));
+    QVERIFY(m_window->enter(kTree, "Height", "600"_s));
+    QTRY_VERIFY(m_camera->writes().contains("Height=600"_s));
     m_window->tree()->OnTimerAutoTrigger();
     QVERIFY(m_window->refresh());
     QCOMPARE(triggers(), 1);
@@ -288,15 +281,14 @@ void TestORXTriggerFeature::slowCommandNeitherQueuesNorFreezes()
 
 void TestORXTriggerFeature::endsWithTheCamera_data()
 {
-    QTest::addColumn<int>("end");
-    QTest::addColumn<bool>("pageStays");
-    QTest::newRow("window closed") << 0 << true;
-    QTest::newRow("callbacks exchanged") << 1 << true;
-    QTest::newRow("camera closed") << 2 << false;
-    QTest::newRow("camera removed") << 3 << false;
-    QTest::newRow("another camera shown") << 4 << false;
-    QTest::newRow("device reset") << 5 << true;
-    QTest::newRow("released") << 6 << false;
+    const Rows<int, bool> row("end", "pageStays");
+    row("window closed", 0, true);
+    row("callbacks exchanged", 1, true);
+    row("camera closed", 2, false);
+    row("camera removed", 3, false);
+    row("another camera shown", 4, false);
+    row("device reset", 5, true);
+    row("released", 6, false);
 }
 
 void TestORXTriggerFeature::endsWithTheCamera()
@@ -304,7 +296,7 @@ void TestORXTriggerFeature::endsWithTheCamera()
     QFETCH(int, end);
     QFETCH(bool, pageStays);
     open();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
+    QVERIFY(m_window->enter(kPage, kTime, "1"_s));
     QVERIFY(m_window->click(kPage, kEnable));
     QTRY_VERIFY(triggers() > 0);
     const auto exchange = [] {
@@ -316,9 +308,7 @@ void TestORXTriggerFeature::endsWithTheCamera()
         [this] { m_window->tree()->OnCameraClose(); },
         [this] { m_window->widget()->removeFeatureTree(1); },
         [this] { m_window->page(kPage)->resetCamaraID(2); },
-        [this] {
-            QVERIFY(m_window->tree()->OnCommandNodeBtnClicked(QStringLiteral("DeviceReset")));
-        },
+        [this] { QVERIFY(m_window->tree()->OnCommandNodeBtnClicked("DeviceReset"_s)); },
         [] { OB_FT_Release(); },
     };
     ends[end]();
@@ -342,8 +332,8 @@ void TestORXTriggerFeature::withoutSoftwareTriggerThereIsNoAutoTrigger()
     QVERIFY(m_window->isRowShown(kPage, "TriggerMode"));
     QVERIFY(!m_window->isRowShown(kPage, kTime));
     QVERIFY(!m_window->isRowShown(kPage, kEnable));
-    QVERIFY(!m_window->page(kPage)->setFeatureValue(QStringLiteral("Boolean"),
-                                                    QString::fromLatin1(kEnable), true));
+    QVERIFY(
+        !m_window->page(kPage)->setFeatureValue("Boolean"_s, QString::fromLatin1(kEnable), true));
     QVERIFY(m_window->refresh());
     QCOMPARE(triggers(), 0);
 }
@@ -365,29 +355,23 @@ void TestORXTriggerFeature::ownItemsFollowTheSoftwareTrigger()
 
 void TestORXTriggerFeature::linesAndEncodersReachTheCamera_data()
 {
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("write");
-    const auto row = [](const char* feature, const char* text, const char* write) {
-        QTest::newRow(feature) << QByteArray(feature) << QString::fromLatin1(text)
-                               << QString::fromLatin1(write);
-    };
-    row("TriggerDelay", "12.5", "TriggerDelay=12.5");
-    row("LineDebouncerTime", "7", "LineDebouncerTime=7");
-    row("EncoderCounterMax", "999", "EncoderCounterMax=999");
-    row("EncoderMaxReverseCounter", "17", "EncoderMaxReverseCounter=17");
-    row("PreDivider", "3", "PreDivider=3");
-    row("Multiplier", "4", "Multiplier=4");
-    row("PostDivider", "5", "PostDivider=5");
-    row("EncoderSelector", "Encoder 1", "EncoderSelector=1");
-    row("EncoderSourceA", "Line 1", "EncoderSourceA=1");
-    row("EncoderCounterMode", "Ignore Direction", "EncoderCounterMode=1");
-    row("InputSource", "Line 0", "InputSource=1");
-    row("HardwareTriggerActivation", "Falling Edge", "HardwareTriggerActivation=1");
-    row("EncoderCounterReset", "", "EncoderCounterReset");
-    row("EncoderReverseCounterReset", "", "EncoderReverseCounterReset");
-    row("LineTriggerSoftware", "", "LineTriggerSoftware");
-    row("TriggerSoftware", "", "TriggerSoftware");
+    const Rows<QByteArray, QString, QString> row("feature", "text", "write");
+    row.of("TriggerDelay", "12.5", "TriggerDelay=12.5");
+    row.of("LineDebouncerTime", "7", "LineDebouncerTime=7");
+    row.of("EncoderCounterMax", "999", "EncoderCounterMax=999");
+    row.of("EncoderMaxReverseCounter", "17", "EncoderMaxReverseCounter=17");
+    row.of("PreDivider", "3", "PreDivider=3");
+    row.of("Multiplier", "4", "Multiplier=4");
+    row.of("PostDivider", "5", "PostDivider=5");
+    row.of("EncoderSelector", "Encoder 1", "EncoderSelector=1");
+    row.of("EncoderSourceA", "Line 1", "EncoderSourceA=1");
+    row.of("EncoderCounterMode", "Ignore Direction", "EncoderCounterMode=1");
+    row.of("InputSource", "Line 0", "InputSource=1");
+    row.of("HardwareTriggerActivation", "Falling Edge", "HardwareTriggerActivation=1");
+    row.of("EncoderCounterReset", "", "EncoderCounterReset");
+    row.of("EncoderReverseCounterReset", "", "EncoderReverseCounterReset");
+    row.of("LineTriggerSoftware", "", "LineTriggerSoftware");
+    row.of("TriggerSoftware", "", "TriggerSoftware");
 }
 
 void TestORXTriggerFeature::linesAndEncodersReachTheCamera()

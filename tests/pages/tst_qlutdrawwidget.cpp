@@ -169,17 +169,15 @@ private:
 
 void TestQLutDrawWidget::drawnLineReachesTheCamera_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QVector<LUTPoint>>("passes");
+    const Rows<int, QVector<LUTPoint>> row("type", "passes");
     // The fold point stays in the column of the press; the curve's goes to the drop.
-    QTest::newRow("fold line") << int(QLUTDrawWidget::FoldLine)
-                               << QVector<LUTPoint>{{0, 0}, {255, 1020}, {426, 3071}, {767, 3068}};
-    QTest::newRow("curve") << int(QLUTDrawWidget::SmoothCurve)
-                           << QVector<LUTPoint>{{0, 0}, {255, 1020}, {640, 3413}, {1023, 4092}};
-    QTest::newRow("free line") << int(QLUTDrawWidget::FreeLine)
-                               << QVector<LUTPoint>{{0, 0},     {84, 336},   {85, 3583},
-                                                    {256, 683}, {260, 2389}, {981, 2559},
-                                                    {982, 3928}};
+    row("fold line", QLUTDrawWidget::FoldLine,
+        QVector<LUTPoint>{{0, 0}, {255, 1020}, {426, 3071}, {767, 3068}});
+    row("curve", QLUTDrawWidget::SmoothCurve,
+        QVector<LUTPoint>{{0, 0}, {255, 1020}, {640, 3413}, {1023, 4092}});
+    row("free line", QLUTDrawWidget::FreeLine,
+        QVector<LUTPoint>{
+            {0, 0}, {84, 336}, {85, 3583}, {256, 683}, {260, 2389}, {981, 2559}, {982, 3928}});
 }
 
 void TestQLutDrawWidget::drawnLineReachesTheCamera()
@@ -194,13 +192,13 @@ void TestQLutDrawWidget::drawnLineReachesTheCamera()
     QVERIFY(drawn != straight);
     QSignalSpy refreshed(m_widget, &QLUTDrawWidget::SigUpdateFeatureTree);
     m_widget->SetToCamera();
-    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), QStringLiteral("LUT Operating..."));
+    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
     QVERIFY(waitForEnd());
     QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
     QCOMPARE(m_camera->table(), drawn);
     for (const LUTPoint& point : passes)
         QCOMPARE(m_camera->table().at(point.index), point.value);
-    QCOMPARE(message(), QStringLiteral("Applied to camera successfully."));
+    QCOMPARE(message(), "Applied to camera successfully."_s);
     QCOMPARE(hint(), 5);
     // After writing and after reading back.
     QCOMPARE(refreshed.size(), 2);
@@ -212,9 +210,9 @@ void TestQLutDrawWidget::loadShowsTheCamerasTable()
 {
     m_camera->setTable([](int i) { return 4095 - 4 * i; });
     m_widget->LoadFromCamera();
-    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), QStringLiteral("LUT Operating..."));
+    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
     QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Loading from camera completed."));
+    QCOMPARE(message(), "Loading from camera completed."_s);
     QCOMPARE(hint(), 5);
     for (const int type : {2, 0, 1}) {
         m_widget->SetDrawLineChanged(type);
@@ -225,14 +223,14 @@ void TestQLutDrawWidget::loadShowsTheCamerasTable()
 void TestQLutDrawWidget::treeShowsWhereTheTransferEnded()
 {
     using namespace DescriptionBuilder;
-    const QString index = QStringLiteral("LUTIndex");
-    const QString value = QStringLiteral("LUTValue");
-    const QString integer = QStringLiteral("Integer");
+    const QString index = "LUTIndex"_s;
+    const QString value = "LUTValue"_s;
+    const QString integer = "Integer"_s;
     FakeHost host;
     host.set(index, FakeHost::integerFeature(0, 0, 3));
     host.set(value, FakeHost::integerFeature(5, 0, 255));
-    OpenedWindow window(host, wrap(category(QStringLiteral("Root"), {index, value}) +
-                                   node(integer, index) + node(integer, value)));
+    OpenedWindow window(host, wrap(category("Root"_s, {index, value}) + node(integer, index) +
+                                   node(integer, value)));
     QVERIFY(window.waitForFirstRead());
     const auto shown = [&] { return window.tree()->propertyItemByName(index)->value()->value(); };
     QCOMPARE(shown().toInt(), 0);
@@ -260,14 +258,13 @@ void TestQLutDrawWidget::numberOfPointsFollowsTheCamera()
 
 void TestQLutDrawWidget::exportThenImportRestores_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("clear");
-    QTest::newRow("fold line") << 0 << false;
-    QTest::newRow("curve") << 1 << false;
-    QTest::newRow("free line") << 2 << false;
-    QTest::newRow("fold line, cleared meanwhile") << 0 << true;
-    QTest::newRow("curve, cleared meanwhile") << 1 << true;
-    QTest::newRow("free line, cleared meanwhile") << 2 << true;
+    const Rows<int, bool> row("type", "clear");
+    row("fold line", 0, false);
+    row("curve", 1, false);
+    row("free line", 2, false);
+    row("fold line, cleared meanwhile", 0, true);
+    row("curve, cleared meanwhile", 1, true);
+    row("free line, cleared meanwhile", 2, true);
 }
 
 void TestQLutDrawWidget::exportThenImportRestores()
@@ -279,9 +276,8 @@ void TestQLutDrawWidget::exportThenImportRestores()
     const LUTPoints handles = m_widget->currentLine().handles();
     answerDialogs(path("curve"));
     m_widget->SaveToFile();
-    QCOMPARE(m_asked,
-             (QStringList{QStringLiteral("Save as txt File"), QStringLiteral("txt File (*.txt)")}));
-    QCOMPARE(message(), QStringLiteral("Exporting to file completed."));
+    QCOMPARE(m_asked, (QStringList{"Save as txt File"_s, "txt File (*.txt)"_s}));
+    QCOMPARE(message(), "Exporting to file completed."_s);
     QCOMPARE(hint(), 5);
     QFile file(path("curve.txt"));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -292,9 +288,8 @@ void TestQLutDrawWidget::exportThenImportRestores()
     }
     answerDialogs(path("curve.txt"));
     m_widget->LoadFromFile();
-    QCOMPARE(m_asked,
-             (QStringList{QStringLiteral("Open txt File"), QStringLiteral("txt Files (*.txt)")}));
-    QCOMPARE(message(), QStringLiteral("Importing from file completed."));
+    QCOMPARE(m_asked, (QStringList{"Open txt File"_s, "txt Files (*.txt)"_s}));
+    QCOMPARE(message(), "Importing from file completed."_s);
     QCOMPARE(hint(), 5);
     QCOMPARE(m_widget->GetSettinngPoints(), drawn);
     if (!clear)
@@ -316,11 +311,11 @@ void TestQLutDrawWidget::cancelledDialogsDoNothing()
 
 void TestQLutDrawWidget::badFileLeavesTheCurve_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("odd number of lines") << QByteArray("0\r\n1\r\n1\r\n");
-    QTest::newRow("value above the camera's") << QByteArray("0\r\n4096\r\n");
-    QTest::newRow("index above the number of points") << QByteArray("1025\r\n1\r\n");
-    QTest::newRow("too many points") << QByteArray("0\r\n1\r\n").repeated(kPoints + 2);
+    const Rows<QByteArray> row("content");
+    row("odd number of lines", "0\r\n1\r\n1\r\n");
+    row("value above the camera's", "0\r\n4096\r\n");
+    row("index above the number of points", "1025\r\n1\r\n");
+    row("too many points", QByteArray("0\r\n1\r\n").repeated(kPoints + 2));
 }
 
 void TestQLutDrawWidget::badFileLeavesTheCurve()
@@ -333,7 +328,7 @@ void TestQLutDrawWidget::badFileLeavesTheCurve()
     const LUTPoints before = m_widget->GetSettinngPoints();
     answerDialogs(path("bad.txt"));
     m_widget->LoadFromFile();
-    QCOMPARE(message(), QStringLiteral("Failed to import file. Incorrect file format."));
+    QCOMPARE(message(), "Failed to import file. Incorrect file format."_s);
     QCOMPARE(hint(), 3);
     QCOMPARE(m_widget->GetSettinngPoints(), before);
 }
@@ -346,7 +341,7 @@ void TestQLutDrawWidget::failedExportKeepsTheFile()
     file.close();
     answerDialogs(path("plain/curve.txt"));
     m_widget->SaveToFile();
-    QCOMPARE(message(), QStringLiteral("File opreation failed, possable storage disk is full."));
+    QCOMPARE(message(), "File opreation failed, possable storage disk is full."_s);
     QCOMPARE(hint(), 3);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("mine"));
@@ -354,14 +349,14 @@ void TestQLutDrawWidget::failedExportKeepsTheFile()
 
 void TestQLutDrawWidget::unpluggedWhileLoading()
 {
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
+    MessageGuard::expectMessage("Read Feature Failed"_s);
     MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: reading failed after 500 of 1024 points");
     const LUTPoints before = m_widget->GetSettinngPoints();
     m_camera->unplugAtCall(m_camera->calls() + 2 + 2 * 500 + 1);
     m_widget->LoadFromCamera();
     QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Loading from camera failed after 500 of 1024 points. "
-                                       "The curve is unchanged."));
+    QCOMPARE(message(), "Loading from camera failed after 500 of 1024 points. "
+                        "The curve is unchanged."_s);
     QCOMPARE(hint(), 3);
     QCOMPARE(m_widget->GetSettinngPoints(), before);
     QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
@@ -369,13 +364,13 @@ void TestQLutDrawWidget::unpluggedWhileLoading()
 
 void TestQLutDrawWidget::unpluggedWhileSetting()
 {
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::expectMessage(QStringLiteral("LUT: "));
+    MessageGuard::expectMessage("Read Feature Failed"_s);
+    MessageGuard::expectMessage("LUT: "_s);
     const LUTPoints before = m_widget->GetSettinngPoints();
     m_camera->unplugAtCall(m_camera->calls() + 2 * 500 + 1);
     m_widget->SetToCamera();
     QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Only 500 of 1024 points were applied to the camera."));
+    QCOMPARE(message(), "Only 500 of 1024 points were applied to the camera."_s);
     QCOMPARE(hint(), 3);
     QCOMPARE(m_camera->written().size(), 500);
     QCOMPARE(m_widget->GetSettinngPoints(), before);
@@ -394,8 +389,8 @@ void TestQLutDrawWidget::closingTheWindowEndsTheTransfer()
     m_camera->release();
     QVERIFY(waitForEnd());
     QCOMPARE(m_camera->written().size(), 300);
-    QCOMPARE(message(), QStringLiteral("Applying to camera was stopped after 300 of 1024 points. "
-                                       "The table in the camera is incomplete."));
+    QCOMPARE(message(), "Applying to camera was stopped after 300 of 1024 points. "
+                        "The table in the camera is incomplete."_s);
     QCOMPARE(hint(), 2);
 }
 
@@ -409,7 +404,7 @@ void TestQLutDrawWidget::closingAtTheLastPointReadsNothingBack()
     m_camera->release();
     QVERIFY(waitForEnd());
     QCOMPARE(m_camera->calls(), lastCall);
-    QCOMPARE(message(), QStringLiteral("Applied to camera successfully."));
+    QCOMPARE(message(), "Applied to camera successfully."_s);
 }
 
 void TestQLutDrawWidget::anotherCameraEndsTheTransfer()
@@ -426,20 +421,20 @@ void TestQLutDrawWidget::anotherCameraEndsTheTransfer()
     QCOMPARE(m_widget->GetSettinngPoints(), before);
     m_widget->LoadFromCamera();
     QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Loading from camera completed."));
+    QCOMPARE(message(), "Loading from camera completed."_s);
 }
 
 void TestQLutDrawWidget::destroyedWhileTheCameraHangs_data()
 {
-    QTest::addColumn<bool>("set");
-    QTest::newRow("loading") << false;
-    QTest::newRow("setting") << true;
+    const Rows<bool> row("set");
+    row("loading", false);
+    row("setting", true);
 }
 
 void TestQLutDrawWidget::destroyedWhileTheCameraHangs()
 {
     QFETCH(bool, set);
-    MessageGuard::expectMessage(QStringLiteral("LUT: writing stopped after"));
+    MessageGuard::expectMessage("LUT: writing stopped after"_s);
     m_camera->holdAtCall(m_camera->calls() + 101);
     if (set)
         m_widget->SetToCamera();
@@ -448,8 +443,7 @@ void TestQLutDrawWidget::destroyedWhileTheCameraHangs()
     QTRY_VERIFY(m_camera->isHolding());
     // The host's call comes back once the destructor waits for it.
     std::thread host([this] {
-        while (!MessageGuard::contains(
-            QStringLiteral("LUT: waiting for a call of the host to return")))
+        while (!MessageGuard::contains("LUT: waiting for a call of the host to return"_s))
             std::this_thread::yield();
         m_camera->release();
     });
@@ -514,7 +508,7 @@ void TestQLutDrawWidget::toolTipTellsIndexAndValue()
 {
     QHelpEvent help(QEvent::ToolTip, at(60, 60), m_widget->mapToGlobal(at(60, 60)));
     QApplication::sendEvent(m_widget, &help);
-    QCOMPARE(QToolTip::text(), QStringLiteral("Index: 256\nValue: 3071"));
+    QCOMPARE(QToolTip::text(), "Index: 256\nValue: 3071"_s);
     QToolTip::hideText();
 }
 
@@ -534,8 +528,7 @@ void TestQLutDrawWidget::paintsLinesAndPoints()
 {
     const auto linePixels = [this] {
         const QImage image = m_widget->grab().toImage();
-        const QRgb colour =
-            ZELCustom::getDataBaseColor(QStringLiteral("QLUTDrawWidgetColor_Line")).rgb();
+        const QRgb colour = ZELCustom::getDataBaseColor("QLUTDrawWidgetColor_Line"_s).rgb();
         int count = 0;
         for (int y = 30; y <= 270; ++y) {
             for (int x = 30; x <= 270; ++x)

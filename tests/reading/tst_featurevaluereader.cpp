@@ -83,11 +83,11 @@ void TestFeatureValueReader::prepare()
     m_decider.setNodes(m_description->index.nodes());
     m_reader = std::make_unique<FeatureValueReader>(m_decider, [this] { return m_stopped; });
     m_host = std::make_unique<FakeHost>();
-    m_host->set(QStringLiteral("ChunkModeActive"), FakeHost::booleanFeature(false));
-    m_host->set(QStringLiteral("ChunkEnable"), FakeHost::booleanFeature(true));
-    m_host->set(QStringLiteral("Mode"), FakeHost::enumFeature(1));
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(2));
-    m_host->set(QStringLiteral("IsLocked"), FakeHost::booleanFeature(false));
+    m_host->set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
+    m_host->set("ChunkEnable"_s, FakeHost::booleanFeature(true));
+    m_host->set("Mode"_s, FakeHost::enumFeature(1));
+    m_host->set("HasModes"_s, FakeHost::integerFeature(2));
+    m_host->set("IsLocked"_s, FakeHost::booleanFeature(false));
     m_host->install();
     m_host->clearCalls();
 }
@@ -99,14 +99,11 @@ void TestFeatureValueReader::finish()
 
 void TestFeatureValueReader::integerRanges_data()
 {
-    QTest::addColumn<qint64>("value");
-    QTest::addColumn<qint64>("minimum");
-    QTest::addColumn<qint64>("maximum");
-    QTest::addColumn<bool>("repaired");
-    QTest::newRow("usual") << qint64(5) << qint64(0) << qint64(10) << false;
-    QTest::newRow("empty range") << qint64(5) << qint64(0) << qint64(-1) << true;
-    QTest::newRow("wraps around") << qint64(5) << qint64(INT64_MIN) << qint64(INT64_MAX) << true;
-    QTest::newRow("only upside down") << qint64(5) << qint64(10) << qint64(3) << false;
+    const Rows<qint64, qint64, qint64, bool> row("value", "minimum", "maximum", "repaired");
+    row("usual", 5, 0, 10, false);
+    row("empty range", 5, 0, -1, true);
+    row("wraps around", 5, INT64_MIN, INT64_MAX, true);
+    row("only upside down", 5, 10, 3, false);
 }
 
 void TestFeatureValueReader::integerRanges()
@@ -115,7 +112,7 @@ void TestFeatureValueReader::integerRanges()
     QFETCH(qint64, minimum);
     QFETCH(qint64, maximum);
     QFETCH(bool, repaired);
-    m_host->set(QStringLiteral("Width"), FakeHost::integerFeature(value, minimum, maximum, 0));
+    m_host->set("Width"_s, FakeHost::integerFeature(value, minimum, maximum, 0));
     read("Width");
     const auto numbers = this->value<CTreeIntergerItemValue>("Width")->numbers();
     QCOMPARE(numbers.m_nValue, value);
@@ -125,9 +122,9 @@ void TestFeatureValueReader::integerRanges()
 
 void TestFeatureValueReader::typedValues()
 {
-    m_host->set(QStringLiteral("Gain"), FakeHost::floatFeature(1.5F, -1.0F, 24.0F));
-    m_host->set(QStringLiteral("Id"), FakeHost::textFeature("lab 3"));
-    m_host->set(QStringLiteral("On"), FakeHost::booleanFeature(true));
+    m_host->set("Gain"_s, FakeHost::floatFeature(1.5F, -1.0F, 24.0F));
+    m_host->set("Id"_s, FakeHost::textFeature("lab 3"));
+    m_host->set("On"_s, FakeHost::booleanFeature(true));
     read("Gain");
     read("Id");
     read("On");
@@ -135,16 +132,16 @@ void TestFeatureValueReader::typedValues()
     QCOMPARE(gain.m_fValue, 1.5F);
     QCOMPARE(gain.m_fMinValue, -1.0F);
     QCOMPARE(gain.m_fMaxValue, 24.0F);
-    QCOMPARE(value<CTreeStringItemValue>("Id")->displayValue(), QStringLiteral("lab 3"));
+    QCOMPARE(value<CTreeStringItemValue>("Id")->displayValue(), "lab 3"_s);
     QCOMPARE(value<CTreeStringItemValue>("Id")->maxLength(), 64);
-    QCOMPARE(m_description->item("On")->value()->displayValue(), QStringLiteral("True"));
+    QCOMPARE(m_description->item("On")->value()->displayValue(), "True"_s);
 }
 
 void TestFeatureValueReader::failedReadsKeepTheLastState()
 {
     read("Mode");
-    m_host->fail(QStringLiteral("Mode"), 5);
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(0));
+    m_host->fail("Mode"_s, 5);
+    m_host->set("HasModes"_s, FakeHost::integerFeature(0));
     read("Mode");
     QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
     QCOMPARE(value<CTreeEnumationItemValue>("Mode")->number(), qint64(1));
@@ -152,20 +149,13 @@ void TestFeatureValueReader::failedReadsKeepTheLastState()
 
 void TestFeatureValueReader::usableEntries_data()
 {
-    QTest::addColumn<QString>("unreadable");
-    QTest::addColumn<int>("hasModes");
-    QTest::addColumn<bool>("locked");
-    QTest::addColumn<QString>("display");
-    QTest::addColumn<int>("values");
-    QTest::newRow("all; equal texts once") << QString() << 1 << false
-                                           << QStringLiteral("Off Single Locked") << 4;
-    QTest::newRow("not implemented, not available")
-        << QString() << 0 << false << QStringLiteral("Off Locked") << 2;
-    QTest::newRow("locked") << QString() << 1 << true << QStringLiteral("Off Single") << 3;
-    QTest::newRow("unreadable implemented node")
-        << QStringLiteral("HasModes") << 1 << false << QStringLiteral("Off Locked") << 2;
-    QTest::newRow("unreadable lock node")
-        << QStringLiteral("IsLocked") << 1 << true << QStringLiteral("Off Single Locked") << 4;
+    const Rows<QString, int, bool, QString, int> row("unreadable", "hasModes", "locked", "display",
+                                                     "values");
+    row("all; equal texts once", "", 1, false, "Off Single Locked", 4);
+    row("not implemented, not available", "", 0, false, "Off Locked", 2);
+    row("locked", "", 1, true, "Off Single", 3);
+    row("unreadable implemented node", "HasModes", 1, false, "Off Locked", 2);
+    row("unreadable lock node", "IsLocked", 1, true, "Off Single Locked", 4);
 }
 
 void TestFeatureValueReader::usableEntries()
@@ -175,8 +165,8 @@ void TestFeatureValueReader::usableEntries()
     QFETCH(bool, locked);
     QFETCH(QString, display);
     QFETCH(int, values);
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(hasModes));
-    m_host->set(QStringLiteral("IsLocked"), FakeHost::booleanFeature(locked));
+    m_host->set("HasModes"_s, FakeHost::integerFeature(hasModes));
+    m_host->set("IsLocked"_s, FakeHost::booleanFeature(locked));
     if (!unreadable.isEmpty())
         m_host->fail(unreadable, 9);
     read("Mode");
@@ -185,21 +175,21 @@ void TestFeatureValueReader::usableEntries()
     QCOMPARE(mode->displayListCN().size(), mode->displayList().size());
     QCOMPARE(mode->valueMap().size(), values);
     if (values == 4)
-        QCOMPARE(mode->valueMap().value(4294967295), QStringLiteral("Single"));
+        QCOMPARE(mode->valueMap().value(4294967295), "Single"_s);
 }
 
 void TestFeatureValueReader::eachDeciderIsAskedOnce()
 {
     read("Mode");
-    QCOMPARE(m_host->count(QStringLiteral("get HasModes")), 1);
+    QCOMPARE(m_host->count("get HasModes"_s), 1);
     read("Mode");
-    QCOMPARE(m_host->count(QStringLiteral("get HasModes")), 2);
+    QCOMPARE(m_host->count("get HasModes"_s), 2);
 }
 
 void TestFeatureValueReader::stoppingLeavesTheEntries()
 {
     read("Mode");
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(0));
+    m_host->set("HasModes"_s, FakeHost::integerFeature(0));
     m_stopped = true;
     read("Mode");
     QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
@@ -210,7 +200,7 @@ void TestFeatureValueReader::chunkFeatureTellsItsViews()
     SpecialView view;
     m_description->item("ChunkEnable")->registerView(&view);
     m_description->item("On")->registerView(&view);
-    m_host->set(QStringLiteral("On"), FakeHost::booleanFeature(true));
+    m_host->set("On"_s, FakeHost::booleanFeature(true));
     read("On");
     QCOMPARE(view.special, 0);
     read("ChunkEnable");

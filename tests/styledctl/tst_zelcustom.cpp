@@ -90,7 +90,7 @@ private:
 
 QString TestZELCustom::themeFile(const QByteArray& content)
 {
-    QFile file(m_folder.filePath(QStringLiteral("theme%1.xml").arg(++m_files)));
+    QFile file(m_folder.filePath("theme%1.xml"_s.arg(++m_files)));
     if (file.open(QIODevice::WriteOnly))
         file.write(content);
     return file.fileName();
@@ -103,17 +103,17 @@ void TestZELCustom::initTestCase()
 
 void TestZELCustom::unknownColourIsReportedOnce()
 {
-    const QString key = QStringLiteral("Nowhere_Background");
+    const QString key = "Nowhere_Background"_s;
     const QColor color = ZELCustom::getDataBaseColor(key);
-    QCOMPARE(color, ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Surface")));
-    ZELCustom::getDataBaseColor(QStringLiteral("ZEL_DB_COLOR_Nowhere_Background"));
+    QCOMPARE(color, ZELCustom::getDataBaseColor("StyledCtlColor_Surface"_s));
+    ZELCustom::getDataBaseColor("ZEL_DB_COLOR_Nowhere_Background"_s);
     QCOMPARE(MessageGuard::messages().filter(key).size(), 1);
     QVERIFY(!ZELCustom::hasDataBaseColor(key));
 }
 
 void TestZELCustom::worksWithoutPacks()
 {
-    MessageGuard::expectMessage(QStringLiteral("cannot be opened"));
+    MessageGuard::expectMessage("cannot be opened"_s);
     QVERIFY(!ZELCustom::addXmlPath(QString::fromLatin1(kTheme)));
     for (const char* key : kKeys)
         QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
@@ -132,19 +132,20 @@ void TestZELCustom::packsHoldAllPictures()
          {"mode1_WhiteHot", "mode2_BlackHot", "mode3_Fusion1", "mode4_Rainbow", "mode5_Fusion2",
           "mode6_Ironbow1", "mode7_Ironbow2", "mode8_Sepia", "mode9_Color1", "mode10_Color2",
           "mode11_IceFire", "mode12_Rain", "mode13_GreenHot", "mode14_RedHot"})
-        names << QStringLiteral(":/ORX/Temperature/%1").arg(QLatin1String(name));
+        names << ":/ORX/Temperature/%1"_s.arg(QLatin1String(name));
     for (const char* name :
          {"Save", "Save_sel", "Save_dis", "refresh", "refresh_sel", "refresh_dis", "icon_Cn_normal",
           "icon_Cn_hover", "icon_En_normal", "icon_En_hover"})
-        names << QStringLiteral(":/ORXToolBarBtn/%1").arg(QLatin1String(name));
-    names << QStringLiteral(":/ORX/btn/FFC tool") << QStringLiteral(":/ORX/icon/window")
-          << QStringLiteral(":/ORXStyledCtl/message_error");
+        names << ":/ORXToolBarBtn/%1"_s.arg(QLatin1String(name));
+    names << ":/ORX/btn/FFC tool"_s
+          << ":/ORX/icon/window"_s
+          << ":/ORXStyledCtl/message_error"_s;
     for (const QString& name : qAsConst(names)) {
-        const QImage once(name + QStringLiteral(".png"));
-        const QImage twice(name + QStringLiteral("@2x.png"));
+        const QImage once(name + ".png"_s);
+        const QImage twice(name + "@2x.png"_s);
         QVERIFY2(!once.isNull(), qPrintable(name));
         QCOMPARE(twice.size(), once.size() * 2);
-        if (name.contains(QStringLiteral("Temperature")))
+        if (name.contains("Temperature"_s))
             QCOMPARE(once.size(), QSize(182, 22));
     }
 }
@@ -156,9 +157,9 @@ void TestZELCustom::everyKeyIsDefined()
         QVERIFY2(ZELCustom::hasDataBaseColor(QString::fromLatin1(key)), key);
         QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
     }
-    QVERIFY(!MessageGuard::contains(QStringLiteral("Theme has no")));
-    const QBrush gradient = ZELCustom::getDataBaseBrush(
-        QStringLiteral("ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gradient"));
+    QVERIFY(!MessageGuard::contains("Theme has no"_s));
+    const QBrush gradient =
+        ZELCustom::getDataBaseBrush("ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gradient"_s);
     QCOMPARE(gradient.style(), Qt::LinearGradientPattern);
 }
 
@@ -207,54 +208,52 @@ void TestZELCustom::textIsReadable()
 
 void TestZELCustom::laterFileOverrides()
 {
-    const QString link = QStringLiteral("CommonColor_DragBox_Border");
+    const QString link = "CommonColor_DragBox_Border"_s;
     QVERIFY(ZELCustom::addXmlPath(
         themeFile("<Theme><Color key=\"StyledCtlColor_Accent\" value=\"#FFB000\"/>"
                   "<Color key=\"ZEL_DB_COLOR_Extra\" value=\"#80112233\"/>"
                   "<StyleSheet number=\"77\">QFrame { color: @Extra@; }</StyleSheet></Theme>")));
-    QCOMPARE(ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Accent")),
-             QColor(255, 176, 0));
+    QCOMPARE(ZELCustom::getDataBaseColor("StyledCtlColor_Accent"_s), QColor(255, 176, 0));
     // Keys that refer to an overridden colour follow it.
     QCOMPARE(ZELCustom::getDataBaseColor(link), QColor(255, 176, 0));
-    QCOMPARE(ZELCustom::styleSheet(77), QStringLiteral("QFrame { color: rgba(17,34,51,128); }"));
+    QCOMPARE(ZELCustom::styleSheet(77), "QFrame { color: rgba(17,34,51,128); }"_s);
     QVERIFY(ZELCustom::addXmlPath(
         themeFile("<Theme><Color key=\"StyledCtlColor_Accent\" value=\"#34BFA9\"/></Theme>")));
     QCOMPARE(ZELCustom::getDataBaseColor(link), QColor(0x34, 0xBF, 0xA9));
-    QVERIFY(ZELCustom::hasDataBaseColor(QStringLiteral("Extra")));
+    QVERIFY(ZELCustom::hasDataBaseColor("Extra"_s));
 }
 
 void TestZELCustom::malformedFileChangesNothing_data()
 {
-    QTest::addColumn<QByteArray>("content");
+    const Rows<QByteArray> row("content");
     const QByteArray good("<Color key=\"StyledCtlColor_Text\" value=\"#010203\"/>");
-    QTest::newRow("not closed") << "<Theme>" + good;
-    QTest::newRow("other root") << "<Style>" + good + "</Style>";
-    QTest::newRow("no colour") << "<Theme>" + good + "<Color key=\"A\" value=\"blueish\"/></Theme>";
-    QTest::newRow("no key") << "<Theme>" + good + "<Color value=\"#000000\"/></Theme>";
-    QTest::newRow("half a gradient")
-        << "<Theme>" + good + "<Gradient key=\"A\" from=\"#000000\"/></Theme>";
-    QTest::newRow("no number") << "<Theme>" + good + "<StyleSheet>x</StyleSheet></Theme>";
-    QTest::newRow("unknown element") << "<Theme>" + good + "<Colour/></Theme>";
-    QTest::newRow("empty") << QByteArray();
+    row("not closed", "<Theme>" + good);
+    row("other root", "<Style>" + good + "</Style>");
+    row("no colour", "<Theme>" + good + "<Color key=\"A\" value=\"blueish\"/></Theme>");
+    row("no key", "<Theme>" + good + "<Color value=\"#000000\"/></Theme>");
+    row("half a gradient", "<Theme>" + good + "<Gradient key=\"A\" from=\"#000000\"/></Theme>");
+    row("no number", "<Theme>" + good + "<StyleSheet>x</StyleSheet></Theme>");
+    row("unknown element", "<Theme>" + good + "<Colour/></Theme>");
+    row("empty", "");
 }
 
 void TestZELCustom::malformedFileChangesNothing()
 {
     QFETCH(QByteArray, content);
-    const QColor before = ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Text"));
-    MessageGuard::expectMessage(QStringLiteral("is not used"));
+    const QColor before = ZELCustom::getDataBaseColor("StyledCtlColor_Text"_s);
+    MessageGuard::expectMessage("is not used"_s);
     QVERIFY(!ZELCustom::addXmlPath(themeFile(content)));
-    QVERIFY(MessageGuard::contains(QStringLiteral("is not used")));
-    QCOMPARE(ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Text")), before);
+    QVERIFY(MessageGuard::contains("is not used"_s));
+    QCOMPARE(ZELCustom::getDataBaseColor("StyledCtlColor_Text"_s), before);
 }
 
 void TestZELCustom::circularReferenceIsUndefined()
 {
     QVERIFY(ZELCustom::addXmlPath(themeFile("<Theme><Color key=\"Egg_Font\" ref=\"Hen_Font\"/>"
                                             "<Color key=\"Hen_Font\" ref=\"Egg_Font\"/></Theme>")));
-    QCOMPARE(ZELCustom::getDataBaseColor(QStringLiteral("Egg_Font")),
-             ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Text")));
-    QVERIFY(MessageGuard::contains(QStringLiteral("Egg_Font")));
+    QCOMPARE(ZELCustom::getDataBaseColor("Egg_Font"_s),
+             ZELCustom::getDataBaseColor("StyledCtlColor_Text"_s));
+    QVERIFY(MessageGuard::contains("Egg_Font"_s));
 }
 
 void TestZELCustom::sheetsAreComplete()
@@ -264,7 +263,7 @@ void TestZELCustom::sheetsAreComplete()
         QVERIFY2(!sheet.isEmpty(), qPrintable(QString::number(number)));
         QVERIFY2(!sheet.contains(QLatin1Char('@')), qPrintable(sheet));
     }
-    QVERIFY(!MessageGuard::contains(QStringLiteral("Theme has no")));
+    QVERIFY(!MessageGuard::contains("Theme has no"_s));
     // Parsing warns about faults in a sheet, and the guard turns a warning into a failure.
     QWidget widget;
     for (int number = ZELCustom::Sheet_Base; number <= ZELCustom::Sheet_Tree; ++number) {
@@ -272,7 +271,7 @@ void TestZELCustom::sheetsAreComplete()
         widget.ensurePolished();
     }
     QVERIFY(ZELCustom::styleSheet(4711).isEmpty());
-    QCOMPARE(MessageGuard::messages().filter(QStringLiteral("style sheet 4711")).size(), 1);
+    QCOMPARE(MessageGuard::messages().filter("style sheet 4711"_s).size(), 1);
 }
 
 void TestZELCustom::widgetsFollowTheTheme()
@@ -283,7 +282,7 @@ void TestZELCustom::widgetsFollowTheTheme()
         Panel()
             : ZELCustomQssHelper(this)
         {
-            cSetStyleSheets({ZELCustom::Sheet_ScrollBar}, QStringLiteral("* { color: @Own@; }"));
+            cSetStyleSheets({ZELCustom::Sheet_ScrollBar}, "* { color: @Own@; }"_s);
         }
         int changes = 0;
 
@@ -294,11 +293,11 @@ void TestZELCustom::widgetsFollowTheTheme()
         ZELCustom::addXmlPath(themeFile("<Theme><Color key=\"Own\" value=\"#0A0B0C\"/></Theme>")));
     Panel panel;
     ZELCustomLabel label;
-    label.cSetTextColor(QStringLiteral("Own"));
-    QVERIFY(panel.styleSheet().contains(QStringLiteral("rgba(10,11,12,255)")));
+    label.cSetTextColor("Own"_s);
+    QVERIFY(panel.styleSheet().contains("rgba(10,11,12,255)"_s));
     QVERIFY(
         ZELCustom::addXmlPath(themeFile("<Theme><Color key=\"Own\" value=\"#F0E0D0\"/></Theme>")));
-    QVERIFY(panel.styleSheet().contains(QStringLiteral("rgba(240,224,208,255)")));
+    QVERIFY(panel.styleSheet().contains("rgba(240,224,208,255)"_s));
     QCOMPARE(panel.changes, 1);
     QCOMPARE(label.palette().color(QPalette::WindowText), QColor(0xF0, 0xE0, 0xD0));
 }
@@ -312,10 +311,10 @@ void TestZELCustom::workersLookUpWhileAFileIsLoaded()
     std::atomic<int> wrong{0};
     const auto look = [&] {
         while (!stop) {
-            const int blue = ZELCustom::getDataBaseColor(QStringLiteral("Tick")).blue();
+            const int blue = ZELCustom::getDataBaseColor("Tick"_s).blue();
             wrong += blue != 1 && blue != 2;
             wrong += ZELCustom::globalFontFamily(1).isEmpty();
-            ZELCustom::getDataBaseColor(QStringLiteral("Unknown_Font"));
+            ZELCustom::getDataBaseColor("Unknown_Font"_s);
         }
     };
     std::thread first(look);

@@ -48,16 +48,16 @@ void TestZELCustomLoadingDialog::indicesAreIndependent()
 {
     QWidget window;
     window.show();
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("one"), 1);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("two"), 2);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("uno"), 1);
-    QCOMPARE(ZELCustomLoadingDialog::text(1), QStringLiteral("uno"));
+    ZELCustomLoadingDialog::showLoading("one"_s, 1);
+    ZELCustomLoadingDialog::showLoading("two"_s, 2);
+    ZELCustomLoadingDialog::showLoading("uno"_s, 1);
+    QCOMPARE(ZELCustomLoadingDialog::text(1), "uno"_s);
     ZELCustomLoadingDialog::hideLoading(1);
     ZELCustomLoadingDialog::hideLoading(3);
     QVERIFY(!ZELCustomLoadingDialog::isLoading(1));
     QVERIFY(ZELCustomLoadingDialog::text(1).isEmpty());
     QVERIFY(ZELCustomLoadingDialog::isLoading(2));
-    QCOMPARE(ZELCustomLoadingDialog::text(2), QStringLiteral("two"));
+    QCOMPARE(ZELCustomLoadingDialog::text(2), "two"_s);
 }
 
 void TestZELCustomLoadingDialog::signLiesOverItsWindow()
@@ -71,7 +71,7 @@ void TestZELCustomLoadingDialog::signLiesOverItsWindow()
     second.activateWindow();
     QVERIFY(QTest::qWaitForWindowExposed(&first));
     ZELCustomLoadingDialog::setHostWindow(&first, 1);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("Setting features..."), 1);
+    ZELCustomLoadingDialog::showLoading("Setting features..."_s, 1);
     QCOMPARE(signsOf(first).size(), 1);
     QVERIFY(signsOf(second).isEmpty());
     const QWidget* sign = signsOf(first).constFirst();
@@ -94,9 +94,9 @@ void TestZELCustomLoadingDialog::signsOfOneWindowDoNotOverlap()
     for (const int index : {1, 2, 3})
         ZELCustomLoadingDialog::setHostWindow(&window, index);
     for (const int index : {1, 2})
-        ZELCustomLoadingDialog::showLoading(QStringLiteral("busy"), index);
+        ZELCustomLoadingDialog::showLoading("busy"_s, index);
     ZELCustomLoadingDialog::hideLoading(1);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("busy"), 3);
+    ZELCustomLoadingDialog::showLoading("busy"_s, 3);
     const QList<QWidget*> signs = signsOf(window);
     QCOMPARE(signs.size(), 2);
     QVERIFY(!signs.at(0)->geometry().intersects(signs.at(1)->geometry()));
@@ -107,11 +107,11 @@ void TestZELCustomLoadingDialog::windowTakesItsSignsAlong()
     auto* window = new QWidget;
     window->show();
     ZELCustomLoadingDialog::setHostWindow(window, 1);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("busy"), 1);
+    ZELCustomLoadingDialog::showLoading("busy"_s, 1);
     delete window;
     QVERIFY(!ZELCustomLoadingDialog::isLoading(1));
     ZELCustomLoadingDialog::hideLoading(1);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("again"), 1);
+    ZELCustomLoadingDialog::showLoading("again"_s, 1);
     ZELCustomLoadingDialog::hideLoading(1);
     QVERIFY(!ZELCustomLoadingDialog::isLoading(1));
 }
@@ -123,11 +123,11 @@ void TestZELCustomLoadingDialog::hostChangesWhileShown()
     first.show();
     second.show();
     ZELCustomLoadingDialog::setHostWindow(&first, 1);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("busy"), 1);
+    ZELCustomLoadingDialog::showLoading("busy"_s, 1);
     ZELCustomLoadingDialog::setHostWindow(&second, 1);
     QVERIFY(signsOf(first).isEmpty());
     QCOMPARE(signsOf(second).size(), 1);
-    QCOMPARE(ZELCustomLoadingDialog::text(1), QStringLiteral("busy"));
+    QCOMPARE(ZELCustomLoadingDialog::text(1), "busy"_s);
 }
 
 void TestZELCustomLoadingDialog::inputReachesTheWindowBelow()
@@ -145,10 +145,10 @@ void TestZELCustomLoadingDialog::inputReachesTheWindowBelow()
     QVERIFY(QTest::qWaitForWindowActive(&window));
     edit->setFocus();
     ZELCustomLoadingDialog::setHostWindow(&window, 1);
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("busy"), 1);
+    ZELCustomLoadingDialog::showLoading("busy"_s, 1);
     QVERIFY(edit->hasFocus());
-    QTest::keyClicks(edit, QStringLiteral("12"));
-    QCOMPARE(edit->text(), QStringLiteral("12"));
+    QTest::keyClicks(edit, "12"_s);
+    QCOMPARE(edit->text(), "12"_s);
     QSignalSpy clicked(button, &QPushButton::clicked);
     const QPoint onSign = signsOf(window).constFirst()->geometry().center();
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, onSign);
@@ -157,7 +157,7 @@ void TestZELCustomLoadingDialog::inputReachesTheWindowBelow()
 
 void TestZELCustomLoadingDialog::worksWithoutAnyWindow()
 {
-    ZELCustomLoadingDialog::showLoading(QStringLiteral("busy"), 1);
+    ZELCustomLoadingDialog::showLoading("busy"_s, 1);
     QVERIFY(ZELCustomLoadingDialog::isLoading(1));
     ZELCustomLoadingDialog::hideLoading(1);
     QVERIFY(!ZELCustomLoadingDialog::isLoading(1));

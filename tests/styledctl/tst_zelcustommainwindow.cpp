@@ -27,7 +27,7 @@ void TestZELCustomMainWindow::enterInAnEditorPressesNoButton()
 {
     ZELCustomMainWindow window;
     auto* edit = new ZELCustomLineEdit;
-    auto* button = new ZELCustomPushButton(QStringLiteral("DeviceReset"), nullptr);
+    auto* button = new ZELCustomPushButton("DeviceReset"_s, nullptr);
     window.cContentLayout()->addWidget(edit);
     window.cContentLayout()->addWidget(button);
     window.show();

@@ -17,7 +17,7 @@ class BracketTranslator : public QTranslator
 public:
     QString translate(const char*, const char* text, const char*, int) const override
     {
-        return QStringLiteral("[%1]").arg(QLatin1String(text));
+        return "[%1]"_s.arg(QLatin1String(text));
     }
     bool isEmpty() const override { return false; }
 };
@@ -39,19 +39,18 @@ private slots:
 
 void TestZELCustomMessageBox::answers_data()
 {
-    QTest::addColumn<int>("buttons");
-    QTest::addColumn<int>("key"); // 0: close the window; negative: press the button -key
-    QTest::addColumn<int>("result");
+    // key: 0: close the window; negative: press the button -key
+    const Rows<int, int, int> row("buttons", "key", "result");
     using Box = ZELCustomMessageBox;
-    QTest::newRow("one, enter") << 1 << int(Qt::Key_Return) << int(Box::Result_Ok);
-    QTest::newRow("one, escape") << 1 << int(Qt::Key_Escape) << int(Box::Result_Ok);
-    QTest::newRow("two, enter") << 2 << int(Qt::Key_Enter) << int(Box::Result_Ok);
-    QTest::newRow("two, escape") << 2 << int(Qt::Key_Escape) << int(Box::Result_Cancel);
-    QTest::newRow("two, closed") << 2 << 0 << int(Box::Result_Cancel);
-    QTest::newRow("two, cancel") << 2 << -int(Box::Result_Cancel) << int(Box::Result_Cancel);
-    QTest::newRow("three, no") << 3 << -int(Box::Result_No) << int(Box::Result_No);
-    QTest::newRow("three, escape") << 3 << int(Qt::Key_Escape) << int(Box::Result_Cancel);
-    QTest::newRow("unknown count, enter") << 9 << int(Qt::Key_Return) << int(Box::Result_Ok);
+    row("one, enter", 1, Qt::Key_Return, Box::Result_Ok);
+    row("one, escape", 1, Qt::Key_Escape, Box::Result_Ok);
+    row("two, enter", 2, Qt::Key_Enter, Box::Result_Ok);
+    row("two, escape", 2, Qt::Key_Escape, Box::Result_Cancel);
+    row("two, closed", 2, 0, Box::Result_Cancel);
+    row("two, cancel", 2, -int(Box::Result_Cancel), Box::Result_Cancel);
+    row("three, no", 3, -int(Box::Result_No), Box::Result_No);
+    row("three, escape", 3, Qt::Key_Escape, Box::Result_Cancel);
+    row("unknown count, enter", 9, Qt::Key_Return, Box::Result_Ok);
 }
 
 void TestZELCustomMessageBox::answers()
@@ -61,7 +60,7 @@ void TestZELCustomMessageBox::answers()
     QFETCH(int, result);
     ZELCustomMessageBox box;
     box.cSetButtons(buttons);
-    box.cSetContent(QStringLiteral("text"));
+    box.cSetContent("text"_s);
     box.cSetHintStyle(ZELCustomMessageBox::Hint_Question);
     box.cEndSetParameter();
     box.show();
@@ -96,19 +95,18 @@ void TestZELCustomMessageBox::modalBoxReturnsTheAnswer()
     QTimer::singleShot(0, [] {
         auto* box = qobject_cast<ZELCustomMessageBox*>(QApplication::activeModalWidget());
         QVERIFY(box);
-        QCOMPARE(box->cCaption(), QStringLiteral("Reset"));
+        QCOMPARE(box->cCaption(), "Reset"_s);
         QTest::mouseClick(box->cButton(ZELCustomMessageBox::Result_No), Qt::LeftButton);
     });
-    QCOMPARE(ZELCustomMessageBox::cShowMessage(nullptr, QStringLiteral("Reset"), QString(),
-                                               QStringLiteral("Sure?"), 4, 3),
+    QCOMPARE(ZELCustomMessageBox::cShowMessage(nullptr, "Reset"_s, QString(), "Sure?"_s, 4, 3),
              int(ZELCustomMessageBox::Result_No));
 }
 
 void TestZELCustomMessageBox::textsAreShownAsTheyAre()
 {
     ZELCustomMessageBox box;
-    const QString title = QStringLiteral("Failed <b>hard</b>");
-    const QString text = QStringLiteral("Node 'a&lt;b':\r\n<i>0x80000106</i>");
+    const QString title = "Failed <b>hard</b>"_s;
+    const QString text = "Node 'a&lt;b':\r\n<i>0x80000106</i>"_s;
     box.cSetTextTitle(title);
     box.cSetContent(text);
     box.cEndSetParameter();
@@ -116,14 +114,13 @@ void TestZELCustomMessageBox::textsAreShownAsTheyAre()
     for (const QLabel* label : box.findChildren<QLabel*>())
         titleFound |= label->text() == title && label->textFormat() == Qt::PlainText;
     QVERIFY(titleFound);
-    QCOMPARE(box.findChild<QTextEdit*>()->toPlainText(),
-             QStringLiteral("Node 'a&lt;b':\n<i>0x80000106</i>"));
+    QCOMPARE(box.findChild<QTextEdit*>()->toPlainText(), "Node 'a&lt;b':\n<i>0x80000106</i>"_s);
 }
 
 void TestZELCustomMessageBox::longTextIsShownWhole()
 {
     ZELCustomMessageBox box;
-    box.cSetContent(QString(700, QLatin1Char('x')) + QStringLiteral("\nlast"));
+    box.cSetContent(QString(700, QLatin1Char('x')) + "\nlast"_s);
     box.cEndSetParameter();
     box.show();
     auto* edit = box.findChild<QTextEdit*>();
@@ -137,17 +134,16 @@ void TestZELCustomMessageBox::languageChange()
 {
     ZELCustomMessageBox standard;
     ZELCustomMessageBox named;
-    named.cSetCaption(QStringLiteral("Mine"));
+    named.cSetCaption("Mine"_s);
     standard.cSetButtons(2);
     standard.cEndSetParameter();
     named.cEndSetParameter();
     BracketTranslator translator;
     QCoreApplication::installTranslator(&translator);
     QCoreApplication::sendPostedEvents();
-    QCOMPARE(standard.cCaption(), QStringLiteral("[Prompt]"));
-    QCOMPARE(standard.cButton(ZELCustomMessageBox::Result_Cancel)->text(),
-             QStringLiteral("[Cancel]"));
-    QCOMPARE(named.cCaption(), QStringLiteral("Mine"));
+    QCOMPARE(standard.cCaption(), "[Prompt]"_s);
+    QCOMPARE(standard.cButton(ZELCustomMessageBox::Result_Cancel)->text(), "[Cancel]"_s);
+    QCOMPARE(named.cCaption(), "Mine"_s);
     QCoreApplication::removeTranslator(&translator);
 }
 

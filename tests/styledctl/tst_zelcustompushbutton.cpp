@@ -17,11 +17,11 @@ private slots:
 
 void TestZELCustomPushButton::guardIgnoresSecondClick_data()
 {
-    QTest::addColumn<int>("way");
-    QTest::newRow("mouse") << 0;
-    QTest::newRow("space") << int(Qt::Key_Space);
-    QTest::newRow("enter") << int(Qt::Key_Return);
-    QTest::newRow("program") << -1;
+    const Rows<int> row("way");
+    row("mouse", 0);
+    row("space", Qt::Key_Space);
+    row("enter", Qt::Key_Return);
+    row("program", -1);
 }
 
 void TestZELCustomPushButton::guardIgnoresSecondClick()

@@ -70,18 +70,15 @@ void TestZELCustomSpinBox64::type(const QString& text)
 
 void TestZELCustomSpinBox64::stepsStopAtTheEnds_data()
 {
-    QTest::addColumn<qlonglong>("start");
-    QTest::addColumn<qlonglong>("step");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<qlonglong>("end");
-    QTest::newRow("up by one") << 5LL << 1LL << 1 << 6LL;
-    QTest::newRow("at the top") << Limits::max() << 1LL << 1 << Limits::max();
-    QTest::newRow("over the top") << Limits::max() - 3 << 5LL << 1 << Limits::max();
-    QTest::newRow("at the bottom") << Limits::min() << 1LL << -1 << Limits::min();
-    QTest::newRow("below the bottom") << Limits::min() + 3 << 5LL << -1 << Limits::min();
-    QTest::newRow("widest step up") << 0LL << Limits::max() << 10 << Limits::max();
-    QTest::newRow("widest step down") << -5LL << Limits::max() << -10 << Limits::min();
-    QTest::newRow("from end to end") << Limits::min() << Limits::max() << 1 << -1LL;
+    const Rows<qlonglong, qlonglong, int, qlonglong> row("start", "step", "count", "end");
+    row("up by one", 5, 1, 1, 6);
+    row("at the top", Limits::max(), 1, 1, Limits::max());
+    row("over the top", Limits::max() - 3, 5, 1, Limits::max());
+    row("at the bottom", Limits::min(), 1, -1, Limits::min());
+    row("below the bottom", Limits::min() + 3, 5, -1, Limits::min());
+    row("widest step up", 0, Limits::max(), 10, Limits::max());
+    row("widest step down", -5, Limits::max(), -10, Limits::min());
+    row("from end to end", Limits::min(), Limits::max(), 1, -1);
 }
 
 void TestZELCustomSpinBox64::stepsStopAtTheEnds()
@@ -100,7 +97,7 @@ void TestZELCustomSpinBox64::stepsStopAtTheEnds()
 void TestZELCustomSpinBox64::typingCommitsOnEnter()
 {
     QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-    type(QStringLiteral("250"));
+    type("250"_s);
     QCOMPARE(changed.size(), 0);
     QVERIFY(m_box->hasPendingEdit());
     QCOMPARE(m_box->value(), 100LL);
@@ -116,7 +113,7 @@ void TestZELCustomSpinBox64::typingCommitsOnEnter()
 void TestZELCustomSpinBox64::typingCommitsOnFocusLoss()
 {
     QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-    type(QStringLiteral("7"));
+    type("7"_s);
     m_other->setFocus();
     QTRY_VERIFY(m_other->hasFocus());
     QCOMPARE(changed.size(), 1);
@@ -125,20 +122,18 @@ void TestZELCustomSpinBox64::typingCommitsOnFocusLoss()
 
 void TestZELCustomSpinBox64::typedTexts_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<qlonglong>("value");
-    QTest::addColumn<int>("signals_");
-    QTest::newRow("unchanged") << QStringLiteral("100") << 100LL << 0;
-    QTest::newRow("leading zeros") << QStringLiteral("0100") << 100LL << 0;
-    QTest::newRow("empty") << QString() << 100LL << 0;
-    QTest::newRow("sign alone") << QStringLiteral("-") << 100LL << 0;
-    QTest::newRow("above the range") << QStringLiteral("4096") << 1000LL << 1;
-    QTest::newRow("below the range") << QStringLiteral("-5") << 0LL << 1;
-    QTest::newRow("beyond 64 bits") << QStringLiteral("99999999999999999999") << 1000LL << 1;
-    QTest::newRow("far below 64 bits") << QStringLiteral("-99999999999999999999") << 0LL << 1;
+    const Rows<QString, qlonglong, int> row("text", "value", "signals_");
+    row("unchanged", "100", 100, 0);
+    row("leading zeros", "0100", 100, 0);
+    row("empty", "", 100, 0);
+    row("sign alone", "-", 100, 0);
+    row("above the range", "4096", 1000, 1);
+    row("below the range", "-5", 0, 1);
+    row("beyond 64 bits", "99999999999999999999", 1000, 1);
+    row("far below 64 bits", "-99999999999999999999", 0, 1);
     // Keys that give no number are refused as they are typed.
-    QTest::newRow("letters") << QStringLiteral("1a2") << 12LL << 1;
-    QTest::newRow("plus") << QStringLiteral("+8") << 8LL << 1;
+    row("letters", "1a2", 12, 1);
+    row("plus", "+8", 8, 1);
 }
 
 void TestZELCustomSpinBox64::typedTexts()
@@ -156,9 +151,9 @@ void TestZELCustomSpinBox64::typedTexts()
 void TestZELCustomSpinBox64::escapeDropsTypedText()
 {
     QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-    type(QStringLiteral("250"));
+    type("250"_s);
     QTest::keyClick(m_box, Qt::Key_Escape);
-    QCOMPARE(m_box->lineEdit()->text(), QStringLiteral("100"));
+    QCOMPARE(m_box->lineEdit()->text(), "100"_s);
     m_other->setFocus();
     QCOMPARE(changed.size(), 0);
 }
@@ -166,7 +161,7 @@ void TestZELCustomSpinBox64::escapeDropsTypedText()
 void TestZELCustomSpinBox64::stepStartsFromTypedText()
 {
     QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-    type(QStringLiteral("500"));
+    type("500"_s);
     QTest::keyClick(m_box, Qt::Key_Up);
     QCOMPARE(changed.size(), 1);
     QCOMPARE(m_box->value(), 501LL);
@@ -214,10 +209,10 @@ void TestZELCustomSpinBox64::rangeMovesTheValue()
 
 void TestZELCustomSpinBox64::programmaticValueReplacesTypedText()
 {
-    type(QStringLiteral("9"));
+    type("9"_s);
     QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
     m_box->setValue(100);
-    QCOMPARE(m_box->lineEdit()->text(), QStringLiteral("100"));
+    QCOMPARE(m_box->lineEdit()->text(), "100"_s);
     QVERIFY(!m_box->hasPendingEdit());
     QCOMPARE(changed.size(), 0);
 }
@@ -230,7 +225,7 @@ void TestZELCustomSpinBox64::slotMayDisableTheBox()
         m_box->setEnabled(false);
         m_box->setEnabled(true);
     });
-    type(QStringLiteral("12"));
+    type("12"_s);
     QTest::keyClick(m_box, Qt::Key_Return);
     QCOMPARE(calls, 1);
     QCOMPARE(m_box->value(), 12LL);

@@ -96,7 +96,7 @@ void TestZELStyle::controls()
     QTest::addColumn<Make>("make");
     QTest::newRow("combo box") << Make([] {
         auto* box = new ZELCustomComboBox;
-        box->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+        box->addItems({"a"_s, "b"_s, "c"_s});
         box->setCurrentIndex(1);
         return box;
     });
@@ -143,7 +143,7 @@ void TestZELStyle::focusIsVisible()
     QFETCH(Make, make);
     Stage stage(make());
     QVERIFY(QTest::qWaitForWindowActive(&stage.window));
-    const QRgb accent = ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Accent")).rgb();
+    const QRgb accent = ZELCustom::getDataBaseColor("StyledCtlColor_Accent"_s).rgb();
     const auto accentPixels = [&] {
         const QImage image = stage.control->grab().toImage().convertToFormat(QImage::Format_RGB32);
         int count = 0;
@@ -176,9 +176,9 @@ void TestZELStyle::keyboardAlone()
 
 void TestZELStyle::typingEmitsOnce_data()
 {
-    QTest::addColumn<bool>("real");
-    QTest::newRow("integer") << false;
-    QTest::newRow("floating point") << true;
+    const Rows<bool> row("real");
+    row("integer", false);
+    row("floating point", true);
 }
 
 void TestZELStyle::typingEmitsOnce()
@@ -191,7 +191,7 @@ void TestZELStyle::typingEmitsOnce()
     QSignalSpy changed(stage.control, SIGNAL(valueChanged(QString)));
     QLineEdit* edit = real ? broken->lineEdit() : whole->lineEdit();
     edit->selectAll();
-    QTest::keyClicks(stage.control, QStringLiteral("42"));
+    QTest::keyClicks(stage.control, "42"_s);
     QCOMPARE(changed.size(), 0);
     QTest::keyClick(stage.control, Qt::Key_Return);
     QCOMPARE(changed.size(), 1);
@@ -207,8 +207,8 @@ void TestZELStyle::numbersIgnoreTheLocale()
     whole.setRange(0, 1000000);
     whole.setValue(123456);
     QLocale::setDefault(QLocale::c());
-    QCOMPARE(box.text(), QStringLiteral("1234.50"));
-    QCOMPARE(whole.text(), QStringLiteral("123456"));
+    QCOMPARE(box.text(), "1234.50"_s);
+    QCOMPARE(whole.text(), "123456"_s);
 }
 
 void TestZELStyle::steppingAsksToSave()
@@ -243,24 +243,24 @@ void TestZELStyle::searchBox()
     QAction* clear = edit.actions().at(1);
     QVERIFY(!clear->isVisible());
     search->trigger();
-    QTest::keyClicks(&edit, QStringLiteral("gain"));
+    QTest::keyClicks(&edit, "gain"_s);
     QTest::keyClick(&edit, Qt::Key_Return);
     QCOMPARE(searched.size(), 2);
     QVERIFY(clear->isVisible());
     clear->trigger();
     QVERIFY(edit.text().isEmpty() && !clear->isVisible());
-    QTest::keyClicks(&edit, QStringLiteral("g"));
+    QTest::keyClicks(&edit, "g"_s);
     QTest::keyClick(&edit, Qt::Key_Escape);
     QVERIFY(edit.text().isEmpty());
     edit.cSetSearchEnabled(false);
     QVERIFY(edit.actions().isEmpty());
-    edit.setText(QStringLiteral("x"));
+    edit.setText("x"_s);
 }
 
 void TestZELStyle::comboBoxBuildsItsListLate()
 {
     ZELCustomComboBox box;
-    box.addItems({QStringLiteral("Mono8"), QStringLiteral("Mono12")});
+    box.addItems({"Mono8"_s, "Mono12"_s});
     box.setCurrentIndex(1);
     box.cSetFontSize(14);
     box.show();
@@ -279,7 +279,7 @@ void TestZELStyle::comboBoxSizeFollowsEntriesAndFont()
 {
     ZELCustomComboBox box;
     const int empty = box.sizeHint().width();
-    box.addItem(QStringLiteral("BayerRG12Packed"));
+    box.addItem("BayerRG12Packed"_s);
     const int one = box.sizeHint().width();
     QVERIFY(one > empty);
     QVERIFY(box.minimumSizeHint().width() < one);
@@ -302,8 +302,8 @@ void TestZELStyle::treeRowsHaveTheFixedHeight()
         }
     };
     Tree tree;
-    auto* group = new QTreeWidgetItem(&tree, {QStringLiteral("Group")});
-    auto* row = new QTreeWidgetItem(group, {QStringLiteral("曝光时间")});
+    auto* group = new QTreeWidgetItem(&tree, {"Group"_s});
+    auto* row = new QTreeWidgetItem(group, {"曝光时间"_s});
     tree.expandAll();
     tree.show();
     // Pages without a scroll bar are sized by counting rows of this height.
@@ -319,7 +319,7 @@ void TestZELStyle::controlLooksTheSameUnderAnOwnerWithSheet()
         QWidget owner;
         owner.setStyleSheet(ownersSheet);
         ZELCustomComboBox box(&owner);
-        box.addItem(QStringLiteral("Mono8"));
+        box.addItem("Mono8"_s);
         box.resize(160, 32);
         return box.grab().toImage().convertToFormat(QImage::Format_ARGB32);
     };

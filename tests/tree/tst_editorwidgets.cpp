@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "api/ApplicationSetup.h"
 #include "device/ORXListenTools.h"
-#include "support/TestMain.h"
 #include "styledctl/ZELCustomSlider.h"
 #include "styledctl/ZELCustomSpinBox.h"
+#include "support/TestMain.h"
 #include "tree/ORXPropertyComboBox.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/QIntegerParamSetCtrl.h"
@@ -37,8 +37,7 @@ void TestEditorWidgets::spinBoxToolTip()
     box.setRange(INT64_MIN, INT64_MAX);
     box.setSingleStep(4);
     box.resetToolTip();
-    QCOMPARE(box.toolTip(),
-             QStringLiteral("Min:-9223372036854775808; Max:9223372036854775807; Step Value:4"));
+    QCOMPARE(box.toolTip(), "Min:-9223372036854775808; Max:9223372036854775807; Step Value:4"_s);
 }
 
 void TestEditorWidgets::spinBoxTakesTypedTextOnNotification()
@@ -56,17 +55,17 @@ void TestEditorWidgets::spinBoxTakesTypedTextOnNotification()
         ORXListenTools::instance()->notifyListeners(ListenCode::kCommitPendingEdit, nullptr);
     };
     box.setFocus();
-    box.lineEdit()->setText(QStringLiteral("42"));
+    box.lineEdit()->setText("42"_s);
     ORXListenTools::instance()->notifyListeners(ListenCode::kFavoritesChanged, nullptr);
     QCOMPARE(changed.size(), 0);
     notify();
     QCOMPARE(changed.size(), 1);
     QCOMPARE(box.value(), 42);
-    box.lineEdit()->setText(QStringLiteral("no number"));
+    box.lineEdit()->setText("no number"_s);
     notify();
     QCOMPARE(box.value(), 42);
     elsewhere.setFocus();
-    box.lineEdit()->setText(QStringLiteral("43"));
+    box.lineEdit()->setText("43"_s);
     notify();
     QCOMPARE(changed.size(), 1);
 }
@@ -75,13 +74,13 @@ void TestEditorWidgets::comboBoxReportsNodeAndValue()
 {
     ORXPropertyComboBox box(nullptr, ZELCustomComboBox::Style_Cell);
     QSignalSpy changed(&box, &ORXPropertyComboBox::SigPropertyChanged);
-    box.AddItem(QStringLiteral("Off"), 0);
-    box.AddItem(QStringLiteral("On"), 7);
+    box.AddItem("Off"_s, 0);
+    box.AddItem("On"_s, 7);
     QCOMPARE(changed.size(), 0); // no node yet
-    box.SetNodeName(QStringLiteral("GainAuto"));
-    box.SetCurrentSel(QStringLiteral("7"));
+    box.SetNodeName("GainAuto"_s);
+    box.SetCurrentSel("7"_s);
     QCOMPARE(changed.size(), 1);
-    QCOMPARE(changed.first().at(0).toString(), QStringLiteral("GainAuto"));
+    QCOMPARE(changed.first().at(0).toString(), "GainAuto"_s);
     QCOMPARE(changed.first().at(1).toInt(), 7);
     box.SetCurrentSel(99); // no such entry
     QCOMPARE(box.currentIndex(), 1);
@@ -94,8 +93,8 @@ void TestEditorWidgets::comboBoxReportsNodeAndValue()
 void TestEditorWidgets::comboBoxIgnoresTheWheel()
 {
     ORXPropertyComboBox box(nullptr, ZELCustomComboBox::Style_Cell);
-    box.AddItem(QStringLiteral("Off"), 0);
-    box.AddItem(QStringLiteral("On"), 1);
+    box.AddItem("Off"_s, 0);
+    box.AddItem("On"_s, 1);
     box.show();
     box.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&box));
@@ -108,14 +107,13 @@ void TestEditorWidgets::comboBoxIgnoresTheWheel()
 
 void TestEditorWidgets::sliderControlSnaps_data()
 {
-    QTest::addColumn<int>("increment");
-    QTest::addColumn<int>("released");
-    QTest::addColumn<int>("reported"); // -1: nothing
-    QTest::newRow("down onto the grid of the minimum") << 4 << 12 << 11;
-    QTest::newRow("on the grid") << 4 << 15 << 15;
-    QTest::newRow("no grid") << 1 << 12 << 12;
-    QTest::newRow("increment 0 is no grid") << 0 << 12 << 12;
-    QTest::newRow("unchanged") << 4 << 7 << -1;
+    // reported: -1: nothing
+    const Rows<int, int, int> row("increment", "released", "reported");
+    row("down onto the grid of the minimum", 4, 12, 11);
+    row("on the grid", 4, 15, 15);
+    row("no grid", 1, 12, 12);
+    row("increment 0 is no grid", 0, 12, 12);
+    row("unchanged", 4, 7, -1);
 }
 
 void TestEditorWidgets::sliderControlSnaps()
@@ -146,10 +144,10 @@ void TestEditorWidgets::sliderControlReportsOnReleaseOnly()
     QSignalSpy changed(&control, &QIntegerParamSetCtrl::SigValueChanged);
     control.SetValue(10);
     auto* slider = control.findChild<ZELCustomSlider*>();
-    QCOMPARE(slider->toolTip(), QStringLiteral("Range:0 to 100"));
+    QCOMPARE(slider->toolTip(), "Range:0 to 100"_s);
     slider->setSliderDown(true);
     slider->setSliderPosition(50);
-    QCOMPARE(control.findChild<QPropertyLineEdit*>()->text(), QStringLiteral("50"));
+    QCOMPARE(control.findChild<QPropertyLineEdit*>()->text(), "50"_s);
     QCOMPARE(changed.size(), 0);
     slider->setSliderDown(false); // emits sliderReleased()
     QCOMPARE(changed.size(), 1);
@@ -162,7 +160,7 @@ void TestEditorWidgets::sliderControlTakesTypedNumbers()
     control.SetValue(10);
     QSignalSpy changed(&control, &QIntegerParamSetCtrl::SigValueChanged);
     auto* edit = control.findChild<QPropertyLineEdit*>();
-    edit->setText(QStringLiteral("250"));
+    edit->setText("250"_s);
     emit edit->editingFinished();
     QCOMPARE(changed.size(), 1);
     QCOMPARE(control.GetValue(), 100);

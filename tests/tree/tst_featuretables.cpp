@@ -75,14 +75,14 @@ void TestFeatureTables::everyTagHasARow()
         QCOMPARE(featureTagName(tag), QLatin1String(kRows[i].tag));
         QCOMPARE(featureTag(QString::fromLatin1(kRows[i].tag)), tag);
     }
-    QCOMPARE(featureTag(QStringLiteral("integer")), FeatureTag::Other); // case-sensitive
+    QCOMPARE(featureTag("integer"_s), FeatureTag::Other); // case-sensitive
 }
 
 void TestFeatureTables::everyTableKnowsTheTag_data()
 {
-    QTest::addColumn<int>("row");
+    const Rows<int> row("row");
     for (int i = 0; i < kFeatureTagCount; ++i)
-        QTest::newRow(*kRows[i].tag ? kRows[i].tag : "any other") << i;
+        row(*kRows[i].tag ? kRows[i].tag : "any other", i);
 }
 
 void TestFeatureTables::everyTableKnowsTheTag()
@@ -103,7 +103,7 @@ void TestFeatureTables::everyTableKnowsTheTag()
     auto* item = new ORXPropertyTreeItem(&root, ORXPropertyTreeItem::CommonPage);
     item->setTagName(QString::fromLatin1(expected.tag));
     if (auto* boxes = dynamic_cast<CTreeCustomWaterMarkItemValue*>(item->value()))
-        boxes->setColumn(1, QStringLiteral("Time"), QStringLiteral("Time"));
+        boxes->setColumn(1, "Time"_s, "Time"_s);
     ORXPropertyTreeModel model(ORXPropertyTreeItem::CommonPage, nullptr);
     model.updateData(&root);
     const ORXPropertyTreeDelegate delegate(ORXPropertyTreeItem::CommonPage, nullptr);

@@ -148,10 +148,10 @@ void TestORXFeatureTree::prepare()
 {
     ApplicationSetup::runOnce();
     m_host.serve(description());
-    m_host.set(QStringLiteral("Width"), FakeHost::integerFeature(320, 16, 4096, 16));
-    m_host.set(QStringLiteral("PixelFormat"), FakeHost::enumFeature(7));
-    m_host.set(QStringLiteral("Gain"), FakeHost::floatFeature(1.5F, 0.0F, 24.0F));
-    m_host.set(QStringLiteral("DeviceUserID"), FakeHost::textFeature("Bench 3"));
+    m_host.set("Width"_s, FakeHost::integerFeature(320, 16, 4096, 16));
+    m_host.set("PixelFormat"_s, FakeHost::enumFeature(7));
+    m_host.set("Gain"_s, FakeHost::floatFeature(1.5F, 0.0F, 24.0F));
+    m_host.set("DeviceUserID"_s, FakeHost::textFeature("Bench 3"));
     m_host.install();
     OBDeviceControl::Init(description().constData(), nullptr);
     OBDeviceControl::GetFavoritesFeatureMap()->clear();
@@ -182,7 +182,7 @@ void TestORXFeatureTree::finish()
         m_host.fail(QString::fromLatin1(name), 0);
     OBDeviceControl::GetFavoritesFeatureMap()->clear();
     OBDeviceControl::SetUserLevel(1);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
+    ORXInterface::setLanguage("ENG"_s);
     ZELCustomLoadingDialog::hideLoading(kOverlay);
 }
 
@@ -231,8 +231,8 @@ void TestORXFeatureTree::firstReadFillsTheEditors()
     QCOMPARE(firstRead.size(), 1);
     QCOMPARE(firstRead.first().first().toLongLong(), 1LL);
     QCOMPARE(editor<ORXPropertySpinBox>("Width")->singleStep(), qlonglong(16));
-    QTRY_COMPARE(editor<ZELCustomComboBox>("PixelFormat")->currentText(), QStringLiteral("Mono16"));
-    QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), QStringLiteral("1.5000"));
+    QTRY_COMPARE(editor<ZELCustomComboBox>("PixelFormat")->currentText(), "Mono16"_s);
+    QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), "1.5000"_s);
     QTRY_VERIFY(editor<ZELCustomCheckBox>("ReverseX")->isChecked());
     QTRY_VERIFY(editor<ZELCustomPushButton>("AcquisitionStart")->isEnabled());
     QVERIFY(m_host.writes().isEmpty());
@@ -248,16 +248,16 @@ void TestORXFeatureTree::oneEdit()
     auto* spin = editor<ORXPropertySpinBox>("Width");
     spin->setFocus();
     spin->selectAll();
-    QTest::keyClicks(spin, QStringLiteral("650"));
+    QTest::keyClicks(spin, "650"_s);
     QTest::keyClick(spin, Qt::Key_Return);
-    QCOMPARE(m_host.writes(), QStringList(QStringLiteral("set Width 640"))); // on the grid
-    QVERIFY(MessageGuard::contains(QStringLiteral("NodeName:Width, NodeValue:640, [CameraID:1]")));
-    QCOMPARE(overlay(), QStringLiteral("Setting features..."));
+    QCOMPARE(m_host.writes(), QStringList("set Width 640"_s)); // on the grid
+    QVERIFY(MessageGuard::contains("NodeName:Width, NodeValue:640, [CameraID:1]"_s));
+    QCOMPARE(overlay(), "Setting features..."_s);
     QTRY_VERIFY(overlay().isEmpty());
     // Exactly what the write invalidates is read again, each once.
-    QStringList reads = m_host.calls().filter(QStringLiteral("get "));
+    QStringList reads = m_host.calls().filter("get "_s);
     reads.sort();
-    QCOMPARE(reads, QStringList({QStringLiteral("get Height"), QStringLiteral("get Width")}));
+    QCOMPARE(reads, QStringList({"get Height"_s, "get Width"_s}));
     QCOMPARE(spin->value(), qlonglong(640));
 }
 
@@ -280,8 +280,8 @@ void TestORXFeatureTree::writesByTag_data()
     row("Enumeration", "PixelFormat", 4000000000LL, "set PixelFormat 4000000000");
     row("Float", "Gain", 2.5F, "set Gain 2.5");
     row("Converter", "Gain", 2.5, "set Gain 2.5");
-    row("StringReg", "Note", QStringLiteral("a b"), "set Note a b");
-    row("String", "Note", QStringLiteral("c"), "set Note c");
+    row("StringReg", "Note", "a b"_s, "set Note a b");
+    row("String", "Note", "c"_s, "set Note c");
     row("Category", "Image", 1, "");
     row("CustomTagNameDraw", "Width", 1, "");
     row("", "Width", 1, "");
@@ -305,20 +305,12 @@ void TestORXFeatureTree::writesByTag()
 
 void TestORXFeatureTree::refusedWrites_data()
 {
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("quoted");
-    QTest::newRow("integer") << "Integer"
-                             << "Width" << QVariant(640) << "640";
-    QTest::newRow("float") << "Float"
-                           << "Gain" << QVariant(2.5F) << "2.5";
-    QTest::newRow("boolean") << "Boolean"
-                             << "ReverseX" << QVariant(true) << "1";
-    QTest::newRow("enumeration") << "Enumeration"
-                                 << "PixelFormat" << QVariant(7) << "7";
-    QTest::newRow("text") << "StringReg"
-                          << "Note" << QVariant(QStringLiteral("a<b>")) << "a&lt;b&gt;";
+    const Rows<QString, QString, QVariant, QString> row("tag", "name", "value", "quoted");
+    row("integer", "Integer", "Width", 640, "640");
+    row("float", "Float", "Gain", 2.5F, "2.5");
+    row("boolean", "Boolean", "ReverseX", true, "1");
+    row("enumeration", "Enumeration", "PixelFormat", 7, "7");
+    row("text", "StringReg", "Note", "a<b>"_s, "a&lt;b&gt;");
 }
 
 void TestORXFeatureTree::refusedWrites()
@@ -334,35 +326,33 @@ void TestORXFeatureTree::refusedWrites()
     QVERIFY(overlay().isEmpty());
     const ZELCustomMessageBox* box = messageBox();
     QVERIFY(box && box->isVisible());
-    QCOMPARE(box->cCaption(), QStringLiteral("Prompt"));
-    QCOMPARE(box->cTextTitle(), QStringLiteral("Failed to set the feature value."));
-    QCOMPARE(box->cContent(),
-             QStringLiteral("Node '%1':failed to save value '%2'\r\n").arg(name, quoted) +
-                 ORXInterface::IntCode2DisplayCode(kCode));
+    QCOMPARE(box->cCaption(), "Prompt"_s);
+    QCOMPARE(box->cTextTitle(), "Failed to set the feature value."_s);
+    QCOMPARE(box->cContent(), "Node '%1':failed to save value '%2'\r\n"_s.arg(name, quoted) +
+                                  ORXInterface::IntCode2DisplayCode(kCode));
     QCOMPARE(box->cHintStyle(), int(ZELCustomMessageBox::Hint_Error));
     QVERIFY(box->cButton(ZELCustomMessageBox::Result_Ok));
     QVERIFY(!box->cButton(ZELCustomMessageBox::Result_Cancel));
-    QVERIFY(!MessageGuard::contains(QStringLiteral("NodeValue:")));
+    QVERIFY(!MessageGuard::contains("NodeValue:"_s));
 }
 
 void TestORXFeatureTree::oneMessageAtATime()
 {
-    m_tree->ShowMessage(nullptr, QStringLiteral("first"), QStringLiteral("a"), QString(), 3);
-    m_tree->ShowMessage(nullptr, QStringLiteral("second"), QStringLiteral("b"), QString(), 3);
+    m_tree->ShowMessage(nullptr, "first"_s, "a"_s, QString(), 3);
+    m_tree->ShowMessage(nullptr, "second"_s, "b"_s, QString(), 3);
     QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
-    QCOMPARE(messageBox()->cTextTitle(), QStringLiteral("first"));
+    QCOMPARE(messageBox()->cTextTitle(), "first"_s);
     messageBox()->hide();
-    m_tree->ShowMessage(nullptr, QStringLiteral("third"), QStringLiteral("c"),
-                        QStringLiteral("Caption"), 5);
+    m_tree->ShowMessage(nullptr, "third"_s, "c"_s, "Caption"_s, 5);
     QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
-    QCOMPARE(messageBox()->cTextTitle(), QStringLiteral("third"));
-    QCOMPARE(messageBox()->cCaption(), QStringLiteral("Caption"));
+    QCOMPARE(messageBox()->cTextTitle(), "third"_s);
+    QCOMPARE(messageBox()->cCaption(), "Caption"_s);
 }
 
 void TestORXFeatureTree::messagesWithoutText()
 {
-    m_tree->ShowMessage(nullptr, QStringLiteral("words"), QString(), QString(), 5);
-    QCOMPARE(messageBox()->cContent(), QStringLiteral("words"));
+    m_tree->ShowMessage(nullptr, "words"_s, QString(), QString(), 5);
+    QCOMPARE(messageBox()->cContent(), "words"_s);
     QVERIFY(messageBox()->cTextTitle().isEmpty());
 }
 
@@ -370,24 +360,23 @@ void TestORXFeatureTree::firstStartAfterAStopIsSwallowed()
 {
     readOnce();
     m_tree->OnCameraStopShot();
-    const QString start = QStringLiteral("AcquisitionStart");
-    QVERIFY(m_tree->OnCommandNodeBtnClicked(QStringLiteral("TriggerSoftware")));
+    const QString start = "AcquisitionStart"_s;
+    QVERIFY(m_tree->OnCommandNodeBtnClicked("TriggerSoftware"_s));
     QVERIFY(!m_tree->OnCommandNodeBtnClicked(start));
     QCOMPARE(m_host.writes().filter(start).size(), 0);
     QVERIFY(m_tree->OnCommandNodeBtnClicked(start));
     QCOMPARE(m_host.writes().filter(start).size(), 1);
-    QVERIFY(MessageGuard::contains(QStringLiteral("NodeName:AcquisitionStart, [CameraID:1]")));
+    QVERIFY(MessageGuard::contains("NodeName:AcquisitionStart, [CameraID:1]"_s));
 }
 
 void TestORXFeatureTree::refusedCommand()
 {
     readOnce();
-    m_host.fail(QStringLiteral("UserSetLoad"), 5);
-    MessageGuard::expectMessage(QStringLiteral("UserSetLoad"));
-    QVERIFY(m_tree->setFeatureValue(QStringLiteral("Command"), QStringLiteral("UserSetLoad"), {}));
-    QVERIFY(
-        MessageGuard::contains(QStringLiteral("Node 'UserSetLoad': Failed to execute Node. 5\r\n") +
-                               ORXInterface::IntCode2DisplayCode(5)));
+    m_host.fail("UserSetLoad"_s, 5);
+    MessageGuard::expectMessage("UserSetLoad"_s);
+    QVERIFY(m_tree->setFeatureValue("Command"_s, "UserSetLoad"_s, {}));
+    QVERIFY(MessageGuard::contains("Node 'UserSetLoad': Failed to execute Node. 5\r\n"_s +
+                                   ORXInterface::IntCode2DisplayCode(5)));
     QVERIFY(!messageBox());
     QVERIFY(!overlay().isEmpty());
     QTRY_VERIFY(overlay().isEmpty()); // the invalidation pass ran all the same
@@ -395,9 +384,9 @@ void TestORXFeatureTree::refusedCommand()
 
 void TestORXFeatureTree::deviceReset_data()
 {
-    QTest::addColumn<bool>("known");
-    QTest::newRow("tree still there") << true;
-    QTest::newRow("tree gone") << false;
+    const Rows<bool> row("known");
+    row("tree still there", true);
+    row("tree gone", false);
 }
 
 void TestORXFeatureTree::deviceReset()
@@ -406,11 +395,10 @@ void TestORXFeatureTree::deviceReset()
     readOnce();
     if (!known)
         m_finder.trees.clear();
-    QCOMPARE(m_tree->setFeatureValue(QStringLiteral("Command"), QStringLiteral("DeviceReset"), {}),
-             known);
+    QCOMPARE(m_tree->setFeatureValue("Command"_s, "DeviceReset"_s, {}), known);
     QVERIFY(overlay().isEmpty());
     QCOMPARE(messageBox()->cContent(),
-             QStringLiteral("The camera is about to reboot. Reconnect the\ncamera later."));
+             "The camera is about to reboot. Reconnect the\ncamera later."_s);
     QCOMPARE(messageBox()->cHintStyle(), int(ZELCustomMessageBox::Hint_Information));
     QVERIFY(!editor<ORXPropertySpinBox>("Width")->isEnabled());
     QVERIFY(!m_tree->isCanEdit());
@@ -418,17 +406,17 @@ void TestORXFeatureTree::deviceReset()
 
 void TestORXFeatureTree::loadingASetKeepsTheShownRegion()
 {
-    m_host.set(QStringLiteral("RegionDisplaySelector"), FakeHost::enumFeature(7));
+    m_host.set("RegionDisplaySelector"_s, FakeHost::enumFeature(7));
     readOnce();
     QSignalSpy osd(m_tree.get(), &ORXFeatureTree::SigFeatureChangeOsd);
-    QVERIFY(m_tree->OnCommandNodeBtnClicked(QStringLiteral("UserSetLoad")));
-    QCOMPARE(m_host.writes().last(), QStringLiteral("set RegionDisplaySelector 7"));
+    QVERIFY(m_tree->OnCommandNodeBtnClicked("UserSetLoad"_s));
+    QCOMPARE(m_host.writes().last(), "set RegionDisplaySelector 7"_s);
     QCOMPARE(osd.size(), 1);
-    m_host.fail(QStringLiteral("RegionDisplaySelector"), 5);
-    MessageGuard::expectMessage(QStringLiteral("RegionDisplaySelector"));
+    m_host.fail("RegionDisplaySelector"_s, 5);
+    MessageGuard::expectMessage("RegionDisplaySelector"_s);
     MessageGuard::ignoreMessage(QtCriticalMsg, "GetOstSettingData failed");
-    QVERIFY(m_tree->OnCommandNodeBtnClicked(QStringLiteral("UserSetLoad")));
-    m_host.fail(QStringLiteral("RegionDisplaySelector"), 0);
+    QVERIFY(m_tree->OnCommandNodeBtnClicked("UserSetLoad"_s));
+    m_host.fail("RegionDisplaySelector"_s, 0);
 }
 
 void TestORXFeatureTree::itemBasedWrite()
@@ -437,30 +425,23 @@ void TestORXFeatureTree::itemBasedWrite()
     QVERIFY(!m_tree->setFeatureValue(nullptr, 5, true));
     QVERIFY(m_tree->setFeatureValue(item("Width"), 640, true));
     QCOMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(640));
-    m_host.fail(QStringLiteral("Width"), 5);
-    MessageGuard::expectMessage(QStringLiteral("Width"));
+    m_host.fail("Width"_s, 5);
+    MessageGuard::expectMessage("Width"_s);
     QVERIFY(!m_tree->setFeatureValue(item("Width"), 800, true)); // shown whatever the outcome
     QCOMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(800));
 }
 
 void TestORXFeatureTree::directRead_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("value"); // empty: nothing is read
-    QTest::newRow("integer") << "Width"
-                             << "320";
-    QTest::newRow("float") << "Gain"
-                           << "1.5000";
-    QTest::newRow("enumeration without its entries") << "PixelFormat"
-                                                     << "7";
-    QTest::newRow("boolean") << "ReverseX"
-                             << "True";
-    QTest::newRow("text") << "DeviceUserID"
-                          << "Bench 3";
-    QTest::newRow("command") << "AcquisitionStart"
-                             << "";
-    QTest::newRow("category") << "Image"
-                              << "";
+    // value: empty: nothing is read
+    const Rows<QString, QString> row("name", "value");
+    row("integer", "Width", "320");
+    row("float", "Gain", "1.5000");
+    row("enumeration without its entries", "PixelFormat", "7");
+    row("boolean", "ReverseX", "True");
+    row("text", "DeviceUserID", "Bench 3");
+    row("command", "AcquisitionStart", "");
+    row("category", "Image", "");
 }
 
 void TestORXFeatureTree::directRead()
@@ -501,22 +482,22 @@ void TestORXFeatureTree::refreshDropsTheHostsCache()
 {
     readOnce();
     m_tree->RefreshFeatures();
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 0);
+    QCOMPARE(m_host.count("invalidate"_s), 0);
     m_tree->OnBtnRefresh();
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 1);
-    m_host.set(QStringLiteral("Height"), FakeHost::integerFeature(99));
+    QCOMPARE(m_host.count("invalidate"_s), 1);
+    m_host.set("Height"_s, FakeHost::integerFeature(99));
     QTRY_COMPARE(item("Height")->value()->value().toInt(), 1); // the refresh was under way
     m_tree->UpdateFeatures(FEATURES_UPDATE_POLLING, QString(), {}, true, false);
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 2);
+    QCOMPARE(m_host.count("invalidate"_s), 2);
 }
 
 void TestORXFeatureTree::pollingFollowsTheFirstRead()
 {
     readOnce();
     m_tree->OnTimerFeatureNoCache(); // what the polling timer does every two seconds
-    m_host.set(QStringLiteral("Counter"), FakeHost::integerFeature(77));
+    m_host.set("Counter"_s, FakeHost::integerFeature(77));
     QTRY_COMPARE(editor<ORXPropertySpinBox>("Counter")->value(), qlonglong(77));
-    QCOMPARE(m_host.count(QStringLiteral("get Width")), 0);
+    QCOMPARE(m_host.count("get Width"_s), 0);
     m_tree->PauseUpdateThread();
     m_host.clearCalls();
     m_tree->OnTimerFeatureNoCache();
@@ -527,11 +508,11 @@ void TestORXFeatureTree::acquisitionReadsLockableFeatures()
 {
     readOnce();
     QVERIFY(editor<ZELCustomCheckBox>("ReverseX")->isEnabled());
-    m_host.set(QStringLiteral("TLParamsLocked"), FakeHost::integerFeature(1));
+    m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(1));
     m_tree->OnCameraStartShot();
     QTRY_VERIFY(!editor<ZELCustomCheckBox>("ReverseX")->isEnabled());
-    QCOMPARE(m_host.count(QStringLiteral("get Gain")), 0);
-    m_host.set(QStringLiteral("TLParamsLocked"), FakeHost::integerFeature(0));
+    QCOMPARE(m_host.count("get Gain"_s), 0);
+    m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(0));
     m_tree->OnCameraStopShot();
     QTRY_VERIFY(editor<ZELCustomCheckBox>("ReverseX")->isEnabled());
 }
@@ -539,16 +520,16 @@ void TestORXFeatureTree::acquisitionReadsLockableFeatures()
 void TestORXFeatureTree::namedFeatureIsReadAgain()
 {
     readOnce();
-    m_host.set(QStringLiteral("Gain"), FakeHost::floatFeature(3.0F, 0.0F, 24.0F));
+    m_host.set("Gain"_s, FakeHost::floatFeature(3.0F, 0.0F, 24.0F));
     NamedFeature other = {2, "Gain"};
     ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &other);
     NamedFeature own = {1, "Width"};
     ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &own);
-    QTRY_VERIFY(m_host.count(QStringLiteral("get Width")) > 0);
-    QCOMPARE(m_host.count(QStringLiteral("get Gain")), 0);
+    QTRY_VERIFY(m_host.count("get Width"_s) > 0);
+    QCOMPARE(m_host.count("get Gain"_s), 0);
     own.pName = "Gain";
     ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &own);
-    QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), QStringLiteral("3.0000"));
+    QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), "3.0000"_s);
 }
 
 void TestORXFeatureTree::overlayIndex()
@@ -558,7 +539,7 @@ void TestORXFeatureTree::overlayIndex()
     m_tree->ShowLoadingFeatures(true, false); // only device type 8 shows updates
     QVERIFY(overlay().isEmpty());
     m_tree->ShowLoadingFeatures(true, true);
-    QCOMPARE(overlay(), QStringLiteral("Setting features..."));
+    QCOMPARE(overlay(), "Setting features..."_s);
     m_tree->ShowLoadingFeatures(false, true);
     QVERIFY(overlay().isEmpty());
 }
@@ -569,10 +550,10 @@ void TestORXFeatureTree::noOverlayWithoutCamera()
     tree.CreateFeature();
     tree.StartUpdateThread();
     QVERIFY(!tree.rootItem());
-    tree.ShowLoadingDlg(true, QStringLiteral("text"));
+    tree.ShowLoadingDlg(true, "text"_s);
     tree.ShowLoadingFeatures(true, true);
     QVERIFY(overlay().isEmpty());
-    QVERIFY(tree.setFeatureValue(QStringLiteral("Integer"), QStringLiteral("Width"), 640));
+    QVERIFY(tree.setFeatureValue("Integer"_s, "Width"_s, 640));
     QVERIFY(overlay().isEmpty());
     tree.OnUserLevelChanged();
     tree.moveFavorteItem(nullptr, nullptr);
@@ -585,7 +566,7 @@ void TestORXFeatureTree::closingTheCamera()
     m_tree->treeView()->setCurrentIndex(
         m_tree->treeView()->treeModel()->indexFromItem(item("Width"), 0));
     QVERIFY(!m_tree->findChild<QTextEdit*>()->toPlainText().isEmpty());
-    QVERIFY(m_tree->setFeatureValue(QStringLiteral("Integer"), QStringLiteral("Width"), 640));
+    QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
     m_tree->OnCameraClose();
     QVERIFY(overlay().isEmpty()); // nothing would hide it later
     QCOMPARE(m_tree->cameraID(), qint64(-1));
@@ -604,7 +585,7 @@ void TestORXFeatureTree::pausedTreeStillHidesTheOverlay()
 {
     readOnce();
     m_tree->PauseUpdateThread();
-    QVERIFY(m_tree->setFeatureValue(QStringLiteral("Integer"), QStringLiteral("Width"), 640));
+    QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
     QVERIFY(!overlay().isEmpty());
     QTRY_VERIFY(overlay().isEmpty());
 }
@@ -632,9 +613,7 @@ void TestORXFeatureTree::releasedDuringAWrite()
 
 void TestORXFeatureTree::autoTrigger()
 {
-    const auto fired = [this] {
-        return m_host.writes().filter(QStringLiteral("TriggerSoftware")).size();
-    };
+    const auto fired = [this] { return m_host.writes().filter("TriggerSoftware"_s).size(); };
     m_tree->SetAutoSoftwareTrig(true, 1);
     QTRY_VERIFY(fired() >= 3);
     m_tree->SetAutoSoftwareTrig(false, 0);
@@ -649,15 +628,15 @@ void TestORXFeatureTree::descriptionFollowsRowAndLanguage()
     const auto* panel = m_tree->findChild<QTextEdit*>();
     ORXFeatureTreeView* view = m_tree->treeView();
     emit view->pressed(view->treeModel()->indexFromItem(item("Width"), 0));
-    QVERIFY(panel->toPlainText().contains(QStringLiteral("Columns of the image.")));
+    QVERIFY(panel->toPlainText().contains("Columns of the image."_s));
     const QString english = panel->toPlainText();
-    ORXInterface::setLanguage(QStringLiteral("CH"));
+    ORXInterface::setLanguage("CH"_s);
     QEvent change(QEvent::LanguageChange);
     QCoreApplication::sendEvent(m_tree.get(), &change);
     QVERIFY(panel->toPlainText() != english);
     QVERIFY(!panel->toPlainText().isEmpty());
     editor<QPropertyLineEdit>("Gain")->setFocus(); // the row being edited is explained
-    QVERIFY(panel->toPlainText().contains(QStringLiteral("Gain")));
+    QVERIFY(panel->toPlainText().contains("Gain"_s));
 }
 
 void TestORXFeatureTree::titleShowsTheUsersName()
@@ -665,7 +644,7 @@ void TestORXFeatureTree::titleShowsTheUsersName()
     ZELCustomDockTitleBar title;
     m_tree->setDockTitleBar(&title);
     readOnce();
-    QTRY_COMPARE(title.cTitleText(), QStringLiteral("Bench 3"));
+    QTRY_COMPARE(title.cTitleText(), "Bench 3"_s);
 }
 
 // Favourites --------------------------------------------------------------------------------------
@@ -676,22 +655,21 @@ QMenu* TestORXFeatureTree::menuOn(Item* target)
     view->scrollTo(view->treeModel()->indexFromItem(target, 0));
     const QRect row = view->visualRect(view->treeModel()->indexFromItem(target, 0));
     m_tree->OnTreeFeaturesCustomContextMenuRequested(row.topLeft());
-    auto* menu = m_tree->findChild<QMenu*>(QStringLiteral("FavoritesMenu"));
+    auto* menu = m_tree->findChild<QMenu*>("FavoritesMenu"_s);
     menu->hide();
     return menu;
 }
 
 void TestORXFeatureTree::menuOfFavorites_data()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("favorite");
-    QTest::addColumn<QString>("actions"); // of add, remove, remove all: hidden, enabled, disabled
-    QTest::newRow("favourite") << int(Item::FavoriteItem) << true << "heh";
-    QTest::newRow("group") << int(Item::FavoritesGroup) << false << "hhe";
-    QTest::newRow("feature") << int(Item::FeatureItem) << false << "ehh";
-    QTest::newRow("feature that is a favourite") << int(Item::FeatureItem) << true << "dhh";
-    QTest::newRow("category") << int(Item::CategoryItem) << false << "dhh";
-    QTest::newRow("own item") << int(Item::CustomItem) << false << "hhh";
+    // actions: of add, remove, remove all: hidden, enabled, disabled
+    const Rows<int, bool, QString> row("type", "favorite", "actions");
+    row("favourite", Item::FavoriteItem, true, "heh");
+    row("group", Item::FavoritesGroup, false, "hhe");
+    row("feature", Item::FeatureItem, false, "ehh");
+    row("feature that is a favourite", Item::FeatureItem, true, "dhh");
+    row("category", Item::CategoryItem, false, "dhh");
+    row("own item", Item::CustomItem, false, "hhh");
 }
 
 void TestORXFeatureTree::menuOfFavorites()
@@ -700,16 +678,15 @@ void TestORXFeatureTree::menuOfFavorites()
     QFETCH(bool, favorite);
     QFETCH(QString, actions);
     if (favorite)
-        OBDeviceControl::GetFavoritesFeatureMap()->append(
-            {QStringLiteral("Width"), QStringLiteral("Another name")});
+        OBDeviceControl::GetFavoritesFeatureMap()->append({"Width"_s, "Another name"_s});
     item("Width")->setItemType(static_cast<Item::ITEM_TYEP>(type));
     QString found;
     const QList<QAction*> shown = menuOn(item("Width"))->actions();
     for (const QAction* action : shown)
         found += QLatin1Char(!action->isVisible() ? 'h' : action->isEnabled() ? 'e' : 'd');
     QCOMPARE(found, actions);
-    QCOMPARE(shown.first()->text(), QStringLiteral("Add to Favorites"));
-    QCOMPARE(shown.last()->text(), QStringLiteral("Remove All"));
+    QCOMPARE(shown.first()->text(), "Add to Favorites"_s);
+    QCOMPARE(shown.last()->text(), "Remove All"_s);
 }
 
 void TestORXFeatureTree::favoritesComeAndGo()
@@ -719,7 +696,7 @@ void TestORXFeatureTree::favoritesComeAndGo()
     menuOn(item("Gain"))->actions().first()->trigger();
     QCOMPARE(shownFavorites(m_tree.get()), names("Width Gain"));
     QCOMPARE(favorites(), names("Width Gain"));
-    QVERIFY(m_tree->IsFavoritesItem(QStringLiteral("Gain")));
+    QVERIFY(m_tree->IsFavoritesItem("Gain"_s));
     Item* copy = group()->child(0);
     QCOMPARE(copy->itemType(), Item::FavoriteItem);
     QCOMPARE(item("Width")->mappingItem(), copy);
@@ -737,8 +714,7 @@ void TestORXFeatureTree::favoritesComeAndGo()
     menuOn(group())->actions().last()->trigger();
     QCOMPARE(group()->childCount(), 0);
     QVERIFY(favorites().isEmpty());
-    setFavorites(
-        {QStringLiteral("Width"), QStringLiteral("NotOfThisCamera"), QStringLiteral("Width")});
+    setFavorites({"Width"_s, "NotOfThisCamera"_s, "Width"_s});
     QCOMPARE(shownFavorites(m_tree.get()), names("Width"));
     QCOMPARE(favorites().size(), 3); // those of other cameras are kept
 }
@@ -746,16 +722,16 @@ void TestORXFeatureTree::favoritesComeAndGo()
 void TestORXFeatureTree::favoriteAndFeatureStayInStep()
 {
     readOnce();
-    setFavorites({QStringLiteral("Width")});
+    setFavorites({"Width"_s});
     Item* copy = group()->child(0);
     QTRY_VERIFY(m_tree->treeView()->editorOf(copy));
     auto* spin = qobject_cast<ORXPropertySpinBox*>(m_tree->treeView()->editorOf(copy));
     QCOMPARE(spin->value(), qlonglong(320));
     spin->setFocus();
     QTest::keyClick(spin, Qt::Key_Up);
-    QCOMPARE(m_host.writes(), QStringList(QStringLiteral("set Width 336")));
+    QCOMPARE(m_host.writes(), QStringList("set Width 336"_s));
     QCOMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(336));
-    m_host.set(QStringLiteral("Width"), FakeHost::integerFeature(320, 16, 4096, 16));
+    m_host.set("Width"_s, FakeHost::integerFeature(320, 16, 4096, 16));
     QTRY_COMPARE(spin->value(), qlonglong(320)); // the camera took it back
     QTRY_COMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(320));
 }
@@ -768,31 +744,23 @@ void TestORXFeatureTree::favoritesFollowSearchAndGroup()
         const QModelIndex index = view->treeModel()->indexFromItem(each, 0);
         return view->isRowHidden(index.row(), index.parent());
     };
-    item("Width")->setSearchText(QStringLiteral("gain"), 1);
-    item("Gain")->setSearchText(QStringLiteral("gain"), 1);
-    setFavorites({QStringLiteral("Width"), QStringLiteral("Gain")});
+    item("Width")->setSearchText("gain"_s, 1);
+    item("Gain")->setSearchText("gain"_s, 1);
+    setFavorites({"Width"_s, "Gain"_s});
     QVERIFY(hidden(group()->child(0)));
     QVERIFY(!hidden(group()->child(1)));
     // While another group is shown, a new favourite does not show.
     group()->setGroupVisible(false, 1);
-    setFavorites({QStringLiteral("Gain")});
+    setFavorites({"Gain"_s});
     QVERIFY(hidden(group()->child(0)));
 }
 
 void TestORXFeatureTree::movingFavorites_data()
 {
-    QTest::addColumn<QString>("moved");
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QStringList>("list");
-    QTest::addColumn<QStringList>("shown");
-    QTest::newRow("before another one")
-        << "Gain"
-        << "Height" << names("Width Gain Height Gain") << names("Width Gain Height");
-    QTest::newRow("to the end") << "Width"
-                                << "" << names("Height Gain Width") << names("Height Gain Width");
-    QTest::newRow("onto itself") << "Width"
-                                 << "Width" << names("Width Height Gain")
-                                 << names("Width Height Gain");
+    const Rows<QString, QString, QStringList, QStringList> row("moved", "target", "list", "shown");
+    row("before another one", "Gain", "Height", "Width Gain Height Gain", "Width Gain Height");
+    row("to the end", "Width", "", "Height Gain Width", "Height Gain Width");
+    row("onto itself", "Width", "Width", "Width Height Gain", "Width Height Gain");
 }
 
 void TestORXFeatureTree::movingFavorites()

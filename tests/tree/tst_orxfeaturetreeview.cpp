@@ -38,7 +38,7 @@ public:
 
 QString rowName(int row)
 {
-    return QStringLiteral("Row%1").arg(row, 4, 10, QLatin1Char('0'));
+    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
 }
 
 } // namespace
@@ -148,7 +148,7 @@ void TestORXFeatureTreeView::everyRowInSightHasItsEditor()
 void TestORXFeatureTreeView::collapsingAndHidingCloseEditors()
 {
     openRows(30);
-    Item* below = m_page->add(nullptr, QStringLiteral("Below"), "Integer");
+    Item* below = m_page->add(nullptr, "Below"_s, "Integer");
     view()->treeModel()->addItems(m_page->getRootItem(1, false), {below});
     QTRY_VERIFY(isEveryRowInSightEdited());
     m_group->setExpanded(false, 1);
@@ -180,13 +180,13 @@ void TestORXFeatureTreeView::anEditorInUseIsKept()
     openRows(200, "String");
     auto* edit = m_page->editor<QPropertyLineEdit>(rowName(1));
     edit->setFocus();
-    QTest::keyClicks(edit, QStringLiteral("typed"));
+    QTest::keyClicks(edit, "typed"_s);
     view()->verticalScrollBar()->setValue(view()->verticalScrollBar()->maximum());
     QCOMPARE(m_page->editor<QPropertyLineEdit>(rowName(1)), edit);
-    QCOMPARE(edit->text(), QStringLiteral("typed"));
+    QCOMPARE(edit->text(), "typed"_s);
     QVERIFY(edit->hasFocus());
     view()->setFocus();
-    QCOMPARE(m_page->writes, QStringList(rowName(1) + QStringLiteral(" typed")));
+    QCOMPARE(m_page->writes, QStringList(rowName(1) + " typed"_s));
     view()->verticalScrollBar()->setValue(view()->verticalScrollBar()->maximum() - 1);
     QTRY_VERIFY(!view()->editorOf(row(1)));
 }
@@ -198,7 +198,7 @@ void TestORXFeatureTreeView::aNewRepresentationKeepsTheFocus()
     value->setNumbers({5, 0, 10, 1});
     row(1)->endUpdateItem(1);
     m_page->anyEditor(rowName(1))->setFocus();
-    value->setRepresentation(QStringLiteral("HexNumber"));
+    value->setRepresentation("HexNumber"_s);
     row(1)->endUpdateItem(1);
     auto* edit = m_page->editor<QPropertyLineEdit>(rowName(1));
     QVERIFY(edit);
@@ -211,7 +211,7 @@ void TestORXFeatureTreeView::lastShownFeatureDecidesItsCategories()
     m_page->makeRoot = [&] {
         Item* root = m_page->addGroupOfTags({});
         m_group = root->child(0);
-        inner = m_page->add(m_group, QStringLiteral("Inner"));
+        inner = m_page->add(m_group, "Inner"_s);
         m_page->add(inner, rowName(0), "Integer");
         m_page->add(inner, rowName(1), "Integer");
         return root;
@@ -232,7 +232,7 @@ void TestORXFeatureTreeView::lastShownFeatureDecidesItsCategories()
     QVERIFY(hidden(inner->child(1)));
     QVERIFY(!hidden(inner));
     QVERIFY(!hidden(m_group));
-    QCOMPARE(m_page->log, QStringList(QStringLiteral("visible Row0000")));
+    QCOMPARE(m_page->log, QStringList("visible Row0000"_s));
 }
 
 void TestORXFeatureTreeView::groupVisibilityHidesRows()
@@ -254,7 +254,7 @@ void TestORXFeatureTreeView::groupVisibilityHidesRows()
 void TestORXFeatureTreeView::visibleHeight()
 {
     openRows(5);
-    m_page->add(m_group, QStringLiteral("Matrix"), "CustomTagNameCCM");
+    m_page->add(m_group, "Matrix"_s, "CustomTagNameCCM");
     view()->resetData(1, m_page->getRootItem(1, false));
     view()->expandAll();
     QCOMPARE(view()->getVisibleHeight(), 5 * 38 + 128); // the group itself adds nothing
@@ -266,13 +266,11 @@ void TestORXFeatureTreeView::visibleHeight()
 
 void TestORXFeatureTreeView::uselessNotificationsAreDropped_data()
 {
-    QTest::addColumn<qint64>("camera");
-    QTest::addColumn<bool>("forbidden");
-    QTest::addColumn<bool>("heard");
-    QTest::newRow("shown camera") << qint64(1) << false << true;
-    QTest::newRow("other camera") << qint64(2) << false << false;
-    QTest::newRow("no camera") << qint64(-1) << false << false;
-    QTest::newRow("updates forbidden") << qint64(1) << true << false;
+    const Rows<qint64, bool, bool> row("camera", "forbidden", "heard");
+    row("shown camera", 1, false, true);
+    row("other camera", 2, false, false);
+    row("no camera", -1, false, false);
+    row("updates forbidden", 1, true, false);
 }
 
 void TestORXFeatureTreeView::uselessNotificationsAreDropped()
@@ -286,8 +284,7 @@ void TestORXFeatureTreeView::uselessNotificationsAreDropped()
     row(0)->notifyViewUpdate(camera, -1, false);
     row(0)->notifyViewUpdate(camera, 1, false); // refreshes the cell without telling the page
     row(0)->setVisible(false, camera);
-    const QStringList expected = {QStringLiteral("value Row0000"),
-                                  QStringLiteral("visible Row0000")};
+    const QStringList expected = {"value Row0000"_s, "visible Row0000"_s};
     QCOMPARE(m_page->log, heard ? expected : QStringList());
     QCOMPARE(view()->isRowHidden(0, view()->treeModel()->indexFromItem(m_group, 0)), heard);
 }
@@ -358,7 +355,7 @@ void TestORXFeatureTreeView::anOvertakenNotificationChangesNothing()
         row(0)->setVisible(true, 1);
         row(1)->setVisible(false, 1);
     }).join();
-    row(0)->setSearchText(QStringLiteral("something else"), 1);
+    row(0)->setSearchText("something else"_s, 1);
     row(1)->setVisible(true, 1);
     QCoreApplication::processEvents();
     QVERIFY(hidden(0));
@@ -385,7 +382,7 @@ void TestORXFeatureTreeView::onePassCostsOneLayout()
         row(i)->value()->setValue(i);
         row(i)->setVisible(i % 2 == 0, 1);
         row(i)->endUpdateItem(1);
-        row(i)->setSearchText(QStringLiteral("row"), 1);
+        row(i)->setSearchText("row"_s, 1);
     }
     QCoreApplication::processEvents();
     QVERIFY2(counted.layouts <= 3, qPrintable(QString::number(counted.layouts)));
@@ -415,15 +412,12 @@ void TestORXFeatureTreeView::anEditThatTheCameraTakesBackIsPublished()
 
 void TestORXFeatureTreeView::wheelOverEditors_data()
 {
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<bool>("readOnly");
-    QTest::addColumn<bool>("focused");
-    QTest::addColumn<bool>("scrolls");
+    const Rows<QString, bool, bool, bool> row("tag", "readOnly", "focused", "scrolls");
     for (const char* tag : {"Integer", "Enumeration", "Float", "Boolean", "Command"}) {
-        QTest::newRow(tag) << QString::fromLatin1(tag) << false << false << true;
+        row.of(tag, false, false, true);
         QTest::addRow("%s, read only", tag) << QString::fromLatin1(tag) << true << false << true;
     }
-    QTest::newRow("Integer with the focus") << QStringLiteral("Integer") << false << true << false;
+    row("Integer with the focus", "Integer", false, true, false);
 }
 
 void TestORXFeatureTreeView::wheelOverEditors()
@@ -440,7 +434,7 @@ void TestORXFeatureTreeView::wheelOverEditors()
     QWidget* editor = m_page->anyEditor(rowName(3));
     if (auto* combo = qobject_cast<ZELCustomComboBox*>(editor)) {
         const QSignalBlocker silent(combo);
-        combo->addItems({QStringLiteral("A"), QStringLiteral("B")});
+        combo->addItems({"A"_s, "B"_s});
     }
     if (focused)
         editor->setFocus();
@@ -469,10 +463,10 @@ void TestORXFeatureTreeView::tabReachesEditorsInTheOrderOfRows()
     openRows(5);
     row(1)->setReadOnly(true);
     row(1)->notifyViewUpdate(1, -1, false);
-    Item* boxes = m_page->add(nullptr, QStringLiteral("Boxes"), "CustomTagNameWatermark");
+    Item* boxes = m_page->add(nullptr, "Boxes"_s, "CustomTagNameWatermark");
     auto* value = dynamic_cast<CTreeCustomWaterMarkItemValue*>(boxes->value());
-    value->setColumn(0, QStringLiteral("Left"), QStringLiteral("Left"));
-    value->setColumn(1, QStringLiteral("Right"), QStringLiteral("Right"));
+    value->setColumn(0, "Left"_s, "Left"_s);
+    value->setColumn(1, "Right"_s, "Right"_s);
     view()->treeModel()->addItems(m_group, {boxes});
     QTRY_VERIFY(view()->editorOf(boxes));
     // Opened again, last row first: the order is still that of the rows.
@@ -480,8 +474,8 @@ void TestORXFeatureTreeView::tabReachesEditorsInTheOrderOfRows()
         view()->openPersistentEdit(row(i), true);
         QTRY_VERIFY(view()->editorOf(row(i)));
     }
-    const QList<QWidget*> order = {view()->editorOf(row(0)), view()->editorOf(row(2)),
-                                   view()->editorOf(row(3)), view()->editorOf(row(4)),
+    const QList<QWidget*> order = {view()->editorOf(row(0)),   view()->editorOf(row(2)),
+                                   view()->editorOf(row(3)),   view()->editorOf(row(4)),
                                    view()->editorOf(boxes, 0), view()->editorOf(boxes, 1)};
     view()->setFocus();
     for (QWidget* editor : order) {
@@ -522,10 +516,10 @@ void TestORXFeatureTreeView::keysBetweenRowAndEditor()
     QTest::keyClick(view(), Qt::Key_Down);
     QVERIFY(view()->hasFocus()); // walking the rows does not stop at an editor
     QTest::keyClick(view(), Qt::Key_Return);
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("typed"));
+    QTest::keyClicks(QApplication::focusWidget(), "typed"_s);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(3)));
-    QCOMPARE(m_page->writes, QStringList(rowName(3) + QStringLiteral(" typed")));
+    QCOMPARE(m_page->writes, QStringList(rowName(3) + " typed"_s));
 }
 
 void TestORXFeatureTreeView::focusMakesTheRowCurrent()
@@ -544,7 +538,7 @@ void TestORXFeatureTreeView::placeholder()
     openRows(1);
     const auto picture = [this] { return view()->viewport()->grab().toImage(); };
     const QImage row = picture();
-    view()->setPlaceholderText(QStringLiteral("Nothing here"));
+    view()->setPlaceholderText("Nothing here"_s);
     QCOMPARE(picture(), row);
     m_group->child(0)->setVisible(false, 1);
     const QImage empty = picture();

@@ -134,7 +134,7 @@ void TestORXPropertyTreeDelegate::prepare()
 void TestORXPropertyTreeDelegate::finish()
 {
     delete m_page;
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
+    ORXInterface::setLanguage("ENG"_s);
 }
 
 void TestORXPropertyTreeDelegate::open(const QStringList& tags)
@@ -145,16 +145,16 @@ void TestORXPropertyTreeDelegate::open(const QStringList& tags)
     const QVector<Item*> features = group->children();
     for (Item* feature : features) {
         if (auto* boxes = valueOf<CTreeCustomWaterMarkItemValue>(feature)) {
-            boxes->setColumn(0, feature->tagName() + QStringLiteral("0"), QStringLiteral("Left"));
-            boxes->setColumn(1, feature->tagName() + QStringLiteral("1"), QStringLiteral("Right"));
+            boxes->setColumn(0, feature->tagName() + "0"_s, "Left"_s);
+            boxes->setColumn(1, feature->tagName() + "1"_s, "Right"_s);
         } else if (valueOf<CTreeEnumationItemValue>(feature)) {
-            setEntries(feature, {QStringLiteral("Off"), QStringLiteral("Once")}, {}, {0, 5}, 0);
+            setEntries(feature, {"Off"_s, "Once"_s}, {}, {0, 5}, 0);
         } else if (valueOf<CTreeIntergerItemValue>(feature)) {
             setInteger(feature, 10, 0, 100, 1);
         } else if (auto* number = valueOf<CTreeFloatItemValue>(feature)) {
             number->setNumbers({1.5F, 0.0F, 100.0F});
         } else if (auto* text = valueOf<CTreeStringItemValue>(feature)) {
-            text->setText(QStringLiteral("text"), 64);
+            text->setText("text"_s, 64);
         }
     }
     m_page->open();
@@ -167,17 +167,14 @@ void TestORXPropertyTreeDelegate::refill(Item* changed)
 
 void TestORXPropertyTreeDelegate::editorsOfIntegers_data()
 {
-    QTest::addColumn<QString>("representation");
-    QTest::addColumn<qint64>("maximum");
-    QTest::addColumn<bool>("typed");
-    QTest::newRow("none") << QString() << qint64(100) << false;
-    QTest::newRow("linear") << QStringLiteral("Linear") << qint64(100) << false;
-    QTest::newRow("pure number") << QStringLiteral("PureNumber") << qint64(100) << true;
-    QTest::newRow("hexadecimal") << QStringLiteral("HexNumber") << qint64(100) << true;
-    QTest::newRow("address") << QStringLiteral("IPV4Address") << qint64(100) << true;
-    QTest::newRow("hardware address") << QStringLiteral("MACAddress") << qint64(100) << true;
-    QTest::newRow("too large for a spin box") << QStringLiteral("Linear") << qint64(INT64_MAX)
-                                              << true;
+    const Rows<QString, qint64, bool> row("representation", "maximum", "typed");
+    row("none", "", 100, false);
+    row("linear", "Linear", 100, false);
+    row("pure number", "PureNumber", 100, true);
+    row("hexadecimal", "HexNumber", 100, true);
+    row("address", "IPV4Address", 100, true);
+    row("hardware address", "MACAddress", 100, true);
+    row("too large for a spin box", "Linear", INT64_MAX, true);
 }
 
 void TestORXPropertyTreeDelegate::editorsOfIntegers()
@@ -185,7 +182,7 @@ void TestORXPropertyTreeDelegate::editorsOfIntegers()
     QFETCH(QString, representation);
     QFETCH(qint64, maximum);
     QFETCH(bool, typed);
-    open({QStringLiteral("Integer")});
+    open({"Integer"_s});
     Item* width = item("Integer");
     setInteger(width, 10, 0, maximum, 1, representation.toLatin1().constData());
     width->endUpdateItem(1);
@@ -200,9 +197,9 @@ void TestORXPropertyTreeDelegate::editorsOfIntegers()
 
 void TestORXPropertyTreeDelegate::fillingNeverCommits_data()
 {
-    QTest::addColumn<QString>("tag");
+    const Rows<QString> row("tag");
     for (const char* tag : kTags)
-        QTest::newRow(tag) << QString::fromLatin1(tag);
+        row.of(tag);
 }
 
 void TestORXPropertyTreeDelegate::fillingNeverCommits()
@@ -219,9 +216,7 @@ void TestORXPropertyTreeDelegate::fillingNeverCommits()
             boxes->setCheckState(0, round % 2 ? Qt::Checked : Qt::Unchecked);
             boxes->setCheckState(1, round % 2 ? Qt::Checked : Qt::Unchecked);
         } else if (valueOf<CTreeEnumationItemValue>(feature)) {
-            setEntries(feature,
-                       {QStringLiteral("A%1").arg(round), QStringLiteral("B"), QStringLiteral("C")},
-                       {}, {0, 1, 2}, round % 3);
+            setEntries(feature, {"A%1"_s.arg(round), "B"_s, "C"_s}, {}, {0, 1, 2}, round % 3);
         } else if (valueOf<CTreeIntergerItemValue>(feature)) {
             setInteger(feature, 20 * round, 10 * round, 100, round);
         } else {
@@ -236,11 +231,9 @@ void TestORXPropertyTreeDelegate::fillingNeverCommits()
 
 void TestORXPropertyTreeDelegate::readOnlyAndCanEditDisable_data()
 {
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<bool>("usableWhenReadOnly");
+    const Rows<QString, bool> row("tag", "usableWhenReadOnly");
     for (const char* tag : kTags)
-        QTest::newRow(tag) << QString::fromLatin1(tag)
-                           << QLatin1String(tag).startsWith(QLatin1String("CustomTagNameFlat"));
+        row.of(tag, QLatin1String(tag).startsWith(QLatin1String("CustomTagNameFlat")));
 }
 
 void TestORXPropertyTreeDelegate::readOnlyAndCanEditDisable()
@@ -268,12 +261,10 @@ void TestORXPropertyTreeDelegate::readOnlyAndCanEditDisable()
 
 void TestORXPropertyTreeDelegate::readOnlyItemsAreNeverWritten_data()
 {
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("boolean") << QStringLiteral("Boolean") << QString();
-    QTest::newRow("command") << QStringLiteral("Command") << QString();
-    QTest::newRow("flat field") << QStringLiteral("CustomTagNameFlatFieldCorrection")
-                                << QStringLiteral("CustomTagNameFlatFieldCorrection ");
+    const Rows<QString, QString> row("tag", "written");
+    row("boolean", "Boolean", "");
+    row("command", "Command", "");
+    row("flat field", "CustomTagNameFlatFieldCorrection", "CustomTagNameFlatFieldCorrection ");
 }
 
 void TestORXPropertyTreeDelegate::readOnlyItemsAreNeverWritten()
@@ -289,13 +280,10 @@ void TestORXPropertyTreeDelegate::readOnlyItemsAreNeverWritten()
 
 void TestORXPropertyTreeDelegate::typedTextSurvivesARead_data()
 {
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<QVariant>("read");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("text") << QStringLiteral("String") << QVariant(QStringLiteral("other"))
-                          << QStringLiteral("7");
-    QTest::newRow("float") << QStringLiteral("Float") << QVariant(3.5F) << QStringLiteral("7");
-    QTest::newRow("integer") << QStringLiteral("Integer") << QVariant(50) << QStringLiteral("7");
+    const Rows<QString, QVariant, QString> row("tag", "read", "written");
+    row("text", "String", "other"_s, "7");
+    row("float", "Float", 3.5F, "7");
+    row("integer", "Integer", 50, "7");
 }
 
 void TestORXPropertyTreeDelegate::typedTextSurvivesARead()
@@ -308,13 +296,13 @@ void TestORXPropertyTreeDelegate::typedTextSurvivesARead()
     QWidget* widget = m_page->anyEditor(tag);
     widget->setFocus();
     QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(widget, QStringLiteral("7"));
+    QTest::keyClicks(widget, "7"_s);
     feature->value()->setValue(read);
     feature->endUpdateItem(1);
     auto* edit = qobject_cast<QLineEdit*>(widget);
     if (!edit)
         edit = widget->findChild<QLineEdit*>();
-    QCOMPARE(edit->text(), QStringLiteral("7"));
+    QCOMPARE(edit->text(), "7"_s);
     QVERIFY(widget->hasFocus());
     QCOMPARE(m_page->anyEditor(tag), widget);
     QTest::keyClick(widget, Qt::Key_Return);
@@ -323,39 +311,31 @@ void TestORXPropertyTreeDelegate::typedTextSurvivesARead()
 
 void TestORXPropertyTreeDelegate::escapeShowsWhatCameMeanwhile()
 {
-    open({QStringLiteral("String"), QStringLiteral("Integer")});
+    open({"String"_s, "Integer"_s});
     for (const char* name : {"String", "Integer"}) {
         QWidget* widget = editor(name);
         widget->setFocus();
-        QTest::keyClicks(widget, QStringLiteral("7"));
+        QTest::keyClicks(widget, "7"_s);
         item(name)->value()->setValue(50);
         item(name)->endUpdateItem(1);
         QTest::keyClick(widget, Qt::Key_Escape);
         QVERIFY(widget->hasFocus()); // the first Escape takes the text back
     }
-    QTRY_COMPARE(qobject_cast<QLineEdit*>(editor("String"))->text(), QStringLiteral("50"));
+    QTRY_COMPARE(qobject_cast<QLineEdit*>(editor("String"))->text(), "50"_s);
     QTRY_COMPARE(qobject_cast<ORXPropertySpinBox*>(editor("Integer"))->value(), qlonglong(50));
     QVERIFY(m_page->writes.isEmpty());
 }
 
 void TestORXPropertyTreeDelegate::lineEditsWriteOnce_data()
 {
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<QString>("representation");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QVariant>("written");
-    QTest::newRow("text") << QStringLiteral("String") << QString() << QStringLiteral("lab")
-                          << QVariant(QStringLiteral("lab"));
-    QTest::newRow("float") << QStringLiteral("Float") << QString() << QStringLiteral("2.5")
-                           << QVariant(2.5F);
-    QTest::newRow("converter") << QStringLiteral("Converter") << QString() << QStringLiteral("-1")
-                               << QVariant(1e-6F);
-    QTest::newRow("pure number") << QStringLiteral("Integer") << QStringLiteral("PureNumber")
-                                 << QStringLiteral("250") << QVariant(qlonglong(100));
-    QTest::newRow("hexadecimal") << QStringLiteral("IntReg") << QStringLiteral("HexNumber")
-                                 << QStringLiteral("0x1F") << QVariant(qlonglong(31));
-    QTest::newRow("address") << QStringLiteral("Integer") << QStringLiteral("IPV4Address")
-                             << QStringLiteral("10.0.0.2") << QVariant(qlonglong(0x0A000002));
+    const Rows<QString, QString, QString, QVariant> row("tag", "representation", "typed",
+                                                        "written");
+    row("text", "String", "", "lab", "lab"_s);
+    row("float", "Float", "", "2.5", 2.5F);
+    row("converter", "Converter", "", "-1", 1e-6F);
+    row("pure number", "Integer", "PureNumber", "250", qlonglong(100));
+    row("hexadecimal", "IntReg", "HexNumber", "0x1F", qlonglong(31));
+    row("address", "Integer", "IPV4Address", "10.0.0.2", qlonglong(0x0A000002));
 }
 
 void TestORXPropertyTreeDelegate::lineEditsWriteOnce()
@@ -364,7 +344,7 @@ void TestORXPropertyTreeDelegate::lineEditsWriteOnce()
     QFETCH(QString, representation);
     QFETCH(QString, typed);
     QFETCH(QVariant, written);
-    open({tag, QStringLiteral("Boolean")});
+    open({tag, "Boolean"_s});
     if (!representation.isEmpty()) {
         setInteger(m_page->item(tag), 10, 0, 100, 1, representation.toLatin1().constData());
         m_page->treeView()->openPersistentEdit(m_page->item(tag), true);
@@ -384,11 +364,11 @@ void TestORXPropertyTreeDelegate::lineEditsWriteOnce()
 
 void TestORXPropertyTreeDelegate::aRoundedTextIsNoEdit()
 {
-    open({QStringLiteral("Float"), QStringLiteral("Boolean")});
+    open({"Float"_s, "Boolean"_s});
     valueOf<CTreeFloatItemValue>(item("Float"))->setNumber(1.23456F);
     refill(item("Float"));
-    auto* edit = m_page->editor<QPropertyLineEdit>(QStringLiteral("Float"));
-    QCOMPARE(edit->text(), QStringLiteral("1.2346"));
+    auto* edit = m_page->editor<QPropertyLineEdit>("Float"_s);
+    QCOMPARE(edit->text(), "1.2346"_s);
     edit->setFocus();
     QTest::keyClick(edit, Qt::Key_End);
     editor("Boolean")->setFocus();
@@ -398,58 +378,53 @@ void TestORXPropertyTreeDelegate::aRoundedTextIsNoEdit()
 
 void TestORXPropertyTreeDelegate::invalidTextIsRolledBack()
 {
-    open({QStringLiteral("Float"), QStringLiteral("Boolean")});
-    auto* edit = m_page->editor<QPropertyLineEdit>(QStringLiteral("Float"));
+    open({"Float"_s, "Boolean"_s});
+    auto* edit = m_page->editor<QPropertyLineEdit>("Float"_s);
     edit->setFocus();
     edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("1,5"));
+    QTest::keyClicks(edit, "1,5"_s);
     editor("Boolean")->setFocus();
-    QCOMPARE(edit->text(), QStringLiteral("1.5000"));
+    QCOMPARE(edit->text(), "1.5000"_s);
     QVERIFY(m_page->writes.isEmpty());
 }
 
 void TestORXPropertyTreeDelegate::failedWriteShowsTheOldValue()
 {
-    open({QStringLiteral("Boolean"), QStringLiteral("Enumeration"), QStringLiteral("Integer"),
-          QStringLiteral("String")});
+    open({"Boolean"_s, "Enumeration"_s, "Integer"_s, "String"_s});
     m_page->answer = false;
-    auto* check = m_page->editor<ZELCustomCheckBox>(QStringLiteral("Boolean"));
+    auto* check = m_page->editor<ZELCustomCheckBox>("Boolean"_s);
     QTest::mouseClick(check, Qt::LeftButton, {}, QPoint(8, check->height() / 2));
     QVERIFY(!check->isChecked());
-    auto* combo = m_page->editor<ZELCustomComboBox>(QStringLiteral("Enumeration"));
+    auto* combo = m_page->editor<ZELCustomComboBox>("Enumeration"_s);
     combo->setCurrentIndex(1);
     QCOMPARE(combo->currentIndex(), 0);
-    auto* spin = m_page->editor<ORXPropertySpinBox>(QStringLiteral("Integer"));
+    auto* spin = m_page->editor<ORXPropertySpinBox>("Integer"_s);
     spin->stepUp();
     QCOMPARE(spin->value(), qlonglong(10));
-    auto* edit = m_page->editor<QPropertyLineEdit>(QStringLiteral("String"));
+    auto* edit = m_page->editor<QPropertyLineEdit>("String"_s);
     edit->setFocus();
-    QTest::keyClicks(edit, QStringLiteral("x"));
+    QTest::keyClicks(edit, "x"_s);
     QTest::keyClick(edit, Qt::Key_Return);
-    QCOMPARE(edit->text(), QStringLiteral("text"));
+    QCOMPARE(edit->text(), "text"_s);
     QCOMPARE(m_page->writes.size(), 4);
 }
 
 void TestORXPropertyTreeDelegate::spinBoxGrid_data()
 {
-    QTest::addColumn<qlonglong>("minimum");
-    QTest::addColumn<qlonglong>("maximum");
-    QTest::addColumn<qlonglong>("step");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<qlonglong>("written");
+    const Rows<qlonglong, qlonglong, qlonglong, QString, qlonglong> row("minimum", "maximum",
+                                                                        "step", "typed", "written");
     const qlonglong low = INT64_MIN;
     const qlonglong high = INT64_MAX;
-    QTest::newRow("down onto the grid") << 3LL << 100LL << 4LL << "13" << 11LL;
-    QTest::newRow("above the maximum") << 3LL << 100LL << 4LL << "400" << 99LL;
-    QTest::newRow("maximum off the grid") << 0LL << 10LL << 4LL << "10" << 8LL;
-    QTest::newRow("at the minimum") << 3LL << 100LL << 4LL << "3" << 3LL;
-    QTest::newRow("below the minimum") << 3LL << 100LL << 4LL << "-8" << 3LL;
-    QTest::newRow("step 0 is no grid") << 0LL << 100LL << 0LL << "13" << 13LL;
-    QTest::newRow("negative step is no grid") << 0LL << 100LL << -5LL << "13" << 13LL;
-    QTest::newRow("whole range, top") << low << high << 1LL << QString::number(high) << high;
-    QTest::newRow("whole range, coarse") << low << high << high << QString::number(high)
-                                         << high - 1;
-    QTest::newRow("whole range, bottom") << low << high << 7LL << QString::number(low) << low;
+    row("down onto the grid", 3, 100, 4, "13", 11);
+    row("above the maximum", 3, 100, 4, "400", 99);
+    row("maximum off the grid", 0, 10, 4, "10", 8);
+    row("at the minimum", 3, 100, 4, "3", 3);
+    row("below the minimum", 3, 100, 4, "-8", 3);
+    row("step 0 is no grid", 0, 100, 0, "13", 13);
+    row("negative step is no grid", 0, 100, -5, "13", 13);
+    row("whole range, top", low, high, 1, QString::number(high), high);
+    row("whole range, coarse", low, high, high, QString::number(high), high - 1);
+    row("whole range, bottom", low, high, 7, QString::number(low), low);
 }
 
 void TestORXPropertyTreeDelegate::spinBoxGrid()
@@ -459,11 +434,11 @@ void TestORXPropertyTreeDelegate::spinBoxGrid()
     QFETCH(qlonglong, step);
     QFETCH(QString, typed);
     QFETCH(qlonglong, written);
-    open({QStringLiteral("Integer")});
+    open({"Integer"_s});
     auto* value = valueOf<CTreeIntergerItemValue>(item("Integer"));
     value->setNumbers({minimum + 7, minimum, maximum, step}); // 7: none of the typed values
     refill(item("Integer"));
-    auto* spin = m_page->editor<ORXPropertySpinBox>(QStringLiteral("Integer"));
+    auto* spin = m_page->editor<ORXPropertySpinBox>("Integer"_s);
     spin->setFocus();
     spin->selectAll();
     QTest::keyClicks(spin, typed);
@@ -475,52 +450,49 @@ void TestORXPropertyTreeDelegate::spinBoxGrid()
 
 void TestORXPropertyTreeDelegate::spinBoxWritesOncePerEdit()
 {
-    open({QStringLiteral("Integer"), QStringLiteral("Boolean")});
-    auto* spin = m_page->editor<ORXPropertySpinBox>(QStringLiteral("Integer"));
+    open({"Integer"_s, "Boolean"_s});
+    auto* spin = m_page->editor<ORXPropertySpinBox>("Integer"_s);
     spin->setFocus();
     spin->selectAll();
-    QTest::keyClicks(spin, QStringLiteral("42"));
+    QTest::keyClicks(spin, "42"_s);
     QVERIFY(m_page->writes.isEmpty());
     editor("Boolean")->setFocus();
-    QCOMPARE(m_page->writes, QStringList(QStringLiteral("Integer 42")));
+    QCOMPARE(m_page->writes, QStringList("Integer 42"_s));
     spin->setFocus();
     QTest::keyClick(spin, Qt::Key_Up); // a step writes at once
     QCOMPARE(m_page->writes.size(), 2);
-    QCOMPARE(m_page->writes.last(), QStringLiteral("Integer 43"));
+    QCOMPARE(m_page->writes.last(), "Integer 43"_s);
 }
 
 void TestORXPropertyTreeDelegate::enumerationIsWrittenByItsEnglishList()
 {
-    open({QStringLiteral("Enumeration")});
-    const QStringList english = {QStringLiteral("Off"), QStringLiteral("Once"),
-                                 QStringLiteral("Continuous")};
-    const QStringList chinese = {QStringLiteral("\u5173"), QStringLiteral("\u5f00"),
-                                 QStringLiteral("\u5f00")};
+    open({"Enumeration"_s});
+    const QStringList english = {"Off"_s, "Once"_s, "Continuous"_s};
+    const QStringList chinese = {"\u5173"_s, "\u5f00"_s, "\u5f00"_s};
     // Two numbers have the text "Continuous"; the first one is written. It needs 32 bits.
     setEntries(item("Enumeration"), english, chinese, {0, 1, 4000000000LL, 4000000001LL}, 0);
-    ORXInterface::setLanguage(QStringLiteral("CH"));
+    ORXInterface::setLanguage("CH"_s);
     refill(item("Enumeration"));
-    auto* combo = m_page->editor<ZELCustomComboBox>(QStringLiteral("Enumeration"));
+    auto* combo = m_page->editor<ZELCustomComboBox>("Enumeration"_s);
     QCOMPARE(combo->itemText(2), chinese.at(2));
     combo->setCurrentIndex(2);
     QCOMPARE(m_page->lastWritten.toLongLong(), 4000000000LL);
     QCOMPARE(combo->currentIndex(), 2);
     setEntries(item("Enumeration"), english, {}, {0, 1, 2}, 1);
     refill(item("Enumeration"));
-    QCOMPARE(combo->currentText(), QStringLiteral("Once")); // no Chinese list
+    QCOMPARE(combo->currentText(), "Once"_s); // no Chinese list
 }
 
 void TestORXPropertyTreeDelegate::enumerationWithoutMatchCanBeSet()
 {
-    open({QStringLiteral("Enumeration")});
-    setEntries(item("Enumeration"), {QStringLiteral("Off"), QStringLiteral("Once")}, {}, {0, 5},
-               99);
+    open({"Enumeration"_s});
+    setEntries(item("Enumeration"), {"Off"_s, "Once"_s}, {}, {0, 5}, 99);
     refill(item("Enumeration"));
-    auto* combo = m_page->editor<ZELCustomComboBox>(QStringLiteral("Enumeration"));
+    auto* combo = m_page->editor<ZELCustomComboBox>("Enumeration"_s);
     QCOMPARE(combo->currentIndex(), -1);
     QVERIFY(combo->isEnabled());
     combo->setCurrentIndex(0);
-    QCOMPARE(m_page->writes, QStringList(QStringLiteral("Enumeration 0")));
+    QCOMPARE(m_page->writes, QStringList("Enumeration 0"_s));
     // An entry list that empties leaves nothing to write.
     setEntries(item("Enumeration"), {}, {}, {}, 0);
     refill(item("Enumeration"));
@@ -530,12 +502,12 @@ void TestORXPropertyTreeDelegate::enumerationWithoutMatchCanBeSet()
 
 void TestORXPropertyTreeDelegate::palettesShowPictures()
 {
-    open({QStringLiteral("CustomTagNamePalettesMode")});
-    const QString name = QStringLiteral("CustomTagNamePalettesMode");
+    open({"CustomTagNamePalettesMode"_s});
+    const QString name = "CustomTagNamePalettesMode"_s;
     QStringList english;
     QVector<qint64> numbers;
     for (int i = 0; i < 15; ++i) {
-        english.append(QStringLiteral("Palette %1").arg(i));
+        english.append("Palette %1"_s.arg(i));
         numbers.append(i);
     }
     setEntries(m_page->item(name), english, {}, numbers, 3);
@@ -547,25 +519,25 @@ void TestORXPropertyTreeDelegate::palettesShowPictures()
     QVERIFY(combo->itemIcon(14).availableSizes().isEmpty());
     QVERIFY(!combo->itemData(0).isValid());
     combo->setCurrentIndex(4);
-    QCOMPARE(m_page->writes, QStringList(name + QStringLiteral(" 4")));
+    QCOMPARE(m_page->writes, QStringList(name + " 4"_s));
 }
 
 void TestORXPropertyTreeDelegate::checkBoxesWriteTheirColumn()
 {
-    open({QStringLiteral("Boolean"), QStringLiteral("CustomTagNameWatermark")});
-    auto* check = m_page->editor<ZELCustomCheckBox>(QStringLiteral("Boolean"));
+    open({"Boolean"_s, "CustomTagNameWatermark"_s});
+    auto* check = m_page->editor<ZELCustomCheckBox>("Boolean"_s);
     QTest::keyClick(check, Qt::Key_Space);
-    QCOMPARE(m_page->writes, QStringList(QStringLiteral("Boolean true")));
+    QCOMPARE(m_page->writes, QStringList("Boolean true"_s));
     Item* boxes = m_page->getRootItem(1, false)->child(0)->child(1);
     ORXFeatureTreeView* view = m_page->treeView();
     auto* left = qobject_cast<ZELCustomCheckBox*>(view->editorOf(boxes, 0));
     auto* right = qobject_cast<ZELCustomCheckBox*>(view->editorOf(boxes, 1));
-    QCOMPARE(left->text(), QStringLiteral("Left"));
-    QCOMPARE(right->text(), QStringLiteral("Right"));
+    QCOMPARE(left->text(), "Left"_s);
+    QCOMPARE(right->text(), "Right"_s);
     left->click();
-    QCOMPARE(m_page->writes.last(), QStringLiteral("CustomTagNameWatermark0 true"));
+    QCOMPARE(m_page->writes.last(), "CustomTagNameWatermark0 true"_s);
     right->click();
-    QCOMPARE(m_page->writes.last(), QStringLiteral("CustomTagNameWatermark1 true"));
+    QCOMPARE(m_page->writes.last(), "CustomTagNameWatermark1 true"_s);
     auto* value = valueOf<CTreeCustomWaterMarkItemValue>(boxes);
     QCOMPARE(value->checkState(0), int(Qt::Checked));
     value->setColumnDisabled(0, true);
@@ -576,28 +548,27 @@ void TestORXPropertyTreeDelegate::checkBoxesWriteTheirColumn()
 
 void TestORXPropertyTreeDelegate::buttonsExecute()
 {
-    open({QStringLiteral("Command"), QStringLiteral("CustomTagNameFlatFieldCorrection")});
-    auto* command = m_page->editor<ZELCustomPushButton>(QStringLiteral("Command"));
-    auto* tool =
-        m_page->editor<ZELCustomPushButton>(QStringLiteral("CustomTagNameFlatFieldCorrection"));
-    QCOMPARE(command->text(), QStringLiteral("Execute"));
-    QCOMPARE(tool->text(), QStringLiteral("Open Tool"));
+    open({"Command"_s, "CustomTagNameFlatFieldCorrection"_s});
+    auto* command = m_page->editor<ZELCustomPushButton>("Command"_s);
+    auto* tool = m_page->editor<ZELCustomPushButton>("CustomTagNameFlatFieldCorrection"_s);
+    QCOMPARE(command->text(), "Execute"_s);
+    QCOMPARE(tool->text(), "Open Tool"_s);
     QVERIFY(!tool->icon().availableSizes().isEmpty());
     QTest::mouseClick(command, Qt::LeftButton);
     QVERIFY(!m_page->lastWritten.isValid());
     QTest::mouseClick(tool, Qt::LeftButton);
     QCOMPARE(m_page->writes.size(), 2);
-    ORXInterface::setLanguage(QStringLiteral("CH"));
+    ORXInterface::setLanguage("CH"_s);
     m_page->treeView()->updateAllEditorData();
-    QCOMPARE(command->text(), QStringLiteral("\u6267\u884c"));
-    QCOMPARE(tool->text(), QStringLiteral("\u6253\u5f00\u5de5\u5177"));
+    QCOMPARE(command->text(), "\u6267\u884c"_s);
+    QCOMPARE(tool->text(), "\u6253\u5f00\u5de5\u5177"_s);
 }
 
 void TestORXPropertyTreeDelegate::clickGuard()
 {
     m_page->makeRoot = [this] {
-        Item* root = m_page->addGroupOfTags({QStringLiteral("Command")});
-        m_page->add(root->child(0), QStringLiteral("TriggerSoftware"), "Command");
+        Item* root = m_page->addGroupOfTags({"Command"_s});
+        m_page->add(root->child(0), "TriggerSoftware"_s, "Command");
         return root;
     };
     m_page->open();
@@ -620,22 +591,22 @@ void TestORXPropertyTreeDelegate::externalEditorIsFilled()
         [](QWidget* label, Item* matrix) {
             qobject_cast<QLabel*>(label)->setText(matrix->value()->displayName());
         });
-    open({QStringLiteral("CustomTagNameCCM")});
-    auto* label = m_page->editor<QLabel>(QStringLiteral("CustomTagNameCCM"));
-    QCOMPARE(label->text(), QStringLiteral("CustomTagNameCCM"));
+    open({"CustomTagNameCCM"_s});
+    auto* label = m_page->editor<QLabel>("CustomTagNameCCM"_s);
+    QCOMPARE(label->text(), "CustomTagNameCCM"_s);
     QCOMPARE(label->x(), 20);
     QVERIFY(label->height() > 120);
-    item("CustomTagNameCCM")->value()->setDisplayName(QStringLiteral("Matrix"));
+    item("CustomTagNameCCM")->value()->setDisplayName("Matrix"_s);
     refill(item("CustomTagNameCCM"));
-    QCOMPARE(label->text(), QStringLiteral("Matrix"));
+    QCOMPARE(label->text(), "Matrix"_s);
 }
 
 void TestORXPropertyTreeDelegate::viewsOwnCommitsWriteNothing()
 {
-    open({QStringLiteral("String")});
+    open({"String"_s});
     ORXFeatureTreeView* view = m_page->treeView();
-    auto* edit = m_page->editor<QPropertyLineEdit>(QStringLiteral("String"));
-    edit->setText(QStringLiteral("typed"));
+    auto* edit = m_page->editor<QPropertyLineEdit>("String"_s);
+    edit->setText("typed"_s);
     view->treeDelegate()->setModelData(edit, view->model(),
                                        view->treeModel()->indexFromItem(item("String"), 1));
     emit view->treeDelegate()->commitData(edit);
@@ -644,24 +615,24 @@ void TestORXPropertyTreeDelegate::viewsOwnCommitsWriteNothing()
 
 void TestORXPropertyTreeDelegate::closingAnEditorWritesNothing()
 {
-    open({QStringLiteral("String"), QStringLiteral("Integer")});
+    open({"String"_s, "Integer"_s});
     for (const char* name : {"String", "Integer"}) {
         editor(name)->setFocus();
-        QTest::keyClicks(editor(name), QStringLiteral("7"));
+        QTest::keyClicks(editor(name), "7"_s);
         m_page->treeView()->openPersistentEdit(item(name), true);
         QTRY_VERIFY(editor(name) && !editor(name)->hasFocus());
     }
     editor("String")->setFocus();
-    QTest::keyClicks(editor("String"), QStringLiteral("7"));
+    QTest::keyClicks(editor("String"), "7"_s);
     m_page->resetCamaraID(-1);
     QVERIFY(m_page->writes.isEmpty());
 }
 
 void TestORXPropertyTreeDelegate::editorsStandInTheirCells_data()
 {
-    QTest::addColumn<QString>("tag");
+    const Rows<QString> row("tag");
     for (const char* tag : kTags)
-        QTest::newRow(tag) << QString::fromLatin1(tag);
+        row.of(tag);
 }
 
 void TestORXPropertyTreeDelegate::editorsStandInTheirCells()
@@ -692,21 +663,21 @@ void TestORXPropertyTreeDelegate::rowsArePainted()
     ORXFeatureTreeView* view = m_page->treeView();
     const auto picture = [view] { return view->viewport()->grab().toImage(); };
     const QImage plain = picture();
-    m_page->item(QStringLiteral("Integer"))->setSearchText(QStringLiteral("teg"), 1);
+    m_page->item("Integer"_s)->setSearchText("teg"_s, 1);
     const QImage marked = picture();
     QVERIFY(marked != plain);
-    view->treeDelegate()->setCurMoveItem(m_page->item(QStringLiteral("Float")));
+    view->treeDelegate()->setCurMoveItem(m_page->item("Float"_s));
     const QImage dropping = picture();
     QVERIFY(dropping != marked);
-    const QRect row = view->visualRect(
-        view->treeModel()->indexFromItem(m_page->item(QStringLiteral("Float")), 0));
+    const QRect row =
+        view->visualRect(view->treeModel()->indexFromItem(m_page->item("Float"_s), 0));
     for (int y = 0; y < plain.height(); ++y) {
         if (y < row.top() - 1 || y > row.top() + 1)
             QCOMPARE(dropping.copy(0, y, plain.width(), 1), marked.copy(0, y, plain.width(), 1));
     }
     const QByteArray directory = qgetenv("OBFT_TEST_PICTURES");
     if (!directory.isEmpty())
-        m_page->grab().save(QString::fromLocal8Bit(directory) + QStringLiteral("/delegate.png"));
+        m_page->grab().save(QString::fromLocal8Bit(directory) + "/delegate.png"_s);
 }
 
 OBFT_TEST_MAIN(TestORXPropertyTreeDelegate)

@@ -49,8 +49,8 @@ void TestQPropertyLineEdit::saving_data()
     const QVariant none;
     const auto number = [](qint64 value) { return QVariant::fromValue(value); };
 
-    row("text", Kind::Text, "a", "b", QStringLiteral("b"));
-    row("text may be emptied", Kind::Text, "a", "", QStringLiteral(""));
+    row("text", Kind::Text, "a", "b", "b"_s);
+    row("text may be emptied", Kind::Text, "a", "", ""_s);
 
     row("float", Kind::Float, "1.0000", "2.5", 2.5F);
     row("float with exponent", Kind::Float, "1.0000", " 2.5e1 ", 25.0F);
@@ -113,38 +113,35 @@ void TestQPropertyLineEdit::saving()
 void TestQPropertyLineEdit::nothingToSave()
 {
     QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
-    edit.SetText(QStringLiteral("1.2346"), QPropertyLineEdit::Float); // rounded for show
+    edit.SetText("1.2346"_s, QPropertyLineEdit::Float); // rounded for show
     edit.SetRange(10.0F, 0.0F);
     QVariant value;
     QVERIFY(!edit.SaveProperty(value));
-    QCOMPARE(value.toString(), QStringLiteral("1.2346"));
+    QCOMPARE(value.toString(), "1.2346"_s);
 }
 
 void TestQPropertyLineEdit::savedTextIsTheNewLastGoodText()
 {
     QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
-    edit.SetText(QStringLiteral("a"), QPropertyLineEdit::Text);
-    edit.setText(QStringLiteral("b"));
+    edit.SetText("a"_s, QPropertyLineEdit::Text);
+    edit.setText("b"_s);
     QVariant value;
     QVERIFY(edit.SaveProperty(value));
     QVERIFY(!edit.SaveProperty(value)); // Enter, then losing the focus: one write
-    edit.setText(QStringLiteral("c"));
+    edit.setText("c"_s);
     edit.Rollback();
-    QCOMPARE(edit.text(), QStringLiteral("b"));
+    QCOMPARE(edit.text(), "b"_s);
 }
 
 void TestQPropertyLineEdit::decimalRange_data()
 {
     using Limits = std::numeric_limits<qint64>;
-    QTest::addColumn<qint64>("minimum");
-    QTest::addColumn<qint64>("maximum");
-    QTest::addColumn<QString>("entered");
-    QTest::addColumn<qint64>("saved");
-    QTest::newRow("whole range, largest")
-        << Limits::min() << Limits::max() << QString::number(Limits::max()) << Limits::max();
-    QTest::newRow("whole range, smallest")
-        << Limits::min() << Limits::max() << QString::number(Limits::min()) << Limits::min();
-    QTest::newRow("minimum wins over maximum") << qint64(20) << qint64(10) << "15" << qint64(20);
+    const Rows<qint64, qint64, QString, qint64> row("minimum", "maximum", "entered", "saved");
+    row("whole range, largest", Limits::min(), Limits::max(), QString::number(Limits::max()),
+        Limits::max());
+    row("whole range, smallest", Limits::min(), Limits::max(), QString::number(Limits::min()),
+        Limits::min());
+    row("minimum wins over maximum", 20, 10, "15", 20);
 }
 
 void TestQPropertyLineEdit::decimalRange()
@@ -164,13 +161,12 @@ void TestQPropertyLineEdit::decimalRange()
 
 void TestQPropertyLineEdit::stringLengthCutsBytes_data()
 {
-    QTest::addColumn<int>("length");
-    QTest::addColumn<QString>("saved");
-    const QString text = QStringLiteral("ab\u4e2d\u6587"); // 2 + 3 + 3 bytes
-    QTest::newRow("fits with the terminator") << 9 << text;
-    QTest::newRow("a character is never cut in two") << 8 << text.left(3);
-    QTest::newRow("room for the terminator only") << 1 << QString();
-    QTest::newRow("unknown length") << 0 << text;
+    const Rows<int, QString> row("length", "saved");
+    const QString text = "ab\u4e2d\u6587"_s; // 2 + 3 + 3 bytes
+    row("fits with the terminator", 9, text);
+    row("a character is never cut in two", 8, text.left(3));
+    row("room for the terminator only", 1, "");
+    row("unknown length", 0, text);
 }
 
 void TestQPropertyLineEdit::stringLengthCutsBytes()
@@ -178,9 +174,9 @@ void TestQPropertyLineEdit::stringLengthCutsBytes()
     QFETCH(int, length);
     QFETCH(QString, saved);
     QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
-    edit.SetText(QStringLiteral("old"), QPropertyLineEdit::Text);
+    edit.SetText("old"_s, QPropertyLineEdit::Text);
     edit.SetStringLength(length);
-    edit.setText(QStringLiteral("ab\u4e2d\u6587"));
+    edit.setText("ab\u4e2d\u6587"_s);
     QVariant value;
     QVERIFY(edit.SaveProperty(value));
     QCOMPARE(value.toString(), saved);
@@ -194,8 +190,8 @@ void TestQPropertyLineEdit::numbersIgnoreTheLocale()
     std::setlocale(LC_ALL, "de_DE.UTF-8");
     QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
     edit.SetRange(5000.0F, -5000.0F);
-    edit.SetText(QStringLiteral("1.0000"), QPropertyLineEdit::Float);
-    edit.setText(QStringLiteral("1234.5"));
+    edit.SetText("1.0000"_s, QPropertyLineEdit::Float);
+    edit.setText("1234.5"_s);
     QVariant value;
     const bool saved = edit.SaveProperty(value);
     const QString toolTip = edit.toolTip();
@@ -203,24 +199,24 @@ void TestQPropertyLineEdit::numbersIgnoreTheLocale()
     std::setlocale(LC_ALL, before.constData());
     QVERIFY(saved);
     QCOMPARE(value.toFloat(), 1234.5F);
-    QCOMPARE(toolTip, QStringLiteral("Range: -5000.000000 to 5000.000000"));
+    QCOMPARE(toolTip, "Range: -5000.000000 to 5000.000000"_s);
 }
 
 void TestQPropertyLineEdit::rangeDecidesTheKind()
 {
     QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
-    edit.SetText(QStringLiteral("1"), QPropertyLineEdit::Text);
+    edit.SetText("1"_s, QPropertyLineEdit::Text);
     edit.SetRange(10.0F, 0.0F);
-    edit.setText(QStringLiteral("2.5"));
+    edit.setText("2.5"_s);
     QVariant value;
     QVERIFY(edit.SaveProperty(value));
     QCOMPARE(value.userType(), int(QMetaType::Float));
     edit.SetRange(qint64(10), qint64(0));
-    edit.setText(QStringLiteral("3"));
+    edit.setText("3"_s);
     QVERIFY(edit.SaveProperty(value));
     QCOMPARE(value.userType(), int(QMetaType::LongLong));
     edit.SetStringLength(8);
-    edit.setText(QStringLiteral("4"));
+    edit.setText("4"_s);
     QVERIFY(edit.SaveProperty(value));
     QCOMPARE(value.userType(), int(QMetaType::QString));
 }
@@ -229,13 +225,13 @@ void TestQPropertyLineEdit::toolTips()
 {
     QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
     edit.SetRange(qint64(20), qint64(-10));
-    QCOMPARE(edit.toolTip(), QStringLiteral("Range: -10 to 20"));
-    edit.SetText(QStringLiteral("0x1F"), QPropertyLineEdit::Hexadecimal);
+    QCOMPARE(edit.toolTip(), "Range: -10 to 20"_s);
+    edit.SetText("0x1F"_s, QPropertyLineEdit::Hexadecimal);
     edit.resetToolTip(); // unchanged for this kind
-    QCOMPARE(edit.toolTip(), QStringLiteral("Range: -10 to 20"));
-    edit.SetText(QStringLiteral("a text too long for its cell"), QPropertyLineEdit::Text);
+    QCOMPARE(edit.toolTip(), "Range: -10 to 20"_s);
+    edit.SetText("a text too long for its cell"_s, QPropertyLineEdit::Text);
     edit.SetStringLength(64);
-    QCOMPARE(edit.toolTip(), QStringLiteral("a text too long for its cell"));
+    QCOMPARE(edit.toolTip(), "a text too long for its cell"_s);
     edit.SetText(QString(), QPropertyLineEdit::Text);
     edit.SetStringLength(64);
     QCOMPARE(edit.toolTip(), QString());
@@ -243,19 +239,19 @@ void TestQPropertyLineEdit::toolTips()
     edit.setToolTip(QString());
     QEvent change(QEvent::LanguageChange);
     QCoreApplication::sendEvent(&edit, &change);
-    QCOMPARE(edit.toolTip(), QStringLiteral("Range: 1.000000 to 2.000000"));
+    QCOMPARE(edit.toolTip(), "Range: 1.000000 to 2.000000"_s);
 }
 
 void TestQPropertyLineEdit::pendingEditSurvivesLosingTheFocus()
 {
     QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
-    edit.SetText(QStringLiteral("a"), QPropertyLineEdit::Text);
-    QTest::keyClicks(&edit, QStringLiteral("b"));
+    edit.SetText("a"_s, QPropertyLineEdit::Text);
+    QTest::keyClicks(&edit, "b"_s);
     QVERIFY(edit.hasPendingEdit()); // another window may have the focus for a while
-    edit.SetRollbackText(QStringLiteral("new"), QPropertyLineEdit::Text);
-    QCOMPARE(edit.text(), QStringLiteral("ab"));
+    edit.SetRollbackText("new"_s, QPropertyLineEdit::Text);
+    QCOMPARE(edit.text(), "ab"_s);
     edit.Rollback();
-    QCOMPARE(edit.text(), QStringLiteral("new"));
+    QCOMPARE(edit.text(), "new"_s);
     QVERIFY(!edit.hasPendingEdit());
 }
 

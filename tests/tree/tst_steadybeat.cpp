@@ -98,9 +98,9 @@ void TestSteadyBeat::missedBeatsAreDropped()
 
 void TestSteadyBeat::longPeriodDoesNotBeatAtOnce_data()
 {
-    QTest::addColumn<qint64>("periodMs");
-    QTest::newRow("a minute") << qint64(60000);
-    QTest::newRow("the longest") << qint64(1000000000);
+    const Rows<qint64> row("periodMs");
+    row("a minute", 60000);
+    row("the longest", 1000000000);
 }
 
 void TestSteadyBeat::longPeriodDoesNotBeatAtOnce()

@@ -21,11 +21,6 @@ constexpr int kOtherTable = 1; // never the selected one
 class TestLutDemoCamera : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void tablesAreWrittenApart_data();
-    void tablesAreWrittenApart();
-    void lostCameraIsTold_data();
-    void lostCameraIsTold();
 
 protected:
     void prepare() override
@@ -70,72 +65,74 @@ private:
     std::unique_ptr<DemoCamera> m_camera;
     std::unique_ptr<HostCallbacks> m_callbacks;
     std::unique_ptr<QLUTDrawWidget> m_widget;
-};
 
-void TestLutDemoCamera::tablesAreWrittenApart_data()
-{
-    const Rows<int, int> row("selector", "type");
-    row("luminance, fold line", 0, QLUTDrawWidget::FoldLine);
-    row("green, curve", 2, QLUTDrawWidget::SmoothCurve);
-    row("blue, free line", 3, QLUTDrawWidget::FreeLine);
-}
+private slots:
+    void tablesAreWrittenApart_data()
+    {
+        const Rows<int, int> row("selector", "type");
+        row("luminance, fold line", 0, QLUTDrawWidget::FoldLine);
+        row("green, curve", 2, QLUTDrawWidget::SmoothCurve);
+        row("blue, free line", 3, QLUTDrawWidget::FreeLine);
+    }
 
-void TestLutDemoCamera::tablesAreWrittenApart()
-{
-    QFETCH(int, selector);
-    QFETCH(int, type);
-    const QVector<int> other = memory(kOtherTable);
-    m_camera->write(OB_FT_TYPE_ENUMERATION, "LUTSelector", std::to_string(selector));
-    m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    m_widget->SetDrawLineChanged(type);
-    const QPoint onTheLine(30 + 60, 30 + 179);
-    QTest::mousePress(m_widget.get(), Qt::LeftButton, Qt::NoModifier, onTheLine);
-    QTest::mouseRelease(m_widget.get(), Qt::LeftButton, Qt::NoModifier, onTheLine - QPoint(0, 99));
-    QVector<int> drawn;
-    for (const LUTPoint& point : m_widget->GetSettinngPoints())
-        drawn.append(point.value);
-    QVERIFY(drawn != other);
-    m_widget->SetToCamera();
-    QVERIFY(waitForEnd());
-    QCOMPARE(memory(selector), drawn);
-    QCOMPARE(memory(kOtherTable), other);
-}
-
-void TestLutDemoCamera::lostCameraIsTold_data()
-{
-    const Rows<bool, QString> row("set", "line");
-    // Two reads of the limits, then two calls for each point.
-    row("loading", false, "LUT: reading failed after 200 of 1024 points");
-    row("setting", true, "LUT: only 201 of 1024 points written");
-}
-
-void TestLutDemoCamera::lostCameraIsTold()
-{
-    QFETCH(bool, set);
-    QFETCH(QString, line);
-    MessageGuard::expectMessage("LUT: "_s);
-    MessageGuard::expectMessage("Read Feature Failed"_s);
-    const QVector<int> memoryBefore = memory(0);
-    m_widget->SetLUTInfo(1024, 4095, {{0, 7}}, m_widget->GetCurrentDrawLine());
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    QString error;
-    FaultyCamera faulty(*m_camera, *FaultPlan::parse("disconnect after 402"_s, &error));
-    HostCallbacks callbacks(faulty);
-    OBDeviceControl::SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature, nullptr,
-                                     nullptr, nullptr, &callbacks);
-    if (set)
-        m_widget->SetToCamera();
-    else
+    void tablesAreWrittenApart()
+    {
+        QFETCH(int, selector);
+        QFETCH(int, type);
+        const QVector<int> other = memory(kOtherTable);
+        m_camera->write(OB_FT_TYPE_ENUMERATION, "LUTSelector", std::to_string(selector));
         m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    QVERIFY(MessageGuard::contains(line));
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-    QVector<int> wanted = memoryBefore;
-    for (int i = 0; set && i < 201; ++i)
-        wanted[i] = before.at(i).value;
-    QCOMPARE(memory(0), wanted);
-}
+        QVERIFY(waitForEnd());
+        m_widget->SetDrawLineChanged(type);
+        const QPoint onTheLine(30 + 60, 30 + 179);
+        QTest::mousePress(m_widget.get(), Qt::LeftButton, Qt::NoModifier, onTheLine);
+        QTest::mouseRelease(m_widget.get(), Qt::LeftButton, Qt::NoModifier,
+                            onTheLine - QPoint(0, 99));
+        QVector<int> drawn;
+        for (const LUTPoint& point : m_widget->GetSettinngPoints())
+            drawn.append(point.value);
+        QVERIFY(drawn != other);
+        m_widget->SetToCamera();
+        QVERIFY(waitForEnd());
+        QCOMPARE(memory(selector), drawn);
+        QCOMPARE(memory(kOtherTable), other);
+    }
+
+    void lostCameraIsTold_data()
+    {
+        const Rows<bool, QString> row("set", "line");
+        // Two reads of the limits, then two calls for each point.
+        row("loading", false, "LUT: reading failed after 200 of 1024 points");
+        row("setting", true, "LUT: only 201 of 1024 points written");
+    }
+
+    void lostCameraIsTold()
+    {
+        QFETCH(bool, set);
+        QFETCH(QString, line);
+        MessageGuard::expectMessage("LUT: "_s);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        const QVector<int> memoryBefore = memory(0);
+        m_widget->SetLUTInfo(1024, 4095, {{0, 7}}, m_widget->GetCurrentDrawLine());
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        QString error;
+        FaultyCamera faulty(*m_camera, *FaultPlan::parse("disconnect after 402"_s, &error));
+        HostCallbacks callbacks(faulty);
+        OBDeviceControl::SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
+                                         nullptr, nullptr, nullptr, &callbacks);
+        if (set)
+            m_widget->SetToCamera();
+        else
+            m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        QVERIFY(MessageGuard::contains(line));
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+        QVector<int> wanted = memoryBefore;
+        for (int i = 0; set && i < 201; ++i)
+            wanted[i] = before.at(i).value;
+        QCOMPARE(memory(0), wanted);
+    }
+};
 
 OBFT_TEST_MAIN(TestLutDemoCamera)
 #include "tst_lutdemocamera.moc"

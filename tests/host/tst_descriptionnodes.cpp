@@ -41,114 +41,108 @@ QString chain(int length, bool twice)
 class TestDescriptionNodes : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void findsFaults_data();
-    void findsFaults();
-    void faultyLimitDoesNotSpoilTheValue();
-    void structureGivesItsPartsToItsEntries();
-    void walksThroughWrappers();
-    void reachesEachFeatureOnceInOrder();
-    void rejectsBrokenText();
+    void findsFaults_data()
+    {
+        const Rows<QString, QString, bool> row("nodes", "name", "faulty");
+        const QString a = "A"_s;
+        const QString b = "B"_s;
+        row("sound", integer(a, valueOf(b)) + reg(b, "4"_s), a, false);
+        row("unknown name", "", a, true);
+        row("missing target", integer(a, valueOf(b)), a, true);
+        row("itself", integer(a, valueOf(a)), a, true);
+        row("circle of two", integer(a, valueOf(b)) + integer(b, valueOf(a)), b, true);
+        row("leads into a circle",
+            integer("C"_s, valueOf(a)) + integer(a, valueOf(b)) + integer(b, valueOf(a)), "C",
+            true);
+        row("long chain", chain(150, false), "n0", false);
+        row("too long a chain", chain(20000, false), "n0", true);
+        row("end of too long a chain", chain(20000, false), "n19990", false);
+        row("doubles at each step", chain(60, true), "n0", true);
+        row("no length", reg(a, QString()), a, true);
+        row("negative length", reg(a, "-4"_s), a, true);
+        row("terabytes", reg(a, "0x10000000000"_s), a, true);
+        row("address from a circle",
+            "<IntReg Name=\"A\"><pAddress>B</pAddress><Length>4</Length></IntReg>"_s +
+                integer(b, valueOf(b)),
+            a, true);
+        row("second register of the name", reg(a, "4"_s) + reg(a, "-4"_s), a, true);
+        row("second node of the name", reg(a, "4"_s) + integer(a, valueOf(a)), a, true);
+    }
+
+    void findsFaults()
+    {
+        QFETCH(QString, nodes);
+        QFETCH(QString, name);
+        const DescriptionNodes described(inRoot(nodes));
+        QVERIFY(described.isValid());
+        QTEST(described.has(name.toStdString(), DescriptionNodes::Faulty), "faulty");
+    }
+
+    void faultyLimitDoesNotSpoilTheValue()
+    {
+        const DescriptionNodes nodes(inRoot(integer("A"_s, valueOf("B"_s)) +
+                                            integer("B"_s, "<Value>1</Value><pMax>Gone</pMax>"_s)));
+        QVERIFY(!nodes.has("A", DescriptionNodes::Faulty));
+        QVERIFY(nodes.has("A", DescriptionNodes::FaultyLimits));
+    }
+
+    void structureGivesItsPartsToItsEntries()
+    {
+        const DescriptionNodes nodes(inRoot(
+            "<StructReg Comment=\"s\"><Address>0x10</Address><Length>4</Length>"
+            "<StructEntry Name=\"E\"><Bit>3</Bit></StructEntry><pIsLocked>L</pIsLocked></StructReg>"
+            "<IntReg Name=\"R\"><Address>0x20</Address><Length>2</Length></IntReg>"_s));
+        QVERIFY(nodes.find("E"));
+        QCOMPARE(nodes.find("E")->address, std::uint64_t(0x10));
+        QCOMPARE(nodes.find("E")->length, std::int64_t(4));
+        QCOMPARE(nodes.find("R")->address, std::uint64_t(0x20));
+        QCOMPARE(nodes.all().size(), std::size_t(2));
+    }
+
+    void walksThroughWrappers()
+    {
+        const DescriptionNodes nodes(inRoot(
+            "<Group Name=\"G\"><Group><Enumeration Name=\"E\">"
+            "<EnumEntry Name=\"X\"><Value> 0x10 </Value><pIsAvailable>A</pIsAvailable></EnumEntry>"
+            "<pValue><![CDATA[R]]></pValue></Enumeration></Group></Group>"_s));
+        const DescriptionNode* node = nodes.find("E");
+        QVERIFY(node);
+        QVERIFY(!nodes.find("G"));
+        QCOMPARE(node->pValue, std::string("R"));
+        QCOMPARE(node->entries.size(), std::size_t(1));
+        QCOMPARE(node->entries[0].value, std::int64_t(16));
+        QCOMPARE(node->entries[0].pIsAvailable, std::string("A"));
+        QVERIFY(node->pIsAvailable.empty());
+    }
+
+    void reachesEachFeatureOnceInOrder()
+    {
+        const QString category = "<Category Name=\"%1\">%2</Category>"_s;
+        const QString feature = "<pFeature>%1</pFeature>"_s;
+        const auto features = [&feature](const QStringList& names) {
+            QString text;
+            for (const QString& name : names)
+                text += feature.arg(name);
+            return text;
+        };
+        const auto s = [](const char* text) { return QString::fromLatin1(text); };
+        const DescriptionNodes nodes(
+            inRoot(category.arg(s("Root"), features({s("C"), s("A")})) +
+                   category.arg(s("C"), features({s("B"), s("Gone"), s("Root"), s("A")})) +
+                   integer(s("A"), s("<Value>1</Value>")) + integer(s("B"), s("<Value>1</Value>")) +
+                   integer(s("Unreached"), s("<Value>1</Value>"))));
+        QCOMPARE(nodes.reachableFeatures(), (std::vector<std::string>{"B", "A"}));
+    }
+
+    void rejectsBrokenText()
+    {
+        const DescriptionNodes nodes("<RegisterDescription><Integer Name=\"A\">");
+        QVERIFY(!nodes.isValid());
+        QVERIFY(nodes.all().empty());
+    }
 };
-
-void TestDescriptionNodes::findsFaults_data()
-{
-    const Rows<QString, QString, bool> row("nodes", "name", "faulty");
-    const QString a = "A"_s;
-    const QString b = "B"_s;
-    row("sound", integer(a, valueOf(b)) + reg(b, "4"_s), a, false);
-    row("unknown name", "", a, true);
-    row("missing target", integer(a, valueOf(b)), a, true);
-    row("itself", integer(a, valueOf(a)), a, true);
-    row("circle of two", integer(a, valueOf(b)) + integer(b, valueOf(a)), b, true);
-    row("leads into a circle",
-        integer("C"_s, valueOf(a)) + integer(a, valueOf(b)) + integer(b, valueOf(a)), "C", true);
-    row("long chain", chain(150, false), "n0", false);
-    row("too long a chain", chain(20000, false), "n0", true);
-    row("end of too long a chain", chain(20000, false), "n19990", false);
-    row("doubles at each step", chain(60, true), "n0", true);
-    row("no length", reg(a, QString()), a, true);
-    row("negative length", reg(a, "-4"_s), a, true);
-    row("terabytes", reg(a, "0x10000000000"_s), a, true);
-    row("address from a circle",
-        "<IntReg Name=\"A\"><pAddress>B</pAddress><Length>4</Length></IntReg>"_s +
-            integer(b, valueOf(b)),
-        a, true);
-    row("second register of the name", reg(a, "4"_s) + reg(a, "-4"_s), a, true);
-    row("second node of the name", reg(a, "4"_s) + integer(a, valueOf(a)), a, true);
-}
-
-void TestDescriptionNodes::findsFaults()
-{
-    QFETCH(QString, nodes);
-    QFETCH(QString, name);
-    const DescriptionNodes described(inRoot(nodes));
-    QVERIFY(described.isValid());
-    QTEST(described.has(name.toStdString(), DescriptionNodes::Faulty), "faulty");
-}
-
-void TestDescriptionNodes::faultyLimitDoesNotSpoilTheValue()
-{
-    const DescriptionNodes nodes(inRoot(integer("A"_s, valueOf("B"_s)) +
-                                        integer("B"_s, "<Value>1</Value><pMax>Gone</pMax>"_s)));
-    QVERIFY(!nodes.has("A", DescriptionNodes::Faulty));
-    QVERIFY(nodes.has("A", DescriptionNodes::FaultyLimits));
-}
-
-void TestDescriptionNodes::structureGivesItsPartsToItsEntries()
-{
-    const DescriptionNodes nodes(inRoot(
-        "<StructReg Comment=\"s\"><Address>0x10</Address><Length>4</Length>"
-        "<StructEntry Name=\"E\"><Bit>3</Bit></StructEntry><pIsLocked>L</pIsLocked></StructReg>"
-        "<IntReg Name=\"R\"><Address>0x20</Address><Length>2</Length></IntReg>"_s));
-    QVERIFY(nodes.find("E"));
-    QCOMPARE(nodes.find("E")->address, std::uint64_t(0x10));
-    QCOMPARE(nodes.find("E")->length, std::int64_t(4));
-    QCOMPARE(nodes.find("R")->address, std::uint64_t(0x20));
-    QCOMPARE(nodes.all().size(), std::size_t(2));
-}
-
-void TestDescriptionNodes::walksThroughWrappers()
-{
-    const DescriptionNodes nodes(inRoot(
-        "<Group Name=\"G\"><Group><Enumeration Name=\"E\">"
-        "<EnumEntry Name=\"X\"><Value> 0x10 </Value><pIsAvailable>A</pIsAvailable></EnumEntry>"
-        "<pValue><![CDATA[R]]></pValue></Enumeration></Group></Group>"_s));
-    const DescriptionNode* node = nodes.find("E");
-    QVERIFY(node);
-    QVERIFY(!nodes.find("G"));
-    QCOMPARE(node->pValue, std::string("R"));
-    QCOMPARE(node->entries.size(), std::size_t(1));
-    QCOMPARE(node->entries[0].value, std::int64_t(16));
-    QCOMPARE(node->entries[0].pIsAvailable, std::string("A"));
-    QVERIFY(node->pIsAvailable.empty());
-}
-
-void TestDescriptionNodes::reachesEachFeatureOnceInOrder()
-{
-    const QString category = "<Category Name=\"%1\">%2</Category>"_s;
-    const QString feature = "<pFeature>%1</pFeature>"_s;
-    const auto features = [&feature](const QStringList& names) {
-        QString text;
-        for (const QString& name : names)
-            text += feature.arg(name);
-        return text;
-    };
-    const auto s = [](const char* text) { return QString::fromLatin1(text); };
-    const DescriptionNodes nodes(
-        inRoot(category.arg(s("Root"), features({s("C"), s("A")})) +
-               category.arg(s("C"), features({s("B"), s("Gone"), s("Root"), s("A")})) +
-               integer(s("A"), s("<Value>1</Value>")) + integer(s("B"), s("<Value>1</Value>")) +
-               integer(s("Unreached"), s("<Value>1</Value>"))));
-    QCOMPARE(nodes.reachableFeatures(), (std::vector<std::string>{"B", "A"}));
-}
-
-void TestDescriptionNodes::rejectsBrokenText()
-{
-    const DescriptionNodes nodes("<RegisterDescription><Integer Name=\"A\">");
-    QVERIFY(!nodes.isValid());
-    QVERIFY(nodes.all().empty());
-}
 
 OBFT_TEST_MAIN(TestDescriptionNodes)
 #include "tst_descriptionnodes.moc"

@@ -90,14 +90,6 @@ void showGroup(const OpenedWindow& window, const char* name)
 class TestLanguage : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void switchedWindowShowsWhatAFreshOneShows_data();
-    void switchedWindowShowsWhatAFreshOneShows();
-    void switchingWhileReading();
-    void openPromptIsTranslated();
-    void openMessageAndOverlayAreTranslated();
-    void editsSurvive_data();
-    void editsSurvive();
 
 protected:
     void prepare() override
@@ -143,130 +135,131 @@ private:
 
     const QByteArray m_xml = cameraDescription();
     FakeHost m_host;
-};
 
-void TestLanguage::switchedWindowShowsWhatAFreshOneShows_data()
-{
-    const Rows<int> row("from");
-    row("from English to Chinese", 0);
-    row("from Chinese to English", 1);
-}
-
-void TestLanguage::switchedWindowShowsWhatAFreshOneShows()
-{
-    QFETCH(int, from);
-    const QStringList old = freshTexts(from);
-    const QStringList expected = freshTexts(1 - from);
-    QVERIFY(old != expected);
-    OpenedWindow window(m_host, m_xml, from);
-    prepareWindow(window);
-    switchLanguage(window);
-    QCOMPARE(textsOf(window.widget()), expected);
-    switchLanguage(window);
-    QCOMPARE(textsOf(window.widget()), old);
-}
-
-void TestLanguage::switchingWhileReading()
-{
-    const QStringList expected = freshTexts(1);
-    m_host.setLatencyMs(5);
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(!window.tree()->HadUpdatedOnce());
-    switchLanguage(window);
-    QVERIFY(!window.tree()->HadUpdatedOnce());
-    prepareWindow(window);
-    QTRY_COMPARE(textsOf(window.widget()), expected);
-}
-
-void TestLanguage::openPromptIsTranslated()
-{
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(window.waitForFirstRead());
-    QStringList english;
-    QStringList switched;
-    QTimer::singleShot(0, window.widget(), [&] {
-        auto* box = window.widget()->findChild<ZELCustomMessageBox*>();
-        if (!box)
-            return;
-        english = textsOf(box);
-        // A host may change the language while the box keeps the user from the tool bar.
-        window.widget()->SetLanguage(1);
-        QApplication::processEvents();
-        switched = textsOf(box);
-        box->reject();
-    });
-    window.widget()->onSaveFeatures();
-    QVERIFY(!english.isEmpty());
-    QCOMPARE(switched.size(), english.size());
-    for (const QString& text : qAsConst(switched)) {
-        const QString shown = text.mid(text.indexOf(QLatin1Char(' ')) + 1);
-        QVERIFY2(shown.isEmpty() || !english.contains(text), qPrintable(text));
+private slots:
+    void switchedWindowShowsWhatAFreshOneShows_data()
+    {
+        const Rows<int> row("from");
+        row("from English to Chinese", 0);
+        row("from Chinese to English", 1);
     }
-}
 
-void TestLanguage::openMessageAndOverlayAreTranslated()
-{
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(window.waitForFirstRead());
-    const QString width = "Width"_s;
-    m_host.fail(width, 5);
-    MessageGuard::expectMessage(width); // the device layer's own line
-    QVERIFY(!window.tree()->setFeatureValue("Integer"_s, width, 640));
-    m_host.fail(width, 0);
-    const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
-    QVERIFY(box && box->isVisible());
-    window.tree()->ShowLoadingFeatures(true, true);
-    constexpr int kOverlay = 1;
-    const auto words = [&] {
-        return QStringList({box->cCaption(), box->cTextTitle(), box->cContent(),
-                            ZELCustomLoadingDialog::text(kOverlay)});
-    };
-    const QStringList english = words();
-    switchLanguage(window);
-    for (int i = 0; i < english.size(); ++i)
-        QVERIFY2(words().at(i) != english.at(i), qPrintable(english.at(i)));
-    QVERIFY(box->cContent().contains("640"_s));
-    switchLanguage(window);
-    QCOMPARE(words(), english);
-    window.tree()->ShowLoadingDlg(false, QString());
-}
+    void switchedWindowShowsWhatAFreshOneShows()
+    {
+        QFETCH(int, from);
+        const QStringList old = freshTexts(from);
+        const QStringList expected = freshTexts(1 - from);
+        QVERIFY(old != expected);
+        OpenedWindow window(m_host, m_xml, from);
+        prepareWindow(window);
+        switchLanguage(window);
+        QCOMPARE(textsOf(window.widget()), expected);
+        switchLanguage(window);
+        QCOMPARE(textsOf(window.widget()), old);
+    }
 
-void TestLanguage::editsSurvive_data()
-{
-    const Rows<QByteArray, QByteArray, QString, QString> row("group", "feature", "typed",
-                                                             "written");
-    row("float", "AcquisitionControl", "ExposureTime", "12.5", "set ExposureTime 12.5");
-    row("integer", "AcquisitionControl", "Width", "640", "set Width 640");
-    row("text", "DeviceControl", "DeviceUserID", "left", "set DeviceUserID left");
-}
+    void switchingWhileReading()
+    {
+        const QStringList expected = freshTexts(1);
+        m_host.setLatencyMs(5);
+        OpenedWindow window(m_host, m_xml, 0);
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        switchLanguage(window);
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        prepareWindow(window);
+        QTRY_COMPARE(textsOf(window.widget()), expected);
+    }
 
-void TestLanguage::editsSurvive()
-{
-    QFETCH(QByteArray, group);
-    QFETCH(QByteArray, feature);
-    QFETCH(QString, typed);
-    QFETCH(QString, written);
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(window.waitForFirstRead());
-    showGroup(window, group.constData());
-    QTRY_VERIFY(editor(window, feature.constData()));
-    QWidget* typedInto = editor(window, feature.constData());
-    QTRY_VERIFY(typedInto->isEnabled());
-    typedInto->setFocus();
-    auto* line = qobject_cast<QLineEdit*>(typedInto);
-    if (!line)
-        line = typedInto->findChild<QLineEdit*>();
-    QVERIFY(line);
-    QTRY_VERIFY(QApplication::focusWidget());
-    line->selectAll();
-    QTest::keyClicks(QApplication::focusWidget(), typed);
-    QCOMPARE(line->text(), typed);
-    switchLanguage(window);
-    QCOMPARE(line->text(), typed);
-    QVERIFY(m_host.writes().isEmpty());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QTRY_COMPARE(m_host.writes(), QStringList(written));
-}
+    void openPromptIsTranslated()
+    {
+        OpenedWindow window(m_host, m_xml, 0);
+        QVERIFY(window.waitForFirstRead());
+        QStringList english;
+        QStringList switched;
+        QTimer::singleShot(0, window.widget(), [&] {
+            auto* box = window.widget()->findChild<ZELCustomMessageBox*>();
+            if (!box)
+                return;
+            english = textsOf(box);
+            // A host may change the language while the box keeps the user from the tool bar.
+            window.widget()->SetLanguage(1);
+            QApplication::processEvents();
+            switched = textsOf(box);
+            box->reject();
+        });
+        window.widget()->onSaveFeatures();
+        QVERIFY(!english.isEmpty());
+        QCOMPARE(switched.size(), english.size());
+        for (const QString& text : qAsConst(switched)) {
+            const QString shown = text.mid(text.indexOf(QLatin1Char(' ')) + 1);
+            QVERIFY2(shown.isEmpty() || !english.contains(text), qPrintable(text));
+        }
+    }
+
+    void openMessageAndOverlayAreTranslated()
+    {
+        OpenedWindow window(m_host, m_xml, 0);
+        QVERIFY(window.waitForFirstRead());
+        const QString width = "Width"_s;
+        m_host.fail(width, 5);
+        MessageGuard::expectMessage(width); // the device layer's own line
+        QVERIFY(!window.tree()->setFeatureValue("Integer"_s, width, 640));
+        m_host.fail(width, 0);
+        const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
+        QVERIFY(box && box->isVisible());
+        window.tree()->ShowLoadingFeatures(true, true);
+        constexpr int kOverlay = 1;
+        const auto texts = [&] {
+            return QStringList({box->cCaption(), box->cTextTitle(), box->cContent(),
+                                ZELCustomLoadingDialog::text(kOverlay)});
+        };
+        const QStringList english = texts();
+        switchLanguage(window);
+        for (int i = 0; i < english.size(); ++i)
+            QVERIFY2(texts().at(i) != english.at(i), qPrintable(english.at(i)));
+        QVERIFY(box->cContent().contains("640"_s));
+        switchLanguage(window);
+        QCOMPARE(texts(), english);
+        window.tree()->ShowLoadingDlg(false, QString());
+    }
+
+    void editsSurvive_data()
+    {
+        const Rows<QByteArray, QByteArray, QString, QString> row("group", "feature", "typed",
+                                                                 "written");
+        row("float", "AcquisitionControl", "ExposureTime", "12.5", "set ExposureTime 12.5");
+        row("integer", "AcquisitionControl", "Width", "640", "set Width 640");
+        row("text", "DeviceControl", "DeviceUserID", "left", "set DeviceUserID left");
+    }
+
+    void editsSurvive()
+    {
+        QFETCH(QByteArray, group);
+        QFETCH(QByteArray, feature);
+        QFETCH(QString, typed);
+        QFETCH(QString, written);
+        OpenedWindow window(m_host, m_xml, 0);
+        QVERIFY(window.waitForFirstRead());
+        showGroup(window, group.constData());
+        QTRY_VERIFY(editor(window, feature.constData()));
+        QWidget* typedInto = editor(window, feature.constData());
+        QTRY_VERIFY(typedInto->isEnabled());
+        typedInto->setFocus();
+        auto* line = qobject_cast<QLineEdit*>(typedInto);
+        if (!line)
+            line = typedInto->findChild<QLineEdit*>();
+        QVERIFY(line);
+        QTRY_VERIFY(QApplication::focusWidget());
+        line->selectAll();
+        QTest::keyClicks(QApplication::focusWidget(), typed);
+        QCOMPARE(line->text(), typed);
+        switchLanguage(window);
+        QCOMPARE(line->text(), typed);
+        QVERIFY(m_host.writes().isEmpty());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTRY_COMPARE(m_host.writes(), QStringList(written));
+    }
+};
 
 OBFT_TEST_MAIN(TestLanguage)
 #include "tst_language.moc"

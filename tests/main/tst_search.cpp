@@ -84,17 +84,6 @@ QString chinese(const char* utf8)
 class TestSearch : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void hitsAreShownAndCounted();
-    void turnsToTheGroupWithHitsAndBack();
-    void staysWhereTheUserWent();
-    void opensBranchesAndClosesThemAgain();
-    void saysWhenNothingMatches();
-    void sameTextIsNotSearchedAgain();
-    void keyboardReachesBoxAndHits();
-    void chineseNames();
-    void searchTypedDuringTheFirstRead();
-    void countsFollowTheUserLevel();
 
 protected:
     void prepare() override { m_host.serve(m_xml); }
@@ -109,174 +98,175 @@ protected:
 private:
     const QByteArray m_xml = cameraDescription();
     FakeHost m_host;
-};
 
-void TestSearch::hitsAreShownAndCounted()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("AnalogControl");
-    window.type("gain"_s);
-    QCOMPARE(window.shown(), QStringList({"Gain"_s, "GainAuto"_s}));
-    QCOMPARE(window.hits("AnalogControl"), 2);
-    QCOMPARE(window.hits("AcquisitionControl"), 0);
-    QCOMPARE(window.groupModel()->hitCount(), 4); // the common page shows both again
-    const ORXPropertyTreeItem* gain = window.tree()->propertyItemByName("Gain"_s);
-    QVERIFY(gain->getHighlightSerachText().contains("Gain</span>"_s));
-    QTest::keyClick(window.box(), Qt::Key_Escape);
-    QCOMPARE(window.shown().size(), 3);
-    QCOMPARE(window.groupModel()->hitCount(), 0);
-    QVERIFY(gain->getHighlightSerachText().isEmpty());
-}
-
-void TestSearch::turnsToTheGroupWithHitsAndBack()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("DeviceControl");
-    const QStringList before = window.shown();
-    window.type("exposure"_s);
-    QCOMPARE(window.shownGroup(), "AcquisitionControl"_s);
-    QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
-    QTest::keyClick(window.box(), Qt::Key_Escape);
-    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
-    QCOMPARE(window.shown(), before);
-    // What a page row comes back to is the group from before, too.
-    window.groups()->OnChangedIndex(window.groupModel()->pageIndex(0));
-    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
-}
-
-void TestSearch::staysWhereTheUserWent()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("DeviceControl");
-    window.type("a"_s);
-    const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
-    QTest::mouseClick(window.groups()->viewport(), Qt::LeftButton, {}, row.center());
-    QCOMPARE(window.shownGroup(), "AnalogControl"_s);
-    window.column()->ClearSearch();
-    QCOMPARE(window.shownGroup(), "AnalogControl"_s);
-    QCOMPARE(window.shown().size(), 3);
-}
-
-void TestSearch::opensBranchesAndClosesThemAgain()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("AnalogControl");
-    ORXPropertyTreeItem* item = window.tree()->propertyItemByName("BlackLevelControl"_s);
-    const QPersistentModelIndex branch = window.view()->treeModel()->indexFromItem(item, 0);
-    window.view()->collapse(branch);
-    window.type("gain"_s);
-    QVERIFY(!window.view()->isExpanded(branch));
-    window.type("black"_s);
-    QVERIFY(window.view()->isExpanded(branch));
-    window.column()->ClearSearch();
-    QVERIFY(!window.view()->isExpanded(branch));
-}
-
-void TestSearch::saysWhenNothingMatches()
-{
-    SearchedWindow window(m_host, m_xml);
-    auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
-    window.showGroup("DeviceControl");
-    window.type("device"_s);
-    QVERIFY(!note->isVisible());
-    window.type("<b>zebra"_s);
-    QVERIFY(note->isVisible());
-    QVERIFY(note->text().contains("<b>zebra"_s));
-    QCOMPARE(note->textFormat(), Qt::PlainText);
-    QVERIFY(window.shown().isEmpty());
-    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
-    window.column()->ClearSearch();
-    QVERIFY(!note->isVisible());
-    QCOMPARE(window.shown().size(), 2);
-}
-
-void TestSearch::sameTextIsNotSearchedAgain()
-{
-    SearchedWindow window(m_host, m_xml);
-    QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
-    window.type("g"_s);
-    window.box()->setText("  g "_s);
-    QTest::keyClick(window.box(), Qt::Key_Return);
-    QCOMPARE(searched.count(), 1);
-}
-
-void TestSearch::keyboardReachesBoxAndHits()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("DeviceControl");
-    window.view()->setFocus();
-    QTRY_VERIFY(window.view()->hasFocus());
-    QTest::keyClick(window.view(), Qt::Key_F, Qt::ControlModifier);
-    QVERIFY(window.box()->hasFocus());
-    QTest::keyClicks(window.box(), "level"_s);
-    QTest::keyClick(window.box(), Qt::Key_Down);
-    QVERIFY(window.view()->hasFocus());
-    QCOMPARE(nodeName(window.view()->currentIndex()), "BlackLevel"_s);
-
-    // Enter goes on from hit to hit, through all groups and round again.
-    window.column()->ClearSearch();
-    window.showGroup("AnalogControl");
-    window.view()->setCurrentIndex({});
-    window.type("e"_s);
-    QStringList visited;
-    for (int i = 0; i < 9; ++i) {
-        QTest::keyClick(window.box(), Qt::Key_Return);
-        for (const ORXFeatureTreeView* view :
-             window.widget()->findChildren<ORXFeatureTreeView*>()) {
-            if (view->isVisible())
-                visited += nodeName(view->currentIndex());
-        }
+private slots:
+    void hitsAreShownAndCounted()
+    {
+        SearchedWindow window(m_host, m_xml);
+        window.showGroup("AnalogControl");
+        window.type("gain"_s);
+        QCOMPARE(window.shown(), QStringList({"Gain"_s, "GainAuto"_s}));
+        QCOMPARE(window.hits("AnalogControl"), 2);
+        QCOMPARE(window.hits("AcquisitionControl"), 0);
+        QCOMPARE(window.groupModel()->hitCount(), 4); // the common page shows both again
+        const ORXPropertyTreeItem* gain = window.tree()->propertyItemByName("Gain"_s);
+        QVERIFY(gain->getHighlightSerachText().contains("Gain</span>"_s));
+        QTest::keyClick(window.box(), Qt::Key_Escape);
+        QCOMPARE(window.shown().size(), 3);
+        QCOMPARE(window.groupModel()->hitCount(), 0);
+        QVERIFY(gain->getHighlightSerachText().isEmpty());
     }
-    QVERIFY(window.box()->hasFocus());
-    const QStringList round = {"BlackLevel"_s,   "ExposureTime"_s, "AcquisitionFrameCount"_s,
-                               "ExposureTime"_s, // on the common page
-                               "DeviceUserID"_s, "DeviceReset"_s};
-    QCOMPARE(visited, round + round.mid(0, 3));
-}
 
-void TestSearch::chineseNames()
-{
-    SearchedWindow window(m_host, m_xml, 1);
-    window.showGroup("DeviceControl");
-    window.type(chinese("\u66dd\u5149")); // exposure
-    QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
-    const ORXPropertyTreeItem* item = window.tree()->propertyItemByName("ExposureTime"_s);
-    QVERIFY(item->getHighlightSerachText().contains(chinese("\u66dd\u5149</span>")));
-    // Node names are found in any language, English display names in English only.
-    window.type("exposuretime"_s);
-    QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
-    window.type("exposure time"_s);
-    QVERIFY(window.shown().isEmpty());
-    window.widget()->SetLanguage(0);
-    QVERIFY(window.box()->text().isEmpty());
-    QCOMPARE(window.shownGroup(), "DeviceControl"_s);
-}
+    void turnsToTheGroupWithHitsAndBack()
+    {
+        SearchedWindow window(m_host, m_xml);
+        window.showGroup("DeviceControl");
+        const QStringList before = window.shown();
+        window.type("exposure"_s);
+        QCOMPARE(window.shownGroup(), "AcquisitionControl"_s);
+        QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+        QTest::keyClick(window.box(), Qt::Key_Escape);
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+        QCOMPARE(window.shown(), before);
+        // What a page row comes back to is the group from before, too.
+        window.groups()->OnChangedIndex(window.groupModel()->pageIndex(0));
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+    }
 
-void TestSearch::searchTypedDuringTheFirstRead()
-{
-    m_host.setLatencyMs(5);
-    OpenedWindow window(m_host, m_xml);
-    ORXFeatureGroup* column = window.widget()->featureGroup(1);
-    auto* box = column->findChild<QLineEdit*>("FeatureSearch"_s);
-    QVERIFY(!window.tree()->HadUpdatedOnce());
-    // The display name, with its blank, comes with the read.
-    QTest::keyClicks(box, "exposure time"_s);
-    QCOMPARE(column->groupView()->allHits(), 0);
-    QVERIFY(window.waitForFirstRead());
-    QTRY_COMPARE(column->groupView()->allHits(), 2); // the common page shows it again
-    QCOMPARE(nodeName(column->groupView()->currentIndex()), "AcquisitionControl"_s);
-    m_host.setLatencyMs(0);
-}
+    void staysWhereTheUserWent()
+    {
+        SearchedWindow window(m_host, m_xml);
+        window.showGroup("DeviceControl");
+        window.type("a"_s);
+        const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
+        QTest::mouseClick(window.groups()->viewport(), Qt::LeftButton, {}, row.center());
+        QCOMPARE(window.shownGroup(), "AnalogControl"_s);
+        window.column()->ClearSearch();
+        QCOMPARE(window.shownGroup(), "AnalogControl"_s);
+        QCOMPARE(window.shown().size(), 3);
+    }
 
-void TestSearch::countsFollowTheUserLevel()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.type("exposure"_s);
-    QCOMPARE(window.hits("AcquisitionControl"), 1);
-    OBDeviceControl::SetUserLevel(0);
-    window.widget()->OnUserLeverChanged();
-    QTRY_COMPARE(window.hits("AcquisitionControl"), 2);
-}
+    void opensBranchesAndClosesThemAgain()
+    {
+        SearchedWindow window(m_host, m_xml);
+        window.showGroup("AnalogControl");
+        ORXPropertyTreeItem* item = window.tree()->propertyItemByName("BlackLevelControl"_s);
+        const QPersistentModelIndex branch = window.view()->treeModel()->indexFromItem(item, 0);
+        window.view()->collapse(branch);
+        window.type("gain"_s);
+        QVERIFY(!window.view()->isExpanded(branch));
+        window.type("black"_s);
+        QVERIFY(window.view()->isExpanded(branch));
+        window.column()->ClearSearch();
+        QVERIFY(!window.view()->isExpanded(branch));
+    }
+
+    void saysWhenNothingMatches()
+    {
+        SearchedWindow window(m_host, m_xml);
+        auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
+        window.showGroup("DeviceControl");
+        window.type("device"_s);
+        QVERIFY(!note->isVisible());
+        window.type("<b>zebra"_s);
+        QVERIFY(note->isVisible());
+        QVERIFY(note->text().contains("<b>zebra"_s));
+        QCOMPARE(note->textFormat(), Qt::PlainText);
+        QVERIFY(window.shown().isEmpty());
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+        window.column()->ClearSearch();
+        QVERIFY(!note->isVisible());
+        QCOMPARE(window.shown().size(), 2);
+    }
+
+    void sameTextIsNotSearchedAgain()
+    {
+        SearchedWindow window(m_host, m_xml);
+        QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
+        window.type("g"_s);
+        window.box()->setText("  g "_s);
+        QTest::keyClick(window.box(), Qt::Key_Return);
+        QCOMPARE(searched.count(), 1);
+    }
+
+    void keyboardReachesBoxAndHits()
+    {
+        SearchedWindow window(m_host, m_xml);
+        window.showGroup("DeviceControl");
+        window.view()->setFocus();
+        QTRY_VERIFY(window.view()->hasFocus());
+        QTest::keyClick(window.view(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(window.box()->hasFocus());
+        QTest::keyClicks(window.box(), "level"_s);
+        QTest::keyClick(window.box(), Qt::Key_Down);
+        QVERIFY(window.view()->hasFocus());
+        QCOMPARE(nodeName(window.view()->currentIndex()), "BlackLevel"_s);
+
+        // Enter goes on from hit to hit, through all groups and round again.
+        window.column()->ClearSearch();
+        window.showGroup("AnalogControl");
+        window.view()->setCurrentIndex({});
+        window.type("e"_s);
+        QStringList visited;
+        for (int i = 0; i < 9; ++i) {
+            QTest::keyClick(window.box(), Qt::Key_Return);
+            for (const ORXFeatureTreeView* view :
+                 window.widget()->findChildren<ORXFeatureTreeView*>()) {
+                if (view->isVisible())
+                    visited += nodeName(view->currentIndex());
+            }
+        }
+        QVERIFY(window.box()->hasFocus());
+        const QStringList round = {"BlackLevel"_s,   "ExposureTime"_s, "AcquisitionFrameCount"_s,
+                                   "ExposureTime"_s, // on the common page
+                                   "DeviceUserID"_s, "DeviceReset"_s};
+        QCOMPARE(visited, round + round.mid(0, 3));
+    }
+
+    void chineseNames()
+    {
+        SearchedWindow window(m_host, m_xml, 1);
+        window.showGroup("DeviceControl");
+        window.type(chinese("\u66dd\u5149")); // exposure
+        QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+        const ORXPropertyTreeItem* item = window.tree()->propertyItemByName("ExposureTime"_s);
+        QVERIFY(item->getHighlightSerachText().contains(chinese("\u66dd\u5149</span>")));
+        // Node names are found in any language, English display names in English only.
+        window.type("exposuretime"_s);
+        QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+        window.type("exposure time"_s);
+        QVERIFY(window.shown().isEmpty());
+        window.widget()->SetLanguage(0);
+        QVERIFY(window.box()->text().isEmpty());
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+    }
+
+    void searchTypedDuringTheFirstRead()
+    {
+        m_host.setLatencyMs(5);
+        OpenedWindow window(m_host, m_xml);
+        ORXFeatureGroup* column = window.widget()->featureGroup(1);
+        auto* box = column->findChild<QLineEdit*>("FeatureSearch"_s);
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        // The display name, with its blank, comes with the read.
+        QTest::keyClicks(box, "exposure time"_s);
+        QCOMPARE(column->groupView()->allHits(), 0);
+        QVERIFY(window.waitForFirstRead());
+        QTRY_COMPARE(column->groupView()->allHits(), 2); // the common page shows it again
+        QCOMPARE(nodeName(column->groupView()->currentIndex()), "AcquisitionControl"_s);
+        m_host.setLatencyMs(0);
+    }
+
+    void countsFollowTheUserLevel()
+    {
+        SearchedWindow window(m_host, m_xml);
+        window.type("exposure"_s);
+        QCOMPARE(window.hits("AcquisitionControl"), 1);
+        OBDeviceControl::SetUserLevel(0);
+        window.widget()->OnUserLeverChanged();
+        QTRY_COMPARE(window.hits("AcquisitionControl"), 2);
+    }
+};
 
 OBFT_TEST_MAIN(TestSearch)
 #include "tst_search.moc"

@@ -69,55 +69,52 @@ int markersOf(const QString& text)
 class TestTranslation : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void everyEntryIsFinished();
-    void everyTextOfTheSourcesIsThere();
-    void compiledFileTranslates();
-};
-
-void TestTranslation::everyEntryIsFinished()
-{
-    const QVector<Message> messages = messagesOf(translationFile());
-    QVERIFY(!messages.isEmpty());
-    for (const Message& message : messages) {
-        QVERIFY2(!message.unfinished && !message.translation.trimmed().isEmpty(),
-                 qPrintable(message.source));
-        bool hasHan = false;
-        for (const QChar& letter : message.translation)
-            hasHan = hasHan || letter.script() == QChar::Script_Han;
-        QVERIFY2(hasHan, qPrintable(message.source));
-        QCOMPARE(markersOf(message.translation), markersOf(message.source));
+    void everyEntryIsFinished()
+    {
+        const QVector<Message> messages = messagesOf(translationFile());
+        QVERIFY(!messages.isEmpty());
+        for (const Message& message : messages) {
+            QVERIFY2(!message.unfinished && !message.translation.trimmed().isEmpty(),
+                     qPrintable(message.source));
+            bool hasHan = false;
+            for (const QChar& letter : message.translation)
+                hasHan = hasHan || letter.script() == QChar::Script_Han;
+            QVERIFY2(hasHan, qPrintable(message.source));
+            QCOMPARE(markersOf(message.translation), markersOf(message.source));
+        }
     }
-}
 
-void TestTranslation::everyTextOfTheSourcesIsThere()
-{
-    QTemporaryDir directory;
-    const QString fresh = directory.filePath("fresh.ts"_s);
-    QProcess lupdate;
-    lupdate.setWorkingDirectory(sourceDir());
-    lupdate.start(QStringLiteral(OBFT_LUPDATE),
-                  {"-silent"_s, "-no-obsolete"_s, "src"_s, "platform"_s, "-ts"_s, fresh});
-    QVERIFY(lupdate.waitForFinished(60000));
-    QVERIFY2(lupdate.exitCode() == 0, lupdate.readAllStandardError().constData());
-    const QSet<QString> inSources = keysOf(messagesOf(fresh));
-    const QSet<QString> translated = keysOf(messagesOf(translationFile()));
-    QVERIFY(!inSources.isEmpty());
-    QCOMPARE((inSources - translated).values(), QStringList());
-    QCOMPARE((translated - inSources).values(), QStringList());
-}
+    void everyTextOfTheSourcesIsThere()
+    {
+        QTemporaryDir directory;
+        const QString fresh = directory.filePath("fresh.ts"_s);
+        QProcess lupdate;
+        lupdate.setWorkingDirectory(sourceDir());
+        lupdate.start(QStringLiteral(OBFT_LUPDATE),
+                      {"-silent"_s, "-no-obsolete"_s, "src"_s, "platform"_s, "-ts"_s, fresh});
+        QVERIFY(lupdate.waitForFinished(60000));
+        QVERIFY2(lupdate.exitCode() == 0, lupdate.readAllStandardError().constData());
+        const QSet<QString> inSources = keysOf(messagesOf(fresh));
+        const QSet<QString> translated = keysOf(messagesOf(translationFile()));
+        QVERIFY(!inSources.isEmpty());
+        QCOMPARE((inSources - translated).values(), QStringList());
+        QCOMPARE((translated - inSources).values(), QStringList());
+    }
 
-void TestTranslation::compiledFileTranslates()
-{
-    QTranslator translator;
-    QVERIFY(translator.load(QCoreApplication::applicationDirPath() +
-                            "/FeatureTreeResource/FeatureTree_zh_CN.qm"_s));
-    const QVector<Message> messages = messagesOf(translationFile());
-    for (const Message& message : messages)
-        QCOMPARE(translator.translate(message.context.toUtf8().constData(),
-                                      message.source.toUtf8().constData()),
-                 message.translation);
-}
+    void compiledFileTranslates()
+    {
+        QTranslator translator;
+        QVERIFY(translator.load(QCoreApplication::applicationDirPath() +
+                                "/FeatureTreeResource/FeatureTree_zh_CN.qm"_s));
+        const QVector<Message> messages = messagesOf(translationFile());
+        for (const Message& message : messages)
+            QCOMPARE(translator.translate(message.context.toUtf8().constData(),
+                                          message.source.toUtf8().constData()),
+                     message.translation);
+    }
+};
 
 OBFT_TEST_MAIN(TestTranslation)
 #include "tst_translation.moc"

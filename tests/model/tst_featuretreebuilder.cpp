@@ -12,14 +12,9 @@ using Item = ORXPropertyTreeItem;
 
 namespace {
 
-QStringList names(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 QString cat(const char* name, const char* features)
 {
-    return category(QString::fromLatin1(name), names(features));
+    return category(QString::fromLatin1(name), words(features));
 }
 
 QString feature(const char* tag, const char* name)
@@ -54,88 +49,83 @@ QString printed(const QString& elements, FeatureTreeBuilder& builder)
 class TestFeatureTreeBuilder : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void tree_data();
-    void tree();
-    void lastMentionWins();
-    void categoriesThatContainThemselves();
-    void deepNestingIsCut();
-    void explodingDescriptionsAreCut();
-};
-
-void TestFeatureTreeBuilder::tree_data()
-{
-    const Rows<QString, QString> row("elements", "expected");
-    const QString favorites = "ORXCustom_Favorites 1 "_s;
-    row("no root", cat("Device", "Width") + feature("Integer", "Width"), favorites);
-    row("categories and features",
-        cat("Root", "Device Image") + cat("Image", "Width Mode") + cat("Device", "Id Empty") +
-            cat("Empty", "") + feature("IntReg", "Width") + feature("StringReg", "Id") +
-            feature("Enumeration", "Mode"),
-        favorites + "\nDevice 3 \n  Id 2 StringReg\n  Empty 3 \n"
-                    "Image 3 \n  Width 2 IntReg\n  Mode 2 Enumeration"_s);
-    row("missing nodes keep a row", cat("Root", "Device Ghost") + cat("Device", "Phantom"),
-        favorites + "\nDevice 3 \n  Phantom 2 \nGhost 2 "_s);
-    row("entries are no items",
-        cat("Root", "Mode") + "<Enumeration Name=\"Mode\"><EnumEntry Name=\"On\"/></Enumeration>"_s,
-        favorites + "\nMode 2 Enumeration"_s);
-}
-
-void TestFeatureTreeBuilder::tree()
-{
-    QFETCH(QString, elements);
-    QFETCH(QString, expected);
-    FeatureTreeBuilder builder;
-    QCOMPARE(printed(elements, builder), expected);
-}
-
-void TestFeatureTreeBuilder::lastMentionWins()
-{
-    QDomDocument document;
-    document.setContent(
-        wrap(cat("Root", "A B") + cat("A", "Gain") + cat("B", "Gain") + feature("Float", "Gain")));
-    Item root(nullptr, Item::FeatureTreePage);
-    FeatureTreeBuilder builder;
-    builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
-    const QString gain = "Gain"_s;
-    QCOMPARE(builder.categoryOfFeature().value(gain), "B"_s);
-    QCOMPARE(builder.AllTreeItemsMap().value(gain), root.child(2)->child(0));
-    QCOMPARE(builder.featureList().count(gain), 2);
-}
-
-void TestFeatureTreeBuilder::categoriesThatContainThemselves()
-{
-    MessageGuard::ignoreMessage(QtCriticalMsg, "Feature description: category A contains itself");
-    FeatureTreeBuilder builder;
-    const QString tree = printed(
-        cat("Root", "A Z") + cat("A", "B Width") + cat("B", "A") + cat("Z", "Gain"), builder);
-    QVERIFY(tree.contains("  Width 2"_s));
-    QVERIFY(tree.contains("  Gain 2"_s));
-}
-
-void TestFeatureTreeBuilder::deepNestingIsCut()
-{
-    MessageGuard::expectMessage("is nested too deep"_s);
-    QString elements = category("Root"_s, {"C0"_s});
-    for (int i = 0; i < 5000; ++i)
-        elements += category("C%1"_s.arg(i), {"C%1"_s.arg(i + 1)});
-    FeatureTreeBuilder builder;
-    printed(elements, builder);
-    QVERIFY(MessageGuard::contains("is nested too deep"_s));
-}
-
-void TestFeatureTreeBuilder::explodingDescriptionsAreCut()
-{
-    MessageGuard::expectMessage("lists more features than can be shown"_s);
-    QString elements = category("Root"_s, {"C0"_s});
-    for (int i = 0; i < 40; ++i) {
-        const QString next = "C%1"_s.arg(i + 1);
-        elements += category("C%1"_s.arg(i), {next, next, next});
+    void tree_data()
+    {
+        const Rows<QString, QString> row("elements", "expected");
+        const QString favorites = "ORXCustom_Favorites 1 "_s;
+        row("no root", cat("Device", "Width") + feature("Integer", "Width"), favorites);
+        row("categories and features",
+            cat("Root", "Device Image") + cat("Image", "Width Mode") + cat("Device", "Id Empty") +
+                cat("Empty", "") + feature("IntReg", "Width") + feature("StringReg", "Id") +
+                feature("Enumeration", "Mode"),
+            favorites + "\nDevice 3 \n  Id 2 StringReg\n  Empty 3 \n"
+                        "Image 3 \n  Width 2 IntReg\n  Mode 2 Enumeration"_s);
+        row("missing nodes keep a row", cat("Root", "Device Ghost") + cat("Device", "Phantom"),
+            favorites + "\nDevice 3 \n  Phantom 2 \nGhost 2 "_s);
+        row("entries are no items",
+            cat("Root", "Mode") +
+                "<Enumeration Name=\"Mode\"><EnumEntry Name=\"On\"/></Enumeration>"_s,
+            favorites + "\nMode 2 Enumeration"_s);
     }
-    FeatureTreeBuilder builder;
-    printed(elements, builder);
-    QVERIFY(MessageGuard::contains("lists more features than can be shown"_s));
-}
+
+    void tree()
+    {
+        QFETCH(QString, elements);
+        FeatureTreeBuilder builder;
+        QTEST(printed(elements, builder), "expected");
+    }
+
+    void lastMentionWins()
+    {
+        QDomDocument document;
+        document.setContent(wrap(cat("Root", "A B") + cat("A", "Gain") + cat("B", "Gain") +
+                                 feature("Float", "Gain")));
+        Item root(nullptr, Item::FeatureTreePage);
+        FeatureTreeBuilder builder;
+        builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
+        const QString gain = "Gain"_s;
+        QCOMPARE(builder.categoryOfFeature().value(gain), "B"_s);
+        QCOMPARE(builder.AllTreeItemsMap().value(gain), root.child(2)->child(0));
+        QCOMPARE(builder.featureList().count(gain), 2);
+    }
+
+    void categoriesThatContainThemselves()
+    {
+        MessageGuard::ignoreMessage(QtCriticalMsg,
+                                    "Feature description: category A contains itself");
+        FeatureTreeBuilder builder;
+        const QString tree = printed(
+            cat("Root", "A Z") + cat("A", "B Width") + cat("B", "A") + cat("Z", "Gain"), builder);
+        QVERIFY(tree.contains("  Width 2"_s));
+        QVERIFY(tree.contains("  Gain 2"_s));
+    }
+
+    void deepNestingIsCut()
+    {
+        MessageGuard::expectMessage("is nested too deep"_s);
+        QString elements = category("Root"_s, {"C0"_s});
+        for (int i = 0; i < 5000; ++i)
+            elements += category("C%1"_s.arg(i), {"C%1"_s.arg(i + 1)});
+        FeatureTreeBuilder builder;
+        printed(elements, builder);
+        QVERIFY(MessageGuard::contains("is nested too deep"_s));
+    }
+
+    void explodingDescriptionsAreCut()
+    {
+        MessageGuard::expectMessage("lists more features than can be shown"_s);
+        QString elements = category("Root"_s, {"C0"_s});
+        for (int i = 0; i < 40; ++i) {
+            const QString next = "C%1"_s.arg(i + 1);
+            elements += category("C%1"_s.arg(i), {next, next, next});
+        }
+        FeatureTreeBuilder builder;
+        printed(elements, builder);
+        QVERIFY(MessageGuard::contains("lists more features than can be shown"_s));
+    }
+};
 
 OBFT_TEST_MAIN(TestFeatureTreeBuilder)
 #include "tst_featuretreebuilder.moc"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "support/Literals.h"
+
 #include <QTest>
 
 // A text of a row: literals are UTF-8.
@@ -20,8 +22,8 @@ struct RowText
 // A list of a row: a literal is its words.
 struct RowList
 {
-    RowList(const char* words)
-        : value(QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts))
+    RowList(const char* text)
+        : value(words(text))
     {
     }
     RowList(const QStringList& list)

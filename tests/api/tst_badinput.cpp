@@ -3,7 +3,6 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
 
 #include <cstring>
 #include <limits>
@@ -32,15 +31,14 @@ int anyMode(char*, int* mode, void*)
 
 } // namespace
 
-class TestBadInput : public GuardedTest
+class TestBadInput : public OpenedWindowTest
 {
     Q_OBJECT
 
-protected:
-    void finish() override
+public:
+    TestBadInput()
+        : OpenedWindowTest(everyKind())
     {
-        OB_FT_Release();
-        FakeHost::uninstall();
     }
 
 private slots:
@@ -69,8 +67,7 @@ private slots:
             MessageGuard::ignoreMessage(QtCriticalMsg, QRegularExpression(logged));
         if (items > 10000)
             QVERIFY(xml.size() > 20 * 1000 * 1000);
-        FakeHost host;
-        OpenedWindow window(host, xml);
+        OpenedWindow window(*m_host, xml);
         QCOMPARE(window.tree()->AllTreeItemsMap().size(), items);
         QVERIFY(window.waitForFirstRead());
         QCOMPARE(OB_FT_UpdateFeatures(), 0);
@@ -126,7 +123,7 @@ private slots:
             anyMode,
             anyMode,
         };
-        OB_FT_Init(everyKind().constData(), nullptr, nullptr);
+        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
         OB_FT_SetCallBackFunc(
             kGets[fault], [](int, char*, char*, void*) { return -2; }, kModes[fault], nullptr,
             nullptr, nullptr);

@@ -2,17 +2,13 @@
 #include "OBFeatureTree/OBFeatureTree.h"
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
 
 #include <QApplication>
 #include <QSignalSpy>
 #include <QStyle>
-#include <QTimer>
 
 using namespace DescriptionBuilder;
 
@@ -27,15 +23,14 @@ QByteArray smallDescription()
 
 } // namespace
 
-class TestOBFeatureTree : public GuardedTest
+class TestOBFeatureTree : public OpenedWindowTest
 {
     Q_OBJECT
 
-protected:
-    void finish() override
+public:
+    TestOBFeatureTree()
+        : OpenedWindowTest(smallDescription())
     {
-        OB_FT_Release();
-        FakeHost::uninstall();
     }
 
 private slots:
@@ -60,12 +55,9 @@ private slots:
     void windowAsTheHostAskedForIt()
     {
         QWidget parent;
-        FakeHost host;
-        const QByteArray xml = smallDescription();
-        host.serve(xml);
-        OB_FT_Init(xml.constData(), nullptr, &parent);
+        OB_FT_Init(m_xml.constData(), nullptr, &parent);
         QCOMPARE(ORXMainFeatureWidget::instance(nullptr)->parentWidget(), &parent);
-        OpenedWindow window(host, xml);
+        OpenedWindow window(*m_host, m_xml);
         ORXMainFeatureWidget* widget = window.widget();
         QVERIFY(!widget->parentWidget());
         QVERIFY(widget->isVisible());
@@ -73,23 +65,19 @@ private slots:
         QCOMPARE(widget->size(), QSize(900, 700));
         QCOMPARE(widget->pos(), QPoint(10, 10));
         QCOMPARE(widget->cTitleText(), "Test camera"_s);
-        QCOMPARE(host.count("action 1"_s), 0);
+        QCOMPARE(m_host->count("action 1"_s), 0);
     }
 
     void firstReadFillsTheTree()
     {
-        FakeHost host;
-        const QByteArray xml = smallDescription();
-        host.serve(xml);
-        OpenedWindow window(host, xml);
+        OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
         int filled = 0;
         for (const ORXPropertyTreeItem* item : window.tree()->AllTreeItemsMap())
             filled += item->value()->displayValue().isEmpty() ? 0 : 1;
         QCOMPARE(filled, 60);
         // A new user has no favourites: the first group with features is shown instead.
-        CFeatureGroupTreeView* groups = window.widget()->featureGroup(1)->groupView();
-        QTRY_COMPARE(groups->currentIndex().data().toString(), "Category0"_s);
+        QTRY_COMPARE(window.groups()->currentIndex().data().toString(), "Category0"_s);
         const QByteArray picture = qgetenv("OBFT_TEST_PICTURE");
         if (!picture.isEmpty()) {
             QTest::qWait(300);
@@ -99,15 +87,14 @@ private slots:
 
     void secondRoundMakesANewWindow()
     {
-        FakeHost host;
         const QByteArray first = wrap(category("Root"_s, {"A"_s}));
         const QByteArray second = wrap(category("Root"_s, {"B"_s}));
         {
-            OpenedWindow window(host, first);
+            OpenedWindow window(*m_host, first);
             QVERIFY(window.tree()->propertyItemByName("A"_s));
         }
         const QStyle* style = QApplication::style();
-        OpenedWindow window(host, second);
+        OpenedWindow window(*m_host, second);
         QVERIFY(window.tree()->propertyItemByName("B"_s));
         QVERIFY(!window.tree()->propertyItemByName("A"_s));
         QCOMPARE(QApplication::style(), style);
@@ -115,10 +102,7 @@ private slots:
 
     void initTwiceKeepsTheWindow()
     {
-        FakeHost host;
-        const QByteArray xml = smallDescription();
-        host.serve(xml);
-        OpenedWindow window(host, xml);
+        OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
         ORXMainFeatureWidget* widget = window.widget();
         OBDeviceControl::GetFavoritesFeatureMap()->append({"Feature00001"_s, "Feature 1"_s});
@@ -130,14 +114,14 @@ private slots:
         // The callbacks may be given again while the window reads.
         OB_FT_UpdateFeatures();
         OB_FT_SetCallBackFunc(FakeHost::getFeature, FakeHost::setFeature, FakeHost::getMode,
-                              FakeHost::invalidate, FakeHost::action, &host);
+                              FakeHost::invalidate, FakeHost::action, m_host.get());
         QVERIFY(window.waitForFirstRead());
         QVERIFY(window.tree()->propertyItemByName("Feature00001"_s));
     }
 
     void callbacksMayBeNull()
     {
-        OB_FT_Init(smallDescription().constData(), nullptr, nullptr);
+        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
         QCOMPARE(OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
         QCOMPARE(OB_FT_Start(nullptr, 0), 0);
         ORXFeatureTree* tree = ORXMainFeatureWidget::instance(nullptr)->featureTree(1, false);
@@ -148,20 +132,17 @@ private slots:
 
     void closingTellsTheHostAndStopsReading()
     {
-        FakeHost host;
-        const QByteArray xml = smallDescription();
-        host.serve(xml);
-        OpenedWindow window(host, xml);
+        OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
         QCOMPARE(OB_FT_Close(), 0);
-        QCOMPARE(host.count("action 1"_s), 1);
-        const qint64 calls = host.callCount();
+        QCOMPARE(m_host->count("action 1"_s), 1);
+        const qint64 calls = m_host->callCount();
         QTest::qWait(150);
-        QCOMPARE(host.callCount(), calls);
+        QCOMPARE(m_host->callCount(), calls);
         window.widget()->hide();
-        QCOMPARE(host.count("action 1"_s), 2);
+        QCOMPARE(m_host->count("action 1"_s), 2);
         OB_FT_Start(nullptr, 0);
-        QTRY_VERIFY(host.callCount() > calls);
+        QTRY_VERIFY(m_host->callCount() > calls);
         QVERIFY(window.waitForFirstRead());
     }
 
@@ -175,10 +156,7 @@ private slots:
     void hostMayReleaseFromInsideACallback()
     {
         QFETCH(bool, duringWrite);
-        FakeHost host;
-        const QByteArray xml = smallDescription();
-        host.serve(xml);
-        OB_FT_Init(xml.constData(), nullptr, nullptr);
+        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
         OB_FT_SetCallBackFunc(
             FakeHost::getFeature,
             [](int type, char* name, char* value, void* user) {
@@ -190,7 +168,7 @@ private slots:
                 OB_FT_Release();
                 return 0;
             },
-            &host);
+            m_host.get());
         OB_FT_SetWidgetSize(900, 700);
         OB_FT_Start(nullptr, 0);
         ORXMainFeatureWidget* widget = ORXMainFeatureWidget::instance(nullptr);
@@ -205,7 +183,7 @@ private slots:
             QVERIFY(item);
             QTRY_VERIFY(editor->isEnabled());
             QTest::mouseClick(editor, Qt::LeftButton);
-            QCOMPARE(host.writes().size(), 1);
+            QCOMPARE(m_host->writes().size(), 1);
         } else {
             OB_FT_Close();
         }
@@ -215,19 +193,16 @@ private slots:
 
     void releaseWaitsForAHangingCall()
     {
-        FakeHost host;
-        const QByteArray xml = smallDescription();
-        host.serve(xml);
         std::atomic<bool> inside{false};
         std::atomic<bool> returned{false};
-        host.beforeGet = [&](const QString& name) {
+        m_host->beforeGet = [&](const QString& name) {
             if (name != QLatin1String("Feature00005") || inside.exchange(true))
                 return;
             QThread::msleep(1500);
             returned = true;
         };
         {
-            OpenedWindow window(host, xml);
+            OpenedWindow window(*m_host, m_xml);
             QTRY_VERIFY(inside);
         }
         QVERIFY(returned);
@@ -236,13 +211,11 @@ private slots:
 
     void languageIsTheHosts()
     {
-        FakeHost host;
         const QMap<int, QString> languages = {{0, "ENG"_s}, {1, "CH"_s}, {2, "ENG"_s}};
         for (auto it = languages.cbegin(); it != languages.cend(); ++it) {
-            OpenedWindow window(host, smallDescription(), it.key());
+            OpenedWindow window(*m_host, m_xml, it.key());
             QCOMPARE(ORXInterface::language(), it.value());
         }
-        ORXInterface::setLanguage("ENG"_s);
     }
 };
 

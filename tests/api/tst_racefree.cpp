@@ -2,18 +2,12 @@
 #include "device/IORXListen.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "model/IORXFeatureNotify.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "styledctl/ZELCustomMessageBox.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
-#include "tree/ORXPropertyTreeDelegate.h"
 
 #include <QAbstractSpinBox>
 #include <QCheckBox>
@@ -53,9 +47,15 @@ Size mediumSize()
 
 // Everything at once: both reading threads, polling, edits through the real editors, and whatever
 // else a user does meanwhile. Meant for the thread sanitizer, worthwhile without it.
-class TestRaceFree : public GuardedTest
+class TestRaceFree : public OpenedWindowTest
 {
     Q_OBJECT
+
+public:
+    TestRaceFree()
+        : OpenedWindowTest(generate(mediumSize()))
+    {
+    }
 
 private:
     // Acts on an editor as a user does; true when there was something to act on.
@@ -80,19 +80,16 @@ private:
 private slots:
     void everythingAtOnce()
     {
-        const QByteArray xml = generate(mediumSize());
-        FakeHost host;
-        host.serve(xml);
         // Values change by themselves, so that polling publishes.
         std::atomic<int> moving{0};
-        host.beforeGet = [&](const QString& name) {
+        m_host->beforeGet = [&](const QString& name) {
             if (name == QLatin1String("Feature00003"))
-                host.set(name, FakeHost::integerFeature(++moving % 1000));
+                m_host->set(name, FakeHost::integerFeature(++moving % 1000));
         };
-        OpenedWindow window(host, xml);
+        OpenedWindow window(*m_host, m_xml);
         ORXFeatureTree* tree = window.tree();
-        ORXFeatureTreeView* view = tree->treeView();
-        CFeatureGroupTreeView* groups = window.widget()->featureGroup(1)->groupView();
+        ORXFeatureTreeView* view = window.view();
+        CFeatureGroupTreeView* groups = window.groups();
         Listener listener;
         CountingView counting;
         int edits = 0;
@@ -157,7 +154,6 @@ private slots:
         tree->OnTimeInvalidaterFeaturesUpdate();
         QCOMPARE(OB_FT_Close(), 0);
         QCOMPARE(counting.calls.load(), calls);
-        OBDeviceControl::SetUserLevel(1);
     }
 };
 

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "basetools/ORXInterface.h"
+#include "support/BracketTranslator.h"
 #include "support/TestMain.h"
 
-#include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
-#include <QTranslator>
 
 #include <limits>
 #include <thread>
@@ -13,17 +11,6 @@
 namespace {
 
 using Limits = std::numeric_limits<qint64>;
-
-// Marks every translation, so that a text can be seen to have gone through one.
-class BracketTranslator : public QTranslator
-{
-public:
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return "[%1|%2]"_s.arg(QLatin1String(context), QLatin1String(text));
-    }
-    bool isEmpty() const override { return false; }
-};
 
 } // namespace
 

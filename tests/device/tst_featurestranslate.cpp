@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The names and descriptions of standard features that the library brings along.
-#include "device/CORXPropertyTransItem.h"
 #include "device/OBDeviceControl.h"
 #include "styledctl/ZELCustom.h"
 #include "support/TestMain.h"

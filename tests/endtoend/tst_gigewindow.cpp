@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "RealCamera.h"
 #include "host/FakeGigECamera.h"
+#include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
 #include "styledctl/ZELCustomMessageBox.h"
+#include "support/Periods.h"
 #include "support/TestMain.h"
 
 #include <QComboBox>
@@ -12,6 +14,7 @@
 namespace {
 
 constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
+constexpr int kPage = ORXMainFeatureWidget::TriggerTab;
 constexpr int kSlowMs = PageWindow::kPatienceMs; // a pass over the protocol on a busy machine
 
 } // namespace
@@ -26,7 +29,8 @@ private:
     QString shown(const char* name) const { return m_window->shown(kTree, name); }
 
     std::unique_ptr<FakeGigECamera> m_fake;
-    std::unique_ptr<Camera> m_camera;
+    std::unique_ptr<Camera> m_real;
+    std::unique_ptr<MeddledCamera> m_camera;
     std::unique_ptr<PageWindow> m_window;
 
 private slots:
@@ -38,8 +42,9 @@ private slots:
         m_fake = std::make_unique<FakeGigECamera>();
         QVERIFY(m_fake->start());
         std::string error;
-        m_camera = RealCamera::open("127.0.0.1", &error);
-        QVERIFY2(m_camera, error.c_str());
+        m_real = RealCamera::open("127.0.0.1", &error);
+        QVERIFY2(m_real, error.c_str());
+        m_camera = std::make_unique<MeddledCamera>(*m_real);
         m_window = std::make_unique<PageWindow>(*m_camera);
     }
 
@@ -94,6 +99,46 @@ private slots:
         QVERIFY(shown("Height") != wanted);
         OB_FT_UpdateFeatures();
         QTRY_COMPARE_WITH_TIMEOUT(shown("Height"), wanted, kSlowMs);
+    }
+
+    // The camera has neither lines nor encoders: those groups are not offered.
+    void triggerPageShowsWhatTheCameraHas()
+    {
+        QVERIFY(m_window->show(kPage, "TriggerMode"));
+        for (const char* name :
+             {"TriggerSelector", "TriggerMode", "TriggerSource", "TriggerActivation",
+              "TriggerSoftware", "Custom_AutoTrigTime", "Custom_EnableAutoTrig"})
+            QTRY_VERIFY2_WITH_TIMEOUT(m_window->isRowShown(kPage, name), name, kSlowMs);
+        QCOMPARE(m_window->item(kPage, "TriggerDelay"), nullptr);
+        for (const char* group : {"Custom_IOControl", "Custom_EncoderControl"}) {
+            QCOMPARE(m_window->items(kPage, group), QStringList());
+            QVERIFY(!m_window->isRowShown(kPage, group));
+        }
+    }
+
+    void choiceOnATriggerPageReachesTheCamera()
+    {
+        QVERIFY(m_window->choose(kPage, "TriggerMode", "On"_s));
+        QVERIFY(FakeGigECamera::readIndependently("TriggerMode"_s).contains("On"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kTree, "TriggerMode"), "On"_s, kSlowMs);
+        QVERIFY(m_window->choose(kTree, "TriggerMode", "Off"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kPage, "TriggerMode"), "Off"_s, kSlowMs);
+    }
+
+    void autoTriggerExecutesTheCommand()
+    {
+        QVERIFY(m_window->enter(kPage, "Custom_AutoTrigTime", "1"_s));
+        m_camera->forget();
+        QVERIFY(m_window->click(kPage, "Custom_EnableAutoTrig"));
+        // Each command is a round trip that the camera acknowledges.
+        QTRY_VERIFY_WITH_TIMEOUT(m_camera->writesOf("TriggerSoftware") > 5, kSlowMs);
+        QCOMPARE(m_camera->mostAtOnce("TriggerSoftware"), 1);
+        QVERIFY(!m_window->isEnabled(kPage, "TriggerSoftware"));
+        QCOMPARE(OB_FT_Close(), 0);
+        const int last = m_camera->writesOf("TriggerSoftware");
+        QVERIFY(twentyPeriodsPass());
+        QCOMPARE(m_camera->writesOf("TriggerSoftware"), last);
+        QCOMPARE(OB_FT_Start(nullptr, 0), 0);
     }
 
     void windowSurvivesTheCamerasDeath()

@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The curve editor on the simulated camera: what is drawn lands in the memory of the selected table
 // and in no other.
-#include "DemoCamera.h"
-#include "FaultPlan.h"
-#include "FaultyCamera.h"
 #include "HostCallbacks.h"
 #include "device/OBDeviceControl.h"
+#include "pages/DemoPageTest.h"
 #include "pages/QLUTDrawWidget.h"
-#include "support/TestMain.h"
-
-#include <memory>
-#include <string>
 
 namespace {
 
@@ -18,15 +12,15 @@ constexpr int kOtherTable = 1; // never the selected one
 
 } // namespace
 
-class TestLutDemoCamera : public GuardedTest
+class TestLutDemoCamera : public DemoPageTest
 {
     Q_OBJECT
 
 protected:
     void prepare() override
     {
-        m_camera = std::make_unique<DemoCamera>();
-        m_callbacks = std::make_unique<HostCallbacks>(*m_camera);
+        DemoPageTest::prepare();
+        m_callbacks = std::make_unique<HostCallbacks>(*m_demo);
         OBDeviceControl::SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
                                          HostCallbacks::getMode, HostCallbacks::invalidate,
                                          HostCallbacks::action, m_callbacks.get());
@@ -39,7 +33,7 @@ protected:
         m_widget.reset();
         OBDeviceControl::SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
         m_callbacks.reset();
-        m_camera.reset();
+        DemoPageTest::finish();
     }
 
 private:
@@ -47,13 +41,10 @@ private:
     QVector<int> memory(int selector)
     {
         QVector<int> values;
-        m_camera->write(OB_FT_TYPE_ENUMERATION, "LUTSelector", std::to_string(selector));
+        write("LUTSelector", QByteArray::number(selector));
         for (int i = 0; i < QLUTDrawWidget::PointCount(); ++i) {
-            _ZDCC_INTVALUE_EX_T record{};
-            m_camera->write(OB_FT_TYPE_INTEGER, "LUTIndex", std::to_string(i));
-            if (m_camera->read(OB_FT_TYPE_INTEGER, "LUTValue", &record) != 0)
-                return {};
-            values.append(static_cast<int>(record.value));
+            write("LUTIndex", QByteArray::number(i));
+            values.append(static_cast<int>(read("LUTValue")));
         }
         return values;
     }
@@ -62,7 +53,6 @@ private:
         return QTest::qWaitFor([this] { return !m_widget->isTransferring(); }, 60000);
     }
 
-    std::unique_ptr<DemoCamera> m_camera;
     std::unique_ptr<HostCallbacks> m_callbacks;
     std::unique_ptr<QLUTDrawWidget> m_widget;
 
@@ -80,7 +70,7 @@ private slots:
         QFETCH(int, selector);
         QFETCH(int, type);
         const QVector<int> other = memory(kOtherTable);
-        m_camera->write(OB_FT_TYPE_ENUMERATION, "LUTSelector", std::to_string(selector));
+        write("LUTSelector", QByteArray::number(selector));
         m_widget->LoadFromCamera();
         QVERIFY(waitForEnd());
         m_widget->SetDrawLineChanged(type);
@@ -96,41 +86,6 @@ private slots:
         QVERIFY(waitForEnd());
         QCOMPARE(memory(selector), drawn);
         QCOMPARE(memory(kOtherTable), other);
-    }
-
-    void lostCameraIsTold_data()
-    {
-        const Rows<bool, QString> row("set", "line");
-        // Two reads of the limits, then two calls for each point.
-        row("loading", false, "LUT: reading failed after 200 of 1024 points");
-        row("setting", true, "LUT: only 201 of 1024 points written");
-    }
-
-    void lostCameraIsTold()
-    {
-        QFETCH(bool, set);
-        QFETCH(QString, line);
-        MessageGuard::expectMessage("LUT: "_s);
-        MessageGuard::expectMessage("Read Feature Failed"_s);
-        const QVector<int> memoryBefore = memory(0);
-        m_widget->SetLUTInfo(1024, 4095, {{0, 7}}, m_widget->GetCurrentDrawLine());
-        const LUTPoints before = m_widget->GetSettinngPoints();
-        QString error;
-        FaultyCamera faulty(*m_camera, *FaultPlan::parse("disconnect after 402"_s, &error));
-        HostCallbacks callbacks(faulty);
-        OBDeviceControl::SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
-                                         nullptr, nullptr, nullptr, &callbacks);
-        if (set)
-            m_widget->SetToCamera();
-        else
-            m_widget->LoadFromCamera();
-        QVERIFY(waitForEnd());
-        QVERIFY(MessageGuard::contains(line));
-        QCOMPARE(m_widget->GetSettinngPoints(), before);
-        QVector<int> wanted = memoryBefore;
-        for (int i = 0; set && i < 201; ++i)
-            wanted[i] = before.at(i).value;
-        QCOMPARE(memory(0), wanted);
     }
 };
 

@@ -59,9 +59,9 @@ class TestCamera : public GuardedTest
 private:
     void cameras()
     {
-        QTest::addColumn<bool>("real");
-        QTest::newRow("simulated") << false;
-        QTest::newRow("real") << true;
+        const Rows<bool> row("real");
+        row("simulated", false);
+        row("real", true);
     }
     Camera* camera()
     {
@@ -135,41 +135,27 @@ private slots:
 
     void refusesWrites_data()
     {
-        QTest::addColumn<bool>("real");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("feature"); // empty: the integer of the specimen
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("error");
-        struct Row
-        {
-            const char* name;
-            int type;
-            const char* feature;
-            const char* text;
-            int error;
+        // feature, empty: the integer of the specimen; "*": its float
+        const Rows<bool, int, QString, QString, int> row("real", "type", "feature", "text",
+                                                         "error");
+        const auto both = [&row](const char* name, int type, const char* feature, const char* text,
+                                 int error) {
+            row(("simulated, " + QByteArray(name)).constData(), false, type, feature, text, error);
+            row(("real, " + QByteArray(name)).constData(), true, type, feature, text, error);
         };
-        const Row rows[] = {
-            {"above the maximum", OB_FT_TYPE_INTEGER, "", "1000000", CameraError::OutOfRange},
-            {"below the minimum", OB_FT_TYPE_INTEGER, "", "-1", CameraError::OutOfRange},
-            {"beyond 64 bits", OB_FT_TYPE_INTEGER, "", "9223372036854775808",
-             CameraError::InvalidText},
-            {"no number", OB_FT_TYPE_INTEGER, "", "12a", CameraError::InvalidText},
-            {"no text", OB_FT_TYPE_INTEGER, "", "", CameraError::InvalidText},
-            {"wrong type", OB_FT_TYPE_FLOAT, "", "64", CameraError::WrongType},
-            {"unknown type", 77, "", "64", CameraError::WrongType},
-            {"not finite", OB_FT_TYPE_FLOAT, "*", "inf", CameraError::InvalidText},
-            {"unknown entry", OB_FT_TYPE_ENUMERATION, "PixelFormat", "3", CameraError::OutOfRange},
-            {"read-only", OB_FT_TYPE_INTEGER, "SensorWidth", "64", CameraError::NotWritable},
-            {"unknown feature", OB_FT_TYPE_INTEGER, "Nonsense", "1", CameraError::NodeNotFound},
-            {"no command", OB_FT_TYPE_COMMAND, "", "", CameraError::WrongType},
-        };
-        for (const bool real : {false, true}) {
-            for (const Row& row : rows) {
-                QTest::addRow("%s, %s", real ? "real" : "simulated", row.name)
-                    << real << row.type << QString::fromLatin1(row.feature)
-                    << QString::fromLatin1(row.text) << row.error;
-            }
-        }
+        both("above the maximum", OB_FT_TYPE_INTEGER, "", "1000000", CameraError::OutOfRange);
+        both("below the minimum", OB_FT_TYPE_INTEGER, "", "-1", CameraError::OutOfRange);
+        both("beyond 64 bits", OB_FT_TYPE_INTEGER, "", "9223372036854775808",
+             CameraError::InvalidText);
+        both("no number", OB_FT_TYPE_INTEGER, "", "12a", CameraError::InvalidText);
+        both("no text", OB_FT_TYPE_INTEGER, "", "", CameraError::InvalidText);
+        both("wrong type", OB_FT_TYPE_FLOAT, "", "64", CameraError::WrongType);
+        both("unknown type", 77, "", "64", CameraError::WrongType);
+        both("not finite", OB_FT_TYPE_FLOAT, "*", "inf", CameraError::InvalidText);
+        both("unknown entry", OB_FT_TYPE_ENUMERATION, "PixelFormat", "3", CameraError::OutOfRange);
+        both("read-only", OB_FT_TYPE_INTEGER, "SensorWidth", "64", CameraError::NotWritable);
+        both("unknown feature", OB_FT_TYPE_INTEGER, "Nonsense", "1", CameraError::NodeNotFound);
+        both("no command", OB_FT_TYPE_COMMAND, "", "", CameraError::WrongType);
     }
 
     void refusesWrites()
@@ -251,27 +237,16 @@ private slots:
 
     void refusesReads_data()
     {
-        QTest::addColumn<bool>("real");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QByteArray>("feature");
-        QTest::addColumn<int>("error");
-        for (const bool real : {false, true}) {
-            const char* kind = real ? "real" : "simulated";
-            QTest::addRow("%s, unknown feature", kind)
-                << real << int(OB_FT_TYPE_INTEGER) << QByteArray("Nonsense")
-                << int(CameraError::NodeNotFound);
-            QTest::addRow("%s, empty name", kind) << real << int(OB_FT_TYPE_INTEGER) << QByteArray()
-                                                  << int(CameraError::NodeNotFound);
-            QTest::addRow("%s, integer as text", kind)
-                << real << int(OB_FT_TYPE_STRING) << QByteArray("Width")
-                << int(CameraError::WrongType);
-            QTest::addRow("%s, integer as enumeration", kind)
-                << real << int(OB_FT_TYPE_ENUMERATION) << QByteArray("Width")
-                << int(CameraError::WrongType);
-            QTest::addRow("%s, command", kind)
-                << real << int(OB_FT_TYPE_INTEGER) << QByteArray("AcquisitionStop")
-                << int(CameraError::NotReadable);
-        }
+        const Rows<bool, int, QByteArray, int> row("real", "type", "feature", "error");
+        const auto both = [&row](const char* name, int type, const char* feature, int error) {
+            row(("simulated, " + QByteArray(name)).constData(), false, type, feature, error);
+            row(("real, " + QByteArray(name)).constData(), true, type, feature, error);
+        };
+        both("unknown feature", OB_FT_TYPE_INTEGER, "Nonsense", CameraError::NodeNotFound);
+        both("empty name", OB_FT_TYPE_INTEGER, "", CameraError::NodeNotFound);
+        both("integer as text", OB_FT_TYPE_STRING, "Width", CameraError::WrongType);
+        both("integer as enumeration", OB_FT_TYPE_ENUMERATION, "Width", CameraError::WrongType);
+        both("command", OB_FT_TYPE_INTEGER, "AcquisitionStop", CameraError::NotReadable);
     }
 
     void refusesReads()

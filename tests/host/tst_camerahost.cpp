@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+Q_DECLARE_METATYPE(ExitCode)
+
 // The host program end to end, as its user starts it.
 class TestCameraHost : public GuardedTest
 {
@@ -89,12 +91,8 @@ private slots:
 
     void leavesWithAnExitCode_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("code");
-        const auto row = [](const char* name, const char* arguments, ExitCode code) {
-            QTest::newRow(name) << QString::fromLatin1(arguments).split(QLatin1Char('|'))
-                                << int(code);
-        };
+        // arguments: divided by bars
+        const Rows<QString, ExitCode> row("arguments", "code");
         row("version", "--version", ExitCode::Ok);
         row("wrong option", "--bogus", ExitCode::Usage);
         row("no such file", "--xml|/nowhere.xml", ExitCode::NoFile);
@@ -107,22 +105,21 @@ private slots:
 
     void leavesWithAnExitCode()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, code);
-        const Run result = run(arguments);
-        QVERIFY2(result.code == code, qPrintable(result.output));
+        QFETCH(QString, arguments);
+        QFETCH(ExitCode, code);
+        const Run result = run(arguments.split(QLatin1Char('|')));
+        QVERIFY2(result.code == int(code), qPrintable(result.output));
         QVERIFY(!result.output.isEmpty());
     }
 
     void survivesFaults_data()
     {
         const Rows<QString> row("plan");
-        for (const char* plan :
-             {"error * 0x80000001 always", "mode * 9",
-              "text * unterminated; range * min=10 max=1 inc=0; entries * 4000000000; long-name *; "
-              "long-text *",
-              "range * value=nan min=nan max=nan inc=-5; vanish * after 400",
-              "disconnect after 300"})
+        for (const char* plan : {"error * 0x80000001 always", "mode * 9",
+                                 "text * unterminated; range * min=10 max=1 inc=0; entries * "
+                                 "4000000000; long-name *; long-text *",
+                                 "range * value=nan min=nan max=nan inc=-5; vanish * after 400",
+                                 "disconnect after 300"})
             row.of(plan);
     }
 

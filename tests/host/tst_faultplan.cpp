@@ -6,7 +6,39 @@
 
 #include <cmath>
 
-Q_DECLARE_METATYPE(FaultPlan::Rule)
+namespace {
+
+// A rule in one line: its kind, its pattern, and all else that is not as in a new rule.
+QString described(const FaultPlan::Rule& rule)
+{
+    static const char* const kKinds[] = {"Latency", "Jitter",   "Hang",     "Error",     "Vanish",
+                                         "Value",   "Lock",     "Mode",     "Range",     "Entries",
+                                         "Text",    "LongName", "LongText", "Disconnect"};
+    const FaultPlan::Rule usual;
+    QString line = QLatin1String(kKinds[rule.kind]) + " "_s + QString::fromStdString(rule.pattern);
+    const auto add = [&line](const char* name, const auto& value, const auto& normal) {
+        if (value != normal)
+            line += " %1=%2"_s.arg(QLatin1String(name)).arg(value);
+    };
+    add("on", rule.operations, usual.operations);
+    add("after", rule.after, usual.after);
+    add("times", rule.times, usual.times);
+    add("ms", rule.milliseconds, usual.milliseconds);
+    add("code", rule.code, usual.code);
+    add("number", rule.number, usual.number);
+    add("word", QString::fromStdString(rule.word), QString());
+    const auto addPart = [&line](const char* name, const std::optional<double>& value) {
+        if (value)
+            line += " %1=%2"_s.arg(QLatin1String(name)).arg(*value);
+    };
+    addPart("min", rule.minimum);
+    addPart("max", rule.maximum);
+    addPart("inc", rule.increment);
+    addPart("value", rule.value);
+    return line;
+}
+
+} // namespace
 
 class TestFaultPlan : public GuardedTest
 {
@@ -15,91 +47,31 @@ class TestFaultPlan : public GuardedTest
 private slots:
     void understandsRules_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<FaultPlan::Rule>("rule");
-        const auto row = [](const char* text, FaultPlan::Kind kind, const char* pattern) -> auto&
-        {
-            static FaultPlan::Rule rule;
-            rule = FaultPlan::Rule();
-            rule.kind = kind;
-            rule.pattern = pattern;
-            Q_UNUSED(text)
-            return rule;
-        };
-        const auto add = [](const char* text, const FaultPlan::Rule& rule) {
-            QTest::newRow(text) << QString::fromLatin1(text) << rule;
-        };
-        FaultPlan::Rule rule = row("", FaultPlan::Latency, "*");
-        rule.milliseconds = 5;
-        add("latency * 5", rule);
-        rule = row("", FaultPlan::Jitter, "Gain*");
-        rule.milliseconds = 3;
-        rule.operations = FaultPlan::OnMode;
-        add("jitter Gain* 3 on mode", rule);
-        rule = row("", FaultPlan::Error, "Gain");
-        rule.code = static_cast<int>(0x80000001U);
-        rule.times = 1;
-        add("error Gain 0x80000001", rule);
-        rule.times = FaultPlan::kAlways;
-        rule.after = 4;
-        rule.operations = FaultPlan::OnWrite;
-        rule.code = -3;
-        add("error Gain -3 always after 4 on write", rule);
-        rule = row("", FaultPlan::Hang, "Width");
-        rule.milliseconds = 700;
-        rule.times = 2;
-        add("hang Width 700 times 2", rule);
-        rule = row("", FaultPlan::Vanish, "Width");
-        rule.after = 3;
-        add("vanish Width after 3", rule);
-        rule = row("", FaultPlan::Lock, "Gain");
-        rule.word = "ExposureTime";
-        add("lock Gain by ExposureTime", rule);
-        rule = row("", FaultPlan::Mode, "Gain");
-        rule.code = 9;
-        add("mode Gain 9", rule);
-        rule = row("", FaultPlan::Value, "K");
-        rule.number = -1;
-        add("value K -1", rule);
-        rule = row("", FaultPlan::Entries, "E");
-        rule.number = 1000000;
-        add("entries E 1000000", rule);
-        rule = row("", FaultPlan::Range, "Width");
-        rule.minimum = 10;
-        rule.maximum = 1;
-        rule.increment = -2.5;
-        add("range Width min=10 max=1 inc=-2.5", rule);
-        rule = row("", FaultPlan::Text, "S");
-        rule.word = "unterminated";
-        add("text S unterminated", rule);
-        rule = row("", FaultPlan::Disconnect, "*");
-        rule.times = 1;
-        rule.after = 100;
-        add("disconnect after 100", rule);
-        rule = row("", FaultPlan::LongName, "Width");
-        add("  long-name   Width  # with a comment; and more", rule);
+        const Rows<QString, QString> row("text", "rule");
+        row.of("latency * 5", "Latency * ms=5");
+        row.of("jitter Gain* 3 on mode", "Jitter Gain* on=4 ms=3");
+        row.of("error Gain 0x80000001", "Error Gain times=1 code=-2147483647");
+        row.of("error Gain -3 always after 4 on write", "Error Gain on=2 after=4 code=-3");
+        row.of("hang Width 700 times 2", "Hang Width times=2 ms=700");
+        row.of("vanish Width after 3", "Vanish Width after=3");
+        row.of("lock Gain by ExposureTime", "Lock Gain word=ExposureTime");
+        row.of("mode Gain 9", "Mode Gain code=9");
+        row.of("value K -1", "Value K number=-1");
+        row.of("entries E 1000000", "Entries E number=1000000");
+        row.of("range Width min=10 max=1 inc=-2.5", "Range Width min=10 max=1 inc=-2.5");
+        row.of("text S unterminated", "Text S word=unterminated");
+        row.of("disconnect after 100", "Disconnect * after=100 times=1");
+        row.of("  long-name   Width  # with a comment; and more", "LongName Width");
     }
 
     void understandsRules()
     {
         QFETCH(QString, text);
-        QFETCH(FaultPlan::Rule, rule);
         QString error;
         const auto plan = FaultPlan::parse(text, &error);
         QVERIFY2(plan, qPrintable(error));
         QCOMPARE(plan->rules.size(), std::size_t(1));
-        const FaultPlan::Rule& read = plan->rules[0];
-        QCOMPARE(int(read.kind), int(rule.kind));
-        QCOMPARE(read.pattern, rule.pattern);
-        QCOMPARE(read.operations, rule.operations);
-        QCOMPARE(read.after, rule.after);
-        QCOMPARE(read.times, rule.times);
-        QCOMPARE(read.milliseconds, rule.milliseconds);
-        QCOMPARE(read.code, rule.code);
-        QCOMPARE(read.number, rule.number);
-        QCOMPARE(read.word, rule.word);
-        QVERIFY(read.minimum == rule.minimum && read.maximum == rule.maximum &&
-                read.increment == rule.increment && read.value == rule.value);
+        QTEST(described(plan->rules[0]), "rule");
     }
 
     void refusesWithALineNumber_data()

@@ -136,10 +136,10 @@ private slots:
 
     void spoilsRecords()
     {
-        const auto camera = faulty(
-            "range Width min=10 max=1 inc=-3; range Gain value=nan max=-inf; entries PixelFormat "
-            "5000; value PixelFormat 7; value ReverseX 200; text DeviceUserID unterminated; text "
-            "DeviceVendorName empty");
+        const auto camera =
+            faulty("range Width min=10 max=1 inc=-3; range Gain value=nan max=-inf; entries "
+                   "PixelFormat 5000; value PixelFormat 7; value ReverseX 200; text DeviceUserID "
+                   "unterminated; text DeviceVendorName empty");
         _ZDCC_INTVALUE_EX_T integer{};
         QCOMPARE(camera->read(OB_FT_TYPE_INTEGER, "Width", &integer), 0);
         QCOMPARE(integer.minimum, std::int64_t(10));

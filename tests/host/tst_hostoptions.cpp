@@ -4,6 +4,8 @@
 
 #include <QTemporaryDir>
 
+Q_DECLARE_METATYPE(ExitCode)
+
 class TestHostOptions : public GuardedTest
 {
     Q_OBJECT
@@ -47,57 +49,39 @@ private slots:
         QVERIFY(options.verbose);
     }
 
-    void hasDefaults()
-    {
-        HostOptions options;
-        QVERIFY(parse({}, &options).run);
-        QVERIFY(options.description.isEmpty() && options.camera.isEmpty() &&
-                options.picture.isEmpty());
-        QVERIFY(options.faults.rules.empty() && options.steps.steps.empty());
-        QCOMPARE(options.language, 0); // English
-        QCOMPARE(options.size, QSize(1280, 800));
-    }
-
     void refuses_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("message"); // a part of it
-        const auto row = [](const char* name, const QString& arguments, ExitCode code,
-                            const char* message) {
-            QTest::newRow(name) << arguments.split(QLatin1Char('|')) << int(code)
-                                << QString::fromLatin1(message);
-        };
-        const auto s = [](const char* text) { return QString::fromLatin1(text); };
-        row("unknown option", s("--bogus"), ExitCode::Usage, "bogus");
-        row("no value", s("--xml"), ExitCode::Usage, "xml");
-        row("stray word", s("camera.xml"), ExitCode::Usage, "camera.xml");
-        row("two cameras", s("--xml|a|--camera|b"), ExitCode::Usage, "exclude");
-        row("empty camera", s("--camera|"), ExitCode::Usage, "name or an address");
-        row("language", s("--language|fr"), ExitCode::Usage, "fr");
-        row("size without x", s("--size|640"), ExitCode::Usage, "640");
-        row("size too small", s("--size|99x600"), ExitCode::Usage, "99x600");
-        row("size too large", s("--size|640x99999"), ExitCode::Usage, "640x99999");
-        row("timeout", s("--timeout|soon"), ExitCode::Usage, "soon");
-        row("plan", s("--faults|explode"), ExitCode::Usage, "explode");
-        row("steps", s("--do|dance"), ExitCode::Usage, "dance");
-        row("missing file", s("--xml|/nowhere.xml"), ExitCode::NoFile, "/nowhere.xml");
-        row("folder", s("--xml|") + m_directory.path(), ExitCode::NoFile, "cannot read");
-        row("empty file", s("--xml|") + file("empty.xml"), ExitCode::NoFile, "is empty");
-        row("missing translations", s("--translations|/nowhere.xml"), ExitCode::NoFile,
+        // arguments: divided by bars; message: a part of it
+        const Rows<QString, ExitCode, QString> row("arguments", "code", "message");
+        row("unknown option", "--bogus", ExitCode::Usage, "bogus");
+        row("no value", "--xml", ExitCode::Usage, "xml");
+        row("stray word", "camera.xml", ExitCode::Usage, "camera.xml");
+        row("two cameras", "--xml|a|--camera|b", ExitCode::Usage, "exclude");
+        row("empty camera", "--camera|", ExitCode::Usage, "name or an address");
+        row("language", "--language|fr", ExitCode::Usage, "fr");
+        row("size without x", "--size|640", ExitCode::Usage, "640");
+        row("size too small", "--size|99x600", ExitCode::Usage, "99x600");
+        row("size too large", "--size|640x99999", ExitCode::Usage, "640x99999");
+        row("timeout", "--timeout|soon", ExitCode::Usage, "soon");
+        row("plan", "--faults|explode", ExitCode::Usage, "explode");
+        row("steps", "--do|dance", ExitCode::Usage, "dance");
+        row("missing file", "--xml|/nowhere.xml", ExitCode::NoFile, "/nowhere.xml");
+        row("folder", "--xml|"_s + m_directory.path(), ExitCode::NoFile, "cannot read");
+        row("empty file", "--xml|"_s + file("empty.xml"), ExitCode::NoFile, "is empty");
+        row("missing translations", "--translations|/nowhere.xml", ExitCode::NoFile,
             "/nowhere.xml");
-        row("help", s("--help"), ExitCode::Ok, "--screenshot");
-        row("version", s("--version"), ExitCode::Ok, "camera-host");
+        row("help", "--help", ExitCode::Ok, "--screenshot");
+        row("version", "--version", ExitCode::Ok, "camera-host");
     }
 
     void refuses()
     {
-        QFETCH(QStringList, arguments);
+        QFETCH(QString, arguments);
         QFETCH(QString, message);
         HostOptions options;
-        const auto outcome = parse(arguments, &options);
+        const auto outcome = parse(arguments.split(QLatin1Char('|')), &options);
         QVERIFY(!outcome.run);
-        QTEST(int(outcome.code), "code");
+        QTEST(outcome.code, "code");
         QVERIFY2(outcome.message.contains(message), qPrintable(outcome.message));
     }
 

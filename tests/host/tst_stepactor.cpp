@@ -82,11 +82,10 @@ private slots:
         QSignalSpy entered(m_editor, &QLineEdit::returnPressed);
         QSignalSpy activated(m_box, QOverload<int>::of(&QComboBox::activated));
         QSignalSpy clicked(m_button, &QPushButton::clicked);
-        QCOMPARE(run("tab=features; expand=*; set=Width:640; "
-                     "set=Pixel Format:RGB 8; select=pixel format; press=save; "
-                     "search=exp; size=500x400; "
-                     "picture=%1"_s.arg(picture)),
-                 QString());
+        QCOMPARE(
+            run("tab=features; expand=*; set=Width:640; set=Pixel Format:RGB 8; select=pixel format; press=save; search=exp; size=500x400; picture=%1"_s
+                    .arg(picture)),
+            QString());
         QCOMPARE(m_tabs->currentIndex(), 1);
         QCOMPARE(pressed.size(), 1);
         QCOMPARE(m_tree->currentItem()->text(0), "Pixel Format"_s);

@@ -3,15 +3,11 @@
 // that was opened in that language shows, and no edit is lost.
 #include "CameraDescription.h"
 #include "basetools/ORXInterface.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -77,64 +73,43 @@ void switchLanguage(const OpenedWindow& window)
     QApplication::processEvents();
 }
 
-void showGroup(const OpenedWindow& window, const char* name)
-{
-    CFeatureGroupTreeView* groups = window.widget()->featureGroup(1)->groupView();
-    const auto* model = static_cast<CFeatureGroupModel*>(groups->model());
-    groups->OnChangedIndex(
-        model->groupIndex(0, window.tree()->propertyItemByName(QString::fromLatin1(name))));
-}
-
 } // namespace
 
-class TestLanguage : public GuardedTest
+class TestLanguage : public OpenedWindowTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override
+public:
+    TestLanguage()
+        : OpenedWindowTest(cameraDescription())
     {
-        m_host.serve(m_xml);
-        m_host.clearCalls();
-    }
-    void finish() override
-    {
-        m_host.setLatencyMs(0);
-        OB_FT_Release();
-        FakeHost::uninstall();
-        ORXInterface::setLanguage("ENG"_s);
     }
 
 private:
     // What a window shows that was opened in the language, with a row of a group selected.
     QStringList freshTexts(int language)
     {
-        OpenedWindow window(m_host, m_xml, language);
+        OpenedWindow window(*m_host, m_xml, language);
         prepareWindow(window);
         return textsOf(window.widget());
     }
     void prepareWindow(const OpenedWindow& window)
     {
         QVERIFY(window.waitForFirstRead());
-        showGroup(window, "AcquisitionControl");
+        window.showGroup("AcquisitionControl");
         select(window, "ExposureTime");
         QTRY_VERIFY(editor(window, "Width"));
         QApplication::processEvents();
     }
     void select(const OpenedWindow& window, const char* name) const
     {
-        ORXFeatureTreeView* view = window.tree()->treeView();
-        view->setCurrentIndex(view->treeModel()->indexFromItem(
-            window.tree()->propertyItemByName(QString::fromLatin1(name)), 0));
+        window.view()->setCurrentIndex(
+            window.view()->treeModel()->indexFromItem(window.item(name), 0));
     }
     QWidget* editor(const OpenedWindow& window, const char* name) const
     {
-        return window.tree()->treeView()->editorOf(
-            window.tree()->propertyItemByName(QString::fromLatin1(name)));
+        return window.view()->editorOf(window.item(name));
     }
-
-    const QByteArray m_xml = cameraDescription();
-    FakeHost m_host;
 
 private slots:
     void switchedWindowShowsWhatAFreshOneShows_data()
@@ -150,7 +125,7 @@ private slots:
         const QStringList old = freshTexts(from);
         const QStringList expected = freshTexts(1 - from);
         QVERIFY(old != expected);
-        OpenedWindow window(m_host, m_xml, from);
+        OpenedWindow window(*m_host, m_xml, from);
         prepareWindow(window);
         switchLanguage(window);
         QCOMPARE(textsOf(window.widget()), expected);
@@ -161,8 +136,8 @@ private slots:
     void switchingWhileReading()
     {
         const QStringList expected = freshTexts(1);
-        m_host.setLatencyMs(5);
-        OpenedWindow window(m_host, m_xml, 0);
+        m_host->setLatencyMs(5);
+        OpenedWindow window(*m_host, m_xml, 0);
         QVERIFY(!window.tree()->HadUpdatedOnce());
         switchLanguage(window);
         QVERIFY(!window.tree()->HadUpdatedOnce());
@@ -172,7 +147,7 @@ private slots:
 
     void openPromptIsTranslated()
     {
-        OpenedWindow window(m_host, m_xml, 0);
+        OpenedWindow window(*m_host, m_xml, 0);
         QVERIFY(window.waitForFirstRead());
         QStringList english;
         QStringList switched;
@@ -198,13 +173,13 @@ private slots:
 
     void openMessageAndOverlayAreTranslated()
     {
-        OpenedWindow window(m_host, m_xml, 0);
+        OpenedWindow window(*m_host, m_xml, 0);
         QVERIFY(window.waitForFirstRead());
         const QString width = "Width"_s;
-        m_host.fail(width, 5);
+        m_host->fail(width, 5);
         MessageGuard::expectMessage(width); // the device layer's own line
         QVERIFY(!window.tree()->setFeatureValue("Integer"_s, width, 640));
-        m_host.fail(width, 0);
+        m_host->fail(width, 0);
         const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
         QVERIFY(box && box->isVisible());
         window.tree()->ShowLoadingFeatures(true, true);
@@ -238,9 +213,9 @@ private slots:
         QFETCH(QByteArray, feature);
         QFETCH(QString, typed);
         QFETCH(QString, written);
-        OpenedWindow window(m_host, m_xml, 0);
+        OpenedWindow window(*m_host, m_xml, 0);
         QVERIFY(window.waitForFirstRead());
-        showGroup(window, group.constData());
+        window.showGroup(group.constData());
         QTRY_VERIFY(editor(window, feature.constData()));
         QWidget* typedInto = editor(window, feature.constData());
         QTRY_VERIFY(typedInto->isEnabled());
@@ -255,9 +230,9 @@ private slots:
         QCOMPARE(line->text(), typed);
         switchLanguage(window);
         QCOMPARE(line->text(), typed);
-        QVERIFY(m_host.writes().isEmpty());
+        QVERIFY(m_host->writes().isEmpty());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        QTRY_COMPARE(m_host.writes(), QStringList(written));
+        QTRY_COMPARE(m_host->writes(), QStringList(written));
     }
 };
 

@@ -1,25 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraDescription.h"
-#include "device/OBDeviceControl.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
 
 #include <QPointer>
 #include <QPushButton>
 
-class TestORXMainFeatureWidget : public GuardedTest
+class TestORXMainFeatureWidget : public OpenedWindowTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override { m_host.serve(m_xml); }
-    void finish() override
+public:
+    TestORXMainFeatureWidget()
+        : OpenedWindowTest(cameraDescription())
     {
-        OB_FT_Release();
-        FakeHost::uninstall();
     }
 
 private:
@@ -28,19 +22,16 @@ private:
         return widget->findChild<ZELCustomDockTitleBar*>()->cTitleText();
     }
 
-    const QByteArray m_xml = cameraDescription();
-    FakeHost m_host;
-
 private slots:
     void unknownIndexesDoNothing()
     {
-        OpenedWindow window(m_host, m_xml);
+        OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
-        m_host.clearCalls();
+        m_host->clearCalls();
         window.widget()->OnToolBarBtnClicked(90);
-        QCOMPARE(m_host.count("invalidate"_s), 0);
+        QCOMPARE(m_host->count("invalidate"_s), 0);
         window.widget()->OnToolBarBtnClicked(94);
-        QCOMPARE(m_host.count("invalidate"_s), 1);
+        QCOMPARE(m_host->count("invalidate"_s), 1);
         const QString width = "Width"_s;
         QCOMPARE(window.widget()->getItemByName(width, ORXMainFeatureWidget::WholeTreeTab),
                  window.tree()->propertyItemByName(width));
@@ -55,23 +46,23 @@ private slots:
         ORXMainFeatureWidget::instance(nullptr)->onTabIndexChange(1);
         OB_FT_Release();
 
-        OpenedWindow window(m_host, m_xml);
+        OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
-        m_host.clearCalls();
+        m_host->clearCalls();
         window.widget()->onTabIndexChange(0);
         window.widget()->onTabIndexChange(4);
         window.widget()->onTabIndexChange(-1);
-        QCOMPARE(m_host.count("invalidate"_s), 0);
+        QCOMPARE(m_host->count("invalidate"_s), 0);
         // Coming back to the tree reads it anew.
         window.widget()->onTabIndexChange(1);
-        m_host.clearCalls();
+        m_host->clearCalls();
         window.widget()->onTabIndexChange(0);
-        QTRY_VERIFY(m_host.count("get Width"_s) > 0);
+        QTRY_VERIFY(m_host->count("get Width"_s) > 0);
     }
 
     void tabsWithoutContentAreDisabled()
     {
-        OpenedWindow window(m_host, m_xml);
+        OpenedWindow window(*m_host, m_xml);
         const auto tabs =
             window.widget()->findChildren<QPushButton*>(QRegularExpression("^FeatureTab\\d$"_s));
         QCOMPARE(tabs.size(), 4);
@@ -81,8 +72,8 @@ private slots:
 
     void titleIsTheUsersName()
     {
-        m_host.set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
-        OpenedWindow window(m_host, m_xml);
+        m_host->set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
+        OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
         QTRY_COMPARE(dockTitle(window.widget()), "left camera"_s);
         QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
@@ -92,9 +83,9 @@ private slots:
 
     void removedCameraLeavesAnEmptyWindow()
     {
-        OpenedWindow window(m_host, m_xml);
+        OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
-        const QPointer<ORXFeatureGroup> group = window.widget()->featureGroup(1);
+        const QPointer<ORXFeatureGroup> group = window.column();
         window.widget()->removeFeatureTree(1);
         QVERIFY(group.isNull());
         QCOMPARE(window.widget()->CurrentCameraID(), -1);
@@ -103,14 +94,14 @@ private slots:
         window.widget()->OnToolBarBtnClicked(94);
         window.widget()->onTabIndexChange(1);
         window.widget()->StartUpdateThread();
-        const qint64 calls = m_host.callCount();
+        const qint64 calls = m_host->callCount();
         QTest::qWait(50);
-        QCOMPARE(m_host.callCount(), calls);
+        QCOMPARE(m_host->callCount(), calls);
     }
 
     void tabTextsAreCut()
     {
-        OpenedWindow window(m_host, m_xml);
+        OpenedWindow window(*m_host, m_xml);
         const QString longText(60, QLatin1Char('w'));
         const QString cut = window.widget()->GetTabCutString(longText);
         QVERIFY(cut.size() < longText.size());

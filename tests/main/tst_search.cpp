@@ -3,13 +3,9 @@
 #include "CameraDescription.h"
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -34,20 +30,7 @@ public:
             qFatal("no first read");
         QApplication::processEvents();
     }
-    ORXFeatureGroup* column() const { return widget()->featureGroup(1); }
-    CFeatureGroupTreeView* groups() const { return column()->groupView(); }
-    const CFeatureGroupModel* groupModel() const
-    {
-        return static_cast<const CFeatureGroupModel*>(groups()->model());
-    }
     QLineEdit* box() const { return column()->findChild<QLineEdit*>("FeatureSearch"_s); }
-    ORXFeatureTreeView* view() const { return tree()->treeView(); }
-    QModelIndex group(const char* name) const
-    {
-        ORXPropertyTreeItem* item = tree()->propertyItemByName(QString::fromLatin1(name));
-        return groupModel()->groupIndex(0, item);
-    }
-    void showGroup(const char* name) const { groups()->OnChangedIndex(group(name)); }
     QString shownGroup() const { return nodeName(groups()->currentIndex()); }
     int hits(const char* name) const { return groupModel()->hitCount(group(name)); }
     // Names of the features in the rows that are not hidden.
@@ -74,42 +57,29 @@ public:
     }
 };
 
-QString chinese(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 } // namespace
 
-class TestSearch : public GuardedTest
+class TestSearch : public OpenedWindowTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override { m_host.serve(m_xml); }
-    void finish() override
+public:
+    TestSearch()
+        : OpenedWindowTest(cameraDescription())
     {
-        OB_FT_Release();
-        FakeHost::uninstall();
-        OBDeviceControl::SetUserLevel(1);
-        ORXInterface::setLanguage("ENG"_s);
     }
-
-private:
-    const QByteArray m_xml = cameraDescription();
-    FakeHost m_host;
 
 private slots:
     void hitsAreShownAndCounted()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         window.showGroup("AnalogControl");
         window.type("gain"_s);
         QCOMPARE(window.shown(), QStringList({"Gain"_s, "GainAuto"_s}));
         QCOMPARE(window.hits("AnalogControl"), 2);
         QCOMPARE(window.hits("AcquisitionControl"), 0);
         QCOMPARE(window.groupModel()->hitCount(), 4); // the common page shows both again
-        const ORXPropertyTreeItem* gain = window.tree()->propertyItemByName("Gain"_s);
+        const ORXPropertyTreeItem* gain = window.item("Gain");
         QVERIFY(gain->getHighlightSerachText().contains("Gain</span>"_s));
         QTest::keyClick(window.box(), Qt::Key_Escape);
         QCOMPARE(window.shown().size(), 3);
@@ -119,7 +89,7 @@ private slots:
 
     void turnsToTheGroupWithHitsAndBack()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         window.showGroup("DeviceControl");
         const QStringList before = window.shown();
         window.type("exposure"_s);
@@ -135,7 +105,7 @@ private slots:
 
     void staysWhereTheUserWent()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         window.showGroup("DeviceControl");
         window.type("a"_s);
         const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
@@ -148,9 +118,9 @@ private slots:
 
     void opensBranchesAndClosesThemAgain()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         window.showGroup("AnalogControl");
-        ORXPropertyTreeItem* item = window.tree()->propertyItemByName("BlackLevelControl"_s);
+        ORXPropertyTreeItem* item = window.item("BlackLevelControl");
         const QPersistentModelIndex branch = window.view()->treeModel()->indexFromItem(item, 0);
         window.view()->collapse(branch);
         window.type("gain"_s);
@@ -163,7 +133,7 @@ private slots:
 
     void saysWhenNothingMatches()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
         window.showGroup("DeviceControl");
         window.type("device"_s);
@@ -181,7 +151,7 @@ private slots:
 
     void sameTextIsNotSearchedAgain()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
         window.type("g"_s);
         window.box()->setText("  g "_s);
@@ -191,7 +161,7 @@ private slots:
 
     void keyboardReachesBoxAndHits()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         window.showGroup("DeviceControl");
         window.view()->setFocus();
         QTRY_VERIFY(window.view()->hasFocus());
@@ -225,12 +195,12 @@ private slots:
 
     void chineseNames()
     {
-        SearchedWindow window(m_host, m_xml, 1);
+        SearchedWindow window(*m_host, m_xml, 1);
         window.showGroup("DeviceControl");
-        window.type(chinese("\u66dd\u5149")); // exposure
+        window.type("\u66dd\u5149"_s); // exposure
         QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
-        const ORXPropertyTreeItem* item = window.tree()->propertyItemByName("ExposureTime"_s);
-        QVERIFY(item->getHighlightSerachText().contains(chinese("\u66dd\u5149</span>")));
+        const ORXPropertyTreeItem* item = window.item("ExposureTime");
+        QVERIFY(item->getHighlightSerachText().contains("\u66dd\u5149</span>"_s));
         // Node names are found in any language, English display names in English only.
         window.type("exposuretime"_s);
         QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
@@ -243,23 +213,21 @@ private slots:
 
     void searchTypedDuringTheFirstRead()
     {
-        m_host.setLatencyMs(5);
-        OpenedWindow window(m_host, m_xml);
-        ORXFeatureGroup* column = window.widget()->featureGroup(1);
-        auto* box = column->findChild<QLineEdit*>("FeatureSearch"_s);
+        m_host->setLatencyMs(5);
+        OpenedWindow window(*m_host, m_xml);
+        auto* box = window.column()->findChild<QLineEdit*>("FeatureSearch"_s);
         QVERIFY(!window.tree()->HadUpdatedOnce());
         // The display name, with its blank, comes with the read.
         QTest::keyClicks(box, "exposure time"_s);
-        QCOMPARE(column->groupView()->allHits(), 0);
+        QCOMPARE(window.groups()->allHits(), 0);
         QVERIFY(window.waitForFirstRead());
-        QTRY_COMPARE(column->groupView()->allHits(), 2); // the common page shows it again
-        QCOMPARE(nodeName(column->groupView()->currentIndex()), "AcquisitionControl"_s);
-        m_host.setLatencyMs(0);
+        QTRY_COMPARE(window.groups()->allHits(), 2); // the common page shows it again
+        QCOMPARE(nodeName(window.groups()->currentIndex()), "AcquisitionControl"_s);
     }
 
     void countsFollowTheUserLevel()
     {
-        SearchedWindow window(m_host, m_xml);
+        SearchedWindow window(*m_host, m_xml);
         window.type("exposure"_s);
         QCOMPARE(window.hits("AcquisitionControl"), 1);
         OBDeviceControl::SetUserLevel(0);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FeatureDescriptionIndex.h"
 #include "support/DescriptionBuilder.h"
+#include "support/LoadedDescription.h"
 #include "support/TestMain.h"
 
 #include <QDomDocument>
@@ -25,14 +26,7 @@ FeatureDescriptionIndex indexOf(const QString& elements, const QStringList& item
     QDomDocument document;
     document.setContent(wrap(elements));
     FeatureDescriptionIndex index;
-    index.GenerateDomElementMap(document.documentElement());
-    index.setItemNames(items);
-    index.ResetFeaturesInvalidatorMap();
-    index.GenerateFeaturePValueList();
-    index.GenerateFeaturePairList();
-    index.GenerateFeaturesTLParamsLocked();
-    index.GeneratePSelectedList();
-    index.GenerateFeatureNoCacheList();
+    fillIndex(index, document, [&] { return items; });
     return index;
 }
 

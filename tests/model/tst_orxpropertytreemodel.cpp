@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "api/ApplicationSetup.h"
 #include "basetools/ORXInterface.h"
-#include "model/CTreeCustomWaterMarkItemValue.h"
-#include "model/CTreeFloatItemValue.h"
 #include "model/CTreeItemValue.h"
 #include "model/IFeatureValueWriter.h"
 #include "model/ORXPropertyTreeModel.h"

@@ -101,14 +101,13 @@ private slots:
         CTreeIntergerItemValue integer;
         integer.setNumbers({5, 1, 9, 2});
         integer.setRepresentation("HexNumber"_s);
-        QCOMPARE(integer.createCurrentStauts(true),
-                 "ReadOnly:true;m_nValue:5; m_nMinValue:1; m_nMaxValue:9; "
-                 "m_nIncrement:2; NeedRecreateEditor:HexNumber"_s);
+        QCOMPARE(
+            integer.createCurrentStauts(true),
+            "ReadOnly:true;m_nValue:5; m_nMinValue:1; m_nMaxValue:9; m_nIncrement:2; NeedRecreateEditor:HexNumber"_s);
         CTreeFloatItemValue number;
         number.setNumbers({1.5F, 0.0F, 2.25F});
         QCOMPARE(number.createCurrentStauts(false),
-                 "ReadOnly:false;m_fValue:1.500; m_fMinValue:0.000; "
-                 "m_fMaxValue:2.250"_s);
+                 "ReadOnly:false;m_fValue:1.500; m_fMinValue:0.000; m_fMaxValue:2.250"_s);
         CTreeEnumationItemValue entry;
         entry.setNumber(3);
         entry.replaceEnumList({"On"_s, "Off"_s}, {}, {}, {});

@@ -3,7 +3,6 @@
 
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
-#include "main/PageTabBar.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "pages/ORXCommonFeature.h"

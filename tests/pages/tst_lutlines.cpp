@@ -31,6 +31,16 @@ QPoint pixelOf(const LUTPlot& plot, const LUTPoint& point)
     return plot.pixelOf(point).toPoint();
 }
 
+// A line of 1,024 points, each four times its index.
+template <typename Line>
+Line identityLine()
+{
+    Line line;
+    line.setRange(1024, 4095);
+    line.rebuildFrom(identity(1024));
+    return line;
+}
+
 LUTPlot plotOf(int points, int maxValue)
 {
     LUTPlot plot;
@@ -43,6 +53,9 @@ LUTPlot plotOf(int points, int maxValue)
 class TestLutLines : public GuardedTest
 {
     Q_OBJECT
+
+private:
+    const LUTPlot m_plot = plotOf(1024, 4095);
 
 private slots:
     void foldPointsStandBeforeTheQuarters_data()
@@ -91,11 +104,8 @@ private slots:
     void pressTakesAFoldPoint()
     {
         QFETCH(QPoint, pixel);
-        const LUTPlot plot = plotOf(1024, 4095);
-        LUTFoldLine line;
-        line.setRange(1024, 4095);
-        line.rebuildFrom(identity(1024));
-        QTEST(line.press(pixel, plot) ? line.selected() : -1, "taken");
+        auto line = identityLine<LUTFoldLine>();
+        QTEST(line.press(pixel, m_plot) ? line.selected() : -1, "taken");
         if (line.isDragging() && line.selected() % 4 != 0) {
             // At once moved to the pressed index, on the line.
             const int index = pixel.x() * 1024 / 240;
@@ -106,51 +116,42 @@ private slots:
 
     void foldPointGoesWhereItIsDropped()
     {
-        const LUTPlot plot = plotOf(1024, 4095);
-        LUTFoldLine line;
-        line.setRange(1024, 4095);
-        line.rebuildFrom(identity(1024));
-        QVERIFY(line.press({120, 120}, plot));
-        QVERIFY(line.release({200, 60}, plot)); // another column: the index stays
+        auto line = identityLine<LUTFoldLine>();
+        QVERIFY(line.press({120, 120}, m_plot));
+        QVERIFY(line.release({200, 60}, m_plot)); // another column: the index stays
         QCOMPARE(line.handles().at(2), (LUTPoint{512, 3071}));
         QCOMPARE(line.valueAt(512), 3071);
         QCOMPARE(line.valueAt(255), 1020);
         // Halfway between point 1 (255, 1020) and point 2 (512, 3071).
         QCOMPARE(line.valueAt(383), 1020 + int(std::lround(2051.0 * 128 / 257)));
-        QVERIFY(!line.release({120, 0}, plot));
+        QVERIFY(!line.release({120, 0}, m_plot));
         QCOMPARE(line.valueAt(512), 3071);
     }
 
     void dropOutsideGivesThePointBack()
     {
-        const LUTPlot plot = plotOf(1024, 4095);
-        LUTFoldLine line;
-        line.setRange(1024, 4095);
-        line.rebuildFrom(identity(1024));
-        QVERIFY(line.press({0, 239}, plot));
-        QVERIFY(line.drag({0, 100}, plot));
+        auto line = identityLine<LUTFoldLine>();
+        QVERIFY(line.press({0, 239}, m_plot));
+        QVERIFY(line.drag({0, 100}, m_plot));
         QVERIFY(line.valueAt(0) > 2000);
-        line.release({0, 300}, plot);
+        line.release({0, 300}, m_plot);
         QVERIFY(!line.isDragging());
         QCOMPARE(line.boundedTable(), identity(1024));
     }
 
     void outerPointKeepsItsIndex()
     {
-        const LUTPlot plot = plotOf(1024, 4095);
-        LUTFoldLine fold;
-        LUTSmoothCurve curve;
+        auto fold = identityLine<LUTFoldLine>();
+        auto curve = identityLine<LUTSmoothCurve>();
         for (LUTLine* line : {static_cast<LUTLine*>(&fold), static_cast<LUTLine*>(&curve)}) {
-            line->setRange(1024, 4095);
-            line->rebuildFrom(identity(1024));
-            QVERIFY(line->press({0, 239}, plot));
-            line->release({60, 180}, plot);
+            QVERIFY(line->press({0, 239}, m_plot));
+            line->release({60, 180}, m_plot);
             QCOMPARE(line->handles().first(), (LUTPoint{0, 1024}));
-            QVERIFY(line->press({240, 0}, plot));
-            line->release({250, 240}, plot); // beside the plot, where it can be taken as well
+            QVERIFY(line->press({240, 0}, m_plot));
+            line->release({250, 240}, m_plot); // beside the plot, where it can be taken as well
             QCOMPARE(line->handles().last(), (LUTPoint{1023, 0}));
-            QVERIFY(line->press({240, 240}, plot));
-            line->release({251, 0}, plot);
+            QVERIFY(line->press({240, 240}, m_plot));
+            line->release({251, 0}, m_plot);
             QCOMPARE(line->handles().last(), (LUTPoint{1023, 0}));
         }
     }
@@ -180,18 +181,17 @@ private slots:
     {
         QFETCH(QPoint, from);
         QFETCH(QPoint, to);
-        const LUTPlot plot = plotOf(1024, 4095);
         LUTFreeLine line;
         line.setRange(1024, 4095);
         line.ClearFreePoints();
         const LUTPoints before = line.boundedTable();
-        QVERIFY(line.press(from, plot));
-        QVERIFY(line.drag(to, plot));
-        QVERIFY(line.release(to, plot));
-        QVERIFY(!line.drag({120, 0}, plot));
-        const auto placed = [&plot](const QPoint& pixel) {
+        QVERIFY(line.press(from, m_plot));
+        QVERIFY(line.drag(to, m_plot));
+        QVERIFY(line.release(to, m_plot));
+        QVERIFY(!line.drag({120, 0}, m_plot));
+        const auto placed = [this](const QPoint& pixel) {
             const QPoint inside = LUTPlot::bounded(pixel);
-            return LUTPoint{qMin(1023, inside.x() * 1024 / 240), plot.valueAt(inside.y())};
+            return LUTPoint{qMin(1023, inside.x() * 1024 / 240), m_plot.valueAt(inside.y())};
         };
         LUTPoint a = placed(from);
         LUTPoint b = placed(to);
@@ -248,48 +248,41 @@ private slots:
 
     void controlPointsComeAndGo()
     {
-        const LUTPlot plot = plotOf(1024, 4095);
-        LUTSmoothCurve curve;
-        curve.setRange(1024, 4095);
-        curve.rebuildFrom(identity(1024));
+        auto curve = identityLine<LUTSmoothCurve>();
         const LUTPoints before = curve.handles();
-        QVERIFY(curve.addPoint({30, 60}, plot));
+        QVERIFY(curve.addPoint({30, 60}, m_plot));
         QCOMPARE(curve.handles().size(), before.size() + 1);
         QCOMPARE(curve.handles().at(1), (LUTPoint{128, 3071}));
         QCOMPARE(curve.valueAt(128), 3071);
-        QVERIFY(!curve.addPoint({33, 62}, plot)); // too near to it
+        QVERIFY(!curve.addPoint({33, 62}, m_plot)); // too near to it
         // Its own table brings nothing new: the added point stays.
         curve.rebuildFrom(curve.boundedTable());
         QCOMPARE(curve.handles().size(), before.size() + 1);
-        QVERIFY(curve.press({30, 60}, plot));
-        curve.release({30, 60}, plot);
+        QVERIFY(curve.press({30, 60}, m_plot));
+        curve.release({30, 60}, m_plot);
         QVERIFY(curve.removeSelected());
         QCOMPARE(curve.handles(), before);
         QCOMPARE(curve.boundedTable(), identity(1024));
-        QVERIFY(curve.press({0, 239}, plot));
+        QVERIFY(curve.press({0, 239}, m_plot));
         QVERIFY(!curve.removeSelected());
         for (int x = 1; x < 240; ++x)
-            curve.addPoint({x, x % 2 ? 20 : 220}, plot);
+            curve.addPoint({x, x % 2 ? 20 : 220}, m_plot);
         QCOMPARE(curve.handles().size(), LUTSmoothCurve::kMostControls);
     }
 
     void controlPointStaysBetweenItsNeighbours()
     {
-        const LUTPlot plot = plotOf(1024, 4095);
-        LUTSmoothCurve curve;
-        curve.setRange(1024, 4095);
-        curve.rebuildFrom(identity(1024));
-        QVERIFY(curve.press(pixelOf(plot, curve.handles().at(2)), plot));
-        curve.release({235, 120}, plot);
+        auto curve = identityLine<LUTSmoothCurve>();
+        QVERIFY(curve.press(pixelOf(m_plot, curve.handles().at(2)), m_plot));
+        curve.release({235, 120}, m_plot);
         QCOMPARE(curve.handles().at(2), (LUTPoint{766, 2048}));
-        QVERIFY(curve.press(pixelOf(plot, curve.handles().at(2)), plot));
-        curve.release({1, 120}, plot);
+        QVERIFY(curve.press(pixelOf(m_plot, curve.handles().at(2)), m_plot));
+        curve.release({1, 120}, m_plot);
         QCOMPARE(curve.handles().at(2), (LUTPoint{256, 2048}));
     }
 
     void importedTableIsExactUntilAnEdit()
     {
-        const LUTPlot plot = plotOf(1024, 4095);
         const LUTPoints wild = table(1024, [](int i) { return (i * 37) % 4096; });
         LUTFoldLine fold;
         LUTSmoothCurve curve;
@@ -301,8 +294,8 @@ private slots:
             QCOMPARE(line->boundedTable(), wild);
         }
         // An edit needs the line's own shape again.
-        QVERIFY(fold.press({0, 239}, plot));
-        fold.release({0, 0}, plot);
+        QVERIFY(fold.press({0, 239}, m_plot));
+        fold.release({0, 0}, m_plot);
         QCOMPARE(fold.valueAt(0), 4095);
         QCOMPARE(fold.valueAt(255), wild.at(255).value);
         QCOMPARE(fold.valueAt(100), LUTTable::between({0, 4095}, wild.at(255), 100));
@@ -327,9 +320,7 @@ private slots:
         QFETCH(int, number);
         QFETCH(int, indexStep);
         QFETCH(int, valueStep);
-        LUTFoldLine line;
-        line.setRange(1024, 4095);
-        line.rebuildFrom(identity(1024));
+        auto line = identityLine<LUTFoldLine>();
         QVERIFY(line.moveSelected(0, 1)); // selects the first point and moves nothing
         QCOMPARE(line.boundedTable(), identity(1024));
         line.selectNeighbour(number);

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraError.h"
 #include "basetools/ORXInterface.h"
-#include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeCustomCCMItemValue.h"
 #include "pages/DemoPageTest.h"
 #include "pages/ORXCCMUpdateThread.h"
 #include "pages/ORXCCMWidget.h"
 #include "pages/ORXRWCCMValue.h"
+#include "pages/SettingsFile.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "tree/QPropertyLineEdit.h"
 #include "tree/TestPage.h"
 
-#include <QDir>
 #include <QTimer>
 
 namespace {
@@ -21,22 +20,26 @@ using Item = ORXPropertyTreeItem;
 constexpr char kTransformation[] = "ColorTransformationEnable";
 constexpr char kSelector[] = "ColorTransformationValueSelector";
 constexpr char kValue[] = "ColorTransformationValue";
-const QString kDemoSerial = "DEMO000001"_s;
+const SettingsFile kFile{"DEMO000001"_s};
 
-} // namespace
+// Makes of two items a matrix and its switch, as a page does it.
+CTreeCustomCCMItemValue* tie(Item& item, Item& enable)
+{
+    enable.setTagName("Boolean"_s);
+    item.setTagName("CustomTagNameCCM"_s);
+    auto* value = static_cast<CTreeCustomCCMItemValue*>(item.value());
+    value->m_lCameraID = 1;
+    value->m_pEnableItem = &enable;
+    return value;
+}
 
-// The widget over items as a page makes them.
+// The widget over such items.
 class Matrix
 {
 public:
     explicit Matrix(CTreeCustomCCMItemValue::State state)
     {
-        enable.setTagName("Boolean"_s);
-        item.setTagName("CustomTagNameCCM"_s);
-        auto* value = static_cast<CTreeCustomCCMItemValue*>(item.value());
-        value->m_nState = state;
-        value->m_lCameraID = 1;
-        value->m_pEnableItem = &enable;
+        tie(item, enable)->m_nState = state;
         widget = new ORXCCMWidget(&item, &window);
         widget->resize(360, 122);
         window.show();
@@ -78,6 +81,8 @@ public:
     QPointer<ORXCCMWidget> widget;
 };
 
+} // namespace
+
 class TestORXCCMWidget : public DemoPageTest
 {
     Q_OBJECT
@@ -85,33 +90,16 @@ class TestORXCCMWidget : public DemoPageTest
 protected:
     void prepare() override
     {
-        removeFiles();
+        SettingsFile::removeAll();
         DemoPageTest::prepare();
     }
     void finish() override
     {
         DemoPageTest::finish();
-        removeFiles();
+        SettingsFile::removeAll();
     }
 
 private:
-    static void removeFiles()
-    {
-        QDir(ORXInterface::userDataPath() + "/CCMList"_s).removeRecursively();
-    }
-    static void store(const QByteArray& content)
-    {
-        ORXRWCCMValue settings;
-        settings.createSetting(kDemoSerial);
-        QFile file(ORXRWCCMValue::fileOf(kDemoSerial));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-    static QByteArray stored()
-    {
-        QFile file(ORXRWCCMValue::fileOf(kDemoSerial));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
     void setCoefficient(const char* index, const char* value)
     {
         write(kSelector, index);
@@ -269,9 +257,8 @@ private slots:
 
     void failureInTheMiddleLeavesTheCameraAsItWas()
     {
-        MessageGuard::ignoreMessage(QtCriticalMsg,
-                                    "Reading the color correction matrix: coefficient 4 "
-                                    "cannot be read");
+        MessageGuard::ignoreMessage(
+            QtCriticalMsg, "Reading the color correction matrix: coefficient 4 cannot be read");
         write(kSelector, "7");
         write(kTransformation, "1");
         open();
@@ -344,11 +331,7 @@ private slots:
         openSwitchedOn();
         auto enable = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
         auto item = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
-        enable->setTagName("Boolean"_s);
-        item->setTagName("CustomTagNameCCM"_s);
-        auto* value = static_cast<CTreeCustomCCMItemValue*>(item->value());
-        value->m_lCameraID = 1;
-        value->m_pEnableItem = enable.get();
+        tie(*item, *enable);
         ORXCCMWidget widget(item.get(), nullptr);
         m_camera->forget();
         widget.updateData();
@@ -370,8 +353,8 @@ private slots:
         QTRY_COMPARE(matrix.texts().join(QLatin1Char(' ')),
                      "1.0000 0.0000 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 1.0000"_s);
         QVERIFY(!matrix.cell(0)->isEnabled());
-        QCOMPARE(stored(), QByteArray()); // made
-        store("[Common]\nCCMEnable=true\nCCMValue0=512\nCCMValue5=-1\n");
+        QCOMPARE(kFile.stored(), QByteArray()); // made
+        kFile.store("[Common]\nCCMEnable=true\nCCMValue0=512\nCCMValue5=-1\n");
         QVERIFY(matrix.read());
         QCOMPARE(matrix.cell(0)->text(), "0.5000"_s);
         QCOMPARE(matrix.cell(5)->text(), "-0.0010"_s);
@@ -384,14 +367,14 @@ private slots:
     void fileModeSwitchesTheFile()
     {
         open();
-        store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
+        kFile.store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
         Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
         matrix.userSwitches(true);
         QTRY_COMPARE(matrix.cell(0)->text(), "2.0000"_s);
-        QVERIFY(stored().contains("CCMEnable=true"));
-        QVERIFY(stored().contains("CCMValue0=2048"));
+        QVERIFY(kFile.stored().contains("CCMEnable=true"));
+        QVERIFY(kFile.stored().contains("CCMValue0=2048"));
         matrix.userSwitches(false);
-        QVERIFY(stored().contains("CCMEnable=false"));
+        QVERIFY(kFile.stored().contains("CCMEnable=false"));
         QTRY_VERIFY(!matrix.cell(0)->isEnabled());
     }
 
@@ -400,7 +383,7 @@ private slots:
         const QByteArray bad = "[Common]\nCCMEnable=true\nCCMValue3=abc\n";
         MessageGuard::expectMessage("Color correction settings"_s);
         open();
-        store(bad);
+        kFile.store(bad);
         Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
         matrix.widget->updateData();
         QTRY_COMPARE(shownMessage(), "The color correction settings cannot be used."_s);
@@ -408,7 +391,7 @@ private slots:
         QVERIFY(!matrix.cell(0)->isEnabled());
         matrix.userSwitches(true);
         QVERIFY(!matrix.isOn());
-        QCOMPARE(stored(), bad);
+        QCOMPARE(kFile.stored(), bad);
     }
 
     void delegateMakesTheEditor()
@@ -419,10 +402,7 @@ private slots:
         page.getRootItem(1, true);
         Item* item = page.getRootItem(1, false)->child(0)->child(0);
         Item enable(nullptr, Item::CommonPage);
-        enable.setTagName("Boolean"_s);
-        auto* value = static_cast<CTreeCustomCCMItemValue*>(item->value());
-        value->m_lCameraID = 1;
-        value->m_pEnableItem = &enable;
+        tie(*item, enable);
         page.open();
         auto* editor = page.editor<ORXCCMWidget>("CustomTagNameCCM"_s);
         QVERIFY(editor);

@@ -48,19 +48,17 @@ private slots:
     {
         const Rows<QByteArray, QStringList> row("group", "names");
         row("basic", "Custom_BasicGroup",
-            "AcquisitionFrameRateEnable AcquisitionFrameRate "
-            "ResultingFrameRate ExposureAuto ExposureTime GainAuto Gain "
-            "Width Height PixelFormat TestPattern DigitalShift "
-            "AcquisitionLineRate AcquisitionLineRateEnable "
-            "ResultingLineRate");
+            "AcquisitionFrameRateEnable AcquisitionFrameRate ResultingFrameRate ExposureAuto "
+            "ExposureTime GainAuto Gain Width Height PixelFormat TestPattern DigitalShift "
+            "AcquisitionLineRate AcquisitionLineRateEnable ResultingLineRate");
         row("image signal processing", "Custom_ISPGroup",
-            "GammaEnable GammaSelector Gamma SharpnessEnable Sharpness Brightness HueEnable "
-            "Hue SaturationEnable Saturation BalanceWhiteAuto BalanceColorTemperatureMode "
-            "Custom_BalanceRatioSelector Custom_BalanceRatio Custom_BalanceCommand "
-            "ShadingSelector ActivateShading FPNCUserEnable PRNUCUserEnable");
+            "GammaEnable GammaSelector Gamma SharpnessEnable Sharpness Brightness HueEnable Hue "
+            "SaturationEnable Saturation BalanceWhiteAuto BalanceColorTemperatureMode "
+            "Custom_BalanceRatioSelector Custom_BalanceRatio Custom_BalanceCommand ShadingSelector "
+            "ActivateShading FPNCUserEnable PRNUCUserEnable");
         row("transport layer", "Custom_TransportLayerGroup",
-            "GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "
-            "ClConfiguration DeviceConnectionConfig DeviceConnectionConfigDefault");
+            "GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry ClConfiguration "
+            "DeviceConnectionConfig DeviceConnectionConfigDefault");
     }
 
     void groupsHoldTheirFeatures()

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraError.h"
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
 #include "pages/DemoPageTest.h"

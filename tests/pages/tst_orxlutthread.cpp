@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The worker that carries look-up tables: whole tables, cameras that fail, stopping, order of jobs.
-#include "device/OBDeviceControl.h"
 #include "pages/LutCamera.h"
 #include "pages/ORXLUTThread.h"
 #include "support/TestMain.h"
@@ -18,14 +17,6 @@ LUTPoints squares(int points)
     for (int i = 0; i < points; ++i)
         result.append({i, (i * i) % 4096});
     return result;
-}
-
-QVector<int> valuesOf(const LUTPoints& points)
-{
-    QVector<int> values;
-    for (const LUTPoint& point : points)
-        values.append(point.value);
-    return values;
 }
 
 // What the worker said, received on the GUI thread as the widget receives it. A QSignalSpy would be
@@ -337,11 +328,7 @@ private slots:
         QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, squares(kPoints)));
         QTRY_VERIFY(m_camera->isHolding());
         // The call returns once the destructor has been waiting for it for a second.
-        std::thread host([this] {
-            while (!MessageGuard::contains("LUT: waiting for a call of the host to return"_s))
-                std::this_thread::yield();
-            m_camera->release();
-        });
+        std::thread host([this] { m_camera->releaseWhenAwaited(); });
         m_said.reset();
         m_thread.reset();
         host.join();

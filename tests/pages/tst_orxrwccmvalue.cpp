@@ -1,32 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "pages/ORXCCMWidget.h"
 #include "pages/ORXRWCCMValue.h"
+#include "pages/SettingsFile.h"
 #include "support/FakeHost.h"
 #include "support/TestMain.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
 namespace {
 
 const QString kName = "SN 1"_s;
-
-void store(const QByteArray& content)
-{
-    QDir().mkpath(QFileInfo(ORXRWCCMValue::fileOf(kName)).path());
-    QFile file(ORXRWCCMValue::fileOf(kName));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-QByteArray stored()
-{
-    QFile file(ORXRWCCMValue::fileOf(kName));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
+const SettingsFile kFile{kName};
 
 } // namespace
 
@@ -35,19 +18,11 @@ class TestORXRWCCMValue : public GuardedTest
     Q_OBJECT
 
 protected:
-    void prepare() override { removeFolder(); }
+    void prepare() override { SettingsFile::removeAll(); }
     void finish() override
     {
-        removeFolder();
+        SettingsFile::removeAll();
         FakeHost::uninstall();
-    }
-
-private:
-    static QString folder() { return ORXInterface::userDataPath() + "/CCMList"_s; }
-    static void removeFolder()
-    {
-        QFile::remove(folder());
-        QDir(folder()).removeRecursively();
     }
 
 private slots:
@@ -56,8 +31,8 @@ private slots:
         QVERIFY(!ORXRWCCMValue::exists(kName));
         ORXRWCCMValue settings;
         QVERIFY(settings.createSetting(kName));
-        QCOMPARE(settings.fileName(), folder() + "/CCMList_SN 1.ini"_s);
-        QCOMPARE(stored(), QByteArray());
+        QCOMPARE(settings.fileName(), SettingsFile::folder() + "/CCMList_SN 1.ini"_s);
+        QCOMPARE(kFile.stored(), QByteArray());
         QVERIFY(!settings.content().enabled);
         QCOMPARE(settings.content().values,
                  (ORXRWCCMValue::Coefficients{1024, 0, 0, 0, 1024, 0, 0, 0, 1024}));
@@ -66,10 +41,10 @@ private slots:
     void coefficientsCountOnlyWhenOn()
     {
         int values[ORXRWCCMValue::kCoefficients] = {7, 7, 7, 7, 7, 7, 7, 7, 7};
-        store("[Common]\nCCMEnable=false\nCCMValue1=-300\n");
+        kFile.store("[Common]\nCCMEnable=false\nCCMValue1=-300\n");
         QVERIFY(!ORXCCMWidget::getSDKCCMEnable(kName, values));
         QCOMPARE(values[1], 7);
-        store("[Common]\nCCMEnable=true\nCCMValue1=-300\nCCMValue8=2048\n");
+        kFile.store("[Common]\nCCMEnable=true\nCCMValue1=-300\nCCMValue8=2048\n");
         QVERIFY(ORXCCMWidget::getSDKCCMEnable(kName, values));
         const int wanted[] = {1024, -300, 0, 0, 1024, 0, 0, 0, 2048};
         for (int i = 0; i < ORXRWCCMValue::kCoefficients; ++i)
@@ -78,7 +53,7 @@ private slots:
 
     void switchingKeepsWhatTheHostWrote()
     {
-        store("[Common]\nCCMValue2=512\n[Host]\nNote=mine\n");
+        kFile.store("[Common]\nCCMValue2=512\n[Host]\nNote=mine\n");
         ORXRWCCMValue settings;
         QVERIFY(settings.createSetting(kName));
         QVERIFY(settings.writeEnable(true));
@@ -86,8 +61,8 @@ private slots:
         QVERIFY(again.createSetting(kName));
         QVERIFY(again.content().enabled);
         QCOMPARE(again.content().values[2], 512);
-        QVERIFY(stored().contains("Note=mine"));
-        QVERIFY(!stored().contains("CCMValue0"));
+        QVERIFY(kFile.stored().contains("Note=mine"));
+        QVERIFY(!kFile.stored().contains("CCMValue0"));
     }
 
     void badFileIsLeftAlone_data()
@@ -109,7 +84,7 @@ private slots:
     void badFileIsLeftAlone()
     {
         QFETCH(QByteArray, content);
-        store(content);
+        kFile.store(content);
         ORXRWCCMValue settings;
         QVERIFY(!settings.createSetting(kName));
         QVERIFY(!settings.fault().isEmpty());
@@ -117,12 +92,12 @@ private slots:
         int values[ORXRWCCMValue::kCoefficients] = {};
         QVERIFY(!ORXCCMWidget::getSDKCCMEnable(kName, values));
         QCOMPARE(values[0], 0);
-        QCOMPARE(stored(), content);
+        QCOMPARE(kFile.stored(), content);
     }
 
     void folderThatCannotBeMade()
     {
-        QFile blocker(folder());
+        QFile blocker(SettingsFile::folder());
         QVERIFY(blocker.open(QIODevice::WriteOnly));
         ORXRWCCMValue settings;
         QVERIFY(!settings.createSetting(kName));

@@ -3,7 +3,6 @@
 #include "device/OBDeviceControl.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "pages/DemoPageTest.h"
-#include "pages/ORXTriggerFeature.h"
 #include "support/Periods.h"
 
 namespace {
@@ -37,19 +36,16 @@ private slots:
     {
         const Rows<QByteArray, QStringList> row("group", "names");
         row("trigger", "Custom_Trigger",
-            "TriggerSelector TriggerMode TriggerSource "
-            "TriggerActivation TriggerDelay Custom_AutoTrigTime "
-            "Custom_EnableAutoTrig TriggerSoftware");
+            "TriggerSelector TriggerMode TriggerSource TriggerActivation TriggerDelay "
+            "Custom_AutoTrigTime Custom_EnableAutoTrig TriggerSoftware");
         row("lines", "Custom_IOControl",
-            "LineSelector LineMode LineDebouncerTime LineSource "
-            "HardwareTriggerSource HardwareTriggerActivation "
-            "LineTriggerSoftware StrobeEnable StrobeLineDuration "
+            "LineSelector LineMode LineDebouncerTime LineSource HardwareTriggerSource "
+            "HardwareTriggerActivation LineTriggerSoftware StrobeEnable StrobeLineDuration "
             "StrobeLineDelay StrobeLinePreDelay");
         row("encoder", "Custom_EncoderControl",
-            "EncoderSelector EncoderSourceA EncoderSourceB "
-            "EncoderOutputMode EncoderCounterMode EncoderCounter "
-            "EncoderCounterMax EncoderCounterReset "
-            "EncoderMaxReverseCounter EncoderReverseCounterReset");
+            "EncoderSelector EncoderSourceA EncoderSourceB EncoderOutputMode EncoderCounterMode "
+            "EncoderCounter EncoderCounterMax EncoderCounterReset EncoderMaxReverseCounter "
+            "EncoderReverseCounterReset");
         row("frequency converter", "Custom_FrequencyConverterControl",
             "InputSource PreDivider Multiplier PostDivider");
     }

@@ -49,14 +49,6 @@ void dragMouse(QWidget* widget, const QVector<QPoint>& path)
     QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, path.last());
 }
 
-QVector<int> valuesOf(const LUTPoints& points)
-{
-    QVector<int> values;
-    for (const LUTPoint& point : points)
-        values.append(point.value);
-    return values;
-}
-
 } // namespace
 
 class TestQLutDrawWidget : public GuardedTest
@@ -324,33 +316,32 @@ private slots:
         QCOMPARE(file.readAll(), QByteArray("mine"));
     }
 
-    void unpluggedWhileLoading()
+    void unplugged_data()
     {
-        MessageGuard::expectMessage("Read Feature Failed"_s);
-        MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: reading failed after 500 of 1024 points");
-        const LUTPoints before = m_widget->GetSettinngPoints();
-        m_camera->unplugAtCall(m_camera->calls() + 2 + 2 * 500 + 1);
-        m_widget->LoadFromCamera();
-        QVERIFY(waitForEnd());
-        QCOMPARE(message(), "Loading from camera failed after 500 of 1024 points. "
-                            "The curve is unchanged."_s);
-        QCOMPARE(hint(), 3);
-        QCOMPARE(m_widget->GetSettinngPoints(), before);
-        QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
+        const Rows<bool, QString> row("set", "message");
+        row("while loading", false,
+            "Loading from camera failed after 500 of 1024 points. The curve is unchanged.");
+        row("while setting", true, "Only 500 of 1024 points were applied to the camera.");
     }
 
-    void unpluggedWhileSetting()
+    void unplugged()
     {
+        QFETCH(bool, set);
         MessageGuard::expectMessage("Read Feature Failed"_s);
         MessageGuard::expectMessage("LUT: "_s);
         const LUTPoints before = m_widget->GetSettinngPoints();
-        m_camera->unplugAtCall(m_camera->calls() + 2 * 500 + 1);
-        m_widget->SetToCamera();
+        // Loading begins with two reads of the limits.
+        m_camera->unplugAtCall(m_camera->calls() + (set ? 0 : 2) + 2 * 500 + 1);
+        if (set)
+            m_widget->SetToCamera();
+        else
+            m_widget->LoadFromCamera();
         QVERIFY(waitForEnd());
-        QCOMPARE(message(), "Only 500 of 1024 points were applied to the camera."_s);
+        QTEST(message(), "message");
         QCOMPARE(hint(), 3);
-        QCOMPARE(m_camera->written().size(), 500);
+        QCOMPARE(m_camera->written().size(), set ? 500 : 0);
         QCOMPARE(m_widget->GetSettinngPoints(), before);
+        QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
     }
 
     void closingTheWindowEndsTheTransfer()
@@ -366,8 +357,9 @@ private slots:
         m_camera->release();
         QVERIFY(waitForEnd());
         QCOMPARE(m_camera->written().size(), 300);
-        QCOMPARE(message(), "Applying to camera was stopped after 300 of 1024 points. "
-                            "The table in the camera is incomplete."_s);
+        QCOMPARE(
+            message(),
+            "Applying to camera was stopped after 300 of 1024 points. The table in the camera is incomplete."_s);
         QCOMPARE(hint(), 2);
     }
 
@@ -419,11 +411,7 @@ private slots:
             m_widget->LoadFromCamera();
         QTRY_VERIFY(m_camera->isHolding());
         // The host's call comes back once the destructor waits for it.
-        std::thread host([this] {
-            while (!MessageGuard::contains("LUT: waiting for a call of the host to return"_s))
-                std::this_thread::yield();
-            m_camera->release();
-        });
+        std::thread host([this] { m_camera->releaseWhenAwaited(); });
         const int calls = m_camera->calls();
         m_window.reset();
         host.join();

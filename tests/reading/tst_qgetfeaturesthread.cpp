@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
-#include "model/CTreeIntergerItemValue.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
 #include "support/DescriptionBuilder.h"

@@ -3,7 +3,6 @@
 #include "styledctl/ZELCustomMainWindow.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomTitleBar.h"
-#include "styledctl/ZELCustomWidget.h"
 #include "support/TestMain.h"
 
 #include <QMouseEvent>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/ZELCustomMessageBox.h"
 #include "styledctl/ZELCustomPushButton.h"
+#include "support/BracketTranslator.h"
 #include "support/TestMain.h"
 
 #include <QLabel>
@@ -8,21 +9,6 @@
 #include <QSignalSpy>
 #include <QTextEdit>
 #include <QTimer>
-#include <QTranslator>
-
-namespace {
-
-class BracketTranslator : public QTranslator
-{
-public:
-    QString translate(const char*, const char* text, const char*, int) const override
-    {
-        return "[%1]"_s.arg(QLatin1String(text));
-    }
-    bool isEmpty() const override { return false; }
-};
-
-} // namespace
 
 class TestZELCustomMessageBox : public GuardedTest
 {
@@ -132,8 +118,9 @@ private slots:
         BracketTranslator translator;
         QCoreApplication::installTranslator(&translator);
         QCoreApplication::sendPostedEvents();
-        QCOMPARE(standard.cCaption(), "[Prompt]"_s);
-        QCOMPARE(standard.cButton(ZELCustomMessageBox::Result_Cancel)->text(), "[Cancel]"_s);
+        QCOMPARE(standard.cCaption(), "[ZELCustomMessageBox|Prompt]"_s);
+        QCOMPARE(standard.cButton(ZELCustomMessageBox::Result_Cancel)->text(),
+                 "[ZELCustomMessageBox|Cancel]"_s);
         QCOMPARE(named.cCaption(), "Mine"_s);
         QCoreApplication::removeTranslator(&translator);
     }

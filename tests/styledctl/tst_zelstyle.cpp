@@ -24,6 +24,15 @@ namespace {
 
 using Make = std::function<QWidget*()>;
 
+// A control of numbers, in the middle of its range.
+template <typename Control>
+QWidget* halfway()
+{
+    auto* control = new Control;
+    control->setValue(50);
+    return control;
+}
+
 // A window with the control and something else that can take the focus.
 struct Stage
 {
@@ -75,33 +84,17 @@ class TestZELStyle : public GuardedTest
 private:
     void controls()
     {
-        QTest::addColumn<Make>("make");
-        QTest::newRow("combo box") << Make([] {
+        const Rows<Make> row("make");
+        row("combo box", [] {
             auto* box = new ZELCustomComboBox;
             box->addItems({"a"_s, "b"_s, "c"_s});
             box->setCurrentIndex(1);
             return box;
         });
-        QTest::newRow("spin box") << Make([] {
-            auto* box = new ZELCustomSpinBox;
-            box->setValue(50);
-            return box;
-        });
-        QTest::newRow("spin box 64") << Make([] {
-            auto* box = new ZELCustomSpinBox64;
-            box->setValue(50);
-            return box;
-        });
-        QTest::newRow("double spin box") << Make([] {
-            auto* box = new ZELCustomDoubleSpinBox;
-            box->setValue(50);
-            return box;
-        });
-        QTest::newRow("slider") << Make([] {
-            auto* slider = new ZELCustomSlider(Qt::Horizontal);
-            slider->setValue(50);
-            return slider;
-        });
+        row("spin box", &halfway<ZELCustomSpinBox>);
+        row("spin box 64", &halfway<ZELCustomSpinBox64>);
+        row("double spin box", &halfway<ZELCustomDoubleSpinBox>);
+        row("slider", &halfway<ZELCustomSlider>);
     }
 
 private slots:

@@ -2,7 +2,6 @@
 #include "api/ApplicationSetup.h"
 #include "device/ORXListenTools.h"
 #include "styledctl/ZELCustomSlider.h"
-#include "styledctl/ZELCustomSpinBox.h"
 #include "support/TestMain.h"
 #include "tree/ORXPropertyComboBox.h"
 #include "tree/ORXPropertySpinBox.h"

@@ -2,7 +2,6 @@
 #include "api/ApplicationSetup.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "support/FakeHost.h"
 #include "support/TestMain.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"

@@ -42,9 +42,8 @@ QByteArray description()
     return wrap(
         category(q("Root"), words("Image Control")) +
         category(q("Image"), words("Width Height PixelFormat Gain ReverseX Note Detail")) +
-        category(q("Control"),
-                 words("AcquisitionStart UserSetLoad DeviceReset TriggerSoftware Counter "
-                       "RegionDisplaySelector DeviceUserID")) +
+        category(q("Control"), words("AcquisitionStart UserSetLoad DeviceReset TriggerSoftware "
+                                     "Counter RegionDisplaySelector DeviceUserID")) +
         node(q("Integer"), q("Width"), child(q("Description"), q("Columns of the image."))) +
         node(q("Integer"), q("Height"), child(q("pValue"), q("HeightReg"))) +
         node(q("MaskedIntReg"), q("HeightReg"), child(q("pInvalidator"), q("Width"))) +
@@ -575,17 +574,6 @@ private slots:
         }
         m_host.beforeGet = nullptr;
         QTRY_VERIFY(!m_tree);
-    }
-
-    void autoTrigger()
-    {
-        const auto fired = [this] { return m_host.writes().filter("TriggerSoftware"_s).size(); };
-        m_tree->SetAutoSoftwareTrig(true, 1);
-        QTRY_VERIFY(fired() >= 3);
-        m_tree->SetAutoSoftwareTrig(false, 0);
-        const int before = fired();
-        QCoreApplication::processEvents();
-        QCOMPARE(fired(), before);
     }
 
     void descriptionFollowsRowAndLanguage()

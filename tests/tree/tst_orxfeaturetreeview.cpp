@@ -7,7 +7,6 @@
 #include "support/TestMain.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/ORXPropertySpinBox.h"
-#include "tree/ORXPropertyTreeDelegate.h"
 #include "tree/QPropertyLineEdit.h"
 #include "tree/TestPage.h"
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "api/ApplicationSetup.h"
 #include "basetools/ORXInterface.h"
-#include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "model/CTreeFloatItemValue.h"
@@ -93,6 +92,12 @@ protected:
     }
 
 private:
+    static void tags()
+    {
+        const Rows<QString> row("tag");
+        for (const char* tag : kTags)
+            row.of(tag);
+    }
     void open(const QStringList& tags)
     {
         m_page->makeRoot = [this, tags] { return m_page->addGroupOfTags(tags); };
@@ -152,13 +157,7 @@ private slots:
         QCOMPARE(qobject_cast<QPropertyLineEdit*>(editor("Integer")) != nullptr, !typed);
     }
 
-    void fillingNeverCommits_data()
-    {
-        const Rows<QString> row("tag");
-        for (const char* tag : kTags)
-            row.of(tag);
-    }
-
+    void fillingNeverCommits_data() { tags(); }
     void fillingNeverCommits()
     {
         QFETCH(QString, tag);
@@ -586,13 +585,7 @@ private slots:
         QVERIFY(m_page->writes.isEmpty());
     }
 
-    void editorsStandInTheirCells_data()
-    {
-        const Rows<QString> row("tag");
-        for (const char* tag : kTags)
-            row.of(tag);
-    }
-
+    void editorsStandInTheirCells_data() { tags(); }
     void editorsStandInTheirCells()
     {
         QFETCH(QString, tag);

@@ -32,6 +32,9 @@ private slots:
     void acceptsOptions()
     {
         HostOptions options;
+        QVERIFY(parse({}, &options).run);
+        QCOMPARE(options.language, 0); // English
+        QCOMPARE(options.size, QSize(1280, 800));
         const auto outcome = parse(
             {"--xml"_s, file("camera.xml"), "--translations"_s, file("camera.xml"), "--language"_s,
              "zh"_s, "--size"_s, "640x480"_s, "--screenshot"_s, "a.png"_s, "--faults"_s,

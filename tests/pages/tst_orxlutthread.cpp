@@ -135,7 +135,7 @@ private slots:
 
     void sillyLimits_data()
     {
-        // highestValue: 0: nothing is read
+        // highestValue 0: nothing is read
         const Rows<qint64, qint64, QString, int> row("maximumIndex", "maximumValue", "line",
                                                      "highestValue");
         const qint64 huge = qint64(1) << 40;

@@ -203,7 +203,7 @@ private slots:
 
     void requestsMeetTheRunningPass_data()
     {
-        // passes: that end by themselves once the worker goes on
+        // passes that end by themselves once the worker goes on
         const Rows<int, int, bool, int> row("running", "wanted", "accepted", "passes");
         row("full, full", 0, 0, false, 1);
         row("full, polling", 0, 3, false, 1);

@@ -17,7 +17,7 @@ class TestZELCustomMessageBox : public GuardedTest
 private slots:
     void answers_data()
     {
-        // key: 0: close the window; negative: press the button -key
+        // key 0: close the window; negative: press the button -key
         const Rows<int, int, int> row("buttons", "key", "result");
         using Box = ZELCustomMessageBox;
         row("one, enter", 1, Qt::Key_Return, Box::Result_Ok);

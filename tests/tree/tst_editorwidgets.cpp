@@ -97,7 +97,7 @@ private slots:
 
     void sliderControlSnaps_data()
     {
-        // reported: -1: nothing
+        // reported -1: nothing
         const Rows<int, int, int> row("increment", "released", "reported");
         row("down onto the grid of the minimum", 4, 12, 11);
         row("on the grid", 4, 15, 15);

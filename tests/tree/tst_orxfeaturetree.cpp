@@ -397,7 +397,7 @@ private slots:
 
     void directRead_data()
     {
-        // value: empty: nothing is read
+        // empty value: nothing is read
         const Rows<QString, QString> row("name", "value");
         row("integer", "Width", "320");
         row("float", "Gain", "1.5000");

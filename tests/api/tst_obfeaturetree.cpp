@@ -2,17 +2,13 @@
 #include "OBFeatureTree/OBFeatureTree.h"
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
 
 #include <QApplication>
 #include <QSignalSpy>
 #include <QStyle>
-#include <QTimer>
 
 using namespace DescriptionBuilder;
 
@@ -27,237 +23,201 @@ QByteArray smallDescription()
 
 } // namespace
 
-class TestOBFeatureTree : public GuardedTest
+class TestOBFeatureTree : public OpenedWindowTest
 {
     Q_OBJECT
-private slots:
-    void functionsNeedInit();
-    void windowAsTheHostAskedForIt();
-    void firstReadFillsTheTree();
-    void secondRoundMakesANewWindow();
-    void initTwiceKeepsTheWindow();
-    void callbacksMayBeNull();
-    void closingTellsTheHostAndStopsReading();
-    void hostMayReleaseFromInsideACallback_data();
-    void hostMayReleaseFromInsideACallback();
-    void releaseWaitsForAHangingCall();
-    void languageIsTheHosts();
 
-protected:
-    void finish() override
+public:
+    TestOBFeatureTree()
+        : OpenedWindowTest(smallDescription())
     {
-        OB_FT_Release();
-        FakeHost::uninstall();
+    }
+
+private slots:
+    void functionsNeedInit()
+    {
+        QCOMPARE(OB_FT_SetDeviceInfo(nullptr), -1);
+        QCOMPARE(OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), -1);
+        QCOMPARE(OB_FT_SetWidgetSize(1, 1), -1);
+        QCOMPARE(OB_FT_SetTitleVisible(1), -1);
+        QCOMPARE(OB_FT_SetWidgetPosition(1, 1), -1);
+        QCOMPARE(OB_FT_Start(nullptr, 0), -1);
+        QCOMPARE(OB_FT_Close(), -1);
+        QCOMPARE(OB_FT_UpdateFeatures(), -1);
+        QCOMPARE(OB_FT_Release(), -1);
+        QVERIFY(MessageGuard::messages().isEmpty());
+        QCOMPARE(OB_FT_Init(nullptr, nullptr, nullptr), 0);
+        QCOMPARE(OB_FT_SetTitleVisible(0), 0);
+        QCOMPARE(OB_FT_Release(), 0);
+        QCOMPARE(OB_FT_SetTitleVisible(0), -1);
+    }
+
+    void windowAsTheHostAskedForIt()
+    {
+        QWidget parent;
+        OB_FT_Init(m_xml.constData(), nullptr, &parent);
+        QCOMPARE(ORXMainFeatureWidget::instance(nullptr)->parentWidget(), &parent);
+        OpenedWindow window(*m_host, m_xml);
+        ORXMainFeatureWidget* widget = window.widget();
+        QVERIFY(!widget->parentWidget());
+        QVERIFY(widget->isVisible());
+        QVERIFY(widget->windowFlags() & Qt::WindowStaysOnTopHint);
+        QCOMPARE(widget->size(), QSize(900, 700));
+        QCOMPARE(widget->pos(), QPoint(10, 10));
+        QCOMPARE(widget->cTitleText(), "Test camera"_s);
+        QCOMPARE(m_host->count("action 1"_s), 0);
+    }
+
+    void firstReadFillsTheTree()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        int filled = 0;
+        for (const ORXPropertyTreeItem* item : window.tree()->AllTreeItemsMap())
+            filled += item->value()->displayValue().isEmpty() ? 0 : 1;
+        QCOMPARE(filled, 60);
+        // A new user has no favourites: the first group with features is shown instead.
+        QTRY_COMPARE(window.groups()->currentIndex().data().toString(), "Category0"_s);
+        const QByteArray picture = qgetenv("OBFT_TEST_PICTURE");
+        if (!picture.isEmpty()) {
+            QTest::qWait(300);
+            window.widget()->grab().save(QString::fromLocal8Bit(picture));
+        }
+    }
+
+    void secondRoundMakesANewWindow()
+    {
+        const QByteArray first = wrap(category("Root"_s, {"A"_s}));
+        const QByteArray second = wrap(category("Root"_s, {"B"_s}));
+        {
+            OpenedWindow window(*m_host, first);
+            QVERIFY(window.tree()->propertyItemByName("A"_s));
+        }
+        const QStyle* style = QApplication::style();
+        OpenedWindow window(*m_host, second);
+        QVERIFY(window.tree()->propertyItemByName("B"_s));
+        QVERIFY(!window.tree()->propertyItemByName("A"_s));
+        QCOMPARE(QApplication::style(), style);
+    }
+
+    void initTwiceKeepsTheWindow()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        ORXMainFeatureWidget* widget = window.widget();
+        OBDeviceControl::GetFavoritesFeatureMap()->append({"Feature00001"_s, "Feature 1"_s});
+        QCOMPARE(OB_FT_Init("<Other/>", nullptr, nullptr), 0);
+        QVERIFY(MessageGuard::contains("called again without OB_FT_Release"_s));
+        QCOMPARE(window.widget(), widget);
+        QCOMPARE(OBDeviceControl::GetFavoritesFeatureMap()->size(), 1);
+        OBDeviceControl::GetFavoritesFeatureMap()->clear();
+        // The callbacks may be given again while the window reads.
+        OB_FT_UpdateFeatures();
+        OB_FT_SetCallBackFunc(FakeHost::getFeature, FakeHost::setFeature, FakeHost::getMode,
+                              FakeHost::invalidate, FakeHost::action, m_host.get());
+        QVERIFY(window.waitForFirstRead());
+        QVERIFY(window.tree()->propertyItemByName("Feature00001"_s));
+    }
+
+    void callbacksMayBeNull()
+    {
+        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
+        QCOMPARE(OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
+        QCOMPARE(OB_FT_Start(nullptr, 0), 0);
+        ORXFeatureTree* tree = ORXMainFeatureWidget::instance(nullptr)->featureTree(1, false);
+        QTRY_VERIFY(tree->HadUpdatedOnce());
+        QCOMPARE(OB_FT_UpdateFeatures(), 0);
+        QCOMPARE(OB_FT_Close(), 0);
+    }
+
+    void closingTellsTheHostAndStopsReading()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        QCOMPARE(OB_FT_Close(), 0);
+        QCOMPARE(m_host->count("action 1"_s), 1);
+        const qint64 calls = m_host->callCount();
+        QTest::qWait(150);
+        QCOMPARE(m_host->callCount(), calls);
+        window.widget()->hide();
+        QCOMPARE(m_host->count("action 1"_s), 2);
+        OB_FT_Start(nullptr, 0);
+        QTRY_VERIFY(m_host->callCount() > calls);
+        QVERIFY(window.waitForFirstRead());
+    }
+
+    void hostMayReleaseFromInsideACallback_data()
+    {
+        const Rows<bool> row("duringWrite");
+        row("while it writes", true);
+        row("when the window closes", false);
+    }
+
+    void hostMayReleaseFromInsideACallback()
+    {
+        QFETCH(bool, duringWrite);
+        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
+        OB_FT_SetCallBackFunc(
+            FakeHost::getFeature,
+            [](int type, char* name, char* value, void* user) {
+                OB_FT_Release();
+                return FakeHost::setFeature(type, name, value, user);
+            },
+            FakeHost::getMode, FakeHost::invalidate,
+            [](int, void*) {
+                OB_FT_Release();
+                return 0;
+            },
+            m_host.get());
+        OB_FT_SetWidgetSize(900, 700);
+        OB_FT_Start(nullptr, 0);
+        ORXMainFeatureWidget* widget = ORXMainFeatureWidget::instance(nullptr);
+        ORXFeatureTree* tree = widget->featureTree(1, false);
+        QTRY_VERIFY(tree->HadUpdatedOnce());
+        QSignalSpy destroyed(widget, &QObject::destroyed);
+        if (duringWrite) {
+            // A check box of the shown group: the click goes the whole road through the delegate.
+            ORXPropertyTreeItem* item = tree->propertyItemByName("Feature00012"_s);
+            QWidget* editor = nullptr;
+            QTRY_VERIFY((editor = tree->findChild<QWidget*>("Feature00012"_s)));
+            QVERIFY(item);
+            QTRY_VERIFY(editor->isEnabled());
+            QTest::mouseClick(editor, Qt::LeftButton);
+            QCOMPARE(m_host->writes().size(), 1);
+        } else {
+            OB_FT_Close();
+        }
+        QTRY_COMPARE(destroyed.count(), 1);
+        QCOMPARE(OB_FT_Close(), -1);
+    }
+
+    void releaseWaitsForAHangingCall()
+    {
+        std::atomic<bool> inside{false};
+        std::atomic<bool> returned{false};
+        m_host->beforeGet = [&](const QString& name) {
+            if (name != QLatin1String("Feature00005") || inside.exchange(true))
+                return;
+            QThread::msleep(1500);
+            returned = true;
+        };
+        {
+            OpenedWindow window(*m_host, m_xml);
+            QTRY_VERIFY(inside);
+        }
+        QVERIFY(returned);
+        QVERIFY(MessageGuard::contains("waiting for a call of the host to return"_s));
+    }
+
+    void languageIsTheHosts()
+    {
+        const QMap<int, QString> languages = {{0, "ENG"_s}, {1, "CH"_s}, {2, "ENG"_s}};
+        for (auto it = languages.cbegin(); it != languages.cend(); ++it) {
+            OpenedWindow window(*m_host, m_xml, it.key());
+            QCOMPARE(ORXInterface::language(), it.value());
+        }
     }
 };
-
-void TestOBFeatureTree::functionsNeedInit()
-{
-    QCOMPARE(OB_FT_SetDeviceInfo(nullptr), -1);
-    QCOMPARE(OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), -1);
-    QCOMPARE(OB_FT_SetWidgetSize(1, 1), -1);
-    QCOMPARE(OB_FT_SetTitleVisible(1), -1);
-    QCOMPARE(OB_FT_SetWidgetPosition(1, 1), -1);
-    QCOMPARE(OB_FT_Start(nullptr, 0), -1);
-    QCOMPARE(OB_FT_Close(), -1);
-    QCOMPARE(OB_FT_UpdateFeatures(), -1);
-    QCOMPARE(OB_FT_Release(), -1);
-    QVERIFY(MessageGuard::messages().isEmpty());
-    QCOMPARE(OB_FT_Init(nullptr, nullptr, nullptr), 0);
-    QCOMPARE(OB_FT_SetTitleVisible(0), 0);
-    QCOMPARE(OB_FT_Release(), 0);
-    QCOMPARE(OB_FT_SetTitleVisible(0), -1);
-}
-
-void TestOBFeatureTree::windowAsTheHostAskedForIt()
-{
-    QWidget parent;
-    FakeHost host;
-    const QByteArray xml = smallDescription();
-    host.serve(xml);
-    OB_FT_Init(xml.constData(), nullptr, &parent);
-    QCOMPARE(ORXMainFeatureWidget::instance(nullptr)->parentWidget(), &parent);
-    OpenedWindow window(host, xml);
-    ORXMainFeatureWidget* widget = window.widget();
-    QVERIFY(!widget->parentWidget());
-    QVERIFY(widget->isVisible());
-    QVERIFY(widget->windowFlags() & Qt::WindowStaysOnTopHint);
-    QCOMPARE(widget->size(), QSize(900, 700));
-    QCOMPARE(widget->pos(), QPoint(10, 10));
-    QCOMPARE(widget->cTitleText(), QStringLiteral("Test camera"));
-    QCOMPARE(host.count(QStringLiteral("action 1")), 0);
-}
-
-void TestOBFeatureTree::firstReadFillsTheTree()
-{
-    FakeHost host;
-    const QByteArray xml = smallDescription();
-    host.serve(xml);
-    OpenedWindow window(host, xml);
-    QVERIFY(window.waitForFirstRead());
-    int filled = 0;
-    for (const ORXPropertyTreeItem* item : window.tree()->AllTreeItemsMap())
-        filled += item->value()->displayValue().isEmpty() ? 0 : 1;
-    QCOMPARE(filled, 60);
-    // A new user has no favourites: the first group with features is shown instead.
-    CFeatureGroupTreeView* groups = window.widget()->featureGroup(1)->groupView();
-    QTRY_COMPARE(groups->currentIndex().data().toString(), QStringLiteral("Category0"));
-    const QByteArray picture = qgetenv("OBFT_TEST_PICTURE");
-    if (!picture.isEmpty()) {
-        QTest::qWait(300);
-        window.widget()->grab().save(QString::fromLocal8Bit(picture));
-    }
-}
-
-void TestOBFeatureTree::secondRoundMakesANewWindow()
-{
-    FakeHost host;
-    const QByteArray first = wrap(category(QStringLiteral("Root"), {QStringLiteral("A")}));
-    const QByteArray second = wrap(category(QStringLiteral("Root"), {QStringLiteral("B")}));
-    {
-        OpenedWindow window(host, first);
-        QVERIFY(window.tree()->propertyItemByName(QStringLiteral("A")));
-    }
-    const QStyle* style = QApplication::style();
-    OpenedWindow window(host, second);
-    QVERIFY(window.tree()->propertyItemByName(QStringLiteral("B")));
-    QVERIFY(!window.tree()->propertyItemByName(QStringLiteral("A")));
-    QCOMPARE(QApplication::style(), style);
-}
-
-void TestOBFeatureTree::initTwiceKeepsTheWindow()
-{
-    FakeHost host;
-    const QByteArray xml = smallDescription();
-    host.serve(xml);
-    OpenedWindow window(host, xml);
-    QVERIFY(window.waitForFirstRead());
-    ORXMainFeatureWidget* widget = window.widget();
-    OBDeviceControl::GetFavoritesFeatureMap()->append(
-        {QStringLiteral("Feature00001"), QStringLiteral("Feature 1")});
-    QCOMPARE(OB_FT_Init("<Other/>", nullptr, nullptr), 0);
-    QVERIFY(MessageGuard::contains(QStringLiteral("called again without OB_FT_Release")));
-    QCOMPARE(window.widget(), widget);
-    QCOMPARE(OBDeviceControl::GetFavoritesFeatureMap()->size(), 1);
-    OBDeviceControl::GetFavoritesFeatureMap()->clear();
-    // The callbacks may be given again while the window reads.
-    OB_FT_UpdateFeatures();
-    OB_FT_SetCallBackFunc(FakeHost::getFeature, FakeHost::setFeature, FakeHost::getMode,
-                          FakeHost::invalidate, FakeHost::action, &host);
-    QVERIFY(window.waitForFirstRead());
-    QVERIFY(window.tree()->propertyItemByName(QStringLiteral("Feature00001")));
-}
-
-void TestOBFeatureTree::callbacksMayBeNull()
-{
-    OB_FT_Init(smallDescription().constData(), nullptr, nullptr);
-    QCOMPARE(OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
-    QCOMPARE(OB_FT_Start(nullptr, 0), 0);
-    ORXFeatureTree* tree = ORXMainFeatureWidget::instance(nullptr)->featureTree(1, false);
-    QTRY_VERIFY(tree->HadUpdatedOnce());
-    QCOMPARE(OB_FT_UpdateFeatures(), 0);
-    QCOMPARE(OB_FT_Close(), 0);
-}
-
-void TestOBFeatureTree::closingTellsTheHostAndStopsReading()
-{
-    FakeHost host;
-    const QByteArray xml = smallDescription();
-    host.serve(xml);
-    OpenedWindow window(host, xml);
-    QVERIFY(window.waitForFirstRead());
-    QCOMPARE(OB_FT_Close(), 0);
-    QCOMPARE(host.count(QStringLiteral("action 1")), 1);
-    const qint64 calls = host.callCount();
-    QTest::qWait(150);
-    QCOMPARE(host.callCount(), calls);
-    window.widget()->hide();
-    QCOMPARE(host.count(QStringLiteral("action 1")), 2);
-    OB_FT_Start(nullptr, 0);
-    QTRY_VERIFY(host.callCount() > calls);
-    QVERIFY(window.waitForFirstRead());
-}
-
-void TestOBFeatureTree::hostMayReleaseFromInsideACallback_data()
-{
-    QTest::addColumn<bool>("duringWrite");
-    QTest::newRow("while it writes") << true;
-    QTest::newRow("when the window closes") << false;
-}
-
-void TestOBFeatureTree::hostMayReleaseFromInsideACallback()
-{
-    QFETCH(bool, duringWrite);
-    FakeHost host;
-    const QByteArray xml = smallDescription();
-    host.serve(xml);
-    OB_FT_Init(xml.constData(), nullptr, nullptr);
-    OB_FT_SetCallBackFunc(
-        FakeHost::getFeature,
-        [](int type, char* name, char* value, void* user) {
-            OB_FT_Release();
-            return FakeHost::setFeature(type, name, value, user);
-        },
-        FakeHost::getMode, FakeHost::invalidate,
-        [](int, void*) {
-            OB_FT_Release();
-            return 0;
-        },
-        &host);
-    OB_FT_SetWidgetSize(900, 700);
-    OB_FT_Start(nullptr, 0);
-    ORXMainFeatureWidget* widget = ORXMainFeatureWidget::instance(nullptr);
-    ORXFeatureTree* tree = widget->featureTree(1, false);
-    QTRY_VERIFY(tree->HadUpdatedOnce());
-    QSignalSpy destroyed(widget, &QObject::destroyed);
-    if (duringWrite) {
-        // A check box of the shown group: the click goes the whole road through the delegate.
-        ORXPropertyTreeItem* item = tree->propertyItemByName(QStringLiteral("Feature00012"));
-        QWidget* editor = nullptr;
-        QTRY_VERIFY((editor = tree->findChild<QWidget*>(QStringLiteral("Feature00012"))));
-        QVERIFY(item);
-        QTRY_VERIFY(editor->isEnabled());
-        QTest::mouseClick(editor, Qt::LeftButton);
-        QCOMPARE(host.writes().size(), 1);
-    } else {
-        OB_FT_Close();
-    }
-    QTRY_COMPARE(destroyed.count(), 1);
-    QCOMPARE(OB_FT_Close(), -1);
-}
-
-void TestOBFeatureTree::releaseWaitsForAHangingCall()
-{
-    FakeHost host;
-    const QByteArray xml = smallDescription();
-    host.serve(xml);
-    std::atomic<bool> inside{false};
-    std::atomic<bool> returned{false};
-    host.beforeGet = [&](const QString& name) {
-        if (name != QLatin1String("Feature00005") || inside.exchange(true))
-            return;
-        QThread::msleep(1500);
-        returned = true;
-    };
-    {
-        OpenedWindow window(host, xml);
-        QTRY_VERIFY(inside);
-    }
-    QVERIFY(returned);
-    QVERIFY(MessageGuard::contains(QStringLiteral("waiting for a call of the host to return")));
-}
-
-void TestOBFeatureTree::languageIsTheHosts()
-{
-    FakeHost host;
-    const QMap<int, QString> languages = {
-        {0, QStringLiteral("ENG")}, {1, QStringLiteral("CH")}, {2, QStringLiteral("ENG")}};
-    for (auto it = languages.cbegin(); it != languages.cend(); ++it) {
-        OpenedWindow window(host, smallDescription(), it.key());
-        QCOMPARE(ORXInterface::language(), it.value());
-    }
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
-}
 
 OBFT_TEST_MAIN(TestOBFeatureTree)
 #include "tst_obfeaturetree.moc"

@@ -27,83 +27,71 @@ void writeFile(const QByteArray& bytes)
 class TestFavoritesFile : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void missingFileMakesItsFolder();
-    void savedBytes();
-    void orderAndDuplicatesSurvive();
-    void loading_data();
-    void loading();
-    void unescapedNamesMakeTheFileUnreadable();
 
 protected:
     void prepare() override { QFile::remove(FavoritesFile::path()); }
     void finish() override { QFile::remove(FavoritesFile::path()); }
+
+private slots:
+    void missingFileMakesItsFolder()
+    {
+        const QString folder = QFileInfo(FavoritesFile::path()).path();
+        QDir(folder).removeRecursively();
+        MessageGuard::ignoreMessage(QtInfoMsg, "loadFavoritesXml failed.111");
+        QVERIFY(FavoritesFile::load().isEmpty());
+        QVERIFY(QFileInfo(folder).isDir());
+    }
+
+    void savedBytes()
+    {
+        writeFile("old");
+        FavoritesFile::save({{"Gain"_s, "Gain Raw"_s}, {"Width"_s, "\u5bbd\u5ea6"_s}});
+        QCOMPARE(fileBytes(),
+                 QByteArray(
+                     "<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>"
+                     "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>"
+                     "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>"
+                     "</Favorites>"));
+    }
+
+    void orderAndDuplicatesSurvive()
+    {
+        const QList<FavoriteFeature> favorites = {
+            {"B"_s, "b"_s}, {"A"_s, "\u589e\u76ca"_s}, {"B"_s, "b"_s}};
+        writeFile("old");
+        FavoritesFile::save(favorites);
+        QCOMPARE(FavoritesFile::load(), favorites);
+    }
+
+    void loading_data()
+    {
+        const Rows<QByteArray, QByteArray, int> row("bytes", "logged", "count");
+        row("any tags",
+            "<r><x><DisplayName>b</DisplayName><o/><Name>a</Name>"
+            "</x></r>",
+            "", 1);
+        row("empty display name skipped", "<r><f><Name>a</Name><DisplayName/></f></r>", "", 0);
+        row("no XML", "favourites", "loadFavoritesXml failed.333", 0);
+    }
+
+    void loading()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QByteArray, logged);
+        writeFile(bytes);
+        if (!logged.isEmpty())
+            MessageGuard::ignoreMessage(QtCriticalMsg, logged.constData());
+        QTEST(FavoritesFile::load().size(), "count");
+    }
+
+    void unescapedNamesMakeTheFileUnreadable()
+    {
+        writeFile("old");
+        FavoritesFile::save({{"A&B"_s, "both"_s}});
+        MessageGuard::ignoreMessage(QtCriticalMsg, "loadFavoritesXml failed.333");
+        QVERIFY(FavoritesFile::load().isEmpty());
+    }
 };
-
-void TestFavoritesFile::missingFileMakesItsFolder()
-{
-    const QString folder = QFileInfo(FavoritesFile::path()).path();
-    QDir(folder).removeRecursively();
-    MessageGuard::ignoreMessage(QtInfoMsg, "loadFavoritesXml failed.111");
-    QVERIFY(FavoritesFile::load().isEmpty());
-    QVERIFY(QFileInfo(folder).isDir());
-}
-
-void TestFavoritesFile::savedBytes()
-{
-    writeFile("old");
-    FavoritesFile::save({{QStringLiteral("Gain"), QStringLiteral("Gain Raw")},
-                         {QStringLiteral("Width"), QString::fromUtf8("\u5bbd\u5ea6")}});
-    QCOMPARE(fileBytes(),
-             QByteArray("<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>"
-                        "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>"
-                        "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>"
-                        "</Favorites>"));
-}
-
-void TestFavoritesFile::orderAndDuplicatesSurvive()
-{
-    const QList<FavoriteFeature> favorites = {
-        {QStringLiteral("B"), QStringLiteral("b")},
-        {QStringLiteral("A"), QString::fromUtf8("\u589e\u76ca")},
-        {QStringLiteral("B"), QStringLiteral("b")}};
-    writeFile("old");
-    FavoritesFile::save(favorites);
-    QCOMPARE(FavoritesFile::load(), favorites);
-}
-
-void TestFavoritesFile::loading_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QByteArray>("logged");
-    QTest::addColumn<int>("count");
-    QTest::newRow("any tags") << QByteArray("<r><x><DisplayName>b</DisplayName><o/><Name>a</Name>"
-                                            "</x></r>")
-                              << QByteArray() << 1;
-    QTest::newRow("empty display name skipped")
-        << QByteArray("<r><f><Name>a</Name><DisplayName/></f></r>") << QByteArray() << 0;
-    QTest::newRow("no XML") << QByteArray("favourites") << QByteArray("loadFavoritesXml failed.333")
-                            << 0;
-}
-
-void TestFavoritesFile::loading()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QByteArray, logged);
-    QFETCH(int, count);
-    writeFile(bytes);
-    if (!logged.isEmpty())
-        MessageGuard::ignoreMessage(QtCriticalMsg, logged.constData());
-    QCOMPARE(FavoritesFile::load().size(), count);
-}
-
-void TestFavoritesFile::unescapedNamesMakeTheFileUnreadable()
-{
-    writeFile("old");
-    FavoritesFile::save({{QStringLiteral("A&B"), QStringLiteral("both")}});
-    MessageGuard::ignoreMessage(QtCriticalMsg, "loadFavoritesXml failed.333");
-    QVERIFY(FavoritesFile::load().isEmpty());
-}
 
 OBFT_TEST_MAIN(TestFavoritesFile)
 #include "tst_favoritesfile.moc"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The names and descriptions of standard features that the library brings along.
-#include "device/CORXPropertyTransItem.h"
 #include "device/OBDeviceControl.h"
 #include "styledctl/ZELCustom.h"
 #include "support/TestMain.h"
@@ -59,173 +58,161 @@ QVector<QDomElement> childrenOf(const QDomElement& parent, const char* tag)
 class TestFeaturesTranslate : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void initTestCase();
-    void enoughFeatures();
-    void textsAreComplete();
-    void namesAreUnique();
-    void entriesAreUniqueWithinTheirFeature();
-    void namesFitTheColumn();
-    void ioLinesAndImageLinesHaveTheirOwnTerms();
-    void demoCameraIsCovered();
 
 private:
     QVector<QDomElement> m_features;
     QDomDocument m_table;
     QDomDocument m_camera;
-};
 
-void TestFeaturesTranslate::initTestCase()
-{
-    m_table = load(OBFT_FEATURE_TEXTS);
-    m_camera = load(OBFT_DEMO_CAMERA);
-    m_features = childrenOf(m_table.documentElement(), "Feature");
+private slots:
+    void initTestCase()
+    {
+        m_table = load(OBFT_FEATURE_TEXTS);
+        m_camera = load(OBFT_DEMO_CAMERA);
+        m_features = childrenOf(m_table.documentElement(), "Feature");
 
-    // The library itself reads the file from below its folder.
-    QTemporaryDir directory;
-    QDir(directory.path()).mkdir(QStringLiteral("FeatureTreeResource"));
-    QVERIFY(QFile::copy(
-        QStringLiteral(OBFT_FEATURE_TEXTS),
-        directory.filePath(QStringLiteral("FeatureTreeResource/FeaturesTranslate.xml"))));
-    OBDeviceControl::SetDllPath(directory.path());
-    OBDeviceControl::parsePropertyTransXml();
-}
-
-void TestFeaturesTranslate::enoughFeatures()
-{
-    QSet<QString> names;
-    for (const QDomElement& feature : qAsConst(m_features))
-        names.insert(feature.attribute(QStringLiteral("Name")));
-    QCOMPARE(names.size(), m_features.size());
-    QVERIFY2(names.size() >= kMinFeatures, qPrintable(QString::number(names.size())));
-}
-
-void TestFeaturesTranslate::textsAreComplete()
-{
-    QStringList faults;
-    const auto check = [&faults](const QDomElement& element, const char* kind) {
-        const QString name = element.attribute(QStringLiteral("Name"));
-        const QByteArray tag(kind);
-        const QString english = textOf(element, (tag + "::en").constData());
-        const QString chinese = textOf(element, (tag + "::cn").constData());
-        // Formats and standards keep their symbol: "RGB8", "JPEG", "2048".
-        const bool isSymbol = english == chinese && !english.contains(QLatin1Char(' '));
-        if (english.trimmed() != english || english.isEmpty() || chinese.trimmed() != chinese ||
-            chinese.isEmpty() || hasHan(english) || (!hasHan(chinese) && !isSymbol))
-            faults += name + QStringLiteral(" ") + QString::fromLatin1(kind) +
-                      QStringLiteral(": ") + english + QStringLiteral(" / ") + chinese;
-    };
-    for (const QDomElement& feature : qAsConst(m_features)) {
-        check(feature, "DisplayName");
-        check(feature, "Description");
-        if (textOf(feature, "Description::cn").size() > kMaxDescription ||
-            textOf(feature, "Description::en").size() > 2 * kMaxDescription)
-            faults += feature.attribute(QStringLiteral("Name"));
-        for (const QDomElement& entry : childrenOf(feature, "EnumEntry"))
-            check(entry, "DisplayName");
+        // The library itself reads the file from below its folder.
+        QTemporaryDir directory;
+        QDir(directory.path()).mkdir("FeatureTreeResource"_s);
+        QVERIFY(QFile::copy(QStringLiteral(OBFT_FEATURE_TEXTS),
+                            directory.filePath("FeatureTreeResource/FeaturesTranslate.xml"_s)));
+        OBDeviceControl::SetDllPath(directory.path());
+        OBDeviceControl::parsePropertyTransXml();
     }
-    QCOMPARE(faults, QStringList());
-}
 
-void TestFeaturesTranslate::namesAreUnique()
-{
-    QStringList faults;
-    for (const char* tag :
-         {"DisplayName::en", "DisplayName::cn", "Description::en", "Description::cn"}) {
-        QHash<QString, QString> owners;
-        for (const QDomElement& feature : qAsConst(m_features)) {
-            const QString name = feature.attribute(QStringLiteral("Name"));
-            const QString text = textOf(feature, tag);
-            if (owners.contains(text))
+    void enoughFeatures()
+    {
+        QSet<QString> names;
+        for (const QDomElement& feature : qAsConst(m_features))
+            names.insert(feature.attribute("Name"_s));
+        QCOMPARE(names.size(), m_features.size());
+        QVERIFY2(names.size() >= kMinFeatures, qPrintable(QString::number(names.size())));
+    }
+
+    void textsAreComplete()
+    {
+        QStringList faults;
+        const auto check = [&faults](const QDomElement& element, const char* kind) {
+            const QString name = element.attribute("Name"_s);
+            const QByteArray tag(kind);
+            const QString english = textOf(element, (tag + "::en").constData());
+            const QString chinese = textOf(element, (tag + "::cn").constData());
+            // Formats and standards keep their symbol: "RGB8", "JPEG", "2048".
+            const bool isSymbol = english == chinese && !english.contains(QLatin1Char(' '));
+            if (english.trimmed() != english || english.isEmpty() || chinese.trimmed() != chinese ||
+                chinese.isEmpty() || hasHan(english) || (!hasHan(chinese) && !isSymbol))
                 faults +=
-                    text + QStringLiteral(": ") + owners.value(text) + QStringLiteral(", ") + name;
-            owners.insert(text, name);
+                    name + " "_s + QString::fromLatin1(kind) + ": "_s + english + " / "_s + chinese;
+        };
+        for (const QDomElement& feature : qAsConst(m_features)) {
+            check(feature, "DisplayName");
+            check(feature, "Description");
+            if (textOf(feature, "Description::cn").size() > kMaxDescription ||
+                textOf(feature, "Description::en").size() > 2 * kMaxDescription)
+                faults += feature.attribute("Name"_s);
+            for (const QDomElement& entry : childrenOf(feature, "EnumEntry"))
+                check(entry, "DisplayName");
         }
+        QCOMPARE(faults, QStringList());
     }
-    QCOMPARE(faults, QStringList());
-}
 
-void TestFeaturesTranslate::entriesAreUniqueWithinTheirFeature()
-{
-    QStringList faults;
-    for (const QDomElement& feature : qAsConst(m_features)) {
-        for (const char* tag : {"DisplayName::en", "DisplayName::cn"}) {
-            QSet<QString> texts;
-            for (const QDomElement& entry : childrenOf(feature, "EnumEntry")) {
-                const QString text = textOf(entry, tag);
-                if (texts.contains(text))
-                    faults +=
-                        feature.attribute(QStringLiteral("Name")) + QStringLiteral(": ") + text;
-                texts.insert(text);
+    void namesAreUnique()
+    {
+        QStringList faults;
+        for (const char* tag :
+             {"DisplayName::en", "DisplayName::cn", "Description::en", "Description::cn"}) {
+            QHash<QString, QString> owners;
+            for (const QDomElement& feature : qAsConst(m_features)) {
+                const QString name = feature.attribute("Name"_s);
+                const QString text = textOf(feature, tag);
+                if (owners.contains(text))
+                    faults += text + ": "_s + owners.value(text) + ", "_s + name;
+                owners.insert(text, name);
             }
         }
+        QCOMPARE(faults, QStringList());
     }
-    QCOMPARE(faults, QStringList());
-}
 
-void TestFeaturesTranslate::namesFitTheColumn()
-{
-    const QFontMetrics metrics(ZELCustom::font(kNameFontSize));
-    QStringList tooLong;
-    for (const QDomElement& feature : qAsConst(m_features)) {
-        for (const char* tag : {"DisplayName::en", "DisplayName::cn"}) {
-            const QString text = textOf(feature, tag);
-            if (metrics.horizontalAdvance(text) > kNameWidth)
-                tooLong += QStringLiteral("%1 (%2)").arg(text).arg(metrics.horizontalAdvance(text));
+    void entriesAreUniqueWithinTheirFeature()
+    {
+        QStringList faults;
+        for (const QDomElement& feature : qAsConst(m_features)) {
+            for (const char* tag : {"DisplayName::en", "DisplayName::cn"}) {
+                QSet<QString> texts;
+                for (const QDomElement& entry : childrenOf(feature, "EnumEntry")) {
+                    const QString text = textOf(entry, tag);
+                    if (texts.contains(text))
+                        faults += feature.attribute("Name"_s) + ": "_s + text;
+                    texts.insert(text);
+                }
+            }
         }
+        QCOMPARE(faults, QStringList());
     }
-    QCOMPARE(tooLong, QStringList());
-}
 
-// A line is a signal of the connector or a row of pixels.
-void TestFeaturesTranslate::ioLinesAndImageLinesHaveTheirOwnTerms()
-{
-    const QString ioLine = QString::fromUtf8("\u7ebf\u8def");
-    const auto name = [](const char* feature) {
-        return OBDeviceControl::GetDisplayNameTrans(QString::fromLatin1(feature));
-    };
-    for (const char* feature : {"LineSelector", "LineMode", "LineStatus", "LineDebouncerTime"})
-        QVERIFY2(name(feature).startsWith(ioLine), feature);
-    QVERIFY(!name("AcquisitionLineRate").contains(ioLine));
-    const QString source = QStringLiteral("TriggerSource");
-    QVERIFY(
-        OBDeviceControl::GetEnumerationTrans(source, QStringLiteral("Line0")).startsWith(ioLine));
-    QVERIFY(!OBDeviceControl::GetEnumerationTrans(QStringLiteral("TriggerSelector"),
-                                                  QStringLiteral("LineStart"))
-                 .contains(ioLine));
-}
+    void namesFitTheColumn()
+    {
+        const QFontMetrics metrics(ZELCustom::font(kNameFontSize));
+        QStringList tooLong;
+        for (const QDomElement& feature : qAsConst(m_features)) {
+            for (const char* tag : {"DisplayName::en", "DisplayName::cn"}) {
+                const QString text = textOf(feature, tag);
+                if (metrics.horizontalAdvance(text) > kNameWidth)
+                    tooLong += "%1 (%2)"_s.arg(text).arg(metrics.horizontalAdvance(text));
+            }
+        }
+        QCOMPARE(tooLong, QStringList());
+    }
 
-void TestFeaturesTranslate::demoCameraIsCovered()
-{
-    QStringList missing;
-    int features = 0;
-    const QDomNodeList references = m_camera.elementsByTagName(QStringLiteral("pFeature"));
-    QHash<QString, QDomElement> nodes;
-    QVector<QDomElement> open = {m_camera.documentElement()};
-    while (!open.isEmpty()) {
-        const QDomElement element = open.takeLast();
-        for (QDomElement e = element.firstChildElement(); !e.isNull(); e = e.nextSiblingElement()) {
-            if (e.tagName() == QLatin1String("Group"))
-                open.append(e);
-            else if (e.hasAttribute(QStringLiteral("Name")))
-                nodes.insert(e.attribute(QStringLiteral("Name")), e);
-        }
+    // A line is a signal of the connector or a row of pixels.
+    void ioLinesAndImageLinesHaveTheirOwnTerms()
+    {
+        const QString ioLine = "\u7ebf\u8def"_s;
+        const auto name = [](const char* feature) {
+            return OBDeviceControl::GetDisplayNameTrans(QString::fromLatin1(feature));
+        };
+        for (const char* feature : {"LineSelector", "LineMode", "LineStatus", "LineDebouncerTime"})
+            QVERIFY2(name(feature).startsWith(ioLine), feature);
+        QVERIFY(!name("AcquisitionLineRate").contains(ioLine));
+        const QString source = "TriggerSource"_s;
+        QVERIFY(OBDeviceControl::GetEnumerationTrans(source, "Line0"_s).startsWith(ioLine));
+        QVERIFY(!OBDeviceControl::GetEnumerationTrans("TriggerSelector"_s, "LineStart"_s)
+                     .contains(ioLine));
     }
-    for (int i = 0; i < references.size(); ++i) {
-        const QString name = references.at(i).toElement().text().trimmed();
-        ++features;
-        if (OBDeviceControl::GetDisplayNameTrans(name).isEmpty() ||
-            OBDeviceControl::GetDescriptionTrans(name).isEmpty())
-            missing += name;
-        for (const QDomElement& entry : childrenOf(nodes.value(name), "EnumEntry")) {
-            const QString entryName = entry.attribute(QStringLiteral("Name"));
-            if (OBDeviceControl::GetEnumerationTrans(name, entryName).isEmpty())
-                missing += name + QStringLiteral(".") + entryName;
+
+    void demoCameraIsCovered()
+    {
+        QStringList missing;
+        int features = 0;
+        const QDomNodeList references = m_camera.elementsByTagName("pFeature"_s);
+        QHash<QString, QDomElement> nodes;
+        QVector<QDomElement> open = {m_camera.documentElement()};
+        while (!open.isEmpty()) {
+            const QDomElement element = open.takeLast();
+            for (QDomElement e = element.firstChildElement(); !e.isNull();
+                 e = e.nextSiblingElement()) {
+                if (e.tagName() == QLatin1String("Group"))
+                    open.append(e);
+                else if (e.hasAttribute("Name"_s))
+                    nodes.insert(e.attribute("Name"_s), e);
+            }
         }
+        for (int i = 0; i < references.size(); ++i) {
+            const QString name = references.at(i).toElement().text().trimmed();
+            ++features;
+            if (OBDeviceControl::GetDisplayNameTrans(name).isEmpty() ||
+                OBDeviceControl::GetDescriptionTrans(name).isEmpty())
+                missing += name;
+            for (const QDomElement& entry : childrenOf(nodes.value(name), "EnumEntry")) {
+                const QString entryName = entry.attribute("Name"_s);
+                if (OBDeviceControl::GetEnumerationTrans(name, entryName).isEmpty())
+                    missing += name + "."_s + entryName;
+            }
+        }
+        QVERIFY(features > 200);
+        QCOMPARE(missing, QStringList());
     }
-    QVERIFY(features > 200);
-    QCOMPARE(missing, QStringList());
-}
+};
 
 OBFT_TEST_MAIN(TestFeaturesTranslate)
 #include "tst_featurestranslate.moc"

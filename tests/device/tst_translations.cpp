@@ -26,70 +26,59 @@ const char kHostTable[] = R"(<Host>
 class TestTranslations : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void hostTableTakesPrecedence();
-    void brokenHostTableChangesNothing();
-    void htmlFilter_data();
-    void htmlFilter();
+    void hostTableTakesPrecedence()
+    {
+        QTemporaryDir directory;
+        QDir(directory.path()).mkdir("FeatureTreeResource"_s);
+        QFile file(directory.filePath("FeatureTreeResource/FeaturesTranslate.xml"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(kOwnTable);
+        file.close();
+        OBDeviceControl::SetDllPath(directory.path());
+        OBDeviceControl::Init(nullptr, kHostTable);
+        const QString gain = "Gain"_s;
+        const QString mode = "Mode"_s;
+        QCOMPARE(OBDeviceControl::GetDisplayNameTrans(gain), "own gain"_s);
+        QCOMPARE(OBDeviceControl::GetDescriptionTrans(gain), "own text"_s);
+        // The host knows the feature: its text counts, even an empty one.
+        QCOMPARE(OBDeviceControl::GetDisplayNameTrans(mode), QString());
+        QCOMPARE(OBDeviceControl::getPropDisplayNameTrans(mode), "own mode"_s);
+        QCOMPARE(OBDeviceControl::GetEnumerationTrans(mode, "On"_s), "host on"_s);
+        QCOMPARE(OBDeviceControl::GetEnumerationTrans(mode, "Off"_s), QString());
+        QCOMPARE(OBDeviceControl::getPropEnumerationTrans(mode, "Off"_s), "own off"_s);
+        QCOMPARE(OBDeviceControl::GetDisplayNameTrans("Unknown"_s), QString());
+    }
+
+    void brokenHostTableChangesNothing()
+    {
+        OBDeviceControl::Init(nullptr,
+                              "<a><Feature Name='Kept'><DisplayName::cn>x</DisplayName::cn>"
+                              "</Feature></a>");
+        MessageGuard::ignoreMessage(QtCriticalMsg, "Create XML Translate DomDocument Failed");
+        OBDeviceControl::Init(nullptr, "<a><Feature");
+        QCOMPARE(OBDeviceControl::GetDisplayNameTrans("Kept"_s), "x"_s);
+    }
+
+    void htmlFilter_data()
+    {
+        const Rows<QString, bool, QString> row("text", "bold", "inner");
+        row("markup", "<a & \"b\" 'c'>", false, "&lt;a &amp; &quot;b&quot; &#39;c&#39;&gt;");
+        row("line ends", "a\r\nb", true, "a<br><br>b");
+    }
+
+    void htmlFilter()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, bold);
+        QFETCH(QString, inner);
+        const QString family = ZELCustom::globalFontFamily(1);
+        QCOMPARE(OBDeviceControl::stringToHtmlFilter(text, QColor(18, 52, 171), bold),
+                 "<span style=\" color:#1234ab; font-size:13px;font-family:"_s + family + " ;"_s +
+                     (bold ? "font-weight:bold"_s : QString()) + "\">"_s + inner + "</span>"_s);
+    }
 };
-
-void TestTranslations::hostTableTakesPrecedence()
-{
-    QTemporaryDir directory;
-    QDir(directory.path()).mkdir(QStringLiteral("FeatureTreeResource"));
-    QFile file(directory.filePath(QStringLiteral("FeatureTreeResource/FeaturesTranslate.xml")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(kOwnTable);
-    file.close();
-    OBDeviceControl::SetDllPath(directory.path());
-    OBDeviceControl::Init(nullptr, kHostTable);
-    const QString gain = QStringLiteral("Gain");
-    const QString mode = QStringLiteral("Mode");
-    QCOMPARE(OBDeviceControl::GetDisplayNameTrans(gain), QStringLiteral("own gain"));
-    QCOMPARE(OBDeviceControl::GetDescriptionTrans(gain), QStringLiteral("own text"));
-    // The host knows the feature: its text counts, even an empty one.
-    QCOMPARE(OBDeviceControl::GetDisplayNameTrans(mode), QString());
-    QCOMPARE(OBDeviceControl::getPropDisplayNameTrans(mode), QStringLiteral("own mode"));
-    QCOMPARE(OBDeviceControl::GetEnumerationTrans(mode, QStringLiteral("On")),
-             QStringLiteral("host on"));
-    QCOMPARE(OBDeviceControl::GetEnumerationTrans(mode, QStringLiteral("Off")), QString());
-    QCOMPARE(OBDeviceControl::getPropEnumerationTrans(mode, QStringLiteral("Off")),
-             QStringLiteral("own off"));
-    QCOMPARE(OBDeviceControl::GetDisplayNameTrans(QStringLiteral("Unknown")), QString());
-}
-
-void TestTranslations::brokenHostTableChangesNothing()
-{
-    OBDeviceControl::Init(nullptr, "<a><Feature Name='Kept'><DisplayName::cn>x</DisplayName::cn>"
-                                   "</Feature></a>");
-    MessageGuard::ignoreMessage(QtCriticalMsg, "Create XML Translate DomDocument Failed");
-    OBDeviceControl::Init(nullptr, "<a><Feature");
-    QCOMPARE(OBDeviceControl::GetDisplayNameTrans(QStringLiteral("Kept")), QStringLiteral("x"));
-}
-
-void TestTranslations::htmlFilter_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("bold");
-    QTest::addColumn<QString>("inner");
-    QTest::newRow("markup") << QStringLiteral("<a & \"b\" 'c'>") << false
-                            << QStringLiteral("&lt;a &amp; &quot;b&quot; &#39;c&#39;&gt;");
-    QTest::newRow("line ends") << QStringLiteral("a\r\nb") << true
-                               << QStringLiteral("a<br><br>b");
-}
-
-void TestTranslations::htmlFilter()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, bold);
-    QFETCH(QString, inner);
-    const QString family = ZELCustom::globalFontFamily(1);
-    QCOMPARE(OBDeviceControl::stringToHtmlFilter(text, QColor(18, 52, 171), bold),
-             QStringLiteral("<span style=\" color:#1234ab; font-size:13px;font-family:") + family
-                 + QStringLiteral(" ;")
-                 + (bold ? QStringLiteral("font-weight:bold") : QString()) + QStringLiteral("\">")
-                 + inner + QStringLiteral("</span>"));
-}
 
 OBFT_TEST_MAIN(TestTranslations)
 #include "tst_translations.moc"

@@ -6,73 +6,65 @@
 class TestXmlLimits : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void nesting_data();
-    void nesting();
-    void descriptionsThatDoNotParse_data();
-    void descriptionsThatDoNotParse();
-    void nullKeepsTheDescription();
+    void nesting_data()
+    {
+        const Rows<QByteArray, bool> row("text", "acceptable");
+        const auto nested = [](int depth) {
+            return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+        };
+        row("empty", "", true);
+        row("1,000 levels", nested(1000), true);
+        row("1,001 levels", nested(1001), false);
+        row("100,000 levels", nested(100000), false);
+        row("100,000 opened, none closed", QByteArray("<a>").repeated(100000), false);
+        row("many siblings", "<r>" + QByteArray("<a></a>").repeated(5000) + "</r>", true);
+        row("elements that close themselves", QByteArray("<a/>").repeated(5000), true);
+        row("tags inside comments", "<r><!--" + QByteArray("<a>").repeated(2000) + "--></r>", true);
+        row("tags inside CDATA", "<r><![CDATA[" + QByteArray("<a>").repeated(2000) + "]]></r>",
+            true);
+        row("sign inside an attribute", "<r>" + QByteArray("<a t='/>'>").repeated(1500) + "</r>",
+            false);
+        row("unfinished comment", "<r><!-- <a>", true);
+        row("65 MB", QByteArray(65 * 1024 * 1024, ' '), false);
+    }
+
+    void nesting()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(bool, acceptable);
+        QCOMPARE(XmlLimits::acceptable(text.constData(), static_cast<std::size_t>(text.size())),
+                 acceptable);
+    }
+
+    void descriptionsThatDoNotParse_data()
+    {
+        const Rows<QByteArray> row("text");
+        row("empty", "");
+        row("no XML", "Width=640");
+        row("cut off", "<RegisterDescription><Category");
+        row("100,000 levels", QByteArray("<a>").repeated(100000));
+    }
+
+    void descriptionsThatDoNotParse()
+    {
+        QFETCH(QByteArray, text);
+        OBDeviceControl::Init("<RegisterDescription/>", nullptr);
+        QVERIFY(!OBDeviceControl::GetDeviceXml()->documentElement().isNull());
+        MessageGuard::ignoreMessage(QtCriticalMsg, "Create XML pDeviceXml DomDocument Failed");
+        OBDeviceControl::Init(text.constData(), nullptr);
+        QVERIFY(OBDeviceControl::GetDeviceXml()->documentElement().isNull());
+    }
+
+    void nullKeepsTheDescription()
+    {
+        OBDeviceControl::Init("\xEF\xBB\xBF<RegisterDescription ModelName='x'/>", nullptr);
+        OBDeviceControl::Init(nullptr, nullptr);
+        QCOMPARE(OBDeviceControl::GetDeviceXml()->documentElement().attribute("ModelName"_s),
+                 "x"_s);
+    }
 };
-
-void TestXmlLimits::nesting_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<bool>("acceptable");
-    const auto nested = [](int depth) {
-        return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
-    };
-    QTest::newRow("empty") << QByteArray() << true;
-    QTest::newRow("1,000 levels") << nested(1000) << true;
-    QTest::newRow("1,001 levels") << nested(1001) << false;
-    QTest::newRow("100,000 levels") << nested(100000) << false;
-    QTest::newRow("100,000 opened, none closed") << QByteArray("<a>").repeated(100000) << false;
-    QTest::newRow("many siblings") << "<r>" + QByteArray("<a></a>").repeated(5000) + "</r>" << true;
-    QTest::newRow("elements that close themselves") << QByteArray("<a/>").repeated(5000) << true;
-    QTest::newRow("tags inside comments")
-        << "<r><!--" + QByteArray("<a>").repeated(2000) + "--></r>" << true;
-    QTest::newRow("tags inside CDATA")
-        << "<r><![CDATA[" + QByteArray("<a>").repeated(2000) + "]]></r>" << true;
-    QTest::newRow("sign inside an attribute")
-        << "<r>" + QByteArray("<a t='/>'>").repeated(1500) + "</r>" << false;
-    QTest::newRow("unfinished comment") << QByteArray("<r><!-- <a>") << true;
-    QTest::newRow("65 MB") << QByteArray(65 * 1024 * 1024, ' ') << false;
-}
-
-void TestXmlLimits::nesting()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(bool, acceptable);
-    QCOMPARE(XmlLimits::acceptable(text.constData(), static_cast<std::size_t>(text.size())),
-             acceptable);
-}
-
-void TestXmlLimits::descriptionsThatDoNotParse_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("empty") << QByteArray("");
-    QTest::newRow("no XML") << QByteArray("Width=640");
-    QTest::newRow("cut off") << QByteArray("<RegisterDescription><Category");
-    QTest::newRow("100,000 levels") << QByteArray("<a>").repeated(100000);
-}
-
-void TestXmlLimits::descriptionsThatDoNotParse()
-{
-    QFETCH(QByteArray, text);
-    OBDeviceControl::Init("<RegisterDescription/>", nullptr);
-    QVERIFY(!OBDeviceControl::GetDeviceXml()->documentElement().isNull());
-    MessageGuard::ignoreMessage(QtCriticalMsg, "Create XML pDeviceXml DomDocument Failed");
-    OBDeviceControl::Init(text.constData(), nullptr);
-    QVERIFY(OBDeviceControl::GetDeviceXml()->documentElement().isNull());
-}
-
-void TestXmlLimits::nullKeepsTheDescription()
-{
-    OBDeviceControl::Init("\xEF\xBB\xBF<RegisterDescription ModelName='x'/>", nullptr);
-    OBDeviceControl::Init(nullptr, nullptr);
-    QCOMPARE(OBDeviceControl::GetDeviceXml()->documentElement().attribute(
-                 QStringLiteral("ModelName")),
-             QStringLiteral("x"));
-}
 
 OBFT_TEST_MAIN(TestXmlLimits)
 #include "tst_xmllimits.moc"

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // One sitting of a user who looks for features: by text, as favourites, in the other language, at
 // the other level, and again the next day.
-#include "DemoWindow.h"
+#include "DemoCamera.h"
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
+#include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
+#include "pages/PageWindow.h"
 #include "support/TestMain.h"
 
 #include <QAbstractButton>
@@ -19,9 +21,24 @@
 
 namespace {
 
+constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
 constexpr float kExposureUs = 12000.0F;
 
-QStringList favoritesIn(const DemoWindow& window)
+ORXPropertyTreeItem* itemOf(const PageWindow& window, const char* name)
+{
+    return window.item(kTree, name);
+}
+
+// Brings a row of the whole tree into sight; the middle of its name.
+QPoint rowOf(const PageWindow& window, ORXPropertyTreeItem* item)
+{
+    ORXFeatureTreeView* view = window.tree()->treeView();
+    const QModelIndex row = view->treeModel()->indexFromItem(item, 0);
+    view->scrollTo(row);
+    return view->visualRect(row).center();
+}
+
+QStringList favoritesIn(const PageWindow& window)
 {
     QStringList names;
     const QVector<ORXPropertyTreeItem*> copies = window.tree()->rootItem()->child(0)->children();
@@ -31,7 +48,7 @@ QStringList favoritesIn(const DemoWindow& window)
 }
 
 // Features whose rows the user could see by opening groups and branches.
-int visibleFeatures(const DemoWindow& window)
+int visibleFeatures(const PageWindow& window)
 {
     int count = 0;
     const auto items = window.tree()->AllTreeItemsMap();
@@ -40,12 +57,12 @@ int visibleFeatures(const DemoWindow& window)
     return count;
 }
 
-QLineEdit* searchBox(const DemoWindow& window)
+QLineEdit* searchBox(const PageWindow& window)
 {
-    return window.widget()->featureGroup(1)->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
+    return window.widget()->featureGroup(1)->findChild<QLineEdit*>("FeatureSearch"_s);
 }
 
-void pressFind(const DemoWindow& window)
+void pressFind(const PageWindow& window)
 {
     QTRY_VERIFY(qApp->focusWidget());
     QTest::keyClick(qApp->focusWidget(), Qt::Key_F, Qt::ControlModifier);
@@ -53,7 +70,7 @@ void pressFind(const DemoWindow& window)
 }
 
 // Text of a language that has no keys here arrives as an input method sends it.
-void typeIntoSearch(const DemoWindow& window, const QString& text)
+void typeIntoSearch(const PageWindow& window, const QString& text)
 {
     pressFind(window);
     QInputMethodEvent event;
@@ -62,16 +79,16 @@ void typeIntoSearch(const DemoWindow& window, const QString& text)
     QCOMPARE(searchBox(window)->text(), text);
 }
 
-void addToFavorites(const DemoWindow& window, const char* name)
+void addToFavorites(const PageWindow& window, const char* name)
 {
-    const QPoint at = window.rowOf(window.item(name));
+    const QPoint at = rowOf(window, itemOf(window, name));
     QContextMenuEvent event(QContextMenuEvent::Mouse, at,
-                            window.view()->viewport()->mapToGlobal(at));
-    QApplication::sendEvent(window.view()->viewport(), &event);
-    auto* menu = window.tree()->findChild<QMenu*>(QStringLiteral("FavoritesMenu"));
+                            window.tree()->treeView()->viewport()->mapToGlobal(at));
+    QApplication::sendEvent(window.tree()->treeView()->viewport(), &event);
+    auto* menu = window.tree()->findChild<QMenu*>("FavoritesMenu"_s);
     QVERIFY(menu && menu->isVisible());
     QAction* add = menu->actions().first();
-    QCOMPARE(add->text(), QStringLiteral("Add to Favorites"));
+    QCOMPARE(add->text(), "Add to Favorites"_s);
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(add).center());
     QTRY_VERIFY(!menu->isVisible());
     // Without a window manager nobody gives the window back what the menu took.
@@ -79,12 +96,12 @@ void addToFavorites(const DemoWindow& window, const char* name)
     QVERIFY(QTest::qWaitForWindowActive(window.widget()));
 }
 
-void dragFavorite(const DemoWindow& window, ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target)
+void dragFavorite(const PageWindow& window, ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target)
 {
-    ORXFeatureTreeView* view = window.view();
+    ORXFeatureTreeView* view = window.tree()->treeView();
     const QScopedPointer<QMimeData> data(
         view->treeModel()->mimeData({view->treeModel()->indexFromItem(moved, 0)}));
-    const QPoint at = window.rowOf(target);
+    const QPoint at = rowOf(window, target);
     QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(view->viewport(), &enter);
     QDragMoveEvent move(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
@@ -99,102 +116,95 @@ void dragFavorite(const DemoWindow& window, ORXPropertyTreeItem* moved, ORXPrope
 class TestFindingFeatures : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void oneSitting();
 
 protected:
     void finish() override
     {
         OB_FT_Release();
         OBDeviceControl::SetUserLevel(1);
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
+        ORXInterface::setLanguage("ENG"_s);
     }
 
 private:
-    void findAndEdit(const DemoWindow& window, DemoCamera& camera);
-    void collectFavorites(const DemoWindow& window);
-    void findInChinese(const DemoWindow& window);
-};
-
-void TestFindingFeatures::oneSitting()
-{
-    DemoCamera camera;
-    const QStringList wanted = {QStringLiteral("ExposureTime"), QStringLiteral("Gain")};
+    void findAndEdit(const PageWindow& window, DemoCamera& camera)
     {
-        const DemoWindow window(camera);
-        QVERIFY(window.waitForFirstRead());
-        findAndEdit(window, camera);
-        if (QTest::currentTestFailed())
-            return;
-        collectFavorites(window);
+        pressFind(window);
+        QTest::keyClicks(searchBox(window), "exposure"_s);
+        QTest::keyClick(searchBox(window), Qt::Key_Down);
+        const ORXFeatureTreeView* view = window.tree()->treeView();
+        QTRY_VERIFY(view->hasFocus() || view->isAncestorOf(qApp->focusWidget()));
+        QVERIFY(!itemOf(window, "ExposureTime")->getHighlightSerachText().isEmpty());
+        // The search has shown its group.
+        QWidget* editor = nullptr;
+        QTRY_VERIFY((editor = view->editorOf(itemOf(window, "ExposureTime"))) &&
+                    editor->isVisible() && editor->isEnabled());
+        editor->setFocus();
+        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(editor, "12000"_s);
+        QTest::keyClick(editor, Qt::Key_Return);
+        _ZDCC_FLOATVALUE_T value = {};
+        QCOMPARE(camera.read(OB_FT_TYPE_FLOAT, "ExposureTime", &value), 0);
+        QVERIFY(qAbs(value.value - kExposureUs) <= 1.0F);
+        pressFind(window);
+        QTest::keyClick(searchBox(window), Qt::Key_Escape);
+        QVERIFY(searchBox(window)->text().isEmpty());
+    }
+    void collectFavorites(const PageWindow& window)
+    {
+        for (const char* name : {"Gain", "ExposureTime"}) {
+            window.show(kTree, itemOf(window, name));
+            QVERIFY(window.usableEditor(kTree, itemOf(window, name)));
+            addToFavorites(window, name);
+        }
+        ORXPropertyTreeItem* group = window.tree()->rootItem()->child(0);
+        window.show(kTree, group);
+        QVERIFY(window.usableEditor(kTree, group->child(1)));
+        dragFavorite(window, group->child(1), group->child(0));
+    }
+    void findInChinese(const PageWindow& window)
+    {
+        auto* button = window.widget()->findChild<QAbstractButton*>("ORXFeatureLangue"_s);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_COMPARE(itemOf(window, "ExposureTime")->value()->translateName(), "曝光时间"_s);
+        typeIntoSearch(window, "曝光时间"_s);
+        QVERIFY(!itemOf(window, "ExposureTime")->getHighlightSerachText().isEmpty());
+        QVERIFY(itemOf(window, "Gain")->getHighlightSerachText().isEmpty());
+        ORXPropertyTreeItem* favorite = itemOf(window, "ExposureTime")->mappingItem();
+        QVERIFY(favorite); // the shown group is that of the favourites, and it has a hit
+        QTest::mouseClick(window.tree()->treeView()->viewport(), Qt::LeftButton, {},
+                          rowOf(window, favorite));
+        const auto* panel = window.tree()->findChild<QTextEdit*>("FeatureDescription"_s);
+        QVERIFY2(panel->toPlainText().contains("曝光时间"_s), qPrintable(panel->toPlainText()));
+        QVERIFY(panel->toPlainText().contains("传感器"_s));
+    }
+
+private slots:
+    void oneSitting()
+    {
+        DemoCamera camera;
+        const QStringList wanted = {"ExposureTime"_s, "Gain"_s};
+        {
+            const PageWindow window(camera);
+            findAndEdit(window, camera);
+            if (QTest::currentTestFailed())
+                return;
+            collectFavorites(window);
+            QCOMPARE(favoritesIn(window), wanted);
+            findInChinese(window);
+
+            const int before = visibleFeatures(window);
+            auto* level = window.widget()->findChild<QComboBox*>("ORXFeatureUserLevel"_s);
+            level->setFocus();
+            QTest::keyClick(level, Qt::Key_Up); // from "Beginner" to "Guru"
+            QTRY_VERIFY(visibleFeatures(window) > before + 50);
+        }
+        const PageWindow window(camera);
         QCOMPARE(favoritesIn(window), wanted);
-        findInChinese(window);
-
-        const int before = visibleFeatures(window);
-        auto* level = window.widget()->findChild<QComboBox*>(QStringLiteral("ORXFeatureUserLevel"));
-        level->setFocus();
-        QTest::keyClick(level, Qt::Key_Up); // from "Beginner" to "Guru"
-        QTRY_VERIFY(visibleFeatures(window) > before + 50);
+        window.show(kTree, window.tree()->rootItem()->child(0));
+        for (int row = 0; row < wanted.size(); ++row)
+            QVERIFY(window.usableEditor(kTree, window.tree()->rootItem()->child(0)->child(row)));
     }
-    const DemoWindow window(camera);
-    QVERIFY(window.waitForFirstRead());
-    QCOMPARE(favoritesIn(window), wanted);
-    window.clickGroupOf(window.tree()->rootItem()->child(0));
-    for (int row = 0; row < wanted.size(); ++row)
-        QVERIFY(window.editorOf(window.tree()->rootItem()->child(0)->child(row)));
-}
-
-void TestFindingFeatures::findAndEdit(const DemoWindow& window, DemoCamera& camera)
-{
-    pressFind(window);
-    QTest::keyClicks(searchBox(window), QStringLiteral("exposure"));
-    QTest::keyClick(searchBox(window), Qt::Key_Down);
-    QTRY_VERIFY(window.view()->hasFocus() || window.view()->isAncestorOf(qApp->focusWidget()));
-    QVERIFY(!window.item("ExposureTime")->getHighlightSerachText().isEmpty());
-    QWidget* editor = window.editorOf(window.item("ExposureTime"));
-    QVERIFY(editor);
-    editor->setFocus();
-    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(editor, QStringLiteral("12000"));
-    QTest::keyClick(editor, Qt::Key_Return);
-    _ZDCC_FLOATVALUE_T value = {};
-    QCOMPARE(camera.read(OB_FT_TYPE_FLOAT, "ExposureTime", &value), 0);
-    QVERIFY(qAbs(value.value - kExposureUs) <= 1.0F);
-    pressFind(window);
-    QTest::keyClick(searchBox(window), Qt::Key_Escape);
-    QVERIFY(searchBox(window)->text().isEmpty());
-}
-
-void TestFindingFeatures::collectFavorites(const DemoWindow& window)
-{
-    for (const char* name : {"Gain", "ExposureTime"}) {
-        window.clickGroupOf(window.item(name));
-        QVERIFY(window.editorOf(window.item(name)));
-        addToFavorites(window, name);
-    }
-    ORXPropertyTreeItem* group = window.tree()->rootItem()->child(0);
-    window.clickGroupOf(group);
-    QVERIFY(window.editorOf(group->child(1)));
-    dragFavorite(window, group->child(1), group->child(0));
-}
-
-void TestFindingFeatures::findInChinese(const DemoWindow& window)
-{
-    auto* button = window.widget()->findChild<QAbstractButton*>(QStringLiteral("ORXFeatureLangue"));
-    QTest::mouseClick(button, Qt::LeftButton);
-    QTRY_COMPARE(window.item("ExposureTime")->value()->translateName(),
-                 QString::fromUtf8("曝光时间"));
-    typeIntoSearch(window, QString::fromUtf8("曝光时间"));
-    QVERIFY(!window.item("ExposureTime")->getHighlightSerachText().isEmpty());
-    QVERIFY(window.item("Gain")->getHighlightSerachText().isEmpty());
-    ORXPropertyTreeItem* favorite = window.item("ExposureTime")->mappingItem();
-    QVERIFY(favorite); // the shown group is that of the favourites, and it has a hit
-    QTest::mouseClick(window.view()->viewport(), Qt::LeftButton, {}, window.rowOf(favorite));
-    const auto* panel = window.tree()->findChild<QTextEdit*>(QStringLiteral("FeatureDescription"));
-    QVERIFY2(panel->toPlainText().contains(QString::fromUtf8("曝光时间")),
-             qPrintable(panel->toPlainText()));
-    QVERIFY(panel->toPlainText().contains(QString::fromUtf8("传感器")));
-}
+};
 
 OBFT_TEST_MAIN(TestFindingFeatures)
 #include "tst_findingfeatures.moc"

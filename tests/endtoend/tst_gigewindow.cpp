@@ -1,29 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Camera.h"
-#include "HostCallbacks.h"
-#include "OBFeatureTree/OBFeatureTree.h"
 #include "RealCamera.h"
 #include "host/FakeGigECamera.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
-#include "main/ORXMainFeatureWidget.h"
-#include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeItem.h"
+#include "pages/MeddledCamera.h"
+#include "pages/PageWindow.h"
 #include "styledctl/ZELCustomMessageBox.h"
+#include "support/Periods.h"
 #include "support/TestMain.h"
-#include "tree/ORXFeatureTree.h"
-#include "tree/ORXFeatureTreeView.h"
 
 #include <QComboBox>
-#include <QLineEdit>
-#include <QProcess>
-#include <QPushButton>
 
 #include <memory>
 
 namespace {
 
-constexpr int kSlowMs = 15000; // a pass over the protocol on a busy machine
+constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
+constexpr int kPage = ORXMainFeatureWidget::TriggerTab;
+constexpr int kSlowMs = PageWindow::kPatienceMs; // a pass over the protocol on a busy machine
 
 } // namespace
 
@@ -32,174 +24,138 @@ constexpr int kSlowMs = 15000; // a pass over the protocol on a busy machine
 class TestGigEWindow : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void initTestCase();
-    void typedWidthReachesTheCamera();
-    void valueOutOfRangeIsNotSent();
-    void chosenEntryReachesTheCamera();
-    void commandIsExecuted();
-    void valueChangedByAnotherProgramShowsAfterRefresh();
-    void windowSurvivesTheCamerasDeath();
-    void cleanupTestCase();
 
 private:
-    // Shows the group of a feature and scrolls to it; its open editor.
-    template <typename Editor>
-    Editor* editorOf(const char* name);
-    QString shown(const char* name) const
-    {
-        return m_tree->propertyItemByName(QString::fromLatin1(name))->value()->displayValue();
-    }
-    void type(QWidget* editor, const QString& text)
-    {
-        editor->setFocus();
-        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(editor, text);
-        QTest::keyClick(editor, Qt::Key_Return);
-    }
+    QString shown(const char* name) const { return m_window->shown(kTree, name); }
 
     std::unique_ptr<FakeGigECamera> m_fake;
-    std::unique_ptr<Camera> m_camera;
-    std::unique_ptr<HostCallbacks> m_host;
-    ORXFeatureTree* m_tree = nullptr;
+    std::unique_ptr<Camera> m_real;
+    std::unique_ptr<MeddledCamera> m_camera;
+    std::unique_ptr<PageWindow> m_window;
+
+private slots:
+    void initTestCase()
+    {
+        const QString reason = FakeGigECamera::reasonToSkip();
+        if (!reason.isEmpty())
+            QSKIP(qPrintable(reason));
+        m_fake = std::make_unique<FakeGigECamera>();
+        QVERIFY(m_fake->start());
+        std::string error;
+        m_real = RealCamera::open("127.0.0.1", &error);
+        QVERIFY2(m_real, error.c_str());
+        m_camera = std::make_unique<MeddledCamera>(*m_real);
+        m_window = std::make_unique<PageWindow>(*m_camera);
+    }
+
+    void cleanupTestCase() { m_window.reset(); }
+
+    // Asking the camera through another program takes seconds while this one holds it: its writes
+    // have returned by then, so one look is enough.
+    void typedWidthReachesTheCamera()
+    {
+        const QString wanted = shown("Width") == QLatin1String("320") ? "256"_s : "320"_s;
+        QVERIFY(m_window->enter(kTree, "Width", wanted));
+        QVERIFY(FakeGigECamera::readIndependently("Width"_s).contains(wanted));
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Width"), wanted, kSlowMs);
+    }
+
+    void valueOutOfRangeIsNotSent()
+    {
+        QVERIFY(m_window->enter(kTree, "Width", "99999999"_s));
+        // Whatever the editor makes of it (the nearest legal value), it is legal, and window and
+        // camera agree.
+        _ZDCC_INTVALUE_EX_T record = {};
+        QCOMPARE(m_camera->read(OB_FT_TYPE_INTEGER, "Width", &record), 0);
+        QVERIFY(record.value <= record.maximum);
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Width"), QString::number(record.value), kSlowMs);
+    }
+
+    void chosenEntryReachesTheCamera()
+    {
+        const auto* format = m_window->editor<QComboBox>(kTree, "PixelFormat");
+        QVERIFY(format);
+        QTRY_VERIFY_WITH_TIMEOUT(format->count() > 1, kSlowMs);
+        const QString wanted = format->itemText(format->currentIndex() == 0 ? 1 : 0);
+        QVERIFY(m_window->choose(kTree, "PixelFormat", wanted));
+        QVERIFY(FakeGigECamera::readIndependently("PixelFormat"_s).contains(wanted));
+        QTRY_COMPARE_WITH_TIMEOUT(shown("PixelFormat"), wanted, kSlowMs);
+    }
+
+    void commandIsExecuted()
+    {
+        for (const char* command : {"AcquisitionStart", "AcquisitionStop"}) {
+            QVERIFY(m_window->click(kTree, command));
+            QVERIFY(MessageGuard::contains("NodeName:"_s + QLatin1String(command)));
+        }
+    }
+
+    void valueChangedByAnotherProgramShowsAfterRefresh()
+    {
+        // Another program cannot take control while this one has it, so the register is written
+        // past the window: through the camera object, as a second user of the host would.
+        const QString wanted = shown("Height") == QLatin1String("200") ? "160"_s : "200"_s;
+        QCOMPARE(m_camera->write(OB_FT_TYPE_INTEGER, "Height", wanted.toStdString()), 0);
+        QVERIFY(shown("Height") != wanted);
+        OB_FT_UpdateFeatures();
+        QTRY_COMPARE_WITH_TIMEOUT(shown("Height"), wanted, kSlowMs);
+    }
+
+    // The camera has neither lines nor encoders: those groups are not offered.
+    void triggerPageShowsWhatTheCameraHas()
+    {
+        QVERIFY(m_window->show(kPage, "TriggerMode"));
+        for (const char* name :
+             {"TriggerSelector", "TriggerMode", "TriggerSource", "TriggerActivation",
+              "TriggerSoftware", "Custom_AutoTrigTime", "Custom_EnableAutoTrig"})
+            QTRY_VERIFY2_WITH_TIMEOUT(m_window->isRowShown(kPage, name), name, kSlowMs);
+        QCOMPARE(m_window->item(kPage, "TriggerDelay"), nullptr);
+        for (const char* group : {"Custom_IOControl", "Custom_EncoderControl"}) {
+            QCOMPARE(m_window->items(kPage, group), QStringList());
+            QVERIFY(!m_window->isRowShown(kPage, group));
+        }
+    }
+
+    void choiceOnATriggerPageReachesTheCamera()
+    {
+        QVERIFY(m_window->choose(kPage, "TriggerMode", "On"_s));
+        QVERIFY(FakeGigECamera::readIndependently("TriggerMode"_s).contains("On"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kTree, "TriggerMode"), "On"_s, kSlowMs);
+        QVERIFY(m_window->choose(kTree, "TriggerMode", "Off"_s));
+        QTRY_COMPARE_WITH_TIMEOUT(m_window->shown(kPage, "TriggerMode"), "Off"_s, kSlowMs);
+    }
+
+    void autoTriggerExecutesTheCommand()
+    {
+        QVERIFY(m_window->enter(kPage, "Custom_AutoTrigTime", "1"_s));
+        m_camera->forget();
+        QVERIFY(m_window->click(kPage, "Custom_EnableAutoTrig"));
+        // Each command is a round trip that the camera acknowledges.
+        QTRY_VERIFY_WITH_TIMEOUT(m_camera->writesOf("TriggerSoftware") > 5, kSlowMs);
+        QCOMPARE(m_camera->mostAtOnce("TriggerSoftware"), 1);
+        QVERIFY(!m_window->isEnabled(kPage, "TriggerSoftware"));
+        QCOMPARE(OB_FT_Close(), 0);
+        const int last = m_camera->writesOf("TriggerSoftware");
+        QVERIFY(twentyPeriodsPass());
+        QCOMPARE(m_camera->writesOf("TriggerSoftware"), last);
+        QCOMPARE(OB_FT_Start(nullptr, 0), 0);
+    }
+
+    void windowSurvivesTheCamerasDeath()
+    {
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        OB_FT_UpdateFeatures();
+        m_fake->kill();
+        // The window stays alive and answers while the pass runs into the dead camera.
+        QVERIFY(m_window->enter(kTree, "Width", "128"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(m_window->tree()->findChild<ZELCustomMessageBox*>(), kSlowMs);
+        auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
+        QCOMPARE(box->cTextTitle(), "Failed to set the feature value."_s);
+        QVERIFY(box->cContent().startsWith("Node 'Width':failed to save value '128'\r\n"_s));
+        QCOMPARE(OB_FT_UpdateFeatures(), 0);
+        QCOMPARE(OB_FT_Close(), 0);
+    }
 };
-
-void TestGigEWindow::initTestCase()
-{
-    const QString reason = FakeGigECamera::reasonToSkip();
-    if (!reason.isEmpty())
-        QSKIP(qPrintable(reason));
-    m_fake = std::make_unique<FakeGigECamera>();
-    QVERIFY(m_fake->start());
-    std::string error;
-    m_camera = RealCamera::open("127.0.0.1", &error);
-    QVERIFY2(m_camera, error.c_str());
-    m_host = std::make_unique<HostCallbacks>(*m_camera);
-    OB_FT_Init(m_camera->descriptionXml().c_str(), nullptr, nullptr);
-    OB_FT_SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
-                          HostCallbacks::getMode, HostCallbacks::invalidate,
-                          HostCallbacks::action, m_host.get());
-    OB_FT_SetWidgetSize(900, 900);
-    OB_FT_Start(nullptr, 0);
-    m_tree = ORXMainFeatureWidget::instance(nullptr)->featureTree(1, false);
-    QTRY_VERIFY_WITH_TIMEOUT(m_tree->HadUpdatedOnce(), kSlowMs);
-}
-
-void TestGigEWindow::cleanupTestCase()
-{
-    OB_FT_Release();
-}
-
-template <typename Editor>
-Editor* TestGigEWindow::editorOf(const char* name)
-{
-    ORXPropertyTreeItem* item = m_tree->propertyItemByName(QString::fromLatin1(name));
-    if (!item)
-        return nullptr;
-    // The group that shows the feature is chosen as the user does it.
-    ORXPropertyTreeItem* group = item;
-    while (group->parent(ORXPropertyTreeItem::FeatureTreePage) != m_tree->rootItem())
-        group = group->parent(ORXPropertyTreeItem::FeatureTreePage);
-    CFeatureGroupTreeView* groups =
-        ORXMainFeatureWidget::instance(nullptr)->featureGroup(1)->groupView();
-    const QModelIndex page = groups->model()->index(0, 0);
-    const QModelIndex row = groups->model()->index(
-        group->indexInParent(ORXPropertyTreeItem::FeatureTreePage), 0, page);
-    QTest::mouseClick(groups->viewport(), Qt::LeftButton, {}, groups->visualRect(row).center());
-    ORXFeatureTreeView* view = m_tree->treeView();
-    QWidget* editor = nullptr;
-    const bool ready = QTest::qWaitFor(
-        [&] {
-            editor = view->editorOf(item);
-            return editor && editor->isVisible() && editor->isEnabled();
-        },
-        kSlowMs);
-    return ready ? qobject_cast<Editor*>(editor) : nullptr;
-}
-
-// Asking the camera through another program takes seconds while this one holds it: its writes have
-// returned by then, so one look is enough.
-void TestGigEWindow::typedWidthReachesTheCamera()
-{
-    auto* width = editorOf<QWidget>("Width");
-    QVERIFY(width);
-    const QString wanted =
-        shown("Width") == QLatin1String("320") ? QStringLiteral("256") : QStringLiteral("320");
-    type(width, wanted);
-    QVERIFY(FakeGigECamera::readIndependently(QStringLiteral("Width")).contains(wanted));
-    QTRY_COMPARE_WITH_TIMEOUT(shown("Width"), wanted, kSlowMs);
-}
-
-void TestGigEWindow::valueOutOfRangeIsNotSent()
-{
-    auto* width = editorOf<QWidget>("Width");
-    QVERIFY(width);
-    type(width, QStringLiteral("99999999"));
-    QTest::keyClick(width, Qt::Key_Tab);
-    // Whatever the editor makes of it (the nearest legal value), it is legal, and window and camera
-    // agree.
-    _ZDCC_INTVALUE_EX_T record = {};
-    QCOMPARE(m_camera->read(OB_FT_TYPE_INTEGER, "Width", &record), 0);
-    QVERIFY(record.value <= record.maximum);
-    QTRY_COMPARE_WITH_TIMEOUT(shown("Width"), QString::number(record.value), kSlowMs);
-}
-
-void TestGigEWindow::chosenEntryReachesTheCamera()
-{
-    auto* format = editorOf<QComboBox>("PixelFormat");
-    QVERIFY(format);
-    QTRY_VERIFY_WITH_TIMEOUT(format->count() > 1, kSlowMs);
-    const QString old = format->currentText();
-    format->setFocus();
-    QTest::keyClick(format, format->currentIndex() == 0 ? Qt::Key_Down : Qt::Key_Up);
-    const QString text = format->currentText();
-    QVERIFY(text != old);
-    QVERIFY(FakeGigECamera::readIndependently(QStringLiteral("PixelFormat")).contains(text));
-    QTRY_COMPARE_WITH_TIMEOUT(shown("PixelFormat"), text, kSlowMs);
-}
-
-void TestGigEWindow::commandIsExecuted()
-{
-    auto* button = editorOf<QPushButton>("AcquisitionStart");
-    QVERIFY(button);
-    QTest::mouseClick(button, Qt::LeftButton);
-    QVERIFY(MessageGuard::contains(QStringLiteral("NodeName:AcquisitionStart")));
-    auto* stop = editorOf<QPushButton>("AcquisitionStop");
-    QVERIFY(stop);
-    QTest::mouseClick(stop, Qt::LeftButton);
-    QVERIFY(MessageGuard::contains(QStringLiteral("NodeName:AcquisitionStop")));
-}
-
-void TestGigEWindow::valueChangedByAnotherProgramShowsAfterRefresh()
-{
-    // Another program cannot take control while this one has it, so the register is written past
-    // the window: through the camera object, as a second user of the host would.
-    QVERIFY(editorOf<QWidget>("Height"));
-    const QString wanted = shown("Height") == QLatin1String("200") ? QStringLiteral("160")
-                                                                   : QStringLiteral("200");
-    QCOMPARE(m_camera->write(OB_FT_TYPE_INTEGER, "Height", wanted.toStdString()), 0);
-    QVERIFY(shown("Height") != wanted);
-    OB_FT_UpdateFeatures();
-    QTRY_COMPARE_WITH_TIMEOUT(shown("Height"), wanted, kSlowMs);
-}
-
-void TestGigEWindow::windowSurvivesTheCamerasDeath()
-{
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    OB_FT_UpdateFeatures();
-    m_fake->kill();
-    // The window stays alive and answers while the pass runs into the dead camera.
-    auto* width = editorOf<QWidget>("Width");
-    QVERIFY(width);
-    type(width, QStringLiteral("128"));
-    QTRY_VERIFY_WITH_TIMEOUT(m_tree->findChild<ZELCustomMessageBox*>(), kSlowMs);
-    auto* box = m_tree->findChild<ZELCustomMessageBox*>();
-    QCOMPARE(box->cTextTitle(), QStringLiteral("Failed to set the feature value."));
-    QVERIFY(box->cContent().startsWith(
-        QStringLiteral("Node 'Width':failed to save value '128'\r\n")));
-    QCOMPARE(OB_FT_UpdateFeatures(), 0);
-    QCOMPARE(OB_FT_Close(), 0);
-}
 
 OBFT_TEST_MAIN(TestGigEWindow)
 #include "tst_gigewindow.moc"

@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The curve editor on the simulated camera: what is drawn lands in the memory of the selected table
 // and in no other.
-#include "DemoCamera.h"
-#include "FaultPlan.h"
-#include "FaultyCamera.h"
 #include "HostCallbacks.h"
 #include "device/OBDeviceControl.h"
+#include "pages/DemoPageTest.h"
 #include "pages/QLUTDrawWidget.h"
-#include "support/TestMain.h"
-
-#include <memory>
-#include <string>
 
 namespace {
 
@@ -18,20 +12,15 @@ constexpr int kOtherTable = 1; // never the selected one
 
 } // namespace
 
-class TestLutDemoCamera : public GuardedTest
+class TestLutDemoCamera : public DemoPageTest
 {
     Q_OBJECT
-private slots:
-    void tablesAreWrittenApart_data();
-    void tablesAreWrittenApart();
-    void lostCameraIsTold_data();
-    void lostCameraIsTold();
 
 protected:
     void prepare() override
     {
-        m_camera = std::make_unique<DemoCamera>();
-        m_callbacks = std::make_unique<HostCallbacks>(*m_camera);
+        DemoPageTest::prepare();
+        m_callbacks = std::make_unique<HostCallbacks>(*m_demo);
         OBDeviceControl::SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
                                          HostCallbacks::getMode, HostCallbacks::invalidate,
                                          HostCallbacks::action, m_callbacks.get());
@@ -44,7 +33,7 @@ protected:
         m_widget.reset();
         OBDeviceControl::SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
         m_callbacks.reset();
-        m_camera.reset();
+        DemoPageTest::finish();
     }
 
 private:
@@ -52,13 +41,10 @@ private:
     QVector<int> memory(int selector)
     {
         QVector<int> values;
-        m_camera->write(OB_FT_TYPE_ENUMERATION, "LUTSelector", std::to_string(selector));
+        write("LUTSelector", QByteArray::number(selector));
         for (int i = 0; i < QLUTDrawWidget::PointCount(); ++i) {
-            _ZDCC_INTVALUE_EX_T record{};
-            m_camera->write(OB_FT_TYPE_INTEGER, "LUTIndex", std::to_string(i));
-            if (m_camera->read(OB_FT_TYPE_INTEGER, "LUTValue", &record) != 0)
-                return {};
-            values.append(static_cast<int>(record.value));
+            write("LUTIndex", QByteArray::number(i));
+            values.append(static_cast<int>(read("LUTValue")));
         }
         return values;
     }
@@ -67,79 +53,41 @@ private:
         return QTest::qWaitFor([this] { return !m_widget->isTransferring(); }, 60000);
     }
 
-    std::unique_ptr<DemoCamera> m_camera;
     std::unique_ptr<HostCallbacks> m_callbacks;
     std::unique_ptr<QLUTDrawWidget> m_widget;
-};
 
-void TestLutDemoCamera::tablesAreWrittenApart_data()
-{
-    QTest::addColumn<int>("selector");
-    QTest::addColumn<int>("type");
-    QTest::newRow("luminance, fold line") << 0 << int(QLUTDrawWidget::FoldLine);
-    QTest::newRow("green, curve") << 2 << int(QLUTDrawWidget::SmoothCurve);
-    QTest::newRow("blue, free line") << 3 << int(QLUTDrawWidget::FreeLine);
-}
+private slots:
+    void tablesAreWrittenApart_data()
+    {
+        const Rows<int, int> row("selector", "type");
+        row("luminance, fold line", 0, QLUTDrawWidget::FoldLine);
+        row("green, curve", 2, QLUTDrawWidget::SmoothCurve);
+        row("blue, free line", 3, QLUTDrawWidget::FreeLine);
+    }
 
-void TestLutDemoCamera::tablesAreWrittenApart()
-{
-    QFETCH(int, selector);
-    QFETCH(int, type);
-    const QVector<int> other = memory(kOtherTable);
-    m_camera->write(OB_FT_TYPE_ENUMERATION, "LUTSelector", std::to_string(selector));
-    m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    m_widget->SetDrawLineChanged(type);
-    const QPoint onTheLine(30 + 60, 30 + 179);
-    QTest::mousePress(m_widget.get(), Qt::LeftButton, Qt::NoModifier, onTheLine);
-    QTest::mouseRelease(m_widget.get(), Qt::LeftButton, Qt::NoModifier, onTheLine - QPoint(0, 99));
-    QVector<int> drawn;
-    for (const LUTPoint& point : m_widget->GetSettinngPoints())
-        drawn.append(point.value);
-    QVERIFY(drawn != other);
-    m_widget->SetToCamera();
-    QVERIFY(waitForEnd());
-    QCOMPARE(memory(selector), drawn);
-    QCOMPARE(memory(kOtherTable), other);
-}
-
-void TestLutDemoCamera::lostCameraIsTold_data()
-{
-    QTest::addColumn<bool>("set");
-    QTest::addColumn<QString>("line");
-    // Two reads of the limits, then two calls for each point.
-    QTest::newRow("loading") << false
-                             << QStringLiteral("LUT: reading failed after 200 of 1024 points");
-    QTest::newRow("setting") << true << QStringLiteral("LUT: only 201 of 1024 points written");
-}
-
-void TestLutDemoCamera::lostCameraIsTold()
-{
-    QFETCH(bool, set);
-    QFETCH(QString, line);
-    MessageGuard::expectMessage(QStringLiteral("LUT: "));
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    const QVector<int> memoryBefore = memory(0);
-    m_widget->SetLUTInfo(1024, 4095, {{0, 7}}, m_widget->GetCurrentDrawLine());
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    QString error;
-    FaultyCamera faulty(*m_camera,
-                        *FaultPlan::parse(QStringLiteral("disconnect after 402"), &error));
-    HostCallbacks callbacks(faulty);
-    OBDeviceControl::SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature, nullptr,
-                                     nullptr, nullptr, &callbacks);
-    if (set)
-        m_widget->SetToCamera();
-    else
+    void tablesAreWrittenApart()
+    {
+        QFETCH(int, selector);
+        QFETCH(int, type);
+        const QVector<int> other = memory(kOtherTable);
+        write("LUTSelector", QByteArray::number(selector));
         m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    QVERIFY(MessageGuard::contains(line));
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-    QVector<int> wanted = memoryBefore;
-    for (int i = 0; set && i < 201; ++i)
-        wanted[i] = before.at(i).value;
-    QCOMPARE(memory(0), wanted);
-}
+        QVERIFY(waitForEnd());
+        m_widget->SetDrawLineChanged(type);
+        const QPoint onTheLine(30 + 60, 30 + 179);
+        QTest::mousePress(m_widget.get(), Qt::LeftButton, Qt::NoModifier, onTheLine);
+        QTest::mouseRelease(m_widget.get(), Qt::LeftButton, Qt::NoModifier,
+                            onTheLine - QPoint(0, 99));
+        QVector<int> drawn;
+        for (const LUTPoint& point : m_widget->GetSettinngPoints())
+            drawn.append(point.value);
+        QVERIFY(drawn != other);
+        m_widget->SetToCamera();
+        QVERIFY(waitForEnd());
+        QCOMPARE(memory(selector), drawn);
+        QCOMPARE(memory(kOtherTable), other);
+    }
+};
 
 OBFT_TEST_MAIN(TestLutDemoCamera)
 #include "tst_lutdemocamera.moc"

@@ -44,320 +44,275 @@ _ZDCC_INTVALUE_EX_T integerOf(Camera& camera, const char* name)
 
 } // namespace
 
+// Ends a test whose camera is not there.
+#define REQUIRE_CAMERA()                                                                           \
+    Camera* const tried = camera();                                                                \
+    if (!tried)                                                                                    \
+    QSKIP(qPrintable(m_skipReal))
+
 // The contract of Camera, kept by every kind of camera: each test runs on the simulated camera and
 // on a real one, which is a separate program speaking the real protocol.
 class TestCamera : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void initTestCase();
-    void cleanupTestCase();
-
-    void describesItself_data() { cameras(); }
-    void describesItself();
-    void readsIntegerWithinItsRange_data() { cameras(); }
-    void readsIntegerWithinItsRange();
-    void keepsWrittenInteger_data() { cameras(); }
-    void keepsWrittenInteger();
-    void refusesWrites_data();
-    void refusesWrites();
-    void keepsWrittenFloat_data() { cameras(); }
-    void keepsWrittenFloat();
-    void switchesEnumeration_data() { cameras(); }
-    void switchesEnumeration();
-    void switchesBoolean_data() { cameras(); }
-    void switchesBoolean();
-    void readsText_data() { cameras(); }
-    void readsText();
-    void executesCommand_data() { cameras(); }
-    void executesCommand();
-    void refusesReads_data();
-    void refusesReads();
-    void tellsAccessModes_data() { cameras(); }
-    void tellsAccessModes();
-    void realValueIsSeenFromOutside();
-    void survivesTheEndOfTheCamera();
 
 private:
-    void cameras();
-    Camera* camera();
-    const Specimen& specimen() const;
+    void cameras()
+    {
+        const Rows<bool> row("real");
+        row("simulated", false);
+        row("real", true);
+    }
+    Camera* camera()
+    {
+        QFETCH(bool, real);
+        return real ? static_cast<Camera*>(m_real.get()) : m_demo.get();
+    }
+    const Specimen& specimen() const
+    {
+        QFETCH(bool, real);
+        return real ? kReal : kDemo;
+    }
 
     ManualClock m_clock;
     std::unique_ptr<Camera> m_demo;
     std::unique_ptr<FakeGigECamera> m_fake;
     std::unique_ptr<RealCamera> m_real;
     QString m_skipReal;
-};
 
-void TestCamera::initTestCase()
-{
-    m_demo = std::make_unique<DemoCamera>(&m_clock);
-    m_skipReal = FakeGigECamera::reasonToSkip();
-    if (!m_skipReal.isEmpty())
-        return;
-    m_fake = std::make_unique<FakeGigECamera>();
-    QVERIFY(m_fake->start());
-    std::string error;
-    m_real = RealCamera::open(FakeGigECamera::address().toStdString(), &error);
-    QVERIFY2(m_real, error.c_str());
-}
-
-void TestCamera::cleanupTestCase()
-{
-    m_real.reset();
-    m_fake.reset();
-    m_demo.reset();
-}
-
-void TestCamera::cameras()
-{
-    QTest::addColumn<bool>("real");
-    QTest::newRow("simulated") << false;
-    QTest::newRow("real") << true;
-}
-
-Camera* TestCamera::camera()
-{
-    QFETCH(bool, real);
-    return real ? static_cast<Camera*>(m_real.get()) : m_demo.get();
-}
-
-const Specimen& TestCamera::specimen() const
-{
-    QFETCH(bool, real);
-    return real ? kReal : kDemo;
-}
-
-#define REQUIRE_CAMERA()                                                                           \
-    Camera* const tried = camera();                                                                \
-    if (!tried)                                                                                    \
-    QSKIP(qPrintable(m_skipReal))
-
-void TestCamera::describesItself()
-{
-    REQUIRE_CAMERA();
-    const DescriptionNodes nodes(tried->descriptionXml());
-    QVERIFY(nodes.isValid());
-    QVERIFY(nodes.reachableFeatures().size() > 20);
-    QVERIFY(nodes.find(specimen().integer));
-    QVERIFY(!tried->deviceRecord().name.empty());
-    QCOMPARE(tried->deviceRecord().type, std::uint32_t(DeviceRecord::GigEVision));
-}
-
-void TestCamera::readsIntegerWithinItsRange()
-{
-    REQUIRE_CAMERA();
-    const auto record = integerOf(*tried, specimen().integer);
-    QVERIFY(record.minimum < record.maximum);
-    QVERIFY(record.value >= record.minimum && record.value <= record.maximum);
-    QVERIFY(record.increment >= 1);
-}
-
-void TestCamera::keepsWrittenInteger()
-{
-    REQUIRE_CAMERA();
-    const auto before = integerOf(*tried, specimen().integer);
-    const auto value = before.minimum + 16 * before.increment;
-    QCOMPARE(tried->write(OB_FT_TYPE_INTEGER, specimen().integer, std::to_string(value)), 0);
-    QCOMPARE(integerOf(*tried, specimen().integer).value, value);
-}
-
-void TestCamera::refusesWrites_data()
-{
-    QTest::addColumn<bool>("real");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("feature"); // empty: the integer of the specimen
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("error");
-    struct Row
+private slots:
+    void initTestCase()
     {
-        const char* name;
-        int type;
-        const char* feature;
-        const char* text;
-        int error;
-    };
-    const Row rows[] = {
-        {"above the maximum", OB_FT_TYPE_INTEGER, "", "1000000", CameraError::OutOfRange},
-        {"below the minimum", OB_FT_TYPE_INTEGER, "", "-1", CameraError::OutOfRange},
-        {"beyond 64 bits", OB_FT_TYPE_INTEGER, "", "9223372036854775808", CameraError::InvalidText},
-        {"no number", OB_FT_TYPE_INTEGER, "", "12a", CameraError::InvalidText},
-        {"no text", OB_FT_TYPE_INTEGER, "", "", CameraError::InvalidText},
-        {"wrong type", OB_FT_TYPE_FLOAT, "", "64", CameraError::WrongType},
-        {"unknown type", 77, "", "64", CameraError::WrongType},
-        {"not finite", OB_FT_TYPE_FLOAT, "*", "inf", CameraError::InvalidText},
-        {"unknown entry", OB_FT_TYPE_ENUMERATION, "PixelFormat", "3", CameraError::OutOfRange},
-        {"read-only", OB_FT_TYPE_INTEGER, "SensorWidth", "64", CameraError::NotWritable},
-        {"unknown feature", OB_FT_TYPE_INTEGER, "Nonsense", "1", CameraError::NodeNotFound},
-        {"no command", OB_FT_TYPE_COMMAND, "", "", CameraError::WrongType},
-    };
-    for (const bool real : {false, true}) {
-        for (const Row& row : rows) {
-            QTest::addRow("%s, %s", real ? "real" : "simulated", row.name)
-                << real << row.type << QString::fromLatin1(row.feature)
-                << QString::fromLatin1(row.text) << row.error;
+        m_demo = std::make_unique<DemoCamera>(&m_clock);
+        m_skipReal = FakeGigECamera::reasonToSkip();
+        if (!m_skipReal.isEmpty())
+            return;
+        m_fake = std::make_unique<FakeGigECamera>();
+        QVERIFY(m_fake->start());
+        std::string error;
+        m_real = RealCamera::open(FakeGigECamera::address().toStdString(), &error);
+        QVERIFY2(m_real, error.c_str());
+    }
+
+    void cleanupTestCase()
+    {
+        m_real.reset();
+        m_fake.reset();
+        m_demo.reset();
+    }
+
+    void describesItself_data() { cameras(); }
+    void describesItself()
+    {
+        REQUIRE_CAMERA();
+        const DescriptionNodes nodes(tried->descriptionXml());
+        QVERIFY(nodes.isValid());
+        QVERIFY(nodes.reachableFeatures().size() > 20);
+        QVERIFY(nodes.find(specimen().integer));
+        QVERIFY(!tried->deviceRecord().name.empty());
+        QCOMPARE(tried->deviceRecord().type, std::uint32_t(DeviceRecord::GigEVision));
+    }
+
+    void readsIntegerWithinItsRange_data() { cameras(); }
+    void readsIntegerWithinItsRange()
+    {
+        REQUIRE_CAMERA();
+        const auto record = integerOf(*tried, specimen().integer);
+        QVERIFY(record.minimum < record.maximum);
+        QVERIFY(record.value >= record.minimum && record.value <= record.maximum);
+        QVERIFY(record.increment >= 1);
+    }
+
+    void keepsWrittenInteger_data() { cameras(); }
+    void keepsWrittenInteger()
+    {
+        REQUIRE_CAMERA();
+        const auto before = integerOf(*tried, specimen().integer);
+        const auto value = before.minimum + 16 * before.increment;
+        QCOMPARE(tried->write(OB_FT_TYPE_INTEGER, specimen().integer, std::to_string(value)), 0);
+        QCOMPARE(integerOf(*tried, specimen().integer).value, value);
+    }
+
+    void refusesWrites_data()
+    {
+        // feature, empty: the integer of the specimen; "*": its float
+        const Rows<bool, int, QString, QString, int> row("real", "type", "feature", "text",
+                                                         "error");
+        const auto both = [&row](const char* name, int type, const char* feature, const char* text,
+                                 int error) {
+            row(("simulated, " + QByteArray(name)).constData(), false, type, feature, text, error);
+            row(("real, " + QByteArray(name)).constData(), true, type, feature, text, error);
+        };
+        both("above the maximum", OB_FT_TYPE_INTEGER, "", "1000000", CameraError::OutOfRange);
+        both("below the minimum", OB_FT_TYPE_INTEGER, "", "-1", CameraError::OutOfRange);
+        both("beyond 64 bits", OB_FT_TYPE_INTEGER, "", "9223372036854775808",
+             CameraError::InvalidText);
+        both("no number", OB_FT_TYPE_INTEGER, "", "12a", CameraError::InvalidText);
+        both("no text", OB_FT_TYPE_INTEGER, "", "", CameraError::InvalidText);
+        both("wrong type", OB_FT_TYPE_FLOAT, "", "64", CameraError::WrongType);
+        both("unknown type", 77, "", "64", CameraError::WrongType);
+        both("not finite", OB_FT_TYPE_FLOAT, "*", "inf", CameraError::InvalidText);
+        both("unknown entry", OB_FT_TYPE_ENUMERATION, "PixelFormat", "3", CameraError::OutOfRange);
+        both("read-only", OB_FT_TYPE_INTEGER, "SensorWidth", "64", CameraError::NotWritable);
+        both("unknown feature", OB_FT_TYPE_INTEGER, "Nonsense", "1", CameraError::NodeNotFound);
+        both("no command", OB_FT_TYPE_COMMAND, "", "", CameraError::WrongType);
+    }
+
+    void refusesWrites()
+    {
+        REQUIRE_CAMERA();
+        QFETCH(int, type);
+        QFETCH(QString, feature);
+        QFETCH(QString, text);
+        if (feature.isEmpty())
+            feature = QString::fromLatin1(specimen().integer);
+        else if (feature == QLatin1String("*"))
+            feature = QString::fromLatin1(specimen().real);
+        const auto before = integerOf(*tried, specimen().integer).value;
+        QTEST(tried->write(type, feature.toStdString(), text.toStdString()), "error");
+        QCOMPARE(integerOf(*tried, specimen().integer).value, before);
+    }
+
+    void keepsWrittenFloat_data() { cameras(); }
+    void keepsWrittenFloat()
+    {
+        REQUIRE_CAMERA();
+        QCOMPARE(tried->write(OB_FT_TYPE_FLOAT, specimen().real, "1.235e+04"), 0);
+        _ZDCC_FLOATVALUE_T record{};
+        QCOMPARE(tried->read(OB_FT_TYPE_FLOAT, specimen().real, &record), 0);
+        QCOMPARE(record.value, 12350.0F);
+        QVERIFY(record.minimum <= record.value && record.value <= record.maximum);
+    }
+
+    void switchesEnumeration_data() { cameras(); }
+    void switchesEnumeration()
+    {
+        REQUIRE_CAMERA();
+        _ZDCC_ENUMVALUE_T record{};
+        QCOMPARE(tried->read(OB_FT_TYPE_ENUMERATION, specimen().enumeration, &record), 0);
+        QVERIFY(record.supportedCount > 1 && record.supportedCount <= 64);
+        const std::uint32_t* first = record.supported;
+        QVERIFY(std::count(first, first + record.supportedCount, record.value) == 1);
+        QCOMPARE(
+            tried->write(OB_FT_TYPE_ENUMERATION, specimen().enumeration, specimen().otherEntry), 0);
+        const auto before = record.value;
+        QCOMPARE(tried->read(OB_FT_TYPE_ENUMERATION, specimen().enumeration, &record), 0);
+        QCOMPARE(std::to_string(record.value), std::string(specimen().otherEntry));
+        QCOMPARE(
+            tried->write(OB_FT_TYPE_ENUMERATION, specimen().enumeration, std::to_string(before)),
+            0);
+    }
+
+    void switchesBoolean_data() { cameras(); }
+    void switchesBoolean()
+    {
+        REQUIRE_CAMERA();
+        for (const char* text : {"1", "0"}) {
+            unsigned char value = 7;
+            QCOMPARE(tried->write(OB_FT_TYPE_BOOLEAN, specimen().boolean, text), 0);
+            QCOMPARE(tried->read(OB_FT_TYPE_BOOLEAN, specimen().boolean, &value), 0);
+            QCOMPARE(int(value), std::atoi(text));
         }
+        QCOMPARE(tried->write(OB_FT_TYPE_BOOLEAN, specimen().boolean, "true"),
+                 int(CameraError::InvalidText));
     }
-}
 
-void TestCamera::refusesWrites()
-{
-    REQUIRE_CAMERA();
-    QFETCH(int, type);
-    QFETCH(QString, feature);
-    QFETCH(QString, text);
-    QFETCH(int, error);
-    if (feature.isEmpty())
-        feature = QString::fromLatin1(specimen().integer);
-    else if (feature == QLatin1String("*"))
-        feature = QString::fromLatin1(specimen().real);
-    const auto before = integerOf(*tried, specimen().integer).value;
-    QCOMPARE(tried->write(type, feature.toStdString(), text.toStdString()), error);
-    QCOMPARE(integerOf(*tried, specimen().integer).value, before);
-}
-
-void TestCamera::keepsWrittenFloat()
-{
-    REQUIRE_CAMERA();
-    QCOMPARE(tried->write(OB_FT_TYPE_FLOAT, specimen().real, "1.235e+04"), 0);
-    _ZDCC_FLOATVALUE_T record{};
-    QCOMPARE(tried->read(OB_FT_TYPE_FLOAT, specimen().real, &record), 0);
-    QCOMPARE(record.value, 12350.0F);
-    QVERIFY(record.minimum <= record.value && record.value <= record.maximum);
-}
-
-void TestCamera::switchesEnumeration()
-{
-    REQUIRE_CAMERA();
-    _ZDCC_ENUMVALUE_T record{};
-    QCOMPARE(tried->read(OB_FT_TYPE_ENUMERATION, specimen().enumeration, &record), 0);
-    QVERIFY(record.supportedCount > 1 && record.supportedCount <= 64);
-    const std::uint32_t* first = record.supported;
-    QVERIFY(std::count(first, first + record.supportedCount, record.value) == 1);
-    QCOMPARE(tried->write(OB_FT_TYPE_ENUMERATION, specimen().enumeration, specimen().otherEntry),
-             0);
-    const auto before = record.value;
-    QCOMPARE(tried->read(OB_FT_TYPE_ENUMERATION, specimen().enumeration, &record), 0);
-    QCOMPARE(std::to_string(record.value), std::string(specimen().otherEntry));
-    QCOMPARE(tried->write(OB_FT_TYPE_ENUMERATION, specimen().enumeration, std::to_string(before)),
-             0);
-}
-
-void TestCamera::switchesBoolean()
-{
-    REQUIRE_CAMERA();
-    for (const char* text : {"1", "0"}) {
-        unsigned char value = 7;
-        QCOMPARE(tried->write(OB_FT_TYPE_BOOLEAN, specimen().boolean, text), 0);
-        QCOMPARE(tried->read(OB_FT_TYPE_BOOLEAN, specimen().boolean, &value), 0);
-        QCOMPARE(int(value), std::atoi(text));
+    void readsText_data() { cameras(); }
+    void readsText()
+    {
+        REQUIRE_CAMERA();
+        _ZDCC_STRINGVALUE_T record{};
+        QCOMPARE(tried->read(OB_FT_TYPE_STRING, specimen().text, &record), 0);
+        QVERIFY(record.value[0] != 0);
+        QCOMPARE(record.maximumLength, std::int64_t(32));
     }
-    QCOMPARE(tried->write(OB_FT_TYPE_BOOLEAN, specimen().boolean, "true"),
-             int(CameraError::InvalidText));
-}
 
-void TestCamera::readsText()
-{
-    REQUIRE_CAMERA();
-    _ZDCC_STRINGVALUE_T record{};
-    QCOMPARE(tried->read(OB_FT_TYPE_STRING, specimen().text, &record), 0);
-    QVERIFY(record.value[0] != 0);
-    QCOMPARE(record.maximumLength, std::int64_t(32));
-}
-
-void TestCamera::executesCommand()
-{
-    REQUIRE_CAMERA();
-    QCOMPARE(tried->write(OB_FT_TYPE_COMMAND, specimen().command, ""), 0);
-    QCOMPARE(tried->invalidate(), 0);
-}
-
-void TestCamera::refusesReads_data()
-{
-    QTest::addColumn<bool>("real");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<int>("error");
-    for (const bool real : {false, true}) {
-        const char* kind = real ? "real" : "simulated";
-        QTest::addRow("%s, unknown feature", kind)
-            << real << int(OB_FT_TYPE_INTEGER) << QByteArray("Nonsense")
-            << int(CameraError::NodeNotFound);
-        QTest::addRow("%s, empty name", kind)
-            << real << int(OB_FT_TYPE_INTEGER) << QByteArray() << int(CameraError::NodeNotFound);
-        QTest::addRow("%s, integer as text", kind)
-            << real << int(OB_FT_TYPE_STRING) << QByteArray("Width") << int(CameraError::WrongType);
-        QTest::addRow("%s, integer as enumeration", kind)
-            << real << int(OB_FT_TYPE_ENUMERATION) << QByteArray("Width")
-            << int(CameraError::WrongType);
-        QTest::addRow("%s, command", kind)
-            << real << int(OB_FT_TYPE_INTEGER) << QByteArray("AcquisitionStop")
-            << int(CameraError::NotReadable);
+    void executesCommand_data() { cameras(); }
+    void executesCommand()
+    {
+        REQUIRE_CAMERA();
+        QCOMPARE(tried->write(OB_FT_TYPE_COMMAND, specimen().command, ""), 0);
+        QCOMPARE(tried->invalidate(), 0);
     }
-}
 
-void TestCamera::refusesReads()
-{
-    REQUIRE_CAMERA();
-    QFETCH(int, type);
-    QFETCH(QByteArray, feature);
-    QFETCH(int, error);
-    _ZDCC_ENUMVALUE_T record{};
-    record.value = 4711;
-    // The fake camera's commands sit on a readable register: they are of the wrong type there.
-    const int result = tried->read(type, feature.toStdString(), &record);
-    QVERIFY2(result == error ||
-                 (error == CameraError::NotReadable && result == CameraError::WrongType),
-             CameraError::text(result));
-    QCOMPARE(record.value, 4711U);
-}
+    void refusesReads_data()
+    {
+        const Rows<bool, int, QByteArray, int> row("real", "type", "feature", "error");
+        const auto both = [&row](const char* name, int type, const char* feature, int error) {
+            row(("simulated, " + QByteArray(name)).constData(), false, type, feature, error);
+            row(("real, " + QByteArray(name)).constData(), true, type, feature, error);
+        };
+        both("unknown feature", OB_FT_TYPE_INTEGER, "Nonsense", CameraError::NodeNotFound);
+        both("empty name", OB_FT_TYPE_INTEGER, "", CameraError::NodeNotFound);
+        both("integer as text", OB_FT_TYPE_STRING, "Width", CameraError::WrongType);
+        both("integer as enumeration", OB_FT_TYPE_ENUMERATION, "Width", CameraError::WrongType);
+        both("command", OB_FT_TYPE_INTEGER, "AcquisitionStop", CameraError::NotReadable);
+    }
 
-void TestCamera::tellsAccessModes()
-{
-    REQUIRE_CAMERA();
-    int mode = 77;
-    QCOMPARE(tried->accessMode(specimen().integer, &mode), 0);
-    QCOMPARE(mode, int(OB_FT_ACCESS_READ_WRITE));
-    QCOMPARE(tried->accessMode(specimen().readOnly, &mode), 0);
-    QCOMPARE(mode, int(OB_FT_ACCESS_READ_ONLY));
-    QCOMPARE(tried->accessMode("Nonsense", &mode), int(CameraError::NodeNotFound));
-    QCOMPARE(mode, int(OB_FT_ACCESS_NOT_IMPLEMENTED));
-}
+    void refusesReads()
+    {
+        REQUIRE_CAMERA();
+        QFETCH(int, type);
+        QFETCH(QByteArray, feature);
+        QFETCH(int, error);
+        _ZDCC_ENUMVALUE_T record{};
+        record.value = 4711;
+        // The fake camera's commands sit on a readable register: they are of the wrong type there.
+        const int result = tried->read(type, feature.toStdString(), &record);
+        QVERIFY2(result == error ||
+                     (error == CameraError::NotReadable && result == CameraError::WrongType),
+                 CameraError::text(result));
+        QCOMPARE(record.value, 4711U);
+    }
 
-void TestCamera::realValueIsSeenFromOutside()
-{
-    if (!m_real)
-        QSKIP(qPrintable(m_skipReal));
-    QCOMPARE(m_real->write(OB_FT_TYPE_INTEGER, "Width", "640"), 0);
-    QCOMPARE(FakeGigECamera::readIndependently(QStringLiteral("Width")), QStringLiteral("640"));
-    // A serial number is found by search only.
-    const auto found = RealCamera::list();
-    QVERIFY(std::any_of(found.begin(), found.end(), [this](const RealCamera::Found& camera) {
-        return camera.serial == m_fake->serial().toStdString();
-    }));
-}
+    void tellsAccessModes_data() { cameras(); }
+    void tellsAccessModes()
+    {
+        REQUIRE_CAMERA();
+        int mode = 77;
+        QCOMPARE(tried->accessMode(specimen().integer, &mode), 0);
+        QCOMPARE(mode, int(OB_FT_ACCESS_READ_WRITE));
+        QCOMPARE(tried->accessMode(specimen().readOnly, &mode), 0);
+        QCOMPARE(mode, int(OB_FT_ACCESS_READ_ONLY));
+        QCOMPARE(tried->accessMode("Nonsense", &mode), int(CameraError::NodeNotFound));
+        QCOMPARE(mode, int(OB_FT_ACCESS_NOT_IMPLEMENTED));
+    }
 
-void TestCamera::survivesTheEndOfTheCamera()
-{
-    if (!m_real)
-        QSKIP(qPrintable(m_skipReal));
-    m_fake->kill();
-    _ZDCC_INTVALUE_EX_T record{};
-    const int first = m_real->read(OB_FT_TYPE_INTEGER, "Width", &record);
-    QVERIFY2(first == CameraError::Timeout || first == CameraError::NotConnected,
-             CameraError::text(first));
-    QVERIFY(!m_real->isConnected());
-    int mode = 0;
-    QCOMPARE(m_real->read(OB_FT_TYPE_INTEGER, "Width", &record), int(CameraError::NotConnected));
-    QCOMPARE(m_real->accessMode("Width", &mode), int(CameraError::NotConnected));
-    QCOMPARE(m_real->reconnect(), int(CameraError::NotConnected));
+    void realValueIsSeenFromOutside()
+    {
+        if (!m_real)
+            QSKIP(qPrintable(m_skipReal));
+        QCOMPARE(m_real->write(OB_FT_TYPE_INTEGER, "Width", "640"), 0);
+        QCOMPARE(FakeGigECamera::readIndependently("Width"_s), "640"_s);
+        // A serial number is found by search only.
+        const auto found = RealCamera::list();
+        QVERIFY(std::any_of(found.begin(), found.end(), [this](const RealCamera::Found& camera) {
+            return camera.serial == m_fake->serial().toStdString();
+        }));
+    }
 
-    QVERIFY(m_fake->start());
-    QCOMPARE(m_real->reconnect(), 0);
-    QVERIFY(m_real->isConnected());
-    QCOMPARE(m_real->read(OB_FT_TYPE_INTEGER, "Width", &record), 0);
-}
+    void survivesTheEndOfTheCamera()
+    {
+        if (!m_real)
+            QSKIP(qPrintable(m_skipReal));
+        m_fake->kill();
+        _ZDCC_INTVALUE_EX_T record{};
+        const int first = m_real->read(OB_FT_TYPE_INTEGER, "Width", &record);
+        QVERIFY2(first == CameraError::Timeout || first == CameraError::NotConnected,
+                 CameraError::text(first));
+        QVERIFY(!m_real->isConnected());
+        int mode = 0;
+        QCOMPARE(m_real->read(OB_FT_TYPE_INTEGER, "Width", &record),
+                 int(CameraError::NotConnected));
+        QCOMPARE(m_real->accessMode("Width", &mode), int(CameraError::NotConnected));
+        QCOMPARE(m_real->reconnect(), int(CameraError::NotConnected));
+
+        QVERIFY(m_fake->start());
+        QCOMPARE(m_real->reconnect(), 0);
+        QVERIFY(m_real->isConnected());
+        QCOMPARE(m_real->read(OB_FT_TYPE_INTEGER, "Width", &record), 0);
+    }
+};
 
 OBFT_TEST_MAIN(TestCamera)
 #include "tst_camera.moc"

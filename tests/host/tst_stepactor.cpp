@@ -17,20 +17,53 @@
 class TestStepActor : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void usesTheWindow();
-    void tellsWhatFails_data();
-    void tellsWhatFails();
-    void goesOnInsideADialog();
-    void waitsUntilSettled();
 
 protected:
-    void prepare() override;
+    void prepare() override
+    {
+        m_window = std::make_unique<QWidget>();
+        auto* layout = new QVBoxLayout(m_window.get());
+        m_search = new QLineEdit;
+        m_search->setObjectName("searchLine"_s);
+        m_button = new QPushButton("&Save"_s);
+        m_tabs = new QTabWidget;
+        m_tree = new QTreeWidget;
+        m_tree->setColumnCount(2);
+        auto* group = new QTreeWidgetItem(m_tree, {"Group"_s});
+        auto* width = new QTreeWidgetItem(group, {"Width"_s});
+        auto* format = new QTreeWidgetItem(group, {"Pixel Format"_s});
+        m_editor = new QLineEdit;
+        m_box = new QComboBox;
+        m_box->addItems({"Mono 8"_s, "RGB 8"_s});
+        m_tree->setItemWidget(width, 1, m_editor);
+        m_tree->setItemWidget(format, 1, m_box);
+        m_tabs->addTab(new QWidget, "Empty"_s);
+        m_tabs->addTab(m_tree, "Features"_s);
+        layout->addWidget(m_search);
+        layout->addWidget(m_button);
+        layout->addWidget(m_tabs);
+        m_window->resize(400, 300);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    }
     void finish() override { m_window.reset(); }
 
 private:
+    // The error with which the script ended.
     QString run(
-        const QString& steps, std::function<bool()> isSettled = [] { return true; });
+        const QString& steps, std::function<bool()> isSettled = [] { return true; })
+    {
+        QString error;
+        const auto script = StepScript::parse(steps, &error);
+        if (!script)
+            return error;
+        StepRunner runner(*script, std::move(isSettled));
+        QSignalSpy finished(&runner, &StepRunner::finished);
+        runner.start();
+        if (!finished.wait(20000))
+            return "no end"_s;
+        return finished.at(0).at(0).toString();
+    }
 
     std::unique_ptr<QWidget> m_window;
     QTabWidget* m_tabs = nullptr;
@@ -39,117 +72,69 @@ private:
     QLineEdit* m_editor = nullptr;
     QComboBox* m_box = nullptr;
     QPushButton* m_button = nullptr;
+
+private slots:
+    void usesTheWindow()
+    {
+        QTemporaryDir directory;
+        const QString picture = directory.filePath("a.png"_s);
+        QSignalSpy pressed(m_tree, &QTreeWidget::pressed);
+        QSignalSpy entered(m_editor, &QLineEdit::returnPressed);
+        QSignalSpy activated(m_box, QOverload<int>::of(&QComboBox::activated));
+        QSignalSpy clicked(m_button, &QPushButton::clicked);
+        QCOMPARE(
+            run("tab=features; expand=*; set=Width:640; set=Pixel Format:RGB 8; select=pixel format; press=save; search=exp; size=500x400; picture=%1"_s
+                    .arg(picture)),
+            QString());
+        QCOMPARE(m_tabs->currentIndex(), 1);
+        QCOMPARE(pressed.size(), 1);
+        QCOMPARE(m_tree->currentItem()->text(0), "Pixel Format"_s);
+        QCOMPARE(m_editor->text(), "640"_s);
+        QCOMPARE(entered.size(), 1);
+        QCOMPARE(m_box->currentIndex(), 1);
+        QCOMPARE(activated.size(), 1);
+        QCOMPARE(clicked.size(), 1);
+        QCOMPARE(m_search->text(), "exp"_s);
+        QCOMPARE(QImage(picture).size(), QSize(500, 400));
+    }
+
+    void tellsWhatFails_data()
+    {
+        const Rows<QString, QString> row("steps", "error");
+        row.of("press=Load; wait=1", "press=Load: nothing visible is called \"Load\"");
+        row.of("tab=7", "tab=7: nothing visible is called \"7\"");
+        row.of("select=Width",
+               "select=Width: nothing visible is called \"Width\""); // on the other tab
+        row.of("tab=1; expand=*; set=Pixel Format:Mono 9",
+               "set=Pixel Format:Mono 9: there is no entry \"Mono 9\"");
+        row.of("choose=level:Guru", "choose=level:Guru: nothing visible is called \"level\"");
+        row.of("tab=1; set=Group:3", "set=Group:3: \"Group\" has no editor that is open");
+    }
+
+    void tellsWhatFails()
+    {
+        QFETCH(QString, steps);
+        QTEST(run(steps), "error");
+    }
+
+    void goesOnInsideADialog()
+    {
+        QDialog dialog(m_window.get());
+        auto* close = new QPushButton("Close"_s, &dialog);
+        connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
+        int result = -1;
+        connect(m_button, &QPushButton::clicked, this, [&] { result = dialog.exec(); });
+        QCOMPARE(run("press=Save; press=Close"_s), QString());
+        QTRY_COMPARE(result, int(QDialog::Accepted));
+    }
+
+    void waitsUntilSettled()
+    {
+        int asked = 0;
+        QCOMPARE(run("settle; press=Save"_s, [&asked] { return ++asked == 3; }), QString());
+        QCOMPARE(asked, 3);
+    }
 };
-
-void TestStepActor::prepare()
-{
-    m_window = std::make_unique<QWidget>();
-    auto* layout = new QVBoxLayout(m_window.get());
-    m_search = new QLineEdit;
-    m_search->setObjectName(QStringLiteral("searchLine"));
-    m_button = new QPushButton(QStringLiteral("&Save"));
-    m_tabs = new QTabWidget;
-    m_tree = new QTreeWidget;
-    m_tree->setColumnCount(2);
-    auto* group = new QTreeWidgetItem(m_tree, {QStringLiteral("Group")});
-    auto* width = new QTreeWidgetItem(group, {QStringLiteral("Width")});
-    auto* format = new QTreeWidgetItem(group, {QStringLiteral("Pixel Format")});
-    m_editor = new QLineEdit;
-    m_box = new QComboBox;
-    m_box->addItems({QStringLiteral("Mono 8"), QStringLiteral("RGB 8")});
-    m_tree->setItemWidget(width, 1, m_editor);
-    m_tree->setItemWidget(format, 1, m_box);
-    m_tabs->addTab(new QWidget, QStringLiteral("Empty"));
-    m_tabs->addTab(m_tree, QStringLiteral("Features"));
-    layout->addWidget(m_search);
-    layout->addWidget(m_button);
-    layout->addWidget(m_tabs);
-    m_window->resize(400, 300);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-}
-
-// The error with which the script ended.
-QString TestStepActor::run(const QString& steps, std::function<bool()> isSettled)
-{
-    QString error;
-    const auto script = StepScript::parse(steps, &error);
-    if (!script)
-        return error;
-    StepRunner runner(*script, std::move(isSettled));
-    QSignalSpy finished(&runner, &StepRunner::finished);
-    runner.start();
-    if (!finished.wait(20000))
-        return QStringLiteral("no end");
-    return finished.at(0).at(0).toString();
-}
-
-void TestStepActor::usesTheWindow()
-{
-    QTemporaryDir directory;
-    const QString picture = directory.filePath(QStringLiteral("a.png"));
-    QSignalSpy pressed(m_tree, &QTreeWidget::pressed);
-    QSignalSpy entered(m_editor, &QLineEdit::returnPressed);
-    QSignalSpy activated(m_box, QOverload<int>::of(&QComboBox::activated));
-    QSignalSpy clicked(m_button, &QPushButton::clicked);
-    QCOMPARE(run(QStringLiteral("tab=features; expand=*; set=Width:640; "
-                                "set=Pixel Format:RGB 8; select=pixel format; press=save; "
-                                "search=exp; size=500x400; "
-                                "picture=%1")
-                     .arg(picture)),
-             QString());
-    QCOMPARE(m_tabs->currentIndex(), 1);
-    QCOMPARE(pressed.size(), 1);
-    QCOMPARE(m_tree->currentItem()->text(0), QStringLiteral("Pixel Format"));
-    QCOMPARE(m_editor->text(), QStringLiteral("640"));
-    QCOMPARE(entered.size(), 1);
-    QCOMPARE(m_box->currentIndex(), 1);
-    QCOMPARE(activated.size(), 1);
-    QCOMPARE(clicked.size(), 1);
-    QCOMPARE(m_search->text(), QStringLiteral("exp"));
-    QCOMPARE(QImage(picture).size(), QSize(500, 400));
-}
-
-void TestStepActor::tellsWhatFails_data()
-{
-    QTest::addColumn<QString>("steps");
-    QTest::addColumn<QString>("error");
-    const auto row = [](const char* steps, const char* error) {
-        QTest::newRow(steps) << QString::fromLatin1(steps) << QString::fromLatin1(error);
-    };
-    row("press=Load; wait=1", "press=Load: nothing visible is called \"Load\"");
-    row("tab=7", "tab=7: nothing visible is called \"7\"");
-    row("select=Width", "select=Width: nothing visible is called \"Width\""); // on the other tab
-    row("tab=1; expand=*; set=Pixel Format:Mono 9",
-        "set=Pixel Format:Mono 9: there is no entry \"Mono 9\"");
-    row("choose=level:Guru", "choose=level:Guru: nothing visible is called \"level\"");
-    row("tab=1; set=Group:3", "set=Group:3: \"Group\" has no editor that is open");
-}
-
-void TestStepActor::tellsWhatFails()
-{
-    QFETCH(QString, steps);
-    QTEST(run(steps), "error");
-}
-
-void TestStepActor::goesOnInsideADialog()
-{
-    QDialog dialog(m_window.get());
-    auto* close = new QPushButton(QStringLiteral("Close"), &dialog);
-    connect(close, &QPushButton::clicked, &dialog, &QDialog::accept);
-    int result = -1;
-    connect(m_button, &QPushButton::clicked, this, [&] { result = dialog.exec(); });
-    QCOMPARE(run(QStringLiteral("press=Save; press=Close")), QString());
-    QTRY_COMPARE(result, int(QDialog::Accepted));
-}
-
-void TestStepActor::waitsUntilSettled()
-{
-    int asked = 0;
-    QCOMPARE(run(QStringLiteral("settle; press=Save"), [&asked] { return ++asked == 3; }),
-             QString());
-    QCOMPARE(asked, 3);
-}
 
 OBFT_TEST_MAIN(TestStepActor)
 #include "tst_stepactor.moc"

@@ -2,38 +2,34 @@
 #pragma once
 
 #include "support/DescriptionBuilder.h"
+#include "support/Literals.h"
 
 // A small camera of standard features, whose Chinese names the library brings along: three groups,
 // one of them with a branch, and a feature for gurus.
 inline QByteArray cameraDescription()
 {
     using namespace DescriptionBuilder;
-    const auto text = [](const char* name) { return QString::fromLatin1(name); };
-    const auto feature = [&](const char* tag, const char* name, const char* displayName,
-                             const char* visibility = "Beginner") {
-        return node(text(tag), text(name),
-                    child(QStringLiteral("DisplayName"), text(displayName)) +
-                        child(QStringLiteral("Visibility"), text(visibility)));
+    const auto feature = [](const QString& tag, const QString& name, const QString& displayName,
+                            const QString& visibility = "Beginner"_s) {
+        return node(tag, name,
+                    child("DisplayName"_s, displayName) + child("Visibility"_s, visibility));
     };
-    const auto list = [&](const char* name, const QStringList& features) {
-        return category(text(name), features);
-    };
-    const QString entries = QStringLiteral("<EnumEntry Name=\"Off\"><Value>0</Value></EnumEntry>"
-                                           "<EnumEntry Name=\"Once\"><Value>1</Value></EnumEntry>");
+    const QString entries = "<EnumEntry Name=\"Off\"><Value>0</Value></EnumEntry>"
+                            "<EnumEntry Name=\"Once\"><Value>1</Value></EnumEntry>"_s;
     return wrap(
-        list("Root", {text("DeviceControl"), text("AnalogControl"), text("AcquisitionControl")}) +
-        list("DeviceControl", {text("DeviceUserID"), text("DeviceReset")}) +
-        list("AnalogControl", {text("Gain"), text("GainAuto"), text("BlackLevelControl")}) +
-        list("BlackLevelControl", {text("BlackLevel")}) +
-        list("AcquisitionControl", {text("ExposureTime"), text("ExposureMode"), text("Width"),
-                                    text("AcquisitionFrameCount")}) +
-        feature("StringReg", "DeviceUserID", "Device User ID") +
-        feature("Command", "DeviceReset", "Device Reset") + feature("Float", "Gain", "Gain") +
-        node(text("Enumeration"), text("GainAuto"),
-             child(QStringLiteral("DisplayName"), text("Gain Auto")) + entries) +
-        feature("Float", "BlackLevel", "Black Level") +
-        feature("Float", "ExposureTime", "Exposure Time") +
-        feature("Integer", "ExposureMode", "Exposure Mode", "Guru") +
-        feature("Integer", "Width", "Width") +
-        feature("Integer", "AcquisitionFrameCount", "Acquisition Frame Count"));
+        category("Root"_s, words("DeviceControl AnalogControl AcquisitionControl")) +
+        category("DeviceControl"_s, words("DeviceUserID DeviceReset")) +
+        category("AnalogControl"_s, words("Gain GainAuto BlackLevelControl")) +
+        category("BlackLevelControl"_s, words("BlackLevel")) +
+        category("AcquisitionControl"_s,
+                 words("ExposureTime ExposureMode Width AcquisitionFrameCount")) +
+        feature("StringReg"_s, "DeviceUserID"_s, "Device User ID"_s) +
+        feature("Command"_s, "DeviceReset"_s, "Device Reset"_s) +
+        feature("Float"_s, "Gain"_s, "Gain"_s) +
+        node("Enumeration"_s, "GainAuto"_s, child("DisplayName"_s, "Gain Auto"_s) + entries) +
+        feature("Float"_s, "BlackLevel"_s, "Black Level"_s) +
+        feature("Float"_s, "ExposureTime"_s, "Exposure Time"_s) +
+        feature("Integer"_s, "ExposureMode"_s, "Exposure Mode"_s, "Guru"_s) +
+        feature("Integer"_s, "Width"_s, "Width"_s) +
+        feature("Integer"_s, "AcquisitionFrameCount"_s, "Acquisition Frame Count"_s));
 }

@@ -32,7 +32,7 @@ public:
         common.setItemType(Item::CustomItem);
         for (const char* name : {"Width", "Gain"}) {
             auto* group = new Item(&common, Item::CommonPage);
-            group->value()->setNodeName(QStringLiteral("Group") + QString::fromLatin1(name));
+            group->value()->setNodeName("Group"_s + QString::fromLatin1(name));
             item(name)->setParent(group, Item::CommonPage);
         }
         view = std::make_unique<CFeatureGroupTreeView>(
@@ -79,178 +79,168 @@ enum TreeGroup { Favorites = 0, Device = 1, Analog = 2, Acquisition = 3 };
 class TestCFeatureGroupTreeView : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void twoLevelsInTheInterfaceLanguage();
-    void onlyTheSelectedGroupShows();
-    void pageRowComesBackToItsGroup();
-    void oneOpenPage();
-    void emptyGroupsAndPagesAreHidden();
-    void favoritesGroupIsNeverHidden();
-    void notificationsOfAReadingThread();
-    void otherCamerasDoNotCount();
-    void keyboardWalksThroughGroups();
-    void searchTellsEachItemOnce();
-};
-
-void TestCFeatureGroupTreeView::twoLevelsInTheInterfaceLanguage()
-{
-    Pages pages;
-    const QAbstractItemModel* model = pages.view->model();
-    QCOMPARE(model->rowCount(), 2);
-    QCOMPARE(model->rowCount(pages.page(0)), 4);
-    QCOMPARE(model->rowCount(pages.group(0, Analog)), 0);
-    CTreeItemValue* value = pages.item("AnalogControl")->value();
-    value->setTranslateName(QString::fromUtf8("\u6a21\u62df"));
-    QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
-    ORXInterface::setLanguage(QStringLiteral("CH"));
-    pages.view->retranslate();
-    const QVariant name = pages.group(0, Analog).data();
-    const QVariant toolTip = pages.group(0, Analog).data(Qt::ToolTipRole);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
-    QCOMPARE(name.toString(), QString::fromUtf8("\u6a21\u62df"));
-    QCOMPARE(toolTip, name);
-    QCOMPARE(pages.group(0, Analog).data().toString(), QStringLiteral("AnalogControl"));
-    QVERIFY(changed.count() >= 2);
-    QVERIFY(!pages.group(0, Analog).data(Qt::CheckStateRole).isValid());
-}
-
-void TestCFeatureGroupTreeView::onlyTheSelectedGroupShows()
-{
-    Pages pages;
-    QSignalSpy tab(pages.view.get(), &CFeatureGroupTreeView::SigTabChanged);
-    pages.view->OnChangedIndex(pages.group(0, Analog));
-    QCOMPARE(tab.takeLast().at(0).toInt(), 0);
-    QVERIFY(pages.item("AnalogControl")->groupVisible());
-    QVERIFY(pages.item("BlackLevel")->groupVisible());
-    QVERIFY(!pages.item("DeviceReset")->groupVisible());
-    pages.view->OnChangedIndex(pages.group(0, Device));
-    QVERIFY(!pages.item("BlackLevel")->groupVisible());
-    QVERIFY(pages.item("DeviceReset")->groupVisible());
-}
-
-void TestCFeatureGroupTreeView::pageRowComesBackToItsGroup()
-{
-    Pages pages;
-    QSignalSpy tab(pages.view.get(), &CFeatureGroupTreeView::SigTabChanged);
-    pages.view->OnChangedIndex(pages.group(0, Acquisition));
-    pages.view->OnChangedIndex(pages.page(1));
-    QCOMPARE(pages.current(), QStringLiteral("GroupWidth"));
-    QCOMPARE(tab.last().at(0).toInt(), kCommonTab);
-    QTest::mouseClick(pages.view->viewport(), Qt::LeftButton, {},
-                      pages.view->visualRect(pages.page(0)).center());
-    QCOMPARE(pages.current(), QStringLiteral("AcquisitionControl"));
-    QCOMPARE(tab.last().at(0).toInt(), 0);
-}
-
-void TestCFeatureGroupTreeView::oneOpenPage()
-{
-    Pages pages;
-    QVERIFY(pages.view->isExpanded(pages.page(0)));
-    pages.view->expand(pages.page(1));
-    QVERIFY(!pages.view->isExpanded(pages.page(0)));
-    QCOMPARE(pages.current(), QStringLiteral("GroupWidth"));
-    pages.view->showTab(0);
-    QVERIFY(pages.view->isExpanded(pages.page(0)));
-    QVERIFY(!pages.view->isExpanded(pages.page(1)));
-}
-
-void TestCFeatureGroupTreeView::emptyGroupsAndPagesAreHidden()
-{
-    Pages pages;
-    pages.item("Width")->setVisible(false, kCamera);
-    QVERIFY(pages.hidden(pages.group(1, 0)));
-    QVERIFY(!pages.hidden(pages.page(1)));
-    pages.item("Gain")->setVisible(false, kCamera);
-    QVERIFY(pages.hidden(pages.page(1)));
-    // In the tree both groups still have features to show.
-    QVERIFY(!pages.hidden(pages.group(0, Acquisition)));
-    QVERIFY(!pages.hidden(pages.group(0, Analog)));
-    pages.item("Gain")->setVisible(true, kCamera);
-    QVERIFY(!pages.hidden(pages.page(1)));
-    QVERIFY(!pages.hidden(pages.group(1, 1)));
-    QVERIFY(pages.hidden(pages.group(1, 0)));
-}
-
-void TestCFeatureGroupTreeView::favoritesGroupIsNeverHidden()
-{
-    Pages pages;
-    Item* favorites = pages.description.root.child(Favorites);
-    auto* favorite = new Item(favorites, Item::FeatureTreePage);
-    favorite->copy(pages.item("Gain"));
-    favorite->setItemType(Item::FavoriteItem);
-    favorite->registerView(pages.view.get());
-    favorite->setVisible(false, kCamera);
-    QVERIFY(!pages.hidden(pages.group(0, Favorites)));
-    for (const char* name : {"DeviceUserID", "DeviceReset", "Gain", "GainAuto", "BlackLevel",
-                             "ExposureTime", "ExposureMode", "Width", "AcquisitionFrameCount"})
-        pages.item(name)->setVisible(false, kCamera);
-    QVERIFY(pages.hidden(pages.group(0, Device)));
-    QVERIFY(!pages.hidden(pages.group(0, Favorites)));
-    QVERIFY(!pages.hidden(pages.page(0)));
-}
-
-void TestCFeatureGroupTreeView::notificationsOfAReadingThread()
-{
-    Pages pages;
-    std::thread reader([&] {
-        pages.item("DeviceUserID")->setVisible(false, kCamera);
-        pages.item("DeviceReset")->setVisible(false, kCamera);
-    });
-    reader.join();
-    QVERIFY(!pages.hidden(pages.group(0, Device)));
-    QTRY_VERIFY(pages.hidden(pages.group(0, Device)));
-}
-
-void TestCFeatureGroupTreeView::otherCamerasDoNotCount()
-{
-    Pages pages;
-    int changed = 0;
-    connect(pages.view.get(), &CFeatureGroupTreeView::SigChildVisibleChanged, this,
-            [&changed] { ++changed; });
-    pages.item("Width")->setVisible(false, kCamera + 1);
-    QCOMPARE(changed, 0);
-    pages.item("Width")->setVisible(true, kCamera);
-    QCOMPARE(changed, 1);
-}
-
-void TestCFeatureGroupTreeView::keyboardWalksThroughGroups()
-{
-    Pages pages;
-    pages.view->activateWindow();
-    pages.view->setFocus();
-    QTRY_VERIFY(pages.view->hasFocus());
-    pages.view->OnChangedIndex(pages.group(0, Device));
-    QTest::keyClick(pages.view.get(), Qt::Key_Down);
-    QVERIFY(pages.item("Gain")->groupVisible());
-    QVERIFY(!pages.item("DeviceReset")->groupVisible());
-}
-
-void TestCFeatureGroupTreeView::searchTellsEachItemOnce()
-{
-    struct Recorder : IORXFeatureNotify
+    void twoLevelsInTheInterfaceLanguage()
     {
-        void itemVisibleChanged(qint64 cameraId, Item* item, bool visible) override
+        Pages pages;
+        const QAbstractItemModel* model = pages.view->model();
+        QCOMPARE(model->rowCount(), 2);
+        QCOMPARE(model->rowCount(pages.page(0)), 4);
+        QCOMPARE(model->rowCount(pages.group(0, Analog)), 0);
+        CTreeItemValue* value = pages.item("AnalogControl")->value();
+        value->setTranslateName("\u6a21\u62df"_s);
+        QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
+        ORXInterface::setLanguage("CH"_s);
+        pages.view->retranslate();
+        const QVariant name = pages.group(0, Analog).data();
+        const QVariant toolTip = pages.group(0, Analog).data(Qt::ToolTipRole);
+        ORXInterface::setLanguage("ENG"_s);
+        QCOMPARE(name.toString(), "\u6a21\u62df"_s);
+        QCOMPARE(toolTip, name);
+        QCOMPARE(pages.group(0, Analog).data().toString(), "AnalogControl"_s);
+        QVERIFY(changed.count() >= 2);
+        QVERIFY(!pages.group(0, Analog).data(Qt::CheckStateRole).isValid());
+    }
+
+    void onlyTheSelectedGroupShows()
+    {
+        Pages pages;
+        QSignalSpy tab(pages.view.get(), &CFeatureGroupTreeView::SigTabChanged);
+        pages.view->OnChangedIndex(pages.group(0, Analog));
+        QCOMPARE(tab.takeLast().at(0).toInt(), 0);
+        QVERIFY(pages.item("AnalogControl")->groupVisible());
+        QVERIFY(pages.item("BlackLevel")->groupVisible());
+        QVERIFY(!pages.item("DeviceReset")->groupVisible());
+        pages.view->OnChangedIndex(pages.group(0, Device));
+        QVERIFY(!pages.item("BlackLevel")->groupVisible());
+        QVERIFY(pages.item("DeviceReset")->groupVisible());
+    }
+
+    void pageRowComesBackToItsGroup()
+    {
+        Pages pages;
+        QSignalSpy tab(pages.view.get(), &CFeatureGroupTreeView::SigTabChanged);
+        pages.view->OnChangedIndex(pages.group(0, Acquisition));
+        pages.view->OnChangedIndex(pages.page(1));
+        QCOMPARE(pages.current(), "GroupWidth"_s);
+        QCOMPARE(tab.last().at(0).toInt(), kCommonTab);
+        QTest::mouseClick(pages.view->viewport(), Qt::LeftButton, {},
+                          pages.view->visualRect(pages.page(0)).center());
+        QCOMPARE(pages.current(), "AcquisitionControl"_s);
+        QCOMPARE(tab.last().at(0).toInt(), 0);
+    }
+
+    void oneOpenPage()
+    {
+        Pages pages;
+        QVERIFY(pages.view->isExpanded(pages.page(0)));
+        pages.view->expand(pages.page(1));
+        QVERIFY(!pages.view->isExpanded(pages.page(0)));
+        QCOMPARE(pages.current(), "GroupWidth"_s);
+        pages.view->showTab(0);
+        QVERIFY(pages.view->isExpanded(pages.page(0)));
+        QVERIFY(!pages.view->isExpanded(pages.page(1)));
+    }
+
+    void emptyGroupsAndPagesAreHidden()
+    {
+        Pages pages;
+        pages.item("Width")->setVisible(false, kCamera);
+        QVERIFY(pages.hidden(pages.group(1, 0)));
+        QVERIFY(!pages.hidden(pages.page(1)));
+        pages.item("Gain")->setVisible(false, kCamera);
+        QVERIFY(pages.hidden(pages.page(1)));
+        // In the tree both groups still have features to show.
+        QVERIFY(!pages.hidden(pages.group(0, Acquisition)));
+        QVERIFY(!pages.hidden(pages.group(0, Analog)));
+        pages.item("Gain")->setVisible(true, kCamera);
+        QVERIFY(!pages.hidden(pages.page(1)));
+        QVERIFY(!pages.hidden(pages.group(1, 1)));
+        QVERIFY(pages.hidden(pages.group(1, 0)));
+    }
+
+    void favoritesGroupIsNeverHidden()
+    {
+        Pages pages;
+        Item* favorites = pages.description.root.child(Favorites);
+        auto* favorite = new Item(favorites, Item::FeatureTreePage);
+        favorite->copy(pages.item("Gain"));
+        favorite->setItemType(Item::FavoriteItem);
+        favorite->registerView(pages.view.get());
+        favorite->setVisible(false, kCamera);
+        QVERIFY(!pages.hidden(pages.group(0, Favorites)));
+        for (const char* name : {"DeviceUserID", "DeviceReset", "Gain", "GainAuto", "BlackLevel",
+                                 "ExposureTime", "ExposureMode", "Width", "AcquisitionFrameCount"})
+            pages.item(name)->setVisible(false, kCamera);
+        QVERIFY(pages.hidden(pages.group(0, Device)));
+        QVERIFY(!pages.hidden(pages.group(0, Favorites)));
+        QVERIFY(!pages.hidden(pages.page(0)));
+    }
+
+    void notificationsOfAReadingThread()
+    {
+        Pages pages;
+        std::thread reader([&] {
+            pages.item("DeviceUserID")->setVisible(false, kCamera);
+            pages.item("DeviceReset")->setVisible(false, kCamera);
+        });
+        reader.join();
+        QVERIFY(!pages.hidden(pages.group(0, Device)));
+        QTRY_VERIFY(pages.hidden(pages.group(0, Device)));
+    }
+
+    void otherCamerasDoNotCount()
+    {
+        Pages pages;
+        int changed = 0;
+        connect(pages.view.get(), &CFeatureGroupTreeView::SigChildVisibleChanged, this,
+                [&changed] { ++changed; });
+        pages.item("Width")->setVisible(false, kCamera + 1);
+        QCOMPARE(changed, 0);
+        pages.item("Width")->setVisible(true, kCamera);
+        QCOMPARE(changed, 1);
+    }
+
+    void keyboardWalksThroughGroups()
+    {
+        Pages pages;
+        pages.view->activateWindow();
+        pages.view->setFocus();
+        QTRY_VERIFY(pages.view->hasFocus());
+        pages.view->OnChangedIndex(pages.group(0, Device));
+        QTest::keyClick(pages.view.get(), Qt::Key_Down);
+        QVERIFY(pages.item("Gain")->groupVisible());
+        QVERIFY(!pages.item("DeviceReset")->groupVisible());
+    }
+
+    void searchTellsEachItemOnce()
+    {
+        struct Recorder : IORXFeatureNotify
         {
-            QCOMPARE(cameraId, kCamera);
-            log += item->value()->nodeName(0) + (visible ? u'+' : u'-');
-        }
-        QStringList log;
-    };
-    Pages pages;
-    pages.view->OnChangedIndex(pages.group(0, Analog));
-    Recorder recorder;
-    for (const char* name : {"Gain", "GainAuto", "BlackLevel", "Width"})
-        pages.item(name)->registerView(&recorder);
-    // Gain hangs in both pages. Rows that come or go are told before those that stay.
-    pages.view->SetSearchText(QStringLiteral("auto"));
-    QCOMPARE(recorder.log, QStringList({QStringLiteral("Gain-"), QStringLiteral("BlackLevel-"),
-                                        QStringLiteral("Width-"), QStringLiteral("GainAuto+")}));
-    recorder.log.clear();
-    pages.view->SetSearchText(QStringLiteral("gain"));
-    QCOMPARE(recorder.log.first(), QStringLiteral("Gain+"));
-    QCOMPARE(recorder.log.last(), QStringLiteral("GainAuto+"));
-    QCOMPARE(recorder.log.size(), 4);
-}
+            void itemVisibleChanged(qint64 cameraId, Item* item, bool visible) override
+            {
+                QCOMPARE(cameraId, kCamera);
+                log += item->value()->nodeName(0) + (visible ? u'+' : u'-');
+            }
+            QStringList log;
+        };
+        Pages pages;
+        pages.view->OnChangedIndex(pages.group(0, Analog));
+        Recorder recorder;
+        for (const char* name : {"Gain", "GainAuto", "BlackLevel", "Width"})
+            pages.item(name)->registerView(&recorder);
+        // Gain hangs in both pages. Rows that come or go are told before those that stay.
+        pages.view->SetSearchText("auto"_s);
+        QCOMPARE(recorder.log,
+                 QStringList({"Gain-"_s, "BlackLevel-"_s, "Width-"_s, "GainAuto+"_s}));
+        recorder.log.clear();
+        pages.view->SetSearchText("gain"_s);
+        QCOMPARE(recorder.log.first(), "Gain+"_s);
+        QCOMPARE(recorder.log.last(), "GainAuto+"_s);
+        QCOMPARE(recorder.log.size(), 4);
+    }
+};
 
 OBFT_TEST_MAIN(TestCFeatureGroupTreeView)
 #include "tst_cfeaturegrouptreeview.moc"

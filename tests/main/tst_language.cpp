@@ -3,15 +3,11 @@
 // that was opened in that language shows, and no edit is lost.
 #include "CameraDescription.h"
 #include "basetools/ORXInterface.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -27,8 +23,8 @@ void collectRows(const QTreeView& view, const QModelIndex& parent, QStringList& 
 {
     for (int row = 0; row < view.model()->rowCount(parent); ++row) {
         const QModelIndex index = view.model()->index(row, 0, parent);
-        texts += QStringLiteral("row: ") + index.data().toString();
-        texts += QStringLiteral("row tip: ") + index.data(Qt::ToolTipRole).toString();
+        texts += "row: "_s + index.data().toString();
+        texts += "row tip: "_s + index.data(Qt::ToolTipRole).toString();
         collectRows(view, index, texts);
     }
 }
@@ -36,29 +32,29 @@ void collectRows(const QTreeView& view, const QModelIndex& parent, QStringList& 
 // Every text that the visible part of a window shows, marked by where it stands.
 QStringList textsOf(const QWidget* window)
 {
-    QStringList texts = {QStringLiteral("title: ") + window->windowTitle()};
+    QStringList texts = {"title: "_s + window->windowTitle()};
     for (const QWidget* widget : window->findChildren<QWidget*>()) {
         if (!widget->isVisibleTo(window))
             continue;
-        texts += QStringLiteral("tip: ") + widget->toolTip();
+        texts += "tip: "_s + widget->toolTip();
         if (const auto* label = qobject_cast<const QLabel*>(widget))
-            texts += QStringLiteral("label: ") + label->text();
+            texts += "label: "_s + label->text();
         if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-            texts += QStringLiteral("button: ") + button->text();
+            texts += "button: "_s + button->text();
         if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
-            texts += QStringLiteral("line: ") + line->placeholderText();
+            texts += "line: "_s + line->placeholderText();
             for (const QAction* action : line->actions())
-                texts += QStringLiteral("action: ") + action->toolTip();
+                texts += "action: "_s + action->toolTip();
         }
         if (const auto* text = qobject_cast<const QTextEdit*>(widget))
-            texts += QStringLiteral("text: ") + text->toPlainText() + text->placeholderText();
+            texts += "text: "_s + text->toPlainText() + text->placeholderText();
         if (const auto* bar = qobject_cast<const ZELCustomDockTitleBar*>(widget))
-            texts += QStringLiteral("dock: ") + bar->cTitleText();
+            texts += "dock: "_s + bar->cTitleText();
         if (const auto* view = qobject_cast<const QTreeView*>(widget))
             collectRows(*view, {}, texts);
         if (const auto* box = qobject_cast<const QComboBox*>(widget)) {
             for (int i = 0; i < box->count(); ++i)
-                texts += QStringLiteral("entry: ") + box->itemText(i);
+                texts += "entry: "_s + box->itemText(i);
         }
     }
     texts.sort();
@@ -67,7 +63,7 @@ QStringList textsOf(const QWidget* window)
 
 QAbstractButton* languageButton(const OpenedWindow& window)
 {
-    return window.widget()->findChild<QAbstractButton*>(QStringLiteral("ORXFeatureLangue"));
+    return window.widget()->findChild<QAbstractButton*>("ORXFeatureLangue"_s);
 }
 
 void switchLanguage(const OpenedWindow& window)
@@ -77,201 +73,168 @@ void switchLanguage(const OpenedWindow& window)
     QApplication::processEvents();
 }
 
-void showGroup(const OpenedWindow& window, const char* name)
-{
-    CFeatureGroupTreeView* groups = window.widget()->featureGroup(1)->groupView();
-    const auto* model = static_cast<CFeatureGroupModel*>(groups->model());
-    groups->OnChangedIndex(
-        model->groupIndex(0, window.tree()->propertyItemByName(QString::fromLatin1(name))));
-}
-
 } // namespace
 
-class TestLanguage : public GuardedTest
+class TestLanguage : public OpenedWindowTest
 {
     Q_OBJECT
-private slots:
-    void switchedWindowShowsWhatAFreshOneShows_data();
-    void switchedWindowShowsWhatAFreshOneShows();
-    void switchingWhileReading();
-    void openPromptIsTranslated();
-    void openMessageAndOverlayAreTranslated();
-    void editsSurvive_data();
-    void editsSurvive();
 
-protected:
-    void prepare() override
+public:
+    TestLanguage()
+        : OpenedWindowTest(cameraDescription())
     {
-        m_host.serve(m_xml);
-        m_host.clearCalls();
-    }
-    void finish() override
-    {
-        m_host.setLatencyMs(0);
-        OB_FT_Release();
-        FakeHost::uninstall();
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
     }
 
 private:
     // What a window shows that was opened in the language, with a row of a group selected.
     QStringList freshTexts(int language)
     {
-        OpenedWindow window(m_host, m_xml, language);
+        OpenedWindow window(*m_host, m_xml, language);
         prepareWindow(window);
         return textsOf(window.widget());
     }
     void prepareWindow(const OpenedWindow& window)
     {
         QVERIFY(window.waitForFirstRead());
-        showGroup(window, "AcquisitionControl");
+        window.showGroup("AcquisitionControl");
         select(window, "ExposureTime");
         QTRY_VERIFY(editor(window, "Width"));
         QApplication::processEvents();
     }
     void select(const OpenedWindow& window, const char* name) const
     {
-        ORXFeatureTreeView* view = window.tree()->treeView();
-        view->setCurrentIndex(view->treeModel()->indexFromItem(
-            window.tree()->propertyItemByName(QString::fromLatin1(name)), 0));
+        window.view()->setCurrentIndex(
+            window.view()->treeModel()->indexFromItem(window.item(name), 0));
     }
     QWidget* editor(const OpenedWindow& window, const char* name) const
     {
-        return window.tree()->treeView()->editorOf(
-            window.tree()->propertyItemByName(QString::fromLatin1(name)));
+        return window.view()->editorOf(window.item(name));
     }
 
-    const QByteArray m_xml = cameraDescription();
-    FakeHost m_host;
+private slots:
+    void switchedWindowShowsWhatAFreshOneShows_data()
+    {
+        const Rows<int> row("from");
+        row("from English to Chinese", 0);
+        row("from Chinese to English", 1);
+    }
+
+    void switchedWindowShowsWhatAFreshOneShows()
+    {
+        QFETCH(int, from);
+        const QStringList old = freshTexts(from);
+        const QStringList expected = freshTexts(1 - from);
+        QVERIFY(old != expected);
+        OpenedWindow window(*m_host, m_xml, from);
+        prepareWindow(window);
+        switchLanguage(window);
+        QCOMPARE(textsOf(window.widget()), expected);
+        switchLanguage(window);
+        QCOMPARE(textsOf(window.widget()), old);
+    }
+
+    void switchingWhileReading()
+    {
+        const QStringList expected = freshTexts(1);
+        m_host->setLatencyMs(5);
+        OpenedWindow window(*m_host, m_xml, 0);
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        switchLanguage(window);
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        prepareWindow(window);
+        QTRY_COMPARE(textsOf(window.widget()), expected);
+    }
+
+    void openPromptIsTranslated()
+    {
+        OpenedWindow window(*m_host, m_xml, 0);
+        QVERIFY(window.waitForFirstRead());
+        QStringList english;
+        QStringList switched;
+        QTimer::singleShot(0, window.widget(), [&] {
+            auto* box = window.widget()->findChild<ZELCustomMessageBox*>();
+            if (!box)
+                return;
+            english = textsOf(box);
+            // A host may change the language while the box keeps the user from the tool bar.
+            window.widget()->SetLanguage(1);
+            QApplication::processEvents();
+            switched = textsOf(box);
+            box->reject();
+        });
+        window.widget()->onSaveFeatures();
+        QVERIFY(!english.isEmpty());
+        QCOMPARE(switched.size(), english.size());
+        for (const QString& text : qAsConst(switched)) {
+            const QString shown = text.mid(text.indexOf(QLatin1Char(' ')) + 1);
+            QVERIFY2(shown.isEmpty() || !english.contains(text), qPrintable(text));
+        }
+    }
+
+    void openMessageAndOverlayAreTranslated()
+    {
+        OpenedWindow window(*m_host, m_xml, 0);
+        QVERIFY(window.waitForFirstRead());
+        const QString width = "Width"_s;
+        m_host->fail(width, 5);
+        MessageGuard::expectMessage(width); // the device layer's own line
+        QVERIFY(!window.tree()->setFeatureValue("Integer"_s, width, 640));
+        m_host->fail(width, 0);
+        const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
+        QVERIFY(box && box->isVisible());
+        window.tree()->ShowLoadingFeatures(true, true);
+        constexpr int kOverlay = 1;
+        const auto texts = [&] {
+            return QStringList({box->cCaption(), box->cTextTitle(), box->cContent(),
+                                ZELCustomLoadingDialog::text(kOverlay)});
+        };
+        const QStringList english = texts();
+        switchLanguage(window);
+        for (int i = 0; i < english.size(); ++i)
+            QVERIFY2(texts().at(i) != english.at(i), qPrintable(english.at(i)));
+        QVERIFY(box->cContent().contains("640"_s));
+        switchLanguage(window);
+        QCOMPARE(texts(), english);
+        window.tree()->ShowLoadingDlg(false, QString());
+    }
+
+    void editsSurvive_data()
+    {
+        const Rows<QByteArray, QByteArray, QString, QString> row("group", "feature", "typed",
+                                                                 "written");
+        row("float", "AcquisitionControl", "ExposureTime", "12.5", "set ExposureTime 12.5");
+        row("integer", "AcquisitionControl", "Width", "640", "set Width 640");
+        row("text", "DeviceControl", "DeviceUserID", "left", "set DeviceUserID left");
+    }
+
+    void editsSurvive()
+    {
+        QFETCH(QByteArray, group);
+        QFETCH(QByteArray, feature);
+        QFETCH(QString, typed);
+        QFETCH(QString, written);
+        OpenedWindow window(*m_host, m_xml, 0);
+        QVERIFY(window.waitForFirstRead());
+        window.showGroup(group.constData());
+        QTRY_VERIFY(editor(window, feature.constData()));
+        QWidget* typedInto = editor(window, feature.constData());
+        QTRY_VERIFY(typedInto->isEnabled());
+        typedInto->setFocus();
+        auto* line = qobject_cast<QLineEdit*>(typedInto);
+        if (!line)
+            line = typedInto->findChild<QLineEdit*>();
+        QVERIFY(line);
+        QTRY_VERIFY(QApplication::focusWidget());
+        line->selectAll();
+        QTest::keyClicks(QApplication::focusWidget(), typed);
+        QCOMPARE(line->text(), typed);
+        switchLanguage(window);
+        QCOMPARE(line->text(), typed);
+        QVERIFY(m_host->writes().isEmpty());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTRY_COMPARE(m_host->writes(), QStringList(written));
+    }
 };
-
-void TestLanguage::switchedWindowShowsWhatAFreshOneShows_data()
-{
-    QTest::addColumn<int>("from");
-    QTest::newRow("from English to Chinese") << 0;
-    QTest::newRow("from Chinese to English") << 1;
-}
-
-void TestLanguage::switchedWindowShowsWhatAFreshOneShows()
-{
-    QFETCH(int, from);
-    const QStringList old = freshTexts(from);
-    const QStringList expected = freshTexts(1 - from);
-    QVERIFY(old != expected);
-    OpenedWindow window(m_host, m_xml, from);
-    prepareWindow(window);
-    switchLanguage(window);
-    QCOMPARE(textsOf(window.widget()), expected);
-    switchLanguage(window);
-    QCOMPARE(textsOf(window.widget()), old);
-}
-
-void TestLanguage::switchingWhileReading()
-{
-    const QStringList expected = freshTexts(1);
-    m_host.setLatencyMs(5);
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(!window.tree()->HadUpdatedOnce());
-    switchLanguage(window);
-    QVERIFY(!window.tree()->HadUpdatedOnce());
-    prepareWindow(window);
-    QTRY_COMPARE(textsOf(window.widget()), expected);
-}
-
-void TestLanguage::openPromptIsTranslated()
-{
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(window.waitForFirstRead());
-    QStringList english;
-    QStringList switched;
-    QTimer::singleShot(0, window.widget(), [&] {
-        auto* box = window.widget()->findChild<ZELCustomMessageBox*>();
-        if (!box)
-            return;
-        english = textsOf(box);
-        // A host may change the language while the box keeps the user from the tool bar.
-        window.widget()->SetLanguage(1);
-        QApplication::processEvents();
-        switched = textsOf(box);
-        box->reject();
-    });
-    window.widget()->onSaveFeatures();
-    QVERIFY(!english.isEmpty());
-    QCOMPARE(switched.size(), english.size());
-    for (const QString& text : qAsConst(switched)) {
-        const QString shown = text.mid(text.indexOf(QLatin1Char(' ')) + 1);
-        QVERIFY2(shown.isEmpty() || !english.contains(text), qPrintable(text));
-    }
-}
-
-void TestLanguage::openMessageAndOverlayAreTranslated()
-{
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(window.waitForFirstRead());
-    const QString width = QStringLiteral("Width");
-    m_host.fail(width, 5);
-    MessageGuard::expectMessage(width); // the device layer's own line
-    QVERIFY(!window.tree()->setFeatureValue(QStringLiteral("Integer"), width, 640));
-    m_host.fail(width, 0);
-    const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
-    QVERIFY(box && box->isVisible());
-    window.tree()->ShowLoadingFeatures(true, true);
-    constexpr int kOverlay = 1;
-    const auto words = [&] {
-        return QStringList({box->cCaption(), box->cTextTitle(), box->cContent(),
-                            ZELCustomLoadingDialog::text(kOverlay)});
-    };
-    const QStringList english = words();
-    switchLanguage(window);
-    for (int i = 0; i < english.size(); ++i)
-        QVERIFY2(words().at(i) != english.at(i), qPrintable(english.at(i)));
-    QVERIFY(box->cContent().contains(QStringLiteral("640")));
-    switchLanguage(window);
-    QCOMPARE(words(), english);
-    window.tree()->ShowLoadingDlg(false, QString());
-}
-
-void TestLanguage::editsSurvive_data()
-{
-    QTest::addColumn<QByteArray>("group");
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("written");
-    QTest::newRow("float") << QByteArray("AcquisitionControl") << QByteArray("ExposureTime")
-                           << QStringLiteral("12.5") << QStringLiteral("set ExposureTime 12.5");
-    QTest::newRow("integer") << QByteArray("AcquisitionControl") << QByteArray("Width")
-                             << QStringLiteral("640") << QStringLiteral("set Width 640");
-    QTest::newRow("text") << QByteArray("DeviceControl") << QByteArray("DeviceUserID")
-                          << QStringLiteral("left") << QStringLiteral("set DeviceUserID left");
-}
-
-void TestLanguage::editsSurvive()
-{
-    QFETCH(QByteArray, group);
-    QFETCH(QByteArray, feature);
-    QFETCH(QString, typed);
-    QFETCH(QString, written);
-    OpenedWindow window(m_host, m_xml, 0);
-    QVERIFY(window.waitForFirstRead());
-    showGroup(window, group.constData());
-    QTRY_VERIFY(editor(window, feature.constData()));
-    QWidget* typedInto = editor(window, feature.constData());
-    QTRY_VERIFY(typedInto->isEnabled());
-    typedInto->setFocus();
-    auto* line = qobject_cast<QLineEdit*>(typedInto);
-    if (!line)
-        line = typedInto->findChild<QLineEdit*>();
-    QVERIFY(line);
-    QTRY_VERIFY(QApplication::focusWidget());
-    line->selectAll();
-    QTest::keyClicks(QApplication::focusWidget(), typed);
-    QCOMPARE(line->text(), typed);
-    switchLanguage(window);
-    QCOMPARE(line->text(), typed);
-    QVERIFY(m_host.writes().isEmpty());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QTRY_COMPARE(m_host.writes(), QStringList(written));
-}
 
 OBFT_TEST_MAIN(TestLanguage)
 #include "tst_language.moc"

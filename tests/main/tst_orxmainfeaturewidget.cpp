@@ -1,32 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraDescription.h"
-#include "device/OBDeviceControl.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
 
 #include <QPointer>
 #include <QPushButton>
 
-class TestORXMainFeatureWidget : public GuardedTest
+class TestORXMainFeatureWidget : public OpenedWindowTest
 {
     Q_OBJECT
-private slots:
-    void unknownIndexesDoNothing();
-    void shownTabAndMissingTreeDoNothing();
-    void tabsWithoutContentAreDisabled();
-    void titleIsTheUsersName();
-    void removedCameraLeavesAnEmptyWindow();
-    void tabTextsAreCut();
 
-protected:
-    void prepare() override { m_host.serve(m_xml); }
-    void finish() override
+public:
+    TestORXMainFeatureWidget()
+        : OpenedWindowTest(cameraDescription())
     {
-        OB_FT_Release();
-        FakeHost::uninstall();
     }
 
 private:
@@ -35,96 +22,94 @@ private:
         return widget->findChild<ZELCustomDockTitleBar*>()->cTitleText();
     }
 
-    const QByteArray m_xml = cameraDescription();
-    FakeHost m_host;
+private slots:
+    void unknownIndexesDoNothing()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        m_host->clearCalls();
+        window.widget()->OnToolBarBtnClicked(90);
+        QCOMPARE(m_host->count("invalidate"_s), 0);
+        window.widget()->OnToolBarBtnClicked(94);
+        QCOMPARE(m_host->count("invalidate"_s), 1);
+        const QString width = "Width"_s;
+        QCOMPARE(window.widget()->getItemByName(width, ORXMainFeatureWidget::WholeTreeTab),
+                 window.tree()->propertyItemByName(width));
+        for (const int tab : {4, -1})
+            QVERIFY(!window.widget()->getItemByName(
+                width, static_cast<ORXMainFeatureWidget::FeatureTabIndex>(tab)));
+    }
+
+    void shownTabAndMissingTreeDoNothing()
+    {
+        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
+        ORXMainFeatureWidget::instance(nullptr)->onTabIndexChange(1);
+        OB_FT_Release();
+
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        m_host->clearCalls();
+        window.widget()->onTabIndexChange(0);
+        window.widget()->onTabIndexChange(4);
+        window.widget()->onTabIndexChange(-1);
+        QCOMPARE(m_host->count("invalidate"_s), 0);
+        // Coming back to the tree reads it anew.
+        window.widget()->onTabIndexChange(1);
+        m_host->clearCalls();
+        window.widget()->onTabIndexChange(0);
+        QTRY_VERIFY(m_host->count("get Width"_s) > 0);
+    }
+
+    void tabsWithoutContentAreDisabled()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        const auto tabs =
+            window.widget()->findChildren<QPushButton*>(QRegularExpression("^FeatureTab\\d$"_s));
+        QCOMPARE(tabs.size(), 4);
+        QVERIFY(tabs.at(0)->isEnabled());
+        QVERIFY(tabs.at(0)->isChecked());
+    }
+
+    void titleIsTheUsersName()
+    {
+        m_host->set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        QTRY_COMPARE(dockTitle(window.widget()), "left camera"_s);
+        QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
+        window.widget()->SetTitleVisible(false);
+        QVERIFY(!window.widget()->cIsTitleVisible());
+    }
+
+    void removedCameraLeavesAnEmptyWindow()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        const QPointer<ORXFeatureGroup> group = window.column();
+        window.widget()->removeFeatureTree(1);
+        QVERIFY(group.isNull());
+        QCOMPARE(window.widget()->CurrentCameraID(), -1);
+        QVERIFY(!window.widget()->hasFeatureTree(1));
+        // What is left answers, and does nothing.
+        window.widget()->OnToolBarBtnClicked(94);
+        window.widget()->onTabIndexChange(1);
+        window.widget()->StartUpdateThread();
+        const qint64 calls = m_host->callCount();
+        QTest::qWait(50);
+        QCOMPARE(m_host->callCount(), calls);
+    }
+
+    void tabTextsAreCut()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        const QString longText(60, QLatin1Char('w'));
+        const QString cut = window.widget()->GetTabCutString(longText);
+        QVERIFY(cut.size() < longText.size());
+        QVERIFY(cut.endsWith(QChar(0x2026)));
+        QCOMPARE(window.widget()->GetTabCutString("Image"_s), "Image"_s);
+        QCOMPARE(window.widget()->sizeHint().width(), 516);
+    }
 };
-
-void TestORXMainFeatureWidget::unknownIndexesDoNothing()
-{
-    OpenedWindow window(m_host, m_xml);
-    QVERIFY(window.waitForFirstRead());
-    m_host.clearCalls();
-    window.widget()->OnToolBarBtnClicked(90);
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 0);
-    window.widget()->OnToolBarBtnClicked(94);
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 1);
-    const QString width = QStringLiteral("Width");
-    QCOMPARE(window.widget()->getItemByName(width, ORXMainFeatureWidget::WholeTreeTab),
-             window.tree()->propertyItemByName(width));
-    for (const int tab : {4, -1})
-        QVERIFY(!window.widget()->getItemByName(
-            width, static_cast<ORXMainFeatureWidget::FeatureTabIndex>(tab)));
-}
-
-void TestORXMainFeatureWidget::shownTabAndMissingTreeDoNothing()
-{
-    OB_FT_Init(m_xml.constData(), nullptr, nullptr);
-    ORXMainFeatureWidget::instance(nullptr)->onTabIndexChange(1);
-    OB_FT_Release();
-
-    OpenedWindow window(m_host, m_xml);
-    QVERIFY(window.waitForFirstRead());
-    m_host.clearCalls();
-    window.widget()->onTabIndexChange(0);
-    window.widget()->onTabIndexChange(4);
-    window.widget()->onTabIndexChange(-1);
-    QCOMPARE(m_host.count(QStringLiteral("invalidate")), 0);
-    // Coming back to the tree reads it anew.
-    window.widget()->onTabIndexChange(1);
-    m_host.clearCalls();
-    window.widget()->onTabIndexChange(0);
-    QTRY_VERIFY(m_host.count(QStringLiteral("get Width")) > 0);
-}
-
-void TestORXMainFeatureWidget::tabsWithoutContentAreDisabled()
-{
-    OpenedWindow window(m_host, m_xml);
-    const auto tabs = window.widget()->findChildren<QPushButton*>(
-        QRegularExpression(QStringLiteral("^FeatureTab\\d$")));
-    QCOMPARE(tabs.size(), 4);
-    QVERIFY(tabs.at(0)->isEnabled());
-    QVERIFY(tabs.at(0)->isChecked());
-}
-
-void TestORXMainFeatureWidget::titleIsTheUsersName()
-{
-    m_host.set(QStringLiteral("DeviceUserID"), FakeHost::textFeature("left camera"));
-    OpenedWindow window(m_host, m_xml);
-    QVERIFY(window.waitForFirstRead());
-    QTRY_COMPARE(dockTitle(window.widget()), QStringLiteral("left camera"));
-    QCOMPARE(window.widget()->windowTitle(), QStringLiteral("Test camera"));
-    window.widget()->SetTitleVisible(false);
-    QVERIFY(!window.widget()->cIsTitleVisible());
-}
-
-void TestORXMainFeatureWidget::removedCameraLeavesAnEmptyWindow()
-{
-    OpenedWindow window(m_host, m_xml);
-    QVERIFY(window.waitForFirstRead());
-    const QPointer<ORXFeatureGroup> group = window.widget()->featureGroup(1);
-    window.widget()->removeFeatureTree(1);
-    QVERIFY(group.isNull());
-    QCOMPARE(window.widget()->CurrentCameraID(), -1);
-    QVERIFY(!window.widget()->hasFeatureTree(1));
-    // What is left answers, and does nothing.
-    window.widget()->OnToolBarBtnClicked(94);
-    window.widget()->onTabIndexChange(1);
-    window.widget()->StartUpdateThread();
-    const qint64 calls = m_host.callCount();
-    QTest::qWait(50);
-    QCOMPARE(m_host.callCount(), calls);
-}
-
-void TestORXMainFeatureWidget::tabTextsAreCut()
-{
-    OpenedWindow window(m_host, m_xml);
-    const QString longText(60, QLatin1Char('w'));
-    const QString cut = window.widget()->GetTabCutString(longText);
-    QVERIFY(cut.size() < longText.size());
-    QVERIFY(cut.endsWith(QChar(0x2026)));
-    QCOMPARE(window.widget()->GetTabCutString(QStringLiteral("Image")), QStringLiteral("Image"));
-    QCOMPARE(window.widget()->sizeHint().width(), 516);
-}
 
 OBFT_TEST_MAIN(TestORXMainFeatureWidget)
 #include "tst_orxmainfeaturewidget.moc"

@@ -3,13 +3,9 @@
 #include "CameraDescription.h"
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/OpenedWindow.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -34,23 +30,7 @@ public:
             qFatal("no first read");
         QApplication::processEvents();
     }
-    ORXFeatureGroup* column() const { return widget()->featureGroup(1); }
-    CFeatureGroupTreeView* groups() const { return column()->groupView(); }
-    const CFeatureGroupModel* groupModel() const
-    {
-        return static_cast<const CFeatureGroupModel*>(groups()->model());
-    }
-    QLineEdit* box() const
-    {
-        return column()->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
-    }
-    ORXFeatureTreeView* view() const { return tree()->treeView(); }
-    QModelIndex group(const char* name) const
-    {
-        ORXPropertyTreeItem* item = tree()->propertyItemByName(QString::fromLatin1(name));
-        return groupModel()->groupIndex(0, item);
-    }
-    void showGroup(const char* name) const { groups()->OnChangedIndex(group(name)); }
+    QLineEdit* box() const { return column()->findChild<QLineEdit*>("FeatureSearch"_s); }
     QString shownGroup() const { return nodeName(groups()->currentIndex()); }
     int hits(const char* name) const { return groupModel()->hitCount(group(name)); }
     // Names of the features in the rows that are not hidden.
@@ -77,214 +57,184 @@ public:
     }
 };
 
-QString chinese(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 } // namespace
 
-class TestSearch : public GuardedTest
+class TestSearch : public OpenedWindowTest
 {
     Q_OBJECT
-private slots:
-    void hitsAreShownAndCounted();
-    void turnsToTheGroupWithHitsAndBack();
-    void staysWhereTheUserWent();
-    void opensBranchesAndClosesThemAgain();
-    void saysWhenNothingMatches();
-    void sameTextIsNotSearchedAgain();
-    void keyboardReachesBoxAndHits();
-    void chineseNames();
-    void searchTypedDuringTheFirstRead();
-    void countsFollowTheUserLevel();
 
-protected:
-    void prepare() override { m_host.serve(m_xml); }
-    void finish() override
+public:
+    TestSearch()
+        : OpenedWindowTest(cameraDescription())
     {
-        OB_FT_Release();
-        FakeHost::uninstall();
-        OBDeviceControl::SetUserLevel(1);
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
     }
 
-private:
-    const QByteArray m_xml = cameraDescription();
-    FakeHost m_host;
-};
+private slots:
+    void hitsAreShownAndCounted()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.showGroup("AnalogControl");
+        window.type("gain"_s);
+        QCOMPARE(window.shown(), QStringList({"Gain"_s, "GainAuto"_s}));
+        QCOMPARE(window.hits("AnalogControl"), 2);
+        QCOMPARE(window.hits("AcquisitionControl"), 0);
+        QCOMPARE(window.groupModel()->hitCount(), 4); // the common page shows both again
+        const ORXPropertyTreeItem* gain = window.item("Gain");
+        QVERIFY(gain->getHighlightSerachText().contains("Gain</span>"_s));
+        QTest::keyClick(window.box(), Qt::Key_Escape);
+        QCOMPARE(window.shown().size(), 3);
+        QCOMPARE(window.groupModel()->hitCount(), 0);
+        QVERIFY(gain->getHighlightSerachText().isEmpty());
+    }
 
-void TestSearch::hitsAreShownAndCounted()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("AnalogControl");
-    window.type(QStringLiteral("gain"));
-    QCOMPARE(window.shown(), QStringList({QStringLiteral("Gain"), QStringLiteral("GainAuto")}));
-    QCOMPARE(window.hits("AnalogControl"), 2);
-    QCOMPARE(window.hits("AcquisitionControl"), 0);
-    QCOMPARE(window.groupModel()->hitCount(), 4); // the common page shows both again
-    const ORXPropertyTreeItem* gain = window.tree()->propertyItemByName(QStringLiteral("Gain"));
-    QVERIFY(gain->getHighlightSerachText().contains(QStringLiteral("Gain</span>")));
-    QTest::keyClick(window.box(), Qt::Key_Escape);
-    QCOMPARE(window.shown().size(), 3);
-    QCOMPARE(window.groupModel()->hitCount(), 0);
-    QVERIFY(gain->getHighlightSerachText().isEmpty());
-}
+    void turnsToTheGroupWithHitsAndBack()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.showGroup("DeviceControl");
+        const QStringList before = window.shown();
+        window.type("exposure"_s);
+        QCOMPARE(window.shownGroup(), "AcquisitionControl"_s);
+        QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+        QTest::keyClick(window.box(), Qt::Key_Escape);
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+        QCOMPARE(window.shown(), before);
+        // What a page row comes back to is the group from before, too.
+        window.groups()->OnChangedIndex(window.groupModel()->pageIndex(0));
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+    }
 
-void TestSearch::turnsToTheGroupWithHitsAndBack()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("DeviceControl");
-    const QStringList before = window.shown();
-    window.type(QStringLiteral("exposure"));
-    QCOMPARE(window.shownGroup(), QStringLiteral("AcquisitionControl"));
-    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
-    QTest::keyClick(window.box(), Qt::Key_Escape);
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
-    QCOMPARE(window.shown(), before);
-    // What a page row comes back to is the group from before, too.
-    window.groups()->OnChangedIndex(window.groupModel()->pageIndex(0));
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
-}
+    void staysWhereTheUserWent()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.showGroup("DeviceControl");
+        window.type("a"_s);
+        const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
+        QTest::mouseClick(window.groups()->viewport(), Qt::LeftButton, {}, row.center());
+        QCOMPARE(window.shownGroup(), "AnalogControl"_s);
+        window.column()->ClearSearch();
+        QCOMPARE(window.shownGroup(), "AnalogControl"_s);
+        QCOMPARE(window.shown().size(), 3);
+    }
 
-void TestSearch::staysWhereTheUserWent()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("DeviceControl");
-    window.type(QStringLiteral("a"));
-    const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
-    QTest::mouseClick(window.groups()->viewport(), Qt::LeftButton, {}, row.center());
-    QCOMPARE(window.shownGroup(), QStringLiteral("AnalogControl"));
-    window.column()->ClearSearch();
-    QCOMPARE(window.shownGroup(), QStringLiteral("AnalogControl"));
-    QCOMPARE(window.shown().size(), 3);
-}
+    void opensBranchesAndClosesThemAgain()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.showGroup("AnalogControl");
+        ORXPropertyTreeItem* item = window.item("BlackLevelControl");
+        const QPersistentModelIndex branch = window.view()->treeModel()->indexFromItem(item, 0);
+        window.view()->collapse(branch);
+        window.type("gain"_s);
+        QVERIFY(!window.view()->isExpanded(branch));
+        window.type("black"_s);
+        QVERIFY(window.view()->isExpanded(branch));
+        window.column()->ClearSearch();
+        QVERIFY(!window.view()->isExpanded(branch));
+    }
 
-void TestSearch::opensBranchesAndClosesThemAgain()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("AnalogControl");
-    ORXPropertyTreeItem* item =
-        window.tree()->propertyItemByName(QStringLiteral("BlackLevelControl"));
-    const QPersistentModelIndex branch = window.view()->treeModel()->indexFromItem(item, 0);
-    window.view()->collapse(branch);
-    window.type(QStringLiteral("gain"));
-    QVERIFY(!window.view()->isExpanded(branch));
-    window.type(QStringLiteral("black"));
-    QVERIFY(window.view()->isExpanded(branch));
-    window.column()->ClearSearch();
-    QVERIFY(!window.view()->isExpanded(branch));
-}
+    void saysWhenNothingMatches()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
+        window.showGroup("DeviceControl");
+        window.type("device"_s);
+        QVERIFY(!note->isVisible());
+        window.type("<b>zebra"_s);
+        QVERIFY(note->isVisible());
+        QVERIFY(note->text().contains("<b>zebra"_s));
+        QCOMPARE(note->textFormat(), Qt::PlainText);
+        QVERIFY(window.shown().isEmpty());
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+        window.column()->ClearSearch();
+        QVERIFY(!note->isVisible());
+        QCOMPARE(window.shown().size(), 2);
+    }
 
-void TestSearch::saysWhenNothingMatches()
-{
-    SearchedWindow window(m_host, m_xml);
-    auto* note = window.column()->findChild<QLabel*>(QStringLiteral("FeatureSearchNoMatch"));
-    window.showGroup("DeviceControl");
-    window.type(QStringLiteral("device"));
-    QVERIFY(!note->isVisible());
-    window.type(QStringLiteral("<b>zebra"));
-    QVERIFY(note->isVisible());
-    QVERIFY(note->text().contains(QStringLiteral("<b>zebra")));
-    QCOMPARE(note->textFormat(), Qt::PlainText);
-    QVERIFY(window.shown().isEmpty());
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
-    window.column()->ClearSearch();
-    QVERIFY(!note->isVisible());
-    QCOMPARE(window.shown().size(), 2);
-}
-
-void TestSearch::sameTextIsNotSearchedAgain()
-{
-    SearchedWindow window(m_host, m_xml);
-    QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
-    window.type(QStringLiteral("g"));
-    window.box()->setText(QStringLiteral("  g "));
-    QTest::keyClick(window.box(), Qt::Key_Return);
-    QCOMPARE(searched.count(), 1);
-}
-
-void TestSearch::keyboardReachesBoxAndHits()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.showGroup("DeviceControl");
-    window.view()->setFocus();
-    QTRY_VERIFY(window.view()->hasFocus());
-    QTest::keyClick(window.view(), Qt::Key_F, Qt::ControlModifier);
-    QVERIFY(window.box()->hasFocus());
-    QTest::keyClicks(window.box(), QStringLiteral("level"));
-    QTest::keyClick(window.box(), Qt::Key_Down);
-    QVERIFY(window.view()->hasFocus());
-    QCOMPARE(nodeName(window.view()->currentIndex()), QStringLiteral("BlackLevel"));
-
-    // Enter goes on from hit to hit, through all groups and round again.
-    window.column()->ClearSearch();
-    window.showGroup("AnalogControl");
-    window.view()->setCurrentIndex({});
-    window.type(QStringLiteral("e"));
-    QStringList visited;
-    for (int i = 0; i < 9; ++i) {
+    void sameTextIsNotSearchedAgain()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
+        window.type("g"_s);
+        window.box()->setText("  g "_s);
         QTest::keyClick(window.box(), Qt::Key_Return);
-        for (const ORXFeatureTreeView* view :
-             window.widget()->findChildren<ORXFeatureTreeView*>()) {
-            if (view->isVisible())
-                visited += nodeName(view->currentIndex());
-        }
+        QCOMPARE(searched.count(), 1);
     }
-    QVERIFY(window.box()->hasFocus());
-    const QStringList round = {QStringLiteral("BlackLevel"),
-                               QStringLiteral("ExposureTime"),
-                               QStringLiteral("AcquisitionFrameCount"),
-                               QStringLiteral("ExposureTime"), // on the common page
-                               QStringLiteral("DeviceUserID"),
-                               QStringLiteral("DeviceReset")};
-    QCOMPARE(visited, round + round.mid(0, 3));
-}
 
-void TestSearch::chineseNames()
-{
-    SearchedWindow window(m_host, m_xml, 1);
-    window.showGroup("DeviceControl");
-    window.type(chinese("\u66dd\u5149")); // exposure
-    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
-    const ORXPropertyTreeItem* item =
-        window.tree()->propertyItemByName(QStringLiteral("ExposureTime"));
-    QVERIFY(item->getHighlightSerachText().contains(chinese("\u66dd\u5149</span>")));
-    // Node names are found in any language, English display names in English only.
-    window.type(QStringLiteral("exposuretime"));
-    QCOMPARE(window.shown(), QStringList(QStringLiteral("ExposureTime")));
-    window.type(QStringLiteral("exposure time"));
-    QVERIFY(window.shown().isEmpty());
-    window.widget()->SetLanguage(0);
-    QVERIFY(window.box()->text().isEmpty());
-    QCOMPARE(window.shownGroup(), QStringLiteral("DeviceControl"));
-}
+    void keyboardReachesBoxAndHits()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.showGroup("DeviceControl");
+        window.view()->setFocus();
+        QTRY_VERIFY(window.view()->hasFocus());
+        QTest::keyClick(window.view(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(window.box()->hasFocus());
+        QTest::keyClicks(window.box(), "level"_s);
+        QTest::keyClick(window.box(), Qt::Key_Down);
+        QVERIFY(window.view()->hasFocus());
+        QCOMPARE(nodeName(window.view()->currentIndex()), "BlackLevel"_s);
 
-void TestSearch::searchTypedDuringTheFirstRead()
-{
-    m_host.setLatencyMs(5);
-    OpenedWindow window(m_host, m_xml);
-    ORXFeatureGroup* column = window.widget()->featureGroup(1);
-    auto* box = column->findChild<QLineEdit*>(QStringLiteral("FeatureSearch"));
-    QVERIFY(!window.tree()->HadUpdatedOnce());
-    // The display name, with its blank, comes with the read.
-    QTest::keyClicks(box, QStringLiteral("exposure time"));
-    QCOMPARE(column->groupView()->allHits(), 0);
-    QVERIFY(window.waitForFirstRead());
-    QTRY_COMPARE(column->groupView()->allHits(), 2); // the common page shows it again
-    QCOMPARE(nodeName(column->groupView()->currentIndex()), QStringLiteral("AcquisitionControl"));
-    m_host.setLatencyMs(0);
-}
+        // Enter goes on from hit to hit, through all groups and round again.
+        window.column()->ClearSearch();
+        window.showGroup("AnalogControl");
+        window.view()->setCurrentIndex({});
+        window.type("e"_s);
+        QStringList visited;
+        for (int i = 0; i < 9; ++i) {
+            QTest::keyClick(window.box(), Qt::Key_Return);
+            for (const ORXFeatureTreeView* view :
+                 window.widget()->findChildren<ORXFeatureTreeView*>()) {
+                if (view->isVisible())
+                    visited += nodeName(view->currentIndex());
+            }
+        }
+        QVERIFY(window.box()->hasFocus());
+        const QStringList round = {"BlackLevel"_s,   "ExposureTime"_s, "AcquisitionFrameCount"_s,
+                                   "ExposureTime"_s, // on the common page
+                                   "DeviceUserID"_s, "DeviceReset"_s};
+        QCOMPARE(visited, round + round.mid(0, 3));
+    }
 
-void TestSearch::countsFollowTheUserLevel()
-{
-    SearchedWindow window(m_host, m_xml);
-    window.type(QStringLiteral("exposure"));
-    QCOMPARE(window.hits("AcquisitionControl"), 1);
-    OBDeviceControl::SetUserLevel(0);
-    window.widget()->OnUserLeverChanged();
-    QTRY_COMPARE(window.hits("AcquisitionControl"), 2);
-}
+    void chineseNames()
+    {
+        SearchedWindow window(*m_host, m_xml, 1);
+        window.showGroup("DeviceControl");
+        window.type("\u66dd\u5149"_s); // exposure
+        QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+        const ORXPropertyTreeItem* item = window.item("ExposureTime");
+        QVERIFY(item->getHighlightSerachText().contains("\u66dd\u5149</span>"_s));
+        // Node names are found in any language, English display names in English only.
+        window.type("exposuretime"_s);
+        QCOMPARE(window.shown(), QStringList("ExposureTime"_s));
+        window.type("exposure time"_s);
+        QVERIFY(window.shown().isEmpty());
+        window.widget()->SetLanguage(0);
+        QVERIFY(window.box()->text().isEmpty());
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+    }
+
+    void searchTypedDuringTheFirstRead()
+    {
+        m_host->setLatencyMs(5);
+        OpenedWindow window(*m_host, m_xml);
+        auto* box = window.column()->findChild<QLineEdit*>("FeatureSearch"_s);
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        // The display name, with its blank, comes with the read.
+        QTest::keyClicks(box, "exposure time"_s);
+        QCOMPARE(window.groups()->allHits(), 0);
+        QVERIFY(window.waitForFirstRead());
+        QTRY_COMPARE(window.groups()->allHits(), 2); // the common page shows it again
+        QCOMPARE(nodeName(window.groups()->currentIndex()), "AcquisitionControl"_s);
+    }
+
+    void countsFollowTheUserLevel()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.type("exposure"_s);
+        QCOMPARE(window.hits("AcquisitionControl"), 1);
+        OBDeviceControl::SetUserLevel(0);
+        window.widget()->OnUserLeverChanged();
+        QTRY_COMPARE(window.hits("AcquisitionControl"), 2);
+    }
+};
 
 OBFT_TEST_MAIN(TestSearch)
 #include "tst_search.moc"

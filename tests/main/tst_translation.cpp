@@ -32,15 +32,15 @@ QVector<Message> messagesOf(const QString& path)
     QDomDocument document;
     if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
         return messages;
-    const QDomNodeList contexts = document.elementsByTagName(QStringLiteral("context"));
+    const QDomNodeList contexts = document.elementsByTagName("context"_s);
     for (int i = 0; i < contexts.size(); ++i) {
         const QDomElement context = contexts.at(i).toElement();
-        for (QDomElement e = context.firstChildElement(QStringLiteral("message")); !e.isNull();
-             e = e.nextSiblingElement(QStringLiteral("message"))) {
-            const QDomElement text = e.firstChildElement(QStringLiteral("translation"));
-            messages.append({context.firstChildElement(QStringLiteral("name")).text(),
-                             e.firstChildElement(QStringLiteral("source")).text(), text.text(),
-                             text.hasAttribute(QStringLiteral("type"))});
+        for (QDomElement e = context.firstChildElement("message"_s); !e.isNull();
+             e = e.nextSiblingElement("message"_s)) {
+            const QDomElement text = e.firstChildElement("translation"_s);
+            messages.append({context.firstChildElement("name"_s).text(),
+                             e.firstChildElement("source"_s).text(), text.text(),
+                             text.hasAttribute("type"_s)});
         }
     }
     return messages;
@@ -50,13 +50,13 @@ QSet<QString> keysOf(const QVector<Message>& messages)
 {
     QSet<QString> keys;
     for (const Message& message : messages)
-        keys.insert(message.context + QStringLiteral(": ") + message.source);
+        keys.insert(message.context + ": "_s + message.source);
     return keys;
 }
 
 QString translationFile()
 {
-    return sourceDir() + QStringLiteral("/src/resources/translations/FeatureTree_zh_CN.ts");
+    return sourceDir() + "/src/resources/translations/FeatureTree_zh_CN.ts"_s;
 }
 
 int markersOf(const QString& text)
@@ -69,56 +69,52 @@ int markersOf(const QString& text)
 class TestTranslation : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void everyEntryIsFinished();
-    void everyTextOfTheSourcesIsThere();
-    void compiledFileTranslates();
-};
-
-void TestTranslation::everyEntryIsFinished()
-{
-    const QVector<Message> messages = messagesOf(translationFile());
-    QVERIFY(!messages.isEmpty());
-    for (const Message& message : messages) {
-        QVERIFY2(!message.unfinished && !message.translation.trimmed().isEmpty(),
-                 qPrintable(message.source));
-        bool hasHan = false;
-        for (const QChar& letter : message.translation)
-            hasHan = hasHan || letter.script() == QChar::Script_Han;
-        QVERIFY2(hasHan, qPrintable(message.source));
-        QCOMPARE(markersOf(message.translation), markersOf(message.source));
+    void everyEntryIsFinished()
+    {
+        const QVector<Message> messages = messagesOf(translationFile());
+        QVERIFY(!messages.isEmpty());
+        for (const Message& message : messages) {
+            QVERIFY2(!message.unfinished && !message.translation.trimmed().isEmpty(),
+                     qPrintable(message.source));
+            bool hasHan = false;
+            for (const QChar& letter : message.translation)
+                hasHan = hasHan || letter.script() == QChar::Script_Han;
+            QVERIFY2(hasHan, qPrintable(message.source));
+            QCOMPARE(markersOf(message.translation), markersOf(message.source));
+        }
     }
-}
 
-void TestTranslation::everyTextOfTheSourcesIsThere()
-{
-    QTemporaryDir directory;
-    const QString fresh = directory.filePath(QStringLiteral("fresh.ts"));
-    QProcess lupdate;
-    lupdate.setWorkingDirectory(sourceDir());
-    lupdate.start(QStringLiteral(OBFT_LUPDATE),
-                  {QStringLiteral("-silent"), QStringLiteral("-no-obsolete"), QStringLiteral("src"),
-                   QStringLiteral("platform"), QStringLiteral("-ts"), fresh});
-    QVERIFY(lupdate.waitForFinished(60000));
-    QVERIFY2(lupdate.exitCode() == 0, lupdate.readAllStandardError().constData());
-    const QSet<QString> inSources = keysOf(messagesOf(fresh));
-    const QSet<QString> translated = keysOf(messagesOf(translationFile()));
-    QVERIFY(!inSources.isEmpty());
-    QCOMPARE((inSources - translated).values(), QStringList());
-    QCOMPARE((translated - inSources).values(), QStringList());
-}
+    void everyTextOfTheSourcesIsThere()
+    {
+        QTemporaryDir directory;
+        const QString fresh = directory.filePath("fresh.ts"_s);
+        QProcess lupdate;
+        lupdate.setWorkingDirectory(sourceDir());
+        lupdate.start(QStringLiteral(OBFT_LUPDATE),
+                      {"-silent"_s, "-no-obsolete"_s, "src"_s, "platform"_s, "-ts"_s, fresh});
+        QVERIFY(lupdate.waitForFinished(60000));
+        QVERIFY2(lupdate.exitCode() == 0, lupdate.readAllStandardError().constData());
+        const QSet<QString> inSources = keysOf(messagesOf(fresh));
+        const QSet<QString> translated = keysOf(messagesOf(translationFile()));
+        QVERIFY(!inSources.isEmpty());
+        QCOMPARE((inSources - translated).values(), QStringList());
+        QCOMPARE((translated - inSources).values(), QStringList());
+    }
 
-void TestTranslation::compiledFileTranslates()
-{
-    QTranslator translator;
-    QVERIFY(translator.load(QCoreApplication::applicationDirPath() +
-                            QStringLiteral("/FeatureTreeResource/FeatureTree_zh_CN.qm")));
-    const QVector<Message> messages = messagesOf(translationFile());
-    for (const Message& message : messages)
-        QCOMPARE(translator.translate(message.context.toUtf8().constData(),
-                                      message.source.toUtf8().constData()),
-                 message.translation);
-}
+    void compiledFileTranslates()
+    {
+        QTranslator translator;
+        QVERIFY(translator.load(QCoreApplication::applicationDirPath() +
+                                "/FeatureTreeResource/FeatureTree_zh_CN.qm"_s));
+        const QVector<Message> messages = messagesOf(translationFile());
+        for (const Message& message : messages)
+            QCOMPARE(translator.translate(message.context.toUtf8().constData(),
+                                          message.source.toUtf8().constData()),
+                     message.translation);
+    }
+};
 
 OBFT_TEST_MAIN(TestTranslation)
 #include "tst_translation.moc"

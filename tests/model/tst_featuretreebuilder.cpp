@@ -12,14 +12,9 @@ using Item = ORXPropertyTreeItem;
 
 namespace {
 
-QStringList names(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 QString cat(const char* name, const char* features)
 {
-    return category(QString::fromLatin1(name), names(features));
+    return category(QString::fromLatin1(name), words(features));
 }
 
 QString feature(const char* tag, const char* name)
@@ -32,8 +27,8 @@ void print(const Item& item, int depth, QStringList& lines)
 {
     const QVector<Item*> children = item.children();
     for (const Item* child : children) {
-        lines.append(QString(depth * 2, QLatin1Char(' ')) + child->value()->nodeName(0)
-                     + QStringLiteral(" %1 ").arg(child->itemType()) + child->tagName());
+        lines.append(QString(depth * 2, QLatin1Char(' ')) + child->value()->nodeName(0) +
+                     " %1 "_s.arg(child->itemType()) + child->tagName());
         print(*child, depth + 1, lines);
     }
 }
@@ -54,93 +49,83 @@ QString printed(const QString& elements, FeatureTreeBuilder& builder)
 class TestFeatureTreeBuilder : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void tree_data();
-    void tree();
-    void lastMentionWins();
-    void categoriesThatContainThemselves();
-    void deepNestingIsCut();
-    void explodingDescriptionsAreCut();
-};
-
-void TestFeatureTreeBuilder::tree_data()
-{
-    QTest::addColumn<QString>("elements");
-    QTest::addColumn<QString>("expected");
-    const QString favorites = QStringLiteral("ORXCustom_Favorites 1 ");
-    QTest::newRow("no root") << cat("Device", "Width") + feature("Integer", "Width") << favorites;
-    QTest::newRow("categories and features")
-        << cat("Root", "Device Image") + cat("Image", "Width Mode") + cat("Device", "Id Empty")
-               + cat("Empty", "") + feature("IntReg", "Width") + feature("StringReg", "Id")
-               + feature("Enumeration", "Mode")
-        << favorites
-               + QStringLiteral("\nDevice 3 \n  Id 2 StringReg\n  Empty 3 \n"
-                                "Image 3 \n  Width 2 IntReg\n  Mode 2 Enumeration");
-    QTest::newRow("missing nodes keep a row")
-        << cat("Root", "Device Ghost") + cat("Device", "Phantom")
-        << favorites + QStringLiteral("\nDevice 3 \n  Phantom 2 \nGhost 2 ");
-    QTest::newRow("entries are no items")
-        << cat("Root", "Mode")
-               + QStringLiteral("<Enumeration Name=\"Mode\"><EnumEntry Name=\"On\"/></Enumeration>")
-        << favorites + QStringLiteral("\nMode 2 Enumeration");
-}
-
-void TestFeatureTreeBuilder::tree()
-{
-    QFETCH(QString, elements);
-    QFETCH(QString, expected);
-    FeatureTreeBuilder builder;
-    QCOMPARE(printed(elements, builder), expected);
-}
-
-void TestFeatureTreeBuilder::lastMentionWins()
-{
-    QDomDocument document;
-    document.setContent(wrap(cat("Root", "A B") + cat("A", "Gain") + cat("B", "Gain")
-                             + feature("Float", "Gain")));
-    Item root(nullptr, Item::FeatureTreePage);
-    FeatureTreeBuilder builder;
-    builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
-    const QString gain = QStringLiteral("Gain");
-    QCOMPARE(builder.categoryOfFeature().value(gain), QStringLiteral("B"));
-    QCOMPARE(builder.AllTreeItemsMap().value(gain), root.child(2)->child(0));
-    QCOMPARE(builder.featureList().count(gain), 2);
-}
-
-void TestFeatureTreeBuilder::categoriesThatContainThemselves()
-{
-    MessageGuard::ignoreMessage(QtCriticalMsg, "Feature description: category A contains itself");
-    FeatureTreeBuilder builder;
-    const QString tree = printed(cat("Root", "A Z") + cat("A", "B Width") + cat("B", "A")
-                                     + cat("Z", "Gain"),
-                                 builder);
-    QVERIFY(tree.contains(QStringLiteral("  Width 2")));
-    QVERIFY(tree.contains(QStringLiteral("  Gain 2")));
-}
-
-void TestFeatureTreeBuilder::deepNestingIsCut()
-{
-    MessageGuard::expectMessage(QStringLiteral("is nested too deep"));
-    QString elements = category(QStringLiteral("Root"), {QStringLiteral("C0")});
-    for (int i = 0; i < 5000; ++i)
-        elements += category(QStringLiteral("C%1").arg(i), {QStringLiteral("C%1").arg(i + 1)});
-    FeatureTreeBuilder builder;
-    printed(elements, builder);
-    QVERIFY(MessageGuard::contains(QStringLiteral("is nested too deep")));
-}
-
-void TestFeatureTreeBuilder::explodingDescriptionsAreCut()
-{
-    MessageGuard::expectMessage(QStringLiteral("lists more features than can be shown"));
-    QString elements = category(QStringLiteral("Root"), {QStringLiteral("C0")});
-    for (int i = 0; i < 40; ++i) {
-        const QString next = QStringLiteral("C%1").arg(i + 1);
-        elements += category(QStringLiteral("C%1").arg(i), {next, next, next});
+    void tree_data()
+    {
+        const Rows<QString, QString> row("elements", "expected");
+        const QString favorites = "ORXCustom_Favorites 1 "_s;
+        row("no root", cat("Device", "Width") + feature("Integer", "Width"), favorites);
+        row("categories and features",
+            cat("Root", "Device Image") + cat("Image", "Width Mode") + cat("Device", "Id Empty") +
+                cat("Empty", "") + feature("IntReg", "Width") + feature("StringReg", "Id") +
+                feature("Enumeration", "Mode"),
+            favorites + "\nDevice 3 \n  Id 2 StringReg\n  Empty 3 \n"
+                        "Image 3 \n  Width 2 IntReg\n  Mode 2 Enumeration"_s);
+        row("missing nodes keep a row", cat("Root", "Device Ghost") + cat("Device", "Phantom"),
+            favorites + "\nDevice 3 \n  Phantom 2 \nGhost 2 "_s);
+        row("entries are no items",
+            cat("Root", "Mode") +
+                "<Enumeration Name=\"Mode\"><EnumEntry Name=\"On\"/></Enumeration>"_s,
+            favorites + "\nMode 2 Enumeration"_s);
     }
-    FeatureTreeBuilder builder;
-    printed(elements, builder);
-    QVERIFY(MessageGuard::contains(QStringLiteral("lists more features than can be shown")));
-}
+
+    void tree()
+    {
+        QFETCH(QString, elements);
+        FeatureTreeBuilder builder;
+        QTEST(printed(elements, builder), "expected");
+    }
+
+    void lastMentionWins()
+    {
+        QDomDocument document;
+        document.setContent(wrap(cat("Root", "A B") + cat("A", "Gain") + cat("B", "Gain") +
+                                 feature("Float", "Gain")));
+        Item root(nullptr, Item::FeatureTreePage);
+        FeatureTreeBuilder builder;
+        builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
+        const QString gain = "Gain"_s;
+        QCOMPARE(builder.categoryOfFeature().value(gain), "B"_s);
+        QCOMPARE(builder.AllTreeItemsMap().value(gain), root.child(2)->child(0));
+        QCOMPARE(builder.featureList().count(gain), 2);
+    }
+
+    void categoriesThatContainThemselves()
+    {
+        MessageGuard::ignoreMessage(QtCriticalMsg,
+                                    "Feature description: category A contains itself");
+        FeatureTreeBuilder builder;
+        const QString tree = printed(
+            cat("Root", "A Z") + cat("A", "B Width") + cat("B", "A") + cat("Z", "Gain"), builder);
+        QVERIFY(tree.contains("  Width 2"_s));
+        QVERIFY(tree.contains("  Gain 2"_s));
+    }
+
+    void deepNestingIsCut()
+    {
+        MessageGuard::expectMessage("is nested too deep"_s);
+        QString elements = category("Root"_s, {"C0"_s});
+        for (int i = 0; i < 5000; ++i)
+            elements += category("C%1"_s.arg(i), {"C%1"_s.arg(i + 1)});
+        FeatureTreeBuilder builder;
+        printed(elements, builder);
+        QVERIFY(MessageGuard::contains("is nested too deep"_s));
+    }
+
+    void explodingDescriptionsAreCut()
+    {
+        MessageGuard::expectMessage("lists more features than can be shown"_s);
+        QString elements = category("Root"_s, {"C0"_s});
+        for (int i = 0; i < 40; ++i) {
+            const QString next = "C%1"_s.arg(i + 1);
+            elements += category("C%1"_s.arg(i), {next, next, next});
+        }
+        FeatureTreeBuilder builder;
+        printed(elements, builder);
+        QVERIFY(MessageGuard::contains("lists more features than can be shown"_s));
+    }
+};
 
 OBFT_TEST_MAIN(TestFeatureTreeBuilder)
 #include "tst_featuretreebuilder.moc"

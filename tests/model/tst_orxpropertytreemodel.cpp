@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "api/ApplicationSetup.h"
 #include "basetools/ORXInterface.h"
-#include "model/CTreeCustomWaterMarkItemValue.h"
-#include "model/CTreeFloatItemValue.h"
 #include "model/CTreeItemValue.h"
 #include "model/IFeatureValueWriter.h"
 #include "model/ORXPropertyTreeModel.h"
@@ -28,10 +26,7 @@ public:
             onWrite();
         return answer;
     }
-    void afterSetFeatureValue(const QString& name) override
-    {
-        log.append(QStringLiteral("after ") + name);
-    }
+    void afterSetFeatureValue(const QString& name) override { log.append("after "_s + name); }
     bool answer = true;
     std::function<void()> onWrite;
     QStringList log;
@@ -42,26 +37,44 @@ public:
 class TestORXPropertyTreeModel : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void structureSurvivesChanges();
-    void textsFollowTheLanguage();
-    void readOnlyValuesAreDimmed();
-    void flagsOfCells();
-    void sameValue_data();
-    void sameValue();
-    void storing_data();
-    void storing();
-    void editing();
-    void editsWithoutCameraAreAcceptedAndIgnored();
-    void theItemMayGoDuringTheWrite();
-    void draggingCarriesTheFirstFavouriteOnly();
 
 protected:
-    void prepare() override;
-    void finish() override;
+    void prepare() override
+    {
+        ApplicationSetup::runOnce();
+        m_root = new Item(nullptr, Item::FeatureTreePage);
+        m_root->setItemType(Item::CustomItem);
+        m_favorites = add(m_root, "ORXCustom_Favorites", "");
+        m_favorites->setItemType(Item::FavoritesGroup);
+        Item* image = add(m_root, "Image", "");
+        m_width = add(image, "Width", "Integer");
+        add(image, "Gain", "Float");
+        m_model = new ORXPropertyTreeModel(Item::FeatureTreePage, nullptr);
+        m_tester = new QAbstractItemModelTester(
+            m_model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+        m_model->updateData(m_root);
+        m_model->resetCamearID(1);
+        m_writer = Writer();
+        m_model->bindingFeatureWidget(&m_writer);
+    }
+    void finish() override
+    {
+        delete m_tester;
+        delete m_model;
+        delete m_root;
+        ORXInterface::setLanguage("ENG"_s);
+    }
 
 private:
-    Item* add(Item* parent, const char* name, const char* tag);
+    Item* add(Item* parent, const char* name, const char* tag)
+    {
+        auto* item = new Item(parent, Item::FeatureTreePage);
+        item->value()->setNodeName(QString::fromLatin1(name));
+        item->value()->setDisplayName(QString::fromLatin1(name) + " shown"_s);
+        item->setTagName(QString::fromLatin1(tag));
+        item->setItemType(Item::FeatureItem);
+        return item;
+    }
 
     Item* m_root = nullptr;
     Item* m_favorites = nullptr;
@@ -69,214 +82,174 @@ private:
     ORXPropertyTreeModel* m_model = nullptr;
     QAbstractItemModelTester* m_tester = nullptr;
     Writer m_writer;
-};
 
-Item* TestORXPropertyTreeModel::add(Item* parent, const char* name, const char* tag)
-{
-    auto* item = new Item(parent, Item::FeatureTreePage);
-    item->value()->setNodeName(QString::fromLatin1(name));
-    item->value()->setDisplayName(QString::fromLatin1(name) + QStringLiteral(" shown"));
-    item->setTagName(QString::fromLatin1(tag));
-    item->setItemType(Item::FeatureItem);
-    return item;
-}
-
-void TestORXPropertyTreeModel::prepare()
-{
-    ApplicationSetup::runOnce();
-    m_root = new Item(nullptr, Item::FeatureTreePage);
-    m_root->setItemType(Item::CustomItem);
-    m_favorites = add(m_root, "ORXCustom_Favorites", "");
-    m_favorites->setItemType(Item::FavoritesGroup);
-    Item* image = add(m_root, "Image", "");
-    m_width = add(image, "Width", "Integer");
-    add(image, "Gain", "Float");
-    m_model = new ORXPropertyTreeModel(Item::FeatureTreePage, nullptr);
-    m_tester = new QAbstractItemModelTester(m_model,
-                                            QAbstractItemModelTester::FailureReportingMode::Fatal);
-    m_model->updateData(m_root);
-    m_model->resetCamearID(1);
-    m_writer = Writer();
-    m_model->bindingFeatureWidget(&m_writer);
-}
-
-void TestORXPropertyTreeModel::finish()
-{
-    delete m_tester;
-    delete m_model;
-    delete m_root;
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
-}
-
-void TestORXPropertyTreeModel::structureSurvivesChanges()
-{
-    for (int i = 0; i < 3; ++i)
-        m_model->addItems(m_favorites, {add(nullptr, "Copy", "Integer")});
-    const QModelIndex group = m_model->indexFromItem(m_favorites, 0);
-    QCOMPARE(m_model->rowCount(group), 3);
-    Item* middle = m_favorites->child(1);
-    m_model->removeItems(m_favorites, middle);
-    delete middle;
-    QCOMPARE(m_model->rowCount(group), 2);
-    const QVector<Item*> rest = m_favorites->children();
-    m_model->removeItems(m_favorites, nullptr);
-    qDeleteAll(rest);
-    QCOMPARE(m_model->rowCount(group), 0);
-    QCOMPARE(m_model->parent(m_model->indexFromItem(m_width, 1)),
-             m_model->indexFromItem(m_width->parent(Item::FeatureTreePage), 0));
-    m_model->updateData(nullptr);
-    QCOMPARE(m_model->rowCount(), 0);
-}
-
-void TestORXPropertyTreeModel::textsFollowTheLanguage()
-{
-    const QModelIndex name = m_model->indexFromItem(m_width, 0);
-    m_width->value()->setTranslateName(QString::fromUtf8("\u5bbd\u5ea6"));
-    QCOMPARE(name.data().toString(), QStringLiteral("Width shown"));
-    ORXInterface::setLanguage(QStringLiteral("CH"));
-    QCOMPARE(name.data().toString(), QString::fromUtf8("\u5bbd\u5ea6"));
-    QVERIFY(!name.siblingAtColumn(1).data().isValid());
-}
-
-void TestORXPropertyTreeModel::readOnlyValuesAreDimmed()
-{
-    const QColor normal =
-        ZELCustom::getDataBaseColor(QStringLiteral("ORXPropertyTreeModelColor_Foreground_Default"));
-    const QColor dimmed =
-        ZELCustom::getDataBaseColor(QStringLiteral("ORXPropertyTreeModelColor_Foreground"));
-    QVERIFY(normal != dimmed);
-    const QModelIndex value = m_model->indexFromItem(m_width, 1);
-    QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), dimmed);
-    QCOMPARE(value.siblingAtColumn(0).data(Qt::ForegroundRole).value<QColor>(), normal);
-    m_width->setReadOnly(false);
-    QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), normal);
-    m_model->setIsCanEdit(false);
-    QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), dimmed);
-}
-
-void TestORXPropertyTreeModel::flagsOfCells()
-{
-    const QModelIndex value = m_model->indexFromItem(m_width, 1);
-    QVERIFY(!(value.flags() & Qt::ItemIsEditable));
-    m_width->setReadOnly(false);
-    QVERIFY(value.flags() & Qt::ItemIsEditable);
-    QVERIFY(!(value.siblingAtColumn(0).flags() & Qt::ItemIsEditable));
-    QVERIFY(!(value.flags() & Qt::ItemIsDragEnabled));
-    Item* copy = add(nullptr, "Width", "Integer");
-    m_model->addItems(m_favorites, {copy});
-    QVERIFY(m_model->indexFromItem(copy, 0).flags() & Qt::ItemIsDragEnabled);
-    m_width->setTagName(QStringLiteral("CustomTagNameCCM"));
-    QCOMPARE(value.flags(), Qt::ItemFlags(Qt::NoItemFlags));
-}
-
-void TestORXPropertyTreeModel::sameValue_data()
-{
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QVariant>("edited");
-    QTest::addColumn<bool>("same");
-    const auto row = [](const char* tag, const QVariant& value, const QVariant& edited, bool same) {
-        QTest::newRow(qPrintable(QStringLiteral("%1 %2 to %3")
-                                     .arg(QLatin1String(tag), value.toString(), edited.toString())))
-            << QString::fromLatin1(tag) << value << edited << same;
-    };
-    row("Boolean", true, true, true);
-    row("Boolean", true, false, false);
-    row("Integer", 5, 5, true);
-    row("IntReg", 5, 6, false);
-    row("Enumeration", 3, 3, true);
-    row("CustomTagNamePalettesMode", 3, 4, false);
-    row("Float", 1.5F, 1.5005F, true);
-    row("Converter", 1.5F, 1.51F, false);
-    row("String", QStringLiteral("a"), QStringLiteral("a"), true);
-    row("StringReg", QStringLiteral("a"), QStringLiteral("A"), false);
-    row("Command", QVariant(), QVariant(), false);
-}
-
-void TestORXPropertyTreeModel::sameValue()
-{
-    QFETCH(QString, tag);
-    QFETCH(QVariant, value);
-    QFETCH(QVariant, edited);
-    QFETCH(bool, same);
-    m_width->setTagName(tag);
-    m_width->value()->setValue(value);
-    QCOMPARE(ORXPropertyTreeModel::isSameValue(tag, m_width->value(), edited), same);
-    QVERIFY(!ORXPropertyTreeModel::isSameValue(tag, m_root->value(), edited));
-}
-
-void TestORXPropertyTreeModel::storing_data()
-{
-    QTest::addColumn<QString>("tag");
-    QTest::addColumn<QVariant>("edited");
-    QTest::newRow("boolean") << QStringLiteral("Boolean") << QVariant(true);
-    QTest::newRow("integer") << QStringLiteral("IntReg") << QVariant(qlonglong(INT64_MAX));
-    QTest::newRow("entry above 31 bits")
-        << QStringLiteral("Enumeration") << QVariant(qlonglong(4000000000LL));
-    QTest::newRow("float") << QStringLiteral("Converter") << QVariant(2.5F);
-    QTest::newRow("text") << QStringLiteral("String") << QVariant(QStringLiteral("lab"));
-}
-
-void TestORXPropertyTreeModel::storing()
-{
-    QFETCH(QString, tag);
-    QFETCH(QVariant, edited);
-    m_width->setTagName(tag);
-    ORXPropertyTreeModel::setItemValue(m_width, QStringLiteral("Width"), edited);
-    QCOMPARE(m_width->value()->value().toString(), edited.toString());
-}
-
-void TestORXPropertyTreeModel::editing()
-{
-    const QModelIndex value = m_model->indexFromItem(m_width, 1);
-    QVERIFY(m_model->setData(value, 640, Qt::EditRole));
-    QCOMPARE(m_writer.log, QStringList({QStringLiteral("Integer Width 640"),
-                                        QStringLiteral("after Width")}));
-    QVERIFY(m_model->setData(value, 640, Qt::EditRole)); // unchanged: no write
-    QCOMPARE(m_writer.log.size(), 2);
-    m_writer.answer = false;
-    QVERIFY(!m_model->setData(value, 800, Qt::EditRole));
-    QCOMPARE(m_width->value()->value().toInt(), 640);
-    QVERIFY(m_model->setData(value, 900, Qt::DisplayRole));
-    QCOMPARE(m_writer.log.size(), 3);
-}
-
-void TestORXPropertyTreeModel::editsWithoutCameraAreAcceptedAndIgnored()
-{
-    m_model->resetCamearID(-1);
-    QVERIFY(m_model->setData(m_model->indexFromItem(m_width, 1), 640, Qt::EditRole));
-    QVERIFY(m_writer.log.isEmpty());
-}
-
-void TestORXPropertyTreeModel::theItemMayGoDuringTheWrite()
-{
-    m_writer.onWrite = [this] {
-        m_model->resetCamearID(-1);
+private slots:
+    void structureSurvivesChanges()
+    {
+        for (int i = 0; i < 3; ++i)
+            m_model->addItems(m_favorites, {add(nullptr, "Copy", "Integer")});
+        const QModelIndex group = m_model->indexFromItem(m_favorites, 0);
+        QCOMPARE(m_model->rowCount(group), 3);
+        Item* middle = m_favorites->child(1);
+        m_model->removeItems(m_favorites, middle);
+        delete middle;
+        QCOMPARE(m_model->rowCount(group), 2);
+        const QVector<Item*> rest = m_favorites->children();
+        m_model->removeItems(m_favorites, nullptr);
+        qDeleteAll(rest);
+        QCOMPARE(m_model->rowCount(group), 0);
+        QCOMPARE(m_model->parent(m_model->indexFromItem(m_width, 1)),
+                 m_model->indexFromItem(m_width->parent(Item::FeatureTreePage), 0));
         m_model->updateData(nullptr);
-        m_root->clear();
-    };
-    QVERIFY(m_model->setData(m_model->indexFromItem(m_width, 1), 640, Qt::EditRole));
-    QCOMPARE(m_writer.log.size(), 1);
-}
+        QCOMPARE(m_model->rowCount(), 0);
+    }
 
-void TestORXPropertyTreeModel::draggingCarriesTheFirstFavouriteOnly()
-{
-    Item* first = add(nullptr, "A", "Integer");
-    Item* second = add(nullptr, "B", "Integer");
-    first->setItemType(Item::FavoriteItem);
-    second->setItemType(Item::FavoriteItem);
-    m_model->addItems(m_favorites, {first, second});
-    const QModelIndex a = m_model->indexFromItem(first, 0);
-    const QScopedPointer<QMimeData> mime(
-        m_model->mimeData({a, m_model->indexFromItem(second, 0)}));
-    QVERIFY(mime);
-    QCOMPARE(mime->data(QStringLiteral("MoveFavoriteItem")),
-             QByteArray::number(reinterpret_cast<quintptr>(first)));
-    QVERIFY(m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0, a));
-    QVERIFY(!m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0,
-                                      m_model->indexFromItem(m_width, 0)));
-    QVERIFY(!m_model->mimeData({m_model->indexFromItem(m_width, 0)}));
-}
+    void textsFollowTheLanguage()
+    {
+        const QModelIndex name = m_model->indexFromItem(m_width, 0);
+        m_width->value()->setTranslateName("\u5bbd\u5ea6"_s);
+        QCOMPARE(name.data().toString(), "Width shown"_s);
+        ORXInterface::setLanguage("CH"_s);
+        QCOMPARE(name.data().toString(), "\u5bbd\u5ea6"_s);
+        QVERIFY(!name.siblingAtColumn(1).data().isValid());
+    }
+
+    void readOnlyValuesAreDimmed()
+    {
+        const QColor normal =
+            ZELCustom::getDataBaseColor("ORXPropertyTreeModelColor_Foreground_Default"_s);
+        const QColor dimmed = ZELCustom::getDataBaseColor("ORXPropertyTreeModelColor_Foreground"_s);
+        QVERIFY(normal != dimmed);
+        const QModelIndex value = m_model->indexFromItem(m_width, 1);
+        QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), dimmed);
+        QCOMPARE(value.siblingAtColumn(0).data(Qt::ForegroundRole).value<QColor>(), normal);
+        m_width->setReadOnly(false);
+        QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), normal);
+        m_model->setIsCanEdit(false);
+        QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), dimmed);
+    }
+
+    void flagsOfCells()
+    {
+        const QModelIndex value = m_model->indexFromItem(m_width, 1);
+        QVERIFY(!(value.flags() & Qt::ItemIsEditable));
+        m_width->setReadOnly(false);
+        QVERIFY(value.flags() & Qt::ItemIsEditable);
+        QVERIFY(!(value.siblingAtColumn(0).flags() & Qt::ItemIsEditable));
+        QVERIFY(!(value.flags() & Qt::ItemIsDragEnabled));
+        Item* copy = add(nullptr, "Width", "Integer");
+        m_model->addItems(m_favorites, {copy});
+        QVERIFY(m_model->indexFromItem(copy, 0).flags() & Qt::ItemIsDragEnabled);
+        m_width->setTagName("CustomTagNameCCM"_s);
+        QCOMPARE(value.flags(), Qt::ItemFlags(Qt::NoItemFlags));
+    }
+
+    void sameValue_data()
+    {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QVariant>("edited");
+        QTest::addColumn<bool>("same");
+        const auto row = [](const char* tag, const QVariant& value, const QVariant& edited,
+                            bool same) {
+            QTest::newRow(qPrintable(
+                "%1 %2 to %3"_s.arg(QLatin1String(tag), value.toString(), edited.toString())))
+                << QString::fromLatin1(tag) << value << edited << same;
+        };
+        row("Boolean", true, true, true);
+        row("Boolean", true, false, false);
+        row("Integer", 5, 5, true);
+        row("IntReg", 5, 6, false);
+        row("Enumeration", 3, 3, true);
+        row("CustomTagNamePalettesMode", 3, 4, false);
+        row("Float", 1.5F, 1.5005F, true);
+        row("Converter", 1.5F, 1.51F, false);
+        row("String", "a"_s, "a"_s, true);
+        row("StringReg", "a"_s, "A"_s, false);
+        row("Command", QVariant(), QVariant(), false);
+    }
+
+    void sameValue()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QVariant, value);
+        QFETCH(QVariant, edited);
+        m_width->setTagName(tag);
+        m_width->value()->setValue(value);
+        QTEST(ORXPropertyTreeModel::isSameValue(tag, m_width->value(), edited), "same");
+        QVERIFY(!ORXPropertyTreeModel::isSameValue(tag, m_root->value(), edited));
+    }
+
+    void storing_data()
+    {
+        const Rows<QString, QVariant> row("tag", "edited");
+        row("boolean", "Boolean", true);
+        row("integer", "IntReg", qlonglong(INT64_MAX));
+        row("entry above 31 bits", "Enumeration", qlonglong(4000000000LL));
+        row("float", "Converter", 2.5F);
+        row("text", "String", "lab"_s);
+    }
+
+    void storing()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QVariant, edited);
+        m_width->setTagName(tag);
+        ORXPropertyTreeModel::setItemValue(m_width, "Width"_s, edited);
+        QCOMPARE(m_width->value()->value().toString(), edited.toString());
+    }
+
+    void editing()
+    {
+        const QModelIndex value = m_model->indexFromItem(m_width, 1);
+        QVERIFY(m_model->setData(value, 640, Qt::EditRole));
+        QCOMPARE(m_writer.log, QStringList({"Integer Width 640"_s, "after Width"_s}));
+        QVERIFY(m_model->setData(value, 640, Qt::EditRole)); // unchanged: no write
+        QCOMPARE(m_writer.log.size(), 2);
+        m_writer.answer = false;
+        QVERIFY(!m_model->setData(value, 800, Qt::EditRole));
+        QCOMPARE(m_width->value()->value().toInt(), 640);
+        QVERIFY(m_model->setData(value, 900, Qt::DisplayRole));
+        QCOMPARE(m_writer.log.size(), 3);
+    }
+
+    void editsWithoutCameraAreAcceptedAndIgnored()
+    {
+        m_model->resetCamearID(-1);
+        QVERIFY(m_model->setData(m_model->indexFromItem(m_width, 1), 640, Qt::EditRole));
+        QVERIFY(m_writer.log.isEmpty());
+    }
+
+    void theItemMayGoDuringTheWrite()
+    {
+        m_writer.onWrite = [this] {
+            m_model->resetCamearID(-1);
+            m_model->updateData(nullptr);
+            m_root->clear();
+        };
+        QVERIFY(m_model->setData(m_model->indexFromItem(m_width, 1), 640, Qt::EditRole));
+        QCOMPARE(m_writer.log.size(), 1);
+    }
+
+    void draggingCarriesTheFirstFavouriteOnly()
+    {
+        Item* first = add(nullptr, "A", "Integer");
+        Item* second = add(nullptr, "B", "Integer");
+        first->setItemType(Item::FavoriteItem);
+        second->setItemType(Item::FavoriteItem);
+        m_model->addItems(m_favorites, {first, second});
+        const QModelIndex a = m_model->indexFromItem(first, 0);
+        const QScopedPointer<QMimeData> mime(
+            m_model->mimeData({a, m_model->indexFromItem(second, 0)}));
+        QVERIFY(mime);
+        QCOMPARE(mime->data("MoveFavoriteItem"_s),
+                 QByteArray::number(reinterpret_cast<quintptr>(first)));
+        QVERIFY(m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0, a));
+        QVERIFY(!m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0,
+                                          m_model->indexFromItem(m_width, 0)));
+        QVERIFY(!m_model->mimeData({m_model->indexFromItem(m_width, 0)}));
+    }
+};
 
 OBFT_TEST_MAIN(TestORXPropertyTreeModel)
 #include "tst_orxpropertytreemodel.moc"

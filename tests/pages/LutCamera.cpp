@@ -2,8 +2,19 @@
 #include "pages/LutCamera.h"
 
 #include "device/OBDeviceControl.h"
+#include "support/Literals.h"
+#include "support/MessageGuard.h"
 
 #include <cstring>
+#include <thread>
+
+QVector<int> valuesOf(const LUTPoints& points)
+{
+    QVector<int> values;
+    for (const LUTPoint& point : points)
+        values.append(point.value);
+    return values;
+}
 
 LutCamera::LutCamera(int points, qint64 maximumValue)
     : m_table(points)
@@ -38,6 +49,13 @@ void LutCamera::announce(qint64 maximumIndex, qint64 maximumValue)
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_maximumIndex = maximumIndex;
     m_maximumValue = maximumValue;
+}
+
+void LutCamera::releaseWhenAwaited()
+{
+    while (!MessageGuard::contains("LUT: waiting for a call of the host to return"_s))
+        std::this_thread::yield();
+    release();
 }
 
 void LutCamera::release()

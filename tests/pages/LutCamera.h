@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "pages/LUTPoint.h"
+
 #include <QVector>
 
 #include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+
+// The values of a table, in its order.
+QVector<int> valuesOf(const LUTPoints& points);
 
 // A camera of which nothing exists but a look-up table, served through the device layer's
 // callbacks: "LUTIndex" selects, "LUTValue" is the value there. Safe to call from several threads.
@@ -33,6 +38,8 @@ public:
     void holdAtCall(int call) { m_holdAt = call; }
     bool isHolding() const { return m_holding; }
     void release();
+    // The same, once somebody has waited for the call for so long that the log says so.
+    void releaseWhenAwaited();
 
     int calls() const { return m_calls; }
     // Indexes whose value was written, in order.

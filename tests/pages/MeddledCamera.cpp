@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/MeddledCamera.h"
 
+#include "CameraError.h"
+
 #include <OBFeatureTree/OBFeatureTree.h>
 
 #include <algorithm>
@@ -14,18 +16,31 @@ MeddledCamera::MeddledCamera(Camera& camera, const QStringList& lacking)
     m_xml = xml.toStdString();
 }
 
-int MeddledCamera::failureOf(const std::string& name) const
+int MeddledCamera::failureOf(const std::string& name, Calls call) const
 {
+    if (m_unplugged)
+        return CameraError::NotConnected;
     const auto found = m_failures.find(name);
-    return found == m_failures.end() ? 0 : found->second;
+    return found == m_failures.end() || !(found->second.calls & call) ? 0 : found->second.code;
+}
+
+void MeddledCamera::passGate(std::unique_lock<std::mutex>& lock, const std::string& name,
+                             Calls call)
+{
+    ++m_held;
+    m_opened.wait(lock, [&] { return m_gated != name || !(m_gatedCalls & call); });
+    --m_held;
 }
 
 int MeddledCamera::read(int type, const std::string& name, void* record)
 {
+    if (beforeRead)
+        beforeRead(QString::fromStdString(name));
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        std::unique_lock<std::mutex> lock(m_mutex);
         m_reads.emplace_back(std::this_thread::get_id(), QString::fromStdString(name));
-        if (const int code = failureOf(name))
+        passGate(lock, name, Reads);
+        if (const int code = failureOf(name, Reads))
             return code;
     }
     return m_camera.read(type, name, record);
@@ -33,13 +48,15 @@ int MeddledCamera::read(int type, const std::string& name, void* record)
 
 int MeddledCamera::write(int type, const std::string& name, const std::string& text)
 {
+    if (beforeWrite)
+        beforeWrite(QString::fromStdString(name));
     {
         std::unique_lock<std::mutex> lock(m_mutex);
         m_writes.append(QString::fromStdString(text.empty() ? name : name + "=" + text));
         m_most[name] = std::max(m_most[name], ++m_running[name]);
-        m_opened.wait(lock, [&] { return m_gated != name; });
+        passGate(lock, name, Writes);
         --m_running[name];
-        if (const int code = failureOf(name))
+        if (const int code = failureOf(name, Writes))
             return code;
     }
     return m_camera.write(type, name, text);
@@ -47,6 +64,8 @@ int MeddledCamera::write(int type, const std::string& name, const std::string& t
 
 int MeddledCamera::accessMode(const std::string& name, int* mode)
 {
+    if (m_unplugged)
+        return CameraError::NotConnected;
     const int result = m_camera.accessMode(name, mode);
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_hidden.count(name) > 0)
@@ -54,10 +73,10 @@ int MeddledCamera::accessMode(const std::string& name, int* mode)
     return result;
 }
 
-void MeddledCamera::fail(const char* name, int code)
+void MeddledCamera::fail(const char* name, int code, Calls calls)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_failures[name] = code;
+    m_failures[name] = {code, calls};
 }
 
 void MeddledCamera::hide(const char* name, bool hidden)
@@ -69,10 +88,11 @@ void MeddledCamera::hide(const char* name, bool hidden)
         m_hidden.erase(name);
 }
 
-void MeddledCamera::closeGate(const char* name)
+void MeddledCamera::closeGate(const char* name, Calls calls)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_gated = name;
+    m_gatedCalls = calls;
 }
 
 void MeddledCamera::openGate()
@@ -82,6 +102,12 @@ void MeddledCamera::openGate()
         m_gated.clear();
     }
     m_opened.notify_all();
+}
+
+bool MeddledCamera::isHolding() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_held > 0;
 }
 
 QStringList MeddledCamera::writes() const

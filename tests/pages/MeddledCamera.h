@@ -7,7 +7,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <set>
@@ -28,16 +30,25 @@ public:
     int write(int type, const std::string& name, const std::string& text) override;
     int accessMode(const std::string& name, int* mode) override;
     int invalidate() override { return m_camera.invalidate(); }
-    bool isConnected() const override { return m_camera.isConnected(); }
+    bool isConnected() const override { return !m_unplugged && m_camera.isConnected(); }
     int reconnect() override { return m_camera.reconnect(); }
 
-    // Reads and writes of the name answer with the code from now on; 0 ends it.
-    void fail(const char* name, int code);
+    enum Calls { Reads = 1, Writes = 2, ReadsAndWrites = Reads | Writes };
+
+    // Called before each read or write, on the calling thread. Set them while nothing calls.
+    std::function<void(const QString& name)> beforeRead;
+    std::function<void(const QString& name)> beforeWrite;
+
+    // Calls of the name answer with the code from now on; 0 ends it.
+    void fail(const char* name, int code, Calls calls = ReadsAndWrites);
+    // Nothing is answered any more.
+    void unplug() { m_unplugged = true; }
     // The feature's access mode says that it is not there.
     void hide(const char* name, bool hidden);
-    // Writes of the name wait until the gate opens.
-    void closeGate(const char* name);
+    // Calls of the name wait until the gate opens.
+    void closeGate(const char* name, Calls calls = Writes);
     void openGate();
+    bool isHolding() const;
 
     // What arrived: "Name" or "Name=text", in order.
     QStringList writes() const;
@@ -49,15 +60,25 @@ public:
     void forget();
 
 private:
-    int failureOf(const std::string& name) const;
+    struct Failure
+    {
+        int code;
+        Calls calls;
+    };
+    // Both with the mutex held.
+    int failureOf(const std::string& name, Calls call) const;
+    void passGate(std::unique_lock<std::mutex>& lock, const std::string& name, Calls call);
 
     Camera& m_camera; // Not owned.
     std::string m_xml;
     mutable std::mutex m_mutex;
     std::condition_variable m_opened;
-    std::map<std::string, int> m_failures;
+    std::map<std::string, Failure> m_failures;
     std::set<std::string> m_hidden;
     std::string m_gated;
+    Calls m_gatedCalls = Writes;
+    int m_held = 0;
+    std::atomic<bool> m_unplugged{false};
     QStringList m_writes;
     std::map<std::string, int> m_running;
     std::map<std::string, int> m_most;

@@ -3,7 +3,6 @@
 
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
-#include "main/PageTabBar.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "pages/ORXCommonFeature.h"
@@ -100,11 +99,11 @@ QStringList PageWindow::items(int tab, const char* group) const
     return names;
 }
 
-bool PageWindow::show(int tab, const char* name) const
+bool PageWindow::show(int tab, ORXPropertyTreeItem* shown) const
 {
     const auto type = static_cast<ORXPropertyTreeItem::ParentType>(tab);
     ORXPropertyTreeItem* root = page(tab)->getRootItem(1, false);
-    ORXPropertyTreeItem* group = item(tab, name);
+    ORXPropertyTreeItem* group = shown;
     if (!group || !root)
         return false;
     while (group->parent(type) != root)
@@ -124,42 +123,40 @@ bool PageWindow::show(int tab, const char* name) const
         press(model->index(group->indexInParent(type), 0, pageRow));
     }
     ORXFeatureTreeView* view = page(tab)->treeView();
-    view->scrollTo(view->treeModel()->indexFromItem(item(tab, name), 0));
+    view->scrollTo(view->treeModel()->indexFromItem(shown, 0));
     return view->isVisible();
 }
 
-bool PageWindow::isRowShown(int tab, const char* name) const
+bool PageWindow::isRowShown(int tab, ORXPropertyTreeItem* row) const
 {
-    ORXPropertyTreeItem* row = item(tab, name);
     const ORXFeatureTreeView* view = page(tab)->treeView();
     const QModelIndex index = row ? view->treeModel()->indexFromItem(row, 0) : QModelIndex();
     return index.isValid() && !view->isRowHidden(index.row(), index.parent());
 }
 
 // The editor, in whatever state; rows that have come into sight get theirs a little later.
-QWidget* PageWindow::openedEditor(int tab, const char* name) const
+QWidget* PageWindow::openedEditor(int tab, ORXPropertyTreeItem* item) const
 {
-    if (!show(tab, name) || !isRowShown(tab, name))
+    if (!show(tab, item) || !isRowShown(tab, item))
         return nullptr;
-    QWidget* editor = nullptr;
-    const bool opened = QTest::qWaitFor(
-        [&] {
-            editor = page(tab)->treeView()->editorOf(item(tab, name));
-            return editor != nullptr;
-        },
-        kPatienceMs);
-    return opened ? editor : nullptr;
+    const ORXFeatureTreeView* view = page(tab)->treeView();
+    (void)QTest::qWaitFor([&] { return view->editorOf(item) != nullptr; }, kPatienceMs);
+    return view->editorOf(item);
 }
 
-QWidget* PageWindow::usableEditor(int tab, const char* name) const
+QWidget* PageWindow::usableEditor(int tab, ORXPropertyTreeItem* item) const
 {
-    const bool usable = QTest::qWaitFor([&] { return isEnabled(tab, name); }, kPatienceMs);
-    return usable ? openedEditor(tab, name) : nullptr;
+    QWidget* editor = nullptr;
+    const auto isUsable = [&] {
+        editor = openedEditor(tab, item);
+        return editor && editor->isEnabled();
+    };
+    return QTest::qWaitFor(isUsable, kPatienceMs) ? editor : nullptr;
 }
 
 bool PageWindow::enter(int tab, const char* name, const QString& text) const
 {
-    QWidget* editor = usableEditor(tab, name);
+    QWidget* editor = usableEditor(tab, item(tab, name));
     if (!editor)
         return false;
     editor->setFocus();
@@ -193,7 +190,7 @@ bool PageWindow::click(int tab, const char* name) const
 
 QString PageWindow::shown(int tab, const char* name) const
 {
-    QWidget* editor = openedEditor(tab, name);
+    QWidget* editor = openedEditor(tab, item(tab, name));
     if (const auto* box = qobject_cast<QComboBox*>(editor))
         return box->currentText();
     if (const auto* line = lineOf(editor))
@@ -206,7 +203,7 @@ QString PageWindow::shown(int tab, const char* name) const
 
 bool PageWindow::isEnabled(int tab, const char* name) const
 {
-    const QWidget* editor = openedEditor(tab, name);
+    const QWidget* editor = openedEditor(tab, item(tab, name));
     return editor && editor->isEnabled();
 }
 

@@ -35,13 +35,16 @@ public:
     QStringList items(int tab, const char* group) const;
 
     // Shows the page and the group with the feature by mouse clicks.
-    bool show(int tab, const char* name) const;
-    bool isRowShown(int tab, const char* name) const;
+    bool show(int tab, ORXPropertyTreeItem* shown) const;
+    bool show(int tab, const char* name) const { return show(tab, item(tab, name)); }
+    bool isRowShown(int tab, ORXPropertyTreeItem* row) const;
+    bool isRowShown(int tab, const char* name) const { return isRowShown(tab, item(tab, name)); }
     // The open editor of the feature, shown and enabled; null when that does not come about.
+    QWidget* usableEditor(int tab, ORXPropertyTreeItem* item) const;
     template <typename Editor>
     Editor* editor(int tab, const char* name) const
     {
-        return qobject_cast<Editor*>(usableEditor(tab, name));
+        return qobject_cast<Editor*>(usableEditor(tab, item(tab, name)));
     }
     // Types the text into the feature's editor, or chooses it, or clicks.
     bool enter(int tab, const char* name, const QString& text) const;
@@ -54,8 +57,7 @@ public:
     bool refresh() const;
 
 private:
-    QWidget* openedEditor(int tab, const char* name) const;
-    QWidget* usableEditor(int tab, const char* name) const;
+    QWidget* openedEditor(int tab, ORXPropertyTreeItem* item) const;
 
     HostCallbacks m_host;
 };

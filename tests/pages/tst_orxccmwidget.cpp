@@ -1,42 +1,45 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "DemoWindow.h"
+#include "CameraError.h"
 #include "basetools/ORXInterface.h"
-#include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeCustomCCMItemValue.h"
+#include "pages/DemoPageTest.h"
 #include "pages/ORXCCMUpdateThread.h"
 #include "pages/ORXCCMWidget.h"
 #include "pages/ORXRWCCMValue.h"
+#include "pages/SettingsFile.h"
 #include "styledctl/ZELCustomMessageBox.h"
-#include "support/TestMain.h"
 #include "tree/QPropertyLineEdit.h"
 #include "tree/TestPage.h"
 
-#include <QDir>
-#include <QSemaphore>
 #include <QTimer>
 
 namespace {
 
 using Item = ORXPropertyTreeItem;
 
-const QString kTransformation = QStringLiteral("ColorTransformationEnable");
-const QString kValue = QStringLiteral("ColorTransformationValue");
-const QString kDemoSerial = QStringLiteral("DEMO000001");
+constexpr char kTransformation[] = "ColorTransformationEnable";
+constexpr char kSelector[] = "ColorTransformationValueSelector";
+constexpr char kValue[] = "ColorTransformationValue";
+const SettingsFile kFile{"DEMO000001"_s};
 
-} // namespace
+// Makes of two items a matrix and its switch, as a page does it.
+CTreeCustomCCMItemValue* tie(Item& item, Item& enable)
+{
+    enable.setTagName("Boolean"_s);
+    item.setTagName("CustomTagNameCCM"_s);
+    auto* value = static_cast<CTreeCustomCCMItemValue*>(item.value());
+    value->m_lCameraID = 1;
+    value->m_pEnableItem = &enable;
+    return value;
+}
 
-// The widget over items as a page makes them.
+// The widget over such items.
 class Matrix
 {
 public:
     explicit Matrix(CTreeCustomCCMItemValue::State state)
     {
-        enable.setTagName(QStringLiteral("Boolean"));
-        item.setTagName(QStringLiteral("CustomTagNameCCM"));
-        auto* value = static_cast<CTreeCustomCCMItemValue*>(item.value());
-        value->m_nState = state;
-        value->m_lCameraID = 1;
-        value->m_pEnableItem = &enable;
+        tie(item, enable)->m_nState = state;
         widget = new ORXCCMWidget(&item, &window);
         widget->resize(360, 122);
         window.show();
@@ -44,7 +47,7 @@ public:
 
     QPropertyLineEdit* cell(int index) const
     {
-        return window.findChild<QPropertyLineEdit*>(QStringLiteral("CCMValue%1").arg(index));
+        return window.findChild<QPropertyLineEdit*>("CCMValue%1"_s.arg(index));
     }
     QStringList texts() const
     {
@@ -78,438 +81,352 @@ public:
     QPointer<ORXCCMWidget> widget;
 };
 
-class TestORXCCMWidget : public GuardedTest
+} // namespace
+
+class TestORXCCMWidget : public DemoPageTest
 {
     Q_OBJECT
-private slots:
-    void cellsShowTheCamera();
-    void switchStatesDecide_data();
-    void switchStatesDecide();
-    void editReachesTheCamera_data();
-    void editReachesTheCamera();
-    void refusedEditShowsWhatTheCameraHas();
-    void switchingWritesBothFeatures();
-    void switchingWhileReadingWins();
-    void failureInTheMiddleLeavesTheCameraAsItWas();
-    void cameraUnpluggedInTheMiddle();
-    void destroyedWhileTheHostHangs();
-    void nextEditorWaitsForTheLastOne();
-    void itemsMayGoFirst();
-    void fileModeShowsTheFile();
-    void fileModeSwitchesTheFile();
-    void badFileIsReportedAndLeftAlone();
-    void delegateMakesTheEditor();
-    void cellsSayWhereTheyAre();
 
 protected:
-    void prepare() override { removeFiles(); }
+    void prepare() override
+    {
+        SettingsFile::removeAll();
+        DemoPageTest::prepare();
+    }
     void finish() override
     {
-        removeFiles();
-        ORXInterface::setLanguage(QStringLiteral("ENG"));
+        DemoPageTest::finish();
+        SettingsFile::removeAll();
     }
 
 private:
-    static void removeFiles()
+    void setCoefficient(const char* index, const char* value)
     {
-        QDir(ORXInterface::userDataPath() + QStringLiteral("/CCMList")).removeRecursively();
+        write(kSelector, index);
+        write(kValue, value);
     }
-    static void store(const QByteArray& content)
+    void openSwitchedOn()
     {
-        ORXRWCCMValue settings;
-        settings.createSetting(kDemoSerial);
-        QFile file(ORXRWCCMValue::fileOf(kDemoSerial));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        write("CCMEnable", "1");
+        open();
     }
-    static QByteArray stored()
+    // Opens with the transformation on; the reading of the matrix will be held at a coefficient.
+    void openAndHold()
     {
-        QFile file(ORXRWCCMValue::fileOf(kDemoSerial));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+        write(kTransformation, "1");
+        open();
+        OB_FT_Close(); // nothing else reads
+        m_camera->closeGate(kValue, MeddledCamera::Reads);
     }
-    static void setCoefficient(DemoWindow& window, const char* index, const char* value)
+    QString shownMessage() const
     {
-        window.write(OB_FT_TYPE_ENUMERATION, "ColorTransformationValueSelector", index);
-        window.write(OB_FT_TYPE_FLOAT, "ColorTransformationValue", value);
-    }
-    static bool switchOn(DemoWindow& window)
-    {
-        window.write(OB_FT_TYPE_BOOLEAN, "CCMEnable", "1");
-        return window.open();
-    }
-    static QString shownMessage(const DemoWindow& window)
-    {
-        const auto* box = window.tree()->findChild<ZELCustomMessageBox*>();
+        const auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
         return box && box->isVisible() ? box->cTextTitle() : QString();
     }
-};
 
-void TestORXCCMWidget::cellsShowTheCamera()
-{
-    DemoWindow window;
-    setCoefficient(window, "1", "-0.25");
-    setCoefficient(window, "8", "3.5");
-    window.write(OB_FT_TYPE_ENUMERATION, "ColorTransformationValueSelector", "6");
-    QVERIFY(switchOn(window));
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    QVERIFY(!matrix.cell(0)->isEnabled());
-    QVERIFY(matrix.read());
-    QCOMPARE(matrix.texts().join(QLatin1Char(' ')),
-             QStringLiteral("1.0000 -0.2500 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 3.5000"));
-    QVERIFY(matrix.isOn());
-    // The camera is as it was.
-    QCOMPARE(window.integer("ColorTransformationValueSelector"), 6);
-    QCOMPARE(window.integer("ColorTransformationEnable"), 0);
-    QCOMPARE(window.integer("CCMEnable"), 1);
-}
-
-void TestORXCCMWidget::switchStatesDecide_data()
-{
-    QTest::addColumn<bool>("transformed");
-    QTest::addColumn<bool>("matrix");
-    QTest::addColumn<QString>("unreadable");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("matrix") << false << true << QString() << true;
-    QTest::newRow("neither") << false << false << QString() << false;
-    QTest::newRow("transformation") << true << false << QString() << false;
-    QTest::newRow("matrix not told") << false << false << QStringLiteral("CCMEnable") << true;
-    QTest::newRow("transformation, matrix not told")
-        << true << false << QStringLiteral("CCMEnable") << false;
-}
-
-void TestORXCCMWidget::switchStatesDecide()
-{
-    QFETCH(bool, transformed);
-    QFETCH(bool, matrix);
-    QFETCH(QString, unreadable);
-    QFETCH(bool, on);
-    DemoWindow window;
-    setCoefficient(window, "2", "0.125");
-    window.write(OB_FT_TYPE_BOOLEAN, "ColorTransformationEnable", transformed ? "1" : "0");
-    window.write(OB_FT_TYPE_BOOLEAN, "CCMEnable", matrix ? "1" : "0");
-    QVERIFY(window.open());
-    window.plugged.refuseToRead(unreadable);
-    Matrix cells(CTreeCustomCCMItemValue::InCamera);
-    cells.enable.value()->setValue(!on);
-    cells.widget->updateData();
-    QTRY_COMPARE(cells.cell(2)->text(), QStringLiteral("0.1250"));
-    QCOMPARE(cells.cell(2)->isEnabled(), on);
-    QCOMPARE(cells.isOn(), on);
-    QCOMPARE(window.integer("ColorTransformationEnable"), transformed ? 1 : 0);
-}
-
-void TestORXCCMWidget::editReachesTheCamera_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QStringList>("writes");
-    const auto writes = [](int index, const char* value) {
-        return QStringList{QStringLiteral("ColorTransformationValueSelector %1").arg(index),
-                           QStringLiteral("ColorTransformationValue %1").arg(QLatin1String(value))};
-    };
-    QTest::newRow("number") << 5 << QByteArray("1.5") << QStringLiteral("1.5000")
-                            << writes(5, "1.5");
-    QTest::newRow("exponent") << 0 << QByteArray("-25e-2") << QStringLiteral("-0.2500")
-                              << writes(0, "-0.25");
-    QTest::newRow("too large") << 8 << QByteArray("9") << QStringLiteral("4.0000")
-                               << writes(8, "4");
-    QTest::newRow("no number") << 4 << QByteArray("one") << QStringLiteral("1.0000")
-                               << QStringList();
-    QTest::newRow("unchanged") << 4 << QByteArray("1.0000") << QStringLiteral("1.0000")
-                               << QStringList();
-}
-
-void TestORXCCMWidget::editReachesTheCamera()
-{
-    QFETCH(int, index);
-    QFETCH(QByteArray, text);
-    QFETCH(QString, shown);
-    QFETCH(QStringList, writes);
-    DemoWindow window;
-    QVERIFY(switchOn(window));
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    QVERIFY(matrix.read());
-    window.plugged.clearWrites();
-    matrix.enter(index, text.constData());
-    QCOMPARE(matrix.cell(index)->text(), shown);
-    QCOMPARE(window.plugged.writes(), writes);
-}
-
-void TestORXCCMWidget::refusedEditShowsWhatTheCameraHas()
-{
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    DemoWindow window;
-    QVERIFY(switchOn(window));
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    QVERIFY(matrix.read());
-    window.plugged.refuse(kValue);
-    matrix.enter(4, "2");
-    QCOMPARE(matrix.cell(4)->text(), QStringLiteral("1.0000"));
-    QCOMPARE(shownMessage(window), QStringLiteral("Failed to set the feature value."));
-    // A refused selector spares the value.
-    window.plugged.refuse(QStringLiteral("ColorTransformationValueSelector"));
-    window.plugged.clearWrites();
-    matrix.enter(4, "2");
-    QCOMPARE(matrix.cell(4)->text(), QStringLiteral("1.0000"));
-    QVERIFY(window.plugged.writes().isEmpty());
-}
-
-void TestORXCCMWidget::switchingWritesBothFeatures()
-{
-    DemoWindow window;
-    QVERIFY(window.open());
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    for (const bool on : {true, false}) {
-        window.plugged.clearWrites();
-        matrix.userSwitches(on);
-        QCOMPARE(window.plugged.writes(),
-                 (QStringList{QStringLiteral("ColorTransformationEnable %1").arg(on ? 0 : 1),
-                              QStringLiteral("CCMEnable %1").arg(on ? 1 : 0)}));
-        QCOMPARE(matrix.cell(3)->isEnabled(), on);
+private slots:
+    void cellsShowTheCamera()
+    {
+        setCoefficient("1", "-0.25");
+        setCoefficient("8", "3.5");
+        write(kSelector, "6");
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        QVERIFY(matrix.read());
+        QCOMPARE(matrix.texts().join(QLatin1Char(' ')),
+                 "1.0000 -0.2500 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 3.5000"_s);
+        QVERIFY(matrix.isOn());
+        // The camera is as it was.
+        QCOMPARE(read(kSelector), 6);
+        QCOMPARE(read(kTransformation), 0);
+        QCOMPARE(read("CCMEnable"), 1);
     }
-    // A refused switch goes back.
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    window.plugged.refuse(kTransformation);
-    matrix.userSwitches(true);
-    QVERIFY(!matrix.isOn());
-    QVERIFY(!matrix.cell(3)->isEnabled());
-    QCOMPARE(shownMessage(window), QStringLiteral("Failed to set the feature value."));
-}
 
-void TestORXCCMWidget::switchingWhileReadingWins()
-{
-    DemoWindow window;
-    window.write(OB_FT_TYPE_BOOLEAN, "ColorTransformationEnable", "1");
-    QVERIFY(window.open());
-    OB_FT_Close(); // nothing else reads
-    QSemaphore reached;
-    QSemaphore goOn;
-    window.plugged.beforeRead = [&](const QString& name) {
-        if (name != kValue || reached.available() > 0)
-            return;
-        reached.release();
-        goOn.acquire();
-    };
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    matrix.widget->updateData();
-    QTRY_COMPARE(reached.available(), 1);
-    matrix.userSwitches(true);
-    goOn.release();
-    QTRY_VERIFY(matrix.cell(0)->isEnabled());
-    QVERIFY(matrix.isOn());
-    QCOMPARE(window.integer("ColorTransformationEnable"), 0);
-    QCOMPARE(window.integer("CCMEnable"), 1);
-}
+    void switchStatesDecide_data()
+    {
+        const Rows<bool, bool, QByteArray, bool> row("transformed", "matrix", "unreadable", "on");
+        row("matrix", false, true, "", true);
+        row("neither", false, false, "", false);
+        row("transformation", true, false, "", false);
+        row("matrix not told", false, false, "CCMEnable", true);
+        row("transformation, matrix not told", true, false, "CCMEnable", false);
+    }
 
-void TestORXCCMWidget::failureInTheMiddleLeavesTheCameraAsItWas()
-{
-    MessageGuard::ignoreMessage(QtCriticalMsg, "Reading the color correction matrix: coefficient 4 "
-                                               "cannot be read");
-    DemoWindow window;
-    window.write(OB_FT_TYPE_ENUMERATION, "ColorTransformationValueSelector", "7");
-    window.write(OB_FT_TYPE_BOOLEAN, "ColorTransformationEnable", "1");
-    QVERIFY(window.open());
-    OB_FT_Close();
-    std::atomic<int> reads{0};
-    window.plugged.beforeRead = [&](const QString& name) {
-        if (name == kValue && ++reads == 5)
-            window.plugged.refuseToRead(kValue);
-    };
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    matrix.widget->updateData();
-    QTRY_VERIFY(MessageGuard::contains(QStringLiteral("cannot be read")));
-    QCOMPARE(window.integer("ColorTransformationEnable"), 1);
-    QCOMPARE(window.integer("ColorTransformationValueSelector"), 7);
-    QVERIFY(!matrix.cell(0)->isEnabled());
-}
+    void switchStatesDecide()
+    {
+        QFETCH(bool, transformed);
+        QFETCH(bool, matrix);
+        QFETCH(QByteArray, unreadable);
+        QFETCH(bool, on);
+        setCoefficient("2", "0.125");
+        write(kTransformation, transformed ? "1" : "0");
+        write("CCMEnable", matrix ? "1" : "0");
+        open();
+        if (!unreadable.isEmpty())
+            m_camera->fail(unreadable.constData(), CameraError::NotReadable, MeddledCamera::Reads);
+        Matrix cells(CTreeCustomCCMItemValue::InCamera);
+        cells.enable.value()->setValue(!on);
+        cells.widget->updateData();
+        QTRY_COMPARE(cells.cell(2)->text(), "0.1250"_s);
+        QCOMPARE(cells.cell(2)->isEnabled(), on);
+        QCOMPARE(cells.isOn(), on);
+        QCOMPARE(read(kTransformation), transformed ? 1 : 0);
+    }
 
-void TestORXCCMWidget::cameraUnpluggedInTheMiddle()
-{
-    MessageGuard::expectMessage(QStringLiteral("Reading the color correction matrix"));
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    DemoWindow window;
-    QVERIFY(switchOn(window));
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    QVERIFY(matrix.read());
-    OB_FT_Close();
-    window.plugged.beforeRead = [&](const QString& name) {
-        if (name == kValue)
-            window.plugged.unplug();
-    };
-    matrix.widget->updateData();
-    QTRY_VERIFY(MessageGuard::contains(QStringLiteral("Reading the color correction matrix")));
-    QVERIFY(!matrix.cell(0)->isEnabled());
-    QVERIFY(matrix.isOn()); // nothing is known of it
-}
+    void editReachesTheCamera_data()
+    {
+        const Rows<int, QByteArray, QString, QStringList> row("index", "text", "shown", "writes");
+        const auto writes = [](int index, const char* value) {
+            return QStringList{"ColorTransformationValueSelector=%1"_s.arg(index),
+                               "ColorTransformationValue=%1"_s.arg(QLatin1String(value))};
+        };
+        row("number", 5, "1.5", "1.5000", writes(5, "1.5"));
+        row("exponent", 0, "-25e-2", "-0.2500", writes(0, "-0.25"));
+        row("too large", 8, "9", "4.0000", writes(8, "4"));
+        row("no number", 4, "one", "1.0000", QStringList());
+        row("unchanged", 4, "1.0000", "1.0000", QStringList());
+    }
 
-void TestORXCCMWidget::destroyedWhileTheHostHangs()
-{
-    DemoWindow window;
-    window.write(OB_FT_TYPE_BOOLEAN, "ColorTransformationEnable", "1");
-    QVERIFY(window.open());
-    OB_FT_Close();
-    QSemaphore reached;
-    QSemaphore goOn;
-    window.plugged.beforeRead = [&](const QString& name) {
-        if (name != kValue || reached.available() > 0)
-            return;
-        reached.release();
-        goOn.acquire();
-    };
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    matrix.widget->updateData();
-    QTRY_COMPARE(reached.available(), 1);
-    delete matrix.widget; // returns although the host does not
-    window.plugged.clearWrites();
-    goOn.release();
-    ORXCCMUpdateThread::stopAll();
-    // No further coefficient; what was changed is put back.
-    QCOMPARE(window.plugged.writes(), QStringList{QStringLiteral("ColorTransformationEnable 1")});
-    QCOMPARE(window.integer("ColorTransformationEnable"), 1);
-}
+    void editReachesTheCamera()
+    {
+        QFETCH(int, index);
+        QFETCH(QByteArray, text);
+        QFETCH(QStringList, writes);
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.read());
+        m_camera->forget();
+        matrix.enter(index, text.constData());
+        QTEST(matrix.cell(index)->text(), "shown");
+        QCOMPARE(m_camera->writes(), writes);
+    }
 
-void TestORXCCMWidget::nextEditorWaitsForTheLastOne()
-{
-    DemoWindow window;
-    setCoefficient(window, "3", "0.75");
-    window.write(OB_FT_TYPE_BOOLEAN, "ColorTransformationEnable", "1");
-    QVERIFY(window.open());
-    OB_FT_Close();
-    QSemaphore reached;
-    QSemaphore goOn;
-    window.plugged.beforeRead = [&](const QString& name) {
-        if (name != kValue || reached.available() > 0)
-            return;
-        reached.release();
-        goOn.acquire();
-    };
-    Matrix first(CTreeCustomCCMItemValue::InCamera);
-    first.widget->updateData();
-    QTRY_COMPARE(reached.available(), 1);
-    delete first.widget; // the transformation is off by now
-    Matrix second(CTreeCustomCCMItemValue::InCamera);
-    second.enable.value()->setValue(true);
-    second.widget->updateData();
-    QTimer::singleShot(50, this, [&] { goOn.release(); });
-    QTRY_COMPARE(second.cell(3)->text(), QStringLiteral("0.7500"));
-    QVERIFY(!second.isOn());
-    QCOMPARE(window.integer("ColorTransformationEnable"), 1);
-}
+    void refusedEditShowsWhatTheCameraHas()
+    {
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.read());
+        m_camera->fail(kValue, CameraError::NotWritable, MeddledCamera::Writes);
+        matrix.enter(4, "2");
+        QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
+        QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
+        // A refused selector spares the value.
+        m_camera->fail(kSelector, CameraError::NotWritable, MeddledCamera::Writes);
+        m_camera->forget();
+        matrix.enter(4, "2");
+        QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
+        QCOMPARE(m_camera->writesOf(kValue), 0);
+    }
 
-void TestORXCCMWidget::itemsMayGoFirst()
-{
-    DemoWindow window;
-    QVERIFY(switchOn(window));
-    auto enable = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
-    auto item = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
-    enable->setTagName(QStringLiteral("Boolean"));
-    item->setTagName(QStringLiteral("CustomTagNameCCM"));
-    auto* value = static_cast<CTreeCustomCCMItemValue*>(item->value());
-    value->m_lCameraID = 1;
-    value->m_pEnableItem = enable.get();
-    ORXCCMWidget widget(item.get(), nullptr);
-    window.plugged.clearWrites();
-    widget.updateData();
-    item.reset();
-    enable.reset();
-    // Without the enable item the cells stay as they are.
-    QTRY_VERIFY(window.plugged.writes().size() >= ORXRWCCMValue::kCoefficients);
-    ORXCCMUpdateThread::stopAll();
-    QApplication::processEvents();
-    QVERIFY(!widget.findChild<QPropertyLineEdit*>()->isEnabled());
-}
+    void switchingWritesBothFeatures()
+    {
+        open();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        for (const bool on : {true, false}) {
+            m_camera->forget();
+            matrix.userSwitches(on);
+            QCOMPARE(m_camera->writes(),
+                     (QStringList{"ColorTransformationEnable=%1"_s.arg(on ? 0 : 1),
+                                  "CCMEnable=%1"_s.arg(on ? 1 : 0)}));
+            QCOMPARE(matrix.cell(3)->isEnabled(), on);
+        }
+        // A refused switch goes back.
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        m_camera->fail(kTransformation, CameraError::NotWritable, MeddledCamera::Writes);
+        matrix.userSwitches(true);
+        QVERIFY(!matrix.isOn());
+        QVERIFY(!matrix.cell(3)->isEnabled());
+        QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
+    }
 
-void TestORXCCMWidget::fileModeShowsTheFile()
-{
-    DemoWindow window;
-    QVERIFY(window.open());
-    Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
-    window.plugged.clearWrites();
-    matrix.widget->updateData();
-    QTRY_COMPARE(matrix.texts().join(QLatin1Char(' ')),
-                 QStringLiteral("1.0000 0.0000 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 1.0000"));
-    QVERIFY(!matrix.cell(0)->isEnabled());
-    QCOMPARE(stored(), QByteArray()); // made
-    store("[Common]\nCCMEnable=true\nCCMValue0=512\nCCMValue5=-1\n");
-    QVERIFY(matrix.read());
-    QCOMPARE(matrix.cell(0)->text(), QStringLiteral("0.5000"));
-    QCOMPARE(matrix.cell(5)->text(), QStringLiteral("-0.0010"));
-    QVERIFY(matrix.isOn());
-    // The host writes them: here they can be read and copied, but not edited.
-    QVERIFY(matrix.cell(0)->isReadOnly());
-    QVERIFY(window.plugged.writes().isEmpty());
-}
+    void switchingWhileReadingWins()
+    {
+        openAndHold();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.widget->updateData();
+        QTRY_VERIFY(m_camera->isHolding());
+        matrix.userSwitches(true);
+        m_camera->openGate();
+        QTRY_VERIFY(matrix.cell(0)->isEnabled());
+        QVERIFY(matrix.isOn());
+        QCOMPARE(read(kTransformation), 0);
+        QCOMPARE(read("CCMEnable"), 1);
+    }
 
-void TestORXCCMWidget::fileModeSwitchesTheFile()
-{
-    DemoWindow window;
-    QVERIFY(window.open());
-    store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
-    Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
-    matrix.userSwitches(true);
-    QTRY_COMPARE(matrix.cell(0)->text(), QStringLiteral("2.0000"));
-    QVERIFY(stored().contains("CCMEnable=true"));
-    QVERIFY(stored().contains("CCMValue0=2048"));
-    matrix.userSwitches(false);
-    QVERIFY(stored().contains("CCMEnable=false"));
-    QTRY_VERIFY(!matrix.cell(0)->isEnabled());
-}
+    void failureInTheMiddleLeavesTheCameraAsItWas()
+    {
+        MessageGuard::ignoreMessage(
+            QtCriticalMsg, "Reading the color correction matrix: coefficient 4 cannot be read");
+        write(kSelector, "7");
+        write(kTransformation, "1");
+        open();
+        OB_FT_Close();
+        std::atomic<int> reads{0};
+        m_camera->beforeRead = [&](const QString& name) {
+            if (name == QLatin1String(kValue) && ++reads == 5)
+                m_camera->fail(kValue, CameraError::NotReadable, MeddledCamera::Reads);
+        };
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.widget->updateData();
+        QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
+        QCOMPARE(read(kTransformation), 1);
+        QCOMPARE(read(kSelector), 7);
+        QVERIFY(!matrix.cell(0)->isEnabled());
+    }
 
-void TestORXCCMWidget::badFileIsReportedAndLeftAlone()
-{
-    const QByteArray bad = "[Common]\nCCMEnable=true\nCCMValue3=abc\n";
-    MessageGuard::expectMessage(QStringLiteral("Color correction settings"));
-    DemoWindow window;
-    QVERIFY(window.open());
-    store(bad);
-    Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
-    matrix.widget->updateData();
-    QTRY_COMPARE(shownMessage(window),
-                 QStringLiteral("The color correction settings cannot be used."));
-    QVERIFY(MessageGuard::contains(QStringLiteral("CCMList_DEMO000001.ini: CCMValue3")));
-    QVERIFY(!matrix.cell(0)->isEnabled());
-    matrix.userSwitches(true);
-    QVERIFY(!matrix.isOn());
-    QCOMPARE(stored(), bad);
-}
+    void cameraUnpluggedInTheMiddle()
+    {
+        MessageGuard::expectMessage("Reading the color correction matrix"_s);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.read());
+        OB_FT_Close();
+        m_camera->beforeRead = [&](const QString& name) {
+            if (name == QLatin1String(kValue))
+                m_camera->unplug();
+        };
+        matrix.widget->updateData();
+        QTRY_VERIFY(MessageGuard::contains("Reading the color correction matrix"_s));
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        QVERIFY(matrix.isOn()); // nothing is known of it
+    }
 
-void TestORXCCMWidget::delegateMakesTheEditor()
-{
-    DemoWindow window;
-    QVERIFY(switchOn(window));
-    TestPage page(Item::CommonPage);
-    page.makeRoot = [&page] { return page.addGroupOfTags({QStringLiteral("CustomTagNameCCM")}); };
-    page.getRootItem(1, true);
-    Item* item = page.getRootItem(1, false)->child(0)->child(0);
-    Item enable(nullptr, Item::CommonPage);
-    enable.setTagName(QStringLiteral("Boolean"));
-    auto* value = static_cast<CTreeCustomCCMItemValue*>(item->value());
-    value->m_lCameraID = 1;
-    value->m_pEnableItem = &enable;
-    page.open();
-    auto* editor = page.editor<ORXCCMWidget>(QStringLiteral("CustomTagNameCCM"));
-    QVERIFY(editor);
-    auto* first = editor->findChild<QPropertyLineEdit*>(QStringLiteral("CCMValue0"));
-    QTRY_VERIFY(first->isEnabled());
-    QCOMPARE(first->text(), QStringLiteral("1.0000"));
-    // Every cell lies inside the editor.
-    for (const QPropertyLineEdit* cell : editor->findChildren<QPropertyLineEdit*>())
-        QVERIFY(editor->rect().contains(QRect(cell->mapTo(editor, QPoint(0, 0)), cell->size())));
-}
+    void destroyedWhileTheHostHangs()
+    {
+        openAndHold();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.widget->updateData();
+        QTRY_VERIFY(m_camera->isHolding());
+        delete matrix.widget; // returns although the host does not
+        m_camera->forget();
+        m_camera->openGate();
+        ORXCCMUpdateThread::stopAll();
+        // No further coefficient; what was changed is put back.
+        QCOMPARE(m_camera->writes(), QStringList("ColorTransformationEnable=1"_s));
+        QCOMPARE(read(kTransformation), 1);
+    }
 
-void TestORXCCMWidget::cellsSayWhereTheyAre()
-{
-    DemoWindow window;
-    QVERIFY(switchOn(window));
-    Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-    QVERIFY(matrix.read());
-    QCOMPARE(matrix.cell(5)->accessibleName(), QStringLiteral("Row 2, column 3"));
-    QVERIFY(matrix.cell(5)->toolTip().startsWith(QStringLiteral("Row 2, column 3\nRange")));
-    window.widget()->SetLanguage(1);
-    QTRY_COMPARE(matrix.cell(5)->accessibleName(), QStringLiteral("第 2 行，第 3 列"));
-    QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith(QStringLiteral("第 2 行，第 3 列\n范围")));
-}
+    void nextEditorWaitsForTheLastOne()
+    {
+        setCoefficient("3", "0.75");
+        openAndHold();
+        Matrix first(CTreeCustomCCMItemValue::InCamera);
+        first.widget->updateData();
+        QTRY_VERIFY(m_camera->isHolding());
+        delete first.widget; // the transformation is off by now
+        Matrix second(CTreeCustomCCMItemValue::InCamera);
+        second.enable.value()->setValue(true);
+        second.widget->updateData();
+        QTimer::singleShot(50, this, [&] { m_camera->openGate(); });
+        QTRY_COMPARE(second.cell(3)->text(), "0.7500"_s);
+        QVERIFY(!second.isOn());
+        QCOMPARE(read(kTransformation), 1);
+    }
+
+    void itemsMayGoFirst()
+    {
+        openSwitchedOn();
+        auto enable = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
+        auto item = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
+        tie(*item, *enable);
+        ORXCCMWidget widget(item.get(), nullptr);
+        m_camera->forget();
+        widget.updateData();
+        item.reset();
+        enable.reset();
+        // Without the enable item the cells stay as they are.
+        QTRY_VERIFY(m_camera->writes().size() >= ORXRWCCMValue::kCoefficients);
+        ORXCCMUpdateThread::stopAll();
+        QApplication::processEvents();
+        QVERIFY(!widget.findChild<QPropertyLineEdit*>()->isEnabled());
+    }
+
+    void fileModeShowsTheFile()
+    {
+        open();
+        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        m_camera->forget();
+        matrix.widget->updateData();
+        QTRY_COMPARE(matrix.texts().join(QLatin1Char(' ')),
+                     "1.0000 0.0000 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 1.0000"_s);
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        QCOMPARE(kFile.stored(), QByteArray()); // made
+        kFile.store("[Common]\nCCMEnable=true\nCCMValue0=512\nCCMValue5=-1\n");
+        QVERIFY(matrix.read());
+        QCOMPARE(matrix.cell(0)->text(), "0.5000"_s);
+        QCOMPARE(matrix.cell(5)->text(), "-0.0010"_s);
+        QVERIFY(matrix.isOn());
+        // The host writes them: here they can be read and copied, but not edited.
+        QVERIFY(matrix.cell(0)->isReadOnly());
+        QVERIFY(m_camera->writes().isEmpty());
+    }
+
+    void fileModeSwitchesTheFile()
+    {
+        open();
+        kFile.store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
+        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        matrix.userSwitches(true);
+        QTRY_COMPARE(matrix.cell(0)->text(), "2.0000"_s);
+        QVERIFY(kFile.stored().contains("CCMEnable=true"));
+        QVERIFY(kFile.stored().contains("CCMValue0=2048"));
+        matrix.userSwitches(false);
+        QVERIFY(kFile.stored().contains("CCMEnable=false"));
+        QTRY_VERIFY(!matrix.cell(0)->isEnabled());
+    }
+
+    void badFileIsReportedAndLeftAlone()
+    {
+        const QByteArray bad = "[Common]\nCCMEnable=true\nCCMValue3=abc\n";
+        MessageGuard::expectMessage("Color correction settings"_s);
+        open();
+        kFile.store(bad);
+        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        matrix.widget->updateData();
+        QTRY_COMPARE(shownMessage(), "The color correction settings cannot be used."_s);
+        QVERIFY(MessageGuard::contains("CCMList_DEMO000001.ini: CCMValue3"_s));
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        matrix.userSwitches(true);
+        QVERIFY(!matrix.isOn());
+        QCOMPARE(kFile.stored(), bad);
+    }
+
+    void delegateMakesTheEditor()
+    {
+        openSwitchedOn();
+        TestPage page(Item::CommonPage);
+        page.makeRoot = [&page] { return page.addGroupOfTags({"CustomTagNameCCM"_s}); };
+        page.getRootItem(1, true);
+        Item* item = page.getRootItem(1, false)->child(0)->child(0);
+        Item enable(nullptr, Item::CommonPage);
+        tie(*item, enable);
+        page.open();
+        auto* editor = page.editor<ORXCCMWidget>("CustomTagNameCCM"_s);
+        QVERIFY(editor);
+        auto* first = editor->findChild<QPropertyLineEdit*>("CCMValue0"_s);
+        QTRY_VERIFY(first->isEnabled());
+        QCOMPARE(first->text(), "1.0000"_s);
+        // Every cell lies inside the editor.
+        for (const QPropertyLineEdit* cell : editor->findChildren<QPropertyLineEdit*>())
+            QVERIFY(
+                editor->rect().contains(QRect(cell->mapTo(editor, QPoint(0, 0)), cell->size())));
+    }
+
+    void cellsSayWhereTheyAre()
+    {
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.read());
+        QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3"_s);
+        QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3\nRange"_s));
+        m_window->widget()->SetLanguage(1);
+        QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列"_s);
+        QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列\n范围"_s));
+    }
+};
 
 OBFT_TEST_MAIN(TestORXCCMWidget)
 #include "tst_orxccmwidget.moc"

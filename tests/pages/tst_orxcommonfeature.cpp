@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The common features page in the window, on the simulated camera.
 #include "CameraError.h"
-#include "DemoCamera.h"
-#include "ManualClock.h"
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "pages/MeddledCamera.h"
+#include "pages/DemoPageTest.h"
 #include "pages/ORXCommonFeature.h"
-#include "pages/PageWindow.h"
 #include "styledctl/ZELCustomMessageBox.h"
-#include "support/TestMain.h"
 
 #include <QSignalSpy>
-
-#include <memory>
 
 namespace {
 
@@ -24,455 +17,371 @@ constexpr char kCommand[] = "Custom_BalanceCommand";
 constexpr char kRatio[] = "Custom_BalanceRatio";
 constexpr char kSelector[] = "Custom_BalanceRatioSelector";
 
-QStringList words(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '));
-}
-
 } // namespace
 
-class TestORXCommonFeature : public GuardedTest
+class TestORXCommonFeature : public DemoPageTest
 {
     Q_OBJECT
-private slots:
-    void groupsHoldTheirFeatures_data();
-    void groupsHoldTheirFeatures();
-    void titlesInBothLanguages_data();
-    void titlesInBothLanguages();
-    void missingFeaturesLeaveNoRows();
-    void editOnOnePageShowsOnTheOther_data();
-    void editOnOnePageShowsOnTheOther();
-    void readOnBothPagesWhilePassesRun();
-    void whiteBalanceFollowsTheCamera_data();
-    void whiteBalanceFollowsTheCamera();
-    void enablesAreAskedInOrder();
-    void failedReadLeavesWhatIsShown();
-    void switchReplacesCommandByRatio();
-    void hiddenAutomaticHidesAll();
-    void missingPartnerHidesAll_data();
-    void missingPartnerHidesAll();
-    void ratioAndSelectorAreCopies();
-    void selectorOfTheWholeTreeIsFollowed();
-    void writesReachTheCameraAndRereadTheRatio();
-    void refusedRatioIsShownAndTakenBack();
-    void commandBalancesOnce();
-    void ownTextsSurviveTheCopies();
-    void cameraRemovedWhileReading();
 
 protected:
-    void prepare() override;
-    void finish() override;
+    void prepare() override
+    {
+        OBDeviceControl::SetUserLevel(0);
+        DemoPageTest::prepare();
+    }
 
 private:
-    void open(const QStringList& lacking = {}, int language = 0);
-    int write(const char* name, const char* text)
-    {
-        const DescriptionNode* node = m_demo->nodes().find(name);
-        const int type = node->tag == "Enumeration" ? OB_FT_TYPE_ENUMERATION
-                         : node->tag == "Boolean"   ? OB_FT_TYPE_BOOLEAN
-                                                    : OB_FT_TYPE_INTEGER;
-        return m_demo->write(type, name, text);
-    }
-    qint64 read(const char* name)
-    {
-        _ZDCC_INTVALUE_EX_T record = {};
-        m_demo->read(OB_FT_TYPE_INTEGER, name, &record);
-        return record.value;
-    }
     // "command", "ratio" (with the selector) or "", by the rows of the page.
     QString shownBalance() const
     {
         m_window->show(kPage, "Brightness");
         const bool ratio = m_window->isRowShown(kPage, kRatio);
         if (ratio != m_window->isRowShown(kPage, kSelector))
-            return QStringLiteral("only one of ratio and selector");
-        const QString command =
-            m_window->isRowShown(kPage, kCommand) ? QStringLiteral("command") : QString();
-        return command + (ratio ? QStringLiteral("ratio") : QString());
+            return "only one of ratio and selector"_s;
+        const QString command = m_window->isRowShown(kPage, kCommand) ? "command"_s : QString();
+        return command + (ratio ? "ratio"_s : QString());
     }
 
-    std::unique_ptr<ManualClock> m_clock;
-    std::unique_ptr<DemoCamera> m_demo;
-    std::unique_ptr<MeddledCamera> m_camera;
-    std::unique_ptr<PageWindow> m_window;
-};
-
-void TestORXCommonFeature::prepare()
-{
-    OBDeviceControl::SetUserLevel(0);
-    m_clock = std::make_unique<ManualClock>();
-    m_demo = std::make_unique<DemoCamera>(m_clock.get());
-}
-
-void TestORXCommonFeature::finish()
-{
-    m_window.reset();
-    m_camera.reset();
-    m_demo.reset();
-    OBDeviceControl::SetUserLevel(1);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
-}
-
-void TestORXCommonFeature::open(const QStringList& lacking, int language)
-{
-    m_camera = std::make_unique<MeddledCamera>(*m_demo, lacking);
-    m_window = std::make_unique<PageWindow>(*m_camera, language);
-}
-
-// Rows --------------------------------------------------------------------------------------------
-
-void TestORXCommonFeature::groupsHoldTheirFeatures_data()
-{
-    QTest::addColumn<QByteArray>("group");
-    QTest::addColumn<QStringList>("names");
-    QTest::newRow("basic") << QByteArray("Custom_BasicGroup")
-                           << words("AcquisitionFrameRateEnable AcquisitionFrameRate "
-                                    "ResultingFrameRate ExposureAuto ExposureTime GainAuto Gain "
-                                    "Width Height PixelFormat TestPattern DigitalShift "
-                                    "AcquisitionLineRate AcquisitionLineRateEnable "
-                                    "ResultingLineRate");
-    QTest::newRow("image signal processing")
-        << QByteArray("Custom_ISPGroup")
-        << words("GammaEnable GammaSelector Gamma SharpnessEnable Sharpness Brightness HueEnable "
-                 "Hue SaturationEnable Saturation BalanceWhiteAuto BalanceColorTemperatureMode "
-                 "Custom_BalanceRatioSelector Custom_BalanceRatio Custom_BalanceCommand "
-                 "ShadingSelector ActivateShading FPNCUserEnable PRNUCUserEnable");
-    QTest::newRow("transport layer")
-        << QByteArray("Custom_TransportLayerGroup")
-        << words("GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "
-                 "ClConfiguration DeviceConnectionConfig DeviceConnectionConfigDefault");
-}
-
-void TestORXCommonFeature::groupsHoldTheirFeatures()
-{
-    QFETCH(QByteArray, group);
-    QFETCH(QStringList, names);
-    open();
-    QCOMPARE(m_window->groups(kPage),
-             words("Custom_BasicGroup Custom_ISPGroup Custom_TransportLayerGroup"));
-    QCOMPARE(m_window->items(kPage, group), names);
-    // Each row shows exactly what the whole tree shows; own items have rules of their own.
-    for (const QString& name : qAsConst(names)) {
-        const QByteArray latin = name.toLatin1();
-        if (!latin.startsWith("Custom_"))
-            QVERIFY2(m_window->item(kPage, latin) == m_window->item(kTree, latin),
-                     latin.constData());
+private slots:
+    // Rows ----------------------------------------------------------------------------------------
+    void groupsHoldTheirFeatures_data()
+    {
+        const Rows<QByteArray, QStringList> row("group", "names");
+        row("basic", "Custom_BasicGroup",
+            "AcquisitionFrameRateEnable AcquisitionFrameRate ResultingFrameRate ExposureAuto "
+            "ExposureTime GainAuto Gain Width Height PixelFormat TestPattern DigitalShift "
+            "AcquisitionLineRate AcquisitionLineRateEnable ResultingLineRate");
+        row("image signal processing", "Custom_ISPGroup",
+            "GammaEnable GammaSelector Gamma SharpnessEnable Sharpness Brightness HueEnable Hue "
+            "SaturationEnable Saturation BalanceWhiteAuto BalanceColorTemperatureMode "
+            "Custom_BalanceRatioSelector Custom_BalanceRatio Custom_BalanceCommand ShadingSelector "
+            "ActivateShading FPNCUserEnable PRNUCUserEnable");
+        row("transport layer", "Custom_TransportLayerGroup",
+            "GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry ClConfiguration "
+            "DeviceConnectionConfig DeviceConnectionConfigDefault");
     }
-    QVERIFY(m_window->show(kPage, names.first().toLatin1()));
-    QVERIFY(m_window->isRowShown(kPage, group));
-}
 
-void TestORXCommonFeature::titlesInBothLanguages_data()
-{
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QStringList>("titles");
-    QTest::newRow("English") << 0
-                             << QStringList{QStringLiteral("Common Features"),
-                                            QStringLiteral("Basic Features"), QStringLiteral("ISP"),
-                                            QStringLiteral("Transport Layer Control")};
-    QTest::newRow("Chinese") << 1
-                             << QStringList{QStringLiteral("常用参数"), QStringLiteral("基本参数"),
-                                            QStringLiteral("图像信号处理"),
-                                            QStringLiteral("传输层控制")};
-}
-
-void TestORXCommonFeature::titlesInBothLanguages()
-{
-    QFETCH(int, language);
-    open({}, language);
-    QTEST(m_window->titles(kPage), "titles");
-}
-
-void TestORXCommonFeature::missingFeaturesLeaveNoRows()
-{
-    open(words("Gain GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "
-               "ClConfiguration DeviceConnectionConfig DeviceConnectionConfigDefault"));
-    QVERIFY(!m_window->items(kPage, "Custom_BasicGroup").contains(QStringLiteral("Gain")));
-    QVERIFY(m_window->show(kPage, "Width"));
-    QVERIFY(m_window->isRowShown(kPage, "Width"));
-    // A group without any feature is not offered.
-    QCOMPARE(m_window->items(kPage, "Custom_TransportLayerGroup"), QStringList());
-    QVERIFY(!m_window->item(kPage, "Custom_TransportLayerGroup")->visible());
-}
-
-// Mirrors -----------------------------------------------------------------------------------------
-
-void TestORXCommonFeature::editOnOnePageShowsOnTheOther_data()
-{
-    QTest::addColumn<int>("edited");
-    QTest::addColumn<int>("other");
-    QTest::newRow("on the page") << kPage << kTree;
-    QTest::newRow("in the whole tree") << kTree << kPage;
-}
-
-void TestORXCommonFeature::editOnOnePageShowsOnTheOther()
-{
-    QFETCH(int, edited);
-    QFETCH(int, other);
-    open();
-    QVERIFY(m_window->enter(edited, "Height", QStringLiteral("600")));
-    QTRY_COMPARE(read("Height"), qint64(600));
-    QTRY_COMPARE(m_window->shown(other, "Height"), QStringLiteral("600"));
-    QVERIFY(m_window->choose(edited, "ExposureAuto", QStringLiteral("Continuous")));
-    QTRY_COMPARE(m_window->shown(other, "ExposureAuto"), QStringLiteral("Continuous"));
-    // What the write locks is locked on both.
-    QTRY_VERIFY(!m_window->isEnabled(edited, "ExposureTime"));
-    QTRY_VERIFY(!m_window->isEnabled(other, "ExposureTime"));
-    QVERIFY(m_window->click(edited, "AcquisitionFrameRateEnable"));
-    QTRY_COMPARE(m_window->shown(other, "AcquisitionFrameRateEnable"), QStringLiteral("unchecked"));
-    QTRY_VERIFY(!m_window->isEnabled(other, "AcquisitionFrameRate"));
-}
-
-void TestORXCommonFeature::readOnBothPagesWhilePassesRun()
-{
-    open();
-    for (int i = 0; i < 10; ++i) {
-        const QByteArray width = QByteArray::number(640 + 16 * i);
-        OB_FT_UpdateFeatures();
-        QCOMPARE(write("Width", width), 0);
-        OB_FT_UpdateFeatures();
-        QVERIFY(m_window->enter(i % 2 ? kPage : kTree, "Height", QString::number(400 + 8 * i)));
+    void groupsHoldTheirFeatures()
+    {
+        QFETCH(QByteArray, group);
+        QFETCH(QStringList, names);
+        open();
+        QCOMPARE(m_window->groups(kPage),
+                 words("Custom_BasicGroup Custom_ISPGroup Custom_TransportLayerGroup"));
+        QCOMPARE(m_window->items(kPage, group), names);
+        // Each row shows exactly what the whole tree shows; own items have rules of their own.
+        for (const QString& name : qAsConst(names)) {
+            const QByteArray latin = name.toLatin1();
+            if (!latin.startsWith("Custom_"))
+                QVERIFY2(m_window->item(kPage, latin) == m_window->item(kTree, latin),
+                         latin.constData());
+        }
+        QVERIFY(m_window->show(kPage, names.first().toLatin1()));
+        QVERIFY(m_window->isRowShown(kPage, group));
     }
-    QVERIFY(m_window->refresh());
-    for (const int tab : {kPage, kTree}) {
-        QTRY_COMPARE(m_window->shown(tab, "Width"), QStringLiteral("784"));
-        QTRY_COMPARE(m_window->shown(tab, "Height"), QStringLiteral("472"));
+
+    void titlesInBothLanguages_data()
+    {
+        const Rows<int, QStringList> row("language", "titles");
+        row("English", 0,
+            QStringList{"Common Features"_s, "Basic Features"_s, "ISP"_s,
+                        "Transport Layer Control"_s});
+        row("Chinese", 1,
+            QStringList{"常用参数"_s, "基本参数"_s, "图像信号处理"_s, "传输层控制"_s});
     }
-}
 
-// White balance -----------------------------------------------------------------------------------
+    void titlesInBothLanguages()
+    {
+        QFETCH(int, language);
+        open({}, language);
+        QTEST(m_window->titles(kPage), "titles");
+    }
 
-void TestORXCommonFeature::whiteBalanceFollowsTheCamera_data()
-{
-    QTest::addColumn<QByteArray>("automatic");
-    QTest::addColumn<QByteArray>("enabled");
-    QTest::addColumn<QString>("shown");
-    const QString command = QStringLiteral("command");
-    const QString ratio = QStringLiteral("ratio");
-    QTest::newRow("off, nothing enabled") << QByteArray("0") << QByteArray() << command;
-    QTest::newRow("off, hue") << QByteArray("0") << QByteArray("HueEnable") << ratio;
-    QTest::newRow("off, saturation") << QByteArray("0") << QByteArray("SaturationEnable") << ratio;
-    QTest::newRow("off, gamma") << QByteArray("0") << QByteArray("GammaEnable") << ratio;
-    QTest::newRow("off, colour transformation")
-        << QByteArray("0") << QByteArray("ColorTransformationEnable") << ratio;
-    QTest::newRow("once") << QByteArray("1") << QByteArray() << QString();
-    QTest::newRow("continuous") << QByteArray("2") << QByteArray() << QString();
-    QTest::newRow("continuous, gamma") << QByteArray("2") << QByteArray("GammaEnable") << QString();
-}
-
-// By what the camera says when the window opens, and again by what changes behind its back.
-void TestORXCommonFeature::whiteBalanceFollowsTheCamera()
-{
-    QFETCH(QByteArray, automatic);
-    QFETCH(QByteArray, enabled);
-    QFETCH(QString, shown);
-    const auto set = [&](const QByteArray& entry, const char* on) {
-        QCOMPARE(write("BalanceWhiteAuto", entry), 0);
-        if (!enabled.isEmpty())
-            QCOMPARE(write(enabled, on), 0);
-    };
-    set(automatic, "1");
-    open();
-    QTRY_COMPARE(shownBalance(), shown);
-    const bool startsWithCommand = shown == QLatin1String("command");
-    set(startsWithCommand ? "2" : "0", "0");
-    QVERIFY(m_window->refresh());
-    QTRY_COMPARE(shownBalance(), startsWithCommand ? QString() : QStringLiteral("command"));
-    set(automatic, "1");
-    QVERIFY(m_window->refresh());
-    QTRY_COMPARE(shownBalance(), shown);
-}
-
-void TestORXCommonFeature::enablesAreAskedInOrder()
-{
-    open();
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-    const QStringList all =
-        words("BalanceWhiteAuto HueEnable SaturationEnable GammaEnable ColorTransformationEnable");
-    auto* page = static_cast<ORXCommonFeature*>(m_window->page(kPage));
-    const auto asked = [&] {
-        m_camera->forget();
-        page->updateWhiteBalance(QStringLiteral("PixelFormat"),
-                                 ORXCommonFeature::WhiteBalanceChanged, nullptr);
-        (void)QTest::qWaitFor([&] { return !m_camera->readsOfThisThread().isEmpty(); });
-        return m_camera->readsOfThisThread();
-    };
-    QCOMPARE(asked(), all);
-    // A feature that cannot be read counts as off; the first that is on ends the asking.
-    m_camera->fail("HueEnable", CameraError::Timeout);
-    QCOMPARE(write("SaturationEnable", "1"), 0);
-    QCOMPARE(asked(), all.mid(0, 3));
-    QCOMPARE(shownBalance(), QStringLiteral("ratio"));
-    QCOMPARE(write("BalanceWhiteAuto", "2"), 0);
-    QCOMPARE(asked(), all.mid(0, 1));
-}
-
-void TestORXCommonFeature::failedReadLeavesWhatIsShown()
-{
-    open();
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-    m_camera->fail("BalanceWhiteAuto", CameraError::Timeout);
-    QVERIFY(m_window->click(kPage, "GammaEnable"));
-    QTRY_COMPARE(read("GammaEnable"), qint64(1));
-    QVERIFY(m_window->refresh());
-    QApplication::processEvents();
-    QCOMPARE(shownBalance(), QStringLiteral("command"));
-    m_camera->fail("BalanceWhiteAuto", 0);
-    QVERIFY(m_window->click(kPage, "HueEnable"));
-    QTRY_COMPARE(shownBalance(), QStringLiteral("ratio"));
-}
-
-void TestORXCommonFeature::switchReplacesCommandByRatio()
-{
-    open();
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-    QVERIFY(m_window->click(kPage, "GammaEnable"));
-    QTRY_COMPARE(shownBalance(), QStringLiteral("ratio"));
-    // A feature that the page does not show counts, too.
-    QVERIFY(m_window->click(kPage, "GammaEnable"));
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-    QVERIFY(m_window->click(kTree, "ColorTransformationEnable"));
-    QTRY_COMPARE(shownBalance(), QStringLiteral("ratio"));
-    QVERIFY(m_window->choose(kPage, "BalanceWhiteAuto", QStringLiteral("Once")));
-    QTRY_COMPARE(shownBalance(), QString());
-}
-
-void TestORXCommonFeature::hiddenAutomaticHidesAll()
-{
-    open();
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-    m_camera->hide("BalanceWhiteAuto", true);
-    QVERIFY(m_window->refresh());
-    QTRY_COMPARE(shownBalance(), QString());
-    m_camera->hide("BalanceWhiteAuto", false);
-    QVERIFY(m_window->refresh());
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-}
-
-void TestORXCommonFeature::missingPartnerHidesAll_data()
-{
-    QTest::addColumn<QString>("lacking");
-    for (const char* name : {"BalanceRatio", "BalanceRatioSelector", "BalanceWhiteAuto"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-}
-
-void TestORXCommonFeature::missingPartnerHidesAll()
-{
-    QFETCH(QString, lacking);
-    open({lacking});
-    QVERIFY(m_window->click(kPage, "GammaEnable"));
-    QTRY_COMPARE(read("GammaEnable"), qint64(1));
-    QVERIFY(m_window->refresh());
-    QApplication::processEvents();
-    QCOMPARE(shownBalance(), QString());
-}
-
-void TestORXCommonFeature::ratioAndSelectorAreCopies()
-{
-    QCOMPARE(write("GammaEnable", "1"), 0);
-    QCOMPARE(write("BalanceRatioSelector", "2"), 0);
-    QCOMPARE(write("BalanceRatio", "1234"), 0);
-    open();
-    QTRY_COMPARE(shownBalance(), QStringLiteral("ratio"));
-    QTRY_COMPARE(m_window->shown(kPage, kSelector), QStringLiteral("Blue"));
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("1234"));
-    // The range, too: what is beyond it is brought back before it is sent.
-    QVERIFY(m_window->enter(kPage, kRatio, QStringLiteral("99999")));
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("16376"));
-    QTRY_COMPARE(read("BalanceRatio"), qint64(16376));
-}
-
-void TestORXCommonFeature::selectorOfTheWholeTreeIsFollowed()
-{
-    QCOMPARE(write("GammaEnable", "1"), 0);
-    open();
-    QVERIFY(m_window->choose(kTree, "BalanceRatioSelector", QStringLiteral("Blue")));
-    QTRY_COMPARE(m_window->shown(kPage, kSelector), QStringLiteral("Blue"));
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("1820"));
-    QVERIFY(m_window->enter(kTree, "BalanceRatio", QStringLiteral("777")));
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("777"));
-}
-
-void TestORXCommonFeature::writesReachTheCameraAndRereadTheRatio()
-{
-    QCOMPARE(write("GammaEnable", "1"), 0);
-    open();
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("1536"));
-    m_camera->forget();
-    QVERIFY(m_window->choose(kPage, kSelector, QStringLiteral("Green")));
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("1024"));
-    QVERIFY(m_window->enter(kPage, kRatio, QStringLiteral("2000")));
-    QTRY_COMPARE(m_camera->writes(), (QStringList{QStringLiteral("BalanceRatioSelector=1"),
-                                                  QStringLiteral("BalanceRatio=2000")}));
-    QTRY_COMPARE(m_window->shown(kTree, "BalanceRatioSelector"), QStringLiteral("Green"));
-    QTRY_COMPARE(m_window->shown(kTree, "BalanceRatio"), QStringLiteral("2000"));
-}
-
-void TestORXCommonFeature::refusedRatioIsShownAndTakenBack()
-{
-    QCOMPARE(write("GammaEnable", "1"), 0);
-    open();
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("1536"));
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    QVERIFY(m_window->show(kPage, kRatio));
-    m_camera->fail("BalanceRatio", CameraError::NotWritable);
-    QVERIFY(m_window->enter(kPage, kRatio, QStringLiteral("2000")));
-    QTRY_VERIFY(m_window->tree()->findChild<ZELCustomMessageBox*>());
-    QVERIFY(m_window->tree()->findChild<ZELCustomMessageBox*>()->cContent().startsWith(
-        QStringLiteral("Node 'BalanceRatio':failed to save value '2000'")));
-    QTRY_COMPARE(m_window->shown(kPage, kRatio), QStringLiteral("1536"));
-}
-
-void TestORXCommonFeature::commandBalancesOnce()
-{
-    open();
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-    m_camera->forget();
-    QVERIFY(m_window->click(kPage, kCommand));
-    QCOMPARE(m_camera->writes(), QStringList(QStringLiteral("BalanceWhiteAuto=1")));
-    // The button goes while it has the focus.
-    QTRY_VERIFY(!m_window->isRowShown(kPage, kCommand));
-    QTRY_COMPARE(shownBalance(), QString());
-    // The camera ends it by itself and has other ratios then.
-    m_clock->advance(std::chrono::seconds(2));
-    QTRY_COMPARE_WITH_TIMEOUT(shownBalance(), QStringLiteral("command"), PageWindow::kPatienceMs);
-    QTRY_COMPARE(m_window->shown(kPage, "BalanceWhiteAuto"), QStringLiteral("Off"));
-    QTRY_VERIFY(m_window->shown(kTree, "BalanceRatio") != QLatin1String("1536"));
-}
-
-void TestORXCommonFeature::ownTextsSurviveTheCopies()
-{
-    QCOMPARE(write("GammaEnable", "1"), 0);
-    open({}, 1);
-    QTRY_COMPARE(shownBalance(), QStringLiteral("ratio"));
-    const auto text = [&](const char* name) {
-        const auto* model = m_window->page(kPage)->treeView()->model();
-        const auto* view = m_window->page(kPage)->treeView();
-        return model->data(view->treeModel()->indexFromItem(m_window->item(kPage, name), 0))
-            .toString();
-    };
-    QCOMPARE(text(kRatio), QStringLiteral("白平衡系数"));
-    QCOMPARE(m_window->shown(kPage, kSelector), QStringLiteral("红"));
-    m_window->widget()->SetLanguage(0);
-    QCOMPARE(text(kRatio), QStringLiteral("Balance Ratio"));
-    QCOMPARE(text(kSelector), QStringLiteral("Balance Ratio Selector"));
-    QTRY_COMPARE(m_window->shown(kPage, kSelector), QStringLiteral("Red"));
-}
-
-void TestORXCommonFeature::cameraRemovedWhileReading()
-{
-    open();
-    for (int i = 0; i < 5; ++i) {
+    void missingFeaturesLeaveNoRows()
+    {
+        open(words("Gain GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "
+                   "ClConfiguration DeviceConnectionConfig DeviceConnectionConfigDefault"));
+        QVERIFY(!m_window->items(kPage, "Custom_BasicGroup").contains("Gain"_s));
         QVERIFY(m_window->show(kPage, "Width"));
-        OB_FT_UpdateFeatures();
-        m_window->widget()->removeFeatureTree(1);
-        QCOMPARE(m_window->page(kPage)->getRootItem(1, false), nullptr);
-        m_window->widget()->CreateFeature();
-        m_window->widget()->StartUpdateThread();
-        QTRY_VERIFY(m_window->tree()->HadUpdatedOnce());
+        QVERIFY(m_window->isRowShown(kPage, "Width"));
+        // A group without any feature is not offered.
+        QCOMPARE(m_window->items(kPage, "Custom_TransportLayerGroup"), QStringList());
+        QVERIFY(!m_window->item(kPage, "Custom_TransportLayerGroup")->visible());
     }
-    QTRY_COMPARE(shownBalance(), QStringLiteral("command"));
-}
+
+    // Mirrors -------------------------------------------------------------------------------------
+    void editOnOnePageShowsOnTheOther_data()
+    {
+        const Rows<int, int> row("edited", "other");
+        row("on the page", kPage, kTree);
+        row("in the whole tree", kTree, kPage);
+    }
+
+    void editOnOnePageShowsOnTheOther()
+    {
+        QFETCH(int, edited);
+        QFETCH(int, other);
+        open();
+        QVERIFY(m_window->enter(edited, "Height", "600"_s));
+        QTRY_COMPARE(read("Height"), qint64(600));
+        QTRY_COMPARE(m_window->shown(other, "Height"), "600"_s);
+        QVERIFY(m_window->choose(edited, "ExposureAuto", "Continuous"_s));
+        QTRY_COMPARE(m_window->shown(other, "ExposureAuto"), "Continuous"_s);
+        // What the write locks is locked on both.
+        QTRY_VERIFY(!m_window->isEnabled(edited, "ExposureTime"));
+        QTRY_VERIFY(!m_window->isEnabled(other, "ExposureTime"));
+        QVERIFY(m_window->click(edited, "AcquisitionFrameRateEnable"));
+        QTRY_COMPARE(m_window->shown(other, "AcquisitionFrameRateEnable"), "unchecked"_s);
+        QTRY_VERIFY(!m_window->isEnabled(other, "AcquisitionFrameRate"));
+    }
+
+    void readOnBothPagesWhilePassesRun()
+    {
+        open();
+        for (int i = 0; i < 10; ++i) {
+            const QByteArray width = QByteArray::number(640 + 16 * i);
+            OB_FT_UpdateFeatures();
+            QCOMPARE(write("Width", width), 0);
+            OB_FT_UpdateFeatures();
+            QVERIFY(m_window->enter(i % 2 ? kPage : kTree, "Height", QString::number(400 + 8 * i)));
+        }
+        QVERIFY(m_window->refresh());
+        for (const int tab : {kPage, kTree}) {
+            QTRY_COMPARE(m_window->shown(tab, "Width"), "784"_s);
+            QTRY_COMPARE(m_window->shown(tab, "Height"), "472"_s);
+        }
+    }
+
+    // White balance -------------------------------------------------------------------------------
+    void whiteBalanceFollowsTheCamera_data()
+    {
+        const Rows<QByteArray, QByteArray, QString> row("automatic", "enabled", "shown");
+        const QString command = "command"_s;
+        const QString ratio = "ratio"_s;
+        row("off, nothing enabled", "0", "", command);
+        row("off, hue", "0", "HueEnable", ratio);
+        row("off, saturation", "0", "SaturationEnable", ratio);
+        row("off, gamma", "0", "GammaEnable", ratio);
+        row("off, colour transformation", "0", "ColorTransformationEnable", ratio);
+        row("once", "1", "", "");
+        row("continuous", "2", "", "");
+        row("continuous, gamma", "2", "GammaEnable", "");
+    }
+
+    // By what the camera says when the window opens, and again by what changes behind its back.
+    void whiteBalanceFollowsTheCamera()
+    {
+        QFETCH(QByteArray, automatic);
+        QFETCH(QByteArray, enabled);
+        QFETCH(QString, shown);
+        const auto set = [&](const QByteArray& entry, const char* on) {
+            QCOMPARE(write("BalanceWhiteAuto", entry), 0);
+            if (!enabled.isEmpty())
+                QCOMPARE(write(enabled, on), 0);
+        };
+        set(automatic, "1");
+        open();
+        QTRY_COMPARE(shownBalance(), shown);
+        const bool startsWithCommand = shown == QLatin1String("command");
+        set(startsWithCommand ? "2" : "0", "0");
+        QVERIFY(m_window->refresh());
+        QTRY_COMPARE(shownBalance(), startsWithCommand ? QString() : "command"_s);
+        set(automatic, "1");
+        QVERIFY(m_window->refresh());
+        QTRY_COMPARE(shownBalance(), shown);
+    }
+
+    void enablesAreAskedInOrder()
+    {
+        open();
+        QTRY_COMPARE(shownBalance(), "command"_s);
+        const QStringList all = words(
+            "BalanceWhiteAuto HueEnable SaturationEnable GammaEnable ColorTransformationEnable");
+        auto* page = static_cast<ORXCommonFeature*>(m_window->page(kPage));
+        const auto asked = [&] {
+            m_camera->forget();
+            page->updateWhiteBalance("PixelFormat"_s, ORXCommonFeature::WhiteBalanceChanged,
+                                     nullptr);
+            (void)QTest::qWaitFor([&] { return !m_camera->readsOfThisThread().isEmpty(); });
+            return m_camera->readsOfThisThread();
+        };
+        QCOMPARE(asked(), all);
+        // A feature that cannot be read counts as off; the first that is on ends the asking.
+        m_camera->fail("HueEnable", CameraError::Timeout);
+        QCOMPARE(write("SaturationEnable", "1"), 0);
+        QCOMPARE(asked(), all.mid(0, 3));
+        QCOMPARE(shownBalance(), "ratio"_s);
+        QCOMPARE(write("BalanceWhiteAuto", "2"), 0);
+        QCOMPARE(asked(), all.mid(0, 1));
+    }
+
+    void failedReadLeavesWhatIsShown()
+    {
+        open();
+        QTRY_COMPARE(shownBalance(), "command"_s);
+        m_camera->fail("BalanceWhiteAuto", CameraError::Timeout);
+        QVERIFY(m_window->click(kPage, "GammaEnable"));
+        QTRY_COMPARE(read("GammaEnable"), qint64(1));
+        QVERIFY(m_window->refresh());
+        QApplication::processEvents();
+        QCOMPARE(shownBalance(), "command"_s);
+        m_camera->fail("BalanceWhiteAuto", 0);
+        QVERIFY(m_window->click(kPage, "HueEnable"));
+        QTRY_COMPARE(shownBalance(), "ratio"_s);
+    }
+
+    void switchReplacesCommandByRatio()
+    {
+        open();
+        QTRY_COMPARE(shownBalance(), "command"_s);
+        QVERIFY(m_window->click(kPage, "GammaEnable"));
+        QTRY_COMPARE(shownBalance(), "ratio"_s);
+        // A feature that the page does not show counts, too.
+        QVERIFY(m_window->click(kPage, "GammaEnable"));
+        QTRY_COMPARE(shownBalance(), "command"_s);
+        QVERIFY(m_window->click(kTree, "ColorTransformationEnable"));
+        QTRY_COMPARE(shownBalance(), "ratio"_s);
+        QVERIFY(m_window->choose(kPage, "BalanceWhiteAuto", "Once"_s));
+        QTRY_COMPARE(shownBalance(), QString());
+    }
+
+    void hiddenAutomaticHidesAll()
+    {
+        open();
+        QTRY_COMPARE(shownBalance(), "command"_s);
+        m_camera->hide("BalanceWhiteAuto", true);
+        QVERIFY(m_window->refresh());
+        QTRY_COMPARE(shownBalance(), QString());
+        m_camera->hide("BalanceWhiteAuto", false);
+        QVERIFY(m_window->refresh());
+        QTRY_COMPARE(shownBalance(), "command"_s);
+    }
+
+    void missingPartnerHidesAll_data()
+    {
+        const Rows<QString> row("lacking");
+        for (const char* name : {"BalanceRatio", "BalanceRatioSelector", "BalanceWhiteAuto"})
+            row.of(name);
+    }
+
+    void missingPartnerHidesAll()
+    {
+        QFETCH(QString, lacking);
+        open({lacking});
+        QVERIFY(m_window->click(kPage, "GammaEnable"));
+        QTRY_COMPARE(read("GammaEnable"), qint64(1));
+        QVERIFY(m_window->refresh());
+        QApplication::processEvents();
+        QCOMPARE(shownBalance(), QString());
+    }
+
+    void ratioAndSelectorAreCopies()
+    {
+        QCOMPARE(write("GammaEnable", "1"), 0);
+        QCOMPARE(write("BalanceRatioSelector", "2"), 0);
+        QCOMPARE(write("BalanceRatio", "1234"), 0);
+        open();
+        QTRY_COMPARE(shownBalance(), "ratio"_s);
+        QTRY_COMPARE(m_window->shown(kPage, kSelector), "Blue"_s);
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1234"_s);
+        // The range, too: what is beyond it is brought back before it is sent.
+        QVERIFY(m_window->enter(kPage, kRatio, "99999"_s));
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "16376"_s);
+        QTRY_COMPARE(read("BalanceRatio"), qint64(16376));
+    }
+
+    void selectorOfTheWholeTreeIsFollowed()
+    {
+        QCOMPARE(write("GammaEnable", "1"), 0);
+        open();
+        QVERIFY(m_window->choose(kTree, "BalanceRatioSelector", "Blue"_s));
+        QTRY_COMPARE(m_window->shown(kPage, kSelector), "Blue"_s);
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1820"_s);
+        QVERIFY(m_window->enter(kTree, "BalanceRatio", "777"_s));
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "777"_s);
+    }
+
+    void writesReachTheCameraAndRereadTheRatio()
+    {
+        QCOMPARE(write("GammaEnable", "1"), 0);
+        open();
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1536"_s);
+        m_camera->forget();
+        QVERIFY(m_window->choose(kPage, kSelector, "Green"_s));
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1024"_s);
+        QVERIFY(m_window->enter(kPage, kRatio, "2000"_s));
+        QTRY_COMPARE(m_camera->writes(),
+                     (QStringList{"BalanceRatioSelector=1"_s, "BalanceRatio=2000"_s}));
+        QTRY_COMPARE(m_window->shown(kTree, "BalanceRatioSelector"), "Green"_s);
+        QTRY_COMPARE(m_window->shown(kTree, "BalanceRatio"), "2000"_s);
+    }
+
+    void refusedRatioIsShownAndTakenBack()
+    {
+        QCOMPARE(write("GammaEnable", "1"), 0);
+        open();
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1536"_s);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        QVERIFY(m_window->show(kPage, kRatio));
+        m_camera->fail("BalanceRatio", CameraError::NotWritable);
+        QVERIFY(m_window->enter(kPage, kRatio, "2000"_s));
+        QTRY_VERIFY(m_window->tree()->findChild<ZELCustomMessageBox*>());
+        QVERIFY(m_window->tree()->findChild<ZELCustomMessageBox*>()->cContent().startsWith(
+            "Node 'BalanceRatio':failed to save value '2000'"_s));
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1536"_s);
+    }
+
+    void commandBalancesOnce()
+    {
+        open();
+        QTRY_COMPARE(shownBalance(), "command"_s);
+        m_camera->forget();
+        QVERIFY(m_window->click(kPage, kCommand));
+        QCOMPARE(m_camera->writes(), QStringList("BalanceWhiteAuto=1"_s));
+        // The button goes while it has the focus.
+        QTRY_VERIFY(!m_window->isRowShown(kPage, kCommand));
+        QTRY_COMPARE(shownBalance(), QString());
+        // The camera ends it by itself and has other ratios then.
+        m_clock->advance(std::chrono::seconds(2));
+        QTRY_COMPARE_WITH_TIMEOUT(shownBalance(), "command"_s, PageWindow::kPatienceMs);
+        QTRY_COMPARE(m_window->shown(kPage, "BalanceWhiteAuto"), "Off"_s);
+        QTRY_VERIFY(m_window->shown(kTree, "BalanceRatio") != QLatin1String("1536"));
+    }
+
+    void ownTextsSurviveTheCopies()
+    {
+        QCOMPARE(write("GammaEnable", "1"), 0);
+        open({}, 1);
+        QTRY_COMPARE(shownBalance(), "ratio"_s);
+        const auto text = [&](const char* name) {
+            const auto* model = m_window->page(kPage)->treeView()->model();
+            const auto* view = m_window->page(kPage)->treeView();
+            return model->data(view->treeModel()->indexFromItem(m_window->item(kPage, name), 0))
+                .toString();
+        };
+        QCOMPARE(text(kRatio), "白平衡系数"_s);
+        QCOMPARE(m_window->shown(kPage, kSelector), "红"_s);
+        m_window->widget()->SetLanguage(0);
+        QCOMPARE(text(kRatio), "Balance Ratio"_s);
+        QCOMPARE(text(kSelector), "Balance Ratio Selector"_s);
+        QTRY_COMPARE(m_window->shown(kPage, kSelector), "Red"_s);
+    }
+
+    void cameraRemovedWhileReading()
+    {
+        open();
+        for (int i = 0; i < 5; ++i) {
+            QVERIFY(m_window->show(kPage, "Width"));
+            OB_FT_UpdateFeatures();
+            m_window->widget()->removeFeatureTree(1);
+            QCOMPARE(m_window->page(kPage)->getRootItem(1, false), nullptr);
+            m_window->widget()->CreateFeature();
+            m_window->widget()->StartUpdateThread();
+            QTRY_VERIFY(m_window->tree()->HadUpdatedOnce());
+        }
+        QTRY_COMPARE(shownBalance(), "command"_s);
+    }
+};
 
 OBFT_TEST_MAIN(TestORXCommonFeature)
 #include "tst_orxcommonfeature.moc"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The worker that carries look-up tables: whole tables, cameras that fail, stopping, order of jobs.
-#include "device/OBDeviceControl.h"
 #include "pages/LutCamera.h"
 #include "pages/ORXLUTThread.h"
 #include "support/TestMain.h"
@@ -18,14 +17,6 @@ LUTPoints squares(int points)
     for (int i = 0; i < points; ++i)
         result.append({i, (i * i) % 4096});
     return result;
-}
-
-QVector<int> valuesOf(const LUTPoints& points)
-{
-    QVector<int> values;
-    for (const LUTPoint& point : points)
-        values.append(point.value);
-    return values;
 }
 
 // What the worker said, received on the GUI thread as the widget receives it. A QSignalSpy would be
@@ -78,22 +69,6 @@ bool start(ORXLUTThread& thread, int type, const LUTPoints& points = {})
 class TestOrxLutThread : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void readsAWholeTable();
-    void writesAWholeTable();
-    void reloadTellsNoFinish();
-    void sillyLimits_data();
-    void sillyLimits();
-    void refusedPointsAreSkipped_data();
-    void refusedPointsAreSkipped();
-    void unplugged_data();
-    void unplugged();
-    void stopLeavesThePointsThatWereWritten();
-    void sameTypeIsRefusedWhileItRuns();
-    void otherTypeWaitsWithoutHoldingUpTheCaller();
-    void anotherCameraDropsTheTable();
-    void droppedJobStillEnds();
-    void destructionWaitsForTheHostsCall();
 
 protected:
     void prepare() override
@@ -116,265 +91,251 @@ private:
     std::unique_ptr<LutCamera> m_camera;
     std::unique_ptr<ORXLUTThread> m_thread;
     std::unique_ptr<Said> m_said;
-};
 
-void TestOrxLutThread::readsAWholeTable()
-{
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends, 1);
-    QCOMPARE(m_said->loaded, 1);
-    QCOMPARE(m_said->infos.size(), 1);
-    QCOMPARE(m_said->infos.first().maximumIndex, kPoints - 1);
-    QCOMPARE(m_said->infos.first().maximumValue, 4095);
-    QCOMPARE(m_said->infos.first().xScale, 239.0F / 4095.0F);
-    QCOMPARE(m_said->infos.first().yScale, 239.0F / 4095.0F);
-    QCOMPARE(valuesOf(m_thread->points()), m_camera->table());
-    QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
-    // Two reads of the limits, then an index and a value for each point.
-    QCOMPARE(m_camera->calls(), 2 + 2 * kPoints);
-    QCOMPARE(m_camera->written().size(), 0);
-    // Progress comes often enough to watch, and does not flood the GUI thread.
-    QVERIFY(m_said->progress.size() >= 50 && m_said->progress.size() <= 200);
-    QCOMPARE(m_said->progress.last(), qMakePair(kPoints, kPoints));
-}
-
-void TestOrxLutThread::writesAWholeTable()
-{
-    const LUTPoints points = squares(kPoints);
-    QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-    QTRY_COMPARE(m_said->ends, 1);
-    QCOMPARE(m_said->set, 1);
-    QCOMPARE(m_said->infos.size(), 0);
-    QCOMPARE(m_camera->table(), valuesOf(points));
-    QCOMPARE(m_said->reports.first().done, kPoints);
-    QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
-}
-
-void TestOrxLutThread::reloadTellsNoFinish()
-{
-    QVERIFY(start(*m_thread, ORXLUTThread::ReloadFromCamera));
-    QTRY_COMPARE(m_said->ends, 1);
-    QCOMPARE(m_said->infos.size(), 1);
-    QCOMPARE(m_said->loaded + m_said->set, 0);
-}
-
-void TestOrxLutThread::sillyLimits_data()
-{
-    QTest::addColumn<qint64>("maximumIndex");
-    QTest::addColumn<qint64>("maximumValue");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<int>("highestValue"); // 0: nothing is read
-    const qint64 huge = qint64(1) << 40;
-    QTest::newRow("no index") << qint64(0) << qint64(4095)
-                              << QStringLiteral("LUT: LUTIndex ends at 0, which gives no table")
-                              << 0;
-    QTest::newRow("negative index")
-        << qint64(-1) << qint64(4095) << QStringLiteral("LUT: LUTIndex ends at -1") << 0;
-    QTest::newRow("no value") << qint64(1023) << qint64(0)
-                              << QStringLiteral("LUT: LUTValue ends at 0") << 0;
-    QTest::newRow("negative value")
-        << qint64(1023) << -huge << QStringLiteral("LUT: LUTValue ends at -1099511627776") << 0;
-    QTest::newRow("huge value") << qint64(1023) << huge
-                                << QStringLiteral("only values up to 2147483647 are used")
-                                << 2147483647;
-    // The camera has 4,096 points: the read ends with an error instead of an endless table.
-    QTest::newRow("huge index") << huge << qint64(4095)
-                                << QStringLiteral("only values up to 65535 are used") << 0;
-}
-
-void TestOrxLutThread::sillyLimits()
-{
-    QFETCH(qint64, maximumIndex);
-    QFETCH(qint64, maximumValue);
-    QFETCH(QString, line);
-    QFETCH(int, highestValue);
-    MessageGuard::expectMessage(QStringLiteral("LUT"));
-    m_camera->announce(maximumIndex, maximumValue);
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends, 1);
-    QVERIFY(MessageGuard::contains(line));
-    QCOMPARE(m_said->loaded, 1);
-    QCOMPARE(m_said->infos.size(), highestValue > 0 ? 1 : 0);
-    if (highestValue > 0)
-        QCOMPARE(m_said->infos.first().maximumValue, highestValue);
-    else
-        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
-    QVERIFY(m_camera->calls() <= 2 + 2 * (kPoints + 1));
-}
-
-void TestOrxLutThread::refusedPointsAreSkipped_data()
-{
-    QTest::addColumn<bool>("index");
-    QTest::newRow("index refused") << true;
-    QTest::newRow("value refused") << false;
-}
-
-void TestOrxLutThread::refusedPointsAreSkipped()
-{
-    QFETCH(bool, index);
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::expectMessage(QStringLiteral("LUT: only 4095 of 4096 points written"));
-    const LUTPoints points = squares(kPoints);
-    QVector<int> wanted = valuesOf(points);
-    wanted[100] = m_camera->table().at(100);
-    if (index)
-        m_camera->refuseIndex(100);
-    else
-        m_camera->refuseValueAt(100);
-    QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-    QTRY_COMPARE(m_said->ends, 1);
-    QCOMPARE(m_camera->table(), wanted);
-    QVERIFY(!m_camera->written().contains(100));
-    QCOMPARE(m_said->set, 1);
-    QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
-    QCOMPARE(m_said->reports.first().done, kPoints - 1);
-}
-
-void TestOrxLutThread::unplugged_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("call");
-    QTest::addColumn<int>("done");
-    QTest::newRow("before reading") << int(ORXLUTThread::LoadFromCamera) << 1 << 0;
-    QTest::newRow("between the limits") << int(ORXLUTThread::LoadFromCamera) << 2 << 0;
-    QTest::newRow("at an index") << int(ORXLUTThread::LoadFromCamera) << 2 + 2001 << 1000;
-    QTest::newRow("at a value") << int(ORXLUTThread::LoadFromCamera) << 2 + 2002 << 1000;
-    QTest::newRow("while reloading") << int(ORXLUTThread::ReloadFromCamera) << 2 + 2001 << 1000;
-    QTest::newRow("before writing") << int(ORXLUTThread::SetToCamera) << 1 << 0;
-    QTest::newRow("while writing") << int(ORXLUTThread::SetToCamera) << 2001 << 1000;
-}
-
-void TestOrxLutThread::unplugged()
-{
-    QFETCH(int, type);
-    QFETCH(int, call);
-    QFETCH(int, done);
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::expectMessage(QStringLiteral("LUT: "));
-    const LUTPoints points = squares(kPoints);
-    QVector<int> wanted = m_camera->table();
-    if (type == ORXLUTThread::SetToCamera) {
-        for (int i = 0; i < done; ++i)
-            wanted[i] = points.at(i).value;
-    }
-    m_camera->unplugAtCall(call);
-    QVERIFY(start(*m_thread, type, points));
-    QTRY_COMPARE(m_said->ends, 1);
-    QCOMPARE(m_said->infos.size(), 0);
-    QVERIFY(m_thread->points().isEmpty());
-    QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
-    QCOMPARE(m_said->reports.first().done, done);
-    QCOMPARE(m_camera->table(), wanted);
-    // The worker is ready for the next job.
-    m_camera->unplugAtCall(0);
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->infos.size(), 1);
-}
-
-void TestOrxLutThread::stopLeavesThePointsThatWereWritten()
-{
-    MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: writing stopped after 1000 of 4096 points");
-    const LUTPoints points = squares(kPoints);
-    m_camera->holdAtCall(2000); // the value of point 1000
-    QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-    QTRY_VERIFY(m_camera->isHolding());
-    m_thread->requestStop();
-    m_camera->release();
-    QTRY_COMPARE(m_said->ends, 1);
-    QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Stopped);
-    QCOMPARE(m_said->reports.first().done, 1000);
-    QCOMPARE(m_said->reports.first().total, kPoints);
-    QCOMPARE(m_camera->written().size(), 1000);
-    QCOMPARE(m_camera->calls(), 2000);
-}
-
-void TestOrxLutThread::sameTypeIsRefusedWhileItRuns()
-{
-    m_camera->holdAtCall(10);
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_VERIFY(m_camera->isHolding());
-    QVERIFY(!start(*m_thread, ORXLUTThread::LoadFromCamera));
-    m_camera->release();
-    QTRY_COMPARE(m_said->ends, 1);
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends, 2);
-    QCOMPARE(m_said->infos.size(), 2);
-}
-
-void TestOrxLutThread::otherTypeWaitsWithoutHoldingUpTheCaller()
-{
-    const LUTPoints points = squares(kPoints);
-    const QVector<int> before = m_camera->table();
-    m_camera->holdAtCall(10);
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_VERIFY(m_camera->isHolding());
-    // Returns although the camera hangs; the same again is refused while it waits.
-    QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-    QVERIFY(!start(*m_thread, ORXLUTThread::SetToCamera, points));
-    QCOMPARE(m_camera->written().size(), 0);
-    m_camera->release();
-    QTRY_COMPARE(m_said->ends, 2);
-    // The load was whole before the first point was written.
-    QCOMPARE(valuesOf(m_thread->points()), before);
-    QCOMPARE(m_camera->table(), valuesOf(points));
-    QCOMPARE(m_said->reports.at(0).type, int(ORXLUTThread::LoadFromCamera));
-    QCOMPARE(m_said->reports.at(1).type, int(ORXLUTThread::SetToCamera));
-    QVERIFY(!m_thread->isBusy());
-}
-
-void TestOrxLutThread::anotherCameraDropsTheTable()
-{
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_said->ends, 1);
-    m_thread->resetCameraID(1);
-    QCOMPARE(m_thread->points().size(), kPoints);
-    m_thread->resetCameraID(2);
-    QVERIFY(m_thread->points().isEmpty());
-    // The last call of a read: too late for the stop request to cut it short.
-    m_camera->holdAtCall(m_camera->calls() + 2 + 2 * kPoints);
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_VERIFY(m_camera->isHolding());
-    m_thread->resetCameraID(3);
-    m_camera->release();
-    QTRY_COMPARE(m_said->ends, 2);
-    QVERIFY(m_thread->points().isEmpty());
-    QCOMPARE(m_said->infos.size(), 1);
-    QCOMPARE(m_said->reports.last().outcome, LUTTransferReport::Stopped);
-}
-
-void TestOrxLutThread::droppedJobStillEnds()
-{
-    // Whatever the worker has come to when the stop arrives, the last signal tells the end.
-    for (int round = 0; round < 50; ++round) {
-        const int ends = m_said->ends;
+private slots:
+    void readsAWholeTable()
+    {
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-        m_thread->requestStop();
-        QTRY_VERIFY(m_said->ends > ends && !m_thread->isBusy());
+        QTRY_COMPARE(m_said->ends, 1);
+        QCOMPARE(m_said->loaded, 1);
+        QCOMPARE(m_said->infos.size(), 1);
+        QCOMPARE(m_said->infos.first().maximumIndex, kPoints - 1);
+        QCOMPARE(m_said->infos.first().maximumValue, 4095);
+        QCOMPARE(m_said->infos.first().xScale, 239.0F / 4095.0F);
+        QCOMPARE(m_said->infos.first().yScale, 239.0F / 4095.0F);
+        QCOMPARE(valuesOf(m_thread->points()), m_camera->table());
+        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
+        // Two reads of the limits, then an index and a value for each point.
+        QCOMPARE(m_camera->calls(), 2 + 2 * kPoints);
+        QCOMPARE(m_camera->written().size(), 0);
+        // Progress comes often enough to watch, and does not flood the GUI thread.
+        QVERIFY(m_said->progress.size() >= 50 && m_said->progress.size() <= 200);
+        QCOMPARE(m_said->progress.last(), qMakePair(kPoints, kPoints));
     }
-    QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-    QTRY_COMPARE(m_thread->points().size(), kPoints);
-}
 
-void TestOrxLutThread::destructionWaitsForTheHostsCall()
-{
-    MessageGuard::ignoreMessage(
-        QtCriticalMsg, QRegularExpression(QStringLiteral("LUT: writing stopped after 1 of 4096")));
-    m_camera->holdAtCall(3);
-    QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, squares(kPoints)));
-    QTRY_VERIFY(m_camera->isHolding());
-    // The call returns once the destructor has been waiting for it for a second.
-    std::thread host([this] {
-        while (!MessageGuard::contains(
-            QStringLiteral("LUT: waiting for a call of the host to return")))
-            std::this_thread::yield();
+    void writesAWholeTable()
+    {
+        const LUTPoints points = squares(kPoints);
+        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
+        QTRY_COMPARE(m_said->ends, 1);
+        QCOMPARE(m_said->set, 1);
+        QCOMPARE(m_said->infos.size(), 0);
+        QCOMPARE(m_camera->table(), valuesOf(points));
+        QCOMPARE(m_said->reports.first().done, kPoints);
+        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
+    }
+
+    void reloadTellsNoFinish()
+    {
+        QVERIFY(start(*m_thread, ORXLUTThread::ReloadFromCamera));
+        QTRY_COMPARE(m_said->ends, 1);
+        QCOMPARE(m_said->infos.size(), 1);
+        QCOMPARE(m_said->loaded + m_said->set, 0);
+    }
+
+    void sillyLimits_data()
+    {
+        // highestValue 0: nothing is read
+        const Rows<qint64, qint64, QString, int> row("maximumIndex", "maximumValue", "line",
+                                                     "highestValue");
+        const qint64 huge = qint64(1) << 40;
+        row("no index", 0, 4095, "LUT: LUTIndex ends at 0, which gives no table", 0);
+        row("negative index", -1, 4095, "LUT: LUTIndex ends at -1", 0);
+        row("no value", 1023, 0, "LUT: LUTValue ends at 0", 0);
+        row("negative value", 1023, -huge, "LUT: LUTValue ends at -1099511627776", 0);
+        row("huge value", 1023, huge, "only values up to 2147483647 are used", 2147483647);
+        // The camera has 4,096 points: the read ends with an error instead of an endless table.
+        row("huge index", huge, 4095, "only values up to 65535 are used", 0);
+    }
+
+    void sillyLimits()
+    {
+        QFETCH(qint64, maximumIndex);
+        QFETCH(qint64, maximumValue);
+        QFETCH(QString, line);
+        QFETCH(int, highestValue);
+        MessageGuard::expectMessage("LUT"_s);
+        m_camera->announce(maximumIndex, maximumValue);
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_COMPARE(m_said->ends, 1);
+        QVERIFY(MessageGuard::contains(line));
+        QCOMPARE(m_said->loaded, 1);
+        QCOMPARE(m_said->infos.size(), highestValue > 0 ? 1 : 0);
+        if (highestValue > 0)
+            QCOMPARE(m_said->infos.first().maximumValue, highestValue);
+        else
+            QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
+        QVERIFY(m_camera->calls() <= 2 + 2 * (kPoints + 1));
+    }
+
+    void refusedPointsAreSkipped_data()
+    {
+        const Rows<bool> row("index");
+        row("index refused", true);
+        row("value refused", false);
+    }
+
+    void refusedPointsAreSkipped()
+    {
+        QFETCH(bool, index);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        MessageGuard::expectMessage("LUT: only 4095 of 4096 points written"_s);
+        const LUTPoints points = squares(kPoints);
+        QVector<int> wanted = valuesOf(points);
+        wanted[100] = m_camera->table().at(100);
+        if (index)
+            m_camera->refuseIndex(100);
+        else
+            m_camera->refuseValueAt(100);
+        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
+        QTRY_COMPARE(m_said->ends, 1);
+        QCOMPARE(m_camera->table(), wanted);
+        QVERIFY(!m_camera->written().contains(100));
+        QCOMPARE(m_said->set, 1);
+        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
+        QCOMPARE(m_said->reports.first().done, kPoints - 1);
+    }
+
+    void unplugged_data()
+    {
+        const Rows<int, int, int> row("type", "call", "done");
+        row("before reading", ORXLUTThread::LoadFromCamera, 1, 0);
+        row("between the limits", ORXLUTThread::LoadFromCamera, 2, 0);
+        row("at an index", ORXLUTThread::LoadFromCamera, 2 + 2001, 1000);
+        row("at a value", ORXLUTThread::LoadFromCamera, 2 + 2002, 1000);
+        row("while reloading", ORXLUTThread::ReloadFromCamera, 2 + 2001, 1000);
+        row("before writing", ORXLUTThread::SetToCamera, 1, 0);
+        row("while writing", ORXLUTThread::SetToCamera, 2001, 1000);
+    }
+
+    void unplugged()
+    {
+        QFETCH(int, type);
+        QFETCH(int, call);
+        QFETCH(int, done);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        MessageGuard::expectMessage("LUT: "_s);
+        const LUTPoints points = squares(kPoints);
+        QVector<int> wanted = m_camera->table();
+        if (type == ORXLUTThread::SetToCamera) {
+            for (int i = 0; i < done; ++i)
+                wanted[i] = points.at(i).value;
+        }
+        m_camera->unplugAtCall(call);
+        QVERIFY(start(*m_thread, type, points));
+        QTRY_COMPARE(m_said->ends, 1);
+        QCOMPARE(m_said->infos.size(), 0);
+        QVERIFY(m_thread->points().isEmpty());
+        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
+        QCOMPARE(m_said->reports.first().done, done);
+        QCOMPARE(m_camera->table(), wanted);
+        // The worker is ready for the next job.
+        m_camera->unplugAtCall(0);
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_COMPARE(m_said->infos.size(), 1);
+    }
+
+    void stopLeavesThePointsThatWereWritten()
+    {
+        MessageGuard::ignoreMessage(QtCriticalMsg,
+                                    "LUT: writing stopped after 1000 of 4096 points");
+        const LUTPoints points = squares(kPoints);
+        m_camera->holdAtCall(2000); // the value of point 1000
+        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
+        QTRY_VERIFY(m_camera->isHolding());
+        m_thread->requestStop();
         m_camera->release();
-    });
-    m_said.reset();
-    m_thread.reset();
-    host.join();
-    QVERIFY(!m_camera->isHolding());
-    QCOMPARE(m_camera->calls(), 3);
-}
+        QTRY_COMPARE(m_said->ends, 1);
+        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Stopped);
+        QCOMPARE(m_said->reports.first().done, 1000);
+        QCOMPARE(m_said->reports.first().total, kPoints);
+        QCOMPARE(m_camera->written().size(), 1000);
+        QCOMPARE(m_camera->calls(), 2000);
+    }
+
+    void sameTypeIsRefusedWhileItRuns()
+    {
+        m_camera->holdAtCall(10);
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_VERIFY(m_camera->isHolding());
+        QVERIFY(!start(*m_thread, ORXLUTThread::LoadFromCamera));
+        m_camera->release();
+        QTRY_COMPARE(m_said->ends, 1);
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_COMPARE(m_said->ends, 2);
+        QCOMPARE(m_said->infos.size(), 2);
+    }
+
+    void otherTypeWaitsWithoutHoldingUpTheCaller()
+    {
+        const LUTPoints points = squares(kPoints);
+        const QVector<int> before = m_camera->table();
+        m_camera->holdAtCall(10);
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_VERIFY(m_camera->isHolding());
+        // Returns although the camera hangs; the same again is refused while it waits.
+        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
+        QVERIFY(!start(*m_thread, ORXLUTThread::SetToCamera, points));
+        QCOMPARE(m_camera->written().size(), 0);
+        m_camera->release();
+        QTRY_COMPARE(m_said->ends, 2);
+        // The load was whole before the first point was written.
+        QCOMPARE(valuesOf(m_thread->points()), before);
+        QCOMPARE(m_camera->table(), valuesOf(points));
+        QCOMPARE(m_said->reports.at(0).type, int(ORXLUTThread::LoadFromCamera));
+        QCOMPARE(m_said->reports.at(1).type, int(ORXLUTThread::SetToCamera));
+        QVERIFY(!m_thread->isBusy());
+    }
+
+    void anotherCameraDropsTheTable()
+    {
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_COMPARE(m_said->ends, 1);
+        m_thread->resetCameraID(1);
+        QCOMPARE(m_thread->points().size(), kPoints);
+        m_thread->resetCameraID(2);
+        QVERIFY(m_thread->points().isEmpty());
+        // The last call of a read: too late for the stop request to cut it short.
+        m_camera->holdAtCall(m_camera->calls() + 2 + 2 * kPoints);
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_VERIFY(m_camera->isHolding());
+        m_thread->resetCameraID(3);
+        m_camera->release();
+        QTRY_COMPARE(m_said->ends, 2);
+        QVERIFY(m_thread->points().isEmpty());
+        QCOMPARE(m_said->infos.size(), 1);
+        QCOMPARE(m_said->reports.last().outcome, LUTTransferReport::Stopped);
+    }
+
+    void droppedJobStillEnds()
+    {
+        // Whatever the worker has come to when the stop arrives, the last signal tells the end.
+        for (int round = 0; round < 50; ++round) {
+            const int ends = m_said->ends;
+            QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+            m_thread->requestStop();
+            QTRY_VERIFY(m_said->ends > ends && !m_thread->isBusy());
+        }
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_COMPARE(m_thread->points().size(), kPoints);
+    }
+
+    void destructionWaitsForTheHostsCall()
+    {
+        MessageGuard::ignoreMessage(QtCriticalMsg,
+                                    QRegularExpression("LUT: writing stopped after 1 of 4096"_s));
+        m_camera->holdAtCall(3);
+        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, squares(kPoints)));
+        QTRY_VERIFY(m_camera->isHolding());
+        // The call returns once the destructor has been waiting for it for a second.
+        std::thread host([this] { m_camera->releaseWhenAwaited(); });
+        m_said.reset();
+        m_thread.reset();
+        host.join();
+        QVERIFY(!m_camera->isHolding());
+        QCOMPARE(m_camera->calls(), 3);
+    }
+};
 
 OBFT_TEST_MAIN(TestOrxLutThread)
 #include "tst_orxlutthread.moc"

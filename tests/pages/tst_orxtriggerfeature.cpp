@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The trigger and IO page in the window, on the simulated camera.
-#include "DemoCamera.h"
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "model/CTreeIntergerItemValue.h"
-#include "pages/MeddledCamera.h"
-#include "pages/ORXTriggerFeature.h"
-#include "pages/PageWindow.h"
+#include "pages/DemoPageTest.h"
 #include "support/Periods.h"
-#include "support/TestMain.h"
-
-#include <memory>
 
 namespace {
 
@@ -20,393 +13,327 @@ constexpr char kTime[] = "Custom_AutoTrigTime";
 constexpr char kEnable[] = "Custom_EnableAutoTrig";
 constexpr char kTrigger[] = "TriggerSoftware";
 
-QStringList words(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '));
-}
-
 } // namespace
 
-class TestORXTriggerFeature : public GuardedTest
+class TestORXTriggerFeature : public DemoPageTest
 {
     Q_OBJECT
-private slots:
-    void groupsHoldTheirFeatures_data();
-    void groupsHoldTheirFeatures();
-    void titlesInBothLanguages_data();
-    void titlesInBothLanguages();
-    void ownItemsBegin();
-    void periodIsNeverSent();
-    void autoTriggerTriggers();
-    void itemsAreLockedWhileItRuns();
-    void newPeriodIsTakenWhenSwitchedOnAgain();
-    void valueAboveZeroSwitchesOn_data();
-    void valueAboveZeroSwitchesOn();
-    void slowCommandNeitherQueuesNorFreezes();
-    void endsWithTheCamera_data();
-    void endsWithTheCamera();
-    void withoutSoftwareTriggerThereIsNoAutoTrigger();
-    void ownItemsFollowTheSoftwareTrigger();
-    void linesAndEncodersReachTheCamera_data();
-    void linesAndEncodersReachTheCamera();
 
 protected:
-    void prepare() override;
-    void finish() override;
+    void prepare() override
+    {
+        OBDeviceControl::SetUserLevel(0);
+        DemoPageTest::prepare();
+    }
 
 private:
-    void open(const QStringList& lacking = {}, int language = 0);
     int triggers() const { return m_camera->writesOf(kTrigger); }
     bool isOn() const { return m_window->shown(kPage, kEnable) == QLatin1String("checked"); }
 
-    std::unique_ptr<DemoCamera> m_demo;
-    std::unique_ptr<MeddledCamera> m_camera;
-    std::unique_ptr<PageWindow> m_window;
-};
-
-void TestORXTriggerFeature::prepare()
-{
-    OBDeviceControl::SetUserLevel(0);
-    m_demo = std::make_unique<DemoCamera>();
-}
-
-void TestORXTriggerFeature::finish()
-{
-    if (m_camera)
-        m_camera->openGate();
-    m_window.reset();
-    m_camera.reset();
-    m_demo.reset();
-    OBDeviceControl::SetUserLevel(1);
-    ORXInterface::setLanguage(QStringLiteral("ENG"));
-}
-
-void TestORXTriggerFeature::open(const QStringList& lacking, int language)
-{
-    m_camera = std::make_unique<MeddledCamera>(*m_demo, lacking);
-    m_window = std::make_unique<PageWindow>(*m_camera, language);
-}
-
-// Rows --------------------------------------------------------------------------------------------
-
-void TestORXTriggerFeature::groupsHoldTheirFeatures_data()
-{
-    QTest::addColumn<QByteArray>("group");
-    QTest::addColumn<QStringList>("names");
-    QTest::newRow("trigger") << QByteArray("Custom_Trigger")
-                             << words("TriggerSelector TriggerMode TriggerSource "
-                                      "TriggerActivation TriggerDelay Custom_AutoTrigTime "
-                                      "Custom_EnableAutoTrig TriggerSoftware");
-    QTest::newRow("lines") << QByteArray("Custom_IOControl")
-                           << words("LineSelector LineMode LineDebouncerTime LineSource "
-                                    "HardwareTriggerSource HardwareTriggerActivation "
-                                    "LineTriggerSoftware StrobeEnable StrobeLineDuration "
-                                    "StrobeLineDelay StrobeLinePreDelay");
-    QTest::newRow("encoder") << QByteArray("Custom_EncoderControl")
-                             << words("EncoderSelector EncoderSourceA EncoderSourceB "
-                                      "EncoderOutputMode EncoderCounterMode EncoderCounter "
-                                      "EncoderCounterMax EncoderCounterReset "
-                                      "EncoderMaxReverseCounter EncoderReverseCounterReset");
-    QTest::newRow("frequency converter") << QByteArray("Custom_FrequencyConverterControl")
-                                         << words("InputSource PreDivider Multiplier PostDivider");
-}
-
-void TestORXTriggerFeature::groupsHoldTheirFeatures()
-{
-    QFETCH(QByteArray, group);
-    QFETCH(QStringList, names);
-    open();
-    QCOMPARE(m_window->groups(kPage), words("Custom_Trigger Custom_IOControl Custom_EncoderControl "
-                                            "Custom_FrequencyConverterControl"));
-    QCOMPARE(m_window->items(kPage, group), names);
-    QVERIFY(m_window->show(kPage, names.first().toLatin1()));
-    for (const QString& name : qAsConst(names)) {
-        const QByteArray latin = name.toLatin1();
-        const ORXPropertyTreeItem* whole = m_window->item(kTree, latin);
-        QVERIFY2(latin.startsWith("Custom_") || m_window->item(kPage, latin) == whole, latin);
-        // All rows of the shown group are there that the camera has now.
-        QVERIFY2(m_window->isRowShown(kPage, latin) == (!whole || whole->visible()), latin);
+private slots:
+    // Rows ----------------------------------------------------------------------------------------
+    void groupsHoldTheirFeatures_data()
+    {
+        const Rows<QByteArray, QStringList> row("group", "names");
+        row("trigger", "Custom_Trigger",
+            "TriggerSelector TriggerMode TriggerSource TriggerActivation TriggerDelay "
+            "Custom_AutoTrigTime Custom_EnableAutoTrig TriggerSoftware");
+        row("lines", "Custom_IOControl",
+            "LineSelector LineMode LineDebouncerTime LineSource HardwareTriggerSource "
+            "HardwareTriggerActivation LineTriggerSoftware StrobeEnable StrobeLineDuration "
+            "StrobeLineDelay StrobeLinePreDelay");
+        row("encoder", "Custom_EncoderControl",
+            "EncoderSelector EncoderSourceA EncoderSourceB EncoderOutputMode EncoderCounterMode "
+            "EncoderCounter EncoderCounterMax EncoderCounterReset EncoderMaxReverseCounter "
+            "EncoderReverseCounterReset");
+        row("frequency converter", "Custom_FrequencyConverterControl",
+            "InputSource PreDivider Multiplier PostDivider");
     }
-}
 
-void TestORXTriggerFeature::titlesInBothLanguages_data()
-{
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QStringList>("titles");
-    QTest::newRow("English") << 0
-                             << QStringList{QStringLiteral("Trigger"), QStringLiteral("IO Input"),
-                                            QStringLiteral("IO Output"),
-                                            QStringLiteral("Encoder Control"),
-                                            QStringLiteral("Frequency Converter Control")};
-    QTest::newRow("Chinese") << 1
-                             << QStringList{QStringLiteral("触发"), QStringLiteral("IO 输入"),
-                                            QStringLiteral("IO 输出"), QStringLiteral("编码器控制"),
-                                            QStringLiteral("频率转换控制")};
-}
+    void groupsHoldTheirFeatures()
+    {
+        QFETCH(QByteArray, group);
+        QFETCH(QStringList, names);
+        open();
+        QCOMPARE(m_window->groups(kPage),
+                 words("Custom_Trigger Custom_IOControl Custom_EncoderControl "
+                       "Custom_FrequencyConverterControl"));
+        QCOMPARE(m_window->items(kPage, group), names);
+        QVERIFY(m_window->show(kPage, names.first().toLatin1()));
+        for (const QString& name : qAsConst(names)) {
+            const QByteArray latin = name.toLatin1();
+            const ORXPropertyTreeItem* whole = m_window->item(kTree, latin);
+            QVERIFY2(latin.startsWith("Custom_") || m_window->item(kPage, latin) == whole, latin);
+            // All rows of the shown group are there that the camera has now.
+            QVERIFY2(m_window->isRowShown(kPage, latin) == (!whole || whole->visible()), latin);
+        }
+    }
 
-void TestORXTriggerFeature::titlesInBothLanguages()
-{
-    QFETCH(int, language);
-    open({}, language);
-    QTEST(m_window->titles(kPage), "titles");
-}
+    void titlesInBothLanguages_data()
+    {
+        const Rows<int, QStringList> row("language", "titles");
+        row("English", 0,
+            QStringList{"Trigger"_s, "IO Input"_s, "IO Output"_s, "Encoder Control"_s,
+                        "Frequency Converter Control"_s});
+        row("Chinese", 1,
+            QStringList{"触发"_s, "IO 输入"_s, "IO 输出"_s, "编码器控制"_s, "频率转换控制"_s});
+    }
 
-// Automatic software trigger ----------------------------------------------------------------------
+    void titlesInBothLanguages()
+    {
+        QFETCH(int, language);
+        open({}, language);
+        QTEST(m_window->titles(kPage), "titles");
+    }
 
-void TestORXTriggerFeature::ownItemsBegin()
-{
-    open();
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("1000"));
-    QVERIFY(!isOn());
-    const auto* time = dynamic_cast<CTreeIntergerItemValue*>(m_window->item(kPage, kTime)->value());
-    QVERIFY(time);
-    QCOMPARE(time->displayName(), QStringLiteral("Auto Trigger Time(ms)"));
-    QCOMPARE(time->numbers().m_nMinValue, qint64(1));
-    QCOMPARE(time->numbers().m_nMaxValue, qint64(1000000000));
-    QCOMPARE(time->numbers().m_nIncrement, qint64(1));
-    // The edges of the range can be entered, what is beyond cannot.
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1000000000")));
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("1000000000"));
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("0")));
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("1"));
-}
+    // Automatic software trigger ------------------------------------------------------------------
+    void ownItemsBegin()
+    {
+        open();
+        QCOMPARE(m_window->shown(kPage, kTime), "1000"_s);
+        QVERIFY(!isOn());
+        const auto* time =
+            dynamic_cast<CTreeIntergerItemValue*>(m_window->item(kPage, kTime)->value());
+        QVERIFY(time);
+        QCOMPARE(time->displayName(), "Auto Trigger Time(ms)"_s);
+        QCOMPARE(time->numbers().m_nMinValue, qint64(1));
+        QCOMPARE(time->numbers().m_nMaxValue, qint64(1000000000));
+        QCOMPARE(time->numbers().m_nIncrement, qint64(1));
+        // The edges of the range can be entered, what is beyond cannot.
+        QVERIFY(m_window->enter(kPage, kTime, "1000000000"_s));
+        QCOMPARE(m_window->shown(kPage, kTime), "1000000000"_s);
+        QVERIFY(m_window->enter(kPage, kTime, "0"_s));
+        QCOMPARE(m_window->shown(kPage, kTime), "1"_s);
+    }
 
-void TestORXTriggerFeature::periodIsNeverSent()
-{
-    open();
-    m_camera->forget();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("250")));
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("250"));
-    QVERIFY(m_window->refresh());
-    QCOMPARE(m_camera->writes(), QStringList());
-    QCOMPARE(m_window->shown(kPage, kTime), QStringLiteral("250"));
-}
-
-void TestORXTriggerFeature::autoTriggerTriggers()
-{
-    open();
-    QVERIFY(m_window->choose(kPage, "TriggerMode", QStringLiteral("On")));
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
-    QVERIFY(m_window->click(kPage, kEnable));
-    QTRY_VERIFY(triggers() > 20);
-    // The camera takes them, and the window shows its count.
-    QTRY_VERIFY(m_window->shown(kTree, "TriggerCount").toInt() > 20);
-    QVERIFY(m_window->click(kPage, kEnable));
-    // One may be under way.
-    const int last = triggers() + 1;
-    QVERIFY(m_window->refresh());
-    QVERIFY(triggers() <= last);
-    QCOMPARE(m_camera->mostAtOnce(kTrigger), 1);
-}
-
-void TestORXTriggerFeature::itemsAreLockedWhileItRuns()
-{
-    open();
-    QVERIFY(m_window->isEnabled(kPage, kTime));
-    QVERIFY(m_window->isEnabled(kPage, kTrigger));
-    QVERIFY(m_window->click(kPage, kEnable));
-    QTRY_VERIFY(!m_window->isEnabled(kPage, kTime));
-    QTRY_VERIFY(!m_window->isEnabled(kPage, kTrigger));
-    QVERIFY(!m_window->isEnabled(kTree, kTrigger));
-    // Reading the camera's locks does not unlock them.
-    QVERIFY(m_window->refresh());
-    QVERIFY(!m_window->isEnabled(kPage, kTime));
-    QVERIFY(!m_window->isEnabled(kPage, kTrigger));
-    QVERIFY(m_window->isEnabled(kPage, kEnable));
-    QVERIFY(m_window->click(kPage, kEnable));
-    QTRY_VERIFY(m_window->isEnabled(kPage, kTime));
-    QTRY_VERIFY(m_window->isEnabled(kPage, kTrigger));
-    QVERIFY(m_window->isEnabled(kTree, kTrigger));
-}
-
-void TestORXTriggerFeature::newPeriodIsTakenWhenSwitchedOnAgain()
-{
-    open();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1000000000")));
-    QVERIFY(m_window->click(kPage, kEnable));
-    QTRY_VERIFY(isOn());
-    QVERIFY(m_window->refresh());
-    QCOMPARE(triggers(), 0); // the first falls due in eleven days
-    QVERIFY(m_window->click(kPage, kEnable));
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
-    QVERIFY(m_window->refresh());
-    QCOMPARE(triggers(), 0);
-    QVERIFY(m_window->click(kPage, kEnable));
-    QTRY_VERIFY(triggers() > 3);
-}
-
-void TestORXTriggerFeature::valueAboveZeroSwitchesOn_data()
-{
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("on");
-    QTest::newRow("true") << QVariant(true) << true;
-    QTest::newRow("2") << QVariant(2) << true;
-    QTest::newRow("text 1") << QVariant(QStringLiteral("1")) << true;
-    QTest::newRow("false") << QVariant(false) << false;
-    QTest::newRow("0") << QVariant(0) << false;
-    QTest::newRow("-1") << QVariant(-1) << false;
-    QTest::newRow("no number") << QVariant(QStringLiteral("on")) << false;
-}
-
-void TestORXTriggerFeature::valueAboveZeroSwitchesOn()
-{
-    QFETCH(QVariant, value);
-    QFETCH(bool, on);
-    open();
-    const QString tag = QStringLiteral("Boolean");
-    const QString name = QString::fromLatin1(kEnable);
-    // Starts from the other state.
-    QVERIFY(m_window->page(kPage)->setFeatureValue(tag, name, !on));
-    QCOMPARE(isOn(), !on);
-    QVERIFY(m_window->page(kPage)->setFeatureValue(tag, name, value));
-    QCOMPARE(isOn(), on);
-    QCOMPARE(m_window->isEnabled(kPage, kTime), !on);
-}
-
-void TestORXTriggerFeature::slowCommandNeitherQueuesNorFreezes()
-{
-    open();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
-    m_camera->closeGate(kTrigger);
-    QVERIFY(m_window->click(kPage, kEnable));
-    QTRY_COMPARE(triggers(), 1);
-    // Everything else goes on while the camera works on the first one.
-    QVERIFY(m_window->choose(kPage, "TriggerActivation", QStringLiteral("Falling Edge")));
-    QVERIFY(m_window->enter(kTree, "Height", QStringLiteral("600")));
-    QTRY_VERIFY(m_camera->writes().contains(QStringLiteral("Height=600")));
-    m_window->tree()->OnTimerAutoTrigger();
-    QVERIFY(m_window->refresh());
-    QCOMPARE(triggers(), 1);
-    QVERIFY(m_window->click(kPage, kEnable));
-    QVERIFY(!isOn());
-    m_camera->openGate();
-    // Nothing was kept for later.
-    QVERIFY(m_window->refresh());
-    QCOMPARE(triggers(), 1);
-    QCOMPARE(m_camera->mostAtOnce(kTrigger), 1);
-}
-
-void TestORXTriggerFeature::endsWithTheCamera_data()
-{
-    QTest::addColumn<int>("end");
-    QTest::addColumn<bool>("pageStays");
-    QTest::newRow("window closed") << 0 << true;
-    QTest::newRow("callbacks exchanged") << 1 << true;
-    QTest::newRow("camera closed") << 2 << false;
-    QTest::newRow("camera removed") << 3 << false;
-    QTest::newRow("another camera shown") << 4 << false;
-    QTest::newRow("device reset") << 5 << true;
-    QTest::newRow("released") << 6 << false;
-}
-
-void TestORXTriggerFeature::endsWithTheCamera()
-{
-    QFETCH(int, end);
-    QFETCH(bool, pageStays);
-    open();
-    QVERIFY(m_window->enter(kPage, kTime, QStringLiteral("1")));
-    QVERIFY(m_window->click(kPage, kEnable));
-    QTRY_VERIFY(triggers() > 0);
-    const auto exchange = [] {
-        OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-    };
-    const std::function<void()> ends[] = {
-        [] { OB_FT_Close(); },
-        exchange,
-        [this] { m_window->tree()->OnCameraClose(); },
-        [this] { m_window->widget()->removeFeatureTree(1); },
-        [this] { m_window->page(kPage)->resetCamaraID(2); },
-        [this] {
-            QVERIFY(m_window->tree()->OnCommandNodeBtnClicked(QStringLiteral("DeviceReset")));
-        },
-        [] { OB_FT_Release(); },
-    };
-    ends[end]();
-    // All but the last two wait for a command under way.
-    const int last = triggers() + (end == 4 || end == 5 ? 1 : 0);
-    QVERIFY(twentyPeriodsPass());
-    QVERIFY(triggers() <= last);
-    if (!pageStays)
-        return;
-    const auto item = [&](const char* name) { return m_window->item(kPage, name); };
-    QVERIFY(!item(kTime)->readOnly());
-    QVERIFY(!item(kTrigger)->readOnly());
-    QVERIFY(item(kTrigger)->value()->enabled());
-    QVERIFY(!item(kEnable)->value()->value().toBool());
-}
-
-void TestORXTriggerFeature::withoutSoftwareTriggerThereIsNoAutoTrigger()
-{
-    open({QString::fromLatin1(kTrigger)});
-    QVERIFY(m_window->show(kPage, "TriggerMode"));
-    QVERIFY(m_window->isRowShown(kPage, "TriggerMode"));
-    QVERIFY(!m_window->isRowShown(kPage, kTime));
-    QVERIFY(!m_window->isRowShown(kPage, kEnable));
-    QVERIFY(!m_window->page(kPage)->setFeatureValue(QStringLiteral("Boolean"),
-                                                    QString::fromLatin1(kEnable), true));
-    QVERIFY(m_window->refresh());
-    QCOMPARE(triggers(), 0);
-}
-
-void TestORXTriggerFeature::ownItemsFollowTheSoftwareTrigger()
-{
-    open();
-    QVERIFY(m_window->show(kPage, kTrigger));
-    for (const bool hidden : {true, false}) {
-        m_camera->hide(kTrigger, hidden);
+    void periodIsNeverSent()
+    {
+        open();
+        m_camera->forget();
+        QVERIFY(m_window->enter(kPage, kTime, "250"_s));
+        QCOMPARE(m_window->shown(kPage, kTime), "250"_s);
         QVERIFY(m_window->refresh());
-        QTRY_COMPARE(m_window->isRowShown(kPage, kTrigger), !hidden);
-        QTRY_COMPARE(m_window->isRowShown(kPage, kTime), !hidden);
-        QTRY_COMPARE(m_window->isRowShown(kPage, kEnable), !hidden);
+        QCOMPARE(m_camera->writes(), QStringList());
+        QCOMPARE(m_window->shown(kPage, kTime), "250"_s);
     }
-}
 
-// Lines and encoders ------------------------------------------------------------------------------
+    void autoTriggerTriggers()
+    {
+        open();
+        QVERIFY(m_window->choose(kPage, "TriggerMode", "On"_s));
+        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(triggers() > 20);
+        // The camera takes them, and the window shows its count.
+        QTRY_VERIFY(m_window->shown(kTree, "TriggerCount").toInt() > 20);
+        QVERIFY(m_window->click(kPage, kEnable));
+        // One may be under way.
+        const int last = triggers() + 1;
+        QVERIFY(m_window->refresh());
+        QVERIFY(triggers() <= last);
+        QCOMPARE(m_camera->mostAtOnce(kTrigger), 1);
+    }
 
-void TestORXTriggerFeature::linesAndEncodersReachTheCamera_data()
-{
-    QTest::addColumn<QByteArray>("feature");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("write");
-    const auto row = [](const char* feature, const char* text, const char* write) {
-        QTest::newRow(feature) << QByteArray(feature) << QString::fromLatin1(text)
-                               << QString::fromLatin1(write);
-    };
-    row("TriggerDelay", "12.5", "TriggerDelay=12.5");
-    row("LineDebouncerTime", "7", "LineDebouncerTime=7");
-    row("EncoderCounterMax", "999", "EncoderCounterMax=999");
-    row("EncoderMaxReverseCounter", "17", "EncoderMaxReverseCounter=17");
-    row("PreDivider", "3", "PreDivider=3");
-    row("Multiplier", "4", "Multiplier=4");
-    row("PostDivider", "5", "PostDivider=5");
-    row("EncoderSelector", "Encoder 1", "EncoderSelector=1");
-    row("EncoderSourceA", "Line 1", "EncoderSourceA=1");
-    row("EncoderCounterMode", "Ignore Direction", "EncoderCounterMode=1");
-    row("InputSource", "Line 0", "InputSource=1");
-    row("HardwareTriggerActivation", "Falling Edge", "HardwareTriggerActivation=1");
-    row("EncoderCounterReset", "", "EncoderCounterReset");
-    row("EncoderReverseCounterReset", "", "EncoderReverseCounterReset");
-    row("LineTriggerSoftware", "", "LineTriggerSoftware");
-    row("TriggerSoftware", "", "TriggerSoftware");
-}
+    void itemsAreLockedWhileItRuns()
+    {
+        open();
+        QVERIFY(m_window->isEnabled(kPage, kTime));
+        QVERIFY(m_window->isEnabled(kPage, kTrigger));
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(!m_window->isEnabled(kPage, kTime));
+        QTRY_VERIFY(!m_window->isEnabled(kPage, kTrigger));
+        QVERIFY(!m_window->isEnabled(kTree, kTrigger));
+        // Reading the camera's locks does not unlock them.
+        QVERIFY(m_window->refresh());
+        QVERIFY(!m_window->isEnabled(kPage, kTime));
+        QVERIFY(!m_window->isEnabled(kPage, kTrigger));
+        QVERIFY(m_window->isEnabled(kPage, kEnable));
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(m_window->isEnabled(kPage, kTime));
+        QTRY_VERIFY(m_window->isEnabled(kPage, kTrigger));
+        QVERIFY(m_window->isEnabled(kTree, kTrigger));
+    }
 
-void TestORXTriggerFeature::linesAndEncodersReachTheCamera()
-{
-    QFETCH(QByteArray, feature);
-    QFETCH(QString, text);
-    QFETCH(QString, write);
-    m_demo->write(OB_FT_TYPE_ENUMERATION, "LineSelector", "0"); // an input
-    open();
-    m_camera->forget();
-    const QString tag = m_window->item(kPage, feature)->tagName();
-    if (tag == QLatin1String("Command"))
-        QVERIFY(m_window->click(kPage, feature));
-    else if (tag == QLatin1String("Enumeration"))
-        QVERIFY(m_window->choose(kPage, feature, text));
-    else
-        QVERIFY(m_window->enter(kPage, feature, text));
-    QTRY_COMPARE(m_camera->writes(), QStringList(write));
-}
+    void newPeriodIsTakenWhenSwitchedOnAgain()
+    {
+        open();
+        QVERIFY(m_window->enter(kPage, kTime, "1000000000"_s));
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(isOn());
+        QVERIFY(m_window->refresh());
+        QCOMPARE(triggers(), 0); // the first falls due in eleven days
+        QVERIFY(m_window->click(kPage, kEnable));
+        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
+        QVERIFY(m_window->refresh());
+        QCOMPARE(triggers(), 0);
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(triggers() > 3);
+    }
+
+    void valueAboveZeroSwitchesOn_data()
+    {
+        const Rows<QVariant, bool> row("value", "on");
+        row("true", true, true);
+        row("2", 2, true);
+        row("text 1", "1"_s, true);
+        row("false", false, false);
+        row("0", 0, false);
+        row("-1", -1, false);
+        row("no number", "on"_s, false);
+    }
+
+    void valueAboveZeroSwitchesOn()
+    {
+        QFETCH(QVariant, value);
+        QFETCH(bool, on);
+        open();
+        const QString tag = "Boolean"_s;
+        const QString name = QString::fromLatin1(kEnable);
+        // Starts from the other state.
+        QVERIFY(m_window->page(kPage)->setFeatureValue(tag, name, !on));
+        QCOMPARE(isOn(), !on);
+        QVERIFY(m_window->page(kPage)->setFeatureValue(tag, name, value));
+        QCOMPARE(isOn(), on);
+        QCOMPARE(m_window->isEnabled(kPage, kTime), !on);
+    }
+
+    void slowCommandNeitherQueuesNorFreezes()
+    {
+        open();
+        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
+        m_camera->closeGate(kTrigger);
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_COMPARE(triggers(), 1);
+        // Everything else goes on while the camera works on the first one.
+        QVERIFY(m_window->choose(kPage, "TriggerActivation", "Falling Edge"_s));
+        QVERIFY(m_window->enter(kTree, "Height", "600"_s));
+        QTRY_VERIFY(m_camera->writes().contains("Height=600"_s));
+        m_window->tree()->OnTimerAutoTrigger();
+        QVERIFY(m_window->refresh());
+        QCOMPARE(triggers(), 1);
+        QVERIFY(m_window->click(kPage, kEnable));
+        QVERIFY(!isOn());
+        m_camera->openGate();
+        // Nothing was kept for later.
+        QVERIFY(m_window->refresh());
+        QCOMPARE(triggers(), 1);
+        QCOMPARE(m_camera->mostAtOnce(kTrigger), 1);
+    }
+
+    void endsWithTheCamera_data()
+    {
+        const Rows<int, bool> row("end", "pageStays");
+        row("window closed", 0, true);
+        row("callbacks exchanged", 1, true);
+        row("camera closed", 2, false);
+        row("camera removed", 3, false);
+        row("another camera shown", 4, false);
+        row("device reset", 5, true);
+        row("released", 6, false);
+    }
+
+    void endsWithTheCamera()
+    {
+        QFETCH(int, end);
+        QFETCH(bool, pageStays);
+        open();
+        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(triggers() > 0);
+        const auto exchange = [] {
+            OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+        };
+        const std::function<void()> ends[] = {
+            [] { OB_FT_Close(); },
+            exchange,
+            [this] { m_window->tree()->OnCameraClose(); },
+            [this] { m_window->widget()->removeFeatureTree(1); },
+            [this] { m_window->page(kPage)->resetCamaraID(2); },
+            [this] { QVERIFY(m_window->tree()->OnCommandNodeBtnClicked("DeviceReset"_s)); },
+            [] { OB_FT_Release(); },
+        };
+        if (end == 5) // a command under way finds the camera gone
+            MessageGuard::expectMessage("Read Feature Failed; NodeName : TriggerSoftware"_s);
+        ends[end]();
+        // All but the last two wait for a command under way.
+        const int last = triggers() + (end == 4 || end == 5 ? 1 : 0);
+        QVERIFY(twentyPeriodsPass());
+        QVERIFY(triggers() <= last);
+        if (!pageStays)
+            return;
+        const auto item = [&](const char* name) { return m_window->item(kPage, name); };
+        QVERIFY(!item(kTime)->readOnly());
+        QVERIFY(!item(kTrigger)->readOnly());
+        QVERIFY(item(kTrigger)->value()->enabled());
+        QVERIFY(!item(kEnable)->value()->value().toBool());
+    }
+
+    void withoutSoftwareTriggerThereIsNoAutoTrigger()
+    {
+        open({QString::fromLatin1(kTrigger)});
+        QVERIFY(m_window->show(kPage, "TriggerMode"));
+        QVERIFY(m_window->isRowShown(kPage, "TriggerMode"));
+        QVERIFY(!m_window->isRowShown(kPage, kTime));
+        QVERIFY(!m_window->isRowShown(kPage, kEnable));
+        QVERIFY(!m_window->page(kPage)->setFeatureValue("Boolean"_s, QString::fromLatin1(kEnable),
+                                                        true));
+        QVERIFY(m_window->refresh());
+        QCOMPARE(triggers(), 0);
+    }
+
+    void ownItemsFollowTheSoftwareTrigger()
+    {
+        open();
+        QVERIFY(m_window->show(kPage, kTrigger));
+        for (const bool hidden : {true, false}) {
+            m_camera->hide(kTrigger, hidden);
+            QVERIFY(m_window->refresh());
+            QTRY_COMPARE(m_window->isRowShown(kPage, kTrigger), !hidden);
+            QTRY_COMPARE(m_window->isRowShown(kPage, kTime), !hidden);
+            QTRY_COMPARE(m_window->isRowShown(kPage, kEnable), !hidden);
+        }
+    }
+
+    // Lines and encoders --------------------------------------------------------------------------
+    void linesAndEncodersReachTheCamera_data()
+    {
+        const Rows<QByteArray, QString, QString> row("feature", "text", "written");
+        row.of("TriggerDelay", "12.5", "TriggerDelay=12.5");
+        row.of("LineDebouncerTime", "7", "LineDebouncerTime=7");
+        row.of("EncoderCounterMax", "999", "EncoderCounterMax=999");
+        row.of("EncoderMaxReverseCounter", "17", "EncoderMaxReverseCounter=17");
+        row.of("PreDivider", "3", "PreDivider=3");
+        row.of("Multiplier", "4", "Multiplier=4");
+        row.of("PostDivider", "5", "PostDivider=5");
+        row.of("EncoderSelector", "Encoder 1", "EncoderSelector=1");
+        row.of("EncoderSourceA", "Line 1", "EncoderSourceA=1");
+        row.of("EncoderCounterMode", "Ignore Direction", "EncoderCounterMode=1");
+        row.of("InputSource", "Line 0", "InputSource=1");
+        row.of("HardwareTriggerActivation", "Falling Edge", "HardwareTriggerActivation=1");
+        row.of("EncoderCounterReset", "", "EncoderCounterReset");
+        row.of("EncoderReverseCounterReset", "", "EncoderReverseCounterReset");
+        row.of("LineTriggerSoftware", "", "LineTriggerSoftware");
+        row.of("TriggerSoftware", "", "TriggerSoftware");
+    }
+
+    void linesAndEncodersReachTheCamera()
+    {
+        QFETCH(QByteArray, feature);
+        QFETCH(QString, text);
+        QFETCH(QString, written);
+        write("LineSelector", "0"); // an input
+        open();
+        m_camera->forget();
+        const QString tag = m_window->item(kPage, feature)->tagName();
+        if (tag == QLatin1String("Command"))
+            QVERIFY(m_window->click(kPage, feature));
+        else if (tag == QLatin1String("Enumeration"))
+            QVERIFY(m_window->choose(kPage, feature, text));
+        else
+            QVERIFY(m_window->enter(kPage, feature, text));
+        QTRY_COMPARE(m_camera->writes(), QStringList(written));
+    }
+};
 
 OBFT_TEST_MAIN(TestORXTriggerFeature)
 #include "tst_orxtriggerfeature.moc"

@@ -49,44 +49,11 @@ void dragMouse(QWidget* widget, const QVector<QPoint>& path)
     QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, path.last());
 }
 
-QVector<int> valuesOf(const LUTPoints& points)
-{
-    QVector<int> values;
-    for (const LUTPoint& point : points)
-        values.append(point.value);
-    return values;
-}
-
 } // namespace
 
 class TestQLutDrawWidget : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void drawnLineReachesTheCamera_data();
-    void drawnLineReachesTheCamera();
-    void loadShowsTheCamerasTable();
-    void treeShowsWhereTheTransferEnded();
-    void numberOfPointsFollowsTheCamera();
-    void exportThenImportRestores_data();
-    void exportThenImportRestores();
-    void cancelledDialogsDoNothing();
-    void badFileLeavesTheCurve_data();
-    void badFileLeavesTheCurve();
-    void failedExportKeepsTheFile();
-    void unpluggedWhileLoading();
-    void unpluggedWhileSetting();
-    void closingTheWindowEndsTheTransfer();
-    void closingAtTheLastPointReadsNothingBack();
-    void anotherCameraEndsTheTransfer();
-    void destroyedWhileTheCameraHangs_data();
-    void destroyedWhileTheCameraHangs();
-    void curveIsLeftAloneDuringATransfer();
-    void keysSelectAndMove();
-    void doubleClickAddsAndDeleteRemoves();
-    void toolTipTellsIndexAndValue();
-    void wheelIsLeftToThePage();
-    void paintsLinesAndPoints();
 
 protected:
     void prepare() override
@@ -165,397 +132,389 @@ private:
     std::unique_ptr<QWidget> m_window;
     QLUTDrawWidget* m_widget = nullptr; // Owned by the window.
     QStringList m_asked;                // title and filter of the last file dialog
-};
 
-void TestQLutDrawWidget::drawnLineReachesTheCamera_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QVector<LUTPoint>>("passes");
-    // The fold point stays in the column of the press; the curve's goes to the drop.
-    QTest::newRow("fold line") << int(QLUTDrawWidget::FoldLine)
-                               << QVector<LUTPoint>{{0, 0}, {255, 1020}, {426, 3071}, {767, 3068}};
-    QTest::newRow("curve") << int(QLUTDrawWidget::SmoothCurve)
-                           << QVector<LUTPoint>{{0, 0}, {255, 1020}, {640, 3413}, {1023, 4092}};
-    QTest::newRow("free line") << int(QLUTDrawWidget::FreeLine)
-                               << QVector<LUTPoint>{{0, 0},     {84, 336},   {85, 3583},
-                                                    {256, 683}, {260, 2389}, {981, 2559},
-                                                    {982, 3928}};
-}
-
-void TestQLutDrawWidget::drawnLineReachesTheCamera()
-{
-    QFETCH(int, type);
-    QFETCH(QVector<LUTPoint>, passes);
-    drawSomething(type);
-    const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
-    QVector<int> straight;
-    for (int i = 0; i < kPoints; ++i)
-        straight.append(4 * i);
-    QVERIFY(drawn != straight);
-    QSignalSpy refreshed(m_widget, &QLUTDrawWidget::SigUpdateFeatureTree);
-    m_widget->SetToCamera();
-    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), QStringLiteral("LUT Operating..."));
-    QVERIFY(waitForEnd());
-    QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
-    QCOMPARE(m_camera->table(), drawn);
-    for (const LUTPoint& point : passes)
-        QCOMPARE(m_camera->table().at(point.index), point.value);
-    QCOMPARE(message(), QStringLiteral("Applied to camera successfully."));
-    QCOMPARE(hint(), 5);
-    // After writing and after reading back.
-    QCOMPARE(refreshed.size(), 2);
-    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
-    QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), drawn);
-}
-
-void TestQLutDrawWidget::loadShowsTheCamerasTable()
-{
-    m_camera->setTable([](int i) { return 4095 - 4 * i; });
-    m_widget->LoadFromCamera();
-    QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), QStringLiteral("LUT Operating..."));
-    QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Loading from camera completed."));
-    QCOMPARE(hint(), 5);
-    for (const int type : {2, 0, 1}) {
-        m_widget->SetDrawLineChanged(type);
-        QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+private slots:
+    void drawnLineReachesTheCamera_data()
+    {
+        const Rows<int, QVector<LUTPoint>> row("type", "passes");
+        // The fold point stays in the column of the press; the curve's goes to the drop.
+        row("fold line", QLUTDrawWidget::FoldLine,
+            QVector<LUTPoint>{{0, 0}, {255, 1020}, {426, 3071}, {767, 3068}});
+        row("curve", QLUTDrawWidget::SmoothCurve,
+            QVector<LUTPoint>{{0, 0}, {255, 1020}, {640, 3413}, {1023, 4092}});
+        row("free line", QLUTDrawWidget::FreeLine,
+            QVector<LUTPoint>{
+                {0, 0}, {84, 336}, {85, 3583}, {256, 683}, {260, 2389}, {981, 2559}, {982, 3928}});
     }
-}
 
-void TestQLutDrawWidget::treeShowsWhereTheTransferEnded()
-{
-    using namespace DescriptionBuilder;
-    const QString index = QStringLiteral("LUTIndex");
-    const QString value = QStringLiteral("LUTValue");
-    const QString integer = QStringLiteral("Integer");
-    FakeHost host;
-    host.set(index, FakeHost::integerFeature(0, 0, 3));
-    host.set(value, FakeHost::integerFeature(5, 0, 255));
-    OpenedWindow window(host, wrap(category(QStringLiteral("Root"), {index, value}) +
-                                   node(integer, index) + node(integer, value)));
-    QVERIFY(window.waitForFirstRead());
-    const auto shown = [&] { return window.tree()->propertyItemByName(index)->value()->value(); };
-    QCOMPARE(shown().toInt(), 0);
-    m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    QTRY_COMPARE(shown().toInt(), 3);
-}
-
-void TestQLutDrawWidget::numberOfPointsFollowsTheCamera()
-{
-    makeCamera(4096);
-    m_camera->announce(4095, 65535);
-    m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    QCOMPARE(QLUTDrawWidget::PointCount(), 4096);
-    QCOMPARE(m_widget->plot().maxValue(), 65535);
-    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
-    QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
-    drawSomething(QLUTDrawWidget::FreeLine);
-    const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
-    m_widget->SetToCamera();
-    QVERIFY(waitForEnd());
-    QCOMPARE(m_camera->table(), drawn);
-}
-
-void TestQLutDrawWidget::exportThenImportRestores_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("clear");
-    QTest::newRow("fold line") << 0 << false;
-    QTest::newRow("curve") << 1 << false;
-    QTest::newRow("free line") << 2 << false;
-    QTest::newRow("fold line, cleared meanwhile") << 0 << true;
-    QTest::newRow("curve, cleared meanwhile") << 1 << true;
-    QTest::newRow("free line, cleared meanwhile") << 2 << true;
-}
-
-void TestQLutDrawWidget::exportThenImportRestores()
-{
-    QFETCH(int, type);
-    QFETCH(bool, clear);
-    drawSomething(type);
-    const LUTPoints drawn = m_widget->GetSettinngPoints();
-    const LUTPoints handles = m_widget->currentLine().handles();
-    answerDialogs(path("curve"));
-    m_widget->SaveToFile();
-    QCOMPARE(m_asked,
-             (QStringList{QStringLiteral("Save as txt File"), QStringLiteral("txt File (*.txt)")}));
-    QCOMPARE(message(), QStringLiteral("Exporting to file completed."));
-    QCOMPARE(hint(), 5);
-    QFile file(path("curve.txt"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll().count("\r\n"), 2 * kPoints);
-    if (clear) {
-        m_widget->ClearDraw();
-        QVERIFY(m_widget->GetSettinngPoints() != drawn);
-    }
-    answerDialogs(path("curve.txt"));
-    m_widget->LoadFromFile();
-    QCOMPARE(m_asked,
-             (QStringList{QStringLiteral("Open txt File"), QStringLiteral("txt Files (*.txt)")}));
-    QCOMPARE(message(), QStringLiteral("Importing from file completed."));
-    QCOMPARE(hint(), 5);
-    QCOMPARE(m_widget->GetSettinngPoints(), drawn);
-    if (!clear)
-        QCOMPARE(m_widget->currentLine().handles(), handles);
-}
-
-void TestQLutDrawWidget::cancelledDialogsDoNothing()
-{
-    delete box();
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    answerDialogs(QString());
-    m_widget->SaveToFile();
-    m_widget->LoadFromFile();
-    answerDialogs(path("missing.txt"));
-    m_widget->LoadFromFile();
-    QVERIFY(!box());
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-}
-
-void TestQLutDrawWidget::badFileLeavesTheCurve_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("odd number of lines") << QByteArray("0\r\n1\r\n1\r\n");
-    QTest::newRow("value above the camera's") << QByteArray("0\r\n4096\r\n");
-    QTest::newRow("index above the number of points") << QByteArray("1025\r\n1\r\n");
-    QTest::newRow("too many points") << QByteArray("0\r\n1\r\n").repeated(kPoints + 2);
-}
-
-void TestQLutDrawWidget::badFileLeavesTheCurve()
-{
-    QFETCH(QByteArray, content);
-    QFile file(path("bad.txt"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    file.close();
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    answerDialogs(path("bad.txt"));
-    m_widget->LoadFromFile();
-    QCOMPARE(message(), QStringLiteral("Failed to import file. Incorrect file format."));
-    QCOMPARE(hint(), 3);
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-}
-
-void TestQLutDrawWidget::failedExportKeepsTheFile()
-{
-    MessageGuard::ignoreMessage(QtCriticalMsg, "Save success,but file is error.");
-    QFile file(path("plain"));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
-    file.close();
-    answerDialogs(path("plain/curve.txt"));
-    m_widget->SaveToFile();
-    QCOMPARE(message(), QStringLiteral("File opreation failed, possable storage disk is full."));
-    QCOMPARE(hint(), 3);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("mine"));
-}
-
-void TestQLutDrawWidget::unpluggedWhileLoading()
-{
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: reading failed after 500 of 1024 points");
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    m_camera->unplugAtCall(m_camera->calls() + 2 + 2 * 500 + 1);
-    m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Loading from camera failed after 500 of 1024 points. "
-                                       "The curve is unchanged."));
-    QCOMPARE(hint(), 3);
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-    QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
-}
-
-void TestQLutDrawWidget::unpluggedWhileSetting()
-{
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    MessageGuard::expectMessage(QStringLiteral("LUT: "));
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    m_camera->unplugAtCall(m_camera->calls() + 2 * 500 + 1);
-    m_widget->SetToCamera();
-    QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Only 500 of 1024 points were applied to the camera."));
-    QCOMPARE(hint(), 3);
-    QCOMPARE(m_camera->written().size(), 500);
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-}
-
-void TestQLutDrawWidget::closingTheWindowEndsTheTransfer()
-{
-    MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: writing stopped after 300 of 1024 points");
-    m_camera->holdAtCall(m_camera->calls() + 2 * 300 + 1);
-    m_widget->SetToCamera();
-    QTRY_VERIFY(m_camera->isHolding());
-    // Another page in front does not end it.
-    m_widget->hide();
-    QVERIFY(m_widget->isTransferring());
-    m_window->close();
-    m_camera->release();
-    QVERIFY(waitForEnd());
-    QCOMPARE(m_camera->written().size(), 300);
-    QCOMPARE(message(), QStringLiteral("Applying to camera was stopped after 300 of 1024 points. "
-                                       "The table in the camera is incomplete."));
-    QCOMPARE(hint(), 2);
-}
-
-void TestQLutDrawWidget::closingAtTheLastPointReadsNothingBack()
-{
-    const int lastCall = m_camera->calls() + 2 * kPoints;
-    m_camera->holdAtCall(lastCall);
-    m_widget->SetToCamera();
-    QTRY_VERIFY(m_camera->isHolding());
-    m_window->close();
-    m_camera->release();
-    QVERIFY(waitForEnd());
-    QCOMPARE(m_camera->calls(), lastCall);
-    QCOMPARE(message(), QStringLiteral("Applied to camera successfully."));
-}
-
-void TestQLutDrawWidget::anotherCameraEndsTheTransfer()
-{
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    delete box();
-    m_camera->holdAtCall(m_camera->calls() + 100);
-    m_widget->LoadFromCamera();
-    QTRY_VERIFY(m_camera->isHolding());
-    m_widget->resetCameraID(2);
-    m_camera->release();
-    QVERIFY(waitForEnd());
-    QVERIFY(!box());
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-    m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    QCOMPARE(message(), QStringLiteral("Loading from camera completed."));
-}
-
-void TestQLutDrawWidget::destroyedWhileTheCameraHangs_data()
-{
-    QTest::addColumn<bool>("set");
-    QTest::newRow("loading") << false;
-    QTest::newRow("setting") << true;
-}
-
-void TestQLutDrawWidget::destroyedWhileTheCameraHangs()
-{
-    QFETCH(bool, set);
-    MessageGuard::expectMessage(QStringLiteral("LUT: writing stopped after"));
-    m_camera->holdAtCall(m_camera->calls() + 101);
-    if (set)
+    void drawnLineReachesTheCamera()
+    {
+        QFETCH(int, type);
+        QFETCH(QVector<LUTPoint>, passes);
+        drawSomething(type);
+        const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
+        QVector<int> straight;
+        for (int i = 0; i < kPoints; ++i)
+            straight.append(4 * i);
+        QVERIFY(drawn != straight);
+        QSignalSpy refreshed(m_widget, &QLUTDrawWidget::SigUpdateFeatureTree);
         m_widget->SetToCamera();
-    else
+        QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
+        QVERIFY(waitForEnd());
+        QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
+        QCOMPARE(m_camera->table(), drawn);
+        for (const LUTPoint& point : passes)
+            QCOMPARE(m_camera->table().at(point.index), point.value);
+        QCOMPARE(message(), "Applied to camera successfully."_s);
+        QCOMPARE(hint(), 5);
+        // After writing and after reading back.
+        QCOMPARE(refreshed.size(), 2);
+        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+        QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), drawn);
+    }
+
+    void loadShowsTheCamerasTable()
+    {
+        m_camera->setTable([](int i) { return 4095 - 4 * i; });
         m_widget->LoadFromCamera();
-    QTRY_VERIFY(m_camera->isHolding());
-    // The host's call comes back once the destructor waits for it.
-    std::thread host([this] {
-        while (!MessageGuard::contains(
-            QStringLiteral("LUT: waiting for a call of the host to return")))
-            std::this_thread::yield();
-        m_camera->release();
-    });
-    const int calls = m_camera->calls();
-    m_window.reset();
-    host.join();
-    QCOMPARE(m_camera->calls(), calls);
-    QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
-    QCoreApplication::processEvents();
-}
-
-void TestQLutDrawWidget::curveIsLeftAloneDuringATransfer()
-{
-    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    m_camera->holdAtCall(m_camera->calls() + 100);
-    m_widget->SetToCamera();
-    QTRY_VERIFY(m_camera->isHolding());
-    dragMouse(m_widget, {at(20, 20), at(200, 100)});
-    QTest::keyClick(m_widget, Qt::Key_Up);
-    answerDialogs(path("any.txt"));
-    m_widget->LoadFromFile();
-    QVERIFY(m_asked.isEmpty());
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-    m_camera->release();
-    QVERIFY(waitForEnd());
-    QCOMPARE(m_camera->table(), valuesOf(before));
-}
-
-void TestQLutDrawWidget::keysSelectAndMove()
-{
-    QTest::keyClick(m_widget, Qt::Key_PageDown);
-    QTest::keyClick(m_widget, Qt::Key_PageDown); // (255, 1020)
-    QTest::keyClick(m_widget, Qt::Key_Up);
-    QTest::keyClick(m_widget, Qt::Key_Up, Qt::ShiftModifier);
-    QTest::keyClick(m_widget, Qt::Key_Right, Qt::ShiftModifier);
-    QTest::keyClick(m_widget, Qt::Key_Left);
-    QCOMPARE(m_widget->currentLine().handles().at(1), (LUTPoint{264, 1031}));
-    QTest::keyClick(m_widget, Qt::Key_End);
-    QTest::keyClick(m_widget, Qt::Key_Down, Qt::ShiftModifier);
-    QCOMPARE(m_widget->currentLine().handles().at(4), (LUTPoint{1023, 4082}));
-    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
-    QTest::keyClick(m_widget, Qt::Key_Home);
-    QTest::keyClick(m_widget, Qt::Key_Right, Qt::ShiftModifier);
-    QTest::keyClick(m_widget, Qt::Key_Up);
-    QCOMPARE(m_widget->GetSettinngPoints().at(10), (LUTPoint{10, 41}));
-}
-
-void TestQLutDrawWidget::doubleClickAddsAndDeleteRemoves()
-{
-    m_widget->SetDrawLineChanged(QLUTDrawWidget::SmoothCurve);
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    QTest::mouseDClick(m_widget, Qt::LeftButton, Qt::NoModifier, at(30, 60));
-    QCOMPARE(m_widget->currentLine().handles().size(), 6);
-    QCOMPARE(m_widget->GetSettinngPoints().at(128).value, 3071);
-    QTest::keyClick(m_widget, Qt::Key_Delete);
-    QCOMPARE(m_widget->currentLine().handles().size(), 5);
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-}
-
-void TestQLutDrawWidget::toolTipTellsIndexAndValue()
-{
-    QHelpEvent help(QEvent::ToolTip, at(60, 60), m_widget->mapToGlobal(at(60, 60)));
-    QApplication::sendEvent(m_widget, &help);
-    QCOMPARE(QToolTip::text(), QStringLiteral("Index: 256\nValue: 3071"));
-    QToolTip::hideText();
-}
-
-void TestQLutDrawWidget::wheelIsLeftToThePage()
-{
-    const LUTPoints before = m_widget->GetSettinngPoints();
-    const QPoint middle = at(120, 120);
-    QWheelEvent wheel(middle, m_widget->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(m_widget, &wheel);
-    QVERIFY(!wheel.isAccepted());
-    QCOMPARE(m_widget->GetSettinngPoints(), before);
-}
-
-// Counts the pixels of the line's colour in the plot.
-void TestQLutDrawWidget::paintsLinesAndPoints()
-{
-    const auto linePixels = [this] {
-        const QImage image = m_widget->grab().toImage();
-        const QRgb colour =
-            ZELCustom::getDataBaseColor(QStringLiteral("QLUTDrawWidgetColor_Line")).rgb();
-        int count = 0;
-        for (int y = 30; y <= 270; ++y) {
-            for (int x = 30; x <= 270; ++x)
-                count += image.pixel(x, y) == colour ? 1 : 0;
+        QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
+        QVERIFY(waitForEnd());
+        QCOMPARE(message(), "Loading from camera completed."_s);
+        QCOMPARE(hint(), 5);
+        for (const int type : {2, 0, 1}) {
+            m_widget->SetDrawLineChanged(type);
+            QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
         }
-        return count;
-    };
-    m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine); // no handles over it
-    m_widget->SetLUTInfo(kPoints, 4095, {{0, 2048}}, QLUTDrawWidget::FreeLine);
-    // Level: a row of full colour, all the way across.
-    const int level = linePixels();
-    QVERIFY2(level >= 230 && level <= 3 * 241, qPrintable(QString::number(level)));
-    makeCamera(16);
-    m_camera->setTable([](int) { return 2048; });
-    m_widget->LoadFromCamera();
-    QVERIFY(waitForEnd());
-    // 16 points stand 16 pixels apart: a row of dots.
-    const int dots = linePixels();
-    QVERIFY2(dots >= 16 && dots <= 16 * 9, qPrintable(QString::number(dots)));
-}
+    }
+
+    void treeShowsWhereTheTransferEnded()
+    {
+        using namespace DescriptionBuilder;
+        const QString index = "LUTIndex"_s;
+        const QString value = "LUTValue"_s;
+        const QString integer = "Integer"_s;
+        FakeHost host;
+        host.set(index, FakeHost::integerFeature(0, 0, 3));
+        host.set(value, FakeHost::integerFeature(5, 0, 255));
+        OpenedWindow window(host, wrap(category("Root"_s, {index, value}) + node(integer, index) +
+                                       node(integer, value)));
+        QVERIFY(window.waitForFirstRead());
+        const auto shown = [&] {
+            return window.tree()->propertyItemByName(index)->value()->value();
+        };
+        QCOMPARE(shown().toInt(), 0);
+        m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        QTRY_COMPARE(shown().toInt(), 3);
+    }
+
+    void numberOfPointsFollowsTheCamera()
+    {
+        makeCamera(4096);
+        m_camera->announce(4095, 65535);
+        m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        QCOMPARE(QLUTDrawWidget::PointCount(), 4096);
+        QCOMPARE(m_widget->plot().maxValue(), 65535);
+        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+        QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+        drawSomething(QLUTDrawWidget::FreeLine);
+        const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
+        m_widget->SetToCamera();
+        QVERIFY(waitForEnd());
+        QCOMPARE(m_camera->table(), drawn);
+    }
+
+    void exportThenImportRestores_data()
+    {
+        const Rows<int, bool> row("type", "clear");
+        row("fold line", 0, false);
+        row("curve", 1, false);
+        row("free line", 2, false);
+        row("fold line, cleared meanwhile", 0, true);
+        row("curve, cleared meanwhile", 1, true);
+        row("free line, cleared meanwhile", 2, true);
+    }
+
+    void exportThenImportRestores()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, clear);
+        drawSomething(type);
+        const LUTPoints drawn = m_widget->GetSettinngPoints();
+        const LUTPoints handles = m_widget->currentLine().handles();
+        answerDialogs(path("curve"));
+        m_widget->SaveToFile();
+        QCOMPARE(m_asked, (QStringList{"Save as txt File"_s, "txt File (*.txt)"_s}));
+        QCOMPARE(message(), "Exporting to file completed."_s);
+        QCOMPARE(hint(), 5);
+        QFile file(path("curve.txt"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll().count("\r\n"), 2 * kPoints);
+        if (clear) {
+            m_widget->ClearDraw();
+            QVERIFY(m_widget->GetSettinngPoints() != drawn);
+        }
+        answerDialogs(path("curve.txt"));
+        m_widget->LoadFromFile();
+        QCOMPARE(m_asked, (QStringList{"Open txt File"_s, "txt Files (*.txt)"_s}));
+        QCOMPARE(message(), "Importing from file completed."_s);
+        QCOMPARE(hint(), 5);
+        QCOMPARE(m_widget->GetSettinngPoints(), drawn);
+        if (!clear)
+            QCOMPARE(m_widget->currentLine().handles(), handles);
+    }
+
+    void cancelledDialogsDoNothing()
+    {
+        delete box();
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        answerDialogs(QString());
+        m_widget->SaveToFile();
+        m_widget->LoadFromFile();
+        answerDialogs(path("missing.txt"));
+        m_widget->LoadFromFile();
+        QVERIFY(!box());
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+    }
+
+    void badFileLeavesTheCurve_data()
+    {
+        const Rows<QByteArray> row("content");
+        row("odd number of lines", "0\r\n1\r\n1\r\n");
+        row("value above the camera's", "0\r\n4096\r\n");
+        row("index above the number of points", "1025\r\n1\r\n");
+        row("too many points", QByteArray("0\r\n1\r\n").repeated(kPoints + 2));
+    }
+
+    void badFileLeavesTheCurve()
+    {
+        QFETCH(QByteArray, content);
+        QFile file(path("bad.txt"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        answerDialogs(path("bad.txt"));
+        m_widget->LoadFromFile();
+        QCOMPARE(message(), "Failed to import file. Incorrect file format."_s);
+        QCOMPARE(hint(), 3);
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+    }
+
+    void failedExportKeepsTheFile()
+    {
+        MessageGuard::ignoreMessage(QtCriticalMsg, "Save success,but file is error.");
+        QFile file(path("plain"));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
+        file.close();
+        answerDialogs(path("plain/curve.txt"));
+        m_widget->SaveToFile();
+        QCOMPARE(message(), "File opreation failed, possable storage disk is full."_s);
+        QCOMPARE(hint(), 3);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("mine"));
+    }
+
+    void unplugged_data()
+    {
+        const Rows<bool, QString> row("set", "message");
+        row("while loading", false,
+            "Loading from camera failed after 500 of 1024 points. The curve is unchanged.");
+        row("while setting", true, "Only 500 of 1024 points were applied to the camera.");
+    }
+
+    void unplugged()
+    {
+        QFETCH(bool, set);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        MessageGuard::expectMessage("LUT: "_s);
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        // Loading begins with two reads of the limits.
+        m_camera->unplugAtCall(m_camera->calls() + (set ? 0 : 2) + 2 * 500 + 1);
+        if (set)
+            m_widget->SetToCamera();
+        else
+            m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        QTEST(message(), "message");
+        QCOMPARE(hint(), 3);
+        QCOMPARE(m_camera->written().size(), set ? 500 : 0);
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+        QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
+    }
+
+    void closingTheWindowEndsTheTransfer()
+    {
+        MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: writing stopped after 300 of 1024 points");
+        m_camera->holdAtCall(m_camera->calls() + 2 * 300 + 1);
+        m_widget->SetToCamera();
+        QTRY_VERIFY(m_camera->isHolding());
+        // Another page in front does not end it.
+        m_widget->hide();
+        QVERIFY(m_widget->isTransferring());
+        m_window->close();
+        m_camera->release();
+        QVERIFY(waitForEnd());
+        QCOMPARE(m_camera->written().size(), 300);
+        QCOMPARE(
+            message(),
+            "Applying to camera was stopped after 300 of 1024 points. The table in the camera is incomplete."_s);
+        QCOMPARE(hint(), 2);
+    }
+
+    void closingAtTheLastPointReadsNothingBack()
+    {
+        const int lastCall = m_camera->calls() + 2 * kPoints;
+        m_camera->holdAtCall(lastCall);
+        m_widget->SetToCamera();
+        QTRY_VERIFY(m_camera->isHolding());
+        m_window->close();
+        m_camera->release();
+        QVERIFY(waitForEnd());
+        QCOMPARE(m_camera->calls(), lastCall);
+        QCOMPARE(message(), "Applied to camera successfully."_s);
+    }
+
+    void anotherCameraEndsTheTransfer()
+    {
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        delete box();
+        m_camera->holdAtCall(m_camera->calls() + 100);
+        m_widget->LoadFromCamera();
+        QTRY_VERIFY(m_camera->isHolding());
+        m_widget->resetCameraID(2);
+        m_camera->release();
+        QVERIFY(waitForEnd());
+        QVERIFY(!box());
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+        m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        QCOMPARE(message(), "Loading from camera completed."_s);
+    }
+
+    void destroyedWhileTheCameraHangs_data()
+    {
+        const Rows<bool> row("set");
+        row("loading", false);
+        row("setting", true);
+    }
+
+    void destroyedWhileTheCameraHangs()
+    {
+        QFETCH(bool, set);
+        MessageGuard::expectMessage("LUT: writing stopped after"_s);
+        m_camera->holdAtCall(m_camera->calls() + 101);
+        if (set)
+            m_widget->SetToCamera();
+        else
+            m_widget->LoadFromCamera();
+        QTRY_VERIFY(m_camera->isHolding());
+        // The host's call comes back once the destructor waits for it.
+        std::thread host([this] { m_camera->releaseWhenAwaited(); });
+        const int calls = m_camera->calls();
+        m_window.reset();
+        host.join();
+        QCOMPARE(m_camera->calls(), calls);
+        QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
+        QCoreApplication::processEvents();
+    }
+
+    void curveIsLeftAloneDuringATransfer()
+    {
+        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        m_camera->holdAtCall(m_camera->calls() + 100);
+        m_widget->SetToCamera();
+        QTRY_VERIFY(m_camera->isHolding());
+        dragMouse(m_widget, {at(20, 20), at(200, 100)});
+        QTest::keyClick(m_widget, Qt::Key_Up);
+        answerDialogs(path("any.txt"));
+        m_widget->LoadFromFile();
+        QVERIFY(m_asked.isEmpty());
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+        m_camera->release();
+        QVERIFY(waitForEnd());
+        QCOMPARE(m_camera->table(), valuesOf(before));
+    }
+
+    void keysSelectAndMove()
+    {
+        QTest::keyClick(m_widget, Qt::Key_PageDown);
+        QTest::keyClick(m_widget, Qt::Key_PageDown); // (255, 1020)
+        QTest::keyClick(m_widget, Qt::Key_Up);
+        QTest::keyClick(m_widget, Qt::Key_Up, Qt::ShiftModifier);
+        QTest::keyClick(m_widget, Qt::Key_Right, Qt::ShiftModifier);
+        QTest::keyClick(m_widget, Qt::Key_Left);
+        QCOMPARE(m_widget->currentLine().handles().at(1), (LUTPoint{264, 1031}));
+        QTest::keyClick(m_widget, Qt::Key_End);
+        QTest::keyClick(m_widget, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(m_widget->currentLine().handles().at(4), (LUTPoint{1023, 4082}));
+        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
+        QTest::keyClick(m_widget, Qt::Key_Home);
+        QTest::keyClick(m_widget, Qt::Key_Right, Qt::ShiftModifier);
+        QTest::keyClick(m_widget, Qt::Key_Up);
+        QCOMPARE(m_widget->GetSettinngPoints().at(10), (LUTPoint{10, 41}));
+    }
+
+    void doubleClickAddsAndDeleteRemoves()
+    {
+        m_widget->SetDrawLineChanged(QLUTDrawWidget::SmoothCurve);
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        QTest::mouseDClick(m_widget, Qt::LeftButton, Qt::NoModifier, at(30, 60));
+        QCOMPARE(m_widget->currentLine().handles().size(), 6);
+        QCOMPARE(m_widget->GetSettinngPoints().at(128).value, 3071);
+        QTest::keyClick(m_widget, Qt::Key_Delete);
+        QCOMPARE(m_widget->currentLine().handles().size(), 5);
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+    }
+
+    void toolTipTellsIndexAndValue()
+    {
+        QHelpEvent help(QEvent::ToolTip, at(60, 60), m_widget->mapToGlobal(at(60, 60)));
+        QApplication::sendEvent(m_widget, &help);
+        QCOMPARE(QToolTip::text(), "Index: 256\nValue: 3071"_s);
+        QToolTip::hideText();
+    }
+
+    void wheelIsLeftToThePage()
+    {
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        const QPoint middle = at(120, 120);
+        QWheelEvent wheel(middle, m_widget->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(m_widget, &wheel);
+        QVERIFY(!wheel.isAccepted());
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+    }
+
+    // Counts the pixels of the line's colour in the plot.
+    void paintsLinesAndPoints()
+    {
+        const auto linePixels = [this] {
+            const QImage image = m_widget->grab().toImage();
+            const QRgb colour = ZELCustom::getDataBaseColor("QLUTDrawWidgetColor_Line"_s).rgb();
+            int count = 0;
+            for (int y = 30; y <= 270; ++y) {
+                for (int x = 30; x <= 270; ++x)
+                    count += image.pixel(x, y) == colour ? 1 : 0;
+            }
+            return count;
+        };
+        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine); // no handles over it
+        m_widget->SetLUTInfo(kPoints, 4095, {{0, 2048}}, QLUTDrawWidget::FreeLine);
+        // Level: a row of full colour, all the way across.
+        const int level = linePixels();
+        QVERIFY2(level >= 230 && level <= 3 * 241, qPrintable(QString::number(level)));
+        makeCamera(16);
+        m_camera->setTable([](int) { return 2048; });
+        m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        // 16 points stand 16 pixels apart: a row of dots.
+        const int dots = linePixels();
+        QVERIFY2(dots >= 16 && dots <= 16 * 9, qPrintable(QString::number(dots)));
+    }
+};
 
 OBFT_TEST_MAIN(TestQLutDrawWidget)
 #include "tst_qlutdrawwidget.moc"

@@ -35,13 +35,6 @@ QString plain(const QString& html)
 class TestFeatureDocText : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void wholeText();
-    void ranges_data();
-    void ranges();
-    void entries();
-    void markersInTextsStay();
-    void rebuiltOnlyWhenAnInputChanged();
 
 protected:
     void prepare() override
@@ -56,93 +49,86 @@ private:
     QString info(const char* name)
     {
         return plain(m_text.GetFeatureValueInfo(*m_description->node(name),
-                                                m_description->item(name), QStringLiteral("ENG")))
+                                                m_description->item(name), "ENG"_s))
             .trimmed();
     }
 
     std::unique_ptr<LoadedDescription> m_description;
     FeatureDecider m_decider;
     FeatureDocText m_text{m_decider};
+
+private slots:
+    void wholeText()
+    {
+        ORXPropertyTreeItem* width = m_description->item("Width");
+        width->value()->setDisplayName("Width <px>"_s);
+        width->value()->setDescription("The \"visible\" width."_s);
+        width->value()->setTranslateName("\u5bbd\u5ea6"_s);
+        width->value()->setTranslatedDescription("\u56fe\u50cf\u5bbd\u5ea6"_s);
+        dynamic_cast<CTreeIntergerItemValue*>(width->value())->setNumbers({8, 4, 4096, 4});
+        const auto text = [&](const char* language) {
+            return plain(m_text.GetFeatureDocText(*m_description->node("Width"), "Yes"_s, width,
+                                                  QString::fromLatin1(language)));
+        };
+        QCOMPARE(text("ENG").trimmed(),
+                 "Width <px>\nThe 'visible' width.\n\nNode Name: Width\nType: Integer\n"
+                 "Name Space: Custom\nVisibility: Beginner\nStreamable: Yes\n"
+                 "Min: 4\nMax: 4096\nInc: 4"_s);
+        QVERIFY(
+            text("CH").startsWith("\u5bbd\u5ea6\n\u56fe\u50cf\u5bbd\u5ea6\n\nNode Name: Width"_s));
+    }
+
+    void ranges_data()
+    {
+        const Rows<QByteArray, float, QString> row("name", "maximum", "expected");
+        row("address list", "GevCurrentIPAddress", 9.0F, "");
+        row("increment without range", "GevSCDA", 9.0F, "Inc: 2");
+        row("integer", "Width", 9.0F, "Min: 1\nMax: 9\nInc: 2");
+        row("float", "Gain", 9.0F, "Min: 1.000000\nMax: 9.000000");
+        row("float without positive maximum", "Gain", 0.0F, "");
+    }
+
+    void ranges()
+    {
+        QFETCH(QByteArray, name);
+        QFETCH(float, maximum);
+        CTreeItemValue* value = m_description->item(name.constData())->value();
+        if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(value))
+            integer->setNumbers({5, 1, static_cast<qint64>(maximum), 2});
+        if (auto* number = dynamic_cast<CTreeFloatItemValue*>(value))
+            number->setNumbers({5.0F, 1.0F, maximum});
+        QTEST(info(name.constData()), "expected");
+    }
+
+    void entries()
+    {
+        QCOMPARE(info("Mode"), "Enum Entry Name: On\nEnum Entry Value: 1\n"
+                               "Name Space: Standard\nVisibility: Beginner"_s);
+    }
+
+    void markersInTextsStay()
+    {
+        ORXPropertyTreeItem* width = m_description->item("Width");
+        width->value()->setDisplayName("Load of line"_s);
+        width->value()->setDescription("At 100 percent of line."_s);
+        const QString text =
+            plain(m_text.GetFeatureDocText(*m_description->node("Width"), "No"_s, width, "ENG"_s));
+        QVERIFY(text.contains("At 100 percent of line."_s));
+    }
+
+    void rebuiltOnlyWhenAnInputChanged()
+    {
+        ORXPropertyTreeItem* width = m_description->item("Width");
+        const FeatureNode& node = *m_description->node("Width");
+        m_text.update(node, width);
+        width->value()->setDocText("kept"_s);
+        m_text.update(node, width);
+        QCOMPARE(width->value()->docText(), "kept"_s);
+        dynamic_cast<CTreeIntergerItemValue*>(width->value())->setNumbers({8, 4, 5000, 4});
+        m_text.update(node, width);
+        QVERIFY(plain(width->value()->docText()).contains("Max: 5000"_s));
+    }
 };
-
-void TestFeatureDocText::wholeText()
-{
-    ORXPropertyTreeItem* width = m_description->item("Width");
-    width->value()->setDisplayName(QStringLiteral("Width <px>"));
-    width->value()->setDescription(QStringLiteral("The \"visible\" width."));
-    width->value()->setTranslateName(QString::fromUtf8("\u5bbd\u5ea6"));
-    width->value()->setTranslatedDescription(QString::fromUtf8("\u56fe\u50cf\u5bbd\u5ea6"));
-    dynamic_cast<CTreeIntergerItemValue*>(width->value())->setNumbers({8, 4, 4096, 4});
-    const auto text = [&](const char* language) {
-        return plain(m_text.GetFeatureDocText(*m_description->node("Width"),
-                                              QStringLiteral("Yes"), width,
-                                              QString::fromLatin1(language)));
-    };
-    QCOMPARE(text("ENG").trimmed(),
-             QStringLiteral("Width <px>\nThe 'visible' width.\n\nNode Name: Width\nType: Integer\n"
-                            "Name Space: Custom\nVisibility: Beginner\nStreamable: Yes\n"
-                            "Min: 4\nMax: 4096\nInc: 4"));
-    QVERIFY(text("CH").startsWith(
-        QString::fromUtf8("\u5bbd\u5ea6\n\u56fe\u50cf\u5bbd\u5ea6\n\nNode Name: Width")));
-}
-
-void TestFeatureDocText::ranges_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<float>("maximum");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("address list") << QByteArray("GevCurrentIPAddress") << 9.0F << QString();
-    QTest::newRow("increment without range")
-        << QByteArray("GevSCDA") << 9.0F << QStringLiteral("Inc: 2");
-    QTest::newRow("integer") << QByteArray("Width") << 9.0F
-                             << QStringLiteral("Min: 1\nMax: 9\nInc: 2");
-    QTest::newRow("float") << QByteArray("Gain") << 9.0F
-                           << QStringLiteral("Min: 1.000000\nMax: 9.000000");
-    QTest::newRow("float without positive maximum") << QByteArray("Gain") << 0.0F << QString();
-}
-
-void TestFeatureDocText::ranges()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(float, maximum);
-    QFETCH(QString, expected);
-    CTreeItemValue* value = m_description->item(name.constData())->value();
-    if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(value))
-        integer->setNumbers({5, 1, static_cast<qint64>(maximum), 2});
-    if (auto* number = dynamic_cast<CTreeFloatItemValue*>(value))
-        number->setNumbers({5.0F, 1.0F, maximum});
-    QCOMPARE(info(name.constData()), expected);
-}
-
-void TestFeatureDocText::entries()
-{
-    QCOMPARE(info("Mode"), QStringLiteral("Enum Entry Name: On\nEnum Entry Value: 1\n"
-                                          "Name Space: Standard\nVisibility: Beginner"));
-}
-
-void TestFeatureDocText::markersInTextsStay()
-{
-    ORXPropertyTreeItem* width = m_description->item("Width");
-    width->value()->setDisplayName(QStringLiteral("Load of line"));
-    width->value()->setDescription(QStringLiteral("At 100 percent of line."));
-    const QString text =
-        plain(m_text.GetFeatureDocText(*m_description->node("Width"), QStringLiteral("No"), width,
-                                       QStringLiteral("ENG")));
-    QVERIFY(text.contains(QStringLiteral("At 100 percent of line.")));
-}
-
-void TestFeatureDocText::rebuiltOnlyWhenAnInputChanged()
-{
-    ORXPropertyTreeItem* width = m_description->item("Width");
-    const FeatureNode& node = *m_description->node("Width");
-    m_text.update(node, width);
-    width->value()->setDocText(QStringLiteral("kept"));
-    m_text.update(node, width);
-    QCOMPARE(width->value()->docText(), QStringLiteral("kept"));
-    dynamic_cast<CTreeIntergerItemValue*>(width->value())->setNumbers({8, 4, 5000, 4});
-    m_text.update(node, width);
-    QVERIFY(plain(width->value()->docText()).contains(QStringLiteral("Max: 5000")));
-}
 
 OBFT_TEST_MAIN(TestFeatureDocText)
 #include "tst_featuredoctext.moc"

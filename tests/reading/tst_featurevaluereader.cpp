@@ -42,20 +42,25 @@ public:
 class TestFeatureValueReader : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void integerRanges_data();
-    void integerRanges();
-    void typedValues();
-    void failedReadsKeepTheLastState();
-    void usableEntries_data();
-    void usableEntries();
-    void eachDeciderIsAskedOnce();
-    void stoppingLeavesTheEntries();
-    void chunkFeatureTellsItsViews();
 
 protected:
-    void prepare() override;
-    void finish() override;
+    void prepare() override
+    {
+        m_stopped = false;
+        m_description =
+            std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
+        m_decider.setNodes(m_description->index.nodes());
+        m_reader = std::make_unique<FeatureValueReader>(m_decider, [this] { return m_stopped; });
+        m_host = std::make_unique<FakeHost>();
+        m_host->set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
+        m_host->set("ChunkEnable"_s, FakeHost::booleanFeature(true));
+        m_host->set("Mode"_s, FakeHost::enumFeature(1));
+        m_host->set("HasModes"_s, FakeHost::integerFeature(2));
+        m_host->set("IsLocked"_s, FakeHost::booleanFeature(false));
+        m_host->install();
+        m_host->clearCalls();
+    }
+    void finish() override { FakeHost::uninstall(); }
 
 private:
     void read(const char* name)
@@ -74,148 +79,117 @@ private:
     std::unique_ptr<FeatureValueReader> m_reader;
     FeatureDecider m_decider;
     bool m_stopped = false;
+
+private slots:
+    void integerRanges_data()
+    {
+        const Rows<qint64, qint64, qint64, bool> row("value", "minimum", "maximum", "repaired");
+        row("usual", 5, 0, 10, false);
+        row("empty range", 5, 0, -1, true);
+        row("wraps around", 5, INT64_MIN, INT64_MAX, true);
+        row("only upside down", 5, 10, 3, false);
+    }
+
+    void integerRanges()
+    {
+        QFETCH(qint64, value);
+        QFETCH(qint64, minimum);
+        QFETCH(qint64, maximum);
+        QFETCH(bool, repaired);
+        m_host->set("Width"_s, FakeHost::integerFeature(value, minimum, maximum, 0));
+        read("Width");
+        const auto numbers = this->value<CTreeIntergerItemValue>("Width")->numbers();
+        QCOMPARE(numbers.m_nValue, value);
+        QCOMPARE(numbers.m_nMinValue, repaired ? value : minimum);
+        QCOMPARE(numbers.m_nMaxValue, repaired ? value : maximum);
+    }
+
+    void typedValues()
+    {
+        m_host->set("Gain"_s, FakeHost::floatFeature(1.5F, -1.0F, 24.0F));
+        m_host->set("Id"_s, FakeHost::textFeature("lab 3"));
+        m_host->set("On"_s, FakeHost::booleanFeature(true));
+        read("Gain");
+        read("Id");
+        read("On");
+        const auto gain = value<CTreeFloatItemValue>("Gain")->numbers();
+        QCOMPARE(gain.m_fValue, 1.5F);
+        QCOMPARE(gain.m_fMinValue, -1.0F);
+        QCOMPARE(gain.m_fMaxValue, 24.0F);
+        QCOMPARE(value<CTreeStringItemValue>("Id")->displayValue(), "lab 3"_s);
+        QCOMPARE(value<CTreeStringItemValue>("Id")->maxLength(), 64);
+        QCOMPARE(m_description->item("On")->value()->displayValue(), "True"_s);
+    }
+
+    void failedReadsKeepTheLastState()
+    {
+        read("Mode");
+        m_host->fail("Mode"_s, 5);
+        m_host->set("HasModes"_s, FakeHost::integerFeature(0));
+        read("Mode");
+        QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
+        QCOMPARE(value<CTreeEnumationItemValue>("Mode")->number(), qint64(1));
+    }
+
+    void usableEntries_data()
+    {
+        const Rows<QString, int, bool, QString, int> row("unreadable", "hasModes", "locked",
+                                                         "display", "values");
+        row("all; equal texts once", "", 1, false, "Off Single Locked", 4);
+        row("not implemented, not available", "", 0, false, "Off Locked", 2);
+        row("locked", "", 1, true, "Off Single", 3);
+        row("unreadable implemented node", "HasModes", 1, false, "Off Locked", 2);
+        row("unreadable lock node", "IsLocked", 1, true, "Off Single Locked", 4);
+    }
+
+    void usableEntries()
+    {
+        QFETCH(QString, unreadable);
+        QFETCH(int, hasModes);
+        QFETCH(bool, locked);
+        QFETCH(int, values);
+        m_host->set("HasModes"_s, FakeHost::integerFeature(hasModes));
+        m_host->set("IsLocked"_s, FakeHost::booleanFeature(locked));
+        if (!unreadable.isEmpty())
+            m_host->fail(unreadable, 9);
+        read("Mode");
+        const auto* mode = value<CTreeEnumationItemValue>("Mode");
+        QTEST(mode->displayList().join(QLatin1Char(' ')), "display");
+        QCOMPARE(mode->displayListCN().size(), mode->displayList().size());
+        QCOMPARE(mode->valueMap().size(), values);
+        if (values == 4)
+            QCOMPARE(mode->valueMap().value(4294967295), "Single"_s);
+    }
+
+    void eachDeciderIsAskedOnce()
+    {
+        read("Mode");
+        QCOMPARE(m_host->count("get HasModes"_s), 1);
+        read("Mode");
+        QCOMPARE(m_host->count("get HasModes"_s), 2);
+    }
+
+    void stoppingLeavesTheEntries()
+    {
+        read("Mode");
+        m_host->set("HasModes"_s, FakeHost::integerFeature(0));
+        m_stopped = true;
+        read("Mode");
+        QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
+    }
+
+    void chunkFeatureTellsItsViews()
+    {
+        SpecialView view;
+        m_description->item("ChunkEnable")->registerView(&view);
+        m_description->item("On")->registerView(&view);
+        m_host->set("On"_s, FakeHost::booleanFeature(true));
+        read("On");
+        QCOMPARE(view.special, 0);
+        read("ChunkEnable");
+        QCOMPARE(view.special, 1);
+    }
 };
-
-void TestFeatureValueReader::prepare()
-{
-    m_stopped = false;
-    m_description = std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
-    m_decider.setNodes(m_description->index.nodes());
-    m_reader = std::make_unique<FeatureValueReader>(m_decider, [this] { return m_stopped; });
-    m_host = std::make_unique<FakeHost>();
-    m_host->set(QStringLiteral("ChunkModeActive"), FakeHost::booleanFeature(false));
-    m_host->set(QStringLiteral("ChunkEnable"), FakeHost::booleanFeature(true));
-    m_host->set(QStringLiteral("Mode"), FakeHost::enumFeature(1));
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(2));
-    m_host->set(QStringLiteral("IsLocked"), FakeHost::booleanFeature(false));
-    m_host->install();
-    m_host->clearCalls();
-}
-
-void TestFeatureValueReader::finish()
-{
-    FakeHost::uninstall();
-}
-
-void TestFeatureValueReader::integerRanges_data()
-{
-    QTest::addColumn<qint64>("value");
-    QTest::addColumn<qint64>("minimum");
-    QTest::addColumn<qint64>("maximum");
-    QTest::addColumn<bool>("repaired");
-    QTest::newRow("usual") << qint64(5) << qint64(0) << qint64(10) << false;
-    QTest::newRow("empty range") << qint64(5) << qint64(0) << qint64(-1) << true;
-    QTest::newRow("wraps around") << qint64(5) << qint64(INT64_MIN) << qint64(INT64_MAX) << true;
-    QTest::newRow("only upside down") << qint64(5) << qint64(10) << qint64(3) << false;
-}
-
-void TestFeatureValueReader::integerRanges()
-{
-    QFETCH(qint64, value);
-    QFETCH(qint64, minimum);
-    QFETCH(qint64, maximum);
-    QFETCH(bool, repaired);
-    m_host->set(QStringLiteral("Width"), FakeHost::integerFeature(value, minimum, maximum, 0));
-    read("Width");
-    const auto numbers = this->value<CTreeIntergerItemValue>("Width")->numbers();
-    QCOMPARE(numbers.m_nValue, value);
-    QCOMPARE(numbers.m_nMinValue, repaired ? value : minimum);
-    QCOMPARE(numbers.m_nMaxValue, repaired ? value : maximum);
-}
-
-void TestFeatureValueReader::typedValues()
-{
-    m_host->set(QStringLiteral("Gain"), FakeHost::floatFeature(1.5F, -1.0F, 24.0F));
-    m_host->set(QStringLiteral("Id"), FakeHost::textFeature("lab 3"));
-    m_host->set(QStringLiteral("On"), FakeHost::booleanFeature(true));
-    read("Gain");
-    read("Id");
-    read("On");
-    const auto gain = value<CTreeFloatItemValue>("Gain")->numbers();
-    QCOMPARE(gain.m_fValue, 1.5F);
-    QCOMPARE(gain.m_fMinValue, -1.0F);
-    QCOMPARE(gain.m_fMaxValue, 24.0F);
-    QCOMPARE(value<CTreeStringItemValue>("Id")->displayValue(), QStringLiteral("lab 3"));
-    QCOMPARE(value<CTreeStringItemValue>("Id")->maxLength(), 64);
-    QCOMPARE(m_description->item("On")->value()->displayValue(), QStringLiteral("True"));
-}
-
-void TestFeatureValueReader::failedReadsKeepTheLastState()
-{
-    read("Mode");
-    m_host->fail(QStringLiteral("Mode"), 5);
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(0));
-    read("Mode");
-    QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
-    QCOMPARE(value<CTreeEnumationItemValue>("Mode")->number(), qint64(1));
-}
-
-void TestFeatureValueReader::usableEntries_data()
-{
-    QTest::addColumn<QString>("unreadable");
-    QTest::addColumn<int>("hasModes");
-    QTest::addColumn<bool>("locked");
-    QTest::addColumn<QString>("display");
-    QTest::addColumn<int>("values");
-    QTest::newRow("all; equal texts once") << QString() << 1 << false
-                                           << QStringLiteral("Off Single Locked") << 4;
-    QTest::newRow("not implemented, not available")
-        << QString() << 0 << false << QStringLiteral("Off Locked") << 2;
-    QTest::newRow("locked") << QString() << 1 << true << QStringLiteral("Off Single") << 3;
-    QTest::newRow("unreadable implemented node")
-        << QStringLiteral("HasModes") << 1 << false << QStringLiteral("Off Locked") << 2;
-    QTest::newRow("unreadable lock node")
-        << QStringLiteral("IsLocked") << 1 << true << QStringLiteral("Off Single Locked") << 4;
-}
-
-void TestFeatureValueReader::usableEntries()
-{
-    QFETCH(QString, unreadable);
-    QFETCH(int, hasModes);
-    QFETCH(bool, locked);
-    QFETCH(QString, display);
-    QFETCH(int, values);
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(hasModes));
-    m_host->set(QStringLiteral("IsLocked"), FakeHost::booleanFeature(locked));
-    if (!unreadable.isEmpty())
-        m_host->fail(unreadable, 9);
-    read("Mode");
-    const auto* mode = value<CTreeEnumationItemValue>("Mode");
-    QCOMPARE(mode->displayList().join(QLatin1Char(' ')), display);
-    QCOMPARE(mode->displayListCN().size(), mode->displayList().size());
-    QCOMPARE(mode->valueMap().size(), values);
-    if (values == 4)
-        QCOMPARE(mode->valueMap().value(4294967295), QStringLiteral("Single"));
-}
-
-void TestFeatureValueReader::eachDeciderIsAskedOnce()
-{
-    read("Mode");
-    QCOMPARE(m_host->count(QStringLiteral("get HasModes")), 1);
-    read("Mode");
-    QCOMPARE(m_host->count(QStringLiteral("get HasModes")), 2);
-}
-
-void TestFeatureValueReader::stoppingLeavesTheEntries()
-{
-    read("Mode");
-    m_host->set(QStringLiteral("HasModes"), FakeHost::integerFeature(0));
-    m_stopped = true;
-    read("Mode");
-    QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
-}
-
-void TestFeatureValueReader::chunkFeatureTellsItsViews()
-{
-    SpecialView view;
-    m_description->item("ChunkEnable")->registerView(&view);
-    m_description->item("On")->registerView(&view);
-    m_host->set(QStringLiteral("On"), FakeHost::booleanFeature(true));
-    read("On");
-    QCOMPARE(view.special, 0);
-    read("ChunkEnable");
-    QCOMPARE(view.special, 1);
-}
 
 OBFT_TEST_MAIN(TestFeatureValueReader)
 #include "tst_featurevaluereader.moc"

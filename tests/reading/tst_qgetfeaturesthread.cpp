@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
-#include "model/CTreeIntergerItemValue.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
 #include "support/DescriptionBuilder.h"
@@ -44,34 +43,64 @@ public:
 class TestQGetFeaturesThread : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void fullPassAsksForEachThingOnce();
-    void oneItemUpdate_data();
-    void oneItemUpdate();
-    void visibilityLevels_data();
-    void visibilityLevels();
-    void hiddenByLevelIsReadOnTheFirstPassOnly();
-    void requestsMeetTheRunningPass_data();
-    void requestsMeetTheRunningPass();
-    void namesJoinTheRunningQueue();
-    void pollingReportsChanges();
-    void stopEndsThePassAndRefusesRequests();
-    void disabledNamesAreLeftAlone();
-    void noRequestIsLostAtTheEndOfAPass();
 
 protected:
-    void prepare() override;
-    void finish() override;
+    void prepare() override
+    {
+        m_description =
+            std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
+        m_host = std::make_unique<FakeHost>();
+        for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled", "Gone"})
+            m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(1));
+        for (const char* name : {"Root", "Device"})
+            m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
+        for (const char* name : {"TLParamsLocked", "Never"})
+            m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
+        m_host->install();
+        m_host->clearCalls();
+        OBDeviceControl::SetUserLevel(1);
+        m_owner.polled = 0;
+        m_thread = std::make_unique<QGetFeaturesThread>(&m_owner, nullptr);
+        m_ended = 0;
+        connect(
+            m_thread.get(), &QGetFeaturesThread::sigThreadEnd, this, [this] { ++m_ended; },
+            Qt::DirectConnection);
+        arm();
+    }
+    void finish() override
+    {
+        release();
+        m_thread.reset();
+        m_gate.acquire(m_gate.available());
+        m_reached.acquire(m_reached.available());
+        FakeHost::uninstall();
+        OBDeviceControl::SetUserLevel(1);
+    }
 
 private:
-    void arm(bool pollingEmits = false);
+    void arm(bool pollingEmits = false)
+    {
+        m_thread->SetInitThreadInfo(
+            1, pollingEmits, m_description->index.nodes(), m_description->builder.AllTreeItemsMap(),
+            m_description->index.lockableFeatures(), m_description->index.pollingMap());
+    }
     void request(_FEATURES_UPDATE_TYPE_ type, const QStringList& names, int flags)
     {
         m_thread->SetThreadInfo(type, names, Flags(flags));
         m_thread->startPass();
     }
     // Holds the worker inside reads of `name` until release() is called.
-    void holdAt(const char* name);
+    void holdAt(const char* name)
+    {
+        const QString held = QString::fromLatin1(name);
+        m_holding = true;
+        m_host->beforeGet = [this, held](const QString& read) {
+            if (read != held || !m_holding)
+                return;
+            m_reached.release();
+            m_gate.acquire();
+        };
+    }
     void release()
     {
         m_holding = false;
@@ -88,264 +117,198 @@ private:
     std::atomic<bool> m_holding{false};
     QSemaphore m_gate;
     QSemaphore m_reached;
-};
 
-void TestQGetFeaturesThread::prepare()
-{
-    m_description = std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
-    m_host = std::make_unique<FakeHost>();
-    for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled", "Gone"})
-        m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(1));
-    for (const char* name : {"Root", "Device"})
-        m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
-    for (const char* name : {"TLParamsLocked", "Never"})
-        m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
-    m_host->install();
-    m_host->clearCalls();
-    OBDeviceControl::SetUserLevel(1);
-    m_owner.polled = 0;
-    m_thread = std::make_unique<QGetFeaturesThread>(&m_owner, nullptr);
-    m_ended = 0;
-    connect(
-        m_thread.get(), &QGetFeaturesThread::sigThreadEnd, this, [this] { ++m_ended; },
-        Qt::DirectConnection);
-    arm();
-}
-
-void TestQGetFeaturesThread::finish()
-{
-    release();
-    m_thread.reset();
-    m_gate.acquire(m_gate.available());
-    m_reached.acquire(m_reached.available());
-    FakeHost::uninstall();
-    OBDeviceControl::SetUserLevel(1);
-}
-
-void TestQGetFeaturesThread::arm(bool pollingEmits)
-{
-    m_thread->SetInitThreadInfo(1, pollingEmits, m_description->index.nodes(),
-                                m_description->builder.AllTreeItemsMap(),
-                                m_description->index.lockableFeatures(),
-                                m_description->index.pollingMap());
-}
-
-void TestQGetFeaturesThread::holdAt(const char* name)
-{
-    const QString held = QString::fromLatin1(name);
-    m_holding = true;
-    m_host->beforeGet = [this, held](const QString& read) {
-        if (read != held || !m_holding)
-            return;
-        m_reached.release();
-        m_gate.acquire();
-    };
-}
-
-void TestQGetFeaturesThread::fullPassAsksForEachThingOnce()
-{
-    request(FEATURES_UPDATE_ALL, {}, 13);
-    QTRY_COMPARE(passesEnded(), 1);
-    QTRY_VERIFY(!m_thread->isPassRunning());
-    for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled"}) {
-        const QString text = QString::fromLatin1(name);
-        QCOMPARE(m_host->count(QStringLiteral("mode ") + text), 1);
-        QCOMPARE(m_host->count(QStringLiteral("get ") + text), 1);
-    }
-    QCOMPARE(m_host->count(QStringLiteral("get TLParamsLocked")), 1);
-    // Both references of one feature name the same decider: it is asked once for the item.
-    QCOMPARE(m_host->count(QStringLiteral("get Never")), 1);
-}
-
-void TestQGetFeaturesThread::oneItemUpdate_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("locked");
-    QTest::addColumn<bool>("visible");
-    QTest::addColumn<bool>("readOnly");
-    QTest::addColumn<QString>("visibility");
-    const QString beginner = QStringLiteral("Beginner");
-    const QString invisible = QStringLiteral("Invisible");
-    QTest::newRow("read-write") << QByteArray("A") << 4 << 0 << true << false << beginner;
-    QTest::newRow("read-only") << QByteArray("A") << 3 << 0 << true << true << beginner;
-    QTest::newRow("write-only") << QByteArray("A") << 2 << 0 << true << false << beginner;
-    QTest::newRow("not available") << QByteArray("A") << 1 << 0 << false << true << invisible;
-    QTest::newRow("nonsense mode") << QByteArray("A") << 77 << 0 << false << true << invisible;
-    QTest::newRow("locked") << QByteArray("Locked") << 4 << 1 << true << true << beginner;
-    QTest::newRow("unlocked") << QByteArray("Locked") << 4 << 0 << true << false << beginner;
-    QTest::newRow("not implemented node")
-        << QByteArray("Gone") << 4 << 0 << false << true << invisible;
-    QTest::newRow("other level") << QByteArray("Guru") << 4 << 0 << false << false
-                                 << QStringLiteral("Guru");
-}
-
-void TestQGetFeaturesThread::oneItemUpdate()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(int, mode);
-    QFETCH(int, locked);
-    QFETCH(bool, visible);
-    QFETCH(bool, readOnly);
-    QFETCH(QString, visibility);
-    FakeHost::Feature feature = FakeHost::integerFeature(1);
-    feature.mode = mode;
-    m_host->set(QString::fromLatin1(name), feature);
-    m_host->set(QStringLiteral("TLParamsLocked"), FakeHost::integerFeature(locked));
-    ORXPropertyTreeItem* item = m_description->item(name.constData());
-    m_thread->UpdateFeature(item, Flags(13));
-    QCOMPARE(item->visible(), visible);
-    QCOMPARE(item->readOnly(), readOnly);
-    QCOMPARE(item->visibilityString(), visibility);
-}
-
-void TestQGetFeaturesThread::visibilityLevels_data()
-{
-    QTest::addColumn<QString>("visibility");
-    QTest::addColumn<bool>("guru");
-    QTest::addColumn<bool>("beginner");
-    QTest::newRow("Beginner") << QStringLiteral("Beginner") << true << true;
-    QTest::newRow("Expert") << QStringLiteral("Expert") << true << false;
-    QTest::newRow("Guru") << QStringLiteral("Guru") << true << false;
-    QTest::newRow("Invisible") << QStringLiteral("Invisible") << false << false;
-    QTest::newRow("none") << QString() << true << true;
-    QTest::newRow("other") << QStringLiteral("guru") << false << false;
-}
-
-void TestQGetFeaturesThread::visibilityLevels()
-{
-    QFETCH(QString, visibility);
-    QFETCH(bool, guru);
-    QFETCH(bool, beginner);
-    QCOMPARE(QGetFeaturesThread::IsItemVisible(visibility, 0), guru);
-    QCOMPARE(QGetFeaturesThread::IsItemVisible(visibility, 1), beginner);
-    QCOMPARE(QGetFeaturesThread::IsItemVisible(visibility, 2), visibility.isEmpty());
-}
-
-void TestQGetFeaturesThread::hiddenByLevelIsReadOnTheFirstPassOnly()
-{
-    ORXPropertyTreeItem* guru = m_description->item("Guru");
-    m_thread->UpdateFeature(guru, Flags(13));
-    QCOMPARE(m_host->count(QStringLiteral("get Guru")), 1);
-    m_thread->UpdateFeature(guru, Flags(14));
-    QCOMPARE(m_host->count(QStringLiteral("get Guru")), 1);
-    OBDeviceControl::SetUserLevel(0);
-    request(FEATURES_UPDATE_ALL, {}, 4);
-    QTRY_VERIFY(guru->visible());
-    QCOMPARE(m_host->count(QStringLiteral("get Guru")), 1);
-}
-
-void TestQGetFeaturesThread::requestsMeetTheRunningPass_data()
-{
-    QTest::addColumn<int>("running");
-    QTest::addColumn<int>("wanted");
-    QTest::addColumn<bool>("accepted");
-    QTest::addColumn<int>("passes"); // that end by themselves once the worker goes on
-    QTest::newRow("full, full") << 0 << 0 << false << 1;
-    QTest::newRow("full, polling") << 0 << 3 << false << 1;
-    QTest::newRow("full, invalidated") << 0 << 1 << true << 2;
-    QTest::newRow("full, lockable") << 0 << 2 << true << 2;
-    QTest::newRow("invalidated, invalidated") << 1 << 1 << true << 1;
-    QTest::newRow("invalidated, full") << 1 << 0 << true << 2;
-    QTest::newRow("lockable, lockable") << 2 << 2 << true << 2;
-    QTest::newRow("lockable, full") << 2 << 0 << true << 2;
-    QTest::newRow("polling, polling") << 3 << 3 << false << 0;
-    QTest::newRow("polling, full") << 3 << 0 << true << 2;
-}
-
-void TestQGetFeaturesThread::requestsMeetTheRunningPass()
-{
-    QFETCH(int, running);
-    QFETCH(int, wanted);
-    QFETCH(bool, accepted);
-    QFETCH(int, passes);
-    const char* const heldAt[] = {"A", "B", "TLParamsLocked", "Polled"};
-    holdAt(heldAt[running]);
-    request(static_cast<_FEATURES_UPDATE_TYPE_>(running), {QStringLiteral("B")},
-            running == 3 ? 10 : 13);
-    m_reached.acquire();
-    const auto type = static_cast<_FEATURES_UPDATE_TYPE_>(wanted);
-    QCOMPARE(m_thread->SetThreadInfo(type, {QStringLiteral("C")}, Flags(13)), accepted);
-    m_thread->startPass();
-    release();
-    if (passes == 0) {
-        QTRY_VERIFY(m_host->count(QStringLiteral("get Polled")) > 2);
-        QCOMPARE(passesEnded(), 0);
-        return;
-    }
-    QTRY_COMPARE(passesEnded(), passes);
-    QTRY_VERIFY(!m_thread->isPassRunning());
-    if (wanted == 1)
-        QVERIFY(m_host->count(QStringLiteral("get C")) >= 1);
-}
-
-void TestQGetFeaturesThread::namesJoinTheRunningQueue()
-{
-    holdAt("A");
-    request(FEATURES_UPDATE_INVALIDATED, {QStringLiteral("A"), QStringLiteral("B")}, 13);
-    m_reached.acquire();
-    request(FEATURES_UPDATE_INVALIDATED, {QStringLiteral("B"), QStringLiteral("C")}, 13);
-    release();
-    QTRY_COMPARE(passesEnded(), 1);
-    // B stood in both requests before it was read: once is enough.
-    QCOMPARE(m_host->count(QStringLiteral("get B")), 1);
-    QCOMPARE(m_host->count(QStringLiteral("get C")), 1);
-}
-
-void TestQGetFeaturesThread::pollingReportsChanges()
-{
-    arm(true);
-    std::atomic<qint64> value{0};
-    m_host->beforeGet = [this, &value](const QString& name) {
-        if (name == QLatin1String("Polled"))
-            m_host->set(name, FakeHost::integerFeature(++value));
-    };
-    request(FEATURES_UPDATE_POLLING, {}, 10);
-    QTRY_VERIFY(m_owner.polled >= 3);
-    QCOMPARE(m_host->count(QStringLiteral("get A")), 0);
-    m_thread->StopThread(true, true);
-    QTRY_COMPARE(passesEnded(), 1);
-}
-
-void TestQGetFeaturesThread::stopEndsThePassAndRefusesRequests()
-{
-    holdAt("B");
-    request(FEATURES_UPDATE_ALL, {}, 13);
-    m_reached.acquire();
-    // The stop waits for the host's call, so the call has to end while it waits.
-    std::thread host([this] { release(); });
-    m_thread->StopThread(true, true);
-    host.join();
-    QCOMPARE(m_host->count(QStringLiteral("get C")), 0);
-    QVERIFY(!m_thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, Flags(13)));
-    m_thread->StopThread(false, true);
-    request(FEATURES_UPDATE_ALL, {}, 13);
-    QTRY_COMPARE(m_host->count(QStringLiteral("get C")), 1);
-}
-
-void TestQGetFeaturesThread::disabledNamesAreLeftAlone()
-{
-    m_thread->SetDisableUpdateList({QStringLiteral("B")});
-    request(FEATURES_UPDATE_ALL, {}, 13);
-    QTRY_COMPARE(passesEnded(), 1);
-    QCOMPARE(m_host->count(QStringLiteral("mode B")), 0);
-    QVERIFY(m_description->item("B")->visible());
-    m_thread->SetDisableUpdateList({});
-    QVERIFY(m_thread->UpdateFeature(m_description->item("B"), Flags(13)));
-}
-
-// Requests come exactly while passes end; each must be carried out.
-void TestQGetFeaturesThread::noRequestIsLostAtTheEndOfAPass()
-{
-    for (int round = 1; round <= 60; ++round) {
-        request(FEATURES_UPDATE_INVALIDATED, {QStringLiteral("A")}, 13);
-        if (round % 3 == 0)
-            QThread::yieldCurrentThread();
-        QTRY_VERIFY(m_host->count(QStringLiteral("get A")) >= 1);
-        m_host->clearCalls();
+private slots:
+    void fullPassAsksForEachThingOnce()
+    {
+        request(FEATURES_UPDATE_ALL, {}, 13);
+        QTRY_COMPARE(passesEnded(), 1);
         QTRY_VERIFY(!m_thread->isPassRunning());
+        for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled"}) {
+            const QString text = QString::fromLatin1(name);
+            QCOMPARE(m_host->count("mode "_s + text), 1);
+            QCOMPARE(m_host->count("get "_s + text), 1);
+        }
+        QCOMPARE(m_host->count("get TLParamsLocked"_s), 1);
+        // Both references of one feature name the same decider: it is asked once for the item.
+        QCOMPARE(m_host->count("get Never"_s), 1);
     }
-}
+
+    void oneItemUpdate_data()
+    {
+        const Rows<QByteArray, int, int, bool, bool, QString> row(
+            "name", "mode", "locked", "visible", "readOnly", "visibility");
+        const QString beginner = "Beginner"_s;
+        const QString invisible = "Invisible"_s;
+        row("read-write", "A", 4, 0, true, false, beginner);
+        row("read-only", "A", 3, 0, true, true, beginner);
+        row("write-only", "A", 2, 0, true, false, beginner);
+        row("not available", "A", 1, 0, false, true, invisible);
+        row("nonsense mode", "A", 77, 0, false, true, invisible);
+        row("locked", "Locked", 4, 1, true, true, beginner);
+        row("unlocked", "Locked", 4, 0, true, false, beginner);
+        row("not implemented node", "Gone", 4, 0, false, true, invisible);
+        row("other level", "Guru", 4, 0, false, false, "Guru");
+    }
+
+    void oneItemUpdate()
+    {
+        QFETCH(QByteArray, name);
+        QFETCH(int, mode);
+        QFETCH(int, locked);
+        QFETCH(bool, visible);
+        QFETCH(bool, readOnly);
+        FakeHost::Feature feature = FakeHost::integerFeature(1);
+        feature.mode = mode;
+        m_host->set(QString::fromLatin1(name), feature);
+        m_host->set("TLParamsLocked"_s, FakeHost::integerFeature(locked));
+        ORXPropertyTreeItem* item = m_description->item(name.constData());
+        m_thread->UpdateFeature(item, Flags(13));
+        QCOMPARE(item->visible(), visible);
+        QCOMPARE(item->readOnly(), readOnly);
+        QTEST(item->visibilityString(), "visibility");
+    }
+
+    void visibilityLevels_data()
+    {
+        const Rows<QString, bool, bool> row("visibility", "guru", "beginner");
+        row.of("Beginner", true, true);
+        row.of("Expert", true, false);
+        row.of("Guru", true, false);
+        row.of("Invisible", false, false);
+        row("none", "", true, true);
+        row("other", "guru", false, false);
+    }
+
+    void visibilityLevels()
+    {
+        QFETCH(QString, visibility);
+        QTEST(QGetFeaturesThread::IsItemVisible(visibility, 0), "guru");
+        QTEST(QGetFeaturesThread::IsItemVisible(visibility, 1), "beginner");
+        QCOMPARE(QGetFeaturesThread::IsItemVisible(visibility, 2), visibility.isEmpty());
+    }
+
+    void hiddenByLevelIsReadOnTheFirstPassOnly()
+    {
+        ORXPropertyTreeItem* guru = m_description->item("Guru");
+        m_thread->UpdateFeature(guru, Flags(13));
+        QCOMPARE(m_host->count("get Guru"_s), 1);
+        m_thread->UpdateFeature(guru, Flags(14));
+        QCOMPARE(m_host->count("get Guru"_s), 1);
+        OBDeviceControl::SetUserLevel(0);
+        request(FEATURES_UPDATE_ALL, {}, 4);
+        QTRY_VERIFY(guru->visible());
+        QCOMPARE(m_host->count("get Guru"_s), 1);
+    }
+
+    void requestsMeetTheRunningPass_data()
+    {
+        // passes that end by themselves once the worker goes on
+        const Rows<int, int, bool, int> row("running", "wanted", "accepted", "passes");
+        row("full, full", 0, 0, false, 1);
+        row("full, polling", 0, 3, false, 1);
+        row("full, invalidated", 0, 1, true, 2);
+        row("full, lockable", 0, 2, true, 2);
+        row("invalidated, invalidated", 1, 1, true, 1);
+        row("invalidated, full", 1, 0, true, 2);
+        row("lockable, lockable", 2, 2, true, 2);
+        row("lockable, full", 2, 0, true, 2);
+        row("polling, polling", 3, 3, false, 0);
+        row("polling, full", 3, 0, true, 2);
+    }
+
+    void requestsMeetTheRunningPass()
+    {
+        QFETCH(int, running);
+        QFETCH(int, wanted);
+        QFETCH(int, passes);
+        const char* const heldAt[] = {"A", "B", "TLParamsLocked", "Polled"};
+        holdAt(heldAt[running]);
+        request(static_cast<_FEATURES_UPDATE_TYPE_>(running), {"B"_s}, running == 3 ? 10 : 13);
+        m_reached.acquire();
+        const auto type = static_cast<_FEATURES_UPDATE_TYPE_>(wanted);
+        QTEST(m_thread->SetThreadInfo(type, {"C"_s}, Flags(13)), "accepted");
+        m_thread->startPass();
+        release();
+        if (passes == 0) {
+            QTRY_VERIFY(m_host->count("get Polled"_s) > 2);
+            QCOMPARE(passesEnded(), 0);
+            return;
+        }
+        QTRY_COMPARE(passesEnded(), passes);
+        QTRY_VERIFY(!m_thread->isPassRunning());
+        if (wanted == 1)
+            QVERIFY(m_host->count("get C"_s) >= 1);
+    }
+
+    void namesJoinTheRunningQueue()
+    {
+        holdAt("A");
+        request(FEATURES_UPDATE_INVALIDATED, {"A"_s, "B"_s}, 13);
+        m_reached.acquire();
+        request(FEATURES_UPDATE_INVALIDATED, {"B"_s, "C"_s}, 13);
+        release();
+        QTRY_COMPARE(passesEnded(), 1);
+        // B stood in both requests before it was read: once is enough.
+        QCOMPARE(m_host->count("get B"_s), 1);
+        QCOMPARE(m_host->count("get C"_s), 1);
+    }
+
+    void pollingReportsChanges()
+    {
+        arm(true);
+        std::atomic<qint64> value{0};
+        m_host->beforeGet = [this, &value](const QString& name) {
+            if (name == QLatin1String("Polled"))
+                m_host->set(name, FakeHost::integerFeature(++value));
+        };
+        request(FEATURES_UPDATE_POLLING, {}, 10);
+        QTRY_VERIFY(m_owner.polled >= 3);
+        QCOMPARE(m_host->count("get A"_s), 0);
+        m_thread->StopThread(true, true);
+        QTRY_COMPARE(passesEnded(), 1);
+    }
+
+    void stopEndsThePassAndRefusesRequests()
+    {
+        holdAt("B");
+        request(FEATURES_UPDATE_ALL, {}, 13);
+        m_reached.acquire();
+        // The stop waits for the host's call, so the call has to end while it waits.
+        std::thread host([this] { release(); });
+        m_thread->StopThread(true, true);
+        host.join();
+        QCOMPARE(m_host->count("get C"_s), 0);
+        QVERIFY(!m_thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, Flags(13)));
+        m_thread->StopThread(false, true);
+        request(FEATURES_UPDATE_ALL, {}, 13);
+        QTRY_COMPARE(m_host->count("get C"_s), 1);
+    }
+
+    void disabledNamesAreLeftAlone()
+    {
+        m_thread->SetDisableUpdateList({"B"_s});
+        request(FEATURES_UPDATE_ALL, {}, 13);
+        QTRY_COMPARE(passesEnded(), 1);
+        QCOMPARE(m_host->count("mode B"_s), 0);
+        QVERIFY(m_description->item("B")->visible());
+        m_thread->SetDisableUpdateList({});
+        QVERIFY(m_thread->UpdateFeature(m_description->item("B"), Flags(13)));
+    }
+
+    // Requests come exactly while passes end; each must be carried out.
+    void noRequestIsLostAtTheEndOfAPass()
+    {
+        for (int round = 1; round <= 60; ++round) {
+            request(FEATURES_UPDATE_INVALIDATED, {"A"_s}, 13);
+            if (round % 3 == 0)
+                QThread::yieldCurrentThread();
+            QTRY_VERIFY(m_host->count("get A"_s) >= 1);
+            m_host->clearCalls();
+            QTRY_VERIFY(!m_thread->isPassRunning());
+        }
+    }
+};
 
 OBFT_TEST_MAIN(TestQGetFeaturesThread)
 #include "tst_qgetfeaturesthread.moc"

@@ -64,278 +64,260 @@ qreal contrast(const QColor& a, const QColor& b)
 class TestZELCustom : public GuardedTest
 {
     Q_OBJECT
-private slots:
-    void initTestCase();
-    void unknownColourIsReportedOnce();
-    void worksWithoutPacks();
-    void packsHoldAllPictures();
-    void everyKeyIsDefined();
-    void textIsReadable_data();
-    void textIsReadable();
-    void laterFileOverrides();
-    void malformedFileChangesNothing_data();
-    void malformedFileChangesNothing();
-    void circularReferenceIsUndefined();
-    void sheetsAreComplete();
-    void widgetsFollowTheTheme();
-    void workersLookUpWhileAFileIsLoaded();
-    void fontShowsChinese();
 
 private:
-    QString themeFile(const QByteArray& content);
+    QString themeFile(const QByteArray& content)
+    {
+        QFile file(m_folder.filePath("theme%1.xml"_s.arg(++m_files)));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(content);
+        return file.fileName();
+    }
 
     QTemporaryDir m_folder;
     int m_files = 0;
-};
 
-QString TestZELCustom::themeFile(const QByteArray& content)
-{
-    QFile file(m_folder.filePath(QStringLiteral("theme%1.xml").arg(++m_files)));
-    if (file.open(QIODevice::WriteOnly))
-        file.write(content);
-    return file.fileName();
-}
+private slots:
+    void initTestCase() { QVERIFY(m_folder.isValid()); }
 
-void TestZELCustom::initTestCase()
-{
-    QVERIFY(m_folder.isValid());
-}
-
-void TestZELCustom::unknownColourIsReportedOnce()
-{
-    const QString key = QStringLiteral("Nowhere_Background");
-    const QColor color = ZELCustom::getDataBaseColor(key);
-    QCOMPARE(color, ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Surface")));
-    ZELCustom::getDataBaseColor(QStringLiteral("ZEL_DB_COLOR_Nowhere_Background"));
-    QCOMPARE(MessageGuard::messages().filter(key).size(), 1);
-    QVERIFY(!ZELCustom::hasDataBaseColor(key));
-}
-
-void TestZELCustom::worksWithoutPacks()
-{
-    MessageGuard::expectMessage(QStringLiteral("cannot be opened"));
-    QVERIFY(!ZELCustom::addXmlPath(QString::fromLatin1(kTheme)));
-    for (const char* key : kKeys)
-        QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
-    QVERIFY(!ZELCustom::styleSheet(ZELCustom::Sheet_Tree).isEmpty());
-}
-
-void TestZELCustom::packsHoldAllPictures()
-{
-    for (const char* pack : {"Client", "StyledCtl", "ToolBarBtn"}) {
-        QVERIFY2(QResource::registerResource(
-                     QStringLiteral(OBFT_RESOURCE_DIR "/%1_Default.rcc").arg(QLatin1String(pack))),
-                 pack);
-    }
-    QStringList names;
-    for (const char* name :
-         {"mode1_WhiteHot", "mode2_BlackHot", "mode3_Fusion1", "mode4_Rainbow", "mode5_Fusion2",
-          "mode6_Ironbow1", "mode7_Ironbow2", "mode8_Sepia", "mode9_Color1", "mode10_Color2",
-          "mode11_IceFire", "mode12_Rain", "mode13_GreenHot", "mode14_RedHot"})
-        names << QStringLiteral(":/ORX/Temperature/%1").arg(QLatin1String(name));
-    for (const char* name :
-         {"Save", "Save_sel", "Save_dis", "refresh", "refresh_sel", "refresh_dis", "icon_Cn_normal",
-          "icon_Cn_hover", "icon_En_normal", "icon_En_hover"})
-        names << QStringLiteral(":/ORXToolBarBtn/%1").arg(QLatin1String(name));
-    names << QStringLiteral(":/ORX/btn/FFC tool") << QStringLiteral(":/ORX/icon/window")
-          << QStringLiteral(":/ORXStyledCtl/message_error");
-    for (const QString& name : qAsConst(names)) {
-        const QImage once(name + QStringLiteral(".png"));
-        const QImage twice(name + QStringLiteral("@2x.png"));
-        QVERIFY2(!once.isNull(), qPrintable(name));
-        QCOMPARE(twice.size(), once.size() * 2);
-        if (name.contains(QStringLiteral("Temperature")))
-            QCOMPARE(once.size(), QSize(182, 22));
-    }
-}
-
-void TestZELCustom::everyKeyIsDefined()
-{
-    QVERIFY(ZELCustom::addXmlPath(QString::fromLatin1(kTheme)));
-    for (const char* key : kKeys) {
-        QVERIFY2(ZELCustom::hasDataBaseColor(QString::fromLatin1(key)), key);
-        QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
-    }
-    QVERIFY(!MessageGuard::contains(QStringLiteral("Theme has no")));
-    const QBrush gradient = ZELCustom::getDataBaseBrush(
-        QStringLiteral("ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gradient"));
-    QCOMPARE(gradient.style(), Qt::LinearGradientPattern);
-}
-
-void TestZELCustom::textIsReadable_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("ground");
-    const auto row = [](const char* text, const char* ground) {
-        QTest::addRow("%s on %s", text, ground)
-            << QString::fromLatin1(text) << QString::fromLatin1(ground);
-    };
-    for (const char* ground :
-         {"StyledCtlColor_Input", "StyledCtlColor_Window", "StyledCtlColor_Surface",
-          "StyledCtlColor_Raised", "StyledCtlColor_Popup"}) {
-        row("StyledCtlColor_Text", ground);
-        row("StyledCtlColor_TextMuted", ground);
-        row("StyledCtlColor_TextDisabled", ground);
-    }
-    row("StyledCtlColor_Text", "StyledCtlColor_Hover");
-    row("StyledCtlColor_Placeholder", "StyledCtlColor_Input");
-    row("StyledCtlColor_Error", "StyledCtlColor_Raised");
-    row("StyledCtlColor_Error", "StyledCtlColor_Hover");
-    row("StyledCtlColor_OnAccent", "StyledCtlColor_Accent");
-    row("StyledCtlColor_OnAccent", "StyledCtlColor_AccentHover");
-    row("StyledCtlColor_OnAccent", "StyledCtlColor_AccentPressed");
-    row("StyledCtlColor_SelectionText", "StyledCtlColor_Selection");
-    row("StyledCtlColor_SelectionText", "StyledCtlColor_TextSelection");
-    row("ORXPropertyTreeModelColor_Foreground_Default", "IORXFeatureWidgetColor_Background");
-    row("ORXPropertyTreeModelColor_Foreground_Default", "StyledCtlColor_Selection");
-    row("ORXPropertyTreeModelColor_Foreground", "IORXFeatureWidgetColor_Background");
-    row("CommonColor_PushButton_Bottom_Border", "IORXFeatureWidgetColor_Background");
-    row("CommonColor_PushButton_Bottom_Border", "StyledCtlColor_Selection");
-    row("QGetFeaturesThreadColor_FeatureDesc", "StyledCtlColor_Window");
-    row("QLUTDrawWidgetColor_Label_Font1", "QLUTDrawWidgetColor_Background");
-    row("ORXFeatureSaveWidgetColor_Label_Font_Orange", "StyledCtlColor_Surface");
-}
-
-void TestZELCustom::textIsReadable()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, ground);
-    const qreal ratio =
-        contrast(ZELCustom::getDataBaseColor(text), ZELCustom::getDataBaseColor(ground));
-    QVERIFY2(ratio >= 4.5, qPrintable(QString::number(ratio)));
-}
-
-void TestZELCustom::laterFileOverrides()
-{
-    const QString link = QStringLiteral("CommonColor_DragBox_Border");
-    QVERIFY(ZELCustom::addXmlPath(
-        themeFile("<Theme><Color key=\"StyledCtlColor_Accent\" value=\"#FFB000\"/>"
-                  "<Color key=\"ZEL_DB_COLOR_Extra\" value=\"#80112233\"/>"
-                  "<StyleSheet number=\"77\">QFrame { color: @Extra@; }</StyleSheet></Theme>")));
-    QCOMPARE(ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Accent")),
-             QColor(255, 176, 0));
-    // Keys that refer to an overridden colour follow it.
-    QCOMPARE(ZELCustom::getDataBaseColor(link), QColor(255, 176, 0));
-    QCOMPARE(ZELCustom::styleSheet(77), QStringLiteral("QFrame { color: rgba(17,34,51,128); }"));
-    QVERIFY(ZELCustom::addXmlPath(
-        themeFile("<Theme><Color key=\"StyledCtlColor_Accent\" value=\"#34BFA9\"/></Theme>")));
-    QCOMPARE(ZELCustom::getDataBaseColor(link), QColor(0x34, 0xBF, 0xA9));
-    QVERIFY(ZELCustom::hasDataBaseColor(QStringLiteral("Extra")));
-}
-
-void TestZELCustom::malformedFileChangesNothing_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    const QByteArray good("<Color key=\"StyledCtlColor_Text\" value=\"#010203\"/>");
-    QTest::newRow("not closed") << "<Theme>" + good;
-    QTest::newRow("other root") << "<Style>" + good + "</Style>";
-    QTest::newRow("no colour") << "<Theme>" + good + "<Color key=\"A\" value=\"blueish\"/></Theme>";
-    QTest::newRow("no key") << "<Theme>" + good + "<Color value=\"#000000\"/></Theme>";
-    QTest::newRow("half a gradient")
-        << "<Theme>" + good + "<Gradient key=\"A\" from=\"#000000\"/></Theme>";
-    QTest::newRow("no number") << "<Theme>" + good + "<StyleSheet>x</StyleSheet></Theme>";
-    QTest::newRow("unknown element") << "<Theme>" + good + "<Colour/></Theme>";
-    QTest::newRow("empty") << QByteArray();
-}
-
-void TestZELCustom::malformedFileChangesNothing()
-{
-    QFETCH(QByteArray, content);
-    const QColor before = ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Text"));
-    MessageGuard::expectMessage(QStringLiteral("is not used"));
-    QVERIFY(!ZELCustom::addXmlPath(themeFile(content)));
-    QVERIFY(MessageGuard::contains(QStringLiteral("is not used")));
-    QCOMPARE(ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Text")), before);
-}
-
-void TestZELCustom::circularReferenceIsUndefined()
-{
-    QVERIFY(ZELCustom::addXmlPath(themeFile("<Theme><Color key=\"Egg_Font\" ref=\"Hen_Font\"/>"
-                                            "<Color key=\"Hen_Font\" ref=\"Egg_Font\"/></Theme>")));
-    QCOMPARE(ZELCustom::getDataBaseColor(QStringLiteral("Egg_Font")),
-             ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Text")));
-    QVERIFY(MessageGuard::contains(QStringLiteral("Egg_Font")));
-}
-
-void TestZELCustom::sheetsAreComplete()
-{
-    for (int number = ZELCustom::Sheet_Base; number <= ZELCustom::Sheet_Tree; ++number) {
-        const QString sheet = ZELCustom::styleSheet(number);
-        QVERIFY2(!sheet.isEmpty(), qPrintable(QString::number(number)));
-        QVERIFY2(!sheet.contains(QLatin1Char('@')), qPrintable(sheet));
-    }
-    QVERIFY(!MessageGuard::contains(QStringLiteral("Theme has no")));
-    // Parsing warns about faults in a sheet, and the guard turns a warning into a failure.
-    QWidget widget;
-    for (int number = ZELCustom::Sheet_Base; number <= ZELCustom::Sheet_Tree; ++number) {
-        widget.setStyleSheet(ZELCustom::styleSheet(number));
-        widget.ensurePolished();
-    }
-    QVERIFY(ZELCustom::styleSheet(4711).isEmpty());
-    QCOMPARE(MessageGuard::messages().filter(QStringLiteral("style sheet 4711")).size(), 1);
-}
-
-void TestZELCustom::widgetsFollowTheTheme()
-{
-    class Panel : public QWidget, public ZELCustomQssHelper
+    void unknownColourIsReportedOnce()
     {
-    public:
-        Panel()
-            : ZELCustomQssHelper(this)
+        const QString key = "Nowhere_Background"_s;
+        const QColor color = ZELCustom::getDataBaseColor(key);
+        QCOMPARE(color, ZELCustom::getDataBaseColor("StyledCtlColor_Surface"_s));
+        ZELCustom::getDataBaseColor("ZEL_DB_COLOR_Nowhere_Background"_s);
+        QCOMPARE(MessageGuard::messages().filter(key).size(), 1);
+        QVERIFY(!ZELCustom::hasDataBaseColor(key));
+    }
+
+    void worksWithoutPacks()
+    {
+        MessageGuard::expectMessage("cannot be opened"_s);
+        QVERIFY(!ZELCustom::addXmlPath(QString::fromLatin1(kTheme)));
+        for (const char* key : kKeys)
+            QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
+        QVERIFY(!ZELCustom::styleSheet(ZELCustom::Sheet_Tree).isEmpty());
+    }
+
+    void packsHoldAllPictures()
+    {
+        for (const char* pack : {"Client", "StyledCtl", "ToolBarBtn"}) {
+            QVERIFY2(
+                QResource::registerResource(
+                    QStringLiteral(OBFT_RESOURCE_DIR "/%1_Default.rcc").arg(QLatin1String(pack))),
+                pack);
+        }
+        QStringList names;
+        for (const char* name :
+             {"mode1_WhiteHot", "mode2_BlackHot", "mode3_Fusion1", "mode4_Rainbow", "mode5_Fusion2",
+              "mode6_Ironbow1", "mode7_Ironbow2", "mode8_Sepia", "mode9_Color1", "mode10_Color2",
+              "mode11_IceFire", "mode12_Rain", "mode13_GreenHot", "mode14_RedHot"})
+            names << ":/ORX/Temperature/%1"_s.arg(QLatin1String(name));
+        for (const char* name :
+             {"Save", "Save_sel", "Save_dis", "refresh", "refresh_sel", "refresh_dis",
+              "icon_Cn_normal", "icon_Cn_hover", "icon_En_normal", "icon_En_hover"})
+            names << ":/ORXToolBarBtn/%1"_s.arg(QLatin1String(name));
+        names << ":/ORX/btn/FFC tool"_s
+              << ":/ORX/icon/window"_s
+              << ":/ORXStyledCtl/message_error"_s;
+        for (const QString& name : qAsConst(names)) {
+            const QImage once(name + ".png"_s);
+            const QImage twice(name + "@2x.png"_s);
+            QVERIFY2(!once.isNull(), qPrintable(name));
+            QCOMPARE(twice.size(), once.size() * 2);
+            if (name.contains("Temperature"_s))
+                QCOMPARE(once.size(), QSize(182, 22));
+        }
+    }
+
+    void everyKeyIsDefined()
+    {
+        QVERIFY(ZELCustom::addXmlPath(QString::fromLatin1(kTheme)));
+        for (const char* key : kKeys) {
+            QVERIFY2(ZELCustom::hasDataBaseColor(QString::fromLatin1(key)), key);
+            QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
+        }
+        QVERIFY(!MessageGuard::contains("Theme has no"_s));
+        const QBrush gradient = ZELCustom::getDataBaseBrush(
+            "ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gradient"_s);
+        QCOMPARE(gradient.style(), Qt::LinearGradientPattern);
+    }
+
+    void textIsReadable_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("ground");
+        const auto row = [](const char* text, const char* ground) {
+            QTest::addRow("%s on %s", text, ground)
+                << QString::fromLatin1(text) << QString::fromLatin1(ground);
+        };
+        for (const char* ground :
+             {"StyledCtlColor_Input", "StyledCtlColor_Window", "StyledCtlColor_Surface",
+              "StyledCtlColor_Raised", "StyledCtlColor_Popup"}) {
+            row("StyledCtlColor_Text", ground);
+            row("StyledCtlColor_TextMuted", ground);
+            row("StyledCtlColor_TextDisabled", ground);
+        }
+        row("StyledCtlColor_Text", "StyledCtlColor_Hover");
+        row("StyledCtlColor_Placeholder", "StyledCtlColor_Input");
+        row("StyledCtlColor_Error", "StyledCtlColor_Raised");
+        row("StyledCtlColor_Error", "StyledCtlColor_Hover");
+        row("StyledCtlColor_OnAccent", "StyledCtlColor_Accent");
+        row("StyledCtlColor_OnAccent", "StyledCtlColor_AccentHover");
+        row("StyledCtlColor_OnAccent", "StyledCtlColor_AccentPressed");
+        row("StyledCtlColor_SelectionText", "StyledCtlColor_Selection");
+        row("StyledCtlColor_SelectionText", "StyledCtlColor_TextSelection");
+        row("ORXPropertyTreeModelColor_Foreground_Default", "IORXFeatureWidgetColor_Background");
+        row("ORXPropertyTreeModelColor_Foreground_Default", "StyledCtlColor_Selection");
+        row("ORXPropertyTreeModelColor_Foreground", "IORXFeatureWidgetColor_Background");
+        row("CommonColor_PushButton_Bottom_Border", "IORXFeatureWidgetColor_Background");
+        row("CommonColor_PushButton_Bottom_Border", "StyledCtlColor_Selection");
+        row("QGetFeaturesThreadColor_FeatureDesc", "StyledCtlColor_Window");
+        row("QLUTDrawWidgetColor_Label_Font1", "QLUTDrawWidgetColor_Background");
+        row("ORXFeatureSaveWidgetColor_Label_Font_Orange", "StyledCtlColor_Surface");
+    }
+
+    void textIsReadable()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, ground);
+        const qreal ratio =
+            contrast(ZELCustom::getDataBaseColor(text), ZELCustom::getDataBaseColor(ground));
+        QVERIFY2(ratio >= 4.5, qPrintable(QString::number(ratio)));
+    }
+
+    void laterFileOverrides()
+    {
+        const QString link = "CommonColor_DragBox_Border"_s;
+        QVERIFY(ZELCustom::addXmlPath(themeFile(
+            "<Theme><Color key=\"StyledCtlColor_Accent\" value=\"#FFB000\"/>"
+            "<Color key=\"ZEL_DB_COLOR_Extra\" value=\"#80112233\"/>"
+            "<StyleSheet number=\"77\">QFrame { color: @Extra@; }</StyleSheet></Theme>")));
+        QCOMPARE(ZELCustom::getDataBaseColor("StyledCtlColor_Accent"_s), QColor(255, 176, 0));
+        // Keys that refer to an overridden colour follow it.
+        QCOMPARE(ZELCustom::getDataBaseColor(link), QColor(255, 176, 0));
+        QCOMPARE(ZELCustom::styleSheet(77), "QFrame { color: rgba(17,34,51,128); }"_s);
+        QVERIFY(ZELCustom::addXmlPath(
+            themeFile("<Theme><Color key=\"StyledCtlColor_Accent\" value=\"#34BFA9\"/></Theme>")));
+        QCOMPARE(ZELCustom::getDataBaseColor(link), QColor(0x34, 0xBF, 0xA9));
+        QVERIFY(ZELCustom::hasDataBaseColor("Extra"_s));
+    }
+
+    void malformedFileChangesNothing_data()
+    {
+        const Rows<QByteArray> row("content");
+        const QByteArray good("<Color key=\"StyledCtlColor_Text\" value=\"#010203\"/>");
+        row("not closed", "<Theme>" + good);
+        row("other root", "<Style>" + good + "</Style>");
+        row("no colour", "<Theme>" + good + "<Color key=\"A\" value=\"blueish\"/></Theme>");
+        row("no key", "<Theme>" + good + "<Color value=\"#000000\"/></Theme>");
+        row("half a gradient", "<Theme>" + good + "<Gradient key=\"A\" from=\"#000000\"/></Theme>");
+        row("no number", "<Theme>" + good + "<StyleSheet>x</StyleSheet></Theme>");
+        row("unknown element", "<Theme>" + good + "<Colour/></Theme>");
+        row("empty", "");
+    }
+
+    void malformedFileChangesNothing()
+    {
+        QFETCH(QByteArray, content);
+        const QColor before = ZELCustom::getDataBaseColor("StyledCtlColor_Text"_s);
+        MessageGuard::expectMessage("is not used"_s);
+        QVERIFY(!ZELCustom::addXmlPath(themeFile(content)));
+        QVERIFY(MessageGuard::contains("is not used"_s));
+        QCOMPARE(ZELCustom::getDataBaseColor("StyledCtlColor_Text"_s), before);
+    }
+
+    void circularReferenceIsUndefined()
+    {
+        QVERIFY(
+            ZELCustom::addXmlPath(themeFile("<Theme><Color key=\"Egg_Font\" ref=\"Hen_Font\"/>"
+                                            "<Color key=\"Hen_Font\" ref=\"Egg_Font\"/></Theme>")));
+        QCOMPARE(ZELCustom::getDataBaseColor("Egg_Font"_s),
+                 ZELCustom::getDataBaseColor("StyledCtlColor_Text"_s));
+        QVERIFY(MessageGuard::contains("Egg_Font"_s));
+    }
+
+    void sheetsAreComplete()
+    {
+        for (int number = ZELCustom::Sheet_Base; number <= ZELCustom::Sheet_Tree; ++number) {
+            const QString sheet = ZELCustom::styleSheet(number);
+            QVERIFY2(!sheet.isEmpty(), qPrintable(QString::number(number)));
+            QVERIFY2(!sheet.contains(QLatin1Char('@')), qPrintable(sheet));
+        }
+        QVERIFY(!MessageGuard::contains("Theme has no"_s));
+        // Parsing warns about faults in a sheet, and the guard turns a warning into a failure.
+        QWidget widget;
+        for (int number = ZELCustom::Sheet_Base; number <= ZELCustom::Sheet_Tree; ++number) {
+            widget.setStyleSheet(ZELCustom::styleSheet(number));
+            widget.ensurePolished();
+        }
+        QVERIFY(ZELCustom::styleSheet(4711).isEmpty());
+        QCOMPARE(MessageGuard::messages().filter("style sheet 4711"_s).size(), 1);
+    }
+
+    void widgetsFollowTheTheme()
+    {
+        class Panel : public QWidget, public ZELCustomQssHelper
         {
-            cSetStyleSheets({ZELCustom::Sheet_ScrollBar}, QStringLiteral("* { color: @Own@; }"));
-        }
-        int changes = 0;
+        public:
+            Panel()
+                : ZELCustomQssHelper(this)
+            {
+                cSetStyleSheets({ZELCustom::Sheet_ScrollBar}, "* { color: @Own@; }"_s);
+            }
+            int changes = 0;
 
-    protected:
-        void cThemeChanged() override { ++changes; }
-    };
-    QVERIFY(
-        ZELCustom::addXmlPath(themeFile("<Theme><Color key=\"Own\" value=\"#0A0B0C\"/></Theme>")));
-    Panel panel;
-    ZELCustomLabel label;
-    label.cSetTextColor(QStringLiteral("Own"));
-    QVERIFY(panel.styleSheet().contains(QStringLiteral("rgba(10,11,12,255)")));
-    QVERIFY(
-        ZELCustom::addXmlPath(themeFile("<Theme><Color key=\"Own\" value=\"#F0E0D0\"/></Theme>")));
-    QVERIFY(panel.styleSheet().contains(QStringLiteral("rgba(240,224,208,255)")));
-    QCOMPARE(panel.changes, 1);
-    QCOMPARE(label.palette().color(QPalette::WindowText), QColor(0xF0, 0xE0, 0xD0));
-}
+        protected:
+            void cThemeChanged() override { ++changes; }
+        };
+        QVERIFY(ZELCustom::addXmlPath(
+            themeFile("<Theme><Color key=\"Own\" value=\"#0A0B0C\"/></Theme>")));
+        Panel panel;
+        ZELCustomLabel label;
+        label.cSetTextColor("Own"_s);
+        QVERIFY(panel.styleSheet().contains("rgba(10,11,12,255)"_s));
+        QVERIFY(ZELCustom::addXmlPath(
+            themeFile("<Theme><Color key=\"Own\" value=\"#F0E0D0\"/></Theme>")));
+        QVERIFY(panel.styleSheet().contains("rgba(240,224,208,255)"_s));
+        QCOMPARE(panel.changes, 1);
+        QCOMPARE(label.palette().color(QPalette::WindowText), QColor(0xF0, 0xE0, 0xD0));
+    }
 
-void TestZELCustom::workersLookUpWhileAFileIsLoaded()
-{
-    const QStringList files = {themeFile("<Theme><Color key=\"Tick\" value=\"#000001\"/></Theme>"),
-                               themeFile("<Theme><Color key=\"Tick\" value=\"#000002\"/></Theme>")};
-    QVERIFY(ZELCustom::addXmlPath(files.at(0)));
-    std::atomic<bool> stop{false};
-    std::atomic<int> wrong{0};
-    const auto look = [&] {
-        while (!stop) {
-            const int blue = ZELCustom::getDataBaseColor(QStringLiteral("Tick")).blue();
-            wrong += blue != 1 && blue != 2;
-            wrong += ZELCustom::globalFontFamily(1).isEmpty();
-            ZELCustom::getDataBaseColor(QStringLiteral("Unknown_Font"));
-        }
-    };
-    std::thread first(look);
-    std::thread second(look);
-    for (int i = 0; i < 50; ++i)
-        ZELCustom::addXmlPath(files.at(i % 2));
-    stop = true;
-    first.join();
-    second.join();
-    QCOMPARE(wrong.load(), 0);
-}
+    void workersLookUpWhileAFileIsLoaded()
+    {
+        const QStringList files = {
+            themeFile("<Theme><Color key=\"Tick\" value=\"#000001\"/></Theme>"),
+            themeFile("<Theme><Color key=\"Tick\" value=\"#000002\"/></Theme>")};
+        QVERIFY(ZELCustom::addXmlPath(files.at(0)));
+        std::atomic<bool> stop{false};
+        std::atomic<int> wrong{0};
+        const auto look = [&] {
+            while (!stop) {
+                const int blue = ZELCustom::getDataBaseColor("Tick"_s).blue();
+                wrong += blue != 1 && blue != 2;
+                wrong += ZELCustom::globalFontFamily(1).isEmpty();
+                ZELCustom::getDataBaseColor("Unknown_Font"_s);
+            }
+        };
+        std::thread first(look);
+        std::thread second(look);
+        for (int i = 0; i < 50; ++i)
+            ZELCustom::addXmlPath(files.at(i % 2));
+        stop = true;
+        first.join();
+        second.join();
+        QCOMPARE(wrong.load(), 0);
+    }
 
-void TestZELCustom::fontShowsChinese()
-{
-    QVERIFY(!ZELCustom::globalFontFamily(1).isEmpty());
-    QCOMPARE(ZELCustom::font(17).pixelSize(), 17);
-    const QRawFont raw = QRawFont::fromFont(ZELCustom::font(13));
-    QVERIFY2(raw.supportsCharacter(0x66DDu) && raw.supportsCharacter(QLatin1Char('g')),
-             qPrintable(raw.familyName()));
-}
+    void fontShowsChinese()
+    {
+        QVERIFY(!ZELCustom::globalFontFamily(1).isEmpty());
+        QCOMPARE(ZELCustom::font(17).pixelSize(), 17);
+        const QRawFont raw = QRawFont::fromFont(ZELCustom::font(13));
+        QVERIFY2(raw.supportsCharacter(0x66DDu) && raw.supportsCharacter(QLatin1Char('g')),
+                 qPrintable(raw.familyName()));
+    }
+};
 
 OBFT_TEST_MAIN(TestZELCustom)
 #include "tst_zelcustom.moc"

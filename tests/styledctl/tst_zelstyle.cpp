@@ -20,33 +20,18 @@
 
 #include <functional>
 
-// Behaviour that the controls share: wheel, keyboard, focus sign, fitting into tree rows.
-class TestZELStyle : public GuardedTest
-{
-    Q_OBJECT
-private slots:
-    void wheelNeedsFocus_data() { controls(); }
-    void wheelNeedsFocus();
-    void focusIsVisible_data() { controls(); }
-    void focusIsVisible();
-    void keyboardAlone();
-    void typingEmitsOnce_data();
-    void typingEmitsOnce();
-    void numbersIgnoreTheLocale();
-    void steppingAsksToSave();
-    void searchBox();
-    void comboBoxBuildsItsListLate();
-    void comboBoxSizeFollowsEntriesAndFont();
-    void treeRowsHaveTheFixedHeight();
-    void controlLooksTheSameUnderAnOwnerWithSheet();
-
-private:
-    void controls();
-};
-
 namespace {
 
 using Make = std::function<QWidget*()>;
+
+// A control of numbers, in the middle of its range.
+template <typename Control>
+QWidget* halfway()
+{
+    auto* control = new Control;
+    control->setValue(50);
+    return control;
+}
 
 // A window with the control and something else that can take the focus.
 struct Stage
@@ -91,240 +76,236 @@ bool sendWheel(QWidget* control)
 
 Q_DECLARE_METATYPE(Make)
 
-void TestZELStyle::controls()
+// Behaviour that the controls share: wheel, keyboard, focus sign, fitting into tree rows.
+class TestZELStyle : public GuardedTest
 {
-    QTest::addColumn<Make>("make");
-    QTest::newRow("combo box") << Make([] {
-        auto* box = new ZELCustomComboBox;
-        box->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
-        box->setCurrentIndex(1);
-        return box;
-    });
-    QTest::newRow("spin box") << Make([] {
-        auto* box = new ZELCustomSpinBox;
-        box->setValue(50);
-        return box;
-    });
-    QTest::newRow("spin box 64") << Make([] {
-        auto* box = new ZELCustomSpinBox64;
-        box->setValue(50);
-        return box;
-    });
-    QTest::newRow("double spin box") << Make([] {
-        auto* box = new ZELCustomDoubleSpinBox;
-        box->setValue(50);
-        return box;
-    });
-    QTest::newRow("slider") << Make([] {
-        auto* slider = new ZELCustomSlider(Qt::Horizontal);
-        slider->setValue(50);
-        return slider;
-    });
-}
+    Q_OBJECT
 
-void TestZELStyle::wheelNeedsFocus()
-{
-    QFETCH(Make, make);
-    Stage stage(make());
-    QVERIFY(QTest::qWaitForWindowActive(&stage.window));
-    stage.other.setFocus();
-    const QVariant before = valueOf(stage.control);
-    QVERIFY(before.isValid());
-    QVERIFY(!sendWheel(stage.control));
-    QVERIFY(!stage.control->hasFocus());
-    QCOMPARE(valueOf(stage.control), before);
-    stage.control->setFocus();
-    QVERIFY(sendWheel(stage.control));
-    QVERIFY(valueOf(stage.control) != before);
-}
-
-void TestZELStyle::focusIsVisible()
-{
-    QFETCH(Make, make);
-    Stage stage(make());
-    QVERIFY(QTest::qWaitForWindowActive(&stage.window));
-    const QRgb accent = ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Accent")).rgb();
-    const auto accentPixels = [&] {
-        const QImage image = stage.control->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        int count = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                count += image.pixel(x, y) == accent;
-        }
-        return count;
-    };
-    stage.other.setFocus();
-    const int without = accentPixels();
-    stage.control->setFocus(Qt::TabFocusReason);
-    QTRY_VERIFY(stage.control->hasFocus());
-    QVERIFY2(accentPixels() > without + 10, qPrintable(QString::number(without)));
-}
-
-void TestZELStyle::keyboardAlone()
-{
-    ZELCustomCheckBox box;
-    QTest::keyClick(&box, Qt::Key_Space);
-    QVERIFY(box.isChecked());
-    QTest::keyClick(&box, Qt::Key_Return);
-    QVERIFY(!box.isChecked());
-    ZELCustomPushButton button;
-    QSignalSpy clicked(&button, &QPushButton::clicked);
-    QTest::keyClick(&button, Qt::Key_Space);
-    QTest::keyClick(&button, Qt::Key_Enter);
-    QCOMPARE(clicked.size(), 2);
-}
-
-void TestZELStyle::typingEmitsOnce_data()
-{
-    QTest::addColumn<bool>("real");
-    QTest::newRow("integer") << false;
-    QTest::newRow("floating point") << true;
-}
-
-void TestZELStyle::typingEmitsOnce()
-{
-    QFETCH(bool, real);
-    auto* whole = new ZELCustomSpinBox;
-    auto* broken = new ZELCustomDoubleSpinBox;
-    Stage stage(real ? static_cast<QWidget*>(broken) : whole);
-    const QScopedPointer<QWidget> spare(real ? static_cast<QWidget*>(whole) : broken);
-    QSignalSpy changed(stage.control, SIGNAL(valueChanged(QString)));
-    QLineEdit* edit = real ? broken->lineEdit() : whole->lineEdit();
-    edit->selectAll();
-    QTest::keyClicks(stage.control, QStringLiteral("42"));
-    QCOMPARE(changed.size(), 0);
-    QTest::keyClick(stage.control, Qt::Key_Return);
-    QCOMPARE(changed.size(), 1);
-}
-
-void TestZELStyle::numbersIgnoreTheLocale()
-{
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    ZELCustomDoubleSpinBox box;
-    box.setRange(0, 1e6);
-    box.setValue(1234.5);
-    ZELCustomSpinBox whole;
-    whole.setRange(0, 1000000);
-    whole.setValue(123456);
-    QLocale::setDefault(QLocale::c());
-    QCOMPARE(box.text(), QStringLiteral("1234.50"));
-    QCOMPARE(whole.text(), QStringLiteral("123456"));
-}
-
-void TestZELStyle::steppingAsksToSave()
-{
-    ZELCustomSlider slider(Qt::Horizontal);
-    QSignalSpy sliderSave(&slider, &ZELCustomSlider::SigSaveParam);
-    slider.setValue(10);
-    QCOMPARE(sliderSave.size(), 0);
-    QTest::keyClick(&slider, Qt::Key_Right);
-    QCOMPARE(sliderSave.size(), 1);
-    slider.setValue(slider.maximum());
-    QTest::keyClick(&slider, Qt::Key_Right);
-    QCOMPARE(sliderSave.size(), 1);
-
-    ZELCustomSpinBox box;
-    QSignalSpy boxSave(&box, &ZELCustomSpinBox::SigSaveParam);
-    box.setValue(7);
-    QTest::keyClick(&box, Qt::Key_Down);
-    QCOMPARE(boxSave.size(), 1);
-}
-
-void TestZELStyle::searchBox()
-{
-    ZELCustomLineEdit edit;
-    QSignalSpy searched(&edit, &ZELCustomLineEdit::cSigSearchClicked);
-    QTest::keyClick(&edit, Qt::Key_Return);
-    QCOMPARE(searched.size(), 0);
-    edit.cSetSearchEnabled(true);
-    edit.cSetSearchEnabled(true);
-    QCOMPARE(edit.actions().size(), 2);
-    QAction* search = edit.actions().at(0);
-    QAction* clear = edit.actions().at(1);
-    QVERIFY(!clear->isVisible());
-    search->trigger();
-    QTest::keyClicks(&edit, QStringLiteral("gain"));
-    QTest::keyClick(&edit, Qt::Key_Return);
-    QCOMPARE(searched.size(), 2);
-    QVERIFY(clear->isVisible());
-    clear->trigger();
-    QVERIFY(edit.text().isEmpty() && !clear->isVisible());
-    QTest::keyClicks(&edit, QStringLiteral("g"));
-    QTest::keyClick(&edit, Qt::Key_Escape);
-    QVERIFY(edit.text().isEmpty());
-    edit.cSetSearchEnabled(false);
-    QVERIFY(edit.actions().isEmpty());
-    edit.setText(QStringLiteral("x"));
-}
-
-void TestZELStyle::comboBoxBuildsItsListLate()
-{
-    ZELCustomComboBox box;
-    box.addItems({QStringLiteral("Mono8"), QStringLiteral("Mono12")});
-    box.setCurrentIndex(1);
-    box.cSetFontSize(14);
-    box.show();
-    QVERIFY(box.findChildren<QAbstractItemView*>().isEmpty());
-    box.showPopup();
-    QVERIFY(box.view()->isVisible());
-    QCOMPARE(box.view()->font().pixelSize(), 14);
-    box.hidePopup();
-    box.cSetFontSize(16);
-    box.showPopup();
-    QCOMPARE(box.view()->font().pixelSize(), 16);
-    box.hidePopup();
-}
-
-void TestZELStyle::comboBoxSizeFollowsEntriesAndFont()
-{
-    ZELCustomComboBox box;
-    const int empty = box.sizeHint().width();
-    box.addItem(QStringLiteral("BayerRG12Packed"));
-    const int one = box.sizeHint().width();
-    QVERIFY(one > empty);
-    QVERIFY(box.minimumSizeHint().width() < one);
-    box.cSetFontSize(20);
-    const int large = box.sizeHint().width();
-    QVERIFY(large > one);
-    box.addItem(QString(400, QLatin1Char('x')));
-    QVERIFY(box.sizeHint().width() < 4 * large);
-}
-
-void TestZELStyle::treeRowsHaveTheFixedHeight()
-{
-    class Tree : public QTreeWidget, public ZELCustomQssHelper
+private:
+    void controls()
     {
-    public:
-        Tree()
-            : ZELCustomQssHelper(this)
-        {
-            cSetStyleSheets({ZELCustom::Sheet_Tree, ZELCustom::Sheet_ScrollBar});
-        }
-    };
-    Tree tree;
-    auto* group = new QTreeWidgetItem(&tree, {QStringLiteral("Group")});
-    auto* row = new QTreeWidgetItem(group, {QStringLiteral("曝光时间")});
-    tree.expandAll();
-    tree.show();
-    // Pages without a scroll bar are sized by counting rows of this height.
-    QCOMPARE(tree.visualItemRect(row).height(), 38);
-    QCOMPARE(tree.visualItemRect(group).height(), 38);
-    ZELCustomLineEdit editor;
-    QVERIFY(editor.sizeHint().height() <= 32);
-}
+        const Rows<Make> row("make");
+        row("combo box", [] {
+            auto* box = new ZELCustomComboBox;
+            box->addItems({"a"_s, "b"_s, "c"_s});
+            box->setCurrentIndex(1);
+            return box;
+        });
+        row("spin box", &halfway<ZELCustomSpinBox>);
+        row("spin box 64", &halfway<ZELCustomSpinBox64>);
+        row("double spin box", &halfway<ZELCustomDoubleSpinBox>);
+        row("slider", &halfway<ZELCustomSlider>);
+    }
 
-void TestZELStyle::controlLooksTheSameUnderAnOwnerWithSheet()
-{
-    const auto picture = [](const QString& ownersSheet) {
-        QWidget owner;
-        owner.setStyleSheet(ownersSheet);
-        ZELCustomComboBox box(&owner);
-        box.addItem(QStringLiteral("Mono8"));
-        box.resize(160, 32);
-        return box.grab().toImage().convertToFormat(QImage::Format_ARGB32);
-    };
-    QCOMPARE(picture(ZELCustom::styleSheet(ZELCustom::Sheet_Tree)), picture(QString()));
-}
+private slots:
+
+    void wheelNeedsFocus_data() { controls(); }
+    void wheelNeedsFocus()
+    {
+        QFETCH(Make, make);
+        Stage stage(make());
+        QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+        stage.other.setFocus();
+        const QVariant before = valueOf(stage.control);
+        QVERIFY(before.isValid());
+        QVERIFY(!sendWheel(stage.control));
+        QVERIFY(!stage.control->hasFocus());
+        QCOMPARE(valueOf(stage.control), before);
+        stage.control->setFocus();
+        QVERIFY(sendWheel(stage.control));
+        QVERIFY(valueOf(stage.control) != before);
+    }
+
+    void focusIsVisible_data() { controls(); }
+    void focusIsVisible()
+    {
+        QFETCH(Make, make);
+        Stage stage(make());
+        QVERIFY(QTest::qWaitForWindowActive(&stage.window));
+        const QRgb accent = ZELCustom::getDataBaseColor("StyledCtlColor_Accent"_s).rgb();
+        const auto accentPixels = [&] {
+            const QImage image =
+                stage.control->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            int count = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    count += image.pixel(x, y) == accent;
+            }
+            return count;
+        };
+        stage.other.setFocus();
+        const int without = accentPixels();
+        stage.control->setFocus(Qt::TabFocusReason);
+        QTRY_VERIFY(stage.control->hasFocus());
+        QVERIFY2(accentPixels() > without + 10, qPrintable(QString::number(without)));
+    }
+
+    void keyboardAlone()
+    {
+        ZELCustomCheckBox box;
+        QTest::keyClick(&box, Qt::Key_Space);
+        QVERIFY(box.isChecked());
+        QTest::keyClick(&box, Qt::Key_Return);
+        QVERIFY(!box.isChecked());
+        ZELCustomPushButton button;
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        QTest::keyClick(&button, Qt::Key_Space);
+        QTest::keyClick(&button, Qt::Key_Enter);
+        QCOMPARE(clicked.size(), 2);
+    }
+
+    void typingEmitsOnce_data()
+    {
+        const Rows<bool> row("real");
+        row("integer", false);
+        row("floating point", true);
+    }
+
+    void typingEmitsOnce()
+    {
+        QFETCH(bool, real);
+        auto* whole = new ZELCustomSpinBox;
+        auto* broken = new ZELCustomDoubleSpinBox;
+        Stage stage(real ? static_cast<QWidget*>(broken) : whole);
+        const QScopedPointer<QWidget> spare(real ? static_cast<QWidget*>(whole) : broken);
+        QSignalSpy changed(stage.control, SIGNAL(valueChanged(QString)));
+        QLineEdit* edit = real ? broken->lineEdit() : whole->lineEdit();
+        edit->selectAll();
+        QTest::keyClicks(stage.control, "42"_s);
+        QCOMPARE(changed.size(), 0);
+        QTest::keyClick(stage.control, Qt::Key_Return);
+        QCOMPARE(changed.size(), 1);
+    }
+
+    void numbersIgnoreTheLocale()
+    {
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        ZELCustomDoubleSpinBox box;
+        box.setRange(0, 1e6);
+        box.setValue(1234.5);
+        ZELCustomSpinBox whole;
+        whole.setRange(0, 1000000);
+        whole.setValue(123456);
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(box.text(), "1234.50"_s);
+        QCOMPARE(whole.text(), "123456"_s);
+    }
+
+    void steppingAsksToSave()
+    {
+        ZELCustomSlider slider(Qt::Horizontal);
+        QSignalSpy sliderSave(&slider, &ZELCustomSlider::SigSaveParam);
+        slider.setValue(10);
+        QCOMPARE(sliderSave.size(), 0);
+        QTest::keyClick(&slider, Qt::Key_Right);
+        QCOMPARE(sliderSave.size(), 1);
+        slider.setValue(slider.maximum());
+        QTest::keyClick(&slider, Qt::Key_Right);
+        QCOMPARE(sliderSave.size(), 1);
+
+        ZELCustomSpinBox box;
+        QSignalSpy boxSave(&box, &ZELCustomSpinBox::SigSaveParam);
+        box.setValue(7);
+        QTest::keyClick(&box, Qt::Key_Down);
+        QCOMPARE(boxSave.size(), 1);
+    }
+
+    void searchBox()
+    {
+        ZELCustomLineEdit edit;
+        QSignalSpy searched(&edit, &ZELCustomLineEdit::cSigSearchClicked);
+        QTest::keyClick(&edit, Qt::Key_Return);
+        QCOMPARE(searched.size(), 0);
+        edit.cSetSearchEnabled(true);
+        edit.cSetSearchEnabled(true);
+        QCOMPARE(edit.actions().size(), 2);
+        QAction* search = edit.actions().at(0);
+        QAction* clear = edit.actions().at(1);
+        QVERIFY(!clear->isVisible());
+        search->trigger();
+        QTest::keyClicks(&edit, "gain"_s);
+        QTest::keyClick(&edit, Qt::Key_Return);
+        QCOMPARE(searched.size(), 2);
+        QVERIFY(clear->isVisible());
+        clear->trigger();
+        QVERIFY(edit.text().isEmpty() && !clear->isVisible());
+        QTest::keyClicks(&edit, "g"_s);
+        QTest::keyClick(&edit, Qt::Key_Escape);
+        QVERIFY(edit.text().isEmpty());
+        edit.cSetSearchEnabled(false);
+        QVERIFY(edit.actions().isEmpty());
+        edit.setText("x"_s);
+    }
+
+    void comboBoxBuildsItsListLate()
+    {
+        ZELCustomComboBox box;
+        box.addItems({"Mono8"_s, "Mono12"_s});
+        box.setCurrentIndex(1);
+        box.cSetFontSize(14);
+        box.show();
+        QVERIFY(box.findChildren<QAbstractItemView*>().isEmpty());
+        box.showPopup();
+        QVERIFY(box.view()->isVisible());
+        QCOMPARE(box.view()->font().pixelSize(), 14);
+        box.hidePopup();
+        box.cSetFontSize(16);
+        box.showPopup();
+        QCOMPARE(box.view()->font().pixelSize(), 16);
+        box.hidePopup();
+    }
+
+    void comboBoxSizeFollowsEntriesAndFont()
+    {
+        ZELCustomComboBox box;
+        const int empty = box.sizeHint().width();
+        box.addItem("BayerRG12Packed"_s);
+        const int one = box.sizeHint().width();
+        QVERIFY(one > empty);
+        QVERIFY(box.minimumSizeHint().width() < one);
+        box.cSetFontSize(20);
+        const int large = box.sizeHint().width();
+        QVERIFY(large > one);
+        box.addItem(QString(400, QLatin1Char('x')));
+        QVERIFY(box.sizeHint().width() < 4 * large);
+    }
+
+    void treeRowsHaveTheFixedHeight()
+    {
+        class Tree : public QTreeWidget, public ZELCustomQssHelper
+        {
+        public:
+            Tree()
+                : ZELCustomQssHelper(this)
+            {
+                cSetStyleSheets({ZELCustom::Sheet_Tree, ZELCustom::Sheet_ScrollBar});
+            }
+        };
+        Tree tree;
+        auto* group = new QTreeWidgetItem(&tree, {"Group"_s});
+        auto* row = new QTreeWidgetItem(group, {"曝光时间"_s});
+        tree.expandAll();
+        tree.show();
+        // Pages without a scroll bar are sized by counting rows of this height.
+        QCOMPARE(tree.visualItemRect(row).height(), 38);
+        QCOMPARE(tree.visualItemRect(group).height(), 38);
+        ZELCustomLineEdit editor;
+        QVERIFY(editor.sizeHint().height() <= 32);
+    }
+
+    void controlLooksTheSameUnderAnOwnerWithSheet()
+    {
+        const auto picture = [](const QString& ownersSheet) {
+            QWidget owner;
+            owner.setStyleSheet(ownersSheet);
+            ZELCustomComboBox box(&owner);
+            box.addItem("Mono8"_s);
+            box.resize(160, 32);
+            return box.grab().toImage().convertToFormat(QImage::Format_ARGB32);
+        };
+        QCOMPARE(picture(ZELCustom::styleSheet(ZELCustom::Sheet_Tree)), picture(QString()));
+    }
+};
 
 OBFT_TEST_MAIN(TestZELStyle)
 #include "tst_zelstyle.moc"

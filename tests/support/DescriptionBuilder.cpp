@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/DescriptionBuilder.h"
 
+#include "support/Literals.h"
+
 #include <QVector>
 
 namespace DescriptionBuilder {
@@ -13,22 +15,21 @@ constexpr int kTagCount = 5;
 
 QString featureName(int index)
 {
-    return QStringLiteral("Feature%1").arg(index, 5, 10, QLatin1Char('0'));
+    return "Feature%1"_s.arg(index, 5, 10, QLatin1Char('0'));
 }
 
 QString registerName(int index)
 {
-    return QStringLiteral("Reg%1").arg(index, 5, 10, QLatin1Char('0'));
+    return "Reg%1"_s.arg(index, 5, 10, QLatin1Char('0'));
 }
 
 QString entriesOf(int count)
 {
     QString entries;
     for (int i = 0; i < count; ++i) {
-        entries += QStringLiteral("<EnumEntry Name=\"Entry%1\">").arg(i)
-                   + child(QStringLiteral("DisplayName"), QStringLiteral("Entry %1").arg(i))
-                   + child(QStringLiteral("Value"), QString::number(i))
-                   + QStringLiteral("</EnumEntry>");
+        entries += "<EnumEntry Name=\"Entry%1\">"_s.arg(i) +
+                   child("DisplayName"_s, "Entry %1"_s.arg(i)) +
+                   child("Value"_s, QString::number(i)) + "</EnumEntry>"_s;
     }
     return entries;
 }
@@ -37,61 +38,58 @@ QString featureElement(const Size& size, int index)
 {
     const QString tag = QString::fromLatin1(kTags[index % kTagCount]);
     QString inner =
-        child(QStringLiteral("DisplayName"), QStringLiteral("Feature %1").arg(index))
-        + child(QStringLiteral("Description"),
-                QStringLiteral("Explains what the feature number %1 does.").arg(index))
-        + child(QStringLiteral("Visibility"), QStringLiteral("Beginner"));
+        child("DisplayName"_s, "Feature %1"_s.arg(index)) +
+        child("Description"_s, "Explains what the feature number %1 does."_s.arg(index)) +
+        child("Visibility"_s, "Beginner"_s);
     if (index < size.lockable)
-        inner += child(QStringLiteral("pIsLocked"), QStringLiteral("TLParamsLocked"));
+        inner += child("pIsLocked"_s, "TLParamsLocked"_s);
     if (tag == QLatin1String("Enumeration"))
         inner += entriesOf(size.entries / qMax(1, size.features / kTagCount));
-    inner += child(QStringLiteral("pValue"), registerName(index));
+    inner += child("pValue"_s, registerName(index));
     return node(tag, featureName(index), inner);
 }
 
 QString registerElement(const Size& size, int index, int registers)
 {
-    QString inner = child(QStringLiteral("Address"), QString::number(0x1000 + index * 4))
-                    + child(QStringLiteral("Length"), QStringLiteral("4"))
-                    + child(QStringLiteral("AccessMode"), QStringLiteral("RW"))
-                    + child(QStringLiteral("pPort"), QStringLiteral("Device"));
+    QString inner = child("Address"_s, QString::number(0x1000 + index * 4)) +
+                    child("Length"_s, "4"_s) + child("AccessMode"_s, "RW"_s) +
+                    child("pPort"_s, "Device"_s);
     if (index < size.polled)
-        inner += child(QStringLiteral("PollingTime"), QStringLiteral("1000"));
+        inner += child("PollingTime"_s, "1000"_s);
     // Spread over the registers behind, so that a write invalidates a handful of features.
     const int perRegister = (size.invalidators + registers - 1) / registers;
     for (int i = 1; i <= perRegister; ++i)
-        inner += child(QStringLiteral("pInvalidator"),
-                       registerName((index + i * 37) % registers));
-    return node(QStringLiteral("MaskedIntReg"), registerName(index), inner);
+        inner += child("pInvalidator"_s, registerName((index + i * 37) % registers));
+    return node("MaskedIntReg"_s, registerName(index), inner);
 }
 
 } // namespace
 
 QString child(const QString& tag, const QString& text)
 {
-    return QLatin1Char('<') + tag + QLatin1Char('>') + text + QLatin1String("</") + tag
-           + QLatin1Char('>');
+    return QLatin1Char('<') + tag + QLatin1Char('>') + text + QLatin1String("</") + tag +
+           QLatin1Char('>');
 }
 
 QString node(const QString& tag, const QString& name, const QString& inner)
 {
-    return QLatin1Char('<') + tag + QLatin1String(" Name=\"") + name + QLatin1String("\">") + inner
-           + QLatin1String("</") + tag + QLatin1String(">\n");
+    return QLatin1Char('<') + tag + QLatin1String(" Name=\"") + name + QLatin1String("\">") +
+           inner + QLatin1String("</") + tag + QLatin1String(">\n");
 }
 
 QString category(const QString& name, const QStringList& features)
 {
     QString inner;
     for (const QString& feature : features)
-        inner += child(QStringLiteral("pFeature"), feature);
-    return node(QStringLiteral("Category"), name, inner);
+        inner += child("pFeature"_s, feature);
+    return node("Category"_s, name, inner);
 }
 
 QByteArray wrap(const QString& elements)
 {
     return (QLatin1String("<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<RegisterDescription "
-                          "ModelName=\"Test\" VendorName=\"Test\">\n")
-            + elements + QLatin1String("</RegisterDescription>\n"))
+                          "ModelName=\"Test\" VendorName=\"Test\">\n") +
+            elements + QLatin1String("</RegisterDescription>\n"))
         .toUtf8();
 }
 
@@ -128,8 +126,8 @@ QByteArray generate(const Size& size)
     for (int i = 0; i < size.features; ++i)
         members[i % size.categories].append(featureName(i));
     for (int i = 0; i < size.categories; ++i)
-        categories.append(QStringLiteral("Category%1").arg(i));
-    elements += category(QStringLiteral("Root"), categories);
+        categories.append("Category%1"_s.arg(i));
+    elements += category("Root"_s, categories);
     for (int i = 0; i < size.categories; ++i)
         elements += category(categories.at(i), members.at(i));
     for (int i = 0; i < size.features; ++i)
@@ -137,8 +135,7 @@ QByteArray generate(const Size& size)
     const int registers = qMax(1, size.nodes - size.features - size.categories);
     for (int i = 0; i < registers; ++i)
         elements += registerElement(size, i, registers);
-    elements += node(QStringLiteral("Integer"), QStringLiteral("TLParamsLocked"),
-                     child(QStringLiteral("Value"), QStringLiteral("0")));
+    elements += node("Integer"_s, "TLParamsLocked"_s, child("Value"_s, "0"_s));
     return wrap(elements);
 }
 

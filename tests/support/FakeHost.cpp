@@ -3,6 +3,7 @@
 
 #include "device/OBDeviceControl.h"
 #include "model/FeatureTag.h"
+#include "support/Literals.h"
 
 #include <QDomDocument>
 #include <QRegularExpression>
@@ -14,52 +15,34 @@
 FakeHost::Feature FakeHost::integerFeature(qint64 value, qint64 minimum, qint64 maximum,
                                            qint64 increment)
 {
-    Feature feature;
-    feature.integer = value;
+    Feature feature = ofType(OB_FT_TYPE_INTEGER, value);
     feature.minimum = minimum;
     feature.maximum = maximum;
     feature.increment = increment;
     return feature;
 }
 
-FakeHost::Feature FakeHost::booleanFeature(bool value)
-{
-    Feature feature;
-    feature.type = OB_FT_TYPE_BOOLEAN;
-    feature.integer = value ? 1 : 0;
-    return feature;
-}
-
 FakeHost::Feature FakeHost::floatFeature(float value, float minimum, float maximum)
 {
-    Feature feature;
-    feature.type = OB_FT_TYPE_FLOAT;
+    Feature feature = ofType(OB_FT_TYPE_FLOAT);
     feature.number = value;
     feature.numberMinimum = minimum;
     feature.numberMaximum = maximum;
     return feature;
 }
 
-FakeHost::Feature FakeHost::enumFeature(qint64 value)
-{
-    Feature feature;
-    feature.type = OB_FT_TYPE_ENUMERATION;
-    feature.integer = value;
-    return feature;
-}
-
 FakeHost::Feature FakeHost::textFeature(const QByteArray& text)
 {
-    Feature feature;
-    feature.type = OB_FT_TYPE_STRING;
+    Feature feature = ofType(OB_FT_TYPE_STRING);
     feature.text = text;
     return feature;
 }
 
-FakeHost::Feature FakeHost::commandFeature()
+FakeHost::Feature FakeHost::ofType(int type, qint64 integer)
 {
     Feature feature;
-    feature.type = OB_FT_TYPE_COMMAND;
+    feature.type = type;
+    feature.integer = integer;
     return feature;
 }
 
@@ -110,7 +93,7 @@ void FakeHost::serve(const QByteArray& description)
     std::function<void(const QDomElement&)> walk = [&](const QDomElement& parent) {
         for (QDomElement child = parent.firstChildElement(); !child.isNull();
              child = child.nextSiblingElement()) {
-            const QString name = child.attribute(QStringLiteral("Name"));
+            const QString name = child.attribute("Name"_s);
             if (child.tagName() == QLatin1String("EnumEntry"))
                 continue;
             if (!name.isEmpty())
@@ -119,7 +102,7 @@ void FakeHost::serve(const QByteArray& description)
         }
     };
     walk(document.documentElement());
-    set(QStringLiteral("TLParamsLocked"), integerFeature(0));
+    set("TLParamsLocked"_s, integerFeature(0));
 }
 
 FakeHost::Feature FakeHost::feature(const QString& name) const
@@ -154,7 +137,7 @@ int FakeHost::count(const QString& call) const
 
 QStringList FakeHost::writes() const
 {
-    return calls().filter(QRegularExpression(QStringLiteral("^set ")));
+    return calls().filter(QRegularExpression("^set "_s));
 }
 
 void FakeHost::clearCalls()
@@ -227,7 +210,7 @@ int FakeHost::getFeature(int type, char* name, void* value, void* user)
     const QString feature = QString::fromLocal8Bit(name);
     if (host->beforeGet)
         host->beforeGet(feature);
-    host->record(QStringLiteral("get ") + feature);
+    host->record("get "_s + feature);
     const std::lock_guard<std::mutex> lock(host->m_mutex);
     if (const int code = host->m_failures.value(feature))
         return code;
@@ -239,8 +222,7 @@ int FakeHost::setFeature(int, char* name, char* value, void* user)
 {
     auto* host = static_cast<FakeHost*>(user);
     const QString feature = QString::fromLocal8Bit(name);
-    host->record(QStringLiteral("set ") + feature + QLatin1Char(' ')
-                 + QString::fromLocal8Bit(value));
+    host->record("set "_s + feature + QLatin1Char(' ') + QString::fromLocal8Bit(value));
     const std::lock_guard<std::mutex> lock(host->m_mutex);
     if (const int code = host->m_failures.value(feature))
         return code;
@@ -255,7 +237,7 @@ int FakeHost::getMode(char* name, int* mode, void* user)
 {
     auto* host = static_cast<FakeHost*>(user);
     const QString feature = QString::fromLocal8Bit(name);
-    host->record(QStringLiteral("mode ") + feature);
+    host->record("mode "_s + feature);
     const std::lock_guard<std::mutex> lock(host->m_mutex);
     if (const int code = host->m_modeFailures.value(feature)) {
         *mode = OB_FT_ACCESS_READ_WRITE; // must be ignored
@@ -268,12 +250,12 @@ int FakeHost::getMode(char* name, int* mode, void* user)
 
 int FakeHost::invalidate(void* user)
 {
-    static_cast<FakeHost*>(user)->record(QStringLiteral("invalidate"));
+    static_cast<FakeHost*>(user)->record("invalidate"_s);
     return 0;
 }
 
 int FakeHost::action(int action, void* user)
 {
-    static_cast<FakeHost*>(user)->record(QStringLiteral("action %1").arg(action));
+    static_cast<FakeHost*>(user)->record("action %1"_s.arg(action));
     return 0;
 }

@@ -32,11 +32,11 @@ public:
 
     static Feature integerFeature(qint64 value, qint64 minimum = 0, qint64 maximum = 1000000,
                                   qint64 increment = 1);
-    static Feature booleanFeature(bool value);
+    static Feature booleanFeature(bool value) { return ofType(OB_FT_TYPE_BOOLEAN, value ? 1 : 0); }
     static Feature floatFeature(float value, float minimum = 0.0F, float maximum = 100.0F);
-    static Feature enumFeature(qint64 value);
+    static Feature enumFeature(qint64 value) { return ofType(OB_FT_TYPE_ENUMERATION, value); }
     static Feature textFeature(const QByteArray& text);
-    static Feature commandFeature();
+    static Feature commandFeature() { return ofType(OB_FT_TYPE_COMMAND); }
 
     // Installs this host's callbacks in the device layer, or takes all callbacks out.
     void install();
@@ -70,6 +70,7 @@ public:
     static int action(int action, void* user);
 
 private:
+    static Feature ofType(int type, qint64 integer = 0);
     void record(const QString& call);
     int readInto(const Feature& feature, int type, void* value) const;
     void writeFrom(Feature& feature, const QByteArray& value) const;

@@ -7,7 +7,22 @@
 
 #include <QDomDocument>
 
+#include <functional>
 #include <stdexcept>
+
+// Fills the index from the description, with the items of these names in the tree.
+inline void fillIndex(FeatureDescriptionIndex& index, const QDomDocument& document,
+                      const std::function<QStringList()>& itemNames)
+{
+    index.GenerateDomElementMap(document.documentElement());
+    index.setItemNames(itemNames());
+    index.ResetFeaturesInvalidatorMap();
+    index.GenerateFeaturePValueList();
+    index.GenerateFeaturePairList();
+    index.GenerateFeaturesTLParamsLocked();
+    index.GeneratePSelectedList();
+    index.GenerateFeatureNoCacheList();
+}
 
 // A description turned into index and items, without widgets.
 class LoadedDescription
@@ -18,15 +33,10 @@ public:
         QDomDocument document;
         if (!document.setContent(xml))
             throw std::invalid_argument("description does not parse");
-        index.GenerateDomElementMap(document.documentElement());
-        builder.createItems(&root, index.nodes(), nullptr);
-        index.setItemNames(builder.AllTreeItemsMap().keys());
-        index.ResetFeaturesInvalidatorMap();
-        index.GenerateFeaturePValueList();
-        index.GenerateFeaturePairList();
-        index.GenerateFeaturesTLParamsLocked();
-        index.GeneratePSelectedList();
-        index.GenerateFeatureNoCacheList();
+        fillIndex(index, document, [this] {
+            builder.createItems(&root, index.nodes(), nullptr);
+            return builder.AllTreeItemsMap().keys();
+        });
     }
     ORXPropertyTreeItem* item(const char* name) const
     {

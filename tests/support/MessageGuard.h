@@ -5,8 +5,8 @@
 #include <QStringList>
 
 // Turns every warning, critical or fatal log line that a test did not announce into a test failure.
-// GuardedTest installs it in front of Qt Test's own handler, so MessageGuard::ignoreMessage() does not
-// work with it; the operations here take its place. Thread-safe.
+// GuardedTest installs it in front of Qt Test's own handler, so MessageGuard::ignoreMessage() does
+// not work with it; the operations here take its place. Thread-safe.
 namespace MessageGuard {
 
 // Installs the handler, once.

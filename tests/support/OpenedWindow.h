@@ -2,11 +2,17 @@
 #pragma once
 
 #include "OBFeatureTree/OBFeatureTree.h"
+#include "basetools/ORXInterface.h"
+#include "device/OBDeviceControl.h"
+#include "main/CFeatureGroupTreeView.h"
+#include "main/ORXFeatureGroup.h"
 #include "main/ORXMainFeatureWidget.h"
 #include "support/FakeHost.h"
+#include "support/TestMain.h"
 #include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
 
-#include <QTest>
+#include <memory>
 
 // The window, opened through the exported functions on a host in memory, as a host does it.
 // Released again when it goes.
@@ -31,8 +37,47 @@ public:
 
     ORXMainFeatureWidget* widget() const { return ORXMainFeatureWidget::instance(nullptr); }
     ORXFeatureTree* tree() const { return widget()->featureTree(1, false); }
+    ORXFeatureTreeView* view() const { return tree()->treeView(); }
+    ORXPropertyTreeItem* item(const char* name) const
+    {
+        return tree()->propertyItemByName(QString::fromLatin1(name));
+    }
+    ORXFeatureGroup* column() const { return widget()->featureGroup(1); }
+    CFeatureGroupTreeView* groups() const { return column()->groupView(); }
+    const CFeatureGroupModel* groupModel() const
+    {
+        return static_cast<const CFeatureGroupModel*>(groups()->model());
+    }
+    QModelIndex group(const char* name) const { return groupModel()->groupIndex(0, item(name)); }
+    void showGroup(const char* name) const { groups()->OnChangedIndex(group(name)); }
     bool waitForFirstRead() const
     {
         return QTest::qWaitFor([this] { return tree()->HadUpdatedOnce(); }, 20000);
     }
+};
+
+// Base of tests of that window: each test function has a host of its own, which serves the
+// description, and leaves nothing behind.
+class OpenedWindowTest : public GuardedTest
+{
+protected:
+    explicit OpenedWindowTest(const QByteArray& description)
+        : m_xml(description)
+    {
+    }
+    void prepare() override
+    {
+        m_host = std::make_unique<FakeHost>();
+        m_host->serve(m_xml);
+    }
+    void finish() override
+    {
+        OB_FT_Release();
+        FakeHost::uninstall();
+        OBDeviceControl::SetUserLevel(1);
+        ORXInterface::setLanguage("ENG"_s);
+    }
+
+    const QByteArray m_xml;
+    std::unique_ptr<FakeHost> m_host;
 };

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "support/Literals.h"
 #include "support/MessageGuard.h"
+#include "support/Rows.h"
 
 #include <QObject>
 #include <QTest>

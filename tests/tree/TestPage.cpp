@@ -4,6 +4,8 @@
 #include "model/CTreeItemValue.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include "support/Literals.h"
+
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -33,7 +35,7 @@ TestPage::Item* TestPage::addGroupOfTags(const QStringList& tags)
 {
     auto* root = new Item(nullptr, pageType());
     root->setItemType(Item::CustomItem);
-    Item* group = add(root, QStringLiteral("Group"));
+    Item* group = add(root, "Group"_s);
     for (const QString& tag : tags)
         add(group, tag, tag.toLatin1().constData());
     return root;
@@ -69,10 +71,10 @@ TestPage::Item* TestPage::creatRootItem()
 
 void TestPage::itemValueChanged(Item* item)
 {
-    log.append(QStringLiteral("value ") + item->value()->nodeName(0));
+    log.append("value "_s + item->value()->nodeName(0));
 }
 
 void TestPage::itemVisibleStateChanged(Item* item)
 {
-    log.append(QStringLiteral("visible ") + item->value()->nodeName(0));
+    log.append("visible "_s + item->value()->nodeName(0));
 }

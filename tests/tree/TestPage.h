@@ -3,6 +3,8 @@
 
 #include "tree/IORXFeatureWidget.h"
 
+#include "support/Literals.h"
+
 #include <QStringList>
 #include <QVariant>
 
@@ -36,8 +38,8 @@ public:
     Item* creatRootItem() override;
     void itemValueChanged(Item* item) override;
     void itemVisibleStateChanged(Item* item) override;
-    void updateValue() override { log.append(QStringLiteral("updateValue")); }
-    void resetSpecialItemValue() override { log.append(QStringLiteral("resetSpecial")); }
+    void updateValue() override { log.append("updateValue"_s); }
+    void resetSpecialItemValue() override { log.append("resetSpecial"_s); }
     void createTransMap() override { m_transMap = translations; }
 
     std::function<Item*()> makeRoot;

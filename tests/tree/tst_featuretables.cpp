@@ -61,58 +61,55 @@ const TagRow kRows[] = {
 class TestFeatureTables : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void everyTagHasARow();
-    void everyTableKnowsTheTag_data();
-    void everyTableKnowsTheTag();
-};
-
-void TestFeatureTables::everyTagHasARow()
-{
-    QCOMPARE(int(std::size(kRows)), kFeatureTagCount);
-    for (int i = 0; i < kFeatureTagCount; ++i) {
-        const auto tag = static_cast<FeatureTag>(i);
-        QCOMPARE(featureTagName(tag), QLatin1String(kRows[i].tag));
-        QCOMPARE(featureTag(QString::fromLatin1(kRows[i].tag)), tag);
+    void everyTagHasARow()
+    {
+        QCOMPARE(int(std::size(kRows)), kFeatureTagCount);
+        for (int i = 0; i < kFeatureTagCount; ++i) {
+            const auto tag = static_cast<FeatureTag>(i);
+            QCOMPARE(featureTagName(tag), QLatin1String(kRows[i].tag));
+            QCOMPARE(featureTag(QString::fromLatin1(kRows[i].tag)), tag);
+        }
+        QCOMPARE(featureTag("integer"_s), FeatureTag::Other); // case-sensitive
     }
-    QCOMPARE(featureTag(QStringLiteral("integer")), FeatureTag::Other); // case-sensitive
-}
 
-void TestFeatureTables::everyTableKnowsTheTag_data()
-{
-    QTest::addColumn<int>("row");
-    for (int i = 0; i < kFeatureTagCount; ++i)
-        QTest::newRow(*kRows[i].tag ? kRows[i].tag : "any other") << i;
-}
+    void everyTableKnowsTheTag_data()
+    {
+        const Rows<int> row("row");
+        for (int i = 0; i < kFeatureTagCount; ++i)
+            row(*kRows[i].tag ? kRows[i].tag : "any other", i);
+    }
 
-void TestFeatureTables::everyTableKnowsTheTag()
-{
-    QFETCH(int, row);
-    const TagRow& expected = kRows[row];
-    const auto tag = static_cast<FeatureTag>(row);
-    ApplicationSetup::runOnce();
-    ORXPropertyTreeDelegate::registerExternalEditor(
-        FeatureTag::CCM, [](QWidget* parent, ORXPropertyTreeItem*) { return new QLabel(parent); },
-        {});
+    void everyTableKnowsTheTag()
+    {
+        QFETCH(int, row);
+        const TagRow& expected = kRows[row];
+        const auto tag = static_cast<FeatureTag>(row);
+        ApplicationSetup::runOnce();
+        ORXPropertyTreeDelegate::registerExternalEditor(
+            FeatureTag::CCM,
+            [](QWidget* parent, ORXPropertyTreeItem*) { return new QLabel(parent); }, {});
 
-    QVERIFY(typeid(*makeItemValue(tag)) == *expected.value);
-    QCOMPARE(FeatureValueReader::hasReader(tag), expected.reads);
-    QCOMPARE(FeatureWriter::hasHandler(tag), expected.writes);
+        QVERIFY(typeid(*makeItemValue(tag)) == *expected.value);
+        QCOMPARE(FeatureValueReader::hasReader(tag), expected.reads);
+        QCOMPARE(FeatureWriter::hasHandler(tag), expected.writes);
 
-    ORXPropertyTreeItem root(nullptr, ORXPropertyTreeItem::CommonPage);
-    auto* item = new ORXPropertyTreeItem(&root, ORXPropertyTreeItem::CommonPage);
-    item->setTagName(QString::fromLatin1(expected.tag));
-    if (auto* boxes = dynamic_cast<CTreeCustomWaterMarkItemValue*>(item->value()))
-        boxes->setColumn(1, QStringLiteral("Time"), QStringLiteral("Time"));
-    ORXPropertyTreeModel model(ORXPropertyTreeItem::CommonPage, nullptr);
-    model.updateData(&root);
-    const ORXPropertyTreeDelegate delegate(ORXPropertyTreeItem::CommonPage, nullptr);
-    QWidget parent;
-    const QScopedPointer<QWidget> editor(
-        delegate.createEditor(&parent, {}, model.indexFromItem(item, 1)));
-    QCOMPARE(editor ? editor->metaObject()->className() : "", expected.editor);
-    QCOMPARE(ORXPropertyTreeDelegate::hasEditor(tag), *expected.editor != '\0');
-}
+        ORXPropertyTreeItem root(nullptr, ORXPropertyTreeItem::CommonPage);
+        auto* item = new ORXPropertyTreeItem(&root, ORXPropertyTreeItem::CommonPage);
+        item->setTagName(QString::fromLatin1(expected.tag));
+        if (auto* boxes = dynamic_cast<CTreeCustomWaterMarkItemValue*>(item->value()))
+            boxes->setColumn(1, "Time"_s, "Time"_s);
+        ORXPropertyTreeModel model(ORXPropertyTreeItem::CommonPage, nullptr);
+        model.updateData(&root);
+        const ORXPropertyTreeDelegate delegate(ORXPropertyTreeItem::CommonPage, nullptr);
+        QWidget parent;
+        const QScopedPointer<QWidget> editor(
+            delegate.createEditor(&parent, {}, model.indexFromItem(item, 1)));
+        QCOMPARE(editor ? editor->metaObject()->className() : "", expected.editor);
+        QCOMPARE(ORXPropertyTreeDelegate::hasEditor(tag), *expected.editor != '\0');
+    }
+};
 
 OBFT_TEST_MAIN(TestFeatureTables)
 #include "tst_featuretables.moc"

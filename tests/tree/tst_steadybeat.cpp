@@ -10,20 +10,6 @@
 
 using std::chrono::milliseconds;
 
-class TestSteadyBeat : public GuardedTest
-{
-    Q_OBJECT
-private slots:
-    void beatsUntilStopped();
-    void missedBeatsAreDropped();
-    void longPeriodDoesNotBeatAtOnce_data();
-    void longPeriodDoesNotBeatAtOnce();
-    void newPeriodReplacesTheOld();
-    void onceWhileRunningIsDropped();
-    void stopDoesNotWaitButWaitForActionDoes();
-    void destructionWaitsForTheAction();
-};
-
 namespace {
 
 // An action that a test holds in its middle.
@@ -54,116 +40,122 @@ private:
 
 } // namespace
 
-void TestSteadyBeat::beatsUntilStopped()
+class TestSteadyBeat : public GuardedTest
 {
-    std::atomic<int> count{0};
-    SteadyBeat beat([&] { ++count; });
-    QVERIFY(!beat.isRunning());
-    beat.start(milliseconds(1));
-    QVERIFY(beat.isRunning());
-    QTRY_VERIFY(count > 50);
-    beat.stop();
-    beat.waitForAction();
-    const int last = count;
-    QVERIFY(twentyPeriodsPass());
-    QCOMPARE(count.load(), last);
-    beat.start(milliseconds(1));
-    QTRY_VERIFY(count > last);
-}
+    Q_OBJECT
 
-// An action that takes many periods is followed by one beat at the next multiple, not by those that
-// it missed: beats then lie at least a period apart again.
-void TestSteadyBeat::missedBeatsAreDropped()
-{
-    using Clock = std::chrono::steady_clock;
-    constexpr milliseconds kPeriod(20);
-    std::mutex mutex;
-    std::vector<Clock::time_point> beats;
-    Clock::time_point start;
-    SteadyBeat beat([&] {
-        const std::lock_guard<std::mutex> lock(mutex);
-        beats.push_back(Clock::now());
-        if (beats.size() == 1)
-            std::this_thread::sleep_for(kPeriod * 5);
-    });
-    start = Clock::now();
-    beat.start(kPeriod);
-    QTRY_VERIFY((std::lock_guard<std::mutex>(mutex), beats.size() >= 4));
-    beat.stop();
-    beat.waitForAction();
-    // However late each one was: a queue of missed beats would be more beats than periods.
-    const auto periods = (beats.back() - start) / kPeriod;
-    QVERIFY(static_cast<std::ptrdiff_t>(beats.size()) <= periods - 4);
-}
+private slots:
+    void beatsUntilStopped()
+    {
+        std::atomic<int> count{0};
+        SteadyBeat beat([&] { ++count; });
+        QVERIFY(!beat.isRunning());
+        beat.start(milliseconds(1));
+        QVERIFY(beat.isRunning());
+        QTRY_VERIFY(count > 50);
+        beat.stop();
+        beat.waitForAction();
+        const int last = count;
+        QVERIFY(twentyPeriodsPass());
+        QCOMPARE(count.load(), last);
+        beat.start(milliseconds(1));
+        QTRY_VERIFY(count > last);
+    }
 
-void TestSteadyBeat::longPeriodDoesNotBeatAtOnce_data()
-{
-    QTest::addColumn<qint64>("periodMs");
-    QTest::newRow("a minute") << qint64(60000);
-    QTest::newRow("the longest") << qint64(1000000000);
-}
+    // An action that takes many periods is followed by one beat at the next multiple, not by those
+    // that it missed: beats then lie at least a period apart again.
+    void missedBeatsAreDropped()
+    {
+        using Clock = std::chrono::steady_clock;
+        constexpr milliseconds kPeriod(20);
+        std::mutex mutex;
+        std::vector<Clock::time_point> beats;
+        Clock::time_point start;
+        SteadyBeat beat([&] {
+            const std::lock_guard<std::mutex> lock(mutex);
+            beats.push_back(Clock::now());
+            if (beats.size() == 1)
+                std::this_thread::sleep_for(kPeriod * 5);
+        });
+        start = Clock::now();
+        beat.start(kPeriod);
+        QTRY_VERIFY((std::lock_guard<std::mutex>(mutex), beats.size() >= 4));
+        beat.stop();
+        beat.waitForAction();
+        // However late each one was: a queue of missed beats would be more beats than periods.
+        const auto periods = (beats.back() - start) / kPeriod;
+        QVERIFY(static_cast<std::ptrdiff_t>(beats.size()) <= periods - 4);
+    }
 
-void TestSteadyBeat::longPeriodDoesNotBeatAtOnce()
-{
-    QFETCH(qint64, periodMs);
-    std::atomic<int> count{0};
-    SteadyBeat beat([&] { ++count; });
-    beat.start(milliseconds(periodMs));
-    beat.runOnce();
-    QTRY_COMPARE(count.load(), 1);
-    QVERIFY(twentyPeriodsPass());
-    QCOMPARE(count.load(), 1);
-}
+    void longPeriodDoesNotBeatAtOnce_data()
+    {
+        const Rows<qint64> row("periodMs");
+        row("a minute", 60000);
+        row("the longest", 1000000000);
+    }
 
-void TestSteadyBeat::newPeriodReplacesTheOld()
-{
-    std::atomic<int> count{0};
-    SteadyBeat beat([&] { ++count; });
-    beat.start(milliseconds(1000000000));
-    beat.start(milliseconds(1));
-    QTRY_VERIFY(count > 3);
-}
+    void longPeriodDoesNotBeatAtOnce()
+    {
+        QFETCH(qint64, periodMs);
+        std::atomic<int> count{0};
+        SteadyBeat beat([&] { ++count; });
+        beat.start(milliseconds(periodMs));
+        beat.runOnce();
+        QTRY_COMPARE(count.load(), 1);
+        QVERIFY(twentyPeriodsPass());
+        QCOMPARE(count.load(), 1);
+    }
 
-void TestSteadyBeat::onceWhileRunningIsDropped()
-{
-    Gate gate;
-    SteadyBeat beat([&] { gate.pass(); });
-    beat.runOnce();
-    QTRY_COMPARE(gate.entered.load(), 1);
-    beat.runOnce();
-    beat.runOnce();
-    gate.open();
-    beat.waitForAction();
-    QCOMPARE(gate.left.load(), 1);
-    QCOMPARE(gate.entered.load(), 1);
-}
+    void newPeriodReplacesTheOld()
+    {
+        std::atomic<int> count{0};
+        SteadyBeat beat([&] { ++count; });
+        beat.start(milliseconds(1000000000));
+        beat.start(milliseconds(1));
+        QTRY_VERIFY(count > 3);
+    }
 
-void TestSteadyBeat::stopDoesNotWaitButWaitForActionDoes()
-{
-    Gate gate;
-    SteadyBeat beat([&] { gate.pass(); });
-    beat.start(milliseconds(1));
-    QTRY_COMPARE(gate.entered.load(), 1);
-    beat.stop();
-    QCOMPARE(gate.left.load(), 0);
-    std::future<void> opener = std::async(std::launch::async, [&] { gate.open(); });
-    beat.waitForAction();
-    QCOMPARE(gate.left.load(), 1);
-    opener.get();
-    QCOMPARE(gate.entered.load(), 1);
-}
+    void onceWhileRunningIsDropped()
+    {
+        Gate gate;
+        SteadyBeat beat([&] { gate.pass(); });
+        beat.runOnce();
+        QTRY_COMPARE(gate.entered.load(), 1);
+        beat.runOnce();
+        beat.runOnce();
+        gate.open();
+        beat.waitForAction();
+        QCOMPARE(gate.left.load(), 1);
+        QCOMPARE(gate.entered.load(), 1);
+    }
 
-void TestSteadyBeat::destructionWaitsForTheAction()
-{
-    Gate gate;
-    auto beat = std::make_unique<SteadyBeat>([&] { gate.pass(); });
-    beat->start(milliseconds(1));
-    QTRY_COMPARE(gate.entered.load(), 1);
-    std::future<void> opener = std::async(std::launch::async, [&] { gate.open(); });
-    beat.reset();
-    QCOMPARE(gate.left.load(), 1);
-    opener.get();
-}
+    void stopDoesNotWaitButWaitForActionDoes()
+    {
+        Gate gate;
+        SteadyBeat beat([&] { gate.pass(); });
+        beat.start(milliseconds(1));
+        QTRY_COMPARE(gate.entered.load(), 1);
+        beat.stop();
+        QCOMPARE(gate.left.load(), 0);
+        std::future<void> opener = std::async(std::launch::async, [&] { gate.open(); });
+        beat.waitForAction();
+        QCOMPARE(gate.left.load(), 1);
+        opener.get();
+        QCOMPARE(gate.entered.load(), 1);
+    }
+
+    void destructionWaitsForTheAction()
+    {
+        Gate gate;
+        auto beat = std::make_unique<SteadyBeat>([&] { gate.pass(); });
+        beat->start(milliseconds(1));
+        QTRY_COMPARE(gate.entered.load(), 1);
+        std::future<void> opener = std::async(std::launch::async, [&] { gate.open(); });
+        beat.reset();
+        QCOMPARE(gate.left.load(), 1);
+        opener.get();
+    }
+};
 
 OBFT_TEST_MAIN(TestSteadyBeat)
 #include "tst_steadybeat.moc"

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "pages/DemoPageTest.h"
+
+#include "basetools/ORXInterface.h"
+#include "device/OBDeviceControl.h"
+
+void DemoPageTest::prepare()
+{
+    m_clock = std::make_unique<ManualClock>();
+    m_demo = std::make_unique<DemoCamera>(m_clock.get());
+}
+
+void DemoPageTest::finish()
+{
+    if (m_camera)
+        m_camera->openGate();
+    m_window.reset();
+    m_camera.reset();
+    m_demo.reset();
+    OBDeviceControl::SetUserLevel(1);
+    ORXInterface::setLanguage("ENG"_s);
+}
+
+void DemoPageTest::open(const QStringList& lacking, int language)
+{
+    m_camera = std::make_unique<MeddledCamera>(*m_demo, lacking);
+    m_window = std::make_unique<PageWindow>(*m_camera, language);
+}
+
+int DemoPageTest::write(const char* name, const char* text)
+{
+    static const QHash<QByteArray, int> kTypes = {{"Enumeration", OB_FT_TYPE_ENUMERATION},
+                                                  {"Boolean", OB_FT_TYPE_BOOLEAN},
+                                                  {"Command", OB_FT_TYPE_COMMAND},
+                                                  {"Float", OB_FT_TYPE_FLOAT}};
+    const DescriptionNode* node = m_demo->nodes().find(name);
+    return m_demo->write(kTypes.value(node->tag.c_str(), OB_FT_TYPE_INTEGER), name, text);
+}
+
+qint64 DemoPageTest::read(const char* name)
+{
+    _ZDCC_INTVALUE_EX_T record = {};
+    m_demo->read(OB_FT_TYPE_INTEGER, name, &record);
+    return record.value;
+}

@@ -31,6 +31,7 @@ public:
     void removeCameraID(qint64 cameraId) override;
     void updateValue() override;
     void translate() override;
+    void createTransMap() override;
     int notify(int code, void* payload) override;
 
     // The page has come into sight.
@@ -46,17 +47,21 @@ public:
 protected:
     void afterItemsCreated(ORXPropertyTreeItem* root) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
+    void buildLayout();
     void createLUTItems(ORXPropertyTreeItem* root);
     void connectLUTItems();
     void updateLUTItems();
+    void lockTable(bool lock);
     void createMatrixItems(ORXPropertyTreeItem* root);
     void createPaletteItem(ORXPropertyTreeItem* root);
     void updatePalette();
 
     void scheduleRefresh();
     void refresh();
+    void forgetCamera();
     bool showsGroup(const char* group);
     void updateAreas();
     void updatePanel();
@@ -64,11 +69,13 @@ private:
     void writeRegion(const RegionArea::Target& target);
     QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }
 
-    SelectorChecks* m_pChunks;   // Owned (child).
-    SelectorChecks* m_pEvents;   // Owned (child).
-    QStackedWidget* m_pPanels;   // Owned (child).
-    RegionDrawWidget* m_pRegion; // Owned (child).
-    QWidget* m_pLutPanel;        // Owned (child).
-    QLUTDrawWidget* m_pLut;      // Owned (child).
-    QTimer m_refreshTimer;       // many changes of items are one refresh
+    SelectorChecks* m_pChunks;      // Owned (child).
+    SelectorChecks* m_pEvents;      // Owned (child).
+    QStackedWidget* m_pPanels;      // Owned (child).
+    RegionDrawWidget* m_pRegion;    // Owned (child).
+    QWidget* m_pLutPanel;           // Owned (child).
+    QLUTDrawWidget* m_pLut;         // Owned (child).
+    QTimer m_refreshTimer;          // many changes of items are one refresh
+    QTimer m_areasTimer;            // waits for the end of a pass
+    bool m_bDrawnElsewhere = false; // another page draws in the same camera
 };

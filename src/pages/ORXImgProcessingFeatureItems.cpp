@@ -51,6 +51,17 @@ void ORXImgProcessingFeature::connectLUTItems()
             return true;
         });
     }
+    using Setter = void (QLUTDrawWidget::*)(float);
+    const QVector<QPair<const char*, Setter>> numbers = {
+        {kLUTGamma, &QLUTDrawWidget::SetGammaValue},
+        {kLUTContrast, &QLUTDrawWidget::SetContrastValue},
+        {kLUTLum, &QLUTDrawWidget::SetLumValue}};
+    for (const auto& number : numbers) {
+        onOwnWrite(number.first, [this, set = number.second](const QVariant& value) {
+            (m_pLut->*set)(value.toFloat());
+            return true;
+        });
+    }
     connect(m_pLut, &QLUTDrawWidget::SigUpdateFeatureTree, this,
             &ORXImgProcessingFeature::scheduleRefresh);
 }
@@ -62,15 +73,32 @@ void ORXImgProcessingFeature::updateLUTItems()
         return;
     const bool on = enable->value()->value().toBool();
     m_pLut->setEnabled(on);
-    // A running transfer is of the curve as it is.
-    const bool readOnly = !on || m_pLut->isTransferring();
     for (const char* name : kLUTItems) {
         ORXPropertyTreeItem* item = pageItem(name);
-        if (!item || item->readOnly() == readOnly)
+        if (!item || item->readOnly() == !on)
             continue;
-        item->setReadOnly(readOnly);
+        item->setReadOnly(!on);
         item->notifyViewUpdate(cameraID(), -1, false);
     }
+}
+
+// Selecting another table, or another point, in the middle of a transfer would mix the tables.
+void ORXImgProcessingFeature::lockTable(bool lock)
+{
+    for (const char* name : {"LUTSelector", "LUTIndex", "LUTValue"}) {
+        ORXPropertyTreeItem* item = cameraItem(name);
+        if (!item || item->value()->enabled() == !lock)
+            continue;
+        // Passes set the read-only state by the camera's locks; this switch is not theirs.
+        item->value()->setEnabled(!lock);
+        item->setReadOnly(lock);
+        item->notifyViewUpdate(cameraID(), -1, false);
+        if (!lock)
+            tree()->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, QString::fromLatin1(name),
+                                   QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead),
+                                   false, false);
+    }
+    scheduleRefresh();
 }
 
 // Colour correction matrix ------------------------------------------------------------------------
@@ -82,9 +110,9 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
     ORXPropertyTreeItem* enable = pageItem(kCCMEnable, root);
     ORXPropertyTreeItem* matrix = pageItem(kCCM, root);
     auto* value = dynamic_cast<CTreeCustomCCMItemValue*>(matrix->value());
-    const bool inCamera = cameraItem("ColorTransformationValueSelector")
-                          && cameraItem("ColorTransformationValue")
-                          && cameraItem("ColorTransformationEnable");
+    const bool inCamera = cameraItem("ColorTransformationValueSelector") &&
+                          cameraItem("ColorTransformationValue") &&
+                          cameraItem("ColorTransformationEnable");
     if (!inCamera && !ORXRWCCMValue::exists(ORXRWCCMValue::cameraName())) {
         delete matrix;
         delete enable;
@@ -110,10 +138,15 @@ void ORXImgProcessingFeature::createPaletteItem(ORXPropertyTreeItem* root)
     }
     observe(camera);
     onOwnWrite(kPalette, [this](const QVariant& value) {
-        ORXFeatureTree* whole = tree();
-        return whole
-               && whole->setFeatureValue(featureTagName(FeatureTag::Enumeration),
-                                         QString::fromLatin1(kPalettesMode), value);
+        ORXPropertyTreeItem* item = cameraItem(kPalettesMode);
+        if (!item || !tree()->setFeatureValue(featureTagName(FeatureTag::Enumeration),
+                                              QString::fromLatin1(kPalettesMode), value))
+            return false;
+        if (ORXPropertyTreeItem::isAlive(item)) {
+            item->value()->setValue(value);
+            item->notifyViewUpdate(cameraID(), -1, false);
+        }
+        return true;
     });
 }
 

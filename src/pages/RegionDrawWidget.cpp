@@ -45,8 +45,14 @@ RegionDrawWidget::RegionDrawWidget(QWidget* parent)
     setAccessibleName(tr("Picture of the sensor area"));
 }
 
-QSize RegionDrawWidget::sizeHint() const { return {320, 260}; }
-QSize RegionDrawWidget::minimumSizeHint() const { return {200, 160}; }
+QSize RegionDrawWidget::sizeHint() const
+{
+    return {320, 260};
+}
+QSize RegionDrawWidget::minimumSizeHint() const
+{
+    return {200, 160};
+}
 
 void RegionDrawWidget::setAreas(const std::optional<RegionArea>& image,
                                 const std::optional<RegionArea>& area)
@@ -55,6 +61,13 @@ void RegionDrawWidget::setAreas(const std::optional<RegionArea>& image,
     m_autoArea = area;
     if (!edited())
         cancelEdit();
+    update();
+}
+
+void RegionDrawWidget::showEdited(const RegionArea& area)
+{
+    if (edited())
+        (m_mode == DrawAutoFunctionArea ? m_autoArea : m_image) = area;
     update();
 }
 
@@ -93,8 +106,7 @@ double RegionDrawWidget::scale() const
 QPointF RegionDrawWidget::origin(const RegionArea* area) const
 {
     const QSizeF shown = QSizeF(sensorSize()) * scale();
-    QPointF corner((width() - shown.width()) / 2,
-                   (height() - kCaptionHeight - shown.height()) / 2);
+    QPointF corner((width() - shown.width()) / 2, (height() - kCaptionHeight - shown.height()) / 2);
     if (m_autoArea && area == &*m_autoArea && m_image)
         corner += QPointF(m_image->rect().topLeft()) * scale();
     return corner;
@@ -191,12 +203,15 @@ void RegionDrawWidget::mouseReleaseEvent(QMouseEvent* event)
 
 void RegionDrawWidget::showCursor(const QPointF& position)
 {
-    static const QMap<int, Qt::CursorShape> kShapes = {
-        {AllSides, Qt::SizeAllCursor},        {Left, Qt::SizeHorCursor},
-        {Right, Qt::SizeHorCursor},           {Top, Qt::SizeVerCursor},
-        {Bottom, Qt::SizeVerCursor},          {Left | Top, Qt::SizeFDiagCursor},
-        {Right | Bottom, Qt::SizeFDiagCursor}, {Right | Top, Qt::SizeBDiagCursor},
-        {Left | Bottom, Qt::SizeBDiagCursor}};
+    static const QMap<int, Qt::CursorShape> kShapes = {{AllSides, Qt::SizeAllCursor},
+                                                       {Left, Qt::SizeHorCursor},
+                                                       {Right, Qt::SizeHorCursor},
+                                                       {Top, Qt::SizeVerCursor},
+                                                       {Bottom, Qt::SizeVerCursor},
+                                                       {Left | Top, Qt::SizeFDiagCursor},
+                                                       {Right | Bottom, Qt::SizeFDiagCursor},
+                                                       {Right | Top, Qt::SizeBDiagCursor},
+                                                       {Left | Bottom, Qt::SizeBDiagCursor}};
     setCursor(kShapes.value(sidesAt(position), Qt::ArrowCursor));
 }
 
@@ -299,9 +314,9 @@ void RegionDrawWidget::paintEvent(QPaintEvent*)
     if (m_autoArea)
         drawArea(painter, *m_autoArea, kAutoArea);
     painter.setPen(colour(kText));
-    painter.drawText(QRect(kMargin, height() - kCaptionHeight, width() - 2 * kMargin,
-                           kCaptionHeight - 4),
-                     Qt::AlignHCenter | Qt::AlignVCenter, caption());
+    painter.drawText(
+        QRect(kMargin, height() - kCaptionHeight, width() - 2 * kMargin, kCaptionHeight - 4),
+        Qt::AlignHCenter | Qt::AlignVCenter, caption());
     if (hasFocus()) {
         painter.setPen(QPen(colour(kRegion), 1, Qt::DotLine));
         painter.setBrush(Qt::NoBrush);
@@ -313,8 +328,7 @@ void RegionDrawWidget::drawArea(QPainter& painter, const RegionArea& area,
                                 const char* colourKey) const
 {
     const bool isEdited = &area == edited();
-    const QRectF rect =
-        rectOf(&area, isEdited && m_target ? *m_target : area.current());
+    const QRectF rect = rectOf(&area, isEdited && m_target ? *m_target : area.current());
     QColor line = colour(colourKey);
     QColor fill = line;
     fill.setAlphaF(isEdited ? 0.22 : 0.08);

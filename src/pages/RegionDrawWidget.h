@@ -19,6 +19,8 @@ public:
 
     // What the camera has; nothing for an area that it lacks. An edit under way goes on.
     void setAreas(const std::optional<RegionArea>& image, const std::optional<RegionArea>& area);
+    // What was edited, as the camera has just taken it.
+    void showEdited(const RegionArea& area);
     void setDrawMode(DrawMode mode);
     DrawMode drawMode() const { return m_mode; }
     bool hasAreas() const { return m_image || m_autoArea; }

@@ -27,14 +27,15 @@ public:
         const char* enable;
     };
 
-    // `choices`: the first pair that the camera has is taken. `tag` is that of the rows.
+    // `choices`: the first pair that the camera has now is taken. `tag` is that of the rows.
     SelectorChecks(const QVector<Names>& choices, FeatureTag tag, QObject* parent);
     ~SelectorChecks() override;
 
-    // Makes the rows for the camera of `tree` below `group`, as many as the description has entries
-    // for; they are owned by the group. Which entries the camera has is known after it was read.
-    void makeRows(ORXFeatureTree* tree, ORXPropertyTreeItem* group, ORXFeatureTreeView* view,
-                  qint64 cameraId);
+    // Turns to the camera of `tree` and to its rows below `group`. When the group has none yet they
+    // are made, as many as the description has entries for, and owned by the group. Which entries
+    // the camera has is known after it was read.
+    void attach(ORXFeatureTree* tree, ORXPropertyTreeItem* group, ORXFeatureTreeView* view,
+                qint64 cameraId);
     // Nothing is asked of the host any more; a running call is waited for.
     void stopHostCalls();
     // As above; forgets camera and rows, which may go now.
@@ -52,6 +53,8 @@ public:
     bool write(const QString& nodeName, bool on);
 
 private:
+    const Names* chosen() const;
+    void makeRows(ORXPropertyTreeItem* group, ORXFeatureTreeView* view);
     ORXPropertyTreeItem* cameraItem(const char* name) const;
     const CTreeEnumationItemValue* entries() const;
     SelectorStateThread::Pair pair() const;
@@ -65,11 +68,12 @@ private:
 
     const QVector<Names> m_choices;
     const FeatureTag m_tag;
-    const Names* m_names = nullptr;       // of this camera; null without. Not owned.
-    ORXFeatureTree* m_pTree = nullptr;    // Not owned.
+    const Names* m_names = nullptr;    // the choice for this camera; null without. Not owned.
+    ORXFeatureTree* m_pTree = nullptr; // Not owned.
     qint64 m_lCameraID = -1;
     QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
     QVector<qint64> m_numbers;            // entries in the order of the boxes
+    QMap<qint64, int> m_underWay;         // number of writes by entry
     QTimer m_timer;
     SelectorStateThread m_thread;
 };

@@ -182,13 +182,12 @@ void SelectorStateThread::writeState(const Job& job)
     QString refused = pair.selector;
     {
         SelectorKeeper keeper(pair.selector);
-        if (keeper.isKnown()
-            && keeper.select(static_cast<quint32>(job.entries.constFirst()), &error)) {
+        if (keeper.isKnown() &&
+            keeper.select(static_cast<quint32>(job.entries.constFirst()), &error)) {
             const bool written =
-                pair.isEnumeration
-                    ? OBDeviceControl::SetEnumNodeValue(pair.enable, job.on ? pair.on : pair.off,
-                                                        &error)
-                    : OBDeviceControl::SetBoolNodeValue(pair.enable, job.on, &error);
+                pair.isEnumeration ? OBDeviceControl::SetEnumNodeValue(
+                                         pair.enable, job.on ? pair.on : pair.off, &error)
+                                   : OBDeviceControl::SetBoolNodeValue(pair.enable, job.on, &error);
             refused = written ? QString() : pair.enable;
         }
     }

@@ -76,9 +76,9 @@ private:
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<Job> m_jobs;   // guarded by m_mutex
-    bool m_bRunning = false;  // guarded by m_mutex: a job is being done
-    bool m_bQuit = false;     // guarded by m_mutex
+    std::deque<Job> m_jobs;  // guarded by m_mutex
+    bool m_bRunning = false; // guarded by m_mutex: a job is being done
+    bool m_bQuit = false;    // guarded by m_mutex
     std::atomic<bool> m_bStop{false};
     std::thread m_thread;
 };

@@ -209,6 +209,12 @@ void ORXImgProcessingFeature::translate()
     scheduleRefresh();
 }
 
+void ORXImgProcessingFeature::resizeEvent(QResizeEvent* event)
+{
+    CuratedPage::resizeEvent(event);
+    fitPanel();
+}
+
 int ORXImgProcessingFeature::notify(int code, void* payload)
 {
     if (code == ListenCode::kFirstReadEnded && payload &&
@@ -274,8 +280,17 @@ void ORXImgProcessingFeature::updatePanel()
     }
     if (panel)
         m_pPanels->setCurrentWidget(panel);
+    fitPanel();
     m_pPanels->setVisible(panel != nullptr);
     setDrawMode(isVisible() && !m_bDrawnElsewhere ? mode : RegionDrawWidget::DrawNothing);
+}
+
+// What the panel cannot use is the rows'.
+void ORXImgProcessingFeature::fitPanel()
+{
+    const bool lut = m_pPanels->currentWidget() == m_pLutPanel;
+    m_pPanels->setMaximumHeight(lut ? m_pLutPanel->sizeHint().height()
+                                    : m_pRegion->usefulHeight(width()));
 }
 
 void ORXImgProcessingFeature::setDrawMode(int mode)

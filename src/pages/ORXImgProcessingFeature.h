@@ -48,6 +48,7 @@ protected:
     void afterItemsCreated(ORXPropertyTreeItem* root) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void buildLayout();
@@ -65,6 +66,7 @@ private:
     bool showsGroup(const char* group);
     void updateAreas();
     void updatePanel();
+    void fitPanel();
     void setDrawMode(int mode);
     void writeRegion(const RegionArea::Target& target);
     QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }

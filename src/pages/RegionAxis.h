@@ -29,10 +29,10 @@ public:
         qint64 sizeIncrement = 1;
         qint64 offsetMinimum = 0;
         qint64 offsetIncrement = 1;
+        qint64 extent = 1; // length of the area; a region ends here at the latest
         // Of a camera that allows less than the area has room for.
         qint64 sizeMaximum = kLongest;
         qint64 offsetMaximum = kLongest;
-        qint64 extent = 1; // length of the area; a region ends here at the latest
     };
 
     RegionAxis() = default;

@@ -95,11 +95,13 @@ ORXPropertyTreeItem* CuratedPage::creatRootItem()
             createOneItem(true, root, latin(group.name), nullptr, true, true);
         for (const CuratedItem& line : group.items)
             addItem(item, line);
-        // Only a group that got no item at all is hidden by this.
-        item->setVisible(false, -1);
     }
     followVisibility(root, QString(), -1);
     afterItemsCreated(root);
+    // Only a group that got no item at all is hidden by this.
+    const QVector<ORXPropertyTreeItem*> groups = root->children();
+    for (ORXPropertyTreeItem* group : groups)
+        group->setVisible(false, -1);
     return root;
 }
 

@@ -148,7 +148,7 @@ void ORXImgProcessingFeature::itemValueChanged(ORXPropertyTreeItem* item)
         return;
     const QString name = item->value()->nodeName(0);
     for (SelectorChecks* each : checks()) {
-        if (each->concerns(name) && isVisible())
+        if (each->concerns(name))
             each->requestStates();
     }
     scheduleRefresh();
@@ -158,6 +158,15 @@ void ORXImgProcessingFeature::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 {
     CuratedPage::itemVisibleStateChanged(item);
     scheduleRefresh();
+}
+
+// The camera was read anew: what stands behind the selectors may be another, too.
+void ORXImgProcessingFeature::itemSpecialInfoChanged(ORXPropertyTreeItem*, int info)
+{
+    if (info != static_cast<int>(NotifyViewSpecial::ChunkSelectionChanged))
+        return;
+    for (SelectorChecks* each : checks())
+        each->requestStates();
 }
 
 void ORXImgProcessingFeature::scheduleRefresh()
@@ -191,15 +200,15 @@ void ORXImgProcessingFeature::afterCurrentTabShow()
 void ORXImgProcessingFeature::showEvent(QShowEvent* event)
 {
     CuratedPage::showEvent(event);
-    for (SelectorChecks* each : checks())
-        each->requestStates();
     scheduleRefresh();
 }
 
-// Nobody draws in a page out of sight.
+// Nobody draws in a page out of sight, nor looks at its boxes.
 void ORXImgProcessingFeature::hideEvent(QHideEvent* event)
 {
     CuratedPage::hideEvent(event);
+    for (SelectorChecks* each : checks())
+        each->setShown(false);
     setDrawMode(RegionDrawWidget::DrawNothing);
 }
 
@@ -220,10 +229,8 @@ int ORXImgProcessingFeature::notify(int code, void* payload)
     if (code == ListenCode::kFirstReadEnded && payload &&
         *static_cast<qint64*>(payload) == cameraID()) {
         scheduleRefresh();
-        if (isVisible()) {
-            for (SelectorChecks* each : checks())
-                each->requestStates();
-        }
+        for (SelectorChecks* each : checks())
+            each->requestStates();
     } else if (code == ListenCode::kDrawModeChanged && payload) {
         // While another page draws in the same camera, this one does not.
         const auto* change = static_cast<const DrawModeChange*>(payload);
@@ -280,6 +287,8 @@ void ORXImgProcessingFeature::updatePanel()
     }
     if (panel)
         m_pPanels->setCurrentWidget(panel);
+    m_pChunks->setShown(isVisible() && showsGroup(kEmbeddedInfoGroup));
+    m_pEvents->setShown(isVisible() && showsGroup(kEventGroup));
     fitPanel();
     m_pPanels->setVisible(panel != nullptr);
     setDrawMode(isVisible() && !m_bDrawnElsewhere ? mode : RegionDrawWidget::DrawNothing);

@@ -27,6 +27,7 @@ public:
                          const QVariant& value) override;
     void itemValueChanged(ORXPropertyTreeItem* item) override;
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    void itemSpecialInfoChanged(ORXPropertyTreeItem* item, int info) override;
     void resetCamaraID(qint64 cameraId) override;
     void removeCameraID(qint64 cameraId) override;
     void updateValue() override;

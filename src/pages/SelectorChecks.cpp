@@ -56,6 +56,7 @@ void SelectorChecks::clear()
     QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     m_rows.clear();
     m_numbers.clear();
+    m_bShown = false;
     m_names = nullptr;
     m_pTree = nullptr;
     m_lCameraID = -1;
@@ -198,9 +199,17 @@ SelectorStateThread::Pair SelectorChecks::pair() const
     return pair;
 }
 
+void SelectorChecks::setShown(bool shown)
+{
+    const bool appears = shown && !m_bShown;
+    m_bShown = shown;
+    if (appears)
+        requestStates();
+}
+
 void SelectorChecks::requestStates()
 {
-    if (m_names && !m_numbers.isEmpty())
+    if (m_bShown && m_names && !m_numbers.isEmpty())
         m_timer.start(0);
 }
 

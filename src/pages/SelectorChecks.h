@@ -43,6 +43,9 @@ public:
     // Entries, words of the interface language, visibility and access, as the camera's features
     // have them now.
     void refresh();
+    // Whether the user sees the rows; the states are read anew when they come into sight, and not
+    // at all while they are out of sight.
+    void setShown(bool shown);
     // Reads the states soon; many requests are one.
     void requestStates();
 
@@ -73,6 +76,7 @@ private:
     qint64 m_lCameraID = -1;
     QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
     QVector<qint64> m_numbers;            // entries in the order of the boxes
+    bool m_bShown = false;
     QMap<qint64, int> m_underWay;         // number of writes by entry
     QTimer m_timer;
     SelectorStateThread m_thread;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/MeddledCamera.h"
 
+#include "CameraError.h"
+
 #include <OBFeatureTree/OBFeatureTree.h>
 
 #include <algorithm>
@@ -16,6 +18,8 @@ MeddledCamera::MeddledCamera(Camera& camera, const QStringList& lacking)
 
 int MeddledCamera::failureOf(const std::string& name) const
 {
+    if (m_unplugged)
+        return CameraError::NotConnected;
     const auto found = m_failures.find(name);
     return found == m_failures.end() ? 0 : found->second;
 }
@@ -28,7 +32,12 @@ int MeddledCamera::read(int type, const std::string& name, void* record)
         if (const int code = failureOf(name))
             return code;
     }
-    return m_camera.read(type, name, record);
+    const int result = m_camera.read(type, name, record);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto increment = m_increments.find(name);
+    if (increment != m_increments.end() && type == OB_FT_TYPE_INTEGER)
+        static_cast<_ZDCC_INTVALUE_EX_T*>(record)->increment = increment->second;
+    return result;
 }
 
 int MeddledCamera::write(int type, const std::string& name, const std::string& text)
@@ -67,6 +76,12 @@ void MeddledCamera::hide(const char* name, bool hidden)
         m_hidden.insert(name);
     else
         m_hidden.erase(name);
+}
+
+void MeddledCamera::setIncrement(const char* name, qint64 increment)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_increments[name] = increment;
 }
 
 void MeddledCamera::closeGate(const char* name)

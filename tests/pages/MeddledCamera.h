@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <condition_variable>
 #include <map>
 #include <mutex>
@@ -28,13 +29,17 @@ public:
     int write(int type, const std::string& name, const std::string& text) override;
     int accessMode(const std::string& name, int* mode) override;
     int invalidate() override { return m_camera.invalidate(); }
-    bool isConnected() const override { return m_camera.isConnected(); }
+    bool isConnected() const override { return !m_unplugged && m_camera.isConnected(); }
     int reconnect() override { return m_camera.reconnect(); }
 
     // Reads and writes of the name answer with the code from now on; 0 ends it.
     void fail(const char* name, int code);
     // The feature's access mode says that it is not there.
     void hide(const char* name, bool hidden);
+    // The integer feature says that its values go in steps of this.
+    void setIncrement(const char* name, qint64 increment);
+    // Every call fails from now on, as if the cable were pulled.
+    void unplug() { m_unplugged = true; }
     // Writes of the name wait until the gate opens.
     void closeGate(const char* name);
     void openGate();
@@ -57,6 +62,8 @@ private:
     std::condition_variable m_opened;
     std::map<std::string, int> m_failures;
     std::set<std::string> m_hidden;
+    std::map<std::string, qint64> m_increments;
+    std::atomic<bool> m_unplugged{false};
     std::string m_gated;
     QStringList m_writes;
     std::map<std::string, int> m_running;

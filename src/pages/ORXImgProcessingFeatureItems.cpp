@@ -18,6 +18,26 @@ constexpr std::array<const char*, 9> kLUTItems = {
     kLUTLineType,    kLUTGamma,        kLUTContrast,  kLUTLum,  kLUTLoadFromCamera,
     kLUTSetToCamera, kLUTLoadFromFile, kLUTSetToFile, kLUTClear};
 
+struct CommandItem
+{
+    const char* name;
+    void (QLUTDrawWidget::*run)();
+};
+constexpr CommandItem kCommandItems[] = {{kLUTLoadFromCamera, &QLUTDrawWidget::LoadFromCamera},
+                                         {kLUTSetToCamera, &QLUTDrawWidget::SetToCamera},
+                                         {kLUTLoadFromFile, &QLUTDrawWidget::LoadFromFile},
+                                         {kLUTSetToFile, &QLUTDrawWidget::SaveToFile},
+                                         {kLUTClear, &QLUTDrawWidget::ClearDraw}};
+
+struct NumberItem
+{
+    const char* name;
+    void (QLUTDrawWidget::*set)(float);
+};
+constexpr NumberItem kNumberItems[] = {{kLUTGamma, &QLUTDrawWidget::SetGammaValue},
+                                       {kLUTContrast, &QLUTDrawWidget::SetContrastValue},
+                                       {kLUTLum, &QLUTDrawWidget::SetLumValue}};
+
 } // namespace
 
 // Look-up table -----------------------------------------------------------------------------------
@@ -37,27 +57,15 @@ void ORXImgProcessingFeature::connectLUTItems()
         m_pLut->SetDrawLineChanged(value.toInt());
         return true;
     });
-    using Command = void (QLUTDrawWidget::*)();
-    const QVector<QPair<const char*, Command>> commands = {
-        {kLUTLoadFromCamera, &QLUTDrawWidget::LoadFromCamera},
-        {kLUTSetToCamera, &QLUTDrawWidget::SetToCamera},
-        {kLUTLoadFromFile, &QLUTDrawWidget::LoadFromFile},
-        {kLUTSetToFile, &QLUTDrawWidget::SaveToFile},
-        {kLUTClear, &QLUTDrawWidget::ClearDraw}};
-    for (const auto& command : commands) {
+    for (const CommandItem& item : kCommandItems) {
         // Later: a file dialog must not run inside the editor's commit.
-        onOwnWrite(command.first, [this, run = command.second](const QVariant&) {
+        onOwnWrite(item.name, [this, run = item.run](const QVariant&) {
             QMetaObject::invokeMethod(m_pLut, run, Qt::QueuedConnection);
             return true;
         });
     }
-    using Setter = void (QLUTDrawWidget::*)(float);
-    const QVector<QPair<const char*, Setter>> numbers = {
-        {kLUTGamma, &QLUTDrawWidget::SetGammaValue},
-        {kLUTContrast, &QLUTDrawWidget::SetContrastValue},
-        {kLUTLum, &QLUTDrawWidget::SetLumValue}};
-    for (const auto& number : numbers) {
-        onOwnWrite(number.first, [this, set = number.second](const QVariant& value) {
+    for (const NumberItem& item : kNumberItems) {
+        onOwnWrite(item.name, [this, set = item.set](const QVariant& value) {
             (m_pLut->*set)(value.toFloat());
             return true;
         });

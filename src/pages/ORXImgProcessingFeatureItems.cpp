@@ -32,11 +32,12 @@ constexpr CommandItem kCommandItems[] = {{kLUTLoadFromCamera, &QLUTDrawWidget::L
 struct NumberItem
 {
     const char* name;
-    void (QLUTDrawWidget::*set)(float);
+    void (*set)(QLUTDrawWidget& editor, float value);
 };
-constexpr NumberItem kNumberItems[] = {{kLUTGamma, &QLUTDrawWidget::SetGammaValue},
-                                       {kLUTContrast, &QLUTDrawWidget::SetContrastValue},
-                                       {kLUTLum, &QLUTDrawWidget::SetLumValue}};
+constexpr NumberItem kNumberItems[] = {
+    {kLUTGamma, [](QLUTDrawWidget& editor, float value) { editor.SetGammaValue(value); }},
+    {kLUTContrast, [](QLUTDrawWidget& editor, float value) { editor.SetContrastValue(value); }},
+    {kLUTLum, [](QLUTDrawWidget& editor, float value) { editor.SetLumValue(value); }}};
 
 } // namespace
 
@@ -59,14 +60,14 @@ void ORXImgProcessingFeature::connectLUTItems()
     });
     for (const CommandItem& item : kCommandItems) {
         // Later: a file dialog must not run inside the editor's commit.
-        onOwnWrite(item.name, [this, run = item.run](const QVariant&) {
-            QMetaObject::invokeMethod(m_pLut, run, Qt::QueuedConnection);
+        onOwnWrite(item.name, [this, each = &item](const QVariant&) {
+            QMetaObject::invokeMethod(m_pLut, each->run, Qt::QueuedConnection);
             return true;
         });
     }
     for (const NumberItem& item : kNumberItems) {
         onOwnWrite(item.name, [this, set = item.set](const QVariant& value) {
-            (m_pLut->*set)(value.toFloat());
+            set(*m_pLut, value.toFloat());
             return true;
         });
     }

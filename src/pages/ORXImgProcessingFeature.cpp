@@ -346,7 +346,8 @@ void ORXImgProcessingFeature::writeRegion(const RegionArea::Target& target)
             break;
         if (ORXPropertyTreeItem* item = whole->propertyItemByName(write.first)) {
             item->value()->setValue(write.second);
-            item->notifyViewUpdate(cameraID(), -1, false);
+            // Published, so that a later read of another value counts as a change.
+            item->endUpdateItem(cameraID());
         }
     }
     if (written)

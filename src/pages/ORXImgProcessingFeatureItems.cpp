@@ -153,7 +153,7 @@ void ORXImgProcessingFeature::createPaletteItem(ORXPropertyTreeItem* root)
             return false;
         if (ORXPropertyTreeItem::isAlive(item)) {
             item->value()->setValue(value);
-            item->notifyViewUpdate(cameraID(), -1, false);
+            item->endUpdateItem(cameraID());
         }
         return true;
     });

@@ -21,3 +21,7 @@ picture page-trigger-en en "tab=2; set=Trigger Mode:On; wait=400; set=Enable Aut
 picture page-trigger-zh zh "tab=2; set=触发模式:开启; wait=400; set=自动触发使能:1"
 picture user-sets-en en "choose=ORXFeatureUserLevel:Guru; settle; press=ORXFeatureSave"
 picture user-sets-zh zh "choose=ORXFeatureUserLevel:资深; settle; press=ORXFeatureSave"
+picture page-image-roi-en en "choose=ORXFeatureUserLevel:Guru; settle; tab=3; select=ROI; wait=400"
+picture page-image-roi-zh zh "choose=ORXFeatureUserLevel:资深; settle; tab=3; select=感兴趣区域（ROI）; wait=400"
+picture page-image-lut-en en "tab=3; select=LUT; set=LUT Enable:1; wait=400; set=Line Type:Curve"
+picture page-image-lut-zh zh "tab=3; select=查找表（LUT）; set=查找表使能:1; wait=400; set=曲线类型:曲线"

@@ -41,7 +41,15 @@ struct CuratedItem
     {
     }
     CuratedItem(const char* itemName, const char* itemText, FeatureTag itemTag = FeatureTag::Other,
-                const CuratedValue& start = {}, const char* leader = nullptr)
+                const char* leader = nullptr)
+        : name(itemName)
+        , text(itemText)
+        , tag(itemTag)
+        , visibleWith(leader)
+    {
+    }
+    CuratedItem(const char* itemName, const char* itemText, FeatureTag itemTag,
+                const CuratedValue& start, const char* leader = nullptr)
         : name(itemName)
         , text(itemText)
         , tag(itemTag)

@@ -281,7 +281,7 @@ bool ORXCommonFeature::setWhiteBalanceValue(const QString& name, const QVariant&
         return false;
     if (ORXPropertyTreeItem::isAlive(item)) {
         item->value()->setValue(value);
-        item->notifyViewUpdate(cameraID(), -1, false);
+        item->endUpdateItem(cameraID());
     }
     return true;
 }

@@ -21,8 +21,9 @@ using namespace ImgProcessing;
 
 namespace {
 
-constexpr int kRowsShare = 3; // of the page's height, to the panel's 2
-constexpr int kPanelShare = 2;
+constexpr int kRowsShare = 1; // of the page's height; the panel gets as much
+constexpr int kPanelShare = 1;
+constexpr int kAreasRetryMs = 30;
 
 } // namespace
 
@@ -39,6 +40,24 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
     , m_pLut(new QLUTDrawWidget(m_pLutPanel))
 {
     ORXCCMWidget::registerEditor();
+    buildLayout();
+    m_refreshTimer.setSingleShot(true);
+    m_areasTimer.setSingleShot(true);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &ORXImgProcessingFeature::refresh);
+    connect(&m_areasTimer, &QTimer::timeout, this, &ORXImgProcessingFeature::scheduleRefresh);
+    connect(m_pRegion, &RegionDrawWidget::SigEdited, this, &ORXImgProcessingFeature::writeRegion);
+    connect(m_pLut, &QLUTDrawWidget::SigTransferring, this, &ORXImgProcessingFeature::lockTable);
+    connectLUTItems();
+    ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal);
+}
+
+ORXImgProcessingFeature::~ORXImgProcessingFeature()
+{
+    ORXListenTools::instance()->removeListener(this);
+}
+
+void ORXImgProcessingFeature::buildLayout()
+{
     m_pPanels->addWidget(m_pRegion);
     m_pPanels->addWidget(m_pLutPanel);
     auto* lutLayout = new QVBoxLayout(m_pLutPanel);
@@ -51,19 +70,6 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
     splitter->setStretchFactor(0, kRowsShare);
     splitter->setStretchFactor(1, kPanelShare);
     layout()->addWidget(splitter);
-
-    m_refreshTimer.setSingleShot(true);
-    connect(&m_refreshTimer, &QTimer::timeout, this, &ORXImgProcessingFeature::refresh);
-    connect(m_pRegion, &RegionDrawWidget::SigEdited, this, &ORXImgProcessingFeature::writeRegion);
-    connect(m_pLut, &QLUTDrawWidget::SigTransferring, this,
-            &ORXImgProcessingFeature::scheduleRefresh);
-    connectLUTItems();
-    ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal);
-}
-
-ORXImgProcessingFeature::~ORXImgProcessingFeature()
-{
-    ORXListenTools::instance()->removeListener(this);
 }
 
 // Items -------------------------------------------------------------------------------------------
@@ -73,33 +79,57 @@ void ORXImgProcessingFeature::afterItemsCreated(ORXPropertyTreeItem* root)
     createLUTItems(root);
     createMatrixItems(root);
     createPaletteItem(root);
-    m_pChunks->makeRows(tree(), pageItem(kEmbeddedInfoGroup, root), treeView(), cameraID());
-    m_pEvents->makeRows(tree(), pageItem(kEventGroup, root), treeView(), cameraID());
+    m_pChunks->attach(tree(), pageItem(kEmbeddedInfoGroup, root), treeView(), cameraID());
+    m_pEvents->attach(tree(), pageItem(kEventGroup, root), treeView(), cameraID());
     for (const char* name : {"ChunkSelector", "ChunkEnable", "FrameSpecInfoSelector",
                              "FrameSpecInfo", "EventSelector", "EventNotification"})
         observe(cameraItem(name));
 }
 
+void ORXImgProcessingFeature::createTransMap()
+{
+    fillTransMap(table().texts());
+}
+
 void ORXImgProcessingFeature::resetCamaraID(qint64 cameraId)
 {
+    if (cameraId == cameraID()) {
+        scheduleRefresh();
+        return;
+    }
+    forgetCamera();
+    const bool known = getRootItem(cameraId, false) != nullptr;
     CuratedPage::resetCamaraID(cameraId);
     m_pLut->resetCameraID(cameraID());
-    scheduleRefresh();
+    if (known && tree()) {
+        m_pChunks->attach(tree(), pageItem(kEmbeddedInfoGroup), treeView(), cameraID());
+        m_pEvents->attach(tree(), pageItem(kEventGroup), treeView(), cameraID());
+    }
+    if (cameraID() != -1)
+        scheduleRefresh();
 }
 
 void ORXImgProcessingFeature::removeCameraID(qint64 cameraId)
 {
-    if (cameraId == cameraID()) {
-        m_refreshTimer.stop();
-        stopHostCalls();
-        m_pLut->resetCameraID(-1);
-        for (SelectorChecks* each : checks())
-            each->clear();
-        m_pRegion->setAreas(std::nullopt, std::nullopt);
-        setDrawMode(RegionDrawWidget::DrawNothing);
-        m_pPanels->hide();
-    }
+    if (cameraId == cameraID())
+        forgetCamera();
     CuratedPage::removeCameraID(cameraId);
+}
+
+// Nothing asks or shows the camera any more; a running host call is waited for.
+void ORXImgProcessingFeature::forgetCamera()
+{
+    m_refreshTimer.stop();
+    m_areasTimer.stop();
+    stopHostCalls();
+    lockTable(false);
+    m_pLut->resetCameraID(-1);
+    for (SelectorChecks* each : checks())
+        each->clear();
+    setDrawMode(RegionDrawWidget::DrawNothing);
+    m_bDrawnElsewhere = false;
+    m_pRegion->setAreas(std::nullopt, std::nullopt);
+    m_pPanels->hide();
 }
 
 void ORXImgProcessingFeature::stopHostCalls()
@@ -128,6 +158,15 @@ void ORXImgProcessingFeature::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 {
     CuratedPage::itemVisibleStateChanged(item);
     scheduleRefresh();
+}
+
+// The camera was read anew: what stands behind the selectors may be another, too.
+void ORXImgProcessingFeature::itemSpecialInfoChanged(ORXPropertyTreeItem*, int info)
+{
+    if (info != static_cast<int>(NotifyViewSpecial::ChunkSelectionChanged))
+        return;
+    for (SelectorChecks* each : checks())
+        each->requestStates();
 }
 
 void ORXImgProcessingFeature::scheduleRefresh()
@@ -164,15 +203,13 @@ void ORXImgProcessingFeature::showEvent(QShowEvent* event)
     scheduleRefresh();
 }
 
+// Nobody draws in a page out of sight, nor looks at its boxes.
 void ORXImgProcessingFeature::hideEvent(QHideEvent* event)
 {
     CuratedPage::hideEvent(event);
-    scheduleRefresh();
-}
-
-void ORXImgProcessingFeature::createTransMap()
-{
-    fillTransMap(table().texts());
+    for (SelectorChecks* each : checks())
+        each->setShown(false);
+    setDrawMode(RegionDrawWidget::DrawNothing);
 }
 
 void ORXImgProcessingFeature::translate()
@@ -181,16 +218,26 @@ void ORXImgProcessingFeature::translate()
     scheduleRefresh();
 }
 
+void ORXImgProcessingFeature::resizeEvent(QResizeEvent* event)
+{
+    CuratedPage::resizeEvent(event);
+    fitPanel();
+}
+
 int ORXImgProcessingFeature::notify(int code, void* payload)
 {
     if (code == ListenCode::kFirstReadEnded && payload &&
         *static_cast<qint64*>(payload) == cameraID()) {
         scheduleRefresh();
+        for (SelectorChecks* each : checks())
+            each->requestStates();
     } else if (code == ListenCode::kDrawModeChanged && payload) {
-        // Another page draws in the same camera: here it ends.
+        // While another page draws in the same camera, this one does not.
         const auto* change = static_cast<const DrawModeChange*>(payload);
-        if (change->cameraId == cameraID() && change->sender != this && change->on != 0)
-            setDrawMode(RegionDrawWidget::DrawNothing);
+        if (change->cameraId == cameraID() && change->sender != this) {
+            m_bDrawnElsewhere = change->on != 0;
+            updatePanel();
+        }
     }
     return 0;
 }
@@ -213,8 +260,13 @@ bool ORXImgProcessingFeature::showsGroup(const char* group)
     return item && item->groupVisible() && item->visible();
 }
 
+// Limits and values that were read at different moments would show a region that never was.
 void ORXImgProcessingFeature::updateAreas()
 {
+    if (tree()->isReading()) {
+        m_areasTimer.start(kAreasRetryMs);
+        return;
+    }
     m_pRegion->setAreas(RegionArea::read(*tree(), RegionArea::imageNames()),
                         RegionArea::read(*tree(), RegionArea::autoFunctionNames()));
 }
@@ -235,10 +287,19 @@ void ORXImgProcessingFeature::updatePanel()
     }
     if (panel)
         m_pPanels->setCurrentWidget(panel);
-    m_pPanels->setVisible(panel != nullptr);
-    setDrawMode(isVisible() ? mode : RegionDrawWidget::DrawNothing);
     m_pChunks->setShown(isVisible() && showsGroup(kEmbeddedInfoGroup));
     m_pEvents->setShown(isVisible() && showsGroup(kEventGroup));
+    fitPanel();
+    m_pPanels->setVisible(panel != nullptr);
+    setDrawMode(isVisible() && !m_bDrawnElsewhere ? mode : RegionDrawWidget::DrawNothing);
+}
+
+// What the panel cannot use is the rows'.
+void ORXImgProcessingFeature::fitPanel()
+{
+    const bool lut = m_pPanels->currentWidget() == m_pLutPanel;
+    m_pPanels->setMaximumHeight(lut ? m_pLutPanel->sizeHint().height()
+                                    : m_pRegion->usefulHeight(width()));
 }
 
 void ORXImgProcessingFeature::setDrawMode(int mode)
@@ -274,8 +335,10 @@ void ORXImgProcessingFeature::writeRegion(const RegionArea::Target& target)
     const ReentrancyScope scope;
     const QPointer<ORXFeatureTree> whole(tree());
     const QVector<QPair<QString, qint64>> writes = area->writesTo(target);
+    const RegionArea wanted = area->movedTo(target);
+    bool written = true;
     for (const auto& write : writes) {
-        const bool written =
+        written =
             whole->setFeatureValue(featureTagName(FeatureTag::Integer), write.first, write.second);
         if (!whole || whole->cameraID() == -1)
             return;
@@ -283,9 +346,12 @@ void ORXImgProcessingFeature::writeRegion(const RegionArea::Target& target)
             break;
         if (ORXPropertyTreeItem* item = whole->propertyItemByName(write.first)) {
             item->value()->setValue(write.second);
-            item->notifyViewUpdate(cameraID(), -1, false);
+            // Published, so that a later read of another value counts as a change.
+            item->endUpdateItem(cameraID());
         }
     }
+    if (written)
+        m_pRegion->showEdited(wanted);
     // Each of them changes the limits of others; after a refusal the camera's own values show.
     for (const auto& write : writes)
         whole->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, write.first,

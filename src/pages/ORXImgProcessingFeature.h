@@ -27,11 +27,12 @@ public:
                          const QVariant& value) override;
     void itemValueChanged(ORXPropertyTreeItem* item) override;
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    void itemSpecialInfoChanged(ORXPropertyTreeItem* item, int info) override;
     void resetCamaraID(qint64 cameraId) override;
     void removeCameraID(qint64 cameraId) override;
     void updateValue() override;
-    void createTransMap() override;
     void translate() override;
+    void createTransMap() override;
     int notify(int code, void* payload) override;
 
     // The page has come into sight.
@@ -48,29 +49,36 @@ protected:
     void afterItemsCreated(ORXPropertyTreeItem* root) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void buildLayout();
     void createLUTItems(ORXPropertyTreeItem* root);
     void connectLUTItems();
     void updateLUTItems();
+    void lockTable(bool lock);
     void createMatrixItems(ORXPropertyTreeItem* root);
     void createPaletteItem(ORXPropertyTreeItem* root);
     void updatePalette();
 
     void scheduleRefresh();
     void refresh();
+    void forgetCamera();
     bool showsGroup(const char* group);
     void updateAreas();
     void updatePanel();
+    void fitPanel();
     void setDrawMode(int mode);
     void writeRegion(const RegionArea::Target& target);
     QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }
 
-    SelectorChecks* m_pChunks;   // Owned (child).
-    SelectorChecks* m_pEvents;   // Owned (child).
-    QStackedWidget* m_pPanels;   // Owned (child).
-    RegionDrawWidget* m_pRegion; // Owned (child).
-    QWidget* m_pLutPanel;        // Owned (child).
-    QLUTDrawWidget* m_pLut;      // Owned (child).
-    QTimer m_refreshTimer;       // many changes of items are one refresh
+    SelectorChecks* m_pChunks;      // Owned (child).
+    SelectorChecks* m_pEvents;      // Owned (child).
+    QStackedWidget* m_pPanels;      // Owned (child).
+    RegionDrawWidget* m_pRegion;    // Owned (child).
+    QWidget* m_pLutPanel;           // Owned (child).
+    QLUTDrawWidget* m_pLut;         // Owned (child).
+    QTimer m_refreshTimer;          // many changes of items are one refresh
+    QTimer m_areasTimer;            // waits for the end of a pass
+    bool m_bDrawnElsewhere = false; // another page draws in the same camera
 };

@@ -18,6 +18,27 @@ constexpr std::array<const char*, 9> kLUTItems = {
     kLUTLineType,    kLUTGamma,        kLUTContrast,  kLUTLum,  kLUTLoadFromCamera,
     kLUTSetToCamera, kLUTLoadFromFile, kLUTSetToFile, kLUTClear};
 
+struct CommandItem
+{
+    const char* name;
+    void (QLUTDrawWidget::*run)();
+};
+constexpr CommandItem kCommandItems[] = {{kLUTLoadFromCamera, &QLUTDrawWidget::LoadFromCamera},
+                                         {kLUTSetToCamera, &QLUTDrawWidget::SetToCamera},
+                                         {kLUTLoadFromFile, &QLUTDrawWidget::LoadFromFile},
+                                         {kLUTSetToFile, &QLUTDrawWidget::SaveToFile},
+                                         {kLUTClear, &QLUTDrawWidget::ClearDraw}};
+
+struct NumberItem
+{
+    const char* name;
+    void (*set)(QLUTDrawWidget& editor, float value);
+};
+constexpr NumberItem kNumberItems[] = {
+    {kLUTGamma, [](QLUTDrawWidget& editor, float value) { editor.SetGammaValue(value); }},
+    {kLUTContrast, [](QLUTDrawWidget& editor, float value) { editor.SetContrastValue(value); }},
+    {kLUTLum, [](QLUTDrawWidget& editor, float value) { editor.SetLumValue(value); }}};
+
 } // namespace
 
 // Look-up table -----------------------------------------------------------------------------------
@@ -37,17 +58,16 @@ void ORXImgProcessingFeature::connectLUTItems()
         m_pLut->SetDrawLineChanged(value.toInt());
         return true;
     });
-    using Command = void (QLUTDrawWidget::*)();
-    const QVector<QPair<const char*, Command>> commands = {
-        {kLUTLoadFromCamera, &QLUTDrawWidget::LoadFromCamera},
-        {kLUTSetToCamera, &QLUTDrawWidget::SetToCamera},
-        {kLUTLoadFromFile, &QLUTDrawWidget::LoadFromFile},
-        {kLUTSetToFile, &QLUTDrawWidget::SaveToFile},
-        {kLUTClear, &QLUTDrawWidget::ClearDraw}};
-    for (const auto& command : commands) {
+    for (const CommandItem& item : kCommandItems) {
         // Later: a file dialog must not run inside the editor's commit.
-        onOwnWrite(command.first, [this, run = command.second](const QVariant&) {
-            QMetaObject::invokeMethod(m_pLut, run, Qt::QueuedConnection);
+        onOwnWrite(item.name, [this, each = &item](const QVariant&) {
+            QMetaObject::invokeMethod(m_pLut, each->run, Qt::QueuedConnection);
+            return true;
+        });
+    }
+    for (const NumberItem& item : kNumberItems) {
+        onOwnWrite(item.name, [this, set = item.set](const QVariant& value) {
+            set(*m_pLut, value.toFloat());
             return true;
         });
     }
@@ -62,15 +82,32 @@ void ORXImgProcessingFeature::updateLUTItems()
         return;
     const bool on = enable->value()->value().toBool();
     m_pLut->setEnabled(on);
-    // A running transfer is of the curve as it is.
-    const bool readOnly = !on || m_pLut->isTransferring();
     for (const char* name : kLUTItems) {
         ORXPropertyTreeItem* item = pageItem(name);
-        if (!item || item->readOnly() == readOnly)
+        if (!item || item->readOnly() == !on)
             continue;
-        item->setReadOnly(readOnly);
+        item->setReadOnly(!on);
         item->notifyViewUpdate(cameraID(), -1, false);
     }
+}
+
+// Selecting another table, or another point, in the middle of a transfer would mix the tables.
+void ORXImgProcessingFeature::lockTable(bool lock)
+{
+    for (const char* name : {"LUTSelector", "LUTIndex", "LUTValue"}) {
+        ORXPropertyTreeItem* item = cameraItem(name);
+        if (!item || item->value()->enabled() == !lock)
+            continue;
+        // Passes set the read-only state by the camera's locks; this switch is not theirs.
+        item->value()->setEnabled(!lock);
+        item->setReadOnly(lock);
+        item->notifyViewUpdate(cameraID(), -1, false);
+        if (!lock)
+            tree()->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, QString::fromLatin1(name),
+                                   QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead),
+                                   false, false);
+    }
+    scheduleRefresh();
 }
 
 // Colour correction matrix ------------------------------------------------------------------------
@@ -110,9 +147,15 @@ void ORXImgProcessingFeature::createPaletteItem(ORXPropertyTreeItem* root)
     }
     observe(camera);
     onOwnWrite(kPalette, [this](const QVariant& value) {
-        ORXFeatureTree* whole = tree();
-        return whole && whole->setFeatureValue(featureTagName(FeatureTag::Enumeration),
-                                               QString::fromLatin1(kPalettesMode), value);
+        ORXPropertyTreeItem* item = cameraItem(kPalettesMode);
+        if (!item || !tree()->setFeatureValue(featureTagName(FeatureTag::Enumeration),
+                                              QString::fromLatin1(kPalettesMode), value))
+            return false;
+        if (ORXPropertyTreeItem::isAlive(item)) {
+            item->value()->setValue(value);
+            item->endUpdateItem(cameraID());
+        }
+        return true;
     });
 }
 

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr qint64 kLongest = qint64(1) << 30; // pixels; far above any sensor
-
 struct Reading
 {
     CTreeIntergerItemValue::Numbers numbers;
@@ -17,25 +15,41 @@ struct Reading
 
 std::optional<Reading> readFeature(const ORXFeatureTree& tree, const char* name)
 {
-    const ORXPropertyTreeItem* item = tree.propertyItemByName(QString::fromLatin1(name));
+    const ORXPropertyTreeItem* item =
+        name ? tree.propertyItemByName(QString::fromLatin1(name)) : nullptr;
     const auto* value = item ? dynamic_cast<const CTreeIntergerItemValue*>(item->value()) : nullptr;
     if (!value || !item->visible())
         return std::nullopt;
     return Reading{value->numbers(), !item->readOnly()};
 }
 
-// Limits that depend on each other (the greatest size on the offset) and limits that do not both
-// tell how long the area is.
-RegionAxis axisOf(const Reading& size, const Reading& offset)
+qint64 bounded(qint64 value)
 {
+    return qBound(qint64(0), value, RegionAxis::kLongest);
+}
+
+// Limits that depend on each other (the greatest size on the offset) and limits that do not both
+// tell how long the area is; a camera that says it by itself is believed, unless it contradicts
+// the region that it has.
+RegionAxis axisOf(const Reading& size, const Reading& offset, const std::optional<Reading>& extent)
+{
+    const qint64 begin = bounded(offset.numbers.m_nValue);
+    const qint64 length = bounded(size.numbers.m_nValue);
+    const qint64 greatestSize = bounded(size.numbers.m_nMaxValue);
+    const qint64 lastOffset = bounded(offset.numbers.m_nMaxValue);
     RegionAxis::Limits limits;
     limits.sizeMinimum = size.numbers.m_nMinValue;
-    limits.sizeIncrement = size.numbers.m_nIncrement;
+    limits.sizeIncrement = qMax(qint64(1), bounded(size.numbers.m_nIncrement));
     limits.offsetMinimum = offset.numbers.m_nMinValue;
-    limits.offsetIncrement = offset.numbers.m_nIncrement;
-    const auto bounded = [](qint64 value) { return qBound(qint64(0), value, kLongest); };
-    limits.extent = qMax(bounded(size.numbers.m_nMaxValue),
-                         bounded(size.numbers.m_nValue) + bounded(offset.numbers.m_nMaxValue));
+    limits.offsetIncrement = qMax(qint64(1), bounded(offset.numbers.m_nIncrement));
+    limits.extent = qMax(greatestSize, length + lastOffset);
+    if (extent && extent->numbers.m_nValue >= begin + length)
+        limits.extent = extent->numbers.m_nValue;
+    // A limit that falls short of the end by an increment or more does not come from the end.
+    if (greatestSize + begin + limits.sizeIncrement <= limits.extent)
+        limits.sizeMaximum = greatestSize;
+    if (lastOffset + length + limits.offsetIncrement <= limits.extent)
+        limits.offsetMaximum = lastOffset;
     return {limits, {offset.numbers.m_nValue, size.numbers.m_nValue}};
 }
 
@@ -58,14 +72,18 @@ void appendWrites(const RegionAxis& axis, const RegionAxis::Span& target, const 
 
 const RegionArea::Names& RegionArea::imageNames()
 {
-    static const Names kNames = {"Width", "Height", "OffsetX", "OffsetY"};
+    static const Names kNames = {"Width", "Height", "OffsetX", "OffsetY", "WidthMax", "HeightMax"};
     return kNames;
 }
 
 const RegionArea::Names& RegionArea::autoFunctionNames()
 {
-    static const Names kNames = {"AutoFunctionAOIWidth", "AutoFunctionAOIHeight",
-                                 "AutoFunctionAOIOffsetX", "AutoFunctionAOIOffsetY"};
+    static const Names kNames = {"AutoFunctionAOIWidth",
+                                 "AutoFunctionAOIHeight",
+                                 "AutoFunctionAOIOffsetX",
+                                 "AutoFunctionAOIOffsetY",
+                                 nullptr,
+                                 nullptr};
     return kNames;
 }
 
@@ -77,7 +95,8 @@ std::optional<RegionArea> RegionArea::read(const ORXFeatureTree& tree, const Nam
     const auto offsetY = readFeature(tree, names.offsetY);
     if (!width || !height || !offsetX || !offsetY)
         return std::nullopt;
-    return RegionArea(names, axisOf(*width, *offsetX), axisOf(*height, *offsetY),
+    return RegionArea(names, axisOf(*width, *offsetX, readFeature(tree, names.widthMax)),
+                      axisOf(*height, *offsetY, readFeature(tree, names.heightMax)),
                       width->writable && height->writable && offsetX->writable &&
                           offsetY->writable);
 }
@@ -99,6 +118,12 @@ QRect RegionArea::rect() const
 QSize RegionArea::extent() const
 {
     return {static_cast<int>(m_x.extent()), static_cast<int>(m_y.extent())};
+}
+
+RegionArea RegionArea::movedTo(const Target& target) const
+{
+    return {m_names, RegionAxis(m_x.limits(), target.x), RegionAxis(m_y.limits(), target.y),
+            m_writable};
 }
 
 QVector<QPair<QString, qint64>> RegionArea::writesTo(const Target& target) const

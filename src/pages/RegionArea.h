@@ -23,6 +23,9 @@ public:
         const char* height;
         const char* offsetX;
         const char* offsetY;
+        // What tells how large the area is; null where nothing does.
+        const char* widthMax;
+        const char* heightMax;
     };
 
     static const Names& imageNames();        // the region that the camera reads out
@@ -45,6 +48,8 @@ public:
         RegionAxis::Span y;
     };
     Target current() const { return {m_x.span(), m_y.span()}; }
+    // The same area with the region at the target.
+    RegionArea movedTo(const Target& target) const;
     // The writes that lead to the target, without those that change nothing, in an order in which
     // the region never leaves the area.
     QVector<QPair<QString, qint64>> writesTo(const Target& target) const;

@@ -3,13 +3,15 @@
 
 namespace {
 
-// Far above any sensor; sums of two stay within 64 bits.
-constexpr qint64 kLongest = qint64(1) << 30;
-
 // The grid value at or below `value`, counted from `minimum`.
 qint64 gridBelow(qint64 value, qint64 minimum, qint64 increment)
 {
     return value <= minimum ? minimum : minimum + (value - minimum) / increment * increment;
+}
+
+qint64 gridAbove(qint64 value, qint64 minimum, qint64 increment)
+{
+    return gridBelow(value + increment - 1, minimum, increment);
 }
 
 qint64 gridNearest(qint64 value, qint64 minimum, qint64 increment)
@@ -21,32 +23,26 @@ qint64 gridNearest(qint64 value, qint64 minimum, qint64 increment)
 
 RegionAxis::RegionAxis(const Limits& limits, const Span& span)
 {
-    m_limits.extent = qBound(qint64(1), limits.extent, kLongest);
-    m_limits.sizeMinimum = qBound(qint64(1), limits.sizeMinimum, m_limits.extent);
-    m_limits.sizeIncrement = qBound(qint64(1), limits.sizeIncrement, kLongest);
-    m_limits.offsetMinimum =
-        qBound(qint64(0), limits.offsetMinimum, m_limits.extent - m_limits.sizeMinimum);
-    m_limits.offsetIncrement = qBound(qint64(1), limits.offsetIncrement, kLongest);
+    Limits& own = m_limits;
+    own.extent = qBound(qint64(1), limits.extent, kLongest);
+    own.sizeMinimum = qBound(qint64(1), limits.sizeMinimum, own.extent);
+    own.sizeMaximum = qBound(own.sizeMinimum, limits.sizeMaximum, own.extent);
+    own.sizeIncrement = qBound(qint64(1), limits.sizeIncrement, kLongest);
+    const qint64 lastOffset = own.extent - own.sizeMinimum;
+    own.offsetMinimum = qBound(qint64(0), limits.offsetMinimum, lastOffset);
+    own.offsetMaximum = qBound(own.offsetMinimum, limits.offsetMaximum, lastOffset);
+    own.offsetIncrement = qBound(qint64(1), limits.offsetIncrement, kLongest);
     // What the camera holds is shown as it is, as far as it can be shown.
-    m_span.offset = qBound(qint64(0), span.offset, m_limits.extent - 1);
-    m_span.size = qBound(qint64(1), span.size, m_limits.extent - m_span.offset);
-}
-
-qint64 RegionAxis::greatestSize(qint64 offset) const
-{
-    return gridBelow(m_limits.extent - offset, m_limits.sizeMinimum, m_limits.sizeIncrement);
-}
-
-qint64 RegionAxis::snappedSize(qint64 size, qint64 offset) const
-{
-    const qint64 wanted = gridNearest(size, m_limits.sizeMinimum, m_limits.sizeIncrement);
-    return qMin(wanted, greatestSize(offset));
+    m_span.offset = qBound(qint64(0), span.offset, own.extent - 1);
+    m_span.size = qBound(qint64(1), span.size, own.extent - m_span.offset);
 }
 
 RegionAxis::Span RegionAxis::moved(qint64 offset) const
 {
-    const qint64 last =
-        gridBelow(m_limits.extent - m_span.size, m_limits.offsetMinimum, m_limits.offsetIncrement);
+    const qint64 room = qMin(m_limits.offsetMaximum, m_limits.extent - m_span.size);
+    if (room < m_limits.offsetMinimum)
+        return m_span;
+    const qint64 last = gridBelow(room, m_limits.offsetMinimum, m_limits.offsetIncrement);
     const qint64 wanted = gridNearest(qBound(qint64(0), offset, m_limits.extent),
                                       m_limits.offsetMinimum, m_limits.offsetIncrement);
     return {qMin(wanted, last), m_span.size};
@@ -54,19 +50,27 @@ RegionAxis::Span RegionAxis::moved(qint64 offset) const
 
 RegionAxis::Span RegionAxis::withEnd(qint64 end) const
 {
-    return {m_span.offset,
-            snappedSize(qBound(qint64(0), end, m_limits.extent) - m_span.offset, m_span.offset)};
+    const qint64 room = qMin(m_limits.sizeMaximum, m_limits.extent - m_span.offset);
+    if (room < m_limits.sizeMinimum)
+        return m_span;
+    const qint64 greatest = gridBelow(room, m_limits.sizeMinimum, m_limits.sizeIncrement);
+    const qint64 wanted = gridNearest(qBound(qint64(0), end, m_limits.extent) - m_span.offset,
+                                      m_limits.sizeMinimum, m_limits.sizeIncrement);
+    return {m_span.offset, qMin(wanted, greatest)};
 }
 
 RegionAxis::Span RegionAxis::withBegin(qint64 begin) const
 {
     // The end stays only where both grids meet; the size gives way, never the limits.
     const qint64 end = m_span.end();
-    const qint64 last =
-        gridBelow(end - m_limits.sizeMinimum, m_limits.offsetMinimum, m_limits.offsetIncrement);
+    const qint64 room = qMin(m_limits.offsetMaximum, end - m_limits.sizeMinimum);
+    const qint64 first = gridAbove(qMax(m_limits.offsetMinimum, end - m_limits.sizeMaximum),
+                                   m_limits.offsetMinimum, m_limits.offsetIncrement);
+    if (room < first)
+        return m_span;
+    const qint64 last = gridBelow(room, m_limits.offsetMinimum, m_limits.offsetIncrement);
     const qint64 wanted = gridNearest(qBound(qint64(0), begin, end), m_limits.offsetMinimum,
                                       m_limits.offsetIncrement);
-    const qint64 offset = qMin(wanted, qMax(last, m_limits.offsetMinimum));
-    const qint64 size = gridBelow(end - offset, m_limits.sizeMinimum, m_limits.sizeIncrement);
-    return {offset, qMin(size, greatestSize(offset))};
+    const qint64 offset = qBound(first, wanted, last);
+    return {offset, gridBelow(end - offset, m_limits.sizeMinimum, m_limits.sizeIncrement)};
 }

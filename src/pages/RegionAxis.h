@@ -9,6 +9,9 @@
 class RegionAxis
 {
 public:
+    // Far above any sensor; sums of two stay within 64 bits.
+    static constexpr qint64 kLongest = qint64(1) << 30;
+
     struct Span
     {
         qint64 offset = 0;
@@ -27,6 +30,9 @@ public:
         qint64 offsetMinimum = 0;
         qint64 offsetIncrement = 1;
         qint64 extent = 1; // length of the area; a region ends here at the latest
+        // Of a camera that allows less than the area has room for.
+        qint64 sizeMaximum = kLongest;
+        qint64 offsetMaximum = kLongest;
     };
 
     RegionAxis() = default;
@@ -36,9 +42,11 @@ public:
     const Span& span() const { return m_span; }
     qint64 extent() const { return m_limits.extent; }
 
-    // The nearest legal span whose offset is as wanted; the size stays.
+    // The nearest legal span whose offset is as wanted; the size stays. Like the next two: span()
+    // when there is no legal one.
     Span moved(qint64 offset) const;
-    // The nearest legal span with the end, or the begin, at the wanted place; the other side stays.
+    // The nearest legal span with the end, or the begin, at the wanted place; the other side stays,
+    // as far as the increments let it.
     Span withEnd(qint64 end) const;
     Span withBegin(qint64 begin) const;
 
@@ -47,9 +55,6 @@ public:
     bool sizeFirst(const Span& target) const { return target.size < m_span.size; }
 
 private:
-    qint64 greatestSize(qint64 offset) const;
-    qint64 snappedSize(qint64 size, qint64 offset) const;
-
     Limits m_limits;
     Span m_span;
 };

@@ -8,6 +8,7 @@
 #include <QMap>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include <cmath>
 
@@ -42,7 +43,23 @@ RegionDrawWidget::RegionDrawWidget(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setTexts();
+}
+
+void RegionDrawWidget::setTexts()
+{
     setAccessibleName(tr("Picture of the sensor area"));
+    setToolTip(tr("Drag the region to move it, its edges and corners to resize it.\n"
+                  "Arrow keys move it, with Shift they resize it. Escape takes a drag back."));
+}
+
+int RegionDrawWidget::usefulHeight(int width) const
+{
+    const QSize sensor = sensorSize();
+    const double picture = double(width - 2 * kMargin) * sensor.height() / sensor.width();
+    return qMax(minimumSizeHint().height(),
+                static_cast<int>(qMin(picture, double(QWIDGETSIZE_MAX / 2))) + 2 * kMargin +
+                    kCaptionHeight);
 }
 
 QSize RegionDrawWidget::sizeHint() const
@@ -61,6 +78,13 @@ void RegionDrawWidget::setAreas(const std::optional<RegionArea>& image,
     m_autoArea = area;
     if (!edited())
         cancelEdit();
+    update();
+}
+
+void RegionDrawWidget::showEdited(const RegionArea& area)
+{
+    if (edited())
+        (m_mode == DrawAutoFunctionArea ? m_autoArea : m_image) = area;
     update();
 }
 
@@ -286,7 +310,7 @@ void RegionDrawWidget::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
-        setAccessibleName(tr("Picture of the sensor area"));
+        setTexts();
         update();
     }
 }
@@ -307,9 +331,10 @@ void RegionDrawWidget::paintEvent(QPaintEvent*)
     if (m_autoArea)
         drawArea(painter, *m_autoArea, kAutoArea);
     painter.setPen(colour(kText));
-    painter.drawText(
-        QRect(kMargin, height() - kCaptionHeight, width() - 2 * kMargin, kCaptionHeight - 4),
-        Qt::AlignHCenter | Qt::AlignVCenter, caption());
+    // Right below the picture.
+    const QRect line(0, qCeil(rectOf(sensor, whole).bottom()) + kMargin / 2, width(),
+                     kCaptionHeight);
+    painter.drawText(line, Qt::AlignCenter, caption(width() - kMargin));
     if (hasFocus()) {
         painter.setPen(QPen(colour(kRegion), 1, Qt::DotLine));
         painter.setBrush(Qt::NoBrush);
@@ -343,7 +368,7 @@ void RegionDrawWidget::drawArea(QPainter& painter, const RegionArea& area,
     }
 }
 
-QString RegionDrawWidget::caption() const
+QString RegionDrawWidget::caption(int width) const
 {
     const RegionArea* area = edited();
     if (!area)
@@ -352,12 +377,14 @@ QString RegionDrawWidget::caption() const
     if (!area)
         return {};
     const RegionArea::Target shown = area == edited() && m_target ? *m_target : area->current();
-    const QString text = tr("%1 × %2 at (%3, %4) of %5 × %6")
-                             .arg(shown.x.size)
-                             .arg(shown.y.size)
-                             .arg(shown.x.offset)
-                             .arg(shown.y.offset)
-                             .arg(area->extent().width())
-                             .arg(area->extent().height());
-    return area->isWritable() ? text : tr("%1, locked").arg(text);
+    const QString place = tr("%1 × %2 at (%3, %4)")
+                              .arg(shown.x.size)
+                              .arg(shown.y.size)
+                              .arg(shown.x.offset)
+                              .arg(shown.y.offset);
+    QString text =
+        tr("%1 of %2 × %3").arg(place).arg(area->extent().width()).arg(area->extent().height());
+    if (!area->isWritable())
+        text = tr("%1, locked").arg(text);
+    return fontMetrics().horizontalAdvance(text) <= width ? text : place;
 }

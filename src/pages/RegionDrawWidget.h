@@ -19,6 +19,8 @@ public:
 
     // What the camera has; nothing for an area that it lacks. An edit under way goes on.
     void setAreas(const std::optional<RegionArea>& image, const std::optional<RegionArea>& area);
+    // What was edited, as the camera has just taken it.
+    void showEdited(const RegionArea& area);
     void setDrawMode(DrawMode mode);
     DrawMode drawMode() const { return m_mode; }
     bool hasAreas() const { return m_image || m_autoArea; }
@@ -28,6 +30,8 @@ public:
     // Where a rectangle of the edited area's pixels stands in this widget.
     QRectF toWidget(const RegionArea::Target& target) const;
 
+    // Above this height a picture of that width gets no larger.
+    int usefulHeight(int width) const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -58,7 +62,8 @@ private:
     void finishEdit();
     void cancelEdit();
     void drawArea(QPainter& painter, const RegionArea& area, const char* colourKey) const;
-    QString caption() const;
+    QString caption(int width) const;
+    void setTexts();
 
     std::optional<RegionArea> m_image;
     std::optional<RegionArea> m_autoArea;

@@ -8,6 +8,7 @@
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 #include <algorithm>
@@ -45,13 +46,17 @@ void SelectorChecks::stopHostCalls()
 {
     m_timer.stop();
     m_thread.stop();
+    m_underWay.clear();
 }
 
 void SelectorChecks::clear()
 {
     stopHostCalls();
+    // Late answers are of the camera that is left.
+    QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     m_rows.clear();
     m_numbers.clear();
+    m_bShown = false;
     m_names = nullptr;
     m_pTree = nullptr;
     m_lCameraID = -1;
@@ -59,21 +64,47 @@ void SelectorChecks::clear()
 
 // Rows --------------------------------------------------------------------------------------------
 
-void SelectorChecks::makeRows(ORXFeatureTree* tree, ORXPropertyTreeItem* group,
-                              ORXFeatureTreeView* view, qint64 cameraId)
+void SelectorChecks::attach(ORXFeatureTree* tree, ORXPropertyTreeItem* group,
+                            ORXFeatureTreeView* view, qint64 cameraId)
 {
     clear();
     m_pTree = tree;
     m_lCameraID = cameraId;
-    const auto found = std::find_if(m_choices.begin(), m_choices.end(), [=](const Names& choice) {
-        return tree->propertyItemByName(latin(choice.selector)) &&
-               tree->propertyItemByName(latin(choice.enable));
-    });
-    if (found == m_choices.end())
-        return;
-    m_names = &*found;
-    const FeatureNodePtr node = tree->descriptionIndex().GetDomElementNode(latin(found->selector));
-    const int boxes = node ? node->entries.size() : 0;
+    const QVector<ORXPropertyTreeItem*> items = group->children();
+    for (ORXPropertyTreeItem* item : items) {
+        if (item->tag() == m_tag)
+            m_rows.append(item);
+    }
+    if (m_rows.isEmpty())
+        makeRows(group, view);
+    refresh();
+}
+
+// What the camera has, even if hidden now; what it shows comes first.
+const SelectorChecks::Names* SelectorChecks::chosen() const
+{
+    const Names* first = nullptr;
+    for (const Names& choice : m_choices) {
+        const ORXPropertyTreeItem* selector = cameraItem(choice.selector);
+        const ORXPropertyTreeItem* enable = cameraItem(choice.enable);
+        if (!selector || !enable)
+            continue;
+        if (selector->visible() && enable->visible())
+            return &choice;
+        first = first ? first : &choice;
+    }
+    return first;
+}
+
+void SelectorChecks::makeRows(ORXPropertyTreeItem* group, ORXFeatureTreeView* view)
+{
+    int boxes = 0;
+    for (const Names& choice : m_choices) {
+        const FeatureNodePtr node =
+            m_pTree->descriptionIndex().GetDomElementNode(latin(choice.selector));
+        if (node && cameraItem(choice.selector) && cameraItem(choice.enable))
+            boxes = qMax(boxes, node->entries.size());
+    }
     for (int first = 0; first < boxes; first += 2) {
         auto* row = new ORXPropertyTreeItem(group, ORXPropertyTreeItem::ImageProcessingPage);
         row->setIsFeatureTreeItem(false);
@@ -84,7 +115,6 @@ void SelectorChecks::makeRows(ORXFeatureTree* tree, ORXPropertyTreeItem* group,
         row->setVisible(false, -1);
         m_rows.append(row);
     }
-    refresh();
 }
 
 ORXPropertyTreeItem* SelectorChecks::cameraItem(const char* name) const
@@ -111,6 +141,10 @@ QString SelectorChecks::nodeName(qint64 entry) const
 
 void SelectorChecks::refresh()
 {
+    const Names* names = chosen();
+    if (names != m_names)
+        m_numbers.clear();
+    m_names = names;
     const CTreeEnumationItemValue* selector = entries();
     const ORXPropertyTreeItem* enable = m_names ? cameraItem(m_names->enable) : nullptr;
     if (!selector || !enable)
@@ -165,18 +199,18 @@ SelectorStateThread::Pair SelectorChecks::pair() const
     return pair;
 }
 
+void SelectorChecks::setShown(bool shown)
+{
+    const bool appears = shown && !m_bShown;
+    m_bShown = shown;
+    if (appears)
+        requestStates();
+}
+
 void SelectorChecks::requestStates()
 {
     if (m_bShown && m_names && !m_numbers.isEmpty())
         m_timer.start(0);
-}
-
-void SelectorChecks::setShown(bool shown)
-{
-    if (shown == m_bShown)
-        return;
-    m_bShown = shown;
-    requestStates();
 }
 
 void SelectorChecks::readStates()
@@ -192,7 +226,8 @@ void SelectorChecks::onStatesRead(const QString& selector, const QVector<int>& s
     if (!m_names || selector != latin(m_names->selector) || states.size() != m_numbers.size())
         return;
     for (int i = 0; i < states.size(); ++i) {
-        if (states.at(i) >= 0)
+        // What the user has just checked is newer.
+        if (states.at(i) >= 0 && !m_underWay.contains(m_numbers.at(i)))
             setState(i, states.at(i) == 1);
     }
 }
@@ -209,6 +244,7 @@ bool SelectorChecks::write(const QString& nodeName, bool on)
     for (const qint64 entry : qAsConst(m_numbers)) {
         if (this->nodeName(entry) != nodeName)
             continue;
+        ++m_underWay[entry];
         m_thread.write(m_pTree->GetFeatureMutex(), pair(), entry, on);
         return true;
     }
@@ -218,6 +254,8 @@ bool SelectorChecks::write(const QString& nodeName, bool on)
 void SelectorChecks::onWritten(const QString& selector, qint64 entry, bool on,
                                const QString& feature, int error)
 {
+    if (--m_underWay[entry] <= 0)
+        m_underWay.remove(entry);
     const int index = m_numbers.indexOf(entry);
     if (!m_names || selector != latin(m_names->selector) || index < 0)
         return;

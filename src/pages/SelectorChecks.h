@@ -27,14 +27,15 @@ public:
         const char* enable;
     };
 
-    // `choices`: the first pair that the camera has is taken. `tag` is that of the rows.
+    // `choices`: the first pair that the camera has now is taken. `tag` is that of the rows.
     SelectorChecks(const QVector<Names>& choices, FeatureTag tag, QObject* parent);
     ~SelectorChecks() override;
 
-    // Makes the rows for the camera of `tree` below `group`, as many as the description has entries
-    // for; they are owned by the group. Which entries the camera has is known after it was read.
-    void makeRows(ORXFeatureTree* tree, ORXPropertyTreeItem* group, ORXFeatureTreeView* view,
-                  qint64 cameraId);
+    // Turns to the camera of `tree` and to its rows below `group`. When the group has none yet they
+    // are made, as many as the description has entries for, and owned by the group. Which entries
+    // the camera has is known after it was read.
+    void attach(ORXFeatureTree* tree, ORXPropertyTreeItem* group, ORXFeatureTreeView* view,
+                qint64 cameraId);
     // Nothing is asked of the host any more; a running call is waited for.
     void stopHostCalls();
     // As above; forgets camera and rows, which may go now.
@@ -42,10 +43,10 @@ public:
     // Entries, words of the interface language, visibility and access, as the camera's features
     // have them now.
     void refresh();
-    // Whether the user sees the rows. Only then the camera's selector is moved to read states; they
-    // are read when the rows come into sight.
+    // Whether the user sees the rows; the states are read anew when they come into sight, and not
+    // at all while they are out of sight.
     void setShown(bool shown);
-    // Reads the states soon, unless nobody sees them; many requests are one.
+    // Reads the states soon; many requests are one.
     void requestStates();
 
     FeatureTag tag() const { return m_tag; }
@@ -55,6 +56,8 @@ public:
     bool write(const QString& nodeName, bool on);
 
 private:
+    const Names* chosen() const;
+    void makeRows(ORXPropertyTreeItem* group, ORXFeatureTreeView* view);
     ORXPropertyTreeItem* cameraItem(const char* name) const;
     const CTreeEnumationItemValue* entries() const;
     SelectorStateThread::Pair pair() const;
@@ -68,12 +71,13 @@ private:
 
     const QVector<Names> m_choices;
     const FeatureTag m_tag;
-    const Names* m_names = nullptr;    // of this camera; null without. Not owned.
+    const Names* m_names = nullptr;    // the choice for this camera; null without. Not owned.
     ORXFeatureTree* m_pTree = nullptr; // Not owned.
     qint64 m_lCameraID = -1;
     QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
     QVector<qint64> m_numbers;            // entries in the order of the boxes
     bool m_bShown = false;
+    QMap<qint64, int> m_underWay;         // number of writes by entry
     QTimer m_timer;
     SelectorStateThread m_thread;
 };

@@ -64,6 +64,9 @@ public:
     void RefreshFeatures();
     void PauseUpdateThread();
     void StopThread(bool stop);
+    // True while a pass runs or waits that reads more than the polled features: what the items say
+    // may belong to two moments.
+    bool isReading() const;
     // True once the first full read has ended.
     bool HadUpdatedOnce() const { return !m_bFirstReadPending; }
     QMutex* GetFeatureMutex() override { return &m_featureMutex; }

@@ -94,6 +94,14 @@ void ORXFeatureTree::StopThread(bool stop)
     m_pFullThread->StopThread(stop, true);
 }
 
+bool ORXFeatureTree::isReading() const
+{
+    const auto reads = [](const QGetFeaturesThread* thread) {
+        return thread->isPassRunning() && thread->FeaturesUpdateType() != FEATURES_UPDATE_POLLING;
+    };
+    return reads(m_pPartialThread) || reads(m_pFullThread);
+}
+
 void ORXFeatureTree::EmitPollingFeatureChanged(const QString& name)
 {
     emit SigPollingFeatureChanged(name);

@@ -43,7 +43,12 @@ int MeddledCamera::read(int type, const std::string& name, void* record)
         if (const int code = failureOf(name, Reads))
             return code;
     }
-    return m_camera.read(type, name, record);
+    const int result = m_camera.read(type, name, record);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto increment = m_increments.find(name);
+    if (increment != m_increments.end() && type == OB_FT_TYPE_INTEGER)
+        static_cast<_ZDCC_INTVALUE_EX_T*>(record)->increment = increment->second;
+    return result;
 }
 
 int MeddledCamera::write(int type, const std::string& name, const std::string& text)
@@ -86,6 +91,12 @@ void MeddledCamera::hide(const char* name, bool hidden)
         m_hidden.insert(name);
     else
         m_hidden.erase(name);
+}
+
+void MeddledCamera::setIncrement(const char* name, qint64 increment)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_increments[name] = increment;
 }
 
 void MeddledCamera::closeGate(const char* name, Calls calls)

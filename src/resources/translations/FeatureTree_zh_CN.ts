@@ -594,8 +594,18 @@ Value: %2</source>
         <translation>传感器区域示意图</translation>
     </message>
     <message>
-        <source>%1 × %2 at (%3, %4) of %5 × %6</source>
-        <translation>%1 × %2，位于 (%3, %4)，总范围 %5 × %6</translation>
+        <source>%1 × %2 at (%3, %4)</source>
+        <translation>%1 × %2，位于 (%3, %4)</translation>
+    </message>
+    <message>
+        <source>%1 of %2 × %3</source>
+        <translation>%1，总范围 %2 × %3</translation>
+    </message>
+    <message>
+        <source>Drag the region to move it, its edges and corners to resize it.
+Arrow keys move it, with Shift they resize it. Escape takes a drag back.</source>
+        <translation>拖动区域可移动，拖动边或角可调整大小。
+方向键移动区域，按住 Shift 调整大小，按 Esc 撤销拖动。</translation>
     </message>
     <message>
         <source>%1, locked</source>

@@ -8,7 +8,6 @@
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 
 #include <algorithm>
@@ -34,9 +33,7 @@ SelectorChecks::SelectorChecks(const QVector<Names>& choices, FeatureTag tag, QO
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &SelectorChecks::readStates);
-    connect(&m_thread, &SelectorStateThread::SigStatesRead, this, &SelectorChecks::onStatesRead,
-            Qt::QueuedConnection);
-    connect(&m_thread, &SelectorStateThread::SigWritten, this, &SelectorChecks::onWritten,
+    connect(&m_thread, &SelectorStateThread::SigAnswered, this, &SelectorChecks::onAnswered,
             Qt::QueuedConnection);
 }
 
@@ -52,8 +49,6 @@ void SelectorChecks::stopHostCalls()
 void SelectorChecks::clear()
 {
     stopHostCalls();
-    // Late answers are of the camera that is left.
-    QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     m_rows.clear();
     m_numbers.clear();
     m_bShown = false;
@@ -218,6 +213,17 @@ void SelectorChecks::readStates()
     const ORXPropertyTreeItem* enable = m_names ? cameraItem(m_names->enable) : nullptr;
     if (enable && enable->visible() && !m_numbers.isEmpty())
         m_thread.read(m_pTree->GetFeatureMutex(), pair(), m_numbers);
+}
+
+void SelectorChecks::onAnswered()
+{
+    const QVector<SelectorStateThread::Answer> answers = m_thread.takeAnswers();
+    for (const SelectorStateThread::Answer& each : answers) {
+        if (each.isWrite)
+            onWritten(each.selector, each.entry, each.on, each.feature, each.error);
+        else
+            onStatesRead(each.selector, each.states);
+    }
 }
 
 void SelectorChecks::onStatesRead(const QString& selector, const QVector<int>& states)

@@ -63,6 +63,7 @@ private:
     SelectorStateThread::Pair pair() const;
     QVector<qint64> numbers() const;
     void readStates();
+    void onAnswered();
     void onStatesRead(const QString& selector, const QVector<int>& states);
     void onWritten(const QString& selector, qint64 entry, bool on, const QString& feature,
                    int error);
@@ -77,7 +78,7 @@ private:
     QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
     QVector<qint64> m_numbers;            // entries in the order of the boxes
     bool m_bShown = false;
-    QMap<qint64, int> m_underWay;         // number of writes by entry
+    QMap<qint64, int> m_underWay; // number of writes by entry
     QTimer m_timer;
     SelectorStateThread m_thread;
 };

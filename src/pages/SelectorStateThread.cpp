@@ -7,6 +7,7 @@
 #include <QMutex>
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -72,7 +73,6 @@ private:
 SelectorStateThread::SelectorStateThread(QObject* parent)
     : QObject(parent)
 {
-    qRegisterMetaType<QVector<int>>("QVector<int>");
 }
 
 SelectorStateThread::~SelectorStateThread()
@@ -116,6 +116,7 @@ void SelectorStateThread::stop()
     m_jobs.clear();
     m_bStop = true;
     m_changed.wait(lock, [this] { return !m_bRunning; });
+    m_answers.clear();
 }
 
 void SelectorStateThread::run()
@@ -172,7 +173,10 @@ void SelectorStateThread::readStates(const Job& job)
                 states[i] = stateOf(job.pair);
         }
     }
-    emit SigStatesRead(job.pair.selector, states);
+    Answer found;
+    found.selector = job.pair.selector;
+    found.states = states;
+    answer(found);
 }
 
 void SelectorStateThread::writeState(const Job& job)
@@ -191,5 +195,20 @@ void SelectorStateThread::writeState(const Job& job)
             refused = written ? QString() : pair.enable;
         }
     }
-    emit SigWritten(pair.selector, job.entries.constFirst(), job.on, refused, error);
+    answer({pair.selector, true, {}, job.entries.constFirst(), job.on, refused, error});
+}
+
+void SelectorStateThread::answer(const Answer& found)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_answers.append(found);
+    }
+    emit SigAnswered();
+}
+
+QVector<SelectorStateThread::Answer> SelectorStateThread::takeAnswers()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_answers, {});
 }

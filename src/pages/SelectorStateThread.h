@@ -23,7 +23,8 @@ class QMutex;
 //
 // | operation             | thread  | lock                                  |
 // |-----------------------|---------|---------------------------------------|
-// | read, write, stop     | GUI     | m_mutex, inside                       |
+// | read, write, stop,    | GUI     | m_mutex, inside                       |
+// | takeAnswers           |         |                                       |
 // | the jobs              | its own | the feature mutex; m_mutex for moments|
 // | the signals' emission | its own | none; receivers get them queued       |
 class SelectorStateThread : public QObject
@@ -50,12 +51,23 @@ public:
     // is made afterwards.
     void stop();
 
+    // What a job found; the answers wait here until they are taken, or until stop().
+    struct Answer
+    {
+        QString selector;
+        bool isWrite = false;
+        // Of a read, in the order of the entries: 1 on, 0 off, -1 when it could not be read.
+        QVector<int> states;
+        // Of a write; `feature` is the one that refused, empty on success.
+        qint64 entry = 0;
+        bool on = false;
+        QString feature;
+        int error = 0;
+    };
+    QVector<Answer> takeAnswers();
+
 signals:
-    // In the order of the entries: 1 on, 0 off, -1 when it could not be read.
-    void SigStatesRead(const QString& selector, const QVector<int>& states);
-    // `feature` is the one that refused, empty on success.
-    void SigWritten(const QString& selector, qint64 entry, bool on, const QString& feature,
-                    int error);
+    void SigAnswered();
 
 private:
     struct Job
@@ -70,15 +82,17 @@ private:
     void add(const Job& job);
     void run();
     void runJob(const Job& job);
+    void answer(const Answer& found);
     void readStates(const Job& job);
     void writeState(const Job& job);
     bool lockFeatures(QMutex* featureMutex) const;
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<Job> m_jobs;  // guarded by m_mutex
-    bool m_bRunning = false; // guarded by m_mutex: a job is being done
-    bool m_bQuit = false;    // guarded by m_mutex
+    QVector<Answer> m_answers; // guarded by m_mutex
+    std::deque<Job> m_jobs;    // guarded by m_mutex
+    bool m_bRunning = false;   // guarded by m_mutex: a job is being done
+    bool m_bQuit = false;      // guarded by m_mutex
     std::atomic<bool> m_bStop{false};
     std::thread m_thread;
 };

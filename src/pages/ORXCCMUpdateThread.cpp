@@ -2,6 +2,7 @@
 #include "pages/ORXCCMUpdateThread.h"
 
 #include "device/OBDeviceControl.h"
+#include "reading/ThreadAnnotations.h"
 #include "reading/ThreadWait.h"
 #include "pages/ORXCCMWidget.h"
 
@@ -89,6 +90,13 @@ void ORXCCMUpdateThread::run()
         m_result.complete = readDevice();
     else
         readFile();
+    OBFT_HAPPENS_BEFORE(&m_result);
+}
+
+const ORXCCMUpdateThread::Result& ORXCCMUpdateThread::result() const
+{
+    OBFT_HAPPENS_AFTER(&m_result);
+    return m_result;
 }
 
 void ORXCCMUpdateThread::readFile()

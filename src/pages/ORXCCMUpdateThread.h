@@ -48,7 +48,7 @@ public:
     bool isStopRequested() const { return m_bStop; }
     // To be called instead of delete: destroys the thread now, or when its run has ended.
     void abandon();
-    const Result& result() const { return m_result; }
+    const Result& result() const;
     void setEnabledFlag(bool enabled) { m_result.enabled = enabled; }
 
     // Stops all threads of this class; returns when none calls the host any more.

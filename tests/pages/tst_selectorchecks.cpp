@@ -22,11 +22,6 @@ constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
 constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
 const char kSelected[] = "3"; // entry that the user has selected elsewhere
 
-QStringList words(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 } // namespace
 
 class TestSelectorChecks : public GuardedTest

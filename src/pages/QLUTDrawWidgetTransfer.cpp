@@ -213,6 +213,12 @@ void QLUTDrawWidget::OnFinishSetToCamera()
 
 void QLUTDrawWidget::OnThreadEnd()
 {
-    if (!m_pThread->isBusy())
-        endTransfer();
+    if (m_pThread->isBusy())
+        return;
+    // A short job may have run between its predecessor's end and this: what it brought comes first.
+    const auto end = [this] {
+        if (!m_pThread->isBusy())
+            endTransfer();
+    };
+    QMetaObject::invokeMethod(this, end, Qt::QueuedConnection);
 }

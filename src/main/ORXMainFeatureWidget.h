@@ -91,9 +91,13 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    static constexpr int kTabs = 4;
+
     explicit ORXMainFeatureWidget(QWidget* parent);
     ~ORXMainFeatureWidget() override;
 
+    // Text of the context "ORXFeatureWidget", which several windows share.
+    static QString shared(const char* text);
     void initUI();
     void retranslate();
     void afterFirstRead(qint64 key);

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: Apache-2.0
+// The cameras of ORXMainFeatureWidget: their trees, pages and side columns, from first to last.
+#include "main/ORXMainFeatureWidget.h"
+
+#include "device/ORXListenTools.h"
+#include "main/CFeatureGroupTreeView.h"
+#include "main/ORXFeatureGroup.h"
+#include "main/PageTabBar.h"
+#include "pages/ORXCommonFeature.h"
+#include "pages/ORXImgProcessingFeature.h"
+#include "styledctl/ZELCustomDockTitleBar.h"
+#include "tree/ORXFeatureTree.h"
+
+#include <QStackedWidget>
+
+namespace {
+
+constexpr qint64 kHostCamera = 1;
+
+} // namespace
+
+void ORXMainFeatureWidget::CreateFeature()
+{
+    m_lCameraID = kHostCamera;
+    featureTree(m_lCameraID, true)->CreateFeature();
+    InitFeatureUI();
+}
+
+void ORXMainFeatureWidget::InitFeatureUI()
+{
+    m_bTemperatureTab = false;
+    featureTree(m_lCameraID, true);
+    if (m_pDockTitleBar) {
+        DeviceFeatureInit(m_lCameraID);
+        UpdateToolBarBtn(m_lCameraID);
+    }
+    if (m_lCameraID < 0)
+        m_pPageStack->setCurrentIndex(WholeTreeTab);
+}
+
+void ORXMainFeatureWidget::DeviceFeatureInit(qint64 key)
+{
+    ORXFeatureTree* tree = m_trees.value(key, nullptr);
+    if (!tree)
+        return;
+    if (tree->propertyItemByName(QStringLiteral("TempControlLoad")))
+        m_bTemperatureTab = true;
+    if (m_pTreeStack->indexOf(tree) < 0)
+        m_pTreeStack->addWidget(tree);
+    m_pTreeStack->setCurrentWidget(tree);
+    const QList<IORXFeatureWidget*> pages = curatedPages();
+    for (int i = 0; i < pages.size(); ++i) {
+        pages.at(i)->setIsCanEdit(tree->isCanEdit());
+        pages.at(i)->resetCamaraID(key);
+        m_pTabs->setTabEnabled(CommonTab + i, pages.at(i)->getRootItem(key, false) != nullptr);
+    }
+    m_pImagePage->afterCurrentTabShow();
+    showTitle(key);
+    ORXFeatureGroup* group = featureGroup(key);
+    if (m_pGroupStack->indexOf(group) < 0)
+        m_pGroupStack->addWidget(group);
+    m_pGroupStack->setCurrentWidget(group);
+}
+
+void ORXMainFeatureWidget::showTitle(qint64 key)
+{
+    m_pDockTitleBar->cSetTitleText(
+        shared(QT_TRANSLATE_NOOP("ORXFeatureWidget", "Please select a connected camera.")));
+    ORXFeatureTree* tree = m_trees.value(key, nullptr);
+    if (tree && key >= 0)
+        tree->refreshCameraItemName();
+}
+
+ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
+{
+    ORXFeatureTree*& tree = m_trees[cameraId];
+    if (!tree) {
+        tree = new ORXFeatureTree(cameraId, this);
+        tree->hide();
+        tree->setObjectName(QStringLiteral("ORXFeatureTree"));
+        tree->setDockTitleBar(m_pDockTitleBar);
+        connect(tree, &ORXFeatureTree::SigFirstEndUpdateFeature, this,
+                &ORXMainFeatureWidget::afterFirstRead);
+    }
+    return tree;
+}
+
+bool ORXMainFeatureWidget::hasFeatureTree(qint64 cameraId) const
+{
+    return m_trees.contains(cameraId);
+}
+
+// A new user has no favourites yet; the first look should not fall on an empty page.
+void ORXMainFeatureWidget::afterFirstRead(qint64 key)
+{
+    ORXFeatureGroup* group = m_groups.value(key, nullptr);
+    if (!group)
+        return;
+    // The names are known only now.
+    group->searchAgain();
+    if (m_pPageStack->currentIndex() == WholeTreeTab && group->searchText().isEmpty())
+        group->groupView()->leaveEmptyFavorites();
+}
+
+ORXFeatureGroup* ORXMainFeatureWidget::featureGroup(qint64 key)
+{
+    ORXFeatureGroup*& group = m_groups[key];
+    if (group)
+        return group;
+    QList<ORXPropertyTreeItem*> roots;
+    if (key >= 0) {
+        roots.append(featureTree(key, true)->rootItem());
+        for (IORXFeatureWidget* page : curatedPages())
+            roots.append(page->getRootItem(key, true));
+    }
+    group = new ORXFeatureGroup(roots, key, this);
+    connect(group, &ORXFeatureGroup::SigTabChanged, this, &ORXMainFeatureWidget::onTabIndexChange);
+    connect(group, &ORXFeatureGroup::SigSearched, this,
+            [this, key](const QString& text) { afterSearch(key, text); });
+    connect(group, &ORXFeatureGroup::SigGoToHits, this, [this, key] { goToHit(key, false); });
+    connect(group, &ORXFeatureGroup::SigNextHit, this, [this, key] { goToHit(key, true); });
+    return group;
+}
+
+ORXPropertyTreeItem* ORXMainFeatureWidget::getItemByName(const QString& name, FeatureTabIndex tab)
+{
+    if (tab == WholeTreeTab)
+        return currentTree() ? currentTree()->propertyItemByName(name) : nullptr;
+    const QList<IORXFeatureWidget*> pages = curatedPages();
+    IORXFeatureWidget* page = pages.value(tab - CommonTab, nullptr);
+    return page ? page->getItemByNodeName(name, nullptr, m_lCameraID) : nullptr;
+}
+
+void ORXMainFeatureWidget::removeFeatureTree(qint64 key)
+{
+    if (!m_trees.contains(key))
+        return;
+    ORXListenTools::instance()->notifyListeners(ListenCode::kBeforeTreeRemoved, &key);
+    delete m_trees.take(key);
+}
+
+void ORXMainFeatureWidget::clearFeatureTrees()
+{
+    qDeleteAll(m_trees);
+    m_trees.clear();
+}
+
+int ORXMainFeatureWidget::notify(int code, void* payload)
+{
+    if (code == ListenCode::kBeforeTreeRemoved && payload)
+        emit sigBeforeDeleteFeature(*static_cast<qint64*>(payload));
+    return 0;
+}
+
+void ORXMainFeatureWidget::onBeforeDeleteFeature(qint64 key)
+{
+    ORXFeatureTree* tree = m_trees.value(key, nullptr);
+    if (tree)
+        tree->StopThread(true);
+    if (ORXFeatureGroup* group = m_groups.take(key)) {
+        m_pGroupStack->removeWidget(group);
+        delete group;
+    }
+    for (IORXFeatureWidget* page : curatedPages())
+        page->removeCameraID(key);
+    if (tree) {
+        m_pTreeStack->removeWidget(tree);
+        tree->removeCameraID(key);
+    }
+    m_lCameraID = -1;
+}

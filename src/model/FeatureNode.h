@@ -22,6 +22,7 @@ struct FeatureEnumEntry
     QString pIsAvailable;
     QString pIsLocked;
 };
+Q_DECLARE_TYPEINFO(FeatureEnumEntry, Q_MOVABLE_TYPE);
 
 // A child element of a node that the index follows, in the order of the description.
 struct FeatureReference
@@ -45,6 +46,7 @@ struct FeatureReference
     Kind kind;
     QString text; // trimmed: the referenced name, or the element's text
 };
+Q_DECLARE_TYPEINFO(FeatureReference, Q_MOVABLE_TYPE);
 
 // What the library needs of one node of the description. Made once when the description is loaded
 // and never changed afterwards, so that every thread reads it freely.

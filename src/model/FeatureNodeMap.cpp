@@ -7,22 +7,24 @@
 
 FeatureNodeMap::FeatureNodeMap(const QDomElement& root)
 {
-    if (!root.isNull())
-        addChildren(root);
+    if (root.isNull())
+        return;
+    FeatureNodeReader reader;
+    addChildren(root, reader);
 }
 
 // The nesting is bounded: deeper descriptions are refused before they are parsed.
-void FeatureNodeMap::addChildren(const QDomElement& parent)
+void FeatureNodeMap::addChildren(const QDomElement& parent, FeatureNodeReader& reader)
 {
     for (QDomElement child = parent.firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
         if (child.tagName() == QLatin1String("EnumEntry"))
             continue;
         if (child.hasAttribute(QStringLiteral("Name")))
-            addNode(readFeatureNode(child));
+            addNode(reader.read(child));
         // Elements that hold only text, the most by far, need no walk.
         if (!child.firstChildElement().isNull())
-            addChildren(child);
+            addChildren(child, reader);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QVector>
 
+class FeatureNodeReader;
 class QDomElement;
 
 // All nodes of a description, taken out of the DOM in one pass. Copies share the records; a copy
@@ -30,7 +31,7 @@ public:
     bool isEmpty() const { return m_nodes.isEmpty(); }
 
 private:
-    void addChildren(const QDomElement& parent);
+    void addChildren(const QDomElement& parent, FeatureNodeReader& reader);
     void addNode(const FeatureNodePtr& node);
 
     QHash<QString, FeatureNodePtr> m_nodes;

@@ -70,55 +70,75 @@ const QHash<QString, QString FeatureEnumEntry::*>& entryFields()
     return fields;
 }
 
-FeatureEnumEntry readEntry(const QDomElement& element)
+// Trimmed text of an element. What holds a single text, as nearly all elements do, is not copied.
+QString textOf(const QDomElement& element)
+{
+    const QDomNode only = element.firstChild();
+    if (only.nodeType() == QDomNode::TextNode && only.nextSibling().isNull())
+        return only.nodeValue().trimmed();
+    return element.text().trimmed();
+}
+
+} // namespace
+
+QString FeatureNodeReader::kept(const QString& text)
+{
+    if (text.isEmpty())
+        return QStringLiteral("");
+    const auto known = m_texts.constFind(text);
+    if (known != m_texts.constEnd())
+        return *known;
+    // A copy, since a text of the DOM would keep a hole in the memory that the DOM leaves.
+    return *m_texts.insert(QString(text.constData(), text.size()));
+}
+
+FeatureEnumEntry FeatureNodeReader::readEntry(const QDomElement& element)
 {
     FeatureEnumEntry entry;
-    entry.name = element.attribute(kName);
-    entry.nameSpace = element.attribute(kNameSpace);
+    entry.name = kept(element.attribute(kName));
+    entry.nameSpace = kept(element.attribute(kNameSpace));
     for (QDomElement child = element.firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
         const auto field = entryFields().constFind(child.tagName());
         if (field != entryFields().constEnd())
-            entry.*field.value() = child.text().trimmed();
+            entry.*field.value() = kept(textOf(child));
     }
     entry.value = ORXInterface::string2Int(entry.valueText);
     return entry;
 }
 
-QStringList invalidatorsBefore(const QDomElement& element)
+QStringList FeatureNodeReader::invalidatorsBefore(const QDomElement& element)
 {
     QStringList result;
     const QString invalidator = QStringLiteral("pInvalidator");
     for (QDomElement sibling = element.previousSiblingElement(invalidator); !sibling.isNull();
          sibling = sibling.previousSiblingElement(invalidator))
-        result.append(sibling.text().trimmed());
+        result.append(kept(textOf(sibling)));
     return result;
 }
 
-void readChild(const QDomElement& child, FeatureNode& node)
+void FeatureNodeReader::readChild(const QDomElement& child, FeatureNode& node)
 {
     const QString tag = child.tagName();
     const auto kind = referenceKinds().constFind(tag);
     if (kind != referenceKinds().constEnd())
-        node.references.append({kind.value(), child.text().trimmed()});
+        node.references.append({kind.value(), kept(textOf(child))});
     const auto field = nodeFields().constFind(tag);
     if (field == nodeFields().constEnd())
         return;
     QString& target = node.*field->text;
     if (field->firstCounts && !target.isEmpty())
         return;
-    target = field->trimmed ? child.text().trimmed() : child.text();
+    target = field->trimmed ? kept(textOf(child)) : child.text();
 }
 
-} // namespace
-
-FeatureNodePtr readFeatureNode(const QDomElement& element)
+FeatureNodePtr FeatureNodeReader::read(const QDomElement& element)
 {
     auto node = std::make_shared<FeatureNode>();
-    node->name = element.attribute(kName);
-    node->tagName = element.tagName();
+    node->name = kept(element.attribute(kName));
+    node->tagName = kept(element.tagName());
     node->tag = featureTag(node->tagName);
-    node->nameSpace = element.attribute(kNameSpace);
+    node->nameSpace = kept(element.attribute(kNameSpace));
     for (QDomElement child = element.firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
         if (child.tagName() == QLatin1String("EnumEntry"))

@@ -24,8 +24,10 @@ void collect(ORXPropertyTreeItem* item, QVector<ORXPropertyTreeItem*>& items,
 
 void tell(const QVector<ORXPropertyTreeItem*>& items, bool shown, qint64 cameraId)
 {
+    const quint64 destroyed = ORXPropertyTreeItem::destroyedCount();
     for (ORXPropertyTreeItem* item : items) {
-        if (ORXPropertyTreeItem::isAlive(item))
+        if (ORXPropertyTreeItem::destroyedCount() == destroyed ||
+            ORXPropertyTreeItem::isAlive(item))
             item->tellVisible(shown, cameraId);
     }
 }

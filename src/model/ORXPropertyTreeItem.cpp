@@ -21,6 +21,8 @@ std::unordered_set<const ORXPropertyTreeItem*>& liveItems()
     return *items;
 }
 
+quint64 destroyedItems = 0; // guarded by ItemStateLock
+
 bool onGuiThread()
 {
     const QCoreApplication* application = QCoreApplication::instance();
@@ -55,6 +57,7 @@ ORXPropertyTreeItem::~ORXPropertyTreeItem()
 {
     const ItemStateLock lock;
     liveItems().erase(this);
+    ++destroyedItems;
     setMappingItem(nullptr);
     clear();
     removeFromParents();
@@ -75,6 +78,12 @@ bool ORXPropertyTreeItem::isAlive(const ORXPropertyTreeItem* item)
 {
     const ItemStateLock lock;
     return liveItems().count(item) > 0;
+}
+
+quint64 ORXPropertyTreeItem::destroyedCount()
+{
+    const ItemStateLock lock;
+    return destroyedItems;
 }
 
 bool ORXPropertyTreeItem::visible() const
@@ -271,22 +280,26 @@ bool ORXPropertyTreeItem::callViews(ORXPropertyTreeItem* item, const ViewCall& c
         return true;
     }
     QSet<IORXFeatureNotify*> views;
+    quint64 destroyed = 0;
     {
         const ItemStateLock lock;
         views = item->m_views;
+        destroyed = destroyedItems;
     }
+    const auto died = [&] { return destroyedItems != destroyed && !isAlive(item); };
     for (IORXFeatureNotify* view : qAsConst(views)) {
         // A slot of the view before may have removed this view or the item itself.
         {
             const ItemStateLock lock;
-            if (liveItems().count(item) == 0)
+            if (died())
                 return false;
             if (!item->m_views.contains(view))
                 continue;
         }
         call(view, item);
     }
-    return isAlive(item);
+    const ItemStateLock lock;
+    return !died();
 }
 
 void ORXPropertyTreeItem::callMappingViews(bool copyValue, const ViewCall& call)

@@ -60,6 +60,8 @@ public:
 
     // False once the item was destroyed. For pointers that travelled through a queued signal.
     static bool isAlive(const ORXPropertyTreeItem* item);
+    // How many items were destroyed so far: while it stands still, all that were alive still are.
+    static quint64 destroyedCount();
 
     bool visible() const; // of an item with children: whether any child is visible
     bool groupVisible() const;

@@ -97,7 +97,10 @@ void ORXPropertyTreeDelegate::paintDropLine(QPainter* painter,
 QSize ORXPropertyTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
                                         const QModelIndex& index) const
 {
-    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    // A view that lays itself out wants heights only, and says so by a width of -1. Measuring the
+    // texts would be the greater part of its time.
+    const bool measuresText = option.rect.width() >= 0;
+    QSize size = measuresText ? QStyledItemDelegate::sizeHint(option, index) : QSize(0, 0);
     const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
     if (!index.parent().isValid())
         size.setHeight(kGroupRowHeight);

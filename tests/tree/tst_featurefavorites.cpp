@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "device/OBDeviceControl.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "tree/FeatureTreeTest.h"
+#include "tree/ORXPropertySpinBox.h"
+
+#include <QMenu>
+#include <QMimeData>
+
+class TestFeatureFavorites : public FeatureTreeTest
+{
+    Q_OBJECT
+
+    Item* group() { return m_tree->rootItem()->child(0); }
+    QStringList shownFavorites(ORXFeatureTree* tree)
+    {
+        QStringList shown;
+        const QVector<Item*> copies = tree->rootItem()->child(0)->children();
+        for (Item* copy : copies)
+            shown.append(copy->value()->nodeName(0));
+        return shown;
+    }
+    void setFavorites(const QStringList& list)
+    {
+        OBDeviceControl::GetFavoritesFeatureMap()->clear();
+        for (const QString& name : list)
+            OBDeviceControl::GetFavoritesFeatureMap()->append({name, name});
+        m_tree->GenerateFavoritesItems();
+    }
+    QStringList favorites()
+    {
+        QStringList list;
+        for (const FavoriteFeature& each : qAsConst(*OBDeviceControl::GetFavoritesFeatureMap()))
+            list.append(each.first);
+        return list;
+    }
+    QMenu* menuOn(Item* target)
+    {
+        ORXFeatureTreeView* view = m_tree->treeView();
+        view->scrollTo(view->treeModel()->indexFromItem(target, 0));
+        const QRect row = view->visualRect(view->treeModel()->indexFromItem(target, 0));
+        m_tree->OnTreeFeaturesCustomContextMenuRequested(row.topLeft());
+        auto* menu = m_tree->findChild<QMenu*>("FavoritesMenu"_s);
+        menu->hide();
+        return menu;
+    }
+    void drop(Item* moved, Item* target)
+    {
+        ORXFeatureTreeView* view = m_tree->treeView();
+        const QScopedPointer<QMimeData> data(
+            view->treeModel()->mimeData({view->treeModel()->indexFromItem(moved, 0)}));
+        const QPoint at = view->visualRect(view->treeModel()->indexFromItem(target, 0)).center();
+        QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &enter);
+        QDragMoveEvent move(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &move);
+        const bool allowed = target->parent(Item::FeatureTreePage) == group() || target == group();
+        QCOMPARE(move.isAccepted(), allowed);
+        QDropEvent dropped(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &dropped);
+    }
+
+private slots:
+    void menuOfFavorites_data()
+    {
+        // actions: of add, remove, remove all: hidden, enabled, disabled
+        const Rows<int, bool, QString> row("type", "favorite", "actions");
+        row("favourite", Item::FavoriteItem, true, "heh");
+        row("group", Item::FavoritesGroup, false, "hhe");
+        row("feature", Item::FeatureItem, false, "ehh");
+        row("feature that is a favourite", Item::FeatureItem, true, "dhh");
+        row("category", Item::CategoryItem, false, "dhh");
+        row("own item", Item::CustomItem, false, "hhh");
+    }
+
+    void menuOfFavorites()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, favorite);
+        QFETCH(QString, actions);
+        if (favorite)
+            OBDeviceControl::GetFavoritesFeatureMap()->append({"Width"_s, "Another name"_s});
+        item("Width")->setItemType(static_cast<Item::ITEM_TYEP>(type));
+        QString found;
+        const QList<QAction*> shown = menuOn(item("Width"))->actions();
+        for (const QAction* action : shown)
+            found += QLatin1Char(!action->isVisible() ? 'h' : action->isEnabled() ? 'e' : 'd');
+        QCOMPARE(found, actions);
+        QCOMPARE(shown.first()->text(), "Add to Favorites"_s);
+        QCOMPARE(shown.last()->text(), "Remove All"_s);
+    }
+
+    void favoritesComeAndGo()
+    {
+        readOnce();
+        menuOn(item("Width"))->actions().first()->trigger();
+        menuOn(item("Gain"))->actions().first()->trigger();
+        QCOMPARE(shownFavorites(m_tree.get()), words("Width Gain"));
+        QCOMPARE(favorites(), words("Width Gain"));
+        QVERIFY(m_tree->IsFavoritesItem("Gain"_s));
+        Item* copy = group()->child(0);
+        QCOMPARE(copy->itemType(), Item::FavoriteItem);
+        QCOMPARE(item("Width")->mappingItem(), copy);
+        QTRY_VERIFY(m_tree->treeView()->editorOf(copy));
+
+        m_tree->removeFavoriteItem(item("Width")); // the feature is no copy and stays
+        QVERIFY(Item::isAlive(item("Width")));
+        menuOn(copy)->actions().at(1)->trigger();
+        QVERIFY(!Item::isAlive(copy));
+        QVERIFY(!item("Width")->mappingItem());
+        QCOMPARE(favorites(), words("Gain"));
+        m_tree->OnActionFavoriteRemove(); // its item has gone
+        QCOMPARE(favorites(), words("Gain"));
+
+        menuOn(group())->actions().last()->trigger();
+        QCOMPARE(group()->childCount(), 0);
+        QVERIFY(favorites().isEmpty());
+        setFavorites({"Width"_s, "NotOfThisCamera"_s, "Width"_s});
+        QCOMPARE(shownFavorites(m_tree.get()), words("Width"));
+        QCOMPARE(favorites().size(), 3); // those of other cameras are kept
+    }
+
+    void favoriteAndFeatureStayInStep()
+    {
+        readOnce();
+        setFavorites({"Width"_s});
+        Item* copy = group()->child(0);
+        QTRY_VERIFY(m_tree->treeView()->editorOf(copy));
+        auto* spin = qobject_cast<ORXPropertySpinBox*>(m_tree->treeView()->editorOf(copy));
+        QCOMPARE(spin->value(), qlonglong(320));
+        spin->setFocus();
+        QTest::keyClick(spin, Qt::Key_Up);
+        QCOMPARE(m_host.writes(), QStringList("set Width 336"_s));
+        QCOMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(336));
+        m_host.set("Width"_s, FakeHost::integerFeature(320, 16, 4096, 16));
+        QTRY_COMPARE(spin->value(), qlonglong(320)); // the camera took it back
+        QTRY_COMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(320));
+    }
+
+    void favoritesFollowSearchAndGroup()
+    {
+        readOnce();
+        ORXFeatureTreeView* view = m_tree->treeView();
+        const auto hidden = [&](Item* each) {
+            const QModelIndex index = view->treeModel()->indexFromItem(each, 0);
+            return view->isRowHidden(index.row(), index.parent());
+        };
+        item("Width")->setSearchText("gain"_s, 1);
+        item("Gain")->setSearchText("gain"_s, 1);
+        setFavorites({"Width"_s, "Gain"_s});
+        QVERIFY(hidden(group()->child(0)));
+        QVERIFY(!hidden(group()->child(1)));
+        // While another group is shown, a new favourite does not show.
+        group()->setGroupVisible(false, 1);
+        setFavorites({"Gain"_s});
+        QVERIFY(hidden(group()->child(0)));
+    }
+
+    void movingFavorites_data()
+    {
+        const Rows<QString, QString, QStringList, QStringList> row("moved", "target", "list",
+                                                                   "shown");
+        row("before another one", "Gain", "Height", "Width Gain Height Gain", "Width Gain Height");
+        row("to the end", "Width", "", "Height Gain Width", "Height Gain Width");
+        row("onto itself", "Width", "Width", "Width Height Gain", "Width Height Gain");
+    }
+
+    void movingFavorites()
+    {
+        QFETCH(QString, moved);
+        QFETCH(QString, target);
+        QFETCH(QStringList, list);
+        QFETCH(QStringList, shown);
+        const auto copyOf = [this](const QString& name) { return group()->findChild(name); };
+        setFavorites(words("Width Height Gain"));
+        for (int i = 0; i < 2; ++i) { // moving it again changes nothing more
+            m_tree->moveFavorteItem(copyOf(moved), copyOf(target));
+            QCOMPARE(favorites(), list);
+            QCOMPARE(shownFavorites(m_tree.get()), shown);
+        }
+    }
+
+    void draggingFavorites()
+    {
+        setFavorites(words("Width Height Gain"));
+        QCoreApplication::processEvents();
+        drop(group()->child(2), group()->child(0));
+        QCOMPARE(shownFavorites(m_tree.get()), words("Gain Width Height"));
+        const QStringList before = favorites();
+        QCoreApplication::processEvents();
+        drop(group()->child(0), item("ReverseX"));
+        QCOMPARE(favorites(), before);
+    }
+
+    void favoritesOfAnotherTree()
+    {
+        const std::unique_ptr<ORXFeatureTree> other = makeTree(2);
+        setFavorites(words("Width Gain"));
+        m_tree->notifyFavoriteFeatureChange();
+        QCOMPARE(shownFavorites(other.get()), words("Width Gain"));
+        QTRY_VERIFY(other->treeView()->editorOf(other->rootItem()->child(0)->child(0)));
+        m_tree->OnActionFavoriteRemoveAll();
+        QCOMPARE(shownFavorites(other.get()), QStringList());
+    }
+};
+
+OBFT_TEST_MAIN(TestFeatureFavorites)
+#include "tst_featurefavorites.moc"

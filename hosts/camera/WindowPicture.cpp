@@ -24,17 +24,20 @@ QImage grab()
 {
     QWidgetList windows;
     QRect whole;
+    qreal pixelRatio = 1;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible() || window->isMinimized())
             continue;
         windows.append(window);
         whole |= QRect(window->pos(), window->size());
+        pixelRatio = std::max(pixelRatio, window->devicePixelRatioF());
     }
     if (windows.isEmpty())
         return QImage();
     std::stable_sort(windows.begin(), windows.end(),
                      [](const QWidget* a, const QWidget* b) { return areaOf(a) > areaOf(b); });
-    QImage picture(whole.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage picture(whole.size() * pixelRatio, QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(pixelRatio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     for (QWidget* window : windows)

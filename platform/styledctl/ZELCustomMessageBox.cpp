@@ -5,6 +5,7 @@
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomWidget.h"
 #include "styledctl/private/ZELColors.h"
+#include "styledctl/private/ZELIcon.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -147,7 +148,7 @@ void ZELCustomMessageBox::cEndSetParameter()
 
     const QIcon picture = pictureOf(m_hint, this->style());
     m_picture->setVisible(!picture.isNull());
-    m_picture->setPixmap(picture.pixmap(windowHandle(), QSize(kPicturePx, kPicturePx)));
+    m_picture->setPixmap(ZELIcon::pixmap(picture, QSize(kPicturePx, kPicturePx), this));
 
     m_title->setVisible(!m_titleText.isEmpty());
     m_title->setText(m_titleText);

@@ -2,6 +2,7 @@
 #include "styledctl/ZELCustomPushButton.h"
 
 #include "styledctl/private/ZELBox.h"
+#include "styledctl/private/ZELIcon.h"
 #include "styledctl/private/ZELMetrics.h"
 
 #include <QElapsedTimer>
@@ -128,13 +129,18 @@ void ZELCustomPushButton::keyPressEvent(QKeyEvent* event)
     QPushButton::keyPressEvent(event);
 }
 
+// The size of the pictures as they are drawn; the one for fine screens comes behind it.
+QSize ZELCustomPushButton::imageSize() const
+{
+    const QList<QSize> sizes = m_images[0].availableSizes();
+    return sizes.isEmpty() ? iconSize() : sizes.constFirst();
+}
+
 QSize ZELCustomPushButton::sizeHint() const
 {
     if (m_images[0].isNull())
         return QPushButton::sizeHint();
-    const QList<QSize> sizes = m_images[0].availableSizes();
-    const QSize image = sizes.isEmpty() ? iconSize() : sizes.constFirst();
-    return image + QSize(2 * kImageMargin, 2 * kImageMargin);
+    return imageSize() + QSize(2 * kImageMargin, 2 * kImageMargin);
 }
 
 void ZELCustomPushButton::paintEvent(QPaintEvent* event)
@@ -153,5 +159,8 @@ void ZELCustomPushButton::paintEvent(QPaintEvent* event)
     const QRect room = rect().adjusted(kImageMargin, kImageMargin, -kImageMargin, -kImageMargin);
     if (!state.enabled && !own)
         painter.setOpacity(ZELMetrics::kDisabledIconOpacity);
-    m_images[own ? wanted : 0].paint(&painter, room);
+    QRect place(QPoint(), imageSize().boundedTo(room.size()));
+    place.moveCenter(room.center());
+    painter.drawPixmap(place.topLeft(),
+                       ZELIcon::pixmap(m_images[own ? wanted : 0], place.size(), this));
 }

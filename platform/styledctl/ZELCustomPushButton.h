@@ -58,6 +58,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QSize imageSize() const;
     bool isBlocked() const;
     void onClicked();
 

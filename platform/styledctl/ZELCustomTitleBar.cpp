@@ -5,6 +5,7 @@
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/private/ZELColors.h"
 #include "styledctl/private/ZELGlyph.h"
+#include "styledctl/private/ZELIcon.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -60,7 +61,7 @@ void ZELCustomTitleBar::cSetText(const QString& text)
 
 void ZELCustomTitleBar::cSetIcon(const QIcon& icon)
 {
-    m_iconLabel->setPixmap(icon.pixmap(window()->windowHandle(), QSize(kIconPx, kIconPx)));
+    m_iconLabel->setPixmap(ZELIcon::pixmap(icon, QSize(kIconPx, kIconPx), this));
     m_iconLabel->setVisible(!icon.isNull());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/private/ZELGlyph.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -66,7 +67,11 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
-        QPixmap result(size);
+        // QIcon asks for the pixels of fine screens only where the host's application set this.
+        const bool asked = QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
+        const qreal ratio = asked ? 1.0 : qGuiApp->devicePixelRatio();
+        QPixmap result(size * ratio);
+        result.setDevicePixelRatio(ratio);
         result.fill(Qt::transparent);
         QPainter painter(&result);
         paint(&painter, QRect(QPoint(0, 0), size), mode, state);

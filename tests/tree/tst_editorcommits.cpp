@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the user's input in an editor writes, and what never does.
+#include "basetools/ORXInterface.h"
+#include "model/CTreeCustomWaterMarkItemValue.h"
+#include "model/CTreeFloatItemValue.h"
+#include "model/CTreeIntergerItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "styledctl/ZELCustomCheckBox.h"
+#include "styledctl/ZELCustomComboBox.h"
+#include "styledctl/ZELCustomPushButton.h"
+#include "tree/EditorTest.h"
+#include "tree/ORXPropertySpinBox.h"
+#include "tree/ORXPropertyTreeDelegate.h"
+#include "tree/QPropertyLineEdit.h"
+
+#include <QLineEdit>
+
+class TestEditorCommits : public EditorTest
+{
+    Q_OBJECT
+
+private slots:
+    void readOnlyItemsAreNeverWritten_data()
+    {
+        const Rows<QString, QString> row("tag", "written");
+        row("boolean", "Boolean", "");
+        row("command", "Command", "");
+        row("flat field", "CustomTagNameFlatFieldCorrection", "CustomTagNameFlatFieldCorrection ");
+    }
+
+    void readOnlyItemsAreNeverWritten()
+    {
+        QFETCH(QString, tag);
+        open({tag});
+        // It became read-only, but the editor has not been told yet.
+        m_page->item(tag)->setReadOnly(true);
+        QTest::mouseClick(m_page->anyEditor(tag), Qt::LeftButton, {}, QPoint(8, 8));
+        QTEST(m_page->writes.join(QLatin1Char('|')), "written");
+    }
+
+    void typedTextSurvivesARead_data()
+    {
+        const Rows<QString, QVariant, QString> row("tag", "read", "written");
+        row("text", "String", "other"_s, "7");
+        row("float", "Float", 3.5F, "7");
+        row("integer", "Integer", 50, "7");
+    }
+
+    void typedTextSurvivesARead()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QVariant, read);
+        QFETCH(QString, written);
+        open({tag});
+        Item* feature = m_page->item(tag);
+        QWidget* widget = m_page->anyEditor(tag);
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(widget, "7"_s);
+        feature->value()->setValue(read);
+        feature->endUpdateItem(1);
+        auto* edit = qobject_cast<QLineEdit*>(widget);
+        if (!edit)
+            edit = widget->findChild<QLineEdit*>();
+        QCOMPARE(edit->text(), "7"_s);
+        QVERIFY(widget->hasFocus());
+        QCOMPARE(m_page->anyEditor(tag), widget);
+        QTest::keyClick(widget, Qt::Key_Return);
+        QCOMPARE(m_page->writes, QStringList(tag + QLatin1Char(' ') + written));
+    }
+
+    void escapeShowsWhatCameMeanwhile()
+    {
+        open({"String"_s, "Integer"_s});
+        for (const char* name : {"String", "Integer"}) {
+            QWidget* widget = editor(name);
+            widget->setFocus();
+            QTest::keyClicks(widget, "7"_s);
+            item(name)->value()->setValue(50);
+            item(name)->endUpdateItem(1);
+            QTest::keyClick(widget, Qt::Key_Escape);
+            QVERIFY(widget->hasFocus()); // the first Escape takes the text back
+        }
+        QTRY_COMPARE(qobject_cast<QLineEdit*>(editor("String"))->text(), "50"_s);
+        QTRY_COMPARE(qobject_cast<ORXPropertySpinBox*>(editor("Integer"))->value(), qlonglong(50));
+        QVERIFY(m_page->writes.isEmpty());
+    }
+
+    void lineEditsWriteOnce_data()
+    {
+        const Rows<QString, QString, QString, QVariant> row("tag", "representation", "typed",
+                                                            "written");
+        row("text", "String", "", "lab", "lab"_s);
+        row("float", "Float", "", "2.5", 2.5F);
+        row("converter", "Converter", "", "-1", 1e-6F);
+        row("pure number", "Integer", "PureNumber", "250", qlonglong(100));
+        row("hexadecimal", "IntReg", "HexNumber", "0x1F", qlonglong(31));
+        row("address", "Integer", "IPV4Address", "10.0.0.2", qlonglong(0x0A000002));
+    }
+
+    void lineEditsWriteOnce()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, representation);
+        QFETCH(QString, typed);
+        QFETCH(QVariant, written);
+        open({tag, "Boolean"_s});
+        if (!representation.isEmpty()) {
+            setInteger(m_page->item(tag), 10, 0, 100, 1, representation.toLatin1().constData());
+            m_page->treeView()->openPersistentEdit(m_page->item(tag), true);
+            QTRY_VERIFY(m_page->editor<QPropertyLineEdit>(tag));
+        }
+        auto* edit = m_page->editor<QPropertyLineEdit>(tag);
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, typed);
+        QVERIFY(m_page->writes.isEmpty());
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(m_page->writes.size(), 1);
+        QCOMPARE(m_page->lastWritten, written);
+        editor("Boolean")->setFocus();
+        QCOMPARE(m_page->writes.size(), 1);
+    }
+
+    void aRoundedTextIsNoEdit()
+    {
+        open({"Float"_s, "Boolean"_s});
+        valueOf<CTreeFloatItemValue>(item("Float"))->setNumber(1.23456F);
+        refill(item("Float"));
+        auto* edit = m_page->editor<QPropertyLineEdit>("Float"_s);
+        QCOMPARE(edit->text(), "1.2346"_s);
+        edit->setFocus();
+        QTest::keyClick(edit, Qt::Key_End);
+        editor("Boolean")->setFocus();
+        QVERIFY(m_page->writes.isEmpty());
+        QCOMPARE(item("Float")->value()->value().toFloat(), 1.23456F);
+    }
+
+    void invalidTextIsRolledBack()
+    {
+        open({"Float"_s, "Boolean"_s});
+        auto* edit = m_page->editor<QPropertyLineEdit>("Float"_s);
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, "1,5"_s);
+        editor("Boolean")->setFocus();
+        QCOMPARE(edit->text(), "1.5000"_s);
+        QVERIFY(m_page->writes.isEmpty());
+    }
+
+    void failedWriteShowsTheOldValue()
+    {
+        open({"Boolean"_s, "Enumeration"_s, "Integer"_s, "String"_s});
+        m_page->answer = false;
+        auto* check = m_page->editor<ZELCustomCheckBox>("Boolean"_s);
+        QTest::mouseClick(check, Qt::LeftButton, {}, QPoint(8, check->height() / 2));
+        QVERIFY(!check->isChecked());
+        auto* combo = m_page->editor<ZELCustomComboBox>("Enumeration"_s);
+        combo->setCurrentIndex(1);
+        QCOMPARE(combo->currentIndex(), 0);
+        auto* spin = m_page->editor<ORXPropertySpinBox>("Integer"_s);
+        spin->stepUp();
+        QCOMPARE(spin->value(), qlonglong(10));
+        auto* edit = m_page->editor<QPropertyLineEdit>("String"_s);
+        edit->setFocus();
+        QTest::keyClicks(edit, "x"_s);
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(edit->text(), "text"_s);
+        QCOMPARE(m_page->writes.size(), 4);
+    }
+
+    void spinBoxGrid_data()
+    {
+        const Rows<qlonglong, qlonglong, qlonglong, QString, qlonglong> row(
+            "minimum", "maximum", "step", "typed", "written");
+        const qlonglong low = INT64_MIN;
+        const qlonglong high = INT64_MAX;
+        row("down onto the grid", 3, 100, 4, "13", 11);
+        row("above the maximum", 3, 100, 4, "400", 99);
+        row("maximum off the grid", 0, 10, 4, "10", 8);
+        row("at the minimum", 3, 100, 4, "3", 3);
+        row("below the minimum", 3, 100, 4, "-8", 3);
+        row("step 0 is no grid", 0, 100, 0, "13", 13);
+        row("negative step is no grid", 0, 100, -5, "13", 13);
+        row("whole range, top", low, high, 1, QString::number(high), high);
+        row("whole range, coarse", low, high, high, QString::number(high), high - 1);
+        row("whole range, bottom", low, high, 7, QString::number(low), low);
+    }
+
+    void spinBoxGrid()
+    {
+        QFETCH(qlonglong, minimum);
+        QFETCH(qlonglong, maximum);
+        QFETCH(qlonglong, step);
+        QFETCH(QString, typed);
+        QFETCH(qlonglong, written);
+        open({"Integer"_s});
+        auto* value = valueOf<CTreeIntergerItemValue>(item("Integer"));
+        value->setNumbers({minimum + 7, minimum, maximum, step}); // 7: none of the typed values
+        refill(item("Integer"));
+        auto* spin = m_page->editor<ORXPropertySpinBox>("Integer"_s);
+        spin->setFocus();
+        spin->selectAll();
+        QTest::keyClicks(spin, typed);
+        QTest::keyClick(spin, Qt::Key_Return);
+        QCOMPARE(m_page->writes.size(), 1);
+        QCOMPARE(m_page->lastWritten, QVariant(written));
+        QCOMPARE(spin->value(), written);
+    }
+
+    void spinBoxWritesOncePerEdit()
+    {
+        open({"Integer"_s, "Boolean"_s});
+        auto* spin = m_page->editor<ORXPropertySpinBox>("Integer"_s);
+        spin->setFocus();
+        spin->selectAll();
+        QTest::keyClicks(spin, "42"_s);
+        QVERIFY(m_page->writes.isEmpty());
+        editor("Boolean")->setFocus();
+        QCOMPARE(m_page->writes, QStringList("Integer 42"_s));
+        spin->setFocus();
+        QTest::keyClick(spin, Qt::Key_Up); // a step writes at once
+        QCOMPARE(m_page->writes.size(), 2);
+        QCOMPARE(m_page->writes.last(), "Integer 43"_s);
+    }
+
+    void enumerationIsWrittenByItsEnglishList()
+    {
+        open({"Enumeration"_s});
+        const QStringList english = {"Off"_s, "Once"_s, "Continuous"_s};
+        const QStringList chinese = {"\u5173"_s, "\u5f00"_s, "\u5f00"_s};
+        // Two numbers have the text "Continuous"; the first one is written. It needs 32 bits.
+        setEntries(item("Enumeration"), english, chinese, {0, 1, 4000000000LL, 4000000001LL}, 0);
+        ORXInterface::setLanguage("CH"_s);
+        refill(item("Enumeration"));
+        auto* combo = m_page->editor<ZELCustomComboBox>("Enumeration"_s);
+        QCOMPARE(combo->itemText(2), chinese.at(2));
+        combo->setCurrentIndex(2);
+        QCOMPARE(m_page->lastWritten.toLongLong(), 4000000000LL);
+        QCOMPARE(combo->currentIndex(), 2);
+        setEntries(item("Enumeration"), english, {}, {0, 1, 2}, 1);
+        refill(item("Enumeration"));
+        QCOMPARE(combo->currentText(), "Once"_s); // no Chinese list
+    }
+
+    void enumerationWithoutMatchCanBeSet()
+    {
+        open({"Enumeration"_s});
+        setEntries(item("Enumeration"), {"Off"_s, "Once"_s}, {}, {0, 5}, 99);
+        refill(item("Enumeration"));
+        auto* combo = m_page->editor<ZELCustomComboBox>("Enumeration"_s);
+        QCOMPARE(combo->currentIndex(), -1);
+        QVERIFY(combo->isEnabled());
+        combo->setCurrentIndex(0);
+        QCOMPARE(m_page->writes, QStringList("Enumeration 0"_s));
+        // An entry list that empties leaves nothing to write.
+        setEntries(item("Enumeration"), {}, {}, {}, 0);
+        refill(item("Enumeration"));
+        QCOMPARE(combo->count(), 0);
+        QCOMPARE(m_page->writes.size(), 1);
+    }
+
+    void checkBoxesWriteTheirColumn()
+    {
+        open({"Boolean"_s, "CustomTagNameWatermark"_s});
+        auto* check = m_page->editor<ZELCustomCheckBox>("Boolean"_s);
+        QTest::keyClick(check, Qt::Key_Space);
+        QCOMPARE(m_page->writes, QStringList("Boolean true"_s));
+        Item* boxes = m_page->getRootItem(1, false)->child(0)->child(1);
+        ORXFeatureTreeView* view = m_page->treeView();
+        auto* left = qobject_cast<ZELCustomCheckBox*>(view->editorOf(boxes, 0));
+        auto* right = qobject_cast<ZELCustomCheckBox*>(view->editorOf(boxes, 1));
+        QCOMPARE(left->text(), "Left"_s);
+        QCOMPARE(right->text(), "Right"_s);
+        left->click();
+        QCOMPARE(m_page->writes.last(), "CustomTagNameWatermark0 true"_s);
+        right->click();
+        QCOMPARE(m_page->writes.last(), "CustomTagNameWatermark1 true"_s);
+        auto* value = valueOf<CTreeCustomWaterMarkItemValue>(boxes);
+        QCOMPARE(value->checkState(0), int(Qt::Checked));
+        value->setColumnDisabled(0, true);
+        refill(boxes);
+        QVERIFY(!left->isEnabled());
+        QVERIFY(right->isEnabled());
+    }
+
+    void clickGuard()
+    {
+        m_page->makeRoot = [this] {
+            Item* root = m_page->addGroupOfTags({"Command"_s});
+            m_page->add(root->child(0), "TriggerSoftware"_s, "Command");
+            return root;
+        };
+        m_page->open();
+        const auto clicks = [this](const char* name) {
+            m_page->writes.clear();
+            auto* button = m_page->editor<ZELCustomPushButton>(QString::fromLatin1(name));
+            button->cSetClickClock([] { return qint64(0); }); // all clicks at the same moment
+            for (int i = 0; i < 3; ++i)
+                QTest::mouseClick(button, Qt::LeftButton);
+            return m_page->writes.size();
+        };
+        QCOMPARE(clicks("Command"), 1);
+        QCOMPARE(clicks("TriggerSoftware"), 3);
+    }
+
+    void viewsOwnCommitsWriteNothing()
+    {
+        open({"String"_s});
+        ORXFeatureTreeView* view = m_page->treeView();
+        auto* edit = m_page->editor<QPropertyLineEdit>("String"_s);
+        edit->setText("typed"_s);
+        view->treeDelegate()->setModelData(edit, view->model(),
+                                           view->treeModel()->indexFromItem(item("String"), 1));
+        emit view->treeDelegate()->commitData(edit);
+        QVERIFY(m_page->writes.isEmpty());
+    }
+
+    void closingAnEditorWritesNothing()
+    {
+        open({"String"_s, "Integer"_s});
+        for (const char* name : {"String", "Integer"}) {
+            editor(name)->setFocus();
+            QTest::keyClicks(editor(name), "7"_s);
+            m_page->treeView()->openPersistentEdit(item(name), true);
+            QTRY_VERIFY(editor(name) && !editor(name)->hasFocus());
+        }
+        editor("String")->setFocus();
+        QTest::keyClicks(editor("String"), "7"_s);
+        m_page->resetCamaraID(-1);
+        QVERIFY(m_page->writes.isEmpty());
+    }
+};
+
+OBFT_TEST_MAIN(TestEditorCommits)
+#include "tst_editorcommits.moc"

@@ -28,7 +28,7 @@ if(OBFT_SANITIZE)
     add_link_options(-fsanitize=${OBFT_SANITIZE})
     # Instrumented code looks uninitialised to GCC in places where it is not (std::variant); the
     # other presets keep the warning.
-    add_compile_options(-Wno-maybe-uninitialized)
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     if(OBFT_SANITIZE MATCHES "undefined")
         add_compile_options(-fno-sanitize-recover=undefined)
     endif()

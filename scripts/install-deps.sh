@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: Apache-2.0
 # Installs the Debian packages that the named groups need and that are missing.
-# Usage: install-deps.sh [run] [test] [tidy] [aarch64]     (default: run)
+# Usage: install-deps.sh [run] [test] [bench] [tidy] [fuzz] [aarch64]     (default: run)
 # Quiet when nothing is missing; stops with a clear message when it cannot install.
 set -euo pipefail
 
@@ -10,6 +10,7 @@ run_packages="cmake ninja-build g++ gcc ccache pkg-config qtbase5-dev qtbase5-de
 test_packages="$run_packages aravis-tools aravis-tools-cli binutils"
 bench_packages="$run_packages libbenchmark-dev"
 tidy_packages="$test_packages clang-tidy clang-format"
+fuzz_packages="$run_packages clang"
 aarch64_packages="$test_packages crossbuild-essential-arm64 qtbase5-dev:arm64 libaravis-dev:arm64
   libusb-1.0-0-dev:arm64 qemu-user-static"
 

@@ -133,6 +133,8 @@ bool ORXRWCCMValue::looksLikeSettings()
 bool ORXRWCCMValue::readContent()
 {
     const QSettings settings(m_strFile, QSettings::IniFormat);
+    // Only now is the file taken apart; before, every status is a good one.
+    settings.allKeys();
     if (settings.status() != QSettings::NoError)
         return fail(QStringLiteral("it is no settings file"));
     Content content;

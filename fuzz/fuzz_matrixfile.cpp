@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+// The settings file of a software colour correction matrix, which the host writes. A file with a
+// fault must stay as it was.
+#include "FuzzInput.h"
+#include "pages/ORXRWCCMValue.h"
+
+#include <QStandardPaths>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    FuzzInput::beQuiet();
+    QStandardPaths::setTestModeEnabled(true);
+    const QString name = QStringLiteral("fuzz");
+    const QString path = ORXRWCCMValue::fileOf(name);
+    FuzzInput::put(path, data, size);
+    ORXRWCCMValue file;
+    if (file.createSetting(name)) {
+        const ORXRWCCMValue::Content before = file.content();
+        if (!file.writeEnable(!before.enabled) || file.content().values != before.values ||
+            file.content().enabled == before.enabled)
+            std::abort();
+        return 0;
+    }
+    QFile kept(path);
+    if (file.fault().isEmpty() || !kept.open(QIODevice::ReadOnly) ||
+        kept.readAll() != FuzzInput::bytes(data, size))
+        std::abort();
+    return 0;
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+// A table of translated feature names, as the host or the resource folder gives it.
+#include "FuzzInput.h"
+#include "device/TranslationTable.h"
+#include "device/XmlLimits.h"
+
+#include <QDomDocument>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    FuzzInput::beQuiet();
+    const QByteArray xml = FuzzInput::bytes(data, size);
+    QDomDocument document;
+    if (!XmlLimits::acceptable(xml.constData(), size) ||
+        !document.setContent(QString::fromUtf8(xml)))
+        return 0;
+    TranslationTable::Items table;
+    TranslationTable::addDocument(document, table);
+    for (auto it = table.cbegin(); it != table.cend(); ++it) {
+        if (!it.value())
+            std::abort();
+    }
+    return 0;
+}

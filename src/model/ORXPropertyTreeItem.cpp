@@ -2,13 +2,11 @@
 #include "model/ORXPropertyTreeItem.h"
 
 #include "basetools/ORXInterface.h"
+#include "device/GuiThread.h"
 #include "model/IORXFeatureNotify.h"
 #include "model/ItemStateLock.h"
 #include "model/ItemValueFactory.h"
 #include "model/KeywordHtml.h"
-
-#include <QCoreApplication>
-#include <QThread>
 
 #include <unordered_set>
 
@@ -19,12 +17,6 @@ std::unordered_set<const ORXPropertyTreeItem*>& liveItems()
     // Never destroyed: items may outlive the other statics of the process.
     static auto* const items = new std::unordered_set<const ORXPropertyTreeItem*>;
     return *items;
-}
-
-bool onGuiThread()
-{
-    const QCoreApplication* application = QCoreApplication::instance();
-    return !application || QThread::currentThread() == application->thread();
 }
 
 const QLatin1String kRecreateMarker("NeedRecreateEditor:");

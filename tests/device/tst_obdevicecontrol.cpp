@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 
 #include <cstring>
+#include <stdexcept>
 
 class TestOBDeviceControl : public GuardedTest
 {
@@ -194,6 +195,18 @@ private slots:
         bool on = false;
         QVERIFY(OBDeviceControl::GetBoolNodeValue("On"_s, &on));
         QVERIFY(on);
+    }
+
+    void exceptionsOfTheHostEndHere()
+    {
+        OBDeviceControl::SetCallBackFunc(
+            [](int, char*, void*, void*) -> int { throw std::runtime_error("no camera"); }, nullptr,
+            nullptr, nullptr, nullptr, nullptr);
+        MessageGuard::ignoreMessage(QtCriticalMsg, "A callback of the host: no camera");
+        int err = 0;
+        bool on = false;
+        QVERIFY(!OBDeviceControl::GetBoolNodeValue("On"_s, &on, &err));
+        QCOMPARE(err, DeviceError::kCallbackThrew);
     }
 
     void failedStringReadChangesNothing()

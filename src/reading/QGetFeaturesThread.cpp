@@ -126,8 +126,13 @@ bool QGetFeaturesThread::SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<
                 queued->flags |= flags;
         }
     }
-    m_nUserLevel = OBDeviceControl::GetUserLevel();
+    takeUserLevel();
     return true;
+}
+
+void QGetFeaturesThread::takeUserLevel()
+{
+    m_nUserLevel = OBDeviceControl::GetUserLevel();
 }
 
 void QGetFeaturesThread::startPass()

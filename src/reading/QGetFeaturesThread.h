@@ -28,6 +28,7 @@ class ORXPropertyTreeItem;
 // | SetThreadInfo, startPass, StopThread,           | GUI     | the request mutex, inside       |
 // | SetDisableUpdateList                            |         |                                 |
 // | isPassRunning, FeaturesUpdateType               | any     | the request mutex, inside       |
+// | takeUserLevel                                   | GUI     | none                            |
 // | run, UpdateFeature                              | worker  | the feature mutex for each item |
 // | sigThreadEnd                                    | emitted by the worker; connect queued     |
 //
@@ -65,6 +66,8 @@ public:
     // thread, without limit; a host call that hangs is reported in the log. Without `stop`: allows
     // passes again.
     void StopThread(bool stop, bool setStopFlag);
+    // The user level changed: the running pass goes on with it.
+    void takeUserLevel();
     _FEATURES_UPDATE_TYPE_ FeaturesUpdateType() const;
     // Whether a pass runs or waits.
     bool isPassRunning() const;

@@ -8,6 +8,7 @@
 #include "reading/FeaturesUpdateType.h"
 
 #include <QFlags>
+#include <QHash>
 #include <QMap>
 #include <QStringList>
 #include <QThread>
@@ -98,18 +99,13 @@ private:
         _FEATURES_UPDATE_TYPE_ type = FEATURES_UPDATE_ALL;
         UpdateFlags flags;
     };
-    struct QueuedName
-    {
-        QString name;
-        UpdateFlags flags;
-    };
     // How a request meets the pass before it.
     enum class Admission { Refuse, Join, RunAfter, Abandon };
     static Admission admission(_FEATURES_UPDATE_TYPE_ current, _FEATURES_UPDATE_TYPE_ wanted);
 
     bool DoThreadRunStatus(_FEATURES_UPDATE_TYPE_ wanted, UpdateFlags flags);
     bool takePass(Pass& pass);
-    bool takeName(QueuedName& next);
+    bool takeName(QString& name, UpdateFlags& flags);
     void execute(const Pass& pass);
     void runNames(const QList<QString>& names, UpdateFlags flags);
     void runAll(UpdateFlags flags);
@@ -146,7 +142,8 @@ private:
     bool m_bInPass = false;
     Pass m_current;
     std::deque<Pass> m_waiting;
-    std::deque<QueuedName> m_nameQueue;
+    std::deque<QString> m_nameQueue;
+    QHash<QString, UpdateFlags> m_queuedFlags; // of each name in the queue
     QStringList m_disableUpdateList;
     QString m_strCurrentFeature;
 

@@ -14,20 +14,16 @@ protected:
     void prepare() override { FakeHost::uninstall(); }
 
 private slots:
-    void readsWithoutCallbackFailSilently()
+    void withoutCallbacksOnlyWritesAreLogged()
     {
         _ZDCC_INTVALUE_EX_T value = {};
         int err = 0;
         QVERIFY(!OBDeviceControl::GetIntegerNodeValue("Width"_s, &value, &err));
         QCOMPARE(err, DeviceError::kNoCallback);
         QVERIFY(MessageGuard::messages().isEmpty());
-    }
-
-    void writesWithoutCallbackAreLogged()
-    {
         MessageGuard::ignoreMessage(
             QtCriticalMsg, "Read Feature Failed; NodeName : Width;  ErrorCode : -80000000");
-        int err = 0;
+        err = 0;
         QVERIFY(!OBDeviceControl::SetIntegerNodeValue("Width"_s, 1, &err));
         QCOMPARE(err, DeviceError::kNoCallback);
     }

@@ -126,8 +126,9 @@ typedef int (*OB_FT_ActionFunc)(int action, void* user);
  * executable. Needs a QApplication.
  * @param deviceXml feature description, UTF-8; NULL keeps the previous one. A text that does not
  *        parse is logged and leaves an empty window.
- * @param translateXml the host's names and descriptions, UTF-8; NULL for none.
- * @param parent parent of the hidden window, not owned; may be NULL.
+ * @param translateXml the host's names and descriptions, UTF-8; they are added to those of earlier
+ *        calls, later ones winning. NULL adds none.
+ * @param parent parent of the hidden window until OB_FT_Start, not owned; may be NULL.
  * @return always 0.
  */
 OB_FT_API int OB_FT_Init(const char* deviceXml, char* translateXml, OB_FT_WIDGET* parent);
@@ -165,7 +166,8 @@ OB_FT_API int OB_FT_UpdateFeatures(void);
 
 /**
  * Saves the favourites and destroys the window. Waits for a callback that is still running on a
- * thread of the library; no callback is called afterwards.
+ * thread of the library; no callback is called afterwards. Happens by itself when the QApplication
+ * is destroyed.
  */
 OB_FT_API int OB_FT_Release(void);
 

@@ -3,13 +3,12 @@
 #include "OBFeatureTree/OBFeatureTree.h"
 
 #include "api/ApplicationSetup.h"
+#include "device/Guarded.h"
 #include "device/OBDeviceControl.h"
 #include "main/ORXMainFeatureWidget.h"
 
 #include <QApplication>
 #include <QDebug>
-
-#include <exception>
 
 namespace {
 
@@ -18,28 +17,32 @@ constexpr int kNotInitialised = -1;
 
 bool s_bInit = false;
 
-// Runs `action`; an exception ends here, in the log.
-template <typename Action>
-void guarded(const char* function, const Action& action)
+bool hasApplication(const char* function)
 {
-    try {
-        action();
-    } catch (const std::exception& error) {
-        qCritical("%s: %s", function, error.what());
-    } catch (...) {
-        qCritical("%s: unknown exception", function);
-    }
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return true;
+    qCritical("%s: the host has no QApplication; there is no window", function);
+    return false;
 }
 
-// As guarded(), for the functions that need OB_FT_Init before them.
+// For the functions that need OB_FT_Init before them. A window that went with the host's parent is
+// made anew.
 template <typename Action>
 int whenInitialised(const char* function, const Action& action)
 {
-    // Without an application there is no window either; see OB_FT_Init.
-    if (!s_bInit || !qApp || !ORXMainFeatureWidget::hasInstance())
+    if (!s_bInit)
         return kNotInitialised;
-    guarded(function, [&action] { action(ORXMainFeatureWidget::instance(nullptr)); });
+    guarded(function, [&] {
+        if (hasApplication(function))
+            action(ORXMainFeatureWidget::instance(nullptr));
+    });
     return kOk;
+}
+
+// For a host that ends without OB_FT_Release: no thread of the library may outlive the application.
+void releaseWithApplication()
+{
+    OB_FT_Release();
 }
 
 } // namespace
@@ -49,15 +52,15 @@ int OB_FT_Init(const char* deviceXml, char* translateXml, QWidget* parent)
     const bool again = s_bInit;
     s_bInit = true;
     guarded("OB_FT_Init", [=] {
-        if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
-            qCritical("%s", "OB_FT_Init: the host has no QApplication; there will be no window");
+        if (!hasApplication("OB_FT_Init"))
             return;
-        }
         if (again) {
             qInfo("%s", "OB_FT_Init: called again without OB_FT_Release; the window is kept");
             // The favourites are read anew below; what was changed so far must not be lost.
             OBDeviceControl::SaveFavoritesXml();
         }
+        qRemovePostRoutine(releaseWithApplication);
+        qAddPostRoutine(releaseWithApplication);
         ApplicationSetup::runOnce();
         ORXMainFeatureWidget::instance(parent);
         OBDeviceControl::Init(deviceXml, translateXml);
@@ -81,8 +84,10 @@ int OB_FT_SetCallBackFunc(OB_FT_GetFeatureFunc getFeature, OB_FT_SetFeatureFunc 
         // The six values belong together; nobody may call one while they change.
         const bool wasReading = widget->isVisible();
         widget->PauseUpdateThread();
-        OBDeviceControl::SetCallBackFunc(getFeature, setFeature, getMode, invalidate, action,
-                                         user);
+        OBDeviceControl::SetCallBackFunc(getFeature, setFeature, getMode, invalidate, action, user);
+        // The host was asked for its chunk mode and may have released the window from there.
+        if (!widget->isInstance())
+            return;
         widget->CreateFeature();
         if (wasReading)
             widget->StartUpdateThread();
@@ -132,6 +137,7 @@ int OB_FT_Release()
         return kNotInitialised;
     guarded("OB_FT_Release", [] {
         OBDeviceControl::SaveFavoritesXml();
+        qRemovePostRoutine(releaseWithApplication);
         if (qApp)
             ORXMainFeatureWidget::ReleaseInstance();
     });

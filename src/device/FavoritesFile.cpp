@@ -2,6 +2,7 @@
 #include "device/FavoritesFile.h"
 
 #include "basetools/ORXInterface.h"
+#include "device/XmlLimits.h"
 
 #include <QDebug>
 #include <QDir>
@@ -30,8 +31,10 @@ QList<FavoriteFeature> load()
     }
     // The declaration names another encoding than the one written, so the text is decoded here and
     // the parser gets it as a string.
+    const QByteArray bytes = file.readAll();
     QDomDocument document;
-    if (!document.setContent(QString::fromLocal8Bit(file.readAll()))) {
+    if (!XmlLimits::acceptable(bytes.constData(), static_cast<std::size_t>(bytes.size()))
+        || !document.setContent(QString::fromLocal8Bit(bytes))) {
         qCritical("%s", "loadFavoritesXml failed.333");
         return {};
     }

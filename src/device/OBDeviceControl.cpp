@@ -2,12 +2,16 @@
 #include "device/OBDeviceControl.h"
 
 #include "basetools/ORXInterface.h"
+#include "device/Guarded.h"
+#include "device/GuiThread.h"
+#include "device/ReentrancyScope.h"
 #include "device/XmlLimits.h"
 
 #include <QDebug>
 
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 
 std::atomic<OB_FT_GetFeatureFunc> OBDeviceControl::s_pGetFeatureFunc{nullptr};
 std::atomic<OB_FT_SetFeatureFunc> OBDeviceControl::s_pSetFeatureFunc{nullptr};
@@ -30,6 +34,19 @@ void report(int* err, int code)
 {
     if (err)
         *err = code;
+}
+
+// Every call of the host. From inside one on the GUI thread the host may release the library: what
+// would destroy widgets is put off. An exception of the host ends here.
+template <typename Callback, typename... Arguments>
+int callHost(Callback callback, Arguments... arguments)
+{
+    std::optional<ReentrancyScope> scope;
+    if (onGuiThread())
+        scope.emplace();
+    int code = DeviceError::kCallbackThrew;
+    guarded("A callback of the host", [&] { code = callback(arguments...); });
+    return code;
 }
 
 // The code as the log has always shown it: sign-extended, in lower-case hexadecimal.
@@ -71,7 +88,8 @@ bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buff
         return false;
     }
     QByteArray localName = name.toLocal8Bit();
-    const int code = get(static_cast<int>(type), localName.data(), buffer, s_pUser);
+    const int code =
+        callHost(get, static_cast<int>(type), localName.data(), buffer, s_pUser.load());
     report(err, code);
     return code == 0;
 }
@@ -132,7 +150,8 @@ bool OBDeviceControl::SetValue(FeatureType type, const QString& name, const QStr
     if (set) {
         QByteArray localName = name.toLocal8Bit();
         QByteArray localValue = value.toLocal8Bit();
-        code = set(static_cast<int>(type), localName.data(), localValue.data(), s_pUser);
+        code = callHost(set, static_cast<int>(type), localName.data(), localValue.data(),
+                        s_pUser.load());
     }
     report(err, code);
     if (code == 0)
@@ -184,7 +203,7 @@ int OBDeviceControl::GetNodeAccessMode(const QString& name, int* err)
     }
     QByteArray localName = name.toLocal8Bit();
     int mode = OB_FT_ACCESS_NOT_IMPLEMENTED;
-    const int code = getMode(localName.data(), &mode, s_pUser);
+    const int code = callHost(getMode, localName.data(), &mode, s_pUser.load());
     report(err, code);
     return code == 0 ? mode : OB_FT_ACCESS_NOT_IMPLEMENTED;
 }
@@ -203,13 +222,13 @@ bool OBDeviceControl::IsNodeReadable(const QString& name)
 void OBDeviceControl::InvalidateNodes()
 {
     if (const OB_FT_InvalidateFunc invalidate = s_pInvalidateFunc)
-        invalidate(s_pUser);
+        callHost(invalidate, s_pUser.load());
 }
 
 void OBDeviceControl::NotifyWindowsClose()
 {
     if (const OB_FT_ActionFunc action = s_pActionFunc)
-        action(OB_FT_ACTION_WINDOW_HIDDEN, s_pUser);
+        callHost(action, OB_FT_ACTION_WINDOW_HIDDEN, s_pUser.load());
 }
 
 void OBDeviceControl::SetDeviceInfo(const _OB_FT_DEVICEINFO_* info)

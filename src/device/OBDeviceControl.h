@@ -25,6 +25,7 @@ enum class FeatureType {
 namespace DeviceError {
 constexpr int kNoCallback = static_cast<int>(0x80000000U);
 constexpr int kNotReadable = static_cast<int>(0x80000106U);
+constexpr int kCallbackThrew = -1; // also logged as critical
 } // namespace DeviceError
 
 // The one place where the library reaches the camera, through the callbacks that the host
@@ -40,6 +41,8 @@ constexpr int kNotReadable = static_cast<int>(0x80000106U);
 //
 // In every operation `err` may be null; it receives 0 or the error code. A read or write returns
 // true exactly when the code is 0. Failed reads are silent, failed writes are logged as critical.
+// The host may release the library from inside any of its callbacks: on the GUI thread, what would
+// destroy widgets waits until the library's own code has left the stack.
 class OBDeviceControl
 {
 public:

@@ -3,8 +3,8 @@
 
 #include <cstddef>
 
-// Limits of a feature description, checked before a DOM is built: the DOM's own destructor
-// recurses, so a description nested without bound would end the host's process.
+// Limits of XML that comes from outside, checked before a DOM is built: the DOM's own destructor
+// recurses, so a text nested without bound would end the host's process.
 namespace XmlLimits {
 
 constexpr std::size_t kMaxBytes = 64U * 1024U * 1024U;

@@ -76,6 +76,10 @@ ORXMainFeatureWidget::ORXMainFeatureWidget(QWidget* parent)
 
 ORXMainFeatureWidget::~ORXMainFeatureWidget()
 {
+    // A parent of the host may destroy the window before OB_FT_Start and without OB_FT_Release.
+    if (isInstance())
+        s_pInstance = nullptr;
+    PauseUpdateThread();
     ORXListenTools::instance()->removeListener(this);
     if (IFeatureTreeFinder::instance() == this)
         IFeatureTreeFinder::install(nullptr);
@@ -188,8 +192,7 @@ void ORXMainFeatureWidget::showOnTop()
 void ORXMainFeatureWidget::setVisible(bool visible)
 {
     ZELCustomMainWindow::setVisible(visible);
-    const bool released = s_pInstance != this;
-    if (!visible && m_pPrompt && (!m_bSilentHide || released))
+    if (!visible && m_pPrompt && (!m_bSilentHide || !isInstance()))
         m_pPrompt->reject();
     if (visible || m_bSilentHide)
         return;

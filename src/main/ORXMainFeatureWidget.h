@@ -40,7 +40,8 @@ public:
 
     // Makes the window on the first call; later calls ignore `parent`.
     static ORXMainFeatureWidget* instance(QWidget* parent);
-    static bool hasInstance() { return s_pInstance != nullptr; }
+    // False once it was released; it may live on until the library's code has left the stack.
+    bool isInstance() const { return s_pInstance == this; }
     // Destroys the window. Reading has stopped when this returns; while the library's own code
     // stands below a call of the host, the widgets go a little later.
     static void ReleaseInstance();

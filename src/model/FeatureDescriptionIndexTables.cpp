@@ -14,30 +14,76 @@ constexpr int kMaxPollingDepth = 500;
 enum class Walk { GoOn, LeaveNode, Found };
 
 // Walks a polling chain depth-first in the order of the description: `look` judges each reference
-// that does not lead on. Cycles are cut.
+// that does not lead on. Cycles are cut; the first node that closes one is kept in `cycleAt`.
 template <typename Look>
-bool walkPollingChain(const FeatureNodeMap& nodes, const QString& name, QSet<QString>& visited,
-                      const Look& look)
+class PollingWalk
 {
-    if (visited.contains(name) || visited.size() >= kMaxPollingDepth)
-        return false;
-    visited.insert(name);
-    const FeatureNodePtr node = nodes.node(name);
-    if (!node)
-        return false;
-    for (const FeatureReference& reference : node->references) {
-        const bool leadsOn = reference.kind == FeatureReference::PValue
-                             || reference.kind == FeatureReference::PVariable;
-        if (leadsOn) {
-            if (walkPollingChain(nodes, reference.text, visited, look))
-                return true;
-            continue;
-        }
-        const Walk step = look(reference);
-        if (step != Walk::GoOn)
-            return step == Walk::Found;
+public:
+    PollingWalk(const FeatureNodeMap& nodes, QString& cycleAt, const Look& look)
+        : m_nodes(nodes)
+        , m_cycleAt(cycleAt)
+        , m_look(look)
+    {
     }
-    return false;
+
+    bool follow(const QString& name)
+    {
+        const auto seen = m_onPath.constFind(name);
+        if (seen != m_onPath.constEnd() && *seen && m_cycleAt.isEmpty())
+            m_cycleAt = name;
+        if (seen != m_onPath.constEnd() || m_onPath.size() >= kMaxPollingDepth)
+            return false;
+        m_onPath.insert(name, true);
+        const FeatureNodePtr node = m_nodes.node(name);
+        const bool found = node && lookAt(*node);
+        m_onPath.insert(name, false);
+        return found;
+    }
+
+private:
+    bool lookAt(const FeatureNode& node)
+    {
+        for (const FeatureReference& reference : node.references) {
+            const bool leadsOn = reference.kind == FeatureReference::PValue
+                                 || reference.kind == FeatureReference::PVariable;
+            if (leadsOn) {
+                if (follow(reference.text))
+                    return true;
+                continue;
+            }
+            const Walk step = m_look(reference);
+            if (step != Walk::GoOn)
+                return step == Walk::Found;
+        }
+        return false;
+    }
+
+    const FeatureNodeMap& m_nodes;
+    QString& m_cycleAt;
+    const Look& m_look;
+    QHash<QString, bool> m_onPath; // every node met: whether the walk is still below it
+};
+
+int pollingTime(const FeatureNodeMap& nodes, const QString& name, QString& cycleAt)
+{
+    int result = 0;
+    const auto look = [&result](const FeatureReference& reference) {
+        if (reference.kind != FeatureReference::PollingTime)
+            return Walk::GoOn;
+        result = reference.text.toInt();
+        return result > 0 ? Walk::Found : Walk::LeaveNode;
+    };
+    return PollingWalk(nodes, cycleAt, look).follow(name) ? result : 0;
+}
+
+bool isNoCache(const FeatureNodeMap& nodes, const QString& name, QString& cycleAt)
+{
+    const auto look = [](const FeatureReference& reference) {
+        const bool noCache = reference.kind == FeatureReference::Cachable
+                             && reference.text == QLatin1String("NoCache");
+        return noCache ? Walk::Found : Walk::GoOn;
+    };
+    return PollingWalk(nodes, cycleAt, look).follow(name);
 }
 
 // t brought to the nearest multiple of 50 ms, half upwards, 50 at the least.
@@ -127,35 +173,29 @@ void FeatureDescriptionIndex::GenerateFeaturesTLParamsLocked()
 
 int FeatureDescriptionIndex::GetPollingTime(const QString& name) const
 {
-    int result = 0;
-    QSet<QString> visited;
-    walkPollingChain(m_nodes, name, visited, [&result](const FeatureReference& reference) {
-        if (reference.kind != FeatureReference::PollingTime)
-            return Walk::GoOn;
-        result = reference.text.toInt();
-        return result > 0 ? Walk::Found : Walk::LeaveNode;
-    });
-    return result;
+    QString cycleAt;
+    return pollingTime(m_nodes, name, cycleAt);
 }
 
 bool FeatureDescriptionIndex::IsNoCacheFeature(const QString& name) const
 {
-    QSet<QString> visited;
-    return walkPollingChain(m_nodes, name, visited, [](const FeatureReference& reference) {
-        const bool noCache = reference.kind == FeatureReference::Cachable
-                             && reference.text == QLatin1String("NoCache");
-        return noCache ? Walk::Found : Walk::GoOn;
-    });
+    QString cycleAt;
+    return isNoCache(m_nodes, name, cycleAt);
 }
 
 void FeatureDescriptionIndex::GenerateFeatureNoCacheList()
 {
     m_polling.clear();
+    QString cycleAt;
     for (const QString& name : qAsConst(m_itemNames)) {
-        const int time = GetPollingTime(name);
+        const int time = pollingTime(m_nodes, name, cycleAt);
         if (time > 0)
             m_polling.insert(name, onPollingGrid(time));
-        else if (IsNoCacheFeature(name))
+        else if (isNoCache(m_nodes, name, cycleAt))
             m_polling.insert(name, kNoCacheIntervalMs);
     }
+    if (!cycleAt.isEmpty())
+        qCritical().noquote()
+            << QStringLiteral("Feature description: node %1 refers to itself in a circle")
+                   .arg(cycleAt);
 }

@@ -2,13 +2,11 @@
 #include "model/ORXPropertyTreeItem.h"
 
 #include "basetools/ORXInterface.h"
+#include "device/GuiThread.h"
 #include "model/IORXFeatureNotify.h"
 #include "model/ItemStateLock.h"
 #include "model/ItemValueFactory.h"
 #include "model/KeywordHtml.h"
-
-#include <QCoreApplication>
-#include <QThread>
 
 #include <unordered_set>
 
@@ -22,12 +20,6 @@ std::unordered_set<const ORXPropertyTreeItem*>& liveItems()
 }
 
 quint64 destroyedItems = 0; // guarded by ItemStateLock
-
-bool onGuiThread()
-{
-    const QCoreApplication* application = QCoreApplication::instance();
-    return !application || QThread::currentThread() == application->thread();
-}
 
 const QLatin1String kRecreateMarker("NeedRecreateEditor:");
 

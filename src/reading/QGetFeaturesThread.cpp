@@ -13,8 +13,6 @@
 #include <QElapsedTimer>
 #include <QVariant>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int kPollingTicks = 10000;
@@ -117,17 +115,18 @@ bool QGetFeaturesThread::SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<
     if (type == FEATURES_UPDATE_INVALIDATED) {
         for (const QString& name : names) {
             // A name that already waits is read once, with all that either request wants.
-            const auto queued = std::find_if(
-                m_nameQueue.begin(), m_nameQueue.end(),
-                [&name](const QueuedName& each) { return each.name == name; });
-            if (queued == m_nameQueue.end())
-                m_nameQueue.push_back({name, flags});
-            else
-                queued->flags |= flags;
+            if (!m_queuedFlags.contains(name))
+                m_nameQueue.push_back(name);
+            m_queuedFlags[name] |= flags;
         }
     }
-    m_nUserLevel = OBDeviceControl::GetUserLevel();
+    takeUserLevel();
     return true;
+}
+
+void QGetFeaturesThread::takeUserLevel()
+{
+    m_nUserLevel = OBDeviceControl::GetUserLevel();
 }
 
 void QGetFeaturesThread::startPass()
@@ -159,6 +158,7 @@ void QGetFeaturesThread::StopThread(bool stop, bool setStopFlag)
         m_lCameraID = -1;
         m_waiting.clear();
         m_nameQueue.clear();
+        m_queuedFlags.clear();
     }
     quit();
     waitForThread(*this, "Reading thread");
@@ -257,7 +257,7 @@ void QGetFeaturesThread::runNames(const QList<QString>& names, UpdateFlags flags
     }
 }
 
-bool QGetFeaturesThread::takeName(QueuedName& next)
+bool QGetFeaturesThread::takeName(QString& name, UpdateFlags& flags)
 {
     const std::lock_guard<std::mutex> lock(m_requestMutex);
     if (m_nameQueue.empty()) {
@@ -265,16 +265,18 @@ bool QGetFeaturesThread::takeName(QueuedName& next)
         m_bInPass = false;
         return false;
     }
-    next = m_nameQueue.front();
+    name = m_nameQueue.front();
     m_nameQueue.pop_front();
+    flags = m_queuedFlags.take(name);
     return true;
 }
 
 void QGetFeaturesThread::runInvalidated()
 {
-    QueuedName next;
-    while (!stopRequested() && takeName(next))
-        runNames({next.name}, next.flags);
+    QString name;
+    UpdateFlags flags;
+    while (!stopRequested() && takeName(name, flags))
+        runNames({name}, flags);
 }
 
 void QGetFeaturesThread::runPolling(UpdateFlags flags)

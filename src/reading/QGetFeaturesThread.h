@@ -8,6 +8,7 @@
 #include "reading/FeaturesUpdateType.h"
 
 #include <QFlags>
+#include <QHash>
 #include <QMap>
 #include <QStringList>
 #include <QThread>
@@ -28,6 +29,7 @@ class ORXPropertyTreeItem;
 // | SetThreadInfo, startPass, StopThread,           | GUI     | the request mutex, inside       |
 // | SetDisableUpdateList                            |         |                                 |
 // | isPassRunning, FeaturesUpdateType               | any     | the request mutex, inside       |
+// | takeUserLevel                                   | GUI     | none                            |
 // | run, UpdateFeature                              | worker  | the feature mutex for each item |
 // | sigThreadEnd                                    | emitted by the worker; connect queued     |
 //
@@ -65,6 +67,8 @@ public:
     // thread, without limit; a host call that hangs is reported in the log. Without `stop`: allows
     // passes again.
     void StopThread(bool stop, bool setStopFlag);
+    // The user level changed: the running pass goes on with it.
+    void takeUserLevel();
     _FEATURES_UPDATE_TYPE_ FeaturesUpdateType() const;
     // Whether a pass runs or waits.
     bool isPassRunning() const;
@@ -95,18 +99,13 @@ private:
         _FEATURES_UPDATE_TYPE_ type = FEATURES_UPDATE_ALL;
         UpdateFlags flags;
     };
-    struct QueuedName
-    {
-        QString name;
-        UpdateFlags flags;
-    };
     // How a request meets the pass before it.
     enum class Admission { Refuse, Join, RunAfter, Abandon };
     static Admission admission(_FEATURES_UPDATE_TYPE_ current, _FEATURES_UPDATE_TYPE_ wanted);
 
     bool DoThreadRunStatus(_FEATURES_UPDATE_TYPE_ wanted, UpdateFlags flags);
     bool takePass(Pass& pass);
-    bool takeName(QueuedName& next);
+    bool takeName(QString& name, UpdateFlags& flags);
     void execute(const Pass& pass);
     void runNames(const QList<QString>& names, UpdateFlags flags);
     void runAll(UpdateFlags flags);
@@ -143,7 +142,8 @@ private:
     bool m_bInPass = false;
     Pass m_current;
     std::deque<Pass> m_waiting;
-    std::deque<QueuedName> m_nameQueue;
+    std::deque<QString> m_nameQueue;
+    QHash<QString, UpdateFlags> m_queuedFlags; // of each name in the queue
     QStringList m_disableUpdateList;
     QString m_strCurrentFeature;
 

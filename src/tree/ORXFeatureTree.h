@@ -186,6 +186,7 @@ private:
     bool m_bDeleting = false;
     bool m_bFirstReadPending = false;
     bool m_bInvalidateOnFullRead = true;
+    bool m_bUserLevelPending = false; // no thread could take the change yet
 
     QTimer m_pollingTimer;
     QTimer m_invalidationTimer;

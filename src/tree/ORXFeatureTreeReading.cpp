@@ -68,6 +68,7 @@ void ORXFeatureTree::StartUpdateThread()
     m_pFullThread->SetInitThreadInfo(cameraID(), pollingEmits, m_index.nodes(), AllTreeItemsMap(),
                                      {}, m_index.pollingMap());
     m_bFirstReadPending = true;
+    m_bUserLevelPending = false; // the first read covers it
     ShowLoadingFeatures(true, false);
     UpdateFeatures(FEATURES_UPDATE_ALL, QString(), flagSet(UpdateFlagSets::kFirstRead), false,
                    false);
@@ -113,6 +114,8 @@ void ORXFeatureTree::OnGetThreadEnd()
         return;
     treeView()->viewport()->update();
     showDescription();
+    if (m_bUserLevelPending)
+        OnUserLevelChanged();
     if (sender() != m_pFullThread) {
         ShowLoadingDlg(false, QString());
         return;
@@ -135,10 +138,15 @@ void ORXFeatureTree::OnUserLevelChanged()
     if (cameraID() < 0)
         return;
     ShowLoadingFeatures(true, false);
+    // A pass that began at the level before must not undo what the other thread does now.
+    m_pPartialThread->takeUserLevel();
+    m_pFullThread->takeUserLevel();
     const bool fullBusy = m_pFullThread->isPassRunning()
                           && m_pFullThread->FeaturesUpdateType() != FEATURES_UPDATE_POLLING;
     QGetFeaturesThread* thread = fullBusy ? m_pPartialThread : m_pFullThread;
-    thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, flagSet(UpdateFlagSets::kUserLevel));
+    const bool taken = thread->SetThreadInfo(FEATURES_UPDATE_ALL, {},
+                                             flagSet(UpdateFlagSets::kUserLevel));
+    m_bUserLevelPending = !taken && thread->isPassRunning();
     thread->startPass();
 }
 

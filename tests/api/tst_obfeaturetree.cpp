@@ -148,47 +148,65 @@ private slots:
 
     void hostMayReleaseFromInsideACallback_data()
     {
-        const Rows<bool> row("duringWrite");
-        row("while it writes", true);
-        row("when the window closes", false);
+        const Rows<QByteArray> row("callback");
+        row("while it writes", "set");
+        row("when the window closes", "action");
+        row("when all is to be read again", "invalidate");
+        row("when it is asked for its chunk mode", "get");
     }
 
     void hostMayReleaseFromInsideACallback()
     {
-        QFETCH(bool, duringWrite);
+        QFETCH(QByteArray, callback);
         OB_FT_Init(m_xml.constData(), nullptr, nullptr);
-        OB_FT_SetCallBackFunc(
-            FakeHost::getFeature,
-            [](int type, char* name, char* value, void* user) {
-                OB_FT_Release();
-                return FakeHost::setFeature(type, name, value, user);
-            },
-            FakeHost::getMode, FakeHost::invalidate,
-            [](int, void*) {
-                OB_FT_Release();
-                return 0;
-            },
-            m_host.get());
+        const auto getAndRelease = [](int type, char* name, void* value, void* user) {
+            OB_FT_Release();
+            return FakeHost::getFeature(type, name, value, user);
+        };
+        const auto setCallbacks = [&](OB_FT_GetFeatureFunc get) {
+            OB_FT_SetCallBackFunc(
+                get,
+                [](int type, char* name, char* value, void* user) {
+                    OB_FT_Release();
+                    return FakeHost::setFeature(type, name, value, user);
+                },
+                FakeHost::getMode, [](void*) { return OB_FT_Release(); },
+                [](int, void*) { return OB_FT_Release(); }, m_host.get());
+        };
+        m_host->set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
+        setCallbacks(FakeHost::getFeature);
         OB_FT_SetWidgetSize(900, 700);
         OB_FT_Start(nullptr, 0);
         ORXMainFeatureWidget* widget = ORXMainFeatureWidget::instance(nullptr);
         ORXFeatureTree* tree = widget->featureTree(1, false);
         QTRY_VERIFY(tree->HadUpdatedOnce());
         QSignalSpy destroyed(widget, &QObject::destroyed);
-        if (duringWrite) {
+        if (callback == "set") {
             // A check box of the shown group: the click goes the whole road through the delegate.
-            ORXPropertyTreeItem* item = tree->propertyItemByName("Feature00012"_s);
             QWidget* editor = nullptr;
             QTRY_VERIFY((editor = tree->findChild<QWidget*>("Feature00012"_s)));
-            QVERIFY(item);
             QTRY_VERIFY(editor->isEnabled());
             QTest::mouseClick(editor, Qt::LeftButton);
             QCOMPARE(m_host->writes().size(), 1);
-        } else {
+        } else if (callback == "action") {
             OB_FT_Close();
+        } else if (callback == "invalidate") {
+            OB_FT_UpdateFeatures();
+        } else {
+            setCallbacks(getAndRelease);
         }
         QTRY_COMPARE(destroyed.count(), 1);
         QCOMPARE(OB_FT_Close(), -1);
+    }
+
+    void parentMayTakeTheWindowAlong()
+    {
+        auto parent = std::make_unique<QWidget>();
+        OB_FT_Init(m_xml.constData(), nullptr, parent.get());
+        parent.reset();
+        // The window is made anew, with nothing in it until the callbacks are given.
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
     }
 
     void releaseWaitsForAHangingCall()

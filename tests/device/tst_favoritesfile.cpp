@@ -72,6 +72,9 @@ private slots:
             "", 1);
         row("empty display name skipped", "<r><f><Name>a</Name><DisplayName/></f></r>", "", 0);
         row("no XML", "favourites", "loadFavoritesXml failed.333", 0);
+        row("100,000 levels",
+            QByteArray("<a>").repeated(100000) + QByteArray("</a>").repeated(100000),
+            "loadFavoritesXml failed.333", 0);
     }
 
     void loading()

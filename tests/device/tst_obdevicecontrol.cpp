@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 
 #include <cstring>
+#include <stdexcept>
 
 class TestOBDeviceControl : public GuardedTest
 {
@@ -13,20 +14,16 @@ protected:
     void prepare() override { FakeHost::uninstall(); }
 
 private slots:
-    void readsWithoutCallbackFailSilently()
+    void withoutCallbacksOnlyWritesAreLogged()
     {
         _ZDCC_INTVALUE_EX_T value = {};
         int err = 0;
         QVERIFY(!OBDeviceControl::GetIntegerNodeValue("Width"_s, &value, &err));
         QCOMPARE(err, DeviceError::kNoCallback);
         QVERIFY(MessageGuard::messages().isEmpty());
-    }
-
-    void writesWithoutCallbackAreLogged()
-    {
         MessageGuard::ignoreMessage(
             QtCriticalMsg, "Read Feature Failed; NodeName : Width;  ErrorCode : -80000000");
-        int err = 0;
+        err = 0;
         QVERIFY(!OBDeviceControl::SetIntegerNodeValue("Width"_s, 1, &err));
         QCOMPARE(err, DeviceError::kNoCallback);
     }
@@ -194,6 +191,18 @@ private slots:
         bool on = false;
         QVERIFY(OBDeviceControl::GetBoolNodeValue("On"_s, &on));
         QVERIFY(on);
+    }
+
+    void exceptionsOfTheHostEndHere()
+    {
+        OBDeviceControl::SetCallBackFunc(
+            [](int, char*, void*, void*) -> int { throw std::runtime_error("no camera"); }, nullptr,
+            nullptr, nullptr, nullptr, nullptr);
+        MessageGuard::ignoreMessage(QtCriticalMsg, "A callback of the host: no camera");
+        int err = 0;
+        bool on = false;
+        QVERIFY(!OBDeviceControl::GetBoolNodeValue("On"_s, &on, &err));
+        QCOMPARE(err, DeviceError::kCallbackThrew);
     }
 
     void failedStringReadChangesNothing()

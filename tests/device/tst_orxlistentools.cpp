@@ -4,6 +4,7 @@
 #include "support/TestMain.h"
 
 #include <functional>
+#include <map>
 
 namespace {
 
@@ -39,48 +40,35 @@ protected:
     void finish() override { ORXListenTools::release(); }
 
 private slots:
-    void levelsAreCalledInOrder()
+    void entries_data()
     {
+        // Each entry is a listener's name and its level.
+        const Rows<QStringList, QString, QString> row("added", "removed", "called");
+        row("in the order of the levels", "low2 normal1 high0", "", "high:6 normal:6 low:6");
+        row("once at each level", "a1 a1 a2", "", "a:6 a:6");
+        row("no such level", "a3", "", "");
+        row("removal takes the lowest level only", "a1 a0", "a", "a:6");
+        row("removed with its last entry", "a1 b1", "a", "b:6");
+        row("removal of an unknown one", "a1", "b", "a:6");
+    }
+
+    void entries()
+    {
+        QFETCH(QStringList, added);
+        QFETCH(QString, removed);
         QStringList log;
-        Listener low(log, "low"_s);
-        Listener high(log, "high"_s);
-        Listener normal(log, "normal"_s);
+        std::map<QString, Listener> listeners;
+        const auto listener = [&](const QString& name) {
+            return &listeners.try_emplace(name, log, name).first->second;
+        };
         ORXListenTools* tools = ORXListenTools::instance();
-        tools->addListener(&low, ORXListenTools::PriorityLow);
-        tools->addListener(&normal, ORXListenTools::PriorityNormal);
-        tools->addListener(&high, ORXListenTools::PriorityHigh);
-        tools->addListener(&high, static_cast<ORXListenTools::PriorityLevel>(3)); // ignored
+        for (const QString& entry : qAsConst(added))
+            tools->addListener(
+                listener(entry.chopped(1)),
+                static_cast<ORXListenTools::PriorityLevel>(entry.rightRef(1).toInt()));
+        tools->removeListener(listener(removed));
         tools->notifyListeners(6, nullptr);
-        QCOMPARE(log, QStringList({"high:6"_s, "normal:6"_s, "low:6"_s}));
-    }
-
-    void duplicatesCountPerLevel()
-    {
-        QStringList log;
-        Listener listener(log, "a"_s);
-        ORXListenTools* tools = ORXListenTools::instance();
-        tools->addListener(&listener, ORXListenTools::PriorityNormal);
-        tools->addListener(&listener, ORXListenTools::PriorityNormal);
-        tools->addListener(&listener, ORXListenTools::PriorityLow);
-        tools->notifyListeners(1, nullptr);
-        QCOMPARE(log.size(), 2);
-    }
-
-    void removalTakesTheLowestLevelOnly()
-    {
-        QStringList log;
-        Listener listener(log, "a"_s);
-        Listener unknown(log, "b"_s);
-        ORXListenTools* tools = ORXListenTools::instance();
-        tools->addListener(&listener, ORXListenTools::PriorityHigh);
-        tools->addListener(&listener, ORXListenTools::PriorityNormal);
-        tools->removeListener(&unknown);
-        tools->removeListener(&listener);
-        tools->notifyListeners(1, nullptr);
-        QCOMPARE(log.size(), 1);
-        tools->removeListener(&listener);
-        tools->notifyListeners(1, nullptr);
-        QCOMPARE(log.size(), 1);
+        QTEST(log.join(QLatin1Char(' ')), "called");
     }
 
     void listenersMayComeDuringANotification()

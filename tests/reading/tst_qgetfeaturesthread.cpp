@@ -274,8 +274,13 @@ private slots:
         holdAt("B");
         request(FEATURES_UPDATE_ALL, {}, 13);
         m_reached.acquire();
-        // The stop waits for the host's call, so the call has to end while it waits.
-        std::thread host([this] { release(); });
+        // The stop waits for the host's call, so the call has to end while it waits: from the
+        // moment on in which requests are refused.
+        std::thread host([this] {
+            while (m_thread->SetThreadInfo(FEATURES_UPDATE_INVALIDATED, {}, Flags(13)))
+                std::this_thread::yield();
+            release();
+        });
         m_thread->StopThread(true, true);
         host.join();
         QCOMPARE(m_host->count("get C"_s), 0);

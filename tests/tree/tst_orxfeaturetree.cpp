@@ -278,6 +278,22 @@ private slots:
         QTRY_VERIFY(m_tree->treeView()->editorOf(item("Detail")));
     }
 
+    // Both threads are busy, one of them with the level before, when the level changes again.
+    void lastUserLevelWins()
+    {
+        readOnce();
+        m_host.setLatencyMs(3);
+        m_tree->RefreshFeatures();
+        OBDeviceControl::SetUserLevel(1);
+        m_tree->OnUserLevelChanged();
+        QTRY_VERIFY(m_host.count("mode Detail"_s) >= 2);
+        OBDeviceControl::SetUserLevel(0);
+        m_tree->OnUserLevelChanged();
+        m_host.setLatencyMs(0);
+        QTRY_VERIFY(!m_tree->isReading());
+        QTRY_VERIFY(item("Detail")->visible());
+    }
+
     void refreshDropsTheHostsCache()
     {
         readOnce();

@@ -75,7 +75,12 @@ int main(int argc, char** argv)
     EXPECT(OB_FT_Close() == 0 && closed);
     EXPECT(application_windows() == 0);
     EXPECT(OB_FT_Release() == 0);
+    /* A host that ends while the window reads: the library releases itself. */
+    EXPECT(OB_FT_Init(NULL, NULL, NULL) == 0);
+    EXPECT(OB_FT_SetCallBackFunc(get_feature, set_feature, get_mode, NULL, action, NULL) == 0);
+    EXPECT(OB_FT_Start(NULL, 0) == 0);
     application_end();
+    EXPECT(OB_FT_Close() == -1);
     puts("the installed library opened its window");
     return 0;
 }

@@ -44,9 +44,11 @@ public slots:
 signals:
     void sigUpdateEditorData(qint64 cameraID, ORXPropertyTreeItem* item, int column);
 
+private slots:
+    void endUpdate();
+
 private:
     void initData();
-    void endUpdate();
     void onEditedCCMValue();
     void enableCCMValueChanged(bool on);
     bool enableInFile(bool on);

@@ -54,6 +54,7 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
 ORXImgProcessingFeature::~ORXImgProcessingFeature()
 {
     ORXListenTools::instance()->removeListener(this);
+    stopHostCalls();
 }
 
 void ORXImgProcessingFeature::buildLayout()

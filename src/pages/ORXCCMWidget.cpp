@@ -140,7 +140,7 @@ void ORXCCMWidget::endUpdate()
         if (d->m_bDeviceMode) {
             qCritical("Reading the color correction matrix: %s", qUtf8Printable(result.fault));
             // The selector may not be where it was.
-            rereadSelected();
+            rereadInTree(kSelector);
         } else {
             reportFile(ORXRWCCMValue::fileOf(result.settingsName), result.fault, true);
         }
@@ -201,12 +201,12 @@ bool ORXCCMWidget::isEdited() const
     return false;
 }
 
-// The rows of the selected feature in the whole tree show another coefficient by now.
-void ORXCCMWidget::rereadSelected()
+// What was written here past the whole tree shows there, too.
+void ORXCCMWidget::rereadInTree(const QString& feature)
 {
     ORXFeatureTree* tree = d->m_bDeviceMode ? PageSupport::treeOf(d->m_lCameraID) : nullptr;
-    if (tree && tree->propertyItemByName(kSelector))
-        tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, kSelector,
+    if (tree && tree->propertyItemByName(feature))
+        tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, feature,
                              QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
                              false);
 }

@@ -60,7 +60,7 @@ private:
     void setCellsEnabled(bool on);
     void showCells();
     bool isEdited() const;
-    void rereadSelected();
+    void rereadInTree(const QString& feature);
     void reportFile(const QString& file, const QString& fault, bool once);
     static void forgetFileReport();
 

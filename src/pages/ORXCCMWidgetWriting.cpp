@@ -59,7 +59,7 @@ void ORXCCMWidget::onEditedCCMValue()
             d->m_values[static_cast<std::size_t>(index)] = static_cast<double>(value.toFloat());
     }
     cell->showValue(d->m_values[static_cast<std::size_t>(index)]);
-    rereadSelected();
+    rereadInTree(kSelector);
     if (d->m_bReadAgain)
         updateData();
 }
@@ -99,6 +99,8 @@ void ORXCCMWidget::enableCCMValueChanged(bool on)
     const bool switched = d->m_bDeviceMode ? enableInCamera(on) : enableInFile(on);
     if (!self)
         return;
+    rereadInTree(kTransformation);
+    rereadInTree(kMatrix);
     if (!switched) {
         setCellsEnabled(!on);
         setEnableItem(!on);
@@ -129,7 +131,9 @@ bool ORXCCMWidget::enableInCamera(bool on)
     QString feature = kTransformation;
     bool value = !on;
     bool written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
-    if (written) {
+    // Where the camera has no switch of its own, the transformation decides alone.
+    const ORXFeatureTree* tree = PageSupport::treeOf(cameraId);
+    if (written && tree && tree->propertyItemByName(kMatrix)) {
         feature = kMatrix;
         value = on;
         written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);

@@ -3,9 +3,12 @@
 
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
+#include "pages/ORXImgProcessingFeature.h"
+#include "styledctl/ZELCustomMessageBox.h"
 
 void DemoPageTest::prepare()
 {
+    OBDeviceControl::SetUserLevel(0);
     m_clock = std::make_unique<ManualClock>();
     m_demo = std::make_unique<DemoCamera>(m_clock.get());
 }
@@ -23,7 +26,8 @@ void DemoPageTest::finish()
 
 void DemoPageTest::open(const QStringList& lacking, int language)
 {
-    m_camera = std::make_unique<MeddledCamera>(*m_demo, lacking);
+    if (!m_camera)
+        m_camera = std::make_unique<MeddledCamera>(*m_demo, lacking);
     m_window = std::make_unique<PageWindow>(*m_camera, language);
 }
 
@@ -37,9 +41,25 @@ int DemoPageTest::write(const char* name, const char* text)
     return m_demo->write(kTypes.value(node->tag.c_str(), OB_FT_TYPE_INTEGER), name, text);
 }
 
-qint64 DemoPageTest::read(const char* name)
+qint64 DemoPageTest::read(const char* name) const
 {
     _ZDCC_INTVALUE_EX_T record = {};
     m_demo->read(OB_FT_TYPE_INTEGER, name, &record);
     return record.value;
+}
+
+ORXImgProcessingFeature* DemoPageTest::imagePage() const
+{
+    return m_window->widget()->findChild<ORXImgProcessingFeature*>();
+}
+
+const ZELCustomMessageBox* DemoPageTest::messageBox() const
+{
+    const auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
+    return box && box->isVisible() ? box : nullptr;
+}
+
+QString DemoPageTest::message() const
+{
+    return messageBox() ? messageBox()->cContent() : QString();
 }

@@ -9,19 +9,31 @@
 
 #include <memory>
 
+class ORXImgProcessingFeature;
+class ZELCustomMessageBox;
+
 // Base of tests of the window on the simulated demo camera. Each test function has a camera of its
-// own, whose time stands still until the test moves the clock, and opens the window itself.
+// own, whose time stands still until the test moves the clock, and opens the window itself, which
+// shows the features of all users.
 class DemoPageTest : public GuardedTest
 {
 protected:
+    static constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
+
     void prepare() override;
     void finish() override;
 
-    // `lacking`: features that the description does not list.
+    // `lacking`: features that the description does not list. A camera that the test has made
+    // already is taken.
     void open(const QStringList& lacking = {}, int language = 0);
     // At the camera itself, past the window. An integer, an enumeration or a boolean is read.
     int write(const char* name, const char* text);
-    qint64 read(const char* name);
+    qint64 read(const char* name) const;
+
+    ORXImgProcessingFeature* imagePage() const;
+    // The tree's message box while it is shown, else null; and what it says.
+    const ZELCustomMessageBox* messageBox() const;
+    QString message() const;
 
     std::unique_ptr<ManualClock> m_clock;
     std::unique_ptr<DemoCamera> m_demo;

@@ -120,8 +120,7 @@ private:
     }
     QString shownMessage() const
     {
-        const auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
-        return box && box->isVisible() ? box->cTextTitle() : QString();
+        return messageBox() ? messageBox()->cTextTitle() : QString();
     }
 
 private slots:
@@ -239,6 +238,47 @@ private slots:
         QVERIFY(!matrix.isOn());
         QVERIFY(!matrix.cell(3)->isEnabled());
         QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
+    }
+
+    void switchingNeedsNoSwitchOfTheMatrix()
+    {
+        write(kTransformation, "1");
+        open({"CCMEnable"_s});
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        m_camera->forget();
+        matrix.userSwitches(true);
+        QCOMPARE(m_camera->writes(), QStringList("ColorTransformationEnable=0"_s));
+        QVERIFY(matrix.isOn() && !messageBox());
+    }
+
+    // While the coefficients are read no pass must take one for that of the selected entry.
+    void passesSeeTheirOwnCoefficient()
+    {
+        setCoefficient("6", "0.5");
+        openSwitchedOn();
+        const auto* shown = m_window->item(kTree, kValue)->value();
+        const auto* selected = m_window->item(kTree, kSelector)->value();
+        std::atomic<std::thread::id> reader;
+        std::atomic<int> strange{0};
+        m_camera->beforeWrite = [&](const QString& name) {
+            if (name == QLatin1String(kSelector))
+                reader = std::this_thread::get_id();
+        };
+        m_camera->beforeRead = [&](const QString& name) {
+            if (name == QLatin1String(kValue) && reader.load() != std::this_thread::get_id() &&
+                read(kSelector) != 6)
+                ++strange;
+        };
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        for (int i = 0; i < 10; ++i) {
+            OB_FT_UpdateFeatures();
+            QVERIFY(matrix.read());
+            QVERIFY(m_window->refresh());
+            QCOMPARE(selected->value().toInt(), 6);
+            QCOMPARE(shown->value().toFloat(), 0.5F);
+        }
+        QCOMPARE(strange, 0);
+        OB_FT_Close(); // the hooks go
     }
 
     void switchingWhileReadingWins()

@@ -396,6 +396,7 @@ private slots:
 
     void levelHidesTheReset()
     {
+        OBDeviceControl::SetUserLevel(1);
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             QCOMPARE(dialog->size(), QSize(370, 438));
@@ -410,7 +411,6 @@ private slots:
 
     void resetClosesAndTellsTheUser()
     {
-        OBDeviceControl::SetUserLevel(0);
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             const QPointer<ORXFeatureSaveWidget> guard(dialog);
@@ -427,7 +427,6 @@ private slots:
 
     void keyboardReachesEveryButton()
     {
-        OBDeviceControl::SetUserLevel(0);
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             QVERIFY(QTest::qWaitForWindowActive(dialog));

@@ -4,6 +4,7 @@
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "pages/ORXImgProcessingFeature.h"
+#include "reading/QGetFeaturesThread.h"
 #include "styledctl/ZELCustomMessageBox.h"
 
 void DemoPageTest::prepare()
@@ -46,6 +47,21 @@ qint64 DemoPageTest::read(const char* name) const
     _ZDCC_INTVALUE_EX_T record = {};
     m_demo->read(OB_FT_TYPE_INTEGER, name, &record);
     return record.value;
+}
+
+void DemoPageTest::watchSelection(const char* selector, qint64 selected, const char* feature)
+{
+    m_strangeReads = 0;
+    m_camera = std::make_unique<MeddledCamera>(*m_demo);
+    m_camera->beforeRead = [this, selector, selected, feature](const QString& name) {
+        if (name != QLatin1String(feature))
+            return;
+        // The slower the others, the longer the selector is away from its place.
+        if (!qobject_cast<QGetFeaturesThread*>(QThread::currentThread()))
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        else if (read(selector) != selected)
+            ++m_strangeReads;
+    };
 }
 
 ORXImgProcessingFeature* DemoPageTest::imagePage() const

@@ -7,6 +7,7 @@
 #include "pages/PageWindow.h"
 #include "support/TestMain.h"
 
+#include <atomic>
 #include <memory>
 
 class ORXImgProcessingFeature;
@@ -30,6 +31,11 @@ protected:
     int write(const char* name, const char* text);
     qint64 read(const char* name) const;
 
+    // Makes a camera that is slow to read a feature for all but passes, and counts the reads by
+    // passes that find another entry of its selector selected. Before open().
+    void watchSelection(const char* selector, qint64 selected, const char* feature);
+    int strangeReads() const { return m_strangeReads; }
+
     ORXImgProcessingFeature* imagePage() const;
     // The tree's message box while it is shown, else null; and what it says.
     const ZELCustomMessageBox* messageBox() const;
@@ -39,4 +45,7 @@ protected:
     std::unique_ptr<DemoCamera> m_demo;
     std::unique_ptr<MeddledCamera> m_camera; // what the window talks to
     std::unique_ptr<PageWindow> m_window;
+
+private:
+    std::atomic<int> m_strangeReads{0};
 };

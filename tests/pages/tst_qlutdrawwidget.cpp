@@ -155,20 +155,6 @@ private slots:
         QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), drawn);
     }
 
-    void loadShowsTheCamerasTable()
-    {
-        m_camera->setTable([](int i) { return 4095 - 4 * i; });
-        m_widget->LoadFromCamera();
-        QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
-        QVERIFY(waitForEnd());
-        QCOMPARE(message(), "Loading from camera completed."_s);
-        QCOMPARE(hint(), 5);
-        for (const int type : {2, 0, 1}) {
-            m_widget->SetDrawLineChanged(type);
-            QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
-        }
-    }
-
     void treeShowsWhereTheTransferEnded()
     {
         using namespace DescriptionBuilder;
@@ -190,16 +176,31 @@ private slots:
         QTRY_COMPARE(shown().toInt(), 3);
     }
 
-    void numberOfPointsFollowsTheCamera()
+    void loadShowsTheCamerasTable_data()
     {
-        makeCamera(4096);
-        m_camera->announce(4095, 65535);
+        const Rows<int, int> row("points", "maximumValue");
+        row("as many points as before", kPoints, 4095);
+        row("more points and values", 4096, 65535);
+    }
+
+    void loadShowsTheCamerasTable()
+    {
+        QFETCH(int, points);
+        QFETCH(int, maximumValue);
+        makeCamera(points);
+        m_camera->announce(points - 1, maximumValue);
+        m_camera->setTable([=](int i) { return maximumValue - maximumValue / (points - 1) * i; });
         m_widget->LoadFromCamera();
+        QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
         QVERIFY(waitForEnd());
-        QCOMPARE(QLUTDrawWidget::PointCount(), 4096);
-        QCOMPARE(m_widget->plot().maxValue(), 65535);
-        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
-        QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+        QCOMPARE(message(), "Loading from camera completed."_s);
+        QCOMPARE(hint(), 5);
+        QCOMPARE(QLUTDrawWidget::PointCount(), points);
+        QCOMPARE(m_widget->plot().maxValue(), maximumValue);
+        for (const int type : {0, 1, 2}) {
+            m_widget->SetDrawLineChanged(type);
+            QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+        }
         drawSomething(QLUTDrawWidget::FreeLine);
         const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
         m_widget->SetToCamera();

@@ -9,8 +9,6 @@
 
 #include <QMouseEvent>
 
-#include <cmath>
-
 namespace {
 
 constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
@@ -117,52 +115,41 @@ private:
         mouse(QEvent::MouseButtonRelease, to);
     }
 
-    // What is wrong with the region that the camera holds after a drag; empty when all is well.
+    // What the camera holds after a drag, when that is not what was wanted; empty when all is well.
     QString fault(int column, int row, const QPoint& way, const QStringList& names,
                   const QSize& area, const QSize& increments) const
     {
-        const QRect got = heldRect(names);
         const double pixel =
             kStart.width() / picture()->toWidget({{0, kStart.width()}, {0, 1}}).width();
-        const auto axisFault = [&](int side, bool moves, int from, int size, int gotFrom,
-                                   int gotSize, int by, int end, int sizeMinimum) -> QString {
-            if (gotFrom < 0 || gotFrom + gotSize > end || gotFrom % increments.height() != 0 ||
-                (gotSize - sizeMinimum) % increments.width() != 0)
-                return "not legal"_s;
-            const bool beginMoves = side < 0 || moves;
-            const bool endMoves = side > 0 || moves;
-            if (!beginMoves && gotFrom != from)
-                return "begin moved"_s;
-            if (moves && gotSize != size)
-                return "size changed"_s;
-            const int slack = qMax(increments.width(), increments.height());
-            if (!beginMoves && !endMoves && gotSize != size)
-                return "end moved"_s;
-            if (side < 0 &&
-                (gotFrom + gotSize > from + size || gotFrom + gotSize <= from + size - slack))
-                return "end moved"_s;
-            const int wantedBegin =
-                qBound(0, from + by, moves ? end - size : from + size - sizeMinimum);
-            const int wantedEnd = qBound(from + sizeMinimum, from + size + by, end);
-            if (beginMoves && std::abs(gotFrom - wantedBegin) > slack + 2 * pixel)
-                return "begin is not at the pointer"_s;
-            if (side > 0 && std::abs(gotFrom + gotSize - wantedEnd) > slack + 2 * pixel)
-                return "end is not at the pointer"_s;
-            return {};
-        };
+        const int slack = qMax(increments.width(), increments.height());
         const bool moves = column == 0 && row == 0;
+        const auto isWell = [&](int side, RegionAxis::Span start, RegionAxis::Span got, double by,
+                                int extent, int smallest) {
+            const auto isAt = [&](qint64 place, qint64 least, double wanted, qint64 most) {
+                return std::abs(place - qBound(double(least), wanted, double(most))) <=
+                       slack + 2 * pixel;
+            };
+            if (got.offset < 0 || got.end() > extent || got.offset % increments.height() != 0 ||
+                (got.size - smallest) % increments.width() != 0)
+                return false;
+            if (moves)
+                return got.size == start.size &&
+                       isAt(got.offset, 0, start.offset + by, extent - start.size);
+            if (side < 0)
+                return got.end() <= start.end() && got.end() > start.end() - slack &&
+                       isAt(got.offset, 0, start.offset + by, start.end() - smallest);
+            return got.offset == start.offset &&
+                   (side == 0 ? got.size == start.size
+                              : isAt(got.end(), start.offset + smallest, start.end() + by, extent));
+        };
+        const QRect got = heldRect(names);
         const bool image = names == kRegion;
-        const QString x = axisFault(column, moves, kStart.x(), kStart.width(), got.x(), got.width(),
-                                    int(way.x() * pixel), area.width(), image ? 16 : 1);
-        const QString y = axisFault(row, moves, kStart.y(), kStart.height(), got.y(), got.height(),
-                                    int(way.y() * pixel), area.height(), image ? 4 : 1);
-        if (x.isEmpty() && y.isEmpty())
+        if (isWell(column, {kStart.x(), kStart.width()}, {got.x(), got.width()}, way.x() * pixel,
+                   area.width(), image ? 16 : 1) &&
+            isWell(row, {kStart.y(), kStart.height()}, {got.y(), got.height()}, way.y() * pixel,
+                   area.height(), image ? 4 : 1))
             return {};
-        return "x %1, y %2: %3,%4 %5x%6"_s.arg(x, y)
-            .arg(got.x())
-            .arg(got.y())
-            .arg(got.width())
-            .arg(got.height());
+        return QString::asprintf("%d,%d %dx%d", got.x(), got.y(), got.width(), got.height());
     }
 
     // One drag of a handle; returns what went wrong.
@@ -217,11 +204,10 @@ private slots:
                 startAt(kRegion, kStart);
                 const QString wrong =
                     drag(column, row, target, kRegion, kSensor, {sizeIncrement, offsetIncrement});
-                QVERIFY2(wrong.isEmpty(), qPrintable("%1,%2 to %3,%4: %5"_s.arg(column)
-                                                         .arg(row)
-                                                         .arg(target.x())
-                                                         .arg(target.y())
-                                                         .arg(wrong)));
+                QVERIFY2(wrong.isEmpty(),
+                         qPrintable(QString::asprintf("%d,%d to %d,%d: ", column, row, target.x(),
+                                                      target.y()) +
+                                    wrong));
             }
         }
     }

@@ -78,7 +78,9 @@ void save(const QList<FavoriteFeature>& favorites)
     if (!file.open(QIODevice::WriteOnly))
         return;
     file.write(text.toLocal8Bit());
-    file.commit();
+    // commit() itself does not notice when buffered bytes do not reach the disk.
+    if (file.flush())
+        file.commit();
 }
 
 } // namespace FavoritesFile

@@ -121,9 +121,10 @@ void ORXMainFeatureWidget::StartUpdateThread()
 
 void ORXMainFeatureWidget::PauseUpdateThread()
 {
+    // First what may hold the tree's feature mutex for many calls of the host.
+    m_pImagePage->stopHostCalls();
     if (ORXFeatureTree* tree = currentTree())
         tree->PauseUpdateThread();
-    m_pImagePage->stopHostCalls();
 }
 
 void ORXMainFeatureWidget::onRefreshFeature()

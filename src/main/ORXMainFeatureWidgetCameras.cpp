@@ -155,6 +155,7 @@ int ORXMainFeatureWidget::notify(int code, void* payload)
 void ORXMainFeatureWidget::onBeforeDeleteFeature(qint64 key)
 {
     ORXFeatureTree* tree = m_trees.value(key, nullptr);
+    m_pImagePage->stopHostCalls();
     if (tree)
         tree->StopThread(true);
     if (ORXFeatureGroup* group = m_groups.take(key)) {

@@ -22,6 +22,7 @@ constexpr double kLineWidth = 2.0;
 // Neighbouring samples that stand farther apart are points of a coarse table, not a line.
 constexpr double kLongestSegmentPx = 3.0;
 constexpr double kHandlePx = 7.0;
+constexpr int kHandleRoomPx = 5;
 
 QColor colour(const char* name)
 {
@@ -92,14 +93,16 @@ void LUTPainter::drawValueNumbers()
     for (const int number : numbers) {
         const QString text = QString::asprintf("%d", number);
         const double y = kOffset + m_plot.pixelY(number);
+        const int advance = m_painter.fontMetrics().horizontalAdvance(text);
         if (widest <= kMarginPx) {
-            m_painter.drawText(QRectF(0, y - 8, kMarginPx, 16), Qt::AlignRight | Qt::AlignVCenter,
+            // Short ones keep clear of a handle on the axis.
+            const int right = qBound(kMarginPx - kHandleRoomPx, advance + 1, kMarginPx);
+            m_painter.drawText(QRectF(0, y - 8, right, 16), Qt::AlignRight | Qt::AlignVCenter,
                                text);
             continue;
         }
         // Within the plot's height, so that the highest one does not run into the caption.
-        const double half =
-            std::min(kSize / 2.0, m_painter.fontMetrics().horizontalAdvance(text) / 2.0 + 1.0);
+        const double half = std::min(kSize / 2.0, advance / 2.0 + 1.0);
         m_painter.save();
         m_painter.translate(kMarginPx - 7, qBound(kOffset + half, y, kOffset + kSize - half));
         m_painter.rotate(-90);

@@ -47,9 +47,10 @@ bool write(const QString& path, const LUTPoints& points)
         bytes += QByteArray::number(point.value) + "\r\n";
     }
     QSaveFile file(path);
-    // commit() fails when any byte did not reach the disk, and then removes only its own new file.
+    // Flushed before: commit() itself does not notice when the last bytes do not reach the disk.
+    // Without it only the new file is removed.
     return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) &&
-           file.write(bytes) == bytes.size() && file.commit();
+           file.write(bytes) == bytes.size() && file.flush() && file.commit();
 }
 
 ReadResult read(const QString& path, int maxIndex, int maxValue, int mostPoints, LUTPoints* points)

@@ -2,17 +2,16 @@
 #include "pages/ORXCCMUpdateThread.h"
 
 #include "device/OBDeviceControl.h"
+#include "pages/ORXCCMWidget.h"
+#include "pages/StoppableFeatureLock.h"
 #include "reading/ThreadAnnotations.h"
 #include "reading/ThreadWait.h"
-#include "pages/ORXCCMWidget.h"
 
-#include <QDebug>
 #include <QSet>
-
-#include <mutex>
 
 namespace {
 
+constexpr char kName[] = "Color correction matrix"; // in the log
 const QLatin1String kTransformation("ColorTransformationEnable");
 const QLatin1String kSelector("ColorTransformationValueSelector");
 const QLatin1String kValue("ColorTransformationValue");
@@ -24,11 +23,10 @@ QSet<ORXCCMUpdateThread*>& threads()
     return all;
 }
 
-// Held while a thread works with the selector; never by the GUI thread.
-std::mutex& cameraMutex()
+bool fail(ORXCCMUpdateThread::Result& result, const QString& fault)
 {
-    static std::mutex mutex;
-    return mutex;
+    result.fault = fault;
+    return false;
 }
 
 } // namespace
@@ -38,7 +36,9 @@ ORXCCMUpdateThread::ORXCCMUpdateThread(qint64 cameraId, bool deviceMode)
     , m_bDeviceMode(deviceMode)
 {
     threads().insert(this);
-    connect(this, &QThread::finished, this, &ORXCCMUpdateThread::onFinished, Qt::QueuedConnection);
+    // By name: the queue's types are settled here then, and a thread that ends needs nothing of
+    // this class for them.
+    connect(this, SIGNAL(finished()), this, SLOT(onFinished()), Qt::QueuedConnection);
 }
 
 ORXCCMUpdateThread::~ORXCCMUpdateThread()
@@ -46,10 +46,10 @@ ORXCCMUpdateThread::~ORXCCMUpdateThread()
     threads().remove(this);
 }
 
-void ORXCCMUpdateThread::startReading()
+void ORXCCMUpdateThread::startReading(QMutex* featureMutex)
 {
     m_bStop = false;
-    m_result = Result();
+    m_pFeatureMutex = featureMutex;
     start();
 }
 
@@ -59,13 +59,20 @@ void ORXCCMUpdateThread::abandon()
     m_bAbandoned = true;
     // Otherwise onFinished() is still to come.
     if (!isRunning())
-        delete this;
+        destroy();
 }
 
 void ORXCCMUpdateThread::onFinished()
 {
     if (m_bAbandoned && !isRunning())
-        delete this;
+        destroy();
+}
+
+// A thread that no longer runs may still be telling so: only its end ends its use of the object.
+void ORXCCMUpdateThread::destroy()
+{
+    waitForThread(*this, kName);
+    delete this;
 }
 
 void ORXCCMUpdateThread::stopAll()
@@ -74,74 +81,81 @@ void ORXCCMUpdateThread::stopAll()
     for (ORXCCMUpdateThread* thread : all)
         thread->requestStop();
     for (ORXCCMUpdateThread* thread : all) {
-        waitForThread(*thread, "Color correction matrix");
         if (thread->m_bAbandoned)
-            delete thread;
+            thread->destroy();
+        else
+            waitForThread(*thread, kName);
     }
 }
 
 void ORXCCMUpdateThread::run()
 {
-    // An editor may be gone while its thread still puts the camera back.
-    const std::lock_guard<std::mutex> oneAtATime(cameraMutex());
-    if (m_bStop)
-        return;
-    if (m_bDeviceMode)
-        m_result.complete = readDevice();
-    else
-        readFile();
-    OBFT_HAPPENS_BEFORE(&m_result);
+    Result result;
+    {
+        const StoppableFeatureLock lock(m_pFeatureMutex, m_bStop);
+        if (lock.isLocked() && !m_bStop) {
+            if (m_bDeviceMode)
+                result.complete = readDevice(result);
+            else
+                readFile(result);
+        }
+    }
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_result = result;
+    }
+    OBFT_HAPPENS_BEFORE(this);
 }
 
-const ORXCCMUpdateThread::Result& ORXCCMUpdateThread::result() const
+ORXCCMUpdateThread::Result ORXCCMUpdateThread::result() const
 {
-    OBFT_HAPPENS_AFTER(&m_result);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_result;
 }
 
-void ORXCCMUpdateThread::readFile()
+void ORXCCMUpdateThread::setEnabledFlag(bool enabled)
 {
-    m_result.settingsName = ORXRWCCMValue::cameraName();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_result.enabled = enabled;
+}
+
+void ORXCCMUpdateThread::readFile(Result& result)
+{
+    result.settingsName = ORXRWCCMValue::cameraName();
     ORXRWCCMValue settings;
-    if (!settings.createSetting(m_result.settingsName)) {
-        fail(settings.fault());
+    if (!settings.createSetting(result.settingsName)) {
+        fail(result, settings.fault());
         return;
     }
-    m_result.enabled =
-        ORXCCMWidget::getSDKCCMEnable(m_result.settingsName, m_result.coefficients.data());
-    m_result.complete = true;
+    result.enabled = ORXCCMWidget::getSDKCCMEnable(result.settingsName, result.coefficients.data());
+    result.complete = true;
 }
 
-bool ORXCCMUpdateThread::fail(const QString& fault)
-{
-    m_result.fault = fault;
-    return false;
-}
-
-bool ORXCCMUpdateThread::readDevice()
+bool ORXCCMUpdateThread::readDevice(Result& result) const
 {
     bool transformed = false;
     if (!OBDeviceControl::GetBoolNodeValue(kTransformation, &transformed))
-        return fail(QStringLiteral("ColorTransformationEnable cannot be read"));
+        return fail(result, QStringLiteral("ColorTransformationEnable cannot be read"));
     if (m_bStop)
         return false;
     if (transformed && !OBDeviceControl::SetBoolNodeValue(kTransformation, false))
-        return fail(QStringLiteral("ColorTransformationEnable cannot be switched off"));
-    const bool read = readCoefficients();
+        return fail(result, QStringLiteral("ColorTransformationEnable cannot be switched off"));
+    const bool read = readCoefficients(result);
     // Whatever has happened: the camera is left as it was found, as far as it lets us.
     const bool restored = !transformed || OBDeviceControl::SetBoolNodeValue(kTransformation, true);
     if (!read)
         return false;
     if (!restored)
-        return fail(QStringLiteral("ColorTransformationEnable cannot be switched on again"));
+        return fail(result,
+                    QStringLiteral("ColorTransformationEnable cannot be switched on again"));
     bool matrix = true;
     if (!OBDeviceControl::GetBoolNodeValue(kMatrix, &matrix))
         matrix = true;
-    m_result.enabled = matrix && !transformed;
+    result.enabled = matrix && !transformed;
     return true;
 }
 
-bool ORXCCMUpdateThread::readCoefficients()
+bool ORXCCMUpdateThread::readCoefficients(Result& result) const
 {
     _ZDCC_ENUMVALUE_T selected = {};
     const bool knowsSelected = OBDeviceControl::GetEnumNodeValue(kSelector, &selected);
@@ -151,14 +165,14 @@ bool ORXCCMUpdateThread::readCoefficients()
         _ZDCC_FLOATVALUE_T record = {};
         done = OBDeviceControl::SetEnumNodeValue(kSelector, index) &&
                OBDeviceControl::GetFloatNodeValue(kValue, &record);
-        m_result.values[index] = record.value;
-        m_result.minimum = record.minimum;
-        m_result.maximum = record.maximum;
+        result.values[index] = record.value;
+        result.minimum = record.minimum;
+        result.maximum = record.maximum;
     }
     // Stands at the last index that was selected.
     if (knowsSelected && index > 0 && selected.value != index - 1)
         OBDeviceControl::SetEnumNodeValue(kSelector, selected.value);
     if (!done)
-        return fail(QStringLiteral("coefficient %1 cannot be read").arg(index - 1));
+        return fail(result, QStringLiteral("coefficient %1 cannot be read").arg(index - 1));
     return index == ORXRWCCMValue::kCoefficients && !m_bStop;
 }

@@ -8,22 +8,25 @@
 
 #include <array>
 #include <atomic>
-#include <functional>
+#include <mutex>
+
+class QMutex;
 
 // Reads the nine coefficients of the colour correction matrix, from the camera or from the settings
 // file. Belongs to one ORXCCMWidget, which gives it up with abandon(): a call of the host may hang
 // longer than the widget lives.
 //
 // The camera shows its coefficients through a selector, and only while the standard transformation
-// is off. Both are put back after the last coefficient, also after a failure or a stop. One thread
-// of this class reads at a time.
+// is off. Both are put back after the last coefficient, also after a failure or a stop. Meanwhile
+// the tree's feature mutex is held, so that no reading pass takes a coefficient for that of the
+// selected entry, and no second thread of this class moves the selector.
 //
-// | operation                            | thread                              | lock |
-// |--------------------------------------|-------------------------------------|------|
-// | run                                  | its own                             | none |
-// | requestStop, isStopRequested         | any (atomic)                        | none |
-// | result()                             | GUI, between finished() and start() | none |
-// | everything else                      | GUI                                 | none |
+// | operation                            | thread       | lock                                   |
+// |--------------------------------------|--------------|----------------------------------------|
+// | run                                  | its own      | the feature mutex; m_mutex at its end  |
+// | requestStop, isStopRequested         | any (atomic) | none                                   |
+// | result, setEnabledFlag               | any          | m_mutex, inside                        |
+// | everything else                      | GUI          | none                                   |
 class ORXCCMUpdateThread : public QThread
 {
     Q_OBJECT
@@ -42,14 +45,16 @@ public:
 
     ORXCCMUpdateThread(qint64 cameraId, bool deviceMode);
 
-    // Starts reading; not while it reads.
-    void startReading();
+    // Starts reading; not while it reads. `featureMutex` is that of the camera's tree, not owned,
+    // and must live until the end or stopAll(). Null when there is no tree: then nothing is read.
+    void startReading(QMutex* featureMutex);
     void requestStop() { m_bStop = true; }
     bool isStopRequested() const { return m_bStop; }
     // To be called instead of delete: destroys the thread now, or when its run has ended.
     void abandon();
-    const Result& result() const;
-    void setEnabledFlag(bool enabled) { m_result.enabled = enabled; }
+    // What the last run has found.
+    Result result() const;
+    void setEnabledFlag(bool enabled);
 
     // Stops all threads of this class; returns when none calls the host any more.
     static void stopAll();
@@ -57,18 +62,22 @@ public:
 protected:
     void run() override;
 
+private slots:
+    void onFinished();
+
 private:
     ~ORXCCMUpdateThread() override;
 
-    void onFinished();
-    void readFile();
-    bool readDevice();
-    bool readCoefficients();
-    bool fail(const QString& fault);
+    void destroy();
+    static void readFile(Result& result);
+    bool readDevice(Result& result) const;
+    bool readCoefficients(Result& result) const;
 
     const qint64 m_lCameraID;
     const bool m_bDeviceMode;
     std::atomic<bool> m_bStop{false};
     bool m_bAbandoned = false;
-    Result m_result;
+    QMutex* m_pFeatureMutex = nullptr; // Not owned.
+    mutable std::mutex m_mutex;
+    Result m_result; // guarded by m_mutex
 };

@@ -101,7 +101,8 @@ void ORXCCMWidget::initData()
     setFocusProxy(d->m_cells.front()->lineEdit());
     setCellsEnabled(false);
     d->m_pThread = new ORXCCMUpdateThread(d->m_lCameraID, d->m_bDeviceMode);
-    connect(d->m_pThread, &QThread::finished, this, &ORXCCMWidget::endUpdate, Qt::QueuedConnection);
+    // By name, as the thread itself does it.
+    connect(d->m_pThread, SIGNAL(finished()), this, SLOT(endUpdate()), Qt::QueuedConnection);
 }
 
 // Reading -----------------------------------------------------------------------------------------
@@ -118,13 +119,14 @@ void ORXCCMWidget::updateData()
     // The thread moves the selector, so nothing can be written meanwhile.
     if (d->m_bDeviceMode)
         setCellsEnabled(false);
-    d->m_pThread->startReading();
+    ORXFeatureTree* tree = PageSupport::treeOf(d->m_lCameraID);
+    d->m_pThread->startReading(tree ? tree->GetFeatureMutex() : nullptr);
 }
 
 void ORXCCMWidget::endUpdate()
 {
     d->m_bReading = false;
-    const ORXCCMUpdateThread::Result& result = d->m_pThread->result();
+    const ORXCCMUpdateThread::Result result = d->m_pThread->result();
     if (d->m_wantedEnable) {
         const bool wanted = *d->m_wantedEnable;
         d->m_wantedEnable.reset();
@@ -135,10 +137,13 @@ void ORXCCMWidget::endUpdate()
         return;
     }
     if (!result.fault.isEmpty()) {
-        if (d->m_bDeviceMode)
+        if (d->m_bDeviceMode) {
             qCritical("Reading the color correction matrix: %s", qUtf8Printable(result.fault));
-        else
+            // The selector may not be where it was.
+            rereadInTree(kSelector);
+        } else {
             reportFile(ORXRWCCMValue::fileOf(result.settingsName), result.fault, true);
+        }
     } else if (result.complete) {
         forgetFileReport();
     }
@@ -160,12 +165,8 @@ void ORXCCMWidget::endUpdate()
             d->m_cells[i]->setRange(result.minimum, result.maximum);
     }
     showCells();
-    const QPointer<ORXCCMWidget> self(this);
-    const bool enabled = result.enabled;
-    setCellsEnabled(enabled);
-    setEnableItem(enabled);
-    if (self)
-        rereadSelected();
+    setCellsEnabled(result.enabled);
+    setEnableItem(result.enabled);
 }
 
 bool ORXCCMWidget::getSDKCCMEnable(const QString& name, int* values)
@@ -200,12 +201,12 @@ bool ORXCCMWidget::isEdited() const
     return false;
 }
 
-// The rows of the selected feature in the whole tree show another coefficient by now.
-void ORXCCMWidget::rereadSelected()
+// What was written here past the whole tree shows there, too.
+void ORXCCMWidget::rereadInTree(const QString& feature)
 {
     ORXFeatureTree* tree = d->m_bDeviceMode ? PageSupport::treeOf(d->m_lCameraID) : nullptr;
-    if (tree && tree->propertyItemByName(kSelector))
-        tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, kSelector,
+    if (tree && tree->propertyItemByName(feature))
+        tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, feature,
                              QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
                              false);
 }

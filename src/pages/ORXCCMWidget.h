@@ -44,9 +44,11 @@ public slots:
 signals:
     void sigUpdateEditorData(qint64 cameraID, ORXPropertyTreeItem* item, int column);
 
+private slots:
+    void endUpdate();
+
 private:
     void initData();
-    void endUpdate();
     void onEditedCCMValue();
     void enableCCMValueChanged(bool on);
     bool enableInFile(bool on);
@@ -58,7 +60,7 @@ private:
     void setCellsEnabled(bool on);
     void showCells();
     bool isEdited() const;
-    void rereadSelected();
+    void rereadInTree(const QString& feature);
     void reportFile(const QString& file, const QString& fault, bool once);
     static void forgetFileReport();
 

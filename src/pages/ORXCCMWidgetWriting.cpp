@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // What ORXCCMWidget writes: cells, the switch of the matrix; and what it tells the user.
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "device/ReentrancyScope.h"
 #include "pages/ORXCCMUpdateThread.h"
@@ -29,13 +28,8 @@ QString s_lastFileReport;
 // As for every other feature that cannot be written.
 void reportWrite(qint64 cameraId, const QString& feature, const QString& value, int error)
 {
-    if (ORXFeatureTree* tree = PageSupport::treeOf(cameraId)) {
-        const QString text =
-            ORXFeatureTree::tr("Node '%1':failed to save value '%2'").arg(feature, value);
-        tree->ShowMessage(tree, ORXFeatureTree::tr("Failed to set the feature value."),
-                          text + QStringLiteral("\r\n") + ORXInterface::IntCode2DisplayCode(error),
-                          QString(), ZELCustomMessageBox::Hint_Error);
-    }
+    if (ORXFeatureTree* tree = PageSupport::treeOf(cameraId))
+        tree->showWriteFailure(feature, value, error);
 }
 
 } // namespace
@@ -65,7 +59,7 @@ void ORXCCMWidget::onEditedCCMValue()
             d->m_values[static_cast<std::size_t>(index)] = static_cast<double>(value.toFloat());
     }
     cell->showValue(d->m_values[static_cast<std::size_t>(index)]);
-    rereadSelected();
+    rereadInTree(kSelector);
     if (d->m_bReadAgain)
         updateData();
 }
@@ -105,6 +99,8 @@ void ORXCCMWidget::enableCCMValueChanged(bool on)
     const bool switched = d->m_bDeviceMode ? enableInCamera(on) : enableInFile(on);
     if (!self)
         return;
+    rereadInTree(kTransformation);
+    rereadInTree(kMatrix);
     if (!switched) {
         setCellsEnabled(!on);
         setEnableItem(!on);
@@ -116,7 +112,7 @@ void ORXCCMWidget::enableCCMValueChanged(bool on)
 
 bool ORXCCMWidget::enableInFile(bool on)
 {
-    const QString& known = d->m_pThread->result().settingsName;
+    const QString known = d->m_pThread->result().settingsName;
     const QString name = known.isEmpty() ? ORXRWCCMValue::cameraName() : known;
     if (d->m_settings.createSetting(name) && d->m_settings.writeEnable(on)) {
         d->m_pThread->setEnabledFlag(on);
@@ -135,7 +131,9 @@ bool ORXCCMWidget::enableInCamera(bool on)
     QString feature = kTransformation;
     bool value = !on;
     bool written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
-    if (written) {
+    // Where the camera has no switch of its own, the transformation decides alone.
+    const ORXFeatureTree* tree = PageSupport::treeOf(cameraId);
+    if (written && tree && tree->propertyItemByName(kMatrix)) {
         feature = kMatrix;
         value = on;
         written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);

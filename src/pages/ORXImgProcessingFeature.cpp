@@ -9,10 +9,13 @@
 #include "pages/ORXCCMWidget.h"
 #include "pages/QLUTDrawWidget.h"
 #include "pages/RegionDrawWidget.h"
+#include "styledctl/ZELCustom.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
 #include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -23,6 +26,7 @@ namespace {
 
 constexpr int kRowsShare = 1; // of the page's height; the panel gets as much
 constexpr int kPanelShare = 1;
+constexpr int kLutMargin = 9;
 constexpr int kAreasRetryMs = 30;
 
 } // namespace
@@ -36,7 +40,7 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
           new SelectorChecks({{"EventSelector", "EventNotification"}}, FeatureTag::Event, this))
     , m_pPanels(new QStackedWidget(this))
     , m_pRegion(new RegionDrawWidget(m_pPanels))
-    , m_pLutPanel(new QWidget(m_pPanels))
+    , m_pLutPanel(new QScrollArea(m_pPanels))
     , m_pLut(new QLUTDrawWidget(m_pLutPanel))
 {
     ORXCCMWidget::registerEditor();
@@ -54,14 +58,21 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
 ORXImgProcessingFeature::~ORXImgProcessingFeature()
 {
     ORXListenTools::instance()->removeListener(this);
+    stopHostCalls();
 }
 
 void ORXImgProcessingFeature::buildLayout()
 {
     m_pPanels->addWidget(m_pRegion);
     m_pPanels->addWidget(m_pLutPanel);
-    auto* lutLayout = new QVBoxLayout(m_pLutPanel);
-    lutLayout->addWidget(m_pLut, 0, Qt::AlignCenter);
+    // The curve has one size: in a small window it is scrolled.
+    m_pLutPanel->setWidget(m_pLut);
+    m_pLutPanel->setAlignment(Qt::AlignCenter);
+    m_pLutPanel->setFrameShape(QFrame::NoFrame);
+    m_pLutPanel->setFocusPolicy(Qt::NoFocus);
+    m_pLutPanel->viewport()->setAutoFillBackground(false);
+    m_pLutPanel->verticalScrollBar()->setStyleSheet(
+        ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
     m_pPanels->hide();
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->setChildrenCollapsible(false);
@@ -151,6 +162,7 @@ void ORXImgProcessingFeature::itemValueChanged(ORXPropertyTreeItem* item)
         if (each->concerns(name))
             each->requestStates();
     }
+    m_bMatrixChanged |= concernsMatrix(name);
     scheduleRefresh();
 }
 
@@ -181,6 +193,7 @@ void ORXImgProcessingFeature::refresh()
         return;
     updateLUTItems();
     updatePalette();
+    updateMatrix();
     for (SelectorChecks* each : checks())
         each->refresh();
     updateAreas();
@@ -298,7 +311,7 @@ void ORXImgProcessingFeature::updatePanel()
 void ORXImgProcessingFeature::fitPanel()
 {
     const bool lut = m_pPanels->currentWidget() == m_pLutPanel;
-    m_pPanels->setMaximumHeight(lut ? m_pLutPanel->sizeHint().height()
+    m_pPanels->setMaximumHeight(lut ? m_pLut->sizeHint().height() + 2 * kLutMargin
                                     : m_pRegion->usefulHeight(width()));
 }
 

@@ -9,6 +9,7 @@
 #include <QTimer>
 
 class QLUTDrawWidget;
+class QScrollArea;
 class QStackedWidget;
 class RegionDrawWidget;
 
@@ -58,6 +59,8 @@ private:
     void updateLUTItems();
     void lockTable(bool lock);
     void createMatrixItems(ORXPropertyTreeItem* root);
+    static bool concernsMatrix(const QString& nodeName);
+    void updateMatrix();
     void createPaletteItem(ORXPropertyTreeItem* root);
     void updatePalette();
 
@@ -76,9 +79,10 @@ private:
     SelectorChecks* m_pEvents;      // Owned (child).
     QStackedWidget* m_pPanels;      // Owned (child).
     RegionDrawWidget* m_pRegion;    // Owned (child).
-    QWidget* m_pLutPanel;           // Owned (child).
+    QScrollArea* m_pLutPanel;       // Owned (child).
     QLUTDrawWidget* m_pLut;         // Owned (child).
     QTimer m_refreshTimer;          // many changes of items are one refresh
     QTimer m_areasTimer;            // waits for the end of a pass
+    bool m_bMatrixChanged = false;  // in the camera, since the last refresh
     bool m_bDrawnElsewhere = false; // another page draws in the same camera
 };

@@ -8,7 +8,9 @@
 #include "pages/QLUTDrawWidget.h"
 #include "tree/ORXFeatureTree.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace ImgProcessing;
 
@@ -17,6 +19,10 @@ namespace {
 constexpr std::array<const char*, 9> kLUTItems = {
     kLUTLineType,    kLUTGamma,        kLUTContrast,  kLUTLum,  kLUTLoadFromCamera,
     kLUTSetToCamera, kLUTLoadFromFile, kLUTSetToFile, kLUTClear};
+
+constexpr const char* kMatrixFeatures[] = {"ColorTransformationValueSelector",
+                                           "ColorTransformationValue", "ColorTransformationEnable"};
+constexpr char kCCMSwitch[] = "CCMEnable"; // not every camera has it
 
 struct CommandItem
 {
@@ -119,9 +125,9 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
     ORXPropertyTreeItem* enable = pageItem(kCCMEnable, root);
     ORXPropertyTreeItem* matrix = pageItem(kCCM, root);
     auto* value = dynamic_cast<CTreeCustomCCMItemValue*>(matrix->value());
-    const bool inCamera = cameraItem("ColorTransformationValueSelector") &&
-                          cameraItem("ColorTransformationValue") &&
-                          cameraItem("ColorTransformationEnable");
+    const bool inCamera =
+        std::all_of(std::begin(kMatrixFeatures), std::end(kMatrixFeatures),
+                    [this](const char* name) { return cameraItem(name) != nullptr; });
     if (!inCamera && !ORXRWCCMValue::exists(ORXRWCCMValue::cameraName())) {
         delete matrix;
         delete enable;
@@ -134,6 +140,36 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
     matrix->setReadOnly(false);
     for (ORXPropertyTreeItem* item : {enable, matrix})
         item->setVisible(true, -1);
+    if (!inCamera)
+        return;
+    for (const char* name : kMatrixFeatures)
+        observe(cameraItem(name));
+    observe(cameraItem(kCCMSwitch));
+}
+
+// Whether a change of the camera's feature is one of the matrix.
+bool ORXImgProcessingFeature::concernsMatrix(const QString& nodeName)
+{
+    return nodeName == QLatin1String(kCCMSwitch) ||
+           std::any_of(std::begin(kMatrixFeatures), std::end(kMatrixFeatures),
+                       [&](const char* name) { return nodeName == QLatin1String(name); });
+}
+
+void ORXImgProcessingFeature::updateMatrix()
+{
+    ORXPropertyTreeItem* matrix = pageItem(kCCM);
+    const auto* value =
+        matrix ? dynamic_cast<const CTreeCustomCCMItemValue*>(matrix->value()) : nullptr;
+    if (!value || value->m_nState != CTreeCustomCCMItemValue::InCamera)
+        return;
+    const bool shown =
+        std::all_of(std::begin(kMatrixFeatures), std::end(kMatrixFeatures),
+                    [this](const char* name) { return cameraItem(name)->visible(); });
+    for (const char* name : {kCCMEnable, kCCM})
+        pageItem(name)->setVisible(shown, cameraID());
+    // The open editor reads the coefficients again.
+    if (std::exchange(m_bMatrixChanged, false))
+        matrix->notifyViewUpdate(cameraID(), 1, false);
 }
 
 // Palettes ----------------------------------------------------------------------------------------

@@ -10,7 +10,6 @@
 
 namespace {
 
-
 } // namespace
 
 ORXLUTThread::ORXLUTThread(QObject* parent)

@@ -1,33 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/RegionDrawWidget.h"
 
-#include "styledctl/ZELCustom.h"
+#include "pages/RegionGeometry.h"
+#include "pages/RegionPainter.h"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMap>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QtMath>
 
 #include <cmath>
 
 namespace {
 
-constexpr int kMargin = 14;
-constexpr int kCaptionHeight = 22;
-constexpr double kGrabPx = 7.0;   // how far from an edge it can be grabbed
-constexpr double kHandlePx = 7.0; // side of a handle
-const char kBackground[] = "RegionDrawWidgetColor_Background";
-const char kSensor[] = "RegionDrawWidgetColor_Sensor";
-const char kRegion[] = "RegionDrawWidgetColor_Region";
-const char kAutoArea[] = "RegionDrawWidgetColor_AutoFunctionArea";
-const char kText[] = "RegionDrawWidgetColor_Font";
-
-QColor colour(const char* key)
-{
-    return ZELCustom::getDataBaseColor(QString::fromLatin1(key));
-}
+constexpr double kGrabPx = 7.0; // how far from an edge it can be grabbed
 
 qint64 rounded(double value)
 {
@@ -55,11 +42,8 @@ void RegionDrawWidget::setTexts()
 
 int RegionDrawWidget::usefulHeight(int width) const
 {
-    const QSize sensor = sensorSize();
-    const double picture = double(width - 2 * kMargin) * sensor.height() / sensor.width();
     return qMax(minimumSizeHint().height(),
-                static_cast<int>(qMin(picture, double(QWIDGETSIZE_MAX / 2))) + 2 * kMargin +
-                    kCaptionHeight);
+                RegionGeometry::heightForWidth(width, image(), autoArea()));
 }
 
 QSize RegionDrawWidget::sizeHint() const
@@ -105,41 +89,14 @@ const RegionArea* RegionDrawWidget::edited() const
 
 // Geometry ----------------------------------------------------------------------------------------
 
-QSize RegionDrawWidget::sensorSize() const
+RegionGeometry RegionDrawWidget::place() const
 {
-    return m_image ? m_image->extent() : m_autoArea ? m_autoArea->extent() : QSize(1, 1);
-}
-
-double RegionDrawWidget::scale() const
-{
-    const QSize sensor = sensorSize();
-    const double x = double(width() - 2 * kMargin) / sensor.width();
-    const double y = double(height() - 2 * kMargin - kCaptionHeight) / sensor.height();
-    return qMax(1e-9, qMin(x, y));
-}
-
-// Where pixel (0, 0) of the area's coordinates stands in the widget. An automatic looks at the
-// image, so its area begins where the image region begins.
-QPointF RegionDrawWidget::origin(const RegionArea* area) const
-{
-    const QSizeF shown = QSizeF(sensorSize()) * scale();
-    QPointF corner((width() - shown.width()) / 2, (height() - kCaptionHeight - shown.height()) / 2);
-    if (m_autoArea && area == &*m_autoArea && m_image)
-        corner += QPointF(m_image->rect().topLeft()) * scale();
-    return corner;
-}
-
-QRectF RegionDrawWidget::rectOf(const RegionArea* area, const RegionArea::Target& target) const
-{
-    const double s = scale();
-    return QRectF(double(target.x.offset) * s, double(target.y.offset) * s,
-                  double(target.x.size) * s, double(target.y.size) * s)
-        .translated(origin(area));
+    return {size(), image(), autoArea()};
 }
 
 QRectF RegionDrawWidget::toWidget(const RegionArea::Target& target) const
 {
-    return rectOf(edited(), target);
+    return place().rectOf(edited(), target);
 }
 
 int RegionDrawWidget::sidesAt(const QPointF& position) const
@@ -147,7 +104,7 @@ int RegionDrawWidget::sidesAt(const QPointF& position) const
     const RegionArea* area = edited();
     if (!area)
         return NoSide;
-    const QRectF rect = rectOf(area, area->current());
+    const QRectF rect = toWidget(area->current());
     if (!rect.adjusted(-kGrabPx, -kGrabPx, kGrabPx, kGrabPx).contains(position))
         return NoSide;
     // In a small region there must be a middle left to move it by.
@@ -169,7 +126,7 @@ RegionArea::Target RegionDrawWidget::targetAt(const QPointF& position) const
 {
     const RegionArea* area = edited();
     RegionArea::Target target = area->current();
-    const QPointF way = (position - m_pressed) / scale();
+    const QPointF way = (position - m_pressed) / place().scale();
     if (m_sides == AllSides)
         return {area->x().moved(target.x.offset + rounded(way.x())),
                 area->y().moved(target.y.offset + rounded(way.y()))};
@@ -318,65 +275,35 @@ void RegionDrawWidget::changeEvent(QEvent* event)
 void RegionDrawWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(rect(), colour(kBackground));
+    RegionPainter picture(painter);
+    picture.drawBackground(rect());
     if (!hasAreas())
         return;
-    const RegionArea* sensor = m_image ? &*m_image : &*m_autoArea;
-    const RegionArea::Target whole = {{0, sensor->extent().width()},
-                                      {0, sensor->extent().height()}};
-    painter.fillRect(rectOf(sensor, whole), colour(kSensor));
-    if (m_image)
-        drawArea(painter, *m_image, kRegion);
-    if (m_autoArea)
-        drawArea(painter, *m_autoArea, kAutoArea);
-    painter.setPen(colour(kText));
-    // Right below the picture.
-    const QRect line(0, qCeil(rectOf(sensor, whole).bottom()) + kMargin / 2, width(),
-                     kCaptionHeight);
-    painter.drawText(line, Qt::AlignCenter, caption(width() - kMargin));
-    if (hasFocus()) {
-        painter.setPen(QPen(colour(kRegion), 1, Qt::DotLine));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
-    }
+    const RegionGeometry where = place();
+    picture.drawSensor(where.sensor());
+    const auto draw = [&](RegionPainter::Kind kind, const RegionArea* area, const QString& label) {
+        if (area)
+            picture.drawArea(kind, where.rectOf(area, shownTarget(*area)), area == edited(),
+                             m_image && m_autoArea ? label : QString());
+    };
+    draw(RegionPainter::ImageRegion, image(), tr("ROI"));
+    draw(RegionPainter::AutoFunctionArea, autoArea(), tr("AOI"));
+    picture.drawCaption(where.caption(), caption(where.caption().width()));
+    if (hasFocus())
+        picture.drawFocusFrame(rect());
 }
 
-void RegionDrawWidget::drawArea(QPainter& painter, const RegionArea& area,
-                                const char* colourKey) const
+RegionArea::Target RegionDrawWidget::shownTarget(const RegionArea& area) const
 {
-    const bool isEdited = &area == edited();
-    const QRectF rect = rectOf(&area, isEdited && m_target ? *m_target : area.current());
-    QColor line = colour(colourKey);
-    QColor fill = line;
-    fill.setAlphaF(isEdited ? 0.22 : 0.08);
-    painter.setBrush(fill);
-    painter.setPen(QPen(line, isEdited ? 2.0 : 1.0, isEdited ? Qt::SolidLine : Qt::DashLine));
-    painter.drawRect(rect);
-    if (!isEdited)
-        return;
-    painter.setBrush(line);
-    painter.setPen(Qt::NoPen);
-    const double xs[] = {rect.left(), rect.center().x(), rect.right()};
-    const double ys[] = {rect.top(), rect.center().y(), rect.bottom()};
-    for (int column = 0; column < 3; ++column) {
-        for (int row = 0; row < 3; ++row) {
-            if (column != 1 || row != 1)
-                painter.drawRect(QRectF(xs[column] - kHandlePx / 2, ys[row] - kHandlePx / 2,
-                                        kHandlePx, kHandlePx));
-        }
-    }
+    return &area == edited() && m_target ? *m_target : area.current();
 }
 
 QString RegionDrawWidget::caption(int width) const
 {
-    const RegionArea* area = edited();
-    if (!area)
-        area = m_mode == DrawAutoFunctionArea && m_autoArea ? &*m_autoArea
-                                                            : (m_image ? &*m_image : nullptr);
+    const RegionArea* area = m_mode == DrawAutoFunctionArea && m_autoArea ? autoArea() : image();
     if (!area)
         return {};
-    const RegionArea::Target shown = area == edited() && m_target ? *m_target : area->current();
+    const RegionArea::Target shown = shownTarget(*area);
     const QString place = tr("%1 × %2 at (%3, %4)")
                               .arg(shown.x.size)
                               .arg(shown.y.size)

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+class RegionGeometry;
+
 // A picture of the sensor: the image region in it, and the automatics' area in the image. One of
 // the two can be edited: moved and resized by the mouse, or with the keyboard (arrows move, with
 // Shift they resize, by the camera's increments; Escape takes a drag back). Nothing is written
@@ -52,16 +54,15 @@ private:
     // Which sides of the region follow the pointer; all together: it is moved.
     enum Side { NoSide = 0, Left = 1, Right = 2, Top = 4, Bottom = 8, AllSides = 15 };
 
-    QSize sensorSize() const;
-    double scale() const;
-    QPointF origin(const RegionArea* area) const;
-    QRectF rectOf(const RegionArea* area, const RegionArea::Target& target) const;
+    const RegionArea* image() const { return m_image ? &*m_image : nullptr; }
+    const RegionArea* autoArea() const { return m_autoArea ? &*m_autoArea : nullptr; }
+    RegionGeometry place() const;
+    RegionArea::Target shownTarget(const RegionArea& area) const;
     int sidesAt(const QPointF& position) const;
     RegionArea::Target targetAt(const QPointF& position) const;
     void showCursor(const QPointF& position);
     void finishEdit();
     void cancelEdit();
-    void drawArea(QPainter& painter, const RegionArea& area, const char* colourKey) const;
     QString caption(int width) const;
     void setTexts();
 

@@ -2,16 +2,12 @@
 #include "pages/SelectorStateThread.h"
 
 #include "device/OBDeviceControl.h"
-#include "reading/ThreadAnnotations.h"
-
-#include <QMutex>
+#include "pages/StoppableFeatureLock.h"
 
 #include <optional>
 #include <utility>
 
 namespace {
-
-constexpr int kLockTryMs = 20;
 
 std::optional<quint32> numberOf(const QString& enumeration)
 {
@@ -138,27 +134,15 @@ void SelectorStateThread::run()
     }
 }
 
-bool SelectorStateThread::lockFeatures(QMutex* featureMutex) const
-{
-    while (!m_bStop) {
-        if (featureMutex->tryLock(kLockTryMs)) {
-            OBFT_HAPPENS_AFTER(featureMutex);
-            return true;
-        }
-    }
-    return false;
-}
-
 void SelectorStateThread::runJob(const Job& job)
 {
-    if (!lockFeatures(job.featureMutex))
+    const StoppableFeatureLock lock(job.featureMutex, m_bStop);
+    if (!lock.isLocked())
         return;
     if (job.isWrite)
         writeState(job);
     else
         readStates(job);
-    OBFT_HAPPENS_BEFORE(job.featureMutex);
-    job.featureMutex->unlock();
 }
 
 void SelectorStateThread::readStates(const Job& job)

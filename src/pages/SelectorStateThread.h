@@ -85,7 +85,6 @@ private:
     void answer(const Answer& found);
     void readStates(const Job& job);
     void writeState(const Job& job);
-    bool lockFeatures(QMutex* featureMutex) const;
 
     std::mutex m_mutex;
     std::condition_variable m_changed;

@@ -34,7 +34,11 @@ QIcon paletteIcon(int position)
     constexpr int kCount = sizeof(kPaletteNames) / sizeof(kPaletteNames[0]);
     const QString name =
         position < kCount ? QString::fromLatin1(kPaletteNames[position]) : QString();
-    return QIcon(QStringLiteral(":/ORX/Temperature/%1.png").arg(name));
+    const QString file = QStringLiteral(":/ORX/Temperature/%1.png").arg(name);
+    QIcon icon(file);
+    // The colours are what the user chooses by: a selected entry shows them as they are, too.
+    icon.addFile(file, QSize(), QIcon::Selected);
+    return icon;
 }
 
 bool isChinese()

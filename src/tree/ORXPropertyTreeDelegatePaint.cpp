@@ -39,8 +39,8 @@ void ORXPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
                                     const QModelIndex& index) const
 {
     const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
-    // Groups directly below the root are named by the side column.
-    if (!item || !index.parent().isValid())
+    // Groups directly below the root are named by the side column; what is drawn stands elsewhere.
+    if (!item || !index.parent().isValid() || item->tag() == FeatureTag::Draw)
         return;
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);

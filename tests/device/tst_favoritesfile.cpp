@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/FavoritesFile.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -52,6 +53,16 @@ private slots:
                      "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>"
                      "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>"
                      "</Favorites>"));
+    }
+
+    void fullDiskKeepsTheFileBefore()
+    {
+        writeFile("old");
+        {
+            const FileSizeLimit full(16);
+            FavoritesFile::save({{"Gain"_s, "Gain Raw"_s}});
+        }
+        QCOMPARE(fileBytes(), QByteArray("old"));
     }
 
     void orderAndDuplicatesSurvive()

@@ -3,9 +3,13 @@
 
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
+#include "pages/ORXImgProcessingFeature.h"
+#include "reading/QGetFeaturesThread.h"
+#include "styledctl/ZELCustomMessageBox.h"
 
 void DemoPageTest::prepare()
 {
+    OBDeviceControl::SetUserLevel(0);
     m_clock = std::make_unique<ManualClock>();
     m_demo = std::make_unique<DemoCamera>(m_clock.get());
 }
@@ -23,7 +27,8 @@ void DemoPageTest::finish()
 
 void DemoPageTest::open(const QStringList& lacking, int language)
 {
-    m_camera = std::make_unique<MeddledCamera>(*m_demo, lacking);
+    if (!m_camera)
+        m_camera = std::make_unique<MeddledCamera>(*m_demo, lacking);
     m_window = std::make_unique<PageWindow>(*m_camera, language);
 }
 
@@ -37,9 +42,40 @@ int DemoPageTest::write(const char* name, const char* text)
     return m_demo->write(kTypes.value(node->tag.c_str(), OB_FT_TYPE_INTEGER), name, text);
 }
 
-qint64 DemoPageTest::read(const char* name)
+qint64 DemoPageTest::read(const char* name) const
 {
     _ZDCC_INTVALUE_EX_T record = {};
     m_demo->read(OB_FT_TYPE_INTEGER, name, &record);
     return record.value;
+}
+
+void DemoPageTest::watchSelection(const char* selector, qint64 selected, const char* feature)
+{
+    m_strangeReads = 0;
+    m_camera = std::make_unique<MeddledCamera>(*m_demo);
+    m_camera->beforeRead = [this, selector, selected, feature](const QString& name) {
+        if (name != QLatin1String(feature))
+            return;
+        // The slower the others, the longer the selector is away from its place.
+        if (!qobject_cast<QGetFeaturesThread*>(QThread::currentThread()))
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        else if (read(selector) != selected)
+            ++m_strangeReads;
+    };
+}
+
+ORXImgProcessingFeature* DemoPageTest::imagePage() const
+{
+    return m_window->widget()->findChild<ORXImgProcessingFeature*>();
+}
+
+const ZELCustomMessageBox* DemoPageTest::messageBox() const
+{
+    const auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
+    return box && box->isVisible() ? box : nullptr;
+}
+
+QString DemoPageTest::message() const
+{
+    return messageBox() ? messageBox()->cContent() : QString();
 }

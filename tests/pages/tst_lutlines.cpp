@@ -293,6 +293,9 @@ private slots:
             line->replaceBy(wild);
             QCOMPARE(line->boundedTable(), wild);
         }
+        const LUTPoints handles = fold.handles();
+        fold.replaceBy(fold.boundedTable());
+        QCOMPARE(fold.handles(), handles);
         // An edit needs the line's own shape again.
         QVERIFY(fold.press({0, 239}, m_plot));
         fold.release({0, 0}, m_plot);

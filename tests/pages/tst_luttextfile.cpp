@@ -1,46 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 // Text files of look-up tables: their bytes, files that are not what they should be, full disks.
 #include "pages/LUTTextFile.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
 
 constexpr int kPoints = 8; // of the tables here
 constexpr int kMaxValue = 255;
-
-// No file of this process may grow beyond the limit while it lives; writing more fails as on a full
-// disk.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        m_signal = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limited = m_before;
-        limited.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_signal);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_before = {};
-    void (*m_signal)(int) = nullptr;
-};
 
 LUTPoints points(int count)
 {
@@ -89,14 +62,22 @@ private slots:
         QCOMPARE(read, written);
     }
 
+    void fullDiskKeepsTheFileBefore_data()
+    {
+        const Rows<int> row("count");
+        row("written at once", 4096);
+        row("buffered", 600);
+    }
+
     void fullDiskKeepsTheFileBefore()
     {
+        QFETCH(int, count);
         QVERIFY(LUTTextFile::write(path("a.txt"), points(kPoints)));
         const QByteArray before = bytesOf(path("a.txt"));
         {
             const FileSizeLimit full(4096);
-            QVERIFY(!LUTTextFile::write(path("a.txt"), points(4096)));
-            QVERIFY(!LUTTextFile::write(path("new.txt"), points(4096)));
+            QVERIFY(!LUTTextFile::write(path("a.txt"), points(count)));
+            QVERIFY(!LUTTextFile::write(path("new.txt"), points(count)));
         }
         QCOMPARE(bytesOf(path("a.txt")), before);
         QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files), QStringList{"a.txt"_s});

@@ -118,11 +118,7 @@ private:
         OB_FT_Close(); // nothing else reads
         m_camera->closeGate(kValue, MeddledCamera::Reads);
     }
-    QString shownMessage() const
-    {
-        const auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
-        return box && box->isVisible() ? box->cTextTitle() : QString();
-    }
+    QString shownMessage() const { return messageBox() ? messageBox()->cTextTitle() : QString(); }
 
 private slots:
     void cellsShowTheCamera()
@@ -239,6 +235,37 @@ private slots:
         QVERIFY(!matrix.isOn());
         QVERIFY(!matrix.cell(3)->isEnabled());
         QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
+    }
+
+    void switchingNeedsNoSwitchOfTheMatrix()
+    {
+        write(kTransformation, "1");
+        open({"CCMEnable"_s});
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        m_camera->forget();
+        matrix.userSwitches(true);
+        QCOMPARE(m_camera->writes(), QStringList("ColorTransformationEnable=0"_s));
+        QVERIFY(matrix.isOn() && !messageBox());
+    }
+
+    // While the coefficients are read no pass must take one for that of the selected entry.
+    void passesSeeTheirOwnCoefficient()
+    {
+        setCoefficient("6", "0.5");
+        watchSelection(kSelector, 6, kValue);
+        openSwitchedOn();
+        const auto* shown = m_window->item(kTree, kValue)->value();
+        const auto* selected = m_window->item(kTree, kSelector)->value();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        for (int i = 0; i < 10; ++i) {
+            OB_FT_UpdateFeatures();
+            do
+                QVERIFY(matrix.read());
+            while (m_window->tree()->isReading());
+            QCOMPARE(selected->value().toInt(), 6);
+            QCOMPARE(shown->value().toFloat(), 0.5F);
+        }
+        QCOMPARE(strangeReads(), 0);
     }
 
     void switchingWhileReadingWins()

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The common features page in the window, on the simulated camera.
 #include "CameraError.h"
-#include "device/OBDeviceControl.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "pages/DemoPageTest.h"
+#include "pages/CuratedPageTest.h"
 #include "pages/ORXCommonFeature.h"
 #include "styledctl/ZELCustomMessageBox.h"
 
@@ -11,7 +10,6 @@
 
 namespace {
 
-constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
 constexpr int kPage = ORXMainFeatureWidget::CommonTab;
 constexpr char kCommand[] = "Custom_BalanceCommand";
 constexpr char kRatio[] = "Custom_BalanceRatio";
@@ -19,15 +17,32 @@ constexpr char kSelector[] = "Custom_BalanceRatioSelector";
 
 } // namespace
 
-class TestORXCommonFeature : public DemoPageTest
+class TestORXCommonFeature : public CuratedPageTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override
+public:
+    TestORXCommonFeature()
+        : CuratedPageTest(
+              {kPage,
+               {"Common Features"_s, "Basic Features"_s, "ISP"_s, "Transport Layer Control"_s},
+               {"常用参数"_s, "基本参数"_s, "图像信号处理"_s, "传输层控制"_s},
+               {{"Custom_BasicGroup",
+                 words("AcquisitionFrameRateEnable AcquisitionFrameRate ResultingFrameRate "
+                       "ExposureAuto ExposureTime GainAuto Gain Width Height PixelFormat "
+                       "TestPattern DigitalShift AcquisitionLineRate AcquisitionLineRateEnable "
+                       "ResultingLineRate")},
+                {"Custom_ISPGroup",
+                 words("GammaEnable GammaSelector Gamma SharpnessEnable Sharpness Brightness "
+                       "HueEnable Hue SaturationEnable Saturation BalanceWhiteAuto "
+                       "BalanceColorTemperatureMode Custom_BalanceRatioSelector "
+                       "Custom_BalanceRatio Custom_BalanceCommand ShadingSelector ActivateShading "
+                       "FPNCUserEnable PRNUCUserEnable")},
+                {"Custom_TransportLayerGroup",
+                 words("GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "
+                       "ClConfiguration DeviceConnectionConfig DeviceConnectionConfigDefault")}},
+               words("Custom_BalanceRatioSelector Custom_BalanceRatio")})
     {
-        OBDeviceControl::SetUserLevel(0);
-        DemoPageTest::prepare();
     }
 
 private:
@@ -44,59 +59,6 @@ private:
 
 private slots:
     // Rows ----------------------------------------------------------------------------------------
-    void groupsHoldTheirFeatures_data()
-    {
-        const Rows<QByteArray, QStringList> row("group", "names");
-        row("basic", "Custom_BasicGroup",
-            "AcquisitionFrameRateEnable AcquisitionFrameRate ResultingFrameRate ExposureAuto "
-            "ExposureTime GainAuto Gain Width Height PixelFormat TestPattern DigitalShift "
-            "AcquisitionLineRate AcquisitionLineRateEnable ResultingLineRate");
-        row("image signal processing", "Custom_ISPGroup",
-            "GammaEnable GammaSelector Gamma SharpnessEnable Sharpness Brightness HueEnable Hue "
-            "SaturationEnable Saturation BalanceWhiteAuto BalanceColorTemperatureMode "
-            "Custom_BalanceRatioSelector Custom_BalanceRatio Custom_BalanceCommand ShadingSelector "
-            "ActivateShading FPNCUserEnable PRNUCUserEnable");
-        row("transport layer", "Custom_TransportLayerGroup",
-            "GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry ClConfiguration "
-            "DeviceConnectionConfig DeviceConnectionConfigDefault");
-    }
-
-    void groupsHoldTheirFeatures()
-    {
-        QFETCH(QByteArray, group);
-        QFETCH(QStringList, names);
-        open();
-        QCOMPARE(m_window->groups(kPage),
-                 words("Custom_BasicGroup Custom_ISPGroup Custom_TransportLayerGroup"));
-        QCOMPARE(m_window->items(kPage, group), names);
-        // Each row shows exactly what the whole tree shows; own items have rules of their own.
-        for (const QString& name : qAsConst(names)) {
-            const QByteArray latin = name.toLatin1();
-            if (!latin.startsWith("Custom_"))
-                QVERIFY2(m_window->item(kPage, latin) == m_window->item(kTree, latin),
-                         latin.constData());
-        }
-        QVERIFY(m_window->show(kPage, names.first().toLatin1()));
-        QVERIFY(m_window->isRowShown(kPage, group));
-    }
-
-    void titlesInBothLanguages_data()
-    {
-        const Rows<int, QStringList> row("language", "titles");
-        row("English", 0,
-            QStringList{"Common Features"_s, "Basic Features"_s, "ISP"_s,
-                        "Transport Layer Control"_s});
-        row("Chinese", 1,
-            QStringList{"常用参数"_s, "基本参数"_s, "图像信号处理"_s, "传输层控制"_s});
-    }
-
-    void titlesInBothLanguages()
-    {
-        QFETCH(int, language);
-        open({}, language);
-        QTEST(m_window->titles(kPage), "titles");
-    }
-
     void missingFeaturesLeaveNoRows()
     {
         open(words("Gain GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "

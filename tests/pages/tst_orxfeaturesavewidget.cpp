@@ -300,34 +300,31 @@ private slots:
         QTRY_VERIFY(widget.isNull());
     }
 
-    void unpluggedCameraEndsTheWait()
+    void waitEndsByItself_data()
     {
-        MessageGuard::ignoreMessage(QtCriticalMsg,
-                                    "Loading a user set: the camera does not answer any more");
-        open();
-        inDialog([&](ORXFeatureSaveWidget* dialog) {
-            UserSetLoadWait::Limits limits;
-            limits.lostMs = 400;
-            dialog->setLoadLimits(limits);
-            press(
-                dialog, 4, [&] { return isWaiting(dialog); }, [&] { m_camera->unplug(); });
-            QCOMPARE(m_seen, QStringList{kNotConfirmed});
-            QTRY_VERIFY(!button(dialog, 4)->isEnabled());
-        });
+        const Rows<bool, QString> row("unplugged", "line");
+        row("camera unplugged", true, "Loading a user set: the camera does not answer any more");
+        row("endless load", false, "still says that it is loading");
     }
 
-    void endlessLoadEndsByItself()
+    void waitEndsByItself()
     {
-        MessageGuard::ignoreMessage(QtCriticalMsg,
-                                    QRegularExpression("still says that it is loading"_s));
+        QFETCH(bool, unplugged);
+        QFETCH(QString, line);
+        MessageGuard::ignoreMessage(QtCriticalMsg, QRegularExpression(line));
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             UserSetLoadWait::Limits limits;
-            limits.longestMs = 1500;
+            (unplugged ? limits.lostMs : limits.longestMs) = unplugged ? 400 : 1500;
             dialog->setLoadLimits(limits);
-            press(dialog, 4);
+            press(
+                dialog, 4, [&] { return isWaiting(dialog); },
+                [&] {
+                    if (unplugged)
+                        m_camera->unplug();
+                });
             QCOMPARE(m_seen, QStringList{kNotConfirmed});
-            QVERIFY(button(dialog, 4)->isEnabled());
+            QTRY_COMPARE(button(dialog, 4)->isEnabled(), !unplugged);
         });
     }
 
@@ -396,6 +393,7 @@ private slots:
 
     void levelHidesTheReset()
     {
+        OBDeviceControl::SetUserLevel(1);
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             QCOMPARE(dialog->size(), QSize(370, 438));
@@ -410,7 +408,6 @@ private slots:
 
     void resetClosesAndTellsTheUser()
     {
-        OBDeviceControl::SetUserLevel(0);
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             const QPointer<ORXFeatureSaveWidget> guard(dialog);
@@ -427,7 +424,6 @@ private slots:
 
     void keyboardReachesEveryButton()
     {
-        OBDeviceControl::SetUserLevel(0);
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             QVERIFY(QTest::qWaitForWindowActive(dialog));

@@ -93,44 +93,39 @@ private:
     std::unique_ptr<Said> m_said;
 
 private slots:
-    void readsAWholeTable()
+    void carriesAWholeTable_data()
     {
-        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        const Rows<int, int, int, int> row("type", "loaded", "set", "infos");
+        row("load", ORXLUTThread::LoadFromCamera, 1, 0, 1);
+        row("set", ORXLUTThread::SetToCamera, 0, 1, 0);
+        row("reload, which tells no finish", ORXLUTThread::ReloadFromCamera, 0, 0, 1);
+    }
+
+    void carriesAWholeTable()
+    {
+        QFETCH(int, type);
+        const bool set = type == ORXLUTThread::SetToCamera;
+        const LUTPoints points = squares(kPoints);
+        QVERIFY(start(*m_thread, type, points));
         QTRY_COMPARE(m_said->ends, 1);
-        QCOMPARE(m_said->loaded, 1);
-        QCOMPARE(m_said->infos.size(), 1);
-        QCOMPARE(m_said->infos.first().maximumIndex, kPoints - 1);
-        QCOMPARE(m_said->infos.first().maximumValue, 4095);
-        QCOMPARE(m_said->infos.first().xScale, 239.0F / 4095.0F);
-        QCOMPARE(m_said->infos.first().yScale, 239.0F / 4095.0F);
-        QCOMPARE(valuesOf(m_thread->points()), m_camera->table());
+        QTEST(m_said->loaded, "loaded");
+        QTEST(m_said->set, "set");
+        QTEST(m_said->infos.size(), "infos");
+        QCOMPARE(m_camera->table(), valuesOf(set ? points : m_thread->points()));
+        QCOMPARE(m_camera->written().size(), set ? kPoints : 0);
+        QCOMPARE(m_said->reports.first().done, kPoints);
         QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
-        // Two reads of the limits, then an index and a value for each point.
-        QCOMPARE(m_camera->calls(), 2 + 2 * kPoints);
-        QCOMPARE(m_camera->written().size(), 0);
+        // An index and a value for each point; before a read the limits of both.
+        QCOMPARE(m_camera->calls(), (set ? 0 : 2) + 2 * kPoints);
         // Progress comes often enough to watch, and does not flood the GUI thread.
         QVERIFY(m_said->progress.size() >= 50 && m_said->progress.size() <= 200);
         QCOMPARE(m_said->progress.last(), qMakePair(kPoints, kPoints));
-    }
-
-    void writesAWholeTable()
-    {
-        const LUTPoints points = squares(kPoints);
-        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-        QTRY_COMPARE(m_said->ends, 1);
-        QCOMPARE(m_said->set, 1);
-        QCOMPARE(m_said->infos.size(), 0);
-        QCOMPARE(m_camera->table(), valuesOf(points));
-        QCOMPARE(m_said->reports.first().done, kPoints);
-        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
-    }
-
-    void reloadTellsNoFinish()
-    {
-        QVERIFY(start(*m_thread, ORXLUTThread::ReloadFromCamera));
-        QTRY_COMPARE(m_said->ends, 1);
-        QCOMPARE(m_said->infos.size(), 1);
-        QCOMPARE(m_said->loaded + m_said->set, 0);
+        for (const Said::Info& info : m_said->infos) {
+            QCOMPARE(info.maximumIndex, kPoints - 1);
+            QCOMPARE(info.maximumValue, 4095);
+            QCOMPARE(info.xScale, 239.0F / 4095.0F);
+            QCOMPARE(info.yScale, 239.0F / 4095.0F);
+        }
     }
 
     void sillyLimits_data()
@@ -318,22 +313,6 @@ private slots:
         }
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         QTRY_COMPARE(m_thread->points().size(), kPoints);
-    }
-
-    void destructionWaitsForTheHostsCall()
-    {
-        MessageGuard::ignoreMessage(QtCriticalMsg,
-                                    QRegularExpression("LUT: writing stopped after 1 of 4096"_s));
-        m_camera->holdAtCall(3);
-        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, squares(kPoints)));
-        QTRY_VERIFY(m_camera->isHolding());
-        // The call returns once the destructor has been waiting for it for a second.
-        std::thread host([this] { m_camera->releaseWhenAwaited(); });
-        m_said.reset();
-        m_thread.reset();
-        host.join();
-        QVERIFY(!m_camera->isHolding());
-        QCOMPARE(m_camera->calls(), 3);
     }
 };
 

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The trigger and IO page in the window, on the simulated camera.
-#include "device/OBDeviceControl.h"
 #include "model/CTreeIntergerItemValue.h"
-#include "pages/DemoPageTest.h"
+#include "pages/CuratedPageTest.h"
 #include "support/Periods.h"
 
 namespace {
 
-constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
 constexpr int kPage = ORXMainFeatureWidget::TriggerTab;
 constexpr char kTime[] = "Custom_AutoTrigTime";
 constexpr char kEnable[] = "Custom_EnableAutoTrig";
@@ -15,15 +13,32 @@ constexpr char kTrigger[] = "TriggerSoftware";
 
 } // namespace
 
-class TestORXTriggerFeature : public DemoPageTest
+class TestORXTriggerFeature : public CuratedPageTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override
+public:
+    TestORXTriggerFeature()
+        : CuratedPageTest(
+              {kPage,
+               {"Trigger"_s, "IO Input"_s, "IO Output"_s, "Encoder Control"_s,
+                "Frequency Converter Control"_s},
+               {"触发"_s, "IO 输入"_s, "IO 输出"_s, "编码器控制"_s, "频率转换控制"_s},
+               {{"Custom_Trigger",
+                 words("TriggerSelector TriggerMode TriggerSource TriggerActivation TriggerDelay "
+                       "Custom_AutoTrigTime Custom_EnableAutoTrig TriggerSoftware")},
+                {"Custom_IOControl",
+                 words("LineSelector LineMode LineDebouncerTime LineSource HardwareTriggerSource "
+                       "HardwareTriggerActivation LineTriggerSoftware StrobeEnable "
+                       "StrobeLineDuration StrobeLineDelay StrobeLinePreDelay")},
+                {"Custom_EncoderControl",
+                 words("EncoderSelector EncoderSourceA EncoderSourceB EncoderOutputMode "
+                       "EncoderCounterMode EncoderCounter EncoderCounterMax EncoderCounterReset "
+                       "EncoderMaxReverseCounter EncoderReverseCounterReset")},
+                {"Custom_FrequencyConverterControl",
+                 words("InputSource PreDivider Multiplier PostDivider")}},
+               {}})
     {
-        OBDeviceControl::SetUserLevel(0);
-        DemoPageTest::prepare();
     }
 
 private:
@@ -31,61 +46,6 @@ private:
     bool isOn() const { return m_window->shown(kPage, kEnable) == QLatin1String("checked"); }
 
 private slots:
-    // Rows ----------------------------------------------------------------------------------------
-    void groupsHoldTheirFeatures_data()
-    {
-        const Rows<QByteArray, QStringList> row("group", "names");
-        row("trigger", "Custom_Trigger",
-            "TriggerSelector TriggerMode TriggerSource TriggerActivation TriggerDelay "
-            "Custom_AutoTrigTime Custom_EnableAutoTrig TriggerSoftware");
-        row("lines", "Custom_IOControl",
-            "LineSelector LineMode LineDebouncerTime LineSource HardwareTriggerSource "
-            "HardwareTriggerActivation LineTriggerSoftware StrobeEnable StrobeLineDuration "
-            "StrobeLineDelay StrobeLinePreDelay");
-        row("encoder", "Custom_EncoderControl",
-            "EncoderSelector EncoderSourceA EncoderSourceB EncoderOutputMode EncoderCounterMode "
-            "EncoderCounter EncoderCounterMax EncoderCounterReset EncoderMaxReverseCounter "
-            "EncoderReverseCounterReset");
-        row("frequency converter", "Custom_FrequencyConverterControl",
-            "InputSource PreDivider Multiplier PostDivider");
-    }
-
-    void groupsHoldTheirFeatures()
-    {
-        QFETCH(QByteArray, group);
-        QFETCH(QStringList, names);
-        open();
-        QCOMPARE(m_window->groups(kPage),
-                 words("Custom_Trigger Custom_IOControl Custom_EncoderControl "
-                       "Custom_FrequencyConverterControl"));
-        QCOMPARE(m_window->items(kPage, group), names);
-        QVERIFY(m_window->show(kPage, names.first().toLatin1()));
-        for (const QString& name : qAsConst(names)) {
-            const QByteArray latin = name.toLatin1();
-            const ORXPropertyTreeItem* whole = m_window->item(kTree, latin);
-            QVERIFY2(latin.startsWith("Custom_") || m_window->item(kPage, latin) == whole, latin);
-            // All rows of the shown group are there that the camera has now.
-            QVERIFY2(m_window->isRowShown(kPage, latin) == (!whole || whole->visible()), latin);
-        }
-    }
-
-    void titlesInBothLanguages_data()
-    {
-        const Rows<int, QStringList> row("language", "titles");
-        row("English", 0,
-            QStringList{"Trigger"_s, "IO Input"_s, "IO Output"_s, "Encoder Control"_s,
-                        "Frequency Converter Control"_s});
-        row("Chinese", 1,
-            QStringList{"触发"_s, "IO 输入"_s, "IO 输出"_s, "编码器控制"_s, "频率转换控制"_s});
-    }
-
-    void titlesInBothLanguages()
-    {
-        QFETCH(int, language);
-        open({}, language);
-        QTEST(m_window->titles(kPage), "titles");
-    }
-
     // Automatic software trigger ------------------------------------------------------------------
     void ownItemsBegin()
     {

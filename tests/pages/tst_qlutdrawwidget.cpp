@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The curve editor as the user meets it: drawn with the mouse, moved with keys, exchanged with a
-// camera and with files, closed in the middle of it all.
+// camera, closed in the middle of it all. Files and unplugged cameras are
+// tst_orximgprocessingtransfers' subject.
 #include "basetools/ORXInterface.h"
 #include "model/CTreeItemValue.h"
 #include "pages/LutCamera.h"
@@ -13,11 +14,9 @@
 #include "support/TestMain.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -58,7 +57,6 @@ class TestQLutDrawWidget : public GuardedTest
 protected:
     void prepare() override
     {
-        m_directory = std::make_unique<QTemporaryDir>();
         makeCamera(kPoints);
         m_window = std::make_unique<QWidget>();
         auto* layout = new QVBoxLayout(m_window.get());
@@ -81,7 +79,6 @@ protected:
             m_camera->release();
         m_window.reset();
         m_camera.reset();
-        m_directory.reset();
     }
 
 private:
@@ -103,19 +100,6 @@ private:
     }
     QString message() const { return box() ? box()->cContent() : QString(); }
     int hint() const { return box() ? box()->cHintStyle() : 0; }
-    void answerDialogs(const QString& path)
-    {
-        m_asked.clear();
-        ORXInterface::setFileDialogHook([this, path](ORXInterface::FileDialogKind,
-                                                     const QString& title, const QString& filter) {
-            m_asked = QStringList{title, filter};
-            return path;
-        });
-    }
-    QString path(const char* name) const
-    {
-        return m_directory->filePath(QString::fromLatin1(name));
-    }
     void drawSomething(int type)
     {
         m_widget->SetDrawLineChanged(type);
@@ -127,11 +111,9 @@ private:
             dragMouse(m_widget, {at(119, 120), at(150, 40)});
     }
 
-    std::unique_ptr<QTemporaryDir> m_directory;
     std::unique_ptr<LutCamera> m_camera;
     std::unique_ptr<QWidget> m_window;
     QLUTDrawWidget* m_widget = nullptr; // Owned by the window.
-    QStringList m_asked;                // title and filter of the last file dialog
 
 private slots:
     void drawnLineReachesTheCamera_data()
@@ -173,20 +155,6 @@ private slots:
         QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), drawn);
     }
 
-    void loadShowsTheCamerasTable()
-    {
-        m_camera->setTable([](int i) { return 4095 - 4 * i; });
-        m_widget->LoadFromCamera();
-        QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
-        QVERIFY(waitForEnd());
-        QCOMPARE(message(), "Loading from camera completed."_s);
-        QCOMPARE(hint(), 5);
-        for (const int type : {2, 0, 1}) {
-            m_widget->SetDrawLineChanged(type);
-            QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
-        }
-    }
-
     void treeShowsWhereTheTransferEnded()
     {
         using namespace DescriptionBuilder;
@@ -208,140 +176,36 @@ private slots:
         QTRY_COMPARE(shown().toInt(), 3);
     }
 
-    void numberOfPointsFollowsTheCamera()
+    void loadShowsTheCamerasTable_data()
     {
-        makeCamera(4096);
-        m_camera->announce(4095, 65535);
+        const Rows<int, int> row("points", "maximumValue");
+        row("as many points as before", kPoints, 4095);
+        row("more points and values", 4096, 65535);
+    }
+
+    void loadShowsTheCamerasTable()
+    {
+        QFETCH(int, points);
+        QFETCH(int, maximumValue);
+        makeCamera(points);
+        m_camera->announce(points - 1, maximumValue);
+        m_camera->setTable([=](int i) { return maximumValue - maximumValue / (points - 1) * i; });
         m_widget->LoadFromCamera();
+        QCOMPARE(ZELCustomLoadingDialog::text(kLoadingIndex), "LUT Operating..."_s);
         QVERIFY(waitForEnd());
-        QCOMPARE(QLUTDrawWidget::PointCount(), 4096);
-        QCOMPARE(m_widget->plot().maxValue(), 65535);
-        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
-        QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+        QCOMPARE(message(), "Loading from camera completed."_s);
+        QCOMPARE(hint(), 5);
+        QCOMPARE(QLUTDrawWidget::PointCount(), points);
+        QCOMPARE(m_widget->plot().maxValue(), maximumValue);
+        for (const int type : {0, 1, 2}) {
+            m_widget->SetDrawLineChanged(type);
+            QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), m_camera->table());
+        }
         drawSomething(QLUTDrawWidget::FreeLine);
         const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
         m_widget->SetToCamera();
         QVERIFY(waitForEnd());
         QCOMPARE(m_camera->table(), drawn);
-    }
-
-    void exportThenImportRestores_data()
-    {
-        const Rows<int, bool> row("type", "clear");
-        row("fold line", 0, false);
-        row("curve", 1, false);
-        row("free line", 2, false);
-        row("fold line, cleared meanwhile", 0, true);
-        row("curve, cleared meanwhile", 1, true);
-        row("free line, cleared meanwhile", 2, true);
-    }
-
-    void exportThenImportRestores()
-    {
-        QFETCH(int, type);
-        QFETCH(bool, clear);
-        drawSomething(type);
-        const LUTPoints drawn = m_widget->GetSettinngPoints();
-        const LUTPoints handles = m_widget->currentLine().handles();
-        answerDialogs(path("curve"));
-        m_widget->SaveToFile();
-        QCOMPARE(m_asked, (QStringList{"Save as txt File"_s, "txt File (*.txt)"_s}));
-        QCOMPARE(message(), "Exporting to file completed."_s);
-        QCOMPARE(hint(), 5);
-        QFile file(path("curve.txt"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll().count("\r\n"), 2 * kPoints);
-        if (clear) {
-            m_widget->ClearDraw();
-            QVERIFY(m_widget->GetSettinngPoints() != drawn);
-        }
-        answerDialogs(path("curve.txt"));
-        m_widget->LoadFromFile();
-        QCOMPARE(m_asked, (QStringList{"Open txt File"_s, "txt Files (*.txt)"_s}));
-        QCOMPARE(message(), "Importing from file completed."_s);
-        QCOMPARE(hint(), 5);
-        QCOMPARE(m_widget->GetSettinngPoints(), drawn);
-        if (!clear)
-            QCOMPARE(m_widget->currentLine().handles(), handles);
-    }
-
-    void cancelledDialogsDoNothing()
-    {
-        delete box();
-        const LUTPoints before = m_widget->GetSettinngPoints();
-        answerDialogs(QString());
-        m_widget->SaveToFile();
-        m_widget->LoadFromFile();
-        answerDialogs(path("missing.txt"));
-        m_widget->LoadFromFile();
-        QVERIFY(!box());
-        QCOMPARE(m_widget->GetSettinngPoints(), before);
-    }
-
-    void badFileLeavesTheCurve_data()
-    {
-        const Rows<QByteArray> row("content");
-        row("odd number of lines", "0\r\n1\r\n1\r\n");
-        row("value above the camera's", "0\r\n4096\r\n");
-        row("index above the number of points", "1025\r\n1\r\n");
-        row("too many points", QByteArray("0\r\n1\r\n").repeated(kPoints + 2));
-    }
-
-    void badFileLeavesTheCurve()
-    {
-        QFETCH(QByteArray, content);
-        QFile file(path("bad.txt"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        file.close();
-        const LUTPoints before = m_widget->GetSettinngPoints();
-        answerDialogs(path("bad.txt"));
-        m_widget->LoadFromFile();
-        QCOMPARE(message(), "Failed to import file. Incorrect file format."_s);
-        QCOMPARE(hint(), 3);
-        QCOMPARE(m_widget->GetSettinngPoints(), before);
-    }
-
-    void failedExportKeepsTheFile()
-    {
-        MessageGuard::ignoreMessage(QtCriticalMsg, "Save success,but file is error.");
-        QFile file(path("plain"));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
-        file.close();
-        answerDialogs(path("plain/curve.txt"));
-        m_widget->SaveToFile();
-        QCOMPARE(message(), "File opreation failed, possable storage disk is full."_s);
-        QCOMPARE(hint(), 3);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("mine"));
-    }
-
-    void unplugged_data()
-    {
-        const Rows<bool, QString> row("set", "message");
-        row("while loading", false,
-            "Loading from camera failed after 500 of 1024 points. The curve is unchanged.");
-        row("while setting", true, "Only 500 of 1024 points were applied to the camera.");
-    }
-
-    void unplugged()
-    {
-        QFETCH(bool, set);
-        MessageGuard::expectMessage("Read Feature Failed"_s);
-        MessageGuard::expectMessage("LUT: "_s);
-        const LUTPoints before = m_widget->GetSettinngPoints();
-        // Loading begins with two reads of the limits.
-        m_camera->unplugAtCall(m_camera->calls() + (set ? 0 : 2) + 2 * 500 + 1);
-        if (set)
-            m_widget->SetToCamera();
-        else
-            m_widget->LoadFromCamera();
-        QVERIFY(waitForEnd());
-        QTEST(message(), "message");
-        QCOMPARE(hint(), 3);
-        QCOMPARE(m_camera->written().size(), set ? 500 : 0);
-        QCOMPARE(m_widget->GetSettinngPoints(), before);
-        QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
     }
 
     void closingTheWindowEndsTheTransfer()
@@ -429,9 +293,11 @@ private slots:
         QTRY_VERIFY(m_camera->isHolding());
         dragMouse(m_widget, {at(20, 20), at(200, 100)});
         QTest::keyClick(m_widget, Qt::Key_Up);
-        answerDialogs(path("any.txt"));
+        ORXInterface::setFileDialogHook([](auto, const QString&, const QString&) {
+            QTest::qFail("asked for a file", __FILE__, __LINE__);
+            return QString();
+        });
         m_widget->LoadFromFile();
-        QVERIFY(m_asked.isEmpty());
         QCOMPARE(m_widget->GetSettinngPoints(), before);
         m_camera->release();
         QVERIFY(waitForEnd());

@@ -68,172 +68,152 @@ Q_DECLARE_METATYPE(RegionAxis::Limits)
 class TestRegionArea : public GuardedTest
 {
     Q_OBJECT
+
 private slots:
-    void editsSnap_data();
-    void editsSnap();
-    void whatCannotBeLegalStays_data();
-    void whatCannotBeLegalStays();
-    void everyEditIsLegal();
-    void sillyLimitsAreBounded_data();
-    void sillyLimitsAreBounded();
-    void everyWriteIsLegal();
-};
-
-void TestRegionArea::editsSnap_data()
-{
-    QTest::addColumn<char>("edit");
-    QTest::addColumn<qint64>("to");
-    QTest::addColumn<RegionAxis::Span>("result");
-    const auto row = [](const char* name, char edit, qint64 to, RegionAxis::Span result) {
-        QTest::newRow(name) << edit << to << result;
-    };
-    // From 64+640; sizes 16, 32, ... and offsets 0, 4, ... in 2048.
-    row("move down to the grid", 'm', 65, {64, 640});
-    row("move up to the grid", 'm', 66, {68, 640});
-    row("move beyond the begin", 'm', -500, {0, 640});
-    row("move to the last place", 'm', 1408, {1408, 640});
-    row("move beyond the end", 'm', 5000, {1408, 640});
-    row("end down to the grid", 'e', 711, {64, 640});
-    row("end up to the grid", 'e', 712, {64, 656});
-    row("end at the area's end", 'e', 2048, {64, 1984});
-    row("end beyond the area", 'e', 9999, {64, 1984});
-    row("end before the begin", 'e', 0, {64, 16});
-    row("begin down to the grid", 'b', 81, {80, 624});
-    row("begin between the size's grid", 'b', 84, {84, 608});
-    row("begin at the area's begin", 'b', 0, {0, 704});
-    row("begin beyond the area", 'b', -9999, {0, 704});
-    row("begin beyond the end", 'b', 9999, {688, 16});
-}
-
-void TestRegionArea::editsSnap()
-{
-    QFETCH(char, edit);
-    QFETCH(qint64, to);
-    QFETCH(RegionAxis::Span, result);
-    RegionAxis::Limits limits;
-    limits.sizeMinimum = limits.sizeIncrement = 16;
-    limits.offsetIncrement = 4;
-    limits.extent = 2048;
-    QCOMPARE(text(edited({limits, {64, 640}}, edit, to)), text(result));
-}
-
-void TestRegionArea::whatCannotBeLegalStays_data()
-{
-    QTest::addColumn<RegionAxis::Limits>("limits");
-    QTest::addColumn<RegionAxis::Span>("span");
-    QTest::addColumn<QByteArray>("edits");
-    using Limits = RegionAxis::Limits;
-    // Sizes: minimum, increment; offsets: minimum, increment; extent; maximum of size and offset.
-    QTest::newRow("offset below the minimum, no room above")
-        << Limits{10, 1, 80, 1, 100} << RegionAxis::Span{0, 90} << QByteArray("m");
-    QTest::newRow("too near to the end")
-        << Limits{50, 1, 0, 1, 100} << RegionAxis::Span{80, 20} << QByteArray("e");
-    QTest::newRow("fixed size and place")
-        << Limits{50, 1, 10, 1, 100, 50, 10} << RegionAxis::Span{10, 50} << QByteArray("meb");
-    QTest::newRow("fixed size, begin off the grid")
-        << Limits{50, 1, 0, 4, 100, 50} << RegionAxis::Span{11, 50} << QByteArray("eb");
-}
-
-void TestRegionArea::whatCannotBeLegalStays()
-{
-    QFETCH(RegionAxis::Limits, limits);
-    QFETCH(RegionAxis::Span, span);
-    QFETCH(QByteArray, edits);
-    for (const char edit : qAsConst(edits)) {
-        for (const qint64 to : {-1000, 0, 45, 100, 1000})
-            QCOMPARE(text(edited({limits, span}, edit, to)), text(span));
+    void editsSnap_data()
+    {
+        const Rows<char, qint64, RegionAxis::Span> row("edit", "to", "result");
+        // From 64+640; sizes 16, 32, ... and offsets 0, 4, ... in 2048.
+        row("move down to the grid", 'm', 65, {64, 640});
+        row("move up to the grid", 'm', 66, {68, 640});
+        row("move beyond the begin", 'm', -500, {0, 640});
+        row("move to the last place", 'm', 1408, {1408, 640});
+        row("move beyond the end", 'm', 5000, {1408, 640});
+        row("end down to the grid", 'e', 711, {64, 640});
+        row("end up to the grid", 'e', 712, {64, 656});
+        row("end at the area's end", 'e', 2048, {64, 1984});
+        row("end beyond the area", 'e', 9999, {64, 1984});
+        row("end before the begin", 'e', 0, {64, 16});
+        row("begin down to the grid", 'b', 81, {80, 624});
+        row("begin between the size's grid", 'b', 84, {84, 608});
+        row("begin at the area's begin", 'b', 0, {0, 704});
+        row("begin beyond the area", 'b', -9999, {0, 704});
+        row("begin beyond the end", 'b', 9999, {688, 16});
     }
-}
 
-void TestRegionArea::everyEditIsLegal()
-{
-    QRandomGenerator random(20240607);
-    for (int i = 0; i < 20000; ++i) {
-        const RegionAxis axis = Case(random).axis();
-        QVERIFY2(isLegal(axis.limits(), axis.span()), text(axis.span()));
-        const qint64 to = qint64(random.bounded(quint32(9000))) - 3000;
-        for (const RegionAxis::Span& got : {axis.moved(to), axis.withEnd(to), axis.withBegin(to)})
-            QVERIFY2(isLegal(axis.limits(), got),
-                     "case " + QByteArray::number(i) + ": " + text(axis.span()) + " to " +
-                         QByteArray::number(to) + " gives " + text(got));
-        QCOMPARE(axis.moved(to).size, axis.span().size);
-        QCOMPARE(axis.withEnd(to).offset, axis.span().offset);
-        // Left where it is nothing changes, even if the grids do not meet.
-        QCOMPARE(text(axis.moved(axis.span().offset)), text(axis.span()));
-        QCOMPARE(text(axis.withEnd(axis.span().end())), text(axis.span()));
-        QCOMPARE(text(axis.withBegin(axis.span().offset)), text(axis.span()));
+    void editsSnap()
+    {
+        QFETCH(char, edit);
+        QFETCH(qint64, to);
+        QFETCH(RegionAxis::Span, result);
+        RegionAxis::Limits limits;
+        limits.sizeMinimum = limits.sizeIncrement = 16;
+        limits.offsetIncrement = 4;
+        limits.extent = 2048;
+        QCOMPARE(text(edited({limits, {64, 640}}, edit, to)), text(result));
     }
-}
 
-void TestRegionArea::sillyLimitsAreBounded_data()
-{
-    QTest::addColumn<RegionAxis::Limits>("limits");
-    QTest::addColumn<RegionAxis::Span>("span");
-    using Limits = RegionAxis::Limits;
-    using Span = RegionAxis::Span;
-    QTest::newRow("no increments") << Limits{1, 0, 0, 0, 100} << Span{10, 20};
-    QTest::newRow("negative increments") << Limits{1, -4, 0, -4, 100} << Span{10, 20};
-    QTest::newRow("minimum above maximum") << Limits{90, 1, 80, 1, 100, 10, 5} << Span{10, 20};
-    QTest::newRow("minimum above the extent") << Limits{900, 1, 800, 1, 100} << Span{10, 20};
-    QTest::newRow("nothing at all") << Limits{0, 0, 0, 0, 0, 0, 0} << Span{0, 0};
-    QTest::newRow("negative values") << Limits{-5, 1, -5, 1, -5} << Span{-5, -5};
-    QTest::newRow("least") << Limits{kMin, kMin, kMin, kMin, kMin, kMin, kMin} << Span{kMin, kMin};
-    QTest::newRow("greatest") << Limits{kMax, kMax, kMax, kMax, kMax, kMax, kMax}
-                              << Span{kMax, kMax};
-    QTest::newRow("increments beyond the extent") << Limits{1, kMax, 0, kMax, 100} << Span{10, 20};
-    QTest::newRow("region beyond the extent") << Limits{1, 1, 0, 1, 100} << Span{kMax, kMax};
-}
-
-void TestRegionArea::sillyLimitsAreBounded()
-{
-    QFETCH(RegionAxis::Limits, limits);
-    QFETCH(RegionAxis::Span, span);
-    const RegionAxis axis(limits, span);
-    QVERIFY(axis.limits().sizeIncrement >= 1 && axis.limits().offsetIncrement >= 1);
-    for (const qint64 to : {kMin, qint64(-1), qint64(0), qint64(50), kMax}) {
-        for (const RegionAxis::Span& got :
-             {axis.span(), axis.moved(to), axis.withEnd(to), axis.withBegin(to)})
-            QVERIFY2(got.offset >= 0 && got.size >= 1 && got.end() <= axis.extent(), text(got));
+    void whatCannotBeLegalStays_data()
+    {
+        using Limits = RegionAxis::Limits;
+        const Rows<Limits, RegionAxis::Span, QByteArray> row("limits", "span", "edits");
+        // Sizes: minimum, increment; offsets: minimum, increment; extent; maximum of size and
+        // offset.
+        row("offset below the minimum, no room above", Limits{10, 1, 80, 1, 100}, {0, 90}, "m");
+        row("too near to the end", Limits{50, 1, 0, 1, 100}, {80, 20}, "e");
+        row("fixed size and place", Limits{50, 1, 10, 1, 100, 50, 10}, {10, 50}, "meb");
+        row("fixed size, begin off the grid", Limits{50, 1, 0, 4, 100, 50}, {11, 50}, "eb");
     }
-    const RegionArea area(RegionArea::imageNames(), axis, axis, true);
-    QVERIFY(area.rect().isValid() && area.extent().isValid());
-}
 
-// A camera whose limits depend on each other checks each write against what it holds then.
-void TestRegionArea::everyWriteIsLegal()
-{
-    QRandomGenerator random(19700101);
-    for (int i = 0; i < 20000; ++i) {
-        const Case x(random);
-        const Case y(random);
-        const RegionArea area(RegionArea::imageNames(), x.axis(), y.axis(), true);
-        const auto changed = [&](const RegionAxis& axis) {
-            const qint64 to = random.bounded(3500);
-            const RegionAxis moved(axis.limits(), axis.moved(to));
-            return random.bounded(2) != 0 ? moved.withEnd(random.bounded(3500))
-                                          : moved.withBegin(random.bounded(3500));
-        };
-        const RegionArea::Target target = {changed(x.axis()), changed(y.axis())};
-        QMap<QString, qint64> camera = {{QStringLiteral("Width"), x.span.size},
-                                        {QStringLiteral("Height"), y.span.size},
-                                        {QStringLiteral("OffsetX"), x.span.offset},
-                                        {QStringLiteral("OffsetY"), y.span.offset}};
-        const auto spanOf = [&](const char* offset, const char* size) {
-            return RegionAxis::Span{camera.value(QLatin1String(offset)),
-                                    camera.value(QLatin1String(size))};
-        };
-        const auto writes = area.writesTo(target);
-        for (const auto& write : writes) {
-            QVERIFY(camera.value(write.first) != write.second);
-            camera[write.first] = write.second;
-            QVERIFY2(isLegal(area.x().limits(), spanOf("OffsetX", "Width")) &&
-                         isLegal(area.y().limits(), spanOf("OffsetY", "Height")),
-                     "case " + QByteArray::number(i) + " after " + write.first.toLatin1());
+    void whatCannotBeLegalStays()
+    {
+        QFETCH(RegionAxis::Limits, limits);
+        QFETCH(RegionAxis::Span, span);
+        QFETCH(QByteArray, edits);
+        for (const char edit : qAsConst(edits)) {
+            for (const qint64 to : {-1000, 0, 45, 100, 1000})
+                QCOMPARE(text(edited({limits, span}, edit, to)), text(span));
         }
-        QCOMPARE(text(spanOf("OffsetX", "Width")), text(target.x));
-        QCOMPARE(text(spanOf("OffsetY", "Height")), text(target.y));
     }
-}
+
+    void everyEditIsLegal()
+    {
+        QRandomGenerator random(20240607);
+        for (int i = 0; i < 20000; ++i) {
+            const RegionAxis axis = Case(random).axis();
+            QVERIFY2(isLegal(axis.limits(), axis.span()), text(axis.span()));
+            const qint64 to = qint64(random.bounded(quint32(9000))) - 3000;
+            for (const RegionAxis::Span& got :
+                 {axis.moved(to), axis.withEnd(to), axis.withBegin(to)})
+                QVERIFY2(isLegal(axis.limits(), got),
+                         "case " + QByteArray::number(i) + ": " + text(axis.span()) + " to " +
+                             QByteArray::number(to) + " gives " + text(got));
+            QCOMPARE(axis.moved(to).size, axis.span().size);
+            QCOMPARE(axis.withEnd(to).offset, axis.span().offset);
+            // Left where it is nothing changes, even if the grids do not meet.
+            QCOMPARE(text(axis.moved(axis.span().offset)), text(axis.span()));
+            QCOMPARE(text(axis.withEnd(axis.span().end())), text(axis.span()));
+            QCOMPARE(text(axis.withBegin(axis.span().offset)), text(axis.span()));
+        }
+    }
+
+    void sillyLimitsAreBounded_data()
+    {
+        using Limits = RegionAxis::Limits;
+        const Rows<Limits, RegionAxis::Span> row("limits", "span");
+        row("no increments", Limits{1, 0, 0, 0, 100}, {10, 20});
+        row("negative increments", Limits{1, -4, 0, -4, 100}, {10, 20});
+        row("minimum above maximum", Limits{90, 1, 80, 1, 100, 10, 5}, {10, 20});
+        row("minimum above the extent", Limits{900, 1, 800, 1, 100}, {10, 20});
+        row("nothing at all", Limits{0, 0, 0, 0, 0, 0, 0}, {0, 0});
+        row("negative values", Limits{-5, 1, -5, 1, -5}, {-5, -5});
+        row("least", Limits{kMin, kMin, kMin, kMin, kMin, kMin, kMin}, {kMin, kMin});
+        row("greatest", Limits{kMax, kMax, kMax, kMax, kMax, kMax, kMax}, {kMax, kMax});
+        row("increments beyond the extent", Limits{1, kMax, 0, kMax, 100}, {10, 20});
+        row("region beyond the extent", Limits{1, 1, 0, 1, 100}, {kMax, kMax});
+    }
+
+    void sillyLimitsAreBounded()
+    {
+        QFETCH(RegionAxis::Limits, limits);
+        QFETCH(RegionAxis::Span, span);
+        const RegionAxis axis(limits, span);
+        QVERIFY(axis.limits().sizeIncrement >= 1 && axis.limits().offsetIncrement >= 1);
+        for (const qint64 to : {kMin, qint64(-1), qint64(0), qint64(50), kMax}) {
+            for (const RegionAxis::Span& got :
+                 {axis.span(), axis.moved(to), axis.withEnd(to), axis.withBegin(to)})
+                QVERIFY2(got.offset >= 0 && got.size >= 1 && got.end() <= axis.extent(), text(got));
+        }
+        const RegionArea area(RegionArea::imageNames(), axis, axis, true);
+        QVERIFY(area.rect().isValid() && area.extent().isValid());
+    }
+
+    // A camera whose limits depend on each other checks each write against what it holds then.
+    void everyWriteIsLegal()
+    {
+        QRandomGenerator random(19700101);
+        for (int i = 0; i < 20000; ++i) {
+            const Case x(random);
+            const Case y(random);
+            const RegionArea area(RegionArea::imageNames(), x.axis(), y.axis(), true);
+            const auto changed = [&](const RegionAxis& axis) {
+                const qint64 to = random.bounded(3500);
+                const RegionAxis moved(axis.limits(), axis.moved(to));
+                return random.bounded(2) != 0 ? moved.withEnd(random.bounded(3500))
+                                              : moved.withBegin(random.bounded(3500));
+            };
+            const RegionArea::Target target = {changed(x.axis()), changed(y.axis())};
+            QMap<QString, qint64> camera = {{"Width"_s, x.span.size},
+                                            {"Height"_s, y.span.size},
+                                            {"OffsetX"_s, x.span.offset},
+                                            {"OffsetY"_s, y.span.offset}};
+            const auto spanOf = [&](const char* offset, const char* size) {
+                return RegionAxis::Span{camera.value(QLatin1String(offset)),
+                                        camera.value(QLatin1String(size))};
+            };
+            const auto writes = area.writesTo(target);
+            for (const auto& write : writes) {
+                QVERIFY(camera.value(write.first) != write.second);
+                camera[write.first] = write.second;
+                QVERIFY2(isLegal(area.x().limits(), spanOf("OffsetX", "Width")) &&
+                             isLegal(area.y().limits(), spanOf("OffsetY", "Height")),
+                         "case " + QByteArray::number(i) + " after " + write.first.toLatin1());
+            }
+            QCOMPARE(text(spanOf("OffsetX", "Width")), text(target.x));
+            QCOMPARE(text(spanOf("OffsetY", "Height")), text(target.y));
+        }
+    }
+};
 
 OBFT_TEST_MAIN(TestRegionArea)
 #include "tst_regionarea.moc"

@@ -2,32 +2,21 @@
 // The region and the automatics' area in the picture of the image processing page, drawn with mouse
 // and keyboard on the simulated camera, whose limits depend on each other.
 #include "CameraError.h"
-#include "DemoCamera.h"
-#include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
-#include "pages/MeddledCamera.h"
+#include "pages/DemoPageTest.h"
 #include "pages/ORXImgProcessingFeature.h"
-#include "pages/PageWindow.h"
 #include "pages/RegionDrawWidget.h"
-#include "styledctl/ZELCustomMessageBox.h"
-#include "support/TestMain.h"
 
 #include <QMouseEvent>
 
-#include <cmath>
-#include <memory>
-
 namespace {
 
-constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
 constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
 const QSize kSensor(2048, 1536);
 const QRect kStart(320, 320, 656, 644); // on all grids that are tried
-const QStringList kRegion = {QStringLiteral("OffsetX"), QStringLiteral("OffsetY"),
-                             QStringLiteral("Width"), QStringLiteral("Height")};
-const QStringList kArea = {
-    QStringLiteral("AutoFunctionAOIOffsetX"), QStringLiteral("AutoFunctionAOIOffsetY"),
-    QStringLiteral("AutoFunctionAOIWidth"), QStringLiteral("AutoFunctionAOIHeight")};
+const QStringList kRegion = words("OffsetX OffsetY Width Height");
+const QStringList kArea = words("AutoFunctionAOIOffsetX AutoFunctionAOIOffsetY "
+                                "AutoFunctionAOIWidth AutoFunctionAOIHeight");
 
 // Hears what pages say about drawing.
 class DrawListener : public IORXListen
@@ -43,7 +32,7 @@ public:
         if (code != 8)
             return 0;
         const auto* record = static_cast<const DrawModeChange*>(data);
-        heard += QStringLiteral("%1 %2").arg(record->mode).arg(record->on);
+        heard += "%1 %2"_s.arg(record->mode).arg(record->on);
         last = *record;
         return 0;
     }
@@ -54,56 +43,23 @@ public:
 
 } // namespace
 
-class TestRegionDrawWidget : public GuardedTest
+class TestRegionDrawWidget : public DemoPageTest
 {
     Q_OBJECT
-private slots:
-    void regionFollowsTheMouse_data();
-    void regionFollowsTheMouse();
-    void areaFollowsTheMouse();
-    void regionFollowsTheKeys_data();
-    void regionFollowsTheKeys();
-    void escapeTakesBack();
-    void lockedWhileAcquiring();
-    void refusedWriteShowsTheCamera_data();
-    void refusedWriteShowsTheCamera();
-    void drawModeIsTold();
 
 protected:
     void prepare() override
     {
-        OBDeviceControl::SetUserLevel(0);
-        m_demo = std::make_unique<DemoCamera>();
+        DemoPageTest::prepare();
         m_camera = std::make_unique<MeddledCamera>(*m_demo);
-    }
-    void finish() override
-    {
-        m_window.reset();
-        m_camera.reset();
-        m_demo.reset();
-        OBDeviceControl::SetUserLevel(1);
     }
 
 private:
-    void open() { m_window = std::make_unique<PageWindow>(*m_camera); }
-    ORXImgProcessingFeature* page() const
-    {
-        return static_cast<ORXImgProcessingFeature*>(m_window->page(kPage));
-    }
-    RegionDrawWidget* picture() const { return page()->regionPicture(); }
-    void set(const QString& name, int value)
-    {
-        QCOMPARE(m_demo->write(OB_FT_TYPE_INTEGER, name.toStdString(), std::to_string(value)), 0);
-    }
-    qint64 held(const QString& name) const
-    {
-        _ZDCC_INTVALUE_EX_T record = {};
-        m_demo->read(OB_FT_TYPE_INTEGER, name.toStdString(), &record);
-        return record.value;
-    }
+    RegionDrawWidget* picture() const { return imagePage()->regionPicture(); }
     QRect heldRect(const QStringList& names) const
     {
-        return {int(held(names[0])), int(held(names[1])), int(held(names[2])), int(held(names[3]))};
+        const auto value = [&](int i) { return int(read(names[i].toLatin1())); };
+        return {value(0), value(1), value(2), value(3)};
     }
     QRect shownRect(const QStringList& names) const
     {
@@ -112,338 +68,309 @@ private:
         };
         return {value(0), value(1), value(2), value(3)};
     }
-    QString treeMessage() const
+    bool showRegion()
     {
-        const auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
-        return box && box->isVisible() ? box->cContent() : QString();
+        return m_window->show(kPage, "Width") &&
+               QTest::qWaitFor([&] { return picture()->isVisible() && picture()->edited(); },
+                               PageWindow::kPatienceMs);
     }
-    bool showRegion();
-    void startAt(const QStringList& names, const QRect& rect);
-    QPoint handle(int column, int row) const;
-    void mouse(QEvent::Type type, const QPoint& at) const;
+
+    // Puts the camera's region there and waits until the page has seen it.
+    void startAt(const QStringList& names, const QRect& rect)
+    {
+        const int values[] = {rect.x(), rect.y(), rect.width(), rect.height()};
+        const auto set = [&](int i, int value) {
+            QCOMPARE(write(names[i].toLatin1(), QByteArray::number(value)), 0);
+        };
+        for (const int i : {0, 1})
+            set(i, 0);
+        for (const int i : {2, 3, 0, 1})
+            set(i, values[i]);
+        QVERIFY(m_window->refresh());
+        OBFT_TRY_COMPARE(shownRect(names), rect);
+        OBFT_TRY_COMPARE(picture()->edited() ? picture()->edited()->rect() : QRect(), rect);
+        m_camera->forget();
+    }
+
+    // Where the edited region's edge, corner or middle is (-1, 0, 1 each).
+    QPoint handle(int column, int row) const
+    {
+        const QRectF rect = picture()->toWidget(picture()->edited()->current());
+        return (rect.center() + QPointF(column * rect.width(), row * rect.height()) / 2).toPoint();
+    }
+
+    void mouse(QEvent::Type type, const QPoint& at) const
+    {
+        const bool released = type == QEvent::MouseButtonRelease;
+        QMouseEvent event(type, at, picture()->mapToGlobal(at),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                          released ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(picture(), &event);
+    }
+
+    void dragMouse(const QPoint& from, const QPoint& to) const
+    {
+        mouse(QEvent::MouseButtonPress, from);
+        mouse(QEvent::MouseMove, to);
+        mouse(QEvent::MouseButtonRelease, to);
+    }
+
+    // What the camera holds after a drag, when that is not what was wanted; empty when all is well.
     QString fault(int column, int row, const QPoint& way, const QStringList& names,
-                  const QSize& area, const QSize& increments) const;
-    QString drag(int column, int row, const QPoint& to, const QStringList& names, const QSize& area,
-                 const QSize& increments);
-
-    std::unique_ptr<DemoCamera> m_demo;
-    std::unique_ptr<MeddledCamera> m_camera;
-    std::unique_ptr<PageWindow> m_window;
-};
-
-bool TestRegionDrawWidget::showRegion()
-{
-    return m_window->show(kPage, "Width") &&
-           QTest::qWaitFor([&] { return picture()->isVisible() && picture()->edited(); },
-                           PageWindow::kPatienceMs);
-}
-
-// Puts the camera's region there and waits until the page has seen it.
-void TestRegionDrawWidget::startAt(const QStringList& names, const QRect& rect)
-{
-    for (const int i : {0, 1})
-        set(names[i], 0);
-    const int values[] = {rect.x(), rect.y(), rect.width(), rect.height()};
-    for (const int i : {2, 3, 0, 1})
-        set(names[i], values[i]);
-    QVERIFY(m_window->refresh());
-    OBFT_TRY_COMPARE(shownRect(names), rect);
-    OBFT_TRY_COMPARE(picture()->edited() ? picture()->edited()->rect() : QRect(), rect);
-    m_camera->forget();
-}
-
-// Where the edited region's edge, corner or middle is (-1, 0, 1 each).
-QPoint TestRegionDrawWidget::handle(int column, int row) const
-{
-    const QRectF rect = picture()->toWidget(picture()->edited()->current());
-    return (rect.center() + QPointF(column * rect.width(), row * rect.height()) / 2).toPoint();
-}
-
-void TestRegionDrawWidget::mouse(QEvent::Type type, const QPoint& at) const
-{
-    const bool released = type == QEvent::MouseButtonRelease;
-    QMouseEvent event(type, at, picture()->mapToGlobal(at),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                      released ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(picture(), &event);
-}
-
-// What is wrong with the region that the camera holds after a drag; empty when all is well.
-QString TestRegionDrawWidget::fault(int column, int row, const QPoint& way,
-                                    const QStringList& names, const QSize& area,
-                                    const QSize& increments) const
-{
-    const QRect got = heldRect(names);
-    const double pixel =
-        kStart.width() / picture()->toWidget({{0, kStart.width()}, {0, 1}}).width();
-    const auto axisFault = [&](int side, bool moves, int from, int size, int gotFrom, int gotSize,
-                               int by, int end, int sizeMinimum) -> QString {
-        if (gotFrom < 0 || gotFrom + gotSize > end || gotFrom % increments.height() != 0 ||
-            (gotSize - sizeMinimum) % increments.width() != 0)
-            return QStringLiteral("not legal");
-        const bool beginMoves = side < 0 || moves;
-        const bool endMoves = side > 0 || moves;
-        if (!beginMoves && gotFrom != from)
-            return QStringLiteral("begin moved");
-        if (moves && gotSize != size)
-            return QStringLiteral("size changed");
+                  const QSize& area, const QSize& increments) const
+    {
+        const double pixel =
+            kStart.width() / picture()->toWidget({{0, kStart.width()}, {0, 1}}).width();
         const int slack = qMax(increments.width(), increments.height());
-        if (!beginMoves && !endMoves && gotSize != size)
-            return QStringLiteral("end moved");
-        if (side < 0 &&
-            (gotFrom + gotSize > from + size || gotFrom + gotSize <= from + size - slack))
-            return QStringLiteral("end moved");
-        const int wantedBegin =
-            qBound(0, from + by, moves ? end - size : from + size - sizeMinimum);
-        const int wantedEnd = qBound(from + sizeMinimum, from + size + by, end);
-        if (beginMoves && std::abs(gotFrom - wantedBegin) > slack + 2 * pixel)
-            return QStringLiteral("begin is not at the pointer");
-        if (side > 0 && std::abs(gotFrom + gotSize - wantedEnd) > slack + 2 * pixel)
-            return QStringLiteral("end is not at the pointer");
-        return {};
-    };
-    const bool moves = column == 0 && row == 0;
-    const bool image = names == kRegion;
-    const QString x = axisFault(column, moves, kStart.x(), kStart.width(), got.x(), got.width(),
-                                int(way.x() * pixel), area.width(), image ? 16 : 1);
-    const QString y = axisFault(row, moves, kStart.y(), kStart.height(), got.y(), got.height(),
-                                int(way.y() * pixel), area.height(), image ? 4 : 1);
-    if (x.isEmpty() && y.isEmpty())
-        return {};
-    return QStringLiteral("x %1, y %2: %3,%4 %5x%6")
-        .arg(x, y)
-        .arg(got.x())
-        .arg(got.y())
-        .arg(got.width())
-        .arg(got.height());
-}
+        const bool moves = column == 0 && row == 0;
+        const auto isWell = [&](int side, RegionAxis::Span start, RegionAxis::Span got, double by,
+                                int extent, int smallest) {
+            const auto isAt = [&](qint64 place, qint64 least, double wanted, qint64 most) {
+                return std::abs(place - qBound(double(least), wanted, double(most))) <=
+                       slack + 2 * pixel;
+            };
+            if (got.offset < 0 || got.end() > extent || got.offset % increments.height() != 0 ||
+                (got.size - smallest) % increments.width() != 0)
+                return false;
+            if (moves)
+                return got.size == start.size &&
+                       isAt(got.offset, 0, start.offset + by, extent - start.size);
+            if (side < 0)
+                return got.end() <= start.end() && got.end() > start.end() - slack &&
+                       isAt(got.offset, 0, start.offset + by, start.end() - smallest);
+            return got.offset == start.offset &&
+                   (side == 0 ? got.size == start.size
+                              : isAt(got.end(), start.offset + smallest, start.end() + by, extent));
+        };
+        const QRect got = heldRect(names);
+        const bool image = names == kRegion;
+        if (isWell(column, {kStart.x(), kStart.width()}, {got.x(), got.width()}, way.x() * pixel,
+                   area.width(), image ? 16 : 1) &&
+            isWell(row, {kStart.y(), kStart.height()}, {got.y(), got.height()}, way.y() * pixel,
+                   area.height(), image ? 4 : 1))
+            return {};
+        return QString::asprintf("%d,%d %dx%d", got.x(), got.y(), got.width(), got.height());
+    }
 
-// One drag of a handle; returns what went wrong.
-QString TestRegionDrawWidget::drag(int column, int row, const QPoint& to, const QStringList& names,
-                                   const QSize& area, const QSize& increments)
-{
-    const QPoint from = handle(column, row);
-    mouse(QEvent::MouseButtonPress, from);
-    for (const int part : {1, 2, 3})
-        mouse(QEvent::MouseMove, from + (to - from) * part / 3);
-    if (!m_camera->writes().isEmpty())
-        return QStringLiteral("written while dragging");
-    mouse(QEvent::MouseButtonRelease, to);
-    // The camera refuses each write that leaves its limits, which depend on each other.
-    if (!treeMessage().isEmpty())
-        return treeMessage();
-    if (shownRect(names) != heldRect(names))
-        return QStringLiteral("the numbers do not follow");
-    if (picture()->edited()->rect() != heldRect(names))
-        return QStringLiteral("the picture does not follow");
-    return fault(column, row, to - from, names, area, increments);
-}
+    // One drag of a handle; returns what went wrong.
+    QString drag(int column, int row, const QPoint& to, const QStringList& names, const QSize& area,
+                 const QSize& increments)
+    {
+        const QPoint from = handle(column, row);
+        mouse(QEvent::MouseButtonPress, from);
+        for (const int part : {1, 2, 3})
+            mouse(QEvent::MouseMove, from + (to - from) * part / 3);
+        if (!m_camera->writes().isEmpty())
+            return "written while dragging"_s;
+        mouse(QEvent::MouseButtonRelease, to);
+        // The camera refuses each write that leaves its limits, which depend on each other.
+        if (!message().isEmpty())
+            return message();
+        if (shownRect(names) != heldRect(names))
+            return "the numbers do not follow"_s;
+        if (picture()->edited()->rect() != heldRect(names))
+            return "the picture does not follow"_s;
+        return fault(column, row, to - from, names, area, increments);
+    }
 
-void TestRegionDrawWidget::regionFollowsTheMouse_data()
-{
-    QTest::addColumn<int>("sizeIncrement");
-    QTest::addColumn<int>("offsetIncrement");
-    QTest::newRow("small increments") << 16 << 4;
-    QTest::newRow("large sizes") << 80 << 4;
-    QTest::newRow("large offsets") << 16 << 80;
-    QTest::newRow("both large") << 80 << 32;
-}
+private slots:
+    void regionFollowsTheMouse_data()
+    {
+        const Rows<int, int> row("sizeIncrement", "offsetIncrement");
+        row("small increments", 16, 4);
+        row("large sizes", 80, 4);
+        row("large offsets", 16, 80);
+        row("both large", 80, 32);
+    }
 
-void TestRegionDrawWidget::regionFollowsTheMouse()
-{
-    QFETCH(int, sizeIncrement);
-    QFETCH(int, offsetIncrement);
-    for (const char* name : {"Width", "Height"})
-        m_camera->setIncrement(name, sizeIncrement);
-    for (const char* name : {"OffsetX", "OffsetY"})
-        m_camera->setIncrement(name, offsetIncrement);
-    open();
-    QVERIFY(showRegion());
-    const QRect box = picture()->rect();
-    const QPoint targets[] = {box.topLeft() - QPoint(50, 50), box.bottomRight() + QPoint(50, 50),
-                              box.topRight(), box.center() + QPoint(13, -7)};
-    for (int handleIndex = 0; handleIndex < 9; ++handleIndex) {
-        const int column = handleIndex % 3 - 1;
-        const int row = handleIndex / 3 - 1;
-        for (const QPoint& target : targets) {
-            startAt(kRegion, kStart);
-            const QString wrong =
-                drag(column, row, target, kRegion, kSensor, {sizeIncrement, offsetIncrement});
-            QVERIFY2(wrong.isEmpty(), qPrintable(QStringLiteral("%1,%2 to %3,%4: %5")
-                                                     .arg(column)
-                                                     .arg(row)
-                                                     .arg(target.x())
-                                                     .arg(target.y())
-                                                     .arg(wrong)));
+    void regionFollowsTheMouse()
+    {
+        QFETCH(int, sizeIncrement);
+        QFETCH(int, offsetIncrement);
+        for (const char* name : {"Width", "Height"})
+            m_camera->setIncrement(name, sizeIncrement);
+        for (const char* name : {"OffsetX", "OffsetY"})
+            m_camera->setIncrement(name, offsetIncrement);
+        open();
+        QVERIFY(showRegion());
+        const QRect box = picture()->rect();
+        const QPoint targets[] = {box.topLeft() - QPoint(50, 50),
+                                  box.bottomRight() + QPoint(50, 50), box.topRight(),
+                                  box.center() + QPoint(13, -7)};
+        for (int handleIndex = 0; handleIndex < 9; ++handleIndex) {
+            const int column = handleIndex % 3 - 1;
+            const int row = handleIndex / 3 - 1;
+            for (const QPoint& target : targets) {
+                startAt(kRegion, kStart);
+                const QString wrong =
+                    drag(column, row, target, kRegion, kSensor, {sizeIncrement, offsetIncrement});
+                QVERIFY2(wrong.isEmpty(),
+                         qPrintable(QString::asprintf("%d,%d to %d,%d: ", column, row, target.x(),
+                                                      target.y()) +
+                                    wrong));
+            }
         }
     }
-}
 
-void TestRegionDrawWidget::areaFollowsTheMouse()
-{
-    open();
-    QVERIFY(m_window->show(kPage, "AutoFunctionAOIWidth"));
-    OBFT_TRY_VERIFY(picture()->isVisible() && picture()->edited());
-    const QSize image(int(held(kRegion[2])), int(held(kRegion[3])));
-    const QRect box = picture()->rect();
-    for (const QPoint& target : {box.topLeft(), box.bottomRight(), box.center()}) {
-        for (const int side : {-1, 0, 1}) {
-            startAt(kArea, kStart);
-            const QString wrong = drag(side, side, target, kArea, image, {1, 1});
-            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-            for (const QString& write : m_camera->writes())
-                QVERIFY2(write.startsWith(QLatin1String("AutoFunctionAOI")), qPrintable(write));
+    void areaFollowsTheMouse()
+    {
+        open();
+        QVERIFY(m_window->show(kPage, "AutoFunctionAOIWidth"));
+        OBFT_TRY_VERIFY(picture()->isVisible() && picture()->edited());
+        const QSize image = heldRect(kRegion).size();
+        const QRect box = picture()->rect();
+        for (const QPoint& target : {box.topLeft(), box.bottomRight(), box.center()}) {
+            for (const int side : {-1, 0, 1}) {
+                startAt(kArea, kStart);
+                const QString wrong = drag(side, side, target, kArea, image, {1, 1});
+                QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+                for (const QString& write : m_camera->writes())
+                    QVERIFY2(write.startsWith(QLatin1String("AutoFunctionAOI")), qPrintable(write));
+            }
         }
     }
-}
 
-void TestRegionDrawWidget::regionFollowsTheKeys_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("shift");
-    QTest::addColumn<QStringList>("writes");
-    QTest::newRow("right") << int(Qt::Key_Right) << false << words("OffsetX=328");
-    QTest::newRow("left") << int(Qt::Key_Left) << false << words("OffsetX=312");
-    QTest::newRow("down") << int(Qt::Key_Down) << false << words("OffsetY=328");
-    QTest::newRow("up") << int(Qt::Key_Up) << false << words("OffsetY=312");
-    QTest::newRow("wider") << int(Qt::Key_Right) << true << words("Width=688");
-    QTest::newRow("narrower") << int(Qt::Key_Left) << true << words("Width=624");
-    QTest::newRow("higher") << int(Qt::Key_Down) << true << words("Height=652");
-    QTest::newRow("lower") << int(Qt::Key_Up) << true << words("Height=636");
-}
+    void regionFollowsTheKeys_data()
+    {
+        const Rows<int, bool, QStringList> row("key", "shift", "writes");
+        row("right", Qt::Key_Right, false, "OffsetX=328");
+        row("left", Qt::Key_Left, false, "OffsetX=312");
+        row("down", Qt::Key_Down, false, "OffsetY=328");
+        row("up", Qt::Key_Up, false, "OffsetY=312");
+        row("wider", Qt::Key_Right, true, "Width=688");
+        row("narrower", Qt::Key_Left, true, "Width=624");
+        row("higher", Qt::Key_Down, true, "Height=652");
+        row("lower", Qt::Key_Up, true, "Height=636");
+    }
 
-void TestRegionDrawWidget::regionFollowsTheKeys()
-{
-    QFETCH(int, key);
-    QFETCH(bool, shift);
-    QFETCH(QStringList, writes);
-    const Qt::KeyboardModifiers modifiers = shift ? Qt::ShiftModifier : Qt::NoModifier;
-    open();
-    QVERIFY(showRegion());
-    startAt(kRegion, kStart);
-    picture()->setFocus();
-    // Held for two steps, then Escape; then once more and let go.
-    for (const bool escape : {true, false}) {
-        QTest::keyPress(picture(), Qt::Key(key), modifiers);
-        QTest::keyPress(picture(), Qt::Key(key), modifiers);
+    void regionFollowsTheKeys()
+    {
+        QFETCH(int, key);
+        QFETCH(bool, shift);
+        QFETCH(QStringList, writes);
+        const Qt::KeyboardModifiers modifiers = shift ? Qt::ShiftModifier : Qt::NoModifier;
+        open();
+        QVERIFY(showRegion());
+        startAt(kRegion, kStart);
+        picture()->setFocus();
+        // Held for two steps, then Escape; then once more and let go.
+        for (const bool escape : {true, false}) {
+            QTest::keyPress(picture(), Qt::Key(key), modifiers);
+            QTest::keyPress(picture(), Qt::Key(key), modifiers);
+            QCOMPARE(m_camera->writes(), QStringList());
+            if (escape)
+                QTest::keyClick(picture(), Qt::Key_Escape);
+            QTest::keyRelease(picture(), Qt::Key(key), modifiers);
+            QCOMPARE(m_camera->writes(), escape ? QStringList() : writes);
+        }
+        QCOMPARE(shownRect(kRegion), heldRect(kRegion));
+    }
+
+    void escapeTakesBack()
+    {
+        open();
+        QVERIFY(showRegion());
+        startAt(kRegion, kStart);
+        const QPoint middle = handle(0, 0);
+        picture()->setFocus();
+        mouse(QEvent::MouseButtonPress, middle);
+        mouse(QEvent::MouseMove, middle + QPoint(40, 40));
+        QTest::keyClick(picture(), Qt::Key_Escape);
+        mouse(QEvent::MouseMove, middle + QPoint(60, 60));
+        mouse(QEvent::MouseButtonRelease, middle + QPoint(60, 60));
         QCOMPARE(m_camera->writes(), QStringList());
-        if (escape)
-            QTest::keyClick(picture(), Qt::Key_Escape);
-        QTest::keyRelease(picture(), Qt::Key(key), modifiers);
-        QCOMPARE(m_camera->writes(), escape ? QStringList() : writes);
+        QCOMPARE(heldRect(kRegion), kStart);
+        QCOMPARE(drag(0, 0, middle + QPoint(20, 20), kRegion, kSensor, {16, 4}), QString());
+        QVERIFY(!m_camera->writes().isEmpty());
     }
-    QCOMPARE(shownRect(kRegion), heldRect(kRegion));
-}
 
-void TestRegionDrawWidget::escapeTakesBack()
-{
-    open();
-    QVERIFY(showRegion());
-    startAt(kRegion, kStart);
-    const QPoint middle = handle(0, 0);
-    picture()->setFocus();
-    mouse(QEvent::MouseButtonPress, middle);
-    mouse(QEvent::MouseMove, middle + QPoint(40, 40));
-    QTest::keyClick(picture(), Qt::Key_Escape);
-    mouse(QEvent::MouseMove, middle + QPoint(60, 60));
-    mouse(QEvent::MouseButtonRelease, middle + QPoint(60, 60));
-    QCOMPARE(m_camera->writes(), QStringList());
-    QCOMPARE(heldRect(kRegion), kStart);
-    QCOMPARE(drag(0, 0, middle + QPoint(20, 20), kRegion, kSensor, {16, 4}), QString());
-    QVERIFY(!m_camera->writes().isEmpty());
-}
+    void lockedWhileAcquiring()
+    {
+        open();
+        QVERIFY(showRegion());
+        startAt(kRegion, kStart);
+        const QPoint middle = handle(0, 0);
+        QVERIFY(m_window->click(kTree, "AcquisitionStart"));
+        QVERIFY(m_window->show(kPage, "Width"));
+        OBFT_TRY_VERIFY(!picture()->edited());
+        m_camera->forget();
+        dragMouse(middle, middle + QPoint(40, 40));
+        QTest::keyClick(picture(), Qt::Key_Right);
+        QCOMPARE(m_camera->writes(), QStringList());
+        QVERIFY(m_window->click(kTree, "AcquisitionStop"));
+        QVERIFY(showRegion());
+    }
 
-void TestRegionDrawWidget::lockedWhileAcquiring()
-{
-    open();
-    QVERIFY(showRegion());
-    startAt(kRegion, kStart);
-    const QPoint middle = handle(0, 0);
-    QVERIFY(m_window->click(kTree, "AcquisitionStart"));
-    QVERIFY(m_window->show(kPage, "Width"));
-    OBFT_TRY_VERIFY(!picture()->edited());
-    m_camera->forget();
-    mouse(QEvent::MouseButtonPress, middle);
-    mouse(QEvent::MouseMove, middle + QPoint(40, 40));
-    mouse(QEvent::MouseButtonRelease, middle + QPoint(40, 40));
-    QTest::keyClick(picture(), Qt::Key_Right);
-    QCOMPARE(m_camera->writes(), QStringList());
-    QVERIFY(m_window->click(kTree, "AcquisitionStop"));
-    QVERIFY(showRegion());
-}
+    void refusedWriteShowsTheCamera_data()
+    {
+        const Rows<QByteArray, int> row("refused", "writes");
+        // Enlarged to the upper left: offset and size of x, then of y.
+        row("first", "OffsetX", 1);
+        row("second", "Width", 2);
+        row("last", "Height", 4);
+    }
 
-void TestRegionDrawWidget::refusedWriteShowsTheCamera_data()
-{
-    QTest::addColumn<QByteArray>("refused");
-    QTest::addColumn<int>("writes");
-    // Enlarged to the upper left: offset and size of x, then of y.
-    QTest::newRow("first") << QByteArray("OffsetX") << 1;
-    QTest::newRow("second") << QByteArray("Width") << 2;
-    QTest::newRow("last") << QByteArray("Height") << 4;
-}
+    void refusedWriteShowsTheCamera()
+    {
+        QFETCH(QByteArray, refused);
+        QFETCH(int, writes);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        open();
+        QVERIFY(showRegion());
+        startAt(kRegion, kStart);
+        m_camera->fail(refused, CameraError::NotWritable);
+        const QPoint corner = handle(-1, -1);
+        dragMouse(corner, corner - QPoint(40, 40));
+        QCOMPARE(m_camera->writes().size(), writes);
+        QVERIFY(
+            message().startsWith("Node '%1':failed to save value"_s.arg(QLatin1String(refused))));
+        m_camera->fail(refused, 0);
+        OBFT_TRY_COMPARE(shownRect(kRegion), heldRect(kRegion));
+        OBFT_TRY_COMPARE(picture()->edited()->rect(), heldRect(kRegion));
+    }
 
-void TestRegionDrawWidget::refusedWriteShowsTheCamera()
-{
-    QFETCH(QByteArray, refused);
-    QFETCH(int, writes);
-    MessageGuard::expectMessage(QStringLiteral("Read Feature Failed"));
-    open();
-    QVERIFY(showRegion());
-    startAt(kRegion, kStart);
-    m_camera->fail(refused, CameraError::NotWritable);
-    const QPoint corner = handle(-1, -1);
-    mouse(QEvent::MouseButtonPress, corner);
-    mouse(QEvent::MouseMove, corner - QPoint(40, 40));
-    mouse(QEvent::MouseButtonRelease, corner - QPoint(40, 40));
-    QCOMPARE(m_camera->writes().size(), writes);
-    QVERIFY(treeMessage().startsWith(
-        QStringLiteral("Node '%1':failed to save value").arg(QLatin1String(refused))));
-    m_camera->fail(refused, 0);
-    OBFT_TRY_COMPARE(shownRect(kRegion), heldRect(kRegion));
-    OBFT_TRY_COMPARE(picture()->edited()->rect(), heldRect(kRegion));
-}
-
-void TestRegionDrawWidget::drawModeIsTold()
-{
-    open();
-    DrawListener listener;
-    const auto told = [&](const char* events) {
-        const QStringList expected = QString::fromLatin1(events).split(QLatin1Char(','));
-        const bool came = QTest::qWaitFor([&] { return listener.heard.size() >= expected.size(); },
-                                          PageWindow::kPatienceMs);
-        const QStringList heard = listener.heard;
-        listener.heard.clear();
-        return came && heard == expected;
-    };
-    QVERIFY(m_window->show(kPage, "Width"));
-    QVERIFY(told("1 1"));
-    QCOMPARE(listener.last.zero, quint8(0));
-    QCOMPARE(listener.last.page, 3);
-    QCOMPARE(listener.last.cameraId, qint64(1));
-    QCOMPARE(listener.last.sender, static_cast<void*>(page()));
-    QVERIFY(m_window->show(kPage, "AutoFunctionAOIWidth"));
-    QVERIFY(told("1 0,2 1"));
-    QVERIFY(m_window->show(kPage, "LUTEnable"));
-    QVERIFY(told("2 0"));
-    QVERIFY(m_window->show(kPage, "Width"));
-    QVERIFY(told("1 1"));
-    QVERIFY(m_window->show(kTree, "Width"));
-    QVERIFY(told("1 0"));
-    QVERIFY(m_window->show(kPage, "Width"));
-    QVERIFY(told("1 1"));
-    // Another page draws in this camera, or in another one.
-    DrawModeChange other = {0, 1, 3, 1, 2, &listener};
-    ORXListenTools::instance()->notifyListeners(8, &other);
-    QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawImageRegion);
-    other.cameraId = 1;
-    ORXListenTools::instance()->notifyListeners(8, &other);
-    QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawNothing);
-    QVERIFY(m_window->refresh());
-    QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawNothing);
-    other.on = 0;
-    ORXListenTools::instance()->notifyListeners(8, &other);
-    QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawImageRegion);
-}
+    void drawModeIsTold()
+    {
+        open();
+        DrawListener listener;
+        const auto told = [&](const char* events) {
+            const QStringList expected = QString::fromLatin1(events).split(QLatin1Char(','));
+            const bool came = QTest::qWaitFor(
+                [&] { return listener.heard.size() >= expected.size(); }, PageWindow::kPatienceMs);
+            const QStringList heard = listener.heard;
+            listener.heard.clear();
+            return came && heard == expected;
+        };
+        QVERIFY(m_window->show(kPage, "Width"));
+        QVERIFY(told("1 1"));
+        QCOMPARE(listener.last.zero, quint8(0));
+        QCOMPARE(listener.last.page, 3);
+        QCOMPARE(listener.last.cameraId, qint64(1));
+        QCOMPARE(listener.last.sender, static_cast<void*>(imagePage()));
+        QVERIFY(m_window->show(kPage, "AutoFunctionAOIWidth"));
+        QVERIFY(told("1 0,2 1"));
+        QVERIFY(m_window->show(kPage, "LUTEnable"));
+        QVERIFY(told("2 0"));
+        QVERIFY(m_window->show(kPage, "Width"));
+        QVERIFY(told("1 1"));
+        QVERIFY(m_window->show(kTree, "Width"));
+        QVERIFY(told("1 0"));
+        QVERIFY(m_window->show(kPage, "Width"));
+        QVERIFY(told("1 1"));
+        // Another page draws in this camera, or in another one.
+        DrawModeChange other = {0, 1, 3, 1, 2, &listener};
+        ORXListenTools::instance()->notifyListeners(8, &other);
+        QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawImageRegion);
+        other.cameraId = 1;
+        ORXListenTools::instance()->notifyListeners(8, &other);
+        QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawNothing);
+        QVERIFY(m_window->refresh());
+        QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawNothing);
+        other.on = 0;
+        ORXListenTools::instance()->notifyListeners(8, &other);
+        QCOMPARE(picture()->drawMode(), RegionDrawWidget::DrawImageRegion);
+    }
+};
 
 OBFT_TEST_MAIN(TestRegionDrawWidget)
 #include "tst_regiondrawwidget.moc"

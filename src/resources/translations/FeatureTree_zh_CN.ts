@@ -611,5 +611,13 @@ Arrow keys move it, with Shift they resize it. Escape takes a drag back.</source
         <source>%1, locked</source>
         <translation>%1，已锁定</translation>
     </message>
+    <message>
+        <source>ROI</source>
+        <translation>感兴趣区域</translation>
+    </message>
+    <message>
+        <source>AOI</source>
+        <translation>自动功能区域</translation>
+    </message>
 </context>
 </TS>

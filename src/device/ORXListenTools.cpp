@@ -45,7 +45,7 @@ void ORXListenTools::notifyListeners(int code, void* data)
 {
     for (std::vector<IORXListen*>& listeners : m_listeners) {
         // The size is taken afresh on every step: listeners may come and go during the pass.
-        for (std::size_t i = 0; i < listeners.size(); ++i) // NOLINT(modernize-loop-convert)
+        for (std::size_t i = 0; i < listeners.size(); ++i)
             listeners[i]->notify(code, data);
     }
 }

@@ -136,7 +136,8 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
             group = above;
             above = group->parent(page.type);
         }
-        if (above != page.root || group->itemType() == ORXPropertyTreeItem::FavoritesGroup)
+        if (!above || above != page.root ||
+            group->itemType() == ORXPropertyTreeItem::FavoritesGroup)
             continue;
         setGroupShown(row, group);
         ResetRootVisible(page.root, row);

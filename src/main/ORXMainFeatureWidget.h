@@ -25,9 +25,9 @@ class ZELCustomMessageBox;
 // The library's one window: tool bar, side column, pages, and a tree for each camera. The exported
 // functions drive it. One instance at a time; GUI thread. Cameras are named by a 64-bit key, -1
 // means none; the exported functions always use key 1.
-class ORXMainFeatureWidget : public ZELCustomMainWindow,
-                             public IORXListen,
-                             public IFeatureTreeFinder
+class ORXMainFeatureWidget final : public ZELCustomMainWindow,
+                                   public IORXListen,
+                                   public IFeatureTreeFinder
 {
     Q_OBJECT
 public:

@@ -87,8 +87,17 @@ bool QGetFeaturesThread::DoThreadRunStatus(_FEATURES_UPDATE_TYPE_ wanted, Update
                 return true;
             }
         }
-        if (admission(m_waiting.back().type, wanted) == Admission::Refuse)
+        switch (admission(m_waiting.back().type, wanted)) {
+        case Admission::Refuse:
             return false;
+        case Admission::Abandon:
+            // Polling ends only when it is abandoned: begun now, it would run before this for ever.
+            m_waiting.pop_back();
+            break;
+        case Admission::Join:
+        case Admission::RunAfter:
+            break;
+        }
     } else if (m_bInPass) {
         switch (admission(m_current.type, wanted)) {
         case Admission::Refuse:

@@ -35,7 +35,11 @@ private:
         program.setProcessEnvironment(environment);
         program.setWorkingDirectory(m_directory.path());
         program.setProcessChannelMode(QProcess::MergedChannels);
-        program.start(QStringLiteral(OBFT_CAMERA_HOST), arguments);
+        // A program for another processor is started as these tests are, by the emulator.
+        QStringList command{QStringLiteral(OBFT_EMULATOR), QStringLiteral(OBFT_CAMERA_HOST)};
+        command.removeAll(QString());
+        command += arguments;
+        program.start(command.takeFirst(), command);
         if (!program.waitForFinished(90000)) {
             program.kill();
             program.waitForFinished();

@@ -201,6 +201,16 @@ private slots:
         QCOMPARE(m_host->count("get Guru"_s), 1);
     }
 
+    // A full read that comes when polling was asked for and the thread has not begun it.
+    void pollingThatWaitsGivesWay()
+    {
+        QVERIFY(m_thread->SetThreadInfo(FEATURES_UPDATE_POLLING, {}, Flags(10)));
+        request(FEATURES_UPDATE_ALL, {}, 13);
+        QTRY_VERIFY(!m_thread->isPassRunning());
+        QCOMPARE(m_host->count("get A"_s), 1);
+        QTRY_COMPARE(passesEnded(), 1);
+    }
+
     void requestsMeetTheRunningPass_data()
     {
         // passes that end by themselves once the worker goes on

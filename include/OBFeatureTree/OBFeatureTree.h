@@ -165,9 +165,9 @@ OB_FT_API int OB_FT_Close(void);
 OB_FT_API int OB_FT_UpdateFeatures(void);
 
 /**
- * Saves the favourites and destroys the window. Waits for a callback that is still running on a
- * thread of the library; no callback is called afterwards. Happens by itself when the QApplication
- * is destroyed.
+ * Saves the favourites, closes the window (which the host is told, if it was visible) and destroys
+ * it. Waits for a callback that is still running on a thread of the library; no callback is called
+ * afterwards. Happens by itself when the QApplication is destroyed.
  */
 OB_FT_API int OB_FT_Release(void);
 

@@ -21,6 +21,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -44,25 +45,23 @@ ORXMainFeatureWidget* ORXMainFeatureWidget::instance(QWidget* parent)
 
 void ORXMainFeatureWidget::ReleaseInstance()
 {
-    ORXMainFeatureWidget* widget = s_pInstance;
+    const QPointer<ORXMainFeatureWidget> widget(s_pInstance);
+    if (!widget || widget->m_bReleasing)
+        return;
+    widget->m_bReleasing = true;
+    widget->PauseUpdateThread();
+    for (ORXFeatureTree* tree : qAsConst(widget->m_trees))
+        tree->readyForDelete();
+    // The host hears of the hidden window. What it calls from there still finds this window.
+    widget->close();
     if (!widget)
         return;
     s_pInstance = nullptr;
     IFeatureTreeFinder::install(nullptr);
-    widget->PauseUpdateThread();
-    const auto destroy = [widget] {
-        widget->removeFeatureTree(widget->m_lCameraID);
-        widget->m_bSilentHide = true;
-        widget->close();
-        delete widget;
-    };
-    if (ReentrancyScope::isActive()) {
-        for (ORXFeatureTree* tree : qAsConst(widget->m_trees))
-            tree->readyForDelete();
-        widget->m_bSilentHide = true;
-        widget->hide();
-    }
-    ReentrancyScope::runWhenInactive(destroy);
+    ReentrancyScope::runWhenInactive([released = widget.data()] {
+        released->removeFeatureTree(released->m_lCameraID);
+        delete released;
+    });
 }
 
 ORXMainFeatureWidget::ORXMainFeatureWidget(QWidget* parent)
@@ -192,7 +191,7 @@ void ORXMainFeatureWidget::showOnTop()
 void ORXMainFeatureWidget::setVisible(bool visible)
 {
     ZELCustomMainWindow::setVisible(visible);
-    if (!visible && m_pPrompt && (!m_bSilentHide || !isInstance()))
+    if (!visible && m_pPrompt && !m_bSilentHide)
         m_pPrompt->reject();
     if (visible || m_bSilentHide)
         return;

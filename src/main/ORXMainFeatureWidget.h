@@ -115,6 +115,7 @@ private:
     qint64 m_lCameraID = -1;
     bool m_bTemperatureTab = false;
     bool m_bTranslatorInstalled = false;
+    bool m_bReleasing = false;                        // ReleaseInstance() has begun
     bool m_bSilentHide = false;                       // the host is not told
     IORXFeatureWidget* m_pCommonPage = nullptr;       // Owned (child).
     IORXFeatureWidget* m_pTriggerPage = nullptr;      // Owned (child).

@@ -144,6 +144,8 @@ private slots:
         OB_FT_Start(nullptr, 0);
         QTRY_VERIFY(m_host->callCount() > calls);
         QVERIFY(window.waitForFirstRead());
+        OB_FT_Release();
+        QCOMPARE(m_host->count("action 1"_s), 3);
     }
 
     void hostMayReleaseFromInsideACallback_data()

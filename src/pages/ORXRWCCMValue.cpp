@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QSettings>
 #include <QUrl>
 #include <QVariant>
@@ -39,6 +40,34 @@ const bool* truth(const QString& text)
     if (text == QLatin1String("false") || text == QLatin1String("0"))
         return &kFalse;
     return nullptr;
+}
+
+// The text with the switch in it; everything else, comments included, stays as the host wrote it.
+QByteArray withEnable(const QByteArray& text, bool on)
+{
+    QByteArray entry = on ? "CCMEnable=true" : "CCMEnable=false";
+    if (text.contains("\r\n"))
+        entry += '\r';
+    QList<QByteArray> lines = text.split('\n');
+    int header = -1;
+    bool inSection = false;
+    bool found = false;
+    for (int i = 0; i < lines.size(); ++i) {
+        const QByteArray line = lines.at(i).trimmed();
+        if (line.startsWith('[')) {
+            inSection = line == "[Common]";
+            header = inSection ? i : header;
+        } else if (inSection && line.left(line.indexOf('=')).trimmed() == "CCMEnable") {
+            lines[i] = entry;
+            found = true;
+        }
+    }
+    if (!found && header >= 0)
+        lines.insert(header + 1, entry);
+    else if (!found)
+        return text + (text.isEmpty() || text.endsWith('\n') ? "" : "\n") + "[Common]\n" + entry +
+               '\n';
+    return lines.join('\n');
 }
 
 bool isSettingsLine(const QByteArray& line)
@@ -161,11 +190,15 @@ bool ORXRWCCMValue::writeEnable(bool on)
 {
     if (m_strFile.isEmpty() || !m_strFault.isEmpty())
         return false;
-    QSettings settings(m_strFile, QSettings::IniFormat);
-    settings.setValue(kEnable, on);
-    settings.sync();
-    if (settings.status() != QSettings::NoError)
-        return fail(QStringLiteral("it cannot be written"));
+    QFile present(m_strFile);
+    if (!present.open(QIODevice::ReadOnly))
+        return fail(QStringLiteral("it cannot be read: ") + present.errorString());
+    const QByteArray text = withEnable(present.readAll(), on);
+    // Not through QSettings: it does not notice when the last bytes do not reach the disk.
+    QSaveFile file(m_strFile);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
+        !file.commit())
+        return fail(QStringLiteral("it cannot be written: ") + file.errorString());
     m_content.enabled = on;
     return true;
 }

@@ -303,24 +303,6 @@ private slots:
         QVERIFY(!matrix.cell(0)->isEnabled());
     }
 
-    void cameraUnpluggedInTheMiddle()
-    {
-        MessageGuard::expectMessage("Reading the color correction matrix"_s);
-        MessageGuard::expectMessage("Read Feature Failed"_s);
-        openSwitchedOn();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-        QVERIFY(matrix.read());
-        OB_FT_Close();
-        m_camera->beforeRead = [&](const QString& name) {
-            if (name == QLatin1String(kValue))
-                m_camera->unplug();
-        };
-        matrix.widget->updateData();
-        QTRY_VERIFY(MessageGuard::contains("Reading the color correction matrix"_s));
-        QVERIFY(!matrix.cell(0)->isEnabled());
-        QVERIFY(matrix.isOn()); // nothing is known of it
-    }
-
     void destroyedWhileTheHostHangs()
     {
         openAndHold();
@@ -403,22 +385,6 @@ private slots:
         matrix.userSwitches(false);
         QVERIFY(kFile.stored().contains("CCMEnable=false"));
         QTRY_VERIFY(!matrix.cell(0)->isEnabled());
-    }
-
-    void badFileIsReportedAndLeftAlone()
-    {
-        const QByteArray bad = "[Common]\nCCMEnable=true\nCCMValue3=abc\n";
-        MessageGuard::expectMessage("Color correction settings"_s);
-        open();
-        kFile.store(bad);
-        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
-        matrix.widget->updateData();
-        QTRY_COMPARE(shownMessage(), "The color correction settings cannot be used."_s);
-        QVERIFY(MessageGuard::contains("CCMList_DEMO000001.ini: CCMValue3"_s));
-        QVERIFY(!matrix.cell(0)->isEnabled());
-        matrix.userSwitches(true);
-        QVERIFY(!matrix.isOn());
-        QCOMPARE(kFile.stored(), bad);
     }
 
     void delegateMakesTheEditor()

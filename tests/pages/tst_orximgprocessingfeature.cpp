@@ -208,6 +208,19 @@ private slots:
         QCOMPARE(m_camera->writes().isEmpty(), !inCamera);
     }
 
+    void matrixAndTreeFollowEachOther()
+    {
+        open();
+        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_CCMEnable"), "unchecked"_s);
+        write("CCMEnable", "1");
+        QVERIFY(m_window->refresh());
+        OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_CCMEnable"), "checked"_s);
+        QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
+        OBFT_TRY_COMPARE(m_window->shown(kTree, "CCMEnable"), "unchecked"_s);
+        OBFT_TRY_COMPARE(m_window->shown(kTree, "ColorTransformationEnable"), "checked"_s);
+    }
+
     void palettesMirrorTheCamera()
     {
         constexpr char kOwn[] = "Custom_PalettesMode";

@@ -4,6 +4,7 @@
 #include "pages/ORXRWCCMValue.h"
 #include "pages/SettingsFile.h"
 #include "support/FakeHost.h"
+#include "support/FileSizeLimit.h"
 #include "support/TestMain.h"
 
 namespace {
@@ -51,18 +52,51 @@ private slots:
             QCOMPARE(values[i], wanted[i]);
     }
 
+    void switchingKeepsWhatTheHostWrote_data()
+    {
+        const Rows<QByteArray, QByteArray> row("before", "after");
+        row("new file", "", "[Common]\nCCMEnable=true\n");
+        row("switched off", "[Common]\nCCMEnable = false\nCCMValue2=512\n",
+            "[Common]\nCCMEnable=true\nCCMValue2=512\n");
+        row("not told", "; by the host\n[Common]\nCCMValue2=512\n[Host]\nCCMEnable=mine\n",
+            "; by the host\n[Common]\nCCMEnable=true\nCCMValue2=512\n[Host]\nCCMEnable=mine\n");
+        row("other sections only", "[Host]\nNote=mine",
+            "[Host]\nNote=mine\n[Common]\nCCMEnable=true\n");
+        row("CR LF", "[Common]\r\nCCMEnable=false\r\n", "[Common]\r\nCCMEnable=true\r\n");
+    }
+
     void switchingKeepsWhatTheHostWrote()
     {
-        kFile.store("[Common]\nCCMValue2=512\n[Host]\nNote=mine\n");
+        QFETCH(QByteArray, before);
+        QFETCH(QByteArray, after);
+        kFile.store(before);
         ORXRWCCMValue settings;
         QVERIFY(settings.createSetting(kName));
+        QVERIFY(!settings.content().enabled);
         QVERIFY(settings.writeEnable(true));
+        QCOMPARE(kFile.stored(), after);
         ORXRWCCMValue again;
         QVERIFY(again.createSetting(kName));
         QVERIFY(again.content().enabled);
-        QCOMPARE(again.content().values[2], 512);
-        QVERIFY(kFile.stored().contains("Note=mine"));
-        QVERIFY(!kFile.stored().contains("CCMValue0"));
+        QCOMPARE(again.content().values, settings.content().values);
+        QVERIFY(again.writeEnable(false));
+        QCOMPARE(kFile.stored(), QByteArray(after).replace("true", "false"));
+    }
+
+    void fullDiskKeepsTheFileBefore()
+    {
+        const QByteArray before =
+            "[Common]\nCCMEnable=false\nCCMValue2=512\nNote=" + QByteArray(2000, 'x') + "\n";
+        kFile.store(before);
+        ORXRWCCMValue settings;
+        QVERIFY(settings.createSetting(kName));
+        {
+            const FileSizeLimit full(1024);
+            QVERIFY(!settings.writeEnable(true));
+        }
+        QVERIFY(!settings.fault().isEmpty());
+        QCOMPARE(kFile.stored(), before);
+        QCOMPARE(QDir(SettingsFile::folder()).entryList(QDir::Files).size(), 1);
     }
 
     void badFileIsLeftAlone_data()

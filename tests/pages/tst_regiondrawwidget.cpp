@@ -123,11 +123,10 @@ private:
             kStart.width() / picture()->toWidget({{0, kStart.width()}, {0, 1}}).width();
         const int slack = qMax(increments.width(), increments.height());
         const bool moves = column == 0 && row == 0;
-        const auto isWell = [&](int side, RegionAxis::Span start, RegionAxis::Span got, double by,
+        const auto isWell = [&](int side, RegionAxis::Span start, RegionAxis::Span got, int by,
                                 int extent, int smallest) {
-            const auto isAt = [&](qint64 place, qint64 least, double wanted, qint64 most) {
-                return std::abs(place - qBound(double(least), wanted, double(most))) <=
-                       slack + 2 * pixel;
+            const auto isAt = [&](qint64 place, qint64 least, qint64 wanted, qint64 most) {
+                return double(qAbs(place - qBound(least, wanted, most))) <= slack + 2 * pixel;
             };
             if (got.offset < 0 || got.end() > extent || got.offset % increments.height() != 0 ||
                 (got.size - smallest) % increments.width() != 0)
@@ -144,10 +143,10 @@ private:
         };
         const QRect got = heldRect(names);
         const bool image = names == kRegion;
-        if (isWell(column, {kStart.x(), kStart.width()}, {got.x(), got.width()}, way.x() * pixel,
-                   area.width(), image ? 16 : 1) &&
-            isWell(row, {kStart.y(), kStart.height()}, {got.y(), got.height()}, way.y() * pixel,
-                   area.height(), image ? 4 : 1))
+        if (isWell(column, {kStart.x(), kStart.width()}, {got.x(), got.width()},
+                   int(way.x() * pixel), area.width(), image ? 16 : 1) &&
+            isWell(row, {kStart.y(), kStart.height()}, {got.y(), got.height()},
+                   int(way.y() * pixel), area.height(), image ? 4 : 1))
             return {};
         return QString::asprintf("%d,%d %dx%d", got.x(), got.y(), got.width(), got.height());
     }

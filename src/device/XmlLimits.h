@@ -7,7 +7,7 @@
 // recurses, so a text nested without bound would end the host's process.
 namespace XmlLimits {
 
-constexpr std::size_t kMaxBytes = 64U * 1024U * 1024U;
+constexpr std::size_t kMaxBytes = std::size_t{64} * 1024 * 1024;
 constexpr int kMaxDepth = 1000;
 
 // True when the text is small and flat enough to be parsed. One pass over the bytes; looks only at

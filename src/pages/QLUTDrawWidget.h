@@ -20,7 +20,7 @@ class ZELCustomMessageBox;
 //
 // While a transfer runs the curve cannot be edited. It ends when the window is closed, when another
 // camera is chosen or on StopTransfer(); a table that was written in part is reported to the user.
-class QLUTDrawWidget : public QWidget
+class QLUTDrawWidget final : public QWidget
 {
     Q_OBJECT
 public:

@@ -58,8 +58,7 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
     connect(this, &QTreeView::collapsed, this, &ORXFeatureTreeView::OnSigCollapsed);
     // Later: the editor handles the event first. Its row, and with it the editor, may go meanwhile.
     connect(m_pDelegate, &ORXPropertyTreeDelegate::sigEditingEnded, this, [this](QWidget* editor) {
-        const QPointer<QWidget> ended(editor);
-        const auto tell = [this, ended] {
+        const auto tell = [this, ended = QPointer<QWidget>(editor)] {
             if (ended)
                 onEditingEnded(ended);
         };

@@ -74,7 +74,7 @@ void FakeGigECamera::kill()
 
 QString FakeGigECamera::readIndependently(const QString& feature)
 {
-    QProcess tool;
+    ChildProcess tool;
     tool.setProcessChannelMode(QProcess::MergedChannels);
     tool.start(toolProgram(),
                {QStringLiteral("-a"), address(), QStringLiteral("control"), feature});

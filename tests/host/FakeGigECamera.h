@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "support/ChildProcess.h"
+
 #include <QLockFile>
-#include <QProcess>
 #include <QString>
 
 // A GigE Vision camera on the loopback interface: the fake camera program of Aravis in a process of
@@ -29,6 +30,6 @@ public:
 
 private:
     QLockFile m_lock;
-    QProcess m_process;
+    ChildProcess m_process;
     QString m_serial;
 };

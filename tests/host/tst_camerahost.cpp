@@ -2,10 +2,10 @@
 #include "DemoCamera.h"
 #include "ExitCode.h"
 #include "FakeGigECamera.h"
+#include "support/ChildProcess.h"
 #include "support/TestMain.h"
 
 #include <QImage>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
@@ -24,7 +24,7 @@ private:
     };
     Run run(const QStringList& arguments, bool display = true)
     {
-        QProcess program;
+        ChildProcess program;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.remove("DISPLAY"_s);
         environment.remove("WAYLAND_DISPLAY"_s);

@@ -14,10 +14,15 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopeGuard>
+#include <QSemaphore>
 #include <QTextEdit>
+#include <QThread>
 #include <QTimer>
 
 namespace {
+
+constexpr int kManyReads = 1000000;
 
 void collectRows(const QTreeView& view, const QModelIndex& parent, QStringList& texts)
 {
@@ -136,11 +141,18 @@ private slots:
     void switchingWhileReading()
     {
         const QStringList expected = freshTexts(1);
-        m_host->setLatencyMs(5);
+        // The reading threads stand at their first value until the language is the other one.
+        QSemaphore gate;
+        m_host->beforeGet = [&gate](const QString&) {
+            if (QThread::currentThread() != qApp->thread())
+                gate.acquire();
+        };
         OpenedWindow window(*m_host, m_xml, 0);
+        const auto goOn = qScopeGuard([&gate] { gate.release(kManyReads); });
         QVERIFY(!window.tree()->HadUpdatedOnce());
         switchLanguage(window);
         QVERIFY(!window.tree()->HadUpdatedOnce());
+        gate.release(kManyReads);
         prepareWindow(window);
         QTRY_COMPARE(textsOf(window.widget()), expected);
     }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The Chinese interface: complete, made from the texts of the sources as they are now.
+#include "support/ChildProcess.h"
 #include "support/TestMain.h"
 
 #include <QCoreApplication>
 #include <QDomDocument>
 #include <QFile>
-#include <QProcess>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -90,7 +90,7 @@ private slots:
     {
         QTemporaryDir directory;
         const QString fresh = directory.filePath("fresh.ts"_s);
-        QProcess lupdate;
+        ChildProcess lupdate;
         lupdate.setWorkingDirectory(sourceDir());
         lupdate.start(QStringLiteral(OBFT_LUPDATE),
                       {"-silent"_s, "-no-obsolete"_s, "src"_s, "platform"_s, "-ts"_s, fresh});

@@ -4,6 +4,7 @@
 #include "Camera.h"
 #include "HostCallbacks.h"
 #include "main/ORXMainFeatureWidget.h"
+#include "support/Patience.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
@@ -22,7 +23,7 @@ class ORXPropertyTreeItem;
 class PageWindow
 {
 public:
-    static constexpr int kPatienceMs = 20000;
+    static constexpr int kPatienceMs = kWindowPatienceMs;
 
     // Opens the window and waits for the first full read. `camera` is not owned.
     explicit PageWindow(Camera& camera, int language = 0);

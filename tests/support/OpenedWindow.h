@@ -8,6 +8,7 @@
 #include "main/ORXFeatureGroup.h"
 #include "main/ORXMainFeatureWidget.h"
 #include "support/FakeHost.h"
+#include "support/Patience.h"
 #include "support/TestMain.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
@@ -52,7 +53,7 @@ public:
     void showGroup(const char* name) const { groups()->OnChangedIndex(group(name)); }
     bool waitForFirstRead() const
     {
-        return QTest::qWaitFor([this] { return tree()->HadUpdatedOnce(); }, 20000);
+        return QTest::qWaitFor([this] { return tree()->HadUpdatedOnce(); }, kWindowPatienceMs);
     }
 };
 

@@ -40,25 +40,24 @@ void apply(const QVector<ORXPropertyTreeItem*>& roots, const QString& text, qint
     QSet<ORXPropertyTreeItem*> seen;
     for (ORXPropertyTreeItem* root : roots)
         collect(root, items, seen);
-    // Rows that come or go are told first. The others only repaint, for which a view has to know
-    // its rows' places: told in turn, it would lay itself out anew for each of them.
+    // Rows that come or go are told first. Those that stay only repaint, for which a view has to
+    // know its rows' places: told in turn, it would lay itself out anew for each of them. Rows that
+    // are and stay away, nearly all of them in groups that are not shown, change nothing.
     QVector<ORXPropertyTreeItem*> come;
     QVector<ORXPropertyTreeItem*> go;
     QVector<ORXPropertyTreeItem*> stay;
-    QVector<ORXPropertyTreeItem*> away;
     {
         const ItemStateLock lock;
         for (ORXPropertyTreeItem* item : qAsConst(items)) {
             const ORXPropertyTreeItem::SearchEffect effect = item->applySearchText(text);
             if (effect.shown)
                 (effect.wasShown ? stay : come).append(item);
-            else
-                (effect.wasShown ? go : away).append(item);
+            else if (effect.wasShown)
+                go.append(item);
         }
     }
     tell(come, true, cameraId);
     tell(go, false, cameraId);
-    tell(away, false, cameraId);
     tell(stay, true, cameraId);
 }
 

@@ -230,10 +230,10 @@ private slots:
         Recorder recorder;
         for (const char* name : {"Gain", "GainAuto", "BlackLevel", "Width"})
             pages.item(name)->registerView(&recorder);
-        // Gain hangs in both pages. Rows that come or go are told before those that stay.
+        // Gain hangs in both pages. Rows that come or go are told before those that stay, and those
+        // of a group that is not shown not at all.
         pages.view->SetSearchText("auto"_s);
-        QCOMPARE(recorder.log,
-                 QStringList({"Gain-"_s, "BlackLevel-"_s, "Width-"_s, "GainAuto+"_s}));
+        QCOMPARE(recorder.log, words("Gain- BlackLevel- GainAuto+"));
         recorder.log.clear();
         pages.view->SetSearchText("gain"_s);
         QCOMPARE(recorder.log.first(), "Gain+"_s);

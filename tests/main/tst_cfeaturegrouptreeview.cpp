@@ -214,7 +214,7 @@ private slots:
         QVERIFY(!pages.item("DeviceReset")->groupVisible());
     }
 
-    void searchTellsEachItemOnce()
+    void searchTellsEachShownItemOnce()
     {
         struct Recorder : IORXFeatureNotify
         {
@@ -236,9 +236,7 @@ private slots:
         QCOMPARE(recorder.log, words("Gain- BlackLevel- GainAuto+"));
         recorder.log.clear();
         pages.view->SetSearchText("gain"_s);
-        QCOMPARE(recorder.log.first(), "Gain+"_s);
-        QCOMPARE(recorder.log.last(), "GainAuto+"_s);
-        QCOMPARE(recorder.log.size(), 4);
+        QCOMPARE(recorder.log, words("Gain+ GainAuto+"));
     }
 };
 

@@ -82,28 +82,25 @@ void typeInto(QWidget* widget, const QString& text)
         sendKey(widget, 0, Qt::NoModifier, QString(character));
 }
 
-QModelIndex indexCalled(const QAbstractItemModel& model, const QModelIndex& parent,
+// The first row of that name that the view shows or can be scrolled to: none that is hidden or in a
+// closed branch.
+QModelIndex indexCalled(const QAbstractItemView& view, const QModelIndex& parent,
                         const QString& name)
 {
-    for (int row = 0; row < model.rowCount(parent); ++row) {
-        const QModelIndex index = model.index(row, 0, parent);
+    const auto* tree = qobject_cast<const QTreeView*>(&view);
+    for (int row = 0; row < view.model()->rowCount(parent); ++row) {
+        if (tree && tree->isRowHidden(row, parent))
+            continue;
+        const QModelIndex index = view.model()->index(row, 0, parent);
         if (isCalled(index.data(Qt::DisplayRole).toString(), name))
             return index;
-        const QModelIndex below = indexCalled(model, index, name);
+        if (tree && !tree->isExpanded(index))
+            continue;
+        const QModelIndex below = indexCalled(view, index, name);
         if (below.isValid())
             return below;
     }
     return {};
-}
-
-bool isHidden(const QAbstractItemView* view, const QModelIndex& index)
-{
-    const auto* tree = qobject_cast<const QTreeView*>(view);
-    for (QModelIndex at = index; tree && at.isValid(); at = at.parent()) {
-        if (tree->isRowHidden(at.row(), at.parent()))
-            return true;
-    }
-    return false;
 }
 
 // The editor proper: a delegate may wrap it.
@@ -178,8 +175,8 @@ StepActor::Row StepActor::findRow(const QString& name)
         // A header is a view of the same model.
         if (!view->model() || qobject_cast<QHeaderView*>(view))
             continue;
-        const QModelIndex index = indexCalled(*view->model(), view->rootIndex(), name);
-        if (index.isValid() && !isHidden(view, index))
+        const QModelIndex index = indexCalled(*view, view->rootIndex(), name);
+        if (index.isValid())
             return {view, index};
     }
     return {};

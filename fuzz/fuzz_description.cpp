@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // A camera's feature description, from the bytes of the host to tree and look-up tables.
 #include "FuzzInput.h"
-#include "device/XmlLimits.h"
 #include "model/FeatureDescriptionIndex.h"
 #include "model/FeatureTreeBuilder.h"
 #include "model/ORXPropertyTreeItem.h"
 
-#include <QDomDocument>
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     FuzzInput::beQuiet();
-    const QByteArray xml = FuzzInput::bytes(data, size);
     QDomDocument document;
-    if (!XmlLimits::acceptable(xml.constData(), size) ||
-        !document.setContent(QString::fromUtf8(xml)))
+    if (!FuzzInput::parse(data, size, document))
         return 0;
     FeatureDescriptionIndex index;
     FeatureTreeBuilder builder;

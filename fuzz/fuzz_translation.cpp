@@ -2,17 +2,12 @@
 // A table of translated feature names, as the host or the resource folder gives it.
 #include "FuzzInput.h"
 #include "device/TranslationTable.h"
-#include "device/XmlLimits.h"
-
-#include <QDomDocument>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     FuzzInput::beQuiet();
-    const QByteArray xml = FuzzInput::bytes(data, size);
     QDomDocument document;
-    if (!XmlLimits::acceptable(xml.constData(), size) ||
-        !document.setContent(QString::fromUtf8(xml)))
+    if (!FuzzInput::parse(data, size, document))
         return 0;
     TranslationTable::Items table;
     TranslationTable::addDocument(document, table);

@@ -16,8 +16,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ORXRWCCMValue file;
     if (file.createSetting(name)) {
         const ORXRWCCMValue::Content before = file.content();
-        if (!file.writeEnable(!before.enabled) || file.content().values != before.values ||
-            file.content().enabled == before.enabled)
+        ORXRWCCMValue again;
+        if (!file.writeEnable(!before.enabled) || !again.createSetting(name) ||
+            again.content().values != before.values || again.content().enabled == before.enabled)
             std::abort();
         return 0;
     }

@@ -58,9 +58,11 @@ void ORXMainFeatureWidget::ReleaseInstance()
         return;
     s_pInstance = nullptr;
     IFeatureTreeFinder::install(nullptr);
-    ReentrancyScope::runWhenInactive([released = widget.data()] {
-        released->removeFeatureTree(released->m_lCameraID);
-        delete released;
+    ReentrancyScope::runWhenInactive([widget] {
+        if (!widget)
+            return;
+        widget->removeFeatureTree(widget->m_lCameraID);
+        delete widget;
     });
 }
 

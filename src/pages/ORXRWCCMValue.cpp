@@ -70,8 +70,11 @@ QByteArray withEnable(const QByteArray& text, bool on)
     return lines.join('\n');
 }
 
+// Without the line end. A carriage return within would be a line end of its own to QSettings.
 bool isSettingsLine(const QByteArray& line)
 {
+    if (line.contains('\r'))
+        return false;
     return line.isEmpty() || line.startsWith(';') || line.startsWith('#') ||
            (line.startsWith('[') ? line.endsWith(']') : line.indexOf('=') > 0);
 }

@@ -10,7 +10,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     FuzzInput::beQuiet();
     QStandardPaths::setTestModeEnabled(true);
-    const QString name = QStringLiteral("fuzz");
+    // Never the same file twice: QSettings takes one of the same size and time for unchanged.
+    static int inputs = 0;
+    const QString name = QStringLiteral("fuzz%1").arg(++inputs);
     const QString path = ORXRWCCMValue::fileOf(name);
     FuzzInput::put(path, data, size);
     ORXRWCCMValue file;
@@ -20,11 +22,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (!file.writeEnable(!before.enabled) || !again.createSetting(name) ||
             again.content().values != before.values || again.content().enabled == before.enabled)
             std::abort();
+        QFile::remove(path);
         return 0;
     }
     QFile kept(path);
     if (file.fault().isEmpty() || !kept.open(QIODevice::ReadOnly) ||
         kept.readAll() != FuzzInput::bytes(data, size))
         std::abort();
+    kept.remove();
     return 0;
 }

@@ -70,12 +70,28 @@ QByteArray withEnable(const QByteArray& text, bool on)
     return lines.join('\n');
 }
 
-// Without the line end. A carriage return within would be a line end of its own to QSettings.
+// To QSettings a line may go on behind its end, in an open quotation or after a backslash, and ends
+// at a carriage return. In such a file the switch could not be found by lines.
+bool isWholeLine(const QByteArray& line)
+{
+    bool quoted = false;
+    bool escaped = false;
+    for (const char sign : line) {
+        if (sign == '\r')
+            return false;
+        quoted ^= sign == '"' && !escaped;
+        escaped = sign == '\\' && !escaped;
+    }
+    return !quoted && !escaped;
+}
+
 bool isSettingsLine(const QByteArray& line)
 {
-    if (line.contains('\r'))
+    if (line.startsWith(';'))
+        return !line.contains('\r');
+    if (!isWholeLine(line))
         return false;
-    return line.isEmpty() || line.startsWith(';') || line.startsWith('#') ||
+    return line.isEmpty() || line.startsWith('#') ||
            (line.startsWith('[') ? line.endsWith(']') : line.indexOf('=') > 0);
 }
 

@@ -113,6 +113,8 @@ private slots:
         row("two numbers", "[Common]\nCCMEnable=true\nCCMValue0=1, 2\n");
         row("too large", "[Common]\nCCMEnable=true\n" + QByteArray(70000, ';'));
         row("no setting behind a lone carriage return", "[Common]\nA=1\rhow are you\n");
+        row("open quotation", "[Other]\nA=-1\"\n");
+        row("line that goes on", "[Common]\nA=1\\\nCCMEnable=true\n");
         row("switch behind a lone carriage return", "[Common]\nA=1\rCCMEnable=true\n");
         row("bad while off", "[Common]\nCCMEnable=false\nCCMValue3=abc\n");
     }

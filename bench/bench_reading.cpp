@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reading: host calls of a full pass, the library's own share of it, the update of one item.
+#include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
 #include "support/DescriptionBuilder.h"
@@ -10,7 +11,6 @@
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QMutex>
 
 #include <cstdio>
 
@@ -22,9 +22,9 @@ using Flags = QGetFeaturesThread::UpdateFlags;
 class Owner : public IFeatureReadingOwner
 {
 public:
-    QMutex* GetFeatureMutex() override { return &mutex; }
+    FeatureMutex* GetFeatureMutex() override { return &mutex; }
     void EmitPollingFeatureChanged(const QString&) override {}
-    QMutex mutex;
+    FeatureMutex mutex;
 };
 
 // A loaded description with a host behind it and a thread to read it.

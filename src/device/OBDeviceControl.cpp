@@ -4,7 +4,9 @@
 #include "basetools/ORXInterface.h"
 #include "device/Guarded.h"
 #include "device/GuiThread.h"
+#include "device/HostCallWatch.h"
 #include "device/ReentrancyScope.h"
+#include "device/StopRequest.h"
 #include "device/XmlLimits.h"
 
 #include <QDebug>
@@ -36,11 +38,22 @@ void report(int* err, int code)
         *err = code;
 }
 
-// Every call of the host. From inside one on the GUI thread the host may release the library: what
-// would destroy widgets is put off. An exception of the host ends here.
-template <typename Callback, typename... Arguments>
-int callHost(Callback callback, Arguments... arguments)
+// A worker that was told to stop makes no call of the host.
+bool isStopped(int* err)
 {
+    if (!StopRequest::isHere())
+        return false;
+    report(err, DeviceError::kStopped);
+    return true;
+}
+
+// Every call of the host; `feature` is what it is about. From inside one on the GUI thread the host
+// may release the library: what would destroy widgets is put off. An exception of the host ends
+// here.
+template <typename Callback, typename... Arguments>
+int callHost(const QString& feature, Callback callback, Arguments... arguments)
+{
+    const HostCallWatch watch(feature);
     std::optional<ReentrancyScope> scope;
     if (onGuiThread())
         scope.emplace();
@@ -84,12 +97,14 @@ bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buff
         return false;
     }
     if (checkReadable && !IsNodeReadable(name)) {
-        report(err, DeviceError::kNotReadable);
+        report(err, StopRequest::isHere() ? DeviceError::kStopped : DeviceError::kNotReadable);
         return false;
     }
+    if (isStopped(err))
+        return false;
     QByteArray localName = name.toLocal8Bit();
     const int code =
-        callHost(get, static_cast<int>(type), localName.data(), buffer, s_pUser.load());
+        callHost(name, get, static_cast<int>(type), localName.data(), buffer, s_pUser.load());
     report(err, code);
     return code == 0;
 }
@@ -111,7 +126,7 @@ bool OBDeviceControl::GetEnumNodeValue(const QString& name, _ZDCC_ENUMVALUE_T* v
 {
     if (!GetValue(FeatureType::Enumeration, name, value, err, checkReadable))
         return false;
-    // Hosts have been seen to count beyond the array.
+    // A host may count beyond the array.
     constexpr uint32_t kEntries = sizeof(value->supported) / sizeof(value->supported[0]);
     if (value->supportedCount > kEntries)
         value->supportedCount = kEntries;
@@ -145,12 +160,14 @@ bool OBDeviceControl::GetStringNodeValue(const QString& name, QString& value, in
 bool OBDeviceControl::SetValue(FeatureType type, const QString& name, const QString& value,
                                int* err)
 {
+    if (isStopped(err))
+        return false;
     const OB_FT_SetFeatureFunc set = s_pSetFeatureFunc;
     int code = DeviceError::kNoCallback;
     if (set) {
         QByteArray localName = name.toLocal8Bit();
         QByteArray localValue = value.toLocal8Bit();
-        code = callHost(set, static_cast<int>(type), localName.data(), localValue.data(),
+        code = callHost(name, set, static_cast<int>(type), localName.data(), localValue.data(),
                         s_pUser.load());
     }
     report(err, code);
@@ -201,9 +218,11 @@ int OBDeviceControl::GetNodeAccessMode(const QString& name, int* err)
         report(err, DeviceError::kNoCallback);
         return OB_FT_ACCESS_NOT_IMPLEMENTED;
     }
+    if (isStopped(err))
+        return OB_FT_ACCESS_NOT_IMPLEMENTED;
     QByteArray localName = name.toLocal8Bit();
     int mode = OB_FT_ACCESS_NOT_IMPLEMENTED;
-    const int code = callHost(getMode, localName.data(), &mode, s_pUser.load());
+    const int code = callHost(name, getMode, localName.data(), &mode, s_pUser.load());
     report(err, code);
     return code == 0 ? mode : OB_FT_ACCESS_NOT_IMPLEMENTED;
 }
@@ -222,13 +241,13 @@ bool OBDeviceControl::IsNodeReadable(const QString& name)
 void OBDeviceControl::InvalidateNodes()
 {
     if (const OB_FT_InvalidateFunc invalidate = s_pInvalidateFunc)
-        callHost(invalidate, s_pUser.load());
+        callHost(QString(), invalidate, s_pUser.load());
 }
 
 void OBDeviceControl::NotifyWindowsClose()
 {
     if (const OB_FT_ActionFunc action = s_pActionFunc)
-        callHost(action, OB_FT_ACTION_WINDOW_HIDDEN, s_pUser.load());
+        callHost(QString(), action, OB_FT_ACTION_WINDOW_HIDDEN, s_pUser.load());
 }
 
 void OBDeviceControl::SetDeviceInfo(const _OB_FT_DEVICEINFO_* info)

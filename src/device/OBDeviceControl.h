@@ -26,6 +26,7 @@ namespace DeviceError {
 constexpr int kNoCallback = static_cast<int>(0x80000000U);
 constexpr int kNotReadable = static_cast<int>(0x80000106U);
 constexpr int kCallbackThrew = -1; // also logged as critical
+constexpr int kStopped = -2;       // a worker's call after its stop (StopRequest); never logged
 } // namespace DeviceError
 
 // The one place where the library reaches the camera, through the callbacks that the host

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "main/ORXMainFeatureWidget.h"
 
+#include "device/HostCaller.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
@@ -193,17 +194,34 @@ void ORXMainFeatureWidget::showOnTop()
 void ORXMainFeatureWidget::setVisible(bool visible)
 {
     ZELCustomMainWindow::setVisible(visible);
-    if (!visible && m_pPrompt && !m_bSilentHide)
+    if (!visible && !m_bSilentHide)
+        afterHide();
+}
+
+void ORXMainFeatureWidget::afterHide()
+{
+    if (m_pPrompt)
         m_pPrompt->reject();
-    if (visible || m_bSilentHide)
-        return;
     // The host may release the library from inside its action.
     const ReentrancyScope scope;
     OBDeviceControl::NotifyWindowsClose();
 }
 
+// Nobody looks at a window that waits: everyone who calls the host is asked to stop, the window goes,
+// and only then are the calls under way waited for. The host hears of it when none is left.
 void ORXMainFeatureWidget::closeEvent(QCloseEvent* event)
 {
+    const QPointer<ORXMainFeatureWidget> self(this);
+    const bool tellHost = isVisible();
+    HostCaller::requestStopOfAll();
+    m_bSilentHide = true;
+    hide();
+    m_bSilentHide = false;
+    if (m_pPrompt)
+        m_pPrompt->reject();
     PauseUpdateThread();
-    ZELCustomMainWindow::closeEvent(event);
+    if (tellHost)
+        afterHide();
+    if (self)
+        ZELCustomMainWindow::closeEvent(event);
 }

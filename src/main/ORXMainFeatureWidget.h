@@ -100,6 +100,7 @@ private:
     // Text of the context "ORXFeatureWidget", which several windows share.
     static QString shared(const char* text);
     void initUI();
+    void afterHide();
     void retranslate();
     void afterFirstRead(qint64 key);
     void showTitle(qint64 key);

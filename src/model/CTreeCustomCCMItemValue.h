@@ -3,6 +3,9 @@
 
 #include "model/CTreeItemValue.h"
 
+#include <QObject>
+#include <QPointer>
+
 class ORXPropertyTreeItem;
 
 // Value of the colour correction matrix item: where the matrix lives, and what switches it. Set by
@@ -16,4 +19,6 @@ public:
     qint64 m_lCameraID = -1;
     // The boolean item that says whether the matrix is on. Not owned; may be null.
     ORXPropertyTreeItem* m_pEnableItem = nullptr;
+    // What reads and writes the matrix (a ColorMatrix). Not owned; may go before the item.
+    QPointer<QObject> m_pMatrix;
 };

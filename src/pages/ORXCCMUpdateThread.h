@@ -2,82 +2,72 @@
 #pragma once
 
 #include "pages/ORXRWCCMValue.h"
+#include "reading/SerialWorker.h"
 
 #include <QString>
-#include <QThread>
 
 #include <array>
-#include <atomic>
-#include <mutex>
 
-class QMutex;
+class FeatureMutex;
+
+// One reading of a matrix.
+struct CCMJob
+{
+    FeatureMutex* featureMutex = nullptr; // Not owned; may be null.
+};
 
 // Reads the nine coefficients of the colour correction matrix, from the camera or from the settings
-// file. Belongs to one ORXCCMWidget, which gives it up with abandon(): a call of the host may hang
-// longer than the widget lives.
+// file. Owned by a ColorMatrix.
 //
 // The camera shows its coefficients through a selector, and only while the standard transformation
 // is off. Both are put back after the last coefficient, also after a failure or a stop. Meanwhile
 // the tree's feature mutex is held, so that no reading pass takes a coefficient for that of the
-// selected entry, and no second thread of this class moves the selector.
+// selected entry; as long as the transformation need not be touched, a pass that waits gets its turn
+// between two coefficients, with the selector put back.
 //
-// | operation                            | thread       | lock                                   |
-// |--------------------------------------|--------------|----------------------------------------|
-// | run                                  | its own      | the feature mutex; m_mutex at its end  |
-// | requestStop, isStopRequested         | any (atomic) | none                                   |
-// | result, setEnabledFlag               | any          | m_mutex, inside                        |
-// | everything else                      | GUI          | none                                   |
-class ORXCCMUpdateThread : public QThread
+// | operation              | thread       | lock                                             |
+// |------------------------|--------------|--------------------------------------------------|
+// | startReading           | GUI          | the worker's, inside                             |
+// | result                 | any          | the worker's, inside                             |
+// | work                   | its own      | the feature mutex; the worker's at its end       |
+// | SigJobEnded            | emitted by the worker; connect queued                           |
+class ORXCCMUpdateThread : public SerialWorker<CCMJob>
 {
     Q_OBJECT
 public:
     struct Result
     {
-        bool complete = false; // false: nothing below is worth anything
+        bool complete = false; // false: what is here is not what the camera or the file has
+        bool stopped = false;  // told to stop before it was complete
         bool enabled = false;
-        std::array<float, ORXRWCCMValue::kCoefficients> values{}; // device mode
-        float minimum = 0.0F;
+        std::array<float, ORXRWCCMValue::kCoefficients> values{}; // of the camera
+        float minimum = 0.0F;                                     // of them
         float maximum = 0.0F;
-        ORXRWCCMValue::Coefficients coefficients = ORXRWCCMValue::identity(); // file mode
-        QString settingsName;
-        QString fault; // English, for the log
+        ORXRWCCMValue::Coefficients coefficients = ORXRWCCMValue::identity(); // of the file
+        QString settingsName; // of the file; empty until it was asked for
+        QString fault;        // English, for the log
     };
 
-    ORXCCMUpdateThread(qint64 cameraId, bool deviceMode);
-
-    // Starts reading; not while it reads. `featureMutex` is that of the camera's tree, not owned,
-    // and must live until the end or stopAll(). Null when there is no tree: then nothing is read.
-    void startReading(QMutex* featureMutex);
-    void requestStop() { m_bStop = true; }
-    bool isStopRequested() const { return m_bStop; }
-    // To be called instead of delete: destroys the thread now, or when its run has ended.
-    void abandon();
-    // What the last run has found.
-    Result result() const;
-    void setEnabledFlag(bool enabled);
-
-    // Stops all threads of this class; returns when none calls the host any more.
-    static void stopAll();
-
-protected:
-    void run() override;
-
-private slots:
-    void onFinished();
-
-private:
+    // `deviceMode`: the matrix lives in the camera, not in the settings file.
+    explicit ORXCCMUpdateThread(bool deviceMode);
     ~ORXCCMUpdateThread() override;
 
-    void destroy();
-    static void readFile(Result& result);
-    bool readDevice(Result& result) const;
-    bool readCoefficients(Result& result) const;
+    void startReading(FeatureMutex* featureMutex);
+    // Of the last reading that ended.
+    Result result() const;
 
-    const qint64 m_lCameraID;
+signals:
+    void SigJobEnded();
+
+protected:
+    void work(CCMJob& job) override;
+    void jobEnded() override;
+
+private:
+    void readFile(Result& result) const;
+    bool readDevice(Result& result, FeatureMutex* featureMutex) const;
+    bool readCoefficients(Result& result, class FeatureLock& lock, bool mayGiveWay) const;
+
     const bool m_bDeviceMode;
-    std::atomic<bool> m_bStop{false};
-    bool m_bAbandoned = false;
-    QMutex* m_pFeatureMutex = nullptr; // Not owned.
-    mutable std::mutex m_mutex;
-    Result m_result; // guarded by m_mutex
+    Result m_result; // guarded by the worker's lock
 };

@@ -11,9 +11,8 @@ class ORXPropertyTreeItem;
 struct ORXCCMWidgetPrivateData;
 
 // Editor of an item with the tag "CustomTagNameCCM": the camera's colour correction matrix, nine
-// numbers that are edited cell by cell. What the item's value (CTreeCustomCCMItemValue) says
-// decides whether the matrix lives in the camera or in the settings file of the host's software
-// (ORXRWCCMValue). Owned by the view; reading is done by an ORXCCMUpdateThread.
+// numbers that are edited cell by cell. Shows what the ColorMatrix of the item's value
+// (CTreeCustomCCMItemValue) knows. Owned by the view.
 //
 // | operation                                | thread                        | lock              |
 // |------------------------------------------|-------------------------------|-------------------|
@@ -32,6 +31,8 @@ public:
 
     // Reads the matrix anew; the cells are filled when that has ended.
     void updateData();
+    // Shows what is known of the matrix.
+    void showMatrix();
     // Whether the correction of that settings file is on; only then its nine coefficients, where
     // 1024 stands for 1.0, are stored in `values`.
     static bool getSDKCCMEnable(const QString& name, int* values);
@@ -44,25 +45,12 @@ public slots:
 signals:
     void sigUpdateEditorData(qint64 cameraID, ORXPropertyTreeItem* item, int column);
 
-private slots:
-    void endUpdate();
-
 private:
     void initData();
     void onEditedCCMValue();
-    void enableCCMValueChanged(bool on);
-    bool enableInFile(bool on);
-    bool enableInCamera(bool on);
-    bool writeCell(int index, float value);
-
-    ORXPropertyTreeItem* enableItem() const;
-    void setEnableItem(bool on);
-    void setCellsEnabled(bool on);
     void showCells();
+    void setCellsEnabled(bool on);
     bool isEdited() const;
-    void rereadInTree(const QString& feature);
-    void reportFile(const QString& file, const QString& fault, bool once);
-    static void forgetFileReport();
 
     std::unique_ptr<ORXCCMWidgetPrivateData> d;
 };

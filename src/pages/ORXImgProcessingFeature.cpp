@@ -2,8 +2,8 @@
 #include "pages/ORXImgProcessingFeature.h"
 
 #include "device/ORXListenTools.h"
+#include "pages/ColorMatrix.h"
 #include "pages/ImgProcessingTable.h"
-#include "pages/ORXCCMUpdateThread.h"
 #include "pages/ORXCCMWidget.h"
 #include "pages/QLUTDrawWidget.h"
 #include "pages/RegionDrawWidget.h"
@@ -51,6 +51,9 @@ void ORXImgProcessingFeature::afterItemsCreated(ORXPropertyTreeItem* root)
 {
     createLUTItems(root);
     createMatrixItems(root);
+    attachMatrix(root);
+    connect(tree(), &ORXFeatureTree::SigFullReadEnded, this,
+            &ORXImgProcessingFeature::rereadBehindSelectors);
     createPaletteItem(root);
     m_pChunks->attach(tree(), pageItem(kEmbeddedInfoGroup, root), treeView(), cameraID());
     m_pEvents->attach(tree(), pageItem(kEventGroup, root), treeView(), cameraID());
@@ -77,6 +80,7 @@ void ORXImgProcessingFeature::resetCamaraID(qint64 cameraId)
     if (known && tree()) {
         m_pChunks->attach(tree(), pageItem(kEmbeddedInfoGroup), treeView(), cameraID());
         m_pEvents->attach(tree(), pageItem(kEventGroup), treeView(), cameraID());
+        attachMatrix(getRootItem(cameraID(), false));
     }
     if (cameraID() != -1)
         scheduleRefresh();
@@ -99,18 +103,26 @@ void ORXImgProcessingFeature::forgetCamera()
     m_pLut->resetCameraID(-1);
     for (SelectorChecks* each : checks())
         each->clear();
+    m_matrix.reset();
     setDrawMode(RegionDrawWidget::DrawNothing);
     m_bDrawnElsewhere = false;
     m_pRegion->setAreas(std::nullopt, std::nullopt);
     m_pPanels->hide();
 }
 
+// Everyone is asked before the first is waited for.
 void ORXImgProcessingFeature::stopHostCalls()
 {
+    m_pLut->StopTransfer(false);
+    for (SelectorChecks* each : checks())
+        each->requestStop();
+    if (m_matrix)
+        m_matrix->requestStop();
     m_pLut->StopTransfer(true);
     for (SelectorChecks* each : checks())
         each->stopHostCalls();
-    ORXCCMUpdateThread::stopAll();
+    if (m_matrix)
+        m_matrix->stopHostCalls();
 }
 
 // Following the camera ----------------------------------------------------------------------------
@@ -141,6 +153,15 @@ void ORXImgProcessingFeature::itemSpecialInfoChanged(ORXPropertyTreeItem*, int i
         return;
     for (SelectorChecks* each : checks())
         each->requestStates();
+}
+
+// The whole camera was read: what no pass can see is read, too.
+void ORXImgProcessingFeature::rereadBehindSelectors()
+{
+    for (SelectorChecks* each : checks())
+        each->requestStates();
+    if (m_matrix)
+        m_matrix->read();
 }
 
 void ORXImgProcessingFeature::scheduleRefresh()
@@ -184,6 +205,8 @@ void ORXImgProcessingFeature::hideEvent(QHideEvent* event)
     CuratedPage::hideEvent(event);
     for (SelectorChecks* each : checks())
         each->setShown(false);
+    if (m_matrix)
+        m_matrix->setShown(false);
     setDrawMode(RegionDrawWidget::DrawNothing);
 }
 
@@ -204,8 +227,6 @@ int ORXImgProcessingFeature::notify(int code, void* payload)
     if (code == ListenCode::kFirstReadEnded && payload &&
         *static_cast<qint64*>(payload) == cameraID()) {
         scheduleRefresh();
-        for (SelectorChecks* each : checks())
-            each->requestStates();
     } else if (code == ListenCode::kDrawModeChanged && payload) {
         // While another page draws in the same camera, this one does not.
         const auto* change = static_cast<const DrawModeChange*>(payload);

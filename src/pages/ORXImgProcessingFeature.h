@@ -5,9 +5,13 @@
 #include "pages/CuratedPage.h"
 #include "pages/RegionArea.h"
 #include "pages/SelectorChecks.h"
+#include "tree/SelectorRowsLock.h"
 
 #include <QTimer>
 
+#include <memory>
+
+class ColorMatrix;
 class QLUTDrawWidget;
 class QScrollArea;
 class QStackedWidget;
@@ -45,6 +49,8 @@ public:
 
     RegionDrawWidget* regionPicture() const { return m_pRegion; }
     QLUTDrawWidget* lutEditor() const { return m_pLut; }
+    // The camera's colour correction matrix; null when it has none.
+    ColorMatrix* colorMatrix() const { return m_matrix.get(); }
 
 protected:
     void afterItemsCreated(ORXPropertyTreeItem* root) override;
@@ -59,6 +65,7 @@ private:
     void updateLUTItems();
     void lockTable(bool lock);
     void createMatrixItems(ORXPropertyTreeItem* root);
+    void attachMatrix(ORXPropertyTreeItem* root);
     static bool concernsMatrix(const QString& nodeName);
     void updateMatrix();
     void createPaletteItem(ORXPropertyTreeItem* root);
@@ -72,6 +79,7 @@ private:
     void updatePanel();
     void fitPanel();
     void setDrawMode(int mode);
+    void rereadBehindSelectors();
     void writeRegion(const RegionArea::Target& target);
     QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }
 
@@ -81,6 +89,8 @@ private:
     RegionDrawWidget* m_pRegion;    // Owned (child).
     QScrollArea* m_pLutPanel;       // Owned (child).
     QLUTDrawWidget* m_pLut;         // Owned (child).
+    std::unique_ptr<ColorMatrix> m_matrix;
+    SelectorRowsLock m_tableLock;   // while a table is transferred
     QTimer m_refreshTimer;          // many changes of items are one refresh
     QTimer m_areasTimer;            // waits for the end of a pass
     bool m_bMatrixChanged = false;  // in the camera, since the last refresh

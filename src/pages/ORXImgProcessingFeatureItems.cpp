@@ -2,6 +2,7 @@
 // The items of ORXImgProcessingFeature that are its own: look-up table, matrix, palettes.
 #include "model/CTreeCustomCCMItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
+#include "pages/ColorMatrix.h"
 #include "pages/ImgProcessingTable.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/ORXRWCCMValue.h"
@@ -100,18 +101,16 @@ void ORXImgProcessingFeature::updateLUTItems()
 // Selecting another table, or another point, in the middle of a transfer would mix the tables.
 void ORXImgProcessingFeature::lockTable(bool lock)
 {
-    for (const char* name : {"LUTSelector", "LUTIndex", "LUTValue"}) {
-        ORXPropertyTreeItem* item = cameraItem(name);
-        if (!item || item->value()->enabled() == !lock)
-            continue;
-        // Passes set the read-only state by the camera's locks; this switch is not theirs.
-        item->value()->setEnabled(!lock);
-        item->setReadOnly(lock);
-        item->notifyViewUpdate(cameraID(), -1, false);
-        if (!lock)
-            tree()->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, QString::fromLatin1(name),
-                                   QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead),
-                                   false, false);
+    static const QStringList names{QStringLiteral("LUTSelector"), QStringLiteral("LUTIndex"),
+                                   QStringLiteral("LUTValue")};
+    if (lock) {
+        m_tableLock.lock(tree(), names);
+    } else if (m_tableLock.isLocked()) {
+        m_tableLock.unlock();
+        for (const QString& name : names) {
+            if (ORXFeatureTree* whole = tree())
+                whole->rereadInvalidated(name);
+        }
     }
     scheduleRefresh();
 }
@@ -138,6 +137,11 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
     value->m_lCameraID = cameraID();
     value->m_pEnableItem = enable;
     matrix->setReadOnly(false);
+    onOwnWrite(kCCMEnable, [this](const QVariant& on) {
+        if (m_matrix)
+            m_matrix->switchTo(on.toBool());
+        return true;
+    });
     for (ORXPropertyTreeItem* item : {enable, matrix})
         item->setVisible(true, -1);
     if (!inCamera)
@@ -145,6 +149,19 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
     for (const char* name : kMatrixFeatures)
         observe(cameraItem(name));
     observe(cameraItem(kCCMSwitch));
+}
+
+// What reads and writes the matrix of the present camera, for the item that shows it.
+void ORXImgProcessingFeature::attachMatrix(ORXPropertyTreeItem* root)
+{
+    ORXPropertyTreeItem* item = pageItem(kCCM, root);
+    auto* value = item ? dynamic_cast<CTreeCustomCCMItemValue*>(item->value()) : nullptr;
+    if (!value)
+        return;
+    m_matrix = std::make_unique<ColorMatrix>(cameraID(),
+                                             value->m_nState == CTreeCustomCCMItemValue::InCamera,
+                                             value->m_pEnableItem, nullptr);
+    value->m_pMatrix = m_matrix.get();
 }
 
 // Whether a change of the camera's feature is one of the matrix.
@@ -167,9 +184,8 @@ void ORXImgProcessingFeature::updateMatrix()
                     [this](const char* name) { return cameraItem(name)->visible(); });
     for (const char* name : {kCCMEnable, kCCM})
         pageItem(name)->setVisible(shown, cameraID());
-    // The open editor reads the coefficients again.
     if (std::exchange(m_bMatrixChanged, false))
-        matrix->notifyViewUpdate(cameraID(), 1, false);
+        m_matrix->read();
 }
 
 // Palettes ----------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
 #include "model/CTreeCustomDrawItemValue.h"
+#include "pages/ColorMatrix.h"
 #include "pages/ImgProcessingTable.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/QLUTDrawWidget.h"
@@ -86,6 +87,8 @@ void ORXImgProcessingFeature::updatePanel()
         m_pPanels->setCurrentWidget(panel);
     m_pChunks->setShown(isVisible() && showsGroup(kEmbeddedInfoGroup));
     m_pEvents->setShown(isVisible() && showsGroup(kEventGroup));
+    if (m_matrix)
+        m_matrix->setShown(isVisible() && showsGroup(kCCMGroup));
     fitPanel();
     m_pPanels->setVisible(panel != nullptr);
     setDrawMode(isVisible() && !m_bDrawnElsewhere ? mode : RegionDrawWidget::DrawNothing);

@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/ORXLUTThread.h"
 
-#include "reading/ThreadAnnotations.h"
-#include "reading/ThreadWait.h"
-
-#include <QDebug>
-
 #include <algorithm>
 
-namespace {
-
-} // namespace
-
 ORXLUTThread::ORXLUTThread(QObject* parent)
-    : QThread(parent)
+    : SerialWorker("LUT", parent)
 {
 }
 
 ORXLUTThread::~ORXLUTThread()
 {
-    StopThread();
+    finish();
 }
 
 // Jobs --------------------------------------------------------------------------------------------
@@ -28,120 +19,72 @@ ORXLUTThread::~ORXLUTThread()
 // for a table, and this is the GUI thread. The job is kept until the worker comes to it.
 bool ORXLUTThread::SetThreadType(int type)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const bool waits = std::any_of(m_waiting.cbegin(), m_waiting.cend(),
-                                   [type](const Job& job) { return job.type == type; });
-    if (waits || (m_bRunning && !m_bStop && m_nThreadType == type))
-        return false;
-    m_prepared = {type, m_lCameraID, {}};
-    return true;
+    return locked([&](const Waiting& waiting, const LUTJob* running) {
+        const bool waits = std::any_of(waiting.cbegin(), waiting.cend(),
+                                       [type](const LUTJob& job) { return job.type == type; });
+        if (waits || (running && !stopRequested() && running->type == type))
+            return false;
+        m_prepared = {type, m_lCameraID, {}};
+        return true;
+    });
 }
 
 void ORXLUTThread::setPointVector(const LUTPoints& points)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_prepared.points = points;
+    locked([&](Waiting&, LUTJob*) { m_prepared.points = points; });
 }
 
 void ORXLUTThread::startJob()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_waiting.push_back(m_prepared);
-        if (m_bActive)
-            return;
-        m_bActive = true;
-    }
-    // The thread has taken its last look at the waiting jobs and is about to end; a start that came
-    // before that end would be lost.
-    if (isRunning())
-        wait();
-    OBFT_HAPPENS_AFTER(this);
-    start(QThread::InheritPriority);
+    post(locked([this](Waiting&, LUTJob*) { return m_prepared; }));
 }
 
 void ORXLUTThread::resetCameraID(qint64 cameraId)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+    const bool another = locked([&](Waiting&, LUTJob*) {
         if (cameraId == m_lCameraID)
-            return;
+            return false;
         m_lCameraID = cameraId;
         m_points.clear();
-    }
-    requestStop();
+        return true;
+    });
+    if (another)
+        requestStop();
 }
 
+// Of jobs that are dropped before the worker came to them nobody else would tell the end.
 void ORXLUTThread::requestStop()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_waiting.clear();
-    m_bStop = true;
-}
-
-void ORXLUTThread::StopThread()
-{
-    requestStop();
-    waitForThread(*this, "LUT");
-}
-
-bool ORXLUTThread::isBusy() const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_bRunning || !m_waiting.empty();
+    const bool onlyWaiting = locked(
+        [](const Waiting& waiting, const LUTJob* running) { return !running && !waiting.empty(); });
+    SerialWorker::requestStop();
+    if (onlyWaiting)
+        emit SigThreadEnd();
 }
 
 LUTPoints ORXLUTThread::points() const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_points;
+    return locked([this](const Waiting&, const LUTJob*) { return m_points; });
 }
 
 LUTTransferReport ORXLUTThread::takeReport()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_reports.empty())
-        return {};
-    const LUTTransferReport report = m_reports.front();
-    m_reports.pop_front();
-    return report;
+    return locked([this](Waiting&, LUTJob*) {
+        if (m_reports.empty())
+            return LUTTransferReport();
+        const LUTTransferReport report = m_reports.front();
+        m_reports.pop_front();
+        return report;
+    });
 }
 
 // Worker ------------------------------------------------------------------------------------------
 
-bool ORXLUTThread::takeJob()
+void ORXLUTThread::work(LUTJob& job)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_waiting.empty()) {
-        m_bActive = false;
-        return false;
-    }
-    m_job = m_waiting.front();
-    m_waiting.pop_front();
-    m_nThreadType = m_job.type;
-    m_bRunning = true;
-    m_bStop = false;
-    return true;
-}
-
-void ORXLUTThread::run()
-{
-    bool any = false;
-    while (takeJob()) {
-        any = true;
-        runJob();
-        ExitThread();
-    }
-    // The only job may have been dropped before the thread came to it.
-    if (!any)
-        emit SigThreadEnd();
-    OBFT_HAPPENS_BEFORE(this);
-}
-
-void ORXLUTThread::runJob()
-{
-    m_report = {m_job.type, m_job.cameraId, 0, 0, LUTTransferReport::Failed};
-    if (m_job.type == SetToCamera) {
+    m_pJob = &job;
+    m_report = {job.type, job.cameraId, 0, 0, LUTTransferReport::Failed};
+    if (job.type == SetToCamera) {
         SetPointToCamera();
         fileReport();
         emit SigSetToCameraFinished();
@@ -149,24 +92,17 @@ void ORXLUTThread::runJob()
     }
     GetPointFromCamera();
     fileReport();
-    if (m_job.type == LoadFromCamera)
+    if (job.type == LoadFromCamera)
         emit SigLoadFromCameraFinished();
+}
+
+void ORXLUTThread::jobEnded()
+{
+    emit SigThreadEnd();
 }
 
 void ORXLUTThread::fileReport()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_reports.push_back(m_report);
-    }
+    locked([this](Waiting&, LUTJob*) { m_reports.push_back(m_report); });
     emit SigReport();
-}
-
-void ORXLUTThread::ExitThread()
-{
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_bRunning = false;
-    }
-    emit SigThreadEnd();
 }

@@ -3,27 +3,30 @@
 
 #include "pages/LUTPoint.h"
 #include "pages/LUTTransferReport.h"
+#include "reading/SerialWorker.h"
 
-#include <QThread>
-
-#include <atomic>
-#include <deque>
-#include <mutex>
+// One table to be read or written.
+struct LUTJob
+{
+    int type = 0; // ORXLUTThread::ThreadType
+    qint64 cameraId = -1;
+    LUTPoints points; // to be written
+};
 
 // Carries look-up tables from and to the camera, point by point over "LUTIndex" and "LUTValue".
 // Owned by QLUTDrawWidget.
 //
 // | operation                                    | thread | lock                             |
 // |----------------------------------------------|--------|----------------------------------|
-// | SetThreadType, setPointVector, startJob,     | GUI    | the job mutex, inside            |
+// | SetThreadType, setPointVector, startJob,     | GUI    | the worker's, inside             |
 // | resetCameraID, requestStop, StopThread       |        |                                  |
-// | points, takeReport, isBusy                   | any    | the job mutex, inside            |
+// | points, takeReport, isBusy                   | any    | the worker's, inside             |
 // | everything else                              | worker | none while it calls the host     |
 // | signals                                      | emitted by the worker; connect queued     |
 //
 // A job never holds up the GUI thread: what has to wait for the running job is kept and run after
 // it. Only StopThread waits.
-class ORXLUTThread : public QThread
+class ORXLUTThread : public SerialWorker<LUTJob>
 {
     Q_OBJECT
 public:
@@ -46,13 +49,11 @@ public:
 
     // Ends every job: they belong to the camera before. The same camera again changes nothing.
     void resetCameraID(qint64 cameraId);
-    // Drops the waiting jobs and ends the running one before its next call of the host.
-    void requestStop();
+    // As SerialWorker's; what waited has ended then, too.
+    void requestStop() override;
     // As requestStop(), and waits for the host's call in progress, without limit; a call that takes
-    // long is reported in the log. No job starts before the next startJob().
-    void StopThread();
-    // Whether a job runs or waits.
-    bool isBusy() const;
+    // long is reported in the log.
+    void StopThread() { stopAndWait(); }
     // The table that was read last from the present camera; empty when there is none.
     LUTPoints points() const;
     // The oldest report that nobody has taken; one for each SigReport.
@@ -74,19 +75,10 @@ signals:
     void SigThreadEnd();
 
 protected:
-    void run() override;
+    void work(LUTJob& job) override;
+    void jobEnded() override;
 
 private:
-    struct Job
-    {
-        int type = LoadFromCamera;
-        qint64 cameraId = -1;
-        LUTPoints points; // to be written
-    };
-
-    bool takeJob();
-    void runJob();
-    void ExitThread();
     void GetPointFromCamera();
     void GetPointGroup(int maximumIndex, int maximumValue);
     void SetPointToCamera();
@@ -94,21 +86,14 @@ private:
     void countPoint();
     void fileReport();
 
-    // The job mutex and what it guards.
-    mutable std::mutex m_mutex;
-    bool m_bActive = false; // run() will look at the waiting jobs once more
-    bool m_bRunning = false;
-    int m_nThreadType = LoadFromCamera; // of the running job
-    Job m_prepared;
-    std::deque<Job> m_waiting;
+    // Guarded by the worker's lock.
+    LUTJob m_prepared;
     qint64 m_lCameraID = -1;
     LUTPoints m_points;
     std::deque<LUTTransferReport> m_reports; // not taken yet
 
-    std::atomic<bool> m_bStop{false}; // ends the running job only
-
     // The worker's own.
-    Job m_job;
+    const LUTJob* m_pJob = nullptr; // the running one. Not owned.
     LUTTransferReport m_report;
     float m_fXScale = 0.0F; // pixels for each index and value
     float m_fYScale = 0.0F;

@@ -56,7 +56,10 @@ void ORXLUTThread::GetPointFromCamera()
     long long maximumIndex = 0;
     long long maximumValue = 0;
     if (!GetLutIndex(value, maximumIndex, minimum) || !GetLutValue(value, maximumValue, minimum)) {
-        qCritical("%s", "LUT: the camera does not tell the size of its table");
+        if (stopRequested())
+            m_report.outcome = LUTTransferReport::Stopped;
+        else
+            qCritical("%s", "LUT: the camera does not tell the size of its table");
         return;
     }
     const int lastIndex = usableLimit(indexName(), maximumIndex, LUTLimits::kMostPoints - 1);
@@ -73,15 +76,15 @@ void ORXLUTThread::GetPointGroup(int maximumIndex, int maximumValue)
     m_report.total = maximumIndex + 1;
     LUTPoints points;
     points.reserve(m_report.total);
-    for (int i = 0; i <= maximumIndex && !m_bStop; ++i) {
+    for (int i = 0; i <= maximumIndex && !stopRequested(); ++i) {
         long long value = 0;
         long long maximum = 0;
         long long minimum = 0;
         // A value without its index would be that of another place.
-        const bool selected = SetLutIndex(i);
-        if (selected && m_bStop)
+        const bool read = SetLutIndex(i) && GetLutValue(value, maximum, minimum);
+        if (stopRequested())
             break;
-        if (!selected || !GetLutValue(value, maximum, minimum)) {
+        if (!read) {
             qCritical("LUT: reading failed after %d of %d points", m_report.done, m_report.total);
             return;
         }
@@ -99,14 +102,14 @@ void ORXLUTThread::GetPointGroup(int maximumIndex, int maximumValue)
 
 void ORXLUTThread::SetPointToCamera()
 {
-    m_report.total = m_job.points.size();
-    for (int position = 0; position < m_report.total && !m_bStop; ++position) {
-        if (SetLutIndex(position) && !m_bStop && SetLutValue(m_job.points.at(position).value))
+    m_report.total = m_pJob->points.size();
+    for (int position = 0; position < m_report.total && !stopRequested(); ++position) {
+        if (SetLutIndex(position) && SetLutValue(m_pJob->points.at(position).value))
             countPoint();
     }
     if (m_report.done == m_report.total) {
         m_report.outcome = LUTTransferReport::Completed;
-    } else if (m_bStop) {
+    } else if (stopRequested()) {
         // What was overwritten cannot be brought back without as many calls again.
         qCritical("LUT: writing stopped after %d of %d points", m_report.done, m_report.total);
         m_report.outcome = LUTTransferReport::Stopped;
@@ -118,11 +121,12 @@ void ORXLUTThread::SetPointToCamera()
 // False when the points are those of a camera that is no longer shown.
 bool ORXLUTThread::publish(const LUTPoints& points)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_job.cameraId != m_lCameraID)
-        return false;
-    m_points = points;
-    return true;
+    return locked([&](Waiting&, LUTJob*) {
+        if (m_pJob->cameraId != m_lCameraID)
+            return false;
+        m_points = points;
+        return true;
+    });
 }
 
 void ORXLUTThread::countPoint()

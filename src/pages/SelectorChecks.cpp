@@ -33,17 +33,38 @@ SelectorChecks::SelectorChecks(const QVector<Names>& choices, FeatureTag tag, QO
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &SelectorChecks::readStates);
-    connect(&m_thread, &SelectorStateThread::SigAnswered, this, &SelectorChecks::onAnswered,
+    connect(&m_thread, &SelectorStateThread::SigJobEnded, this, &SelectorChecks::onJobEnded,
             Qt::QueuedConnection);
 }
 
 SelectorChecks::~SelectorChecks() = default;
 
+void SelectorChecks::requestStop()
+{
+    m_bShown = false;
+    m_timer.stop();
+    m_thread.requestStop();
+}
+
 void SelectorChecks::stopHostCalls()
 {
-    m_timer.stop();
-    m_thread.stop();
+    requestStop();
+    m_thread.stopAndWait();
+    onJobEnded();
+    forgetWrites();
+}
+
+// What was checked and never reached the camera is not claimed to be there.
+void SelectorChecks::forgetWrites()
+{
+    const QList<qint64> entries = m_underWay.keys();
     m_underWay.clear();
+    for (const qint64 entry : entries) {
+        qCritical().noquote() << QStringLiteral("%1 of entry %2 was not written: stopped before")
+                                     .arg(latin(m_names->enable))
+                                     .arg(entry);
+        showState(m_numbers.indexOf(entry));
+    }
 }
 
 void SelectorChecks::clear()
@@ -51,6 +72,7 @@ void SelectorChecks::clear()
     stopHostCalls();
     m_rows.clear();
     m_numbers.clear();
+    m_known.clear();
     m_bShown = false;
     m_names = nullptr;
     m_pTree = nullptr;
@@ -198,8 +220,12 @@ void SelectorChecks::setShown(bool shown)
 {
     const bool appears = shown && !m_bShown;
     m_bShown = shown;
-    if (appears)
+    if (appears) {
         requestStates();
+    } else if (!shown) {
+        m_timer.stop();
+        m_thread.stopReading();
+    }
 }
 
 void SelectorChecks::requestStates()
@@ -211,11 +237,19 @@ void SelectorChecks::requestStates()
 void SelectorChecks::readStates()
 {
     const ORXPropertyTreeItem* enable = m_names ? cameraItem(m_names->enable) : nullptr;
-    if (enable && enable->visible() && !m_numbers.isEmpty())
-        m_thread.read(m_pTree->GetFeatureMutex(), pair(), m_numbers);
+    if (!enable || !enable->visible() || m_numbers.isEmpty())
+        return;
+    lockRows();
+    m_thread.read(m_pTree->GetFeatureMutex(), pair(), m_numbers);
 }
 
-void SelectorChecks::onAnswered()
+// Before the worker moves the selector, so that no edit of the user can land on another entry.
+void SelectorChecks::lockRows()
+{
+    m_rowsLock.lockSelector(m_pTree, latin(m_names->selector));
+}
+
+void SelectorChecks::onJobEnded()
 {
     const QVector<SelectorStateThread::Answer> answers = m_thread.takeAnswers();
     for (const SelectorStateThread::Answer& each : answers) {
@@ -224,6 +258,8 @@ void SelectorChecks::onAnswered()
         else
             onStatesRead(each.selector, each.states);
     }
+    if (!m_thread.isBusy())
+        m_rowsLock.unlock();
 }
 
 void SelectorChecks::onStatesRead(const QString& selector, const QVector<int>& states)
@@ -232,10 +268,20 @@ void SelectorChecks::onStatesRead(const QString& selector, const QVector<int>& s
     if (!m_names || selector != latin(m_names->selector) || states.size() != m_numbers.size())
         return;
     for (int i = 0; i < states.size(); ++i) {
+        if (states.at(i) < 0)
+            continue;
+        m_known[m_numbers.at(i)] = states.at(i) == 1;
         // What the user has just checked is newer.
-        if (states.at(i) >= 0 && !m_underWay.contains(m_numbers.at(i)))
-            setState(i, states.at(i) == 1);
+        if (!m_underWay.contains(m_numbers.at(i)))
+            showState(i);
     }
+}
+
+// What the camera told last about the entry of a box.
+void SelectorChecks::showState(int index)
+{
+    if (index >= 0 && m_known.contains(m_numbers.at(index)))
+        setState(index, m_known.value(m_numbers.at(index)));
 }
 
 void SelectorChecks::setState(int index, bool on)
@@ -251,6 +297,10 @@ bool SelectorChecks::write(const QString& nodeName, bool on)
         if (this->nodeName(entry) != nodeName)
             continue;
         ++m_underWay[entry];
+        // Of a state that nobody could read the click itself tells what it was.
+        if (!m_known.contains(entry))
+            m_known.insert(entry, !on);
+        lockRows();
         m_thread.write(m_pTree->GetFeatureMutex(), pair(), entry, on);
         return true;
     }
@@ -260,8 +310,11 @@ bool SelectorChecks::write(const QString& nodeName, bool on)
 void SelectorChecks::onWritten(const QString& selector, qint64 entry, bool on,
                                const QString& feature, int error)
 {
-    if (--m_underWay[entry] <= 0)
+    const bool isLast = --m_underWay[entry] <= 0;
+    if (isLast)
         m_underWay.remove(entry);
+    if (feature.isEmpty())
+        m_known[entry] = on;
     const int index = m_numbers.indexOf(entry);
     if (!m_names || selector != latin(m_names->selector) || index < 0)
         return;
@@ -271,7 +324,9 @@ void SelectorChecks::onWritten(const QString& selector, qint64 entry, bool on,
                                  .arg(enable, QString::number(int(on)),
                                       QString::number(m_lCameraID));
     } else {
-        setState(index, !on);
+        // Of several clicks that are refused the box stands at last where the camera does.
+        if (isLast)
+            showState(index);
         m_pTree->showWriteFailure(
             feature, feature == selector ? QString::number(entry) : QString::number(int(on)),
             error);

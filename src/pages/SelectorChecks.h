@@ -3,6 +3,7 @@
 
 #include "model/FeatureTag.h"
 #include "pages/SelectorStateThread.h"
+#include "tree/SelectorRowsLock.h"
 
 #include <QMap>
 #include <QTimer>
@@ -36,7 +37,11 @@ public:
     // the camera has is known after it was read.
     void attach(ORXFeatureTree* tree, ORXPropertyTreeItem* group, ORXFeatureTreeView* view,
                 qint64 cameraId);
-    // Nothing is asked of the host any more; a running call is waited for.
+    // The first half of stopHostCalls(): returns at once.
+    void requestStop();
+    // Nothing is asked of the host any more; a running call, and what puts the selector back, is
+    // waited for. Boxes that were not written yet show again what the camera has; the log names
+    // them.
     void stopHostCalls();
     // As above; forgets camera and rows, which may go now.
     void clear();
@@ -44,7 +49,7 @@ public:
     // have them now.
     void refresh();
     // Whether the user sees the rows; the states are read anew when they come into sight, and not
-    // at all while they are out of sight.
+    // at all while they are out of sight. What the user has checked is written all the same.
     void setShown(bool shown);
     // Reads the states soon; many requests are one.
     void requestStates();
@@ -63,11 +68,14 @@ private:
     SelectorStateThread::Pair pair() const;
     QVector<qint64> numbers() const;
     void readStates();
-    void onAnswered();
+    void onJobEnded();
+    void lockRows();
+    void forgetWrites();
     void onStatesRead(const QString& selector, const QVector<int>& states);
     void onWritten(const QString& selector, qint64 entry, bool on, const QString& feature,
                    int error);
     void setState(int index, bool on);
+    void showState(int index);
     QString nodeName(qint64 entry) const;
 
     const QVector<Names> m_choices;
@@ -78,7 +86,9 @@ private:
     QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
     QVector<qint64> m_numbers;            // entries in the order of the boxes
     bool m_bShown = false;
+    QMap<qint64, bool> m_known;   // state by entry as the camera told it last
     QMap<qint64, int> m_underWay; // number of writes by entry
+    SelectorRowsLock m_rowsLock;  // while the selector may stand elsewhere
     QTimer m_timer;
     SelectorStateThread m_thread;
 };

@@ -2,172 +2,115 @@
 #include "pages/SelectorStateThread.h"
 
 #include "device/OBDeviceControl.h"
-#include "pages/StoppableFeatureLock.h"
+#include "pages/SelectorKeeper.h"
+#include "reading/FeatureMutex.h"
 
-#include <optional>
+#include <algorithm>
 #include <utility>
 
 namespace {
 
-std::optional<quint32> numberOf(const QString& enumeration)
-{
-    _ZDCC_ENUMVALUE_T value = {};
-    if (!OBDeviceControl::GetEnumNodeValue(enumeration, &value))
-        return std::nullopt;
-    return value.value;
-}
-
-int stateOf(const SelectorStateThread::Pair& pair)
+int stateOf(const SelectorPair& pair)
 {
     if (pair.isEnumeration) {
-        const std::optional<quint32> number = numberOf(pair.enable);
+        const std::optional<quint32> number = readEntryNumber(pair.enable);
         return number ? (*number == pair.on ? 1 : 0) : -1;
     }
     bool on = false;
     return OBDeviceControl::GetBoolNodeValue(pair.enable, &on) ? (on ? 1 : 0) : -1;
 }
 
-// Puts the selector back where it was, whatever happens meanwhile.
-class SelectorKeeper
+void dropReadings(std::deque<SelectorJob>& jobs)
 {
-public:
-    explicit SelectorKeeper(const QString& selector)
-        : m_selector(selector)
-        , m_before(numberOf(selector))
-        , m_now(m_before)
-    {
-    }
-    ~SelectorKeeper()
-    {
-        if (m_before)
-            select(*m_before, nullptr);
-    }
-    SelectorKeeper(const SelectorKeeper&) = delete;
-    SelectorKeeper& operator=(const SelectorKeeper&) = delete;
-
-    bool isKnown() const { return m_before.has_value(); }
-    bool select(quint32 entry, int* error)
-    {
-        if (m_now == entry)
-            return true;
-        // After a refused write nobody knows where it stands.
-        m_now.reset();
-        if (!OBDeviceControl::SetEnumNodeValue(m_selector, entry, error))
-            return false;
-        m_now = entry;
-        return true;
-    }
-
-private:
-    const QString m_selector;
-    const std::optional<quint32> m_before;
-    std::optional<quint32> m_now;
-};
+    const auto reads = [](const SelectorJob& job) { return !job.isWrite; };
+    jobs.erase(std::remove_if(jobs.begin(), jobs.end(), reads), jobs.end());
+}
 
 } // namespace
 
 SelectorStateThread::SelectorStateThread(QObject* parent)
-    : QObject(parent)
+    : SerialWorker("Check boxes", parent)
 {
 }
 
 SelectorStateThread::~SelectorStateThread()
 {
-    stop();
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_bQuit = true;
-    }
-    m_changed.notify_all();
-    if (m_thread.joinable())
-        m_thread.join();
+    finish();
 }
 
-void SelectorStateThread::read(QMutex* featureMutex, const Pair& pair,
+void SelectorStateThread::read(FeatureMutex* featureMutex, const Pair& pair,
                                const QVector<qint64>& entries)
 {
-    add({featureMutex, pair, entries, false, false});
+    // One that waits is as good as this; one that runs may have passed what has changed since.
+    locked([](Waiting& waiting, SelectorJob*) { dropReadings(waiting); });
+    post({featureMutex, pair, entries, false, false});
 }
 
-void SelectorStateThread::write(QMutex* featureMutex, const Pair& pair, qint64 entry, bool on)
+void SelectorStateThread::write(FeatureMutex* featureMutex, const Pair& pair, qint64 entry, bool on)
 {
-    add({featureMutex, pair, {entry}, true, on});
+    post({featureMutex, pair, {entry}, true, on});
 }
 
-void SelectorStateThread::add(const Job& job)
+void SelectorStateThread::stopReading()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_jobs.push_back(job);
-        m_bStop = false;
-        if (!m_thread.joinable())
-            m_thread = std::thread([this] { run(); });
-    }
-    m_changed.notify_all();
+    locked([this](Waiting& waiting, SelectorJob* running) {
+        dropReadings(waiting);
+        if (running && !running->isWrite)
+            stopRunningJob();
+    });
 }
 
 void SelectorStateThread::stop()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    m_jobs.clear();
-    m_bStop = true;
-    m_changed.wait(lock, [this] { return !m_bRunning; });
-    m_answers.clear();
+    stopAndWait();
+    takeAnswers();
 }
 
-void SelectorStateThread::run()
+void SelectorStateThread::work(SelectorJob& job)
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    while (!m_bQuit) {
-        if (m_jobs.empty()) {
-            m_changed.wait(lock);
-            continue;
-        }
-        const Job job = m_jobs.front();
-        m_jobs.pop_front();
-        m_bRunning = true;
-        lock.unlock();
-        runJob(job);
-        lock.lock();
-        m_bRunning = false;
-        m_changed.notify_all();
-    }
-}
-
-void SelectorStateThread::runJob(const Job& job)
-{
-    const StoppableFeatureLock lock(job.featureMutex, m_bStop);
-    if (!lock.isLocked())
-        return;
     if (job.isWrite)
         writeState(job);
     else
         readStates(job);
 }
 
-void SelectorStateThread::readStates(const Job& job)
+void SelectorStateThread::jobEnded()
+{
+    emit SigJobEnded();
+}
+
+void SelectorStateThread::readStates(const SelectorJob& job)
 {
     QVector<int> states(job.entries.size(), -1);
-    {
-        SelectorKeeper keeper(job.pair.selector);
-        for (int i = 0; keeper.isKnown() && i < job.entries.size(); ++i) {
-            if (m_bStop)
-                return;
-            if (keeper.select(static_cast<quint32>(job.entries.at(i)), nullptr))
-                states[i] = stateOf(job.pair);
+    FeatureLock lock(job.featureMutex, &stopRequest());
+    for (int i = 0; i < states.size() && lock.holds();) {
+        {
+            SelectorKeeper keeper(job.pair.selector);
+            if (!keeper.isKnown())
+                break;
+            do {
+                if (keeper.select(static_cast<quint32>(job.entries.at(i)), nullptr))
+                    states[i] = stateOf(job.pair);
+            } while (++i < states.size() && !stopRequested() && !lock.isWaitedFor());
         }
+        lock.giveWay();
     }
+    if (stopRequested())
+        return;
     Answer found;
     found.selector = job.pair.selector;
     found.states = states;
     answer(found);
 }
 
-void SelectorStateThread::writeState(const Job& job)
+void SelectorStateThread::writeState(const SelectorJob& job)
 {
-    const Pair& pair = job.pair;
+    const SelectorPair& pair = job.pair;
     int error = -1;
     QString refused = pair.selector;
+    const FeatureLock lock(job.featureMutex, &stopRequest());
+    if (!lock.holds())
+        return;
     {
         SelectorKeeper keeper(pair.selector);
         if (keeper.isKnown() &&
@@ -184,15 +127,10 @@ void SelectorStateThread::writeState(const Job& job)
 
 void SelectorStateThread::answer(const Answer& found)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_answers.append(found);
-    }
-    emit SigAnswered();
+    locked([&](Waiting&, SelectorJob*) { m_answers.append(found); });
 }
 
 QVector<SelectorStateThread::Answer> SelectorStateThread::takeAnswers()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return std::exchange(m_answers, {});
+    return locked([this](Waiting&, SelectorJob*) { return std::exchange(m_answers, {}); });
 }

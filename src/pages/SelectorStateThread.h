@@ -1,54 +1,63 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QObject>
+#include "reading/SerialWorker.h"
+
 #include <QString>
 #include <QVector>
 
-#include <atomic>
-#include <condition_variable>
-#include <deque>
-#include <mutex>
-#include <thread>
+class FeatureMutex;
 
-class QMutex;
+// A selector and the feature that it selects: a boolean, or an enumeration of "Off" and "On".
+struct SelectorPair
+{
+    QString selector;
+    QString enable;
+    bool isEnumeration = false;
+    quint32 on = 1;
+    quint32 off = 0;
+};
+
+// What a SelectorStateThread is to do.
+struct SelectorJob
+{
+    FeatureMutex* featureMutex = nullptr; // Not owned.
+    SelectorPair pair;
+    QVector<qint64> entries;
+    bool isWrite = false;
+    bool on = false;
+};
 
 // Reads and writes what stands behind a selector: for each entry of, say, "ChunkSelector" whether
 // "ChunkEnable" is on. The selector is put back afterwards, also after a failure or a stop. Owned
-// by SelectorChecks; one thread of its own, started when it is first needed, does the jobs in
-// order.
+// by SelectorChecks.
 //
-// While a job moves the selector it holds the tree's feature mutex, so that no reading pass sees
-// another entry's values.
+// While the selector stands elsewhere the tree's feature mutex is held, so that no reading pass sees
+// another entry's values. When a pass waits for it, the selector is put back first and the pass has
+// its turn.
 //
-// | operation             | thread  | lock                                  |
-// |-----------------------|---------|---------------------------------------|
-// | read, write, stop,    | GUI     | m_mutex, inside                       |
-// | takeAnswers           |         |                                       |
-// | the jobs              | its own | the feature mutex; m_mutex for moments|
-// | the signals' emission | its own | none; receivers get them queued       |
-class SelectorStateThread : public QObject
+// | operation             | thread  | lock                                              |
+// |-----------------------|---------|---------------------------------------------------|
+// | read, write,          | GUI     | the worker's, inside                              |
+// | takeAnswers, stop     |         |                                                   |
+// | the jobs              | its own | the feature mutex; the worker's lock for moments  |
+// | the signals' emission | its own | none; receivers get them queued                   |
+class SelectorStateThread : public SerialWorker<SelectorJob>
 {
     Q_OBJECT
 public:
-    // A selector and the feature that it selects: a boolean, or an enumeration of "Off" and "On".
-    struct Pair
-    {
-        QString selector;
-        QString enable;
-        bool isEnumeration = false;
-        quint32 on = 1;
-        quint32 off = 0;
-    };
+    using Pair = SelectorPair;
 
     explicit SelectorStateThread(QObject* parent = nullptr);
     ~SelectorStateThread() override;
 
-    // Reads the state of each entry. `featureMutex` is not owned and must live until stop().
-    void read(QMutex* featureMutex, const Pair& pair, const QVector<qint64>& entries);
-    void write(QMutex* featureMutex, const Pair& pair, qint64 entry, bool on);
-    // Forgets what waits, ends a running job before its next entry and waits for it: no host call
-    // is made afterwards.
+    // Reads the state of each entry; takes the place of readings that wait. `featureMutex` is not owned and must live until stop().
+    void read(FeatureMutex* featureMutex, const Pair& pair, const QVector<qint64>& entries);
+    void write(FeatureMutex* featureMutex, const Pair& pair, qint64 entry, bool on);
+    // Ends the readings, at once those that wait and the running one at its next call. Returns at
+    // once; writes go on.
+    void stopReading();
+    // Ends everything, waits for it and forgets its answers.
     void stop();
 
     // What a job found; the answers wait here until they are taken, or until stop().
@@ -67,31 +76,17 @@ public:
     QVector<Answer> takeAnswers();
 
 signals:
-    void SigAnswered();
+    // A job has ended, with or without an answer.
+    void SigJobEnded();
+
+protected:
+    void work(SelectorJob& job) override;
+    void jobEnded() override;
 
 private:
-    struct Job
-    {
-        QMutex* featureMutex; // Not owned.
-        Pair pair;
-        QVector<qint64> entries;
-        bool isWrite;
-        bool on;
-    };
-
-    void add(const Job& job);
-    void run();
-    void runJob(const Job& job);
     void answer(const Answer& found);
-    void readStates(const Job& job);
-    void writeState(const Job& job);
+    void readStates(const SelectorJob& job);
+    void writeState(const SelectorJob& job);
 
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    QVector<Answer> m_answers; // guarded by m_mutex
-    std::deque<Job> m_jobs;    // guarded by m_mutex
-    bool m_bRunning = false;   // guarded by m_mutex: a job is being done
-    bool m_bQuit = false;      // guarded by m_mutex
-    std::atomic<bool> m_bStop{false};
-    std::thread m_thread;
+    QVector<Answer> m_answers; // guarded by the worker's lock
 };

@@ -2,6 +2,7 @@
 #include "reading/FeatureDocText.h"
 
 #include "device/OBDeviceControl.h"
+#include "device/StopRequest.h"
 #include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
@@ -92,17 +93,21 @@ QString FeatureDocText::inputsOf(const FeatureNode& node, ORXPropertyTreeItem* i
     return inputs;
 }
 
-void FeatureDocText::update(const FeatureNode& node, ORXPropertyTreeItem* item)
+bool FeatureDocText::update(const FeatureNode& node, ORXPropertyTreeItem* item)
 {
     CTreeItemValue* value = item->value();
     const QString inputs = inputsOf(node, item);
+    // The camera may have been asked which entries it has.
+    if (StopRequest::isHere())
+        return false;
     if (value->docInputs() == inputs)
-        return;
+        return true;
     const QString streamable =
         node.streamable.isEmpty() ? QStringLiteral("No") : node.streamable;
     value->setDocText(GetFeatureDocText(node, streamable, item, QStringLiteral("ENG")));
     value->setDocTextCN(GetFeatureDocText(node, streamable, item, kChinese));
     value->setDocInputs(inputs);
+    return true;
 }
 
 QString FeatureDocText::GetFeatureDocText(const FeatureNode& node, const QString& streamable,

@@ -15,8 +15,9 @@ class FeatureDocText
 public:
     explicit FeatureDocText(FeatureDecider& decider);
 
-    // Renews both languages' texts of the item when one of their inputs changed.
-    void update(const FeatureNode& node, ORXPropertyTreeItem* item);
+    // Renews both languages' texts of the item when one of their inputs changed. False, and nothing
+    // renewed, when the calling worker was stopped meanwhile.
+    bool update(const FeatureNode& node, ORXPropertyTreeItem* item);
 
     // `language` is "ENG" or "CH".
     QString GetFeatureDocText(const FeatureNode& node, const QString& streamable,

@@ -2,6 +2,7 @@
 #include "reading/FeatureValueReader.h"
 
 #include "device/OBDeviceControl.h"
+#include "device/StopRequest.h"
 #include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "model/CTreeFloatItemValue.h"
@@ -12,9 +13,8 @@
 
 #include <array>
 
-FeatureValueReader::FeatureValueReader(FeatureDecider& decider, std::function<bool()> stopped)
+FeatureValueReader::FeatureValueReader(FeatureDecider& decider)
     : m_decider(decider)
-    , m_stopped(std::move(stopped))
 {
 }
 
@@ -55,7 +55,7 @@ void FeatureValueReader::UpdateGenICamItemValue(const FeatureNode& node, ORXProp
     const Reader reader = readerOf(item->tag());
     if (reader && !(this->*reader)(node, item))
         return;
-    if (m_stopped())
+    if (StopRequest::isHere())
         return;
     const QLatin1String chunkFeature(OBDeviceControl::IsSupportChunk() ? "ChunkEnable"
                                                                        : "FrameSpecInfo");
@@ -123,11 +123,11 @@ bool FeatureValueReader::readEnumeration(const FeatureNode& node, ORXPropertyTre
         return false;
     value->setNumber(record.value);
     EntryLists lists;
-    for (const FeatureEnumEntry& entry : node.entries) {
-        if (m_stopped())
-            return true;
+    for (const FeatureEnumEntry& entry : node.entries)
         addEnumerationEntry(entry, node.name, lists);
-    }
+    // Entries that the camera was not asked about any more are not known to be unusable.
+    if (StopRequest::isHere())
+        return true;
     value->replaceEnumList(lists.display, lists.translated, lists.valueMap, lists.nameMap);
     return true;
 }

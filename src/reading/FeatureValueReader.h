@@ -6,20 +6,16 @@
 #include <QMap>
 #include <QStringList>
 
-#include <atomic>
-#include <functional>
-
 class FeatureDecider;
 class ORXPropertyTreeItem;
 
 // Reads one feature's value, range and usable entries from the camera into its item: one reader per
 // tag. Belongs to one reading thread, which holds the feature mutex. A failed read leaves the item
-// as it was.
+// as it was, and so does a stop of the worker (StopRequest) in the middle of one.
 class FeatureValueReader
 {
 public:
-    // `stopped` is asked between host calls.
-    FeatureValueReader(FeatureDecider& decider, std::function<bool()> stopped);
+    explicit FeatureValueReader(FeatureDecider& decider);
 
     // `cameraId` goes to the views that follow the chunk setting.
     void UpdateGenICamItemValue(const FeatureNode& node, ORXPropertyTreeItem* item,
@@ -51,5 +47,4 @@ private:
     bool readString(const FeatureNode& node, ORXPropertyTreeItem* item);
 
     FeatureDecider& m_decider; // Not owned.
-    std::function<bool()> m_stopped;
 };

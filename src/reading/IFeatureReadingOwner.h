@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-class QMutex;
+class FeatureMutex;
 class QString;
 
 // What a reading thread needs of the tree it reads for. Implemented by the tree; called on reading
@@ -12,7 +12,7 @@ public:
     virtual ~IFeatureReadingOwner() = default;
 
     // Held during the update of each item.
-    virtual QMutex* GetFeatureMutex() = 0;
+    virtual FeatureMutex* GetFeatureMutex() = 0;
     // A polled feature has changed. Only emits a signal.
     virtual void EmitPollingFeatureChanged(const QString& name) = 0;
 };

@@ -5,11 +5,8 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "reading/IFeatureReadingOwner.h"
-#include "reading/ThreadAnnotations.h"
-#include "reading/ThreadWait.h"
 
 #include <QCoreApplication>
-#include <QDebug>
 #include <QElapsedTimer>
 #include <QVariant>
 
@@ -22,9 +19,9 @@ constexpr unsigned long kDisableWaitMs = 5;
 } // namespace
 
 QGetFeaturesThread::QGetFeaturesThread(IFeatureReadingOwner* owner, QObject* parent)
-    : QThread(parent)
+    : SerialWorker("Reading thread", parent)
     , m_pOwner(owner)
-    , m_reader(m_decider, [this] { return stopRequested(); })
+    , m_reader(m_decider)
     , m_docText(m_decider)
 {
     qRegisterMetaType<QVariant>("QVariant");
@@ -33,6 +30,7 @@ QGetFeaturesThread::QGetFeaturesThread(IFeatureReadingOwner* owner, QObject* par
 QGetFeaturesThread::~QGetFeaturesThread()
 {
     StopThread(true, true);
+    finish();
 }
 
 void QGetFeaturesThread::SetInitThreadInfo(qint64 cameraId, bool pollingEmits,
@@ -53,84 +51,124 @@ void QGetFeaturesThread::SetInitThreadInfo(qint64 cameraId, bool pollingEmits,
 
 // Requests ----------------------------------------------------------------------------------------
 
-// A full pass makes another full pass or polling superfluous; polling gives way to everything else;
-// a pass over lockable features starts again when acquisition changes once more. Whatever else comes
-// waits for its turn.
-QGetFeaturesThread::Admission QGetFeaturesThread::admission(_FEATURES_UPDATE_TYPE_ current,
-                                                            _FEATURES_UPDATE_TYPE_ wanted)
+namespace {
+
+// How a request meets the pass before it.
+enum class Admission { Refuse, Join, RunAfter, Abandon };
+
+// Polling gives way to everything else and is superfluous while something runs that ends; a pass
+// over lockable features starts again when acquisition changes once more. Whatever else comes waits
+// for its turn.
+Admission admission(_FEATURES_UPDATE_TYPE_ current, _FEATURES_UPDATE_TYPE_ wanted)
 {
+    using A = Admission;
     constexpr int kTypes = 4;
-    static const Admission kTable[kTypes][kTypes] = {
-        // wanted:   all                invalidated          lockable             polling
-        {Admission::Refuse, Admission::RunAfter, Admission::RunAfter, Admission::Refuse}, // all
-        {Admission::RunAfter, Admission::Join, Admission::RunAfter,
-         Admission::RunAfter}, // invalidated
-        {Admission::RunAfter, Admission::RunAfter, Admission::Abandon,
-         Admission::RunAfter},                                                                // lockable
-        {Admission::Abandon, Admission::Abandon, Admission::Abandon, Admission::Refuse}, // polling
+    static const A kTable[kTypes][kTypes] = {
+        // wanted: all, invalidated, lockable, polling
+        {A::Join, A::RunAfter, A::RunAfter, A::Refuse},      // all
+        {A::RunAfter, A::Join, A::RunAfter, A::RunAfter},    // invalidated
+        {A::RunAfter, A::RunAfter, A::Abandon, A::RunAfter}, // lockable
+        {A::Abandon, A::Abandon, A::Abandon, A::Refuse},     // polling
     };
     if (current < 0 || current >= kTypes || wanted < 0 || wanted >= kTypes)
-        return Admission::Abandon;
+        return A::Abandon;
     return kTable[current][wanted];
 }
 
-// Called with the request mutex held. The request meets the last pass that runs or waits.
-bool QGetFeaturesThread::DoThreadRunStatus(_FEATURES_UPDATE_TYPE_ wanted, UpdateFlags flags)
+// What a pass over the whole tree leaves to be done for one that is wanted now: everything when it
+// refreshes less, else what it has begun already. Nothing is left when it has not begun anything.
+bool restAfter(const ReadingPass& running, const ReadingPass& wanted, QSet<QString>& rest)
+{
+    if (!running.only.isEmpty() || !running.covers(wanted.flags)) {
+        rest.clear();
+        return true;
+    }
+    rest = running.begun;
+    return !rest.isEmpty();
+}
+
+} // namespace
+
+// Under the lock. The same pass is not made twice: one that waits takes over what is asked for.
+bool QGetFeaturesThread::joinWaiting(const ReadingPass& wanted, Waiting& waiting,
+                                     const ReadingPass* running) const
+{
+    for (ReadingPass& pass : waiting) {
+        if (pass.type != wanted.type)
+            continue;
+        pass.flags |= wanted.flags;
+        // One that was to cover what the running pass has passed covers what that has passed now.
+        const bool follows = running && running->type == FEATURES_UPDATE_ALL;
+        if (!pass.only.isEmpty() && !(follows && restAfter(*running, pass, pass.only)))
+            pass.only.clear();
+        return true;
+    }
+    return false;
+}
+
+// Under the lock. The request meets the last pass that runs or waits.
+bool QGetFeaturesThread::DoThreadRunStatus(const ReadingPass& wanted, Waiting& waiting,
+                                           const ReadingPass* running)
 {
     if (m_bStop)
         return false;
-    if (!m_waiting.empty()) {
-        // The same pass is not made twice: what waits takes over what is asked for.
-        for (Pass& waiting : m_waiting) {
-            if (waiting.type == wanted) {
-                waiting.flags |= flags;
-                return true;
-            }
-        }
-        switch (admission(m_waiting.back().type, wanted)) {
+    if (joinWaiting(wanted, waiting, running))
+        return true;
+    ReadingPass pass = wanted;
+    if (!waiting.empty()) {
+        switch (admission(waiting.back().type, wanted.type)) {
         case Admission::Refuse:
             return false;
         case Admission::Abandon:
             // Polling ends only when it is abandoned: begun now, it would run before this for ever.
-            m_waiting.pop_back();
+            waiting.pop_back();
             break;
         case Admission::Join:
         case Admission::RunAfter:
             break;
         }
-    } else if (m_bInPass) {
-        switch (admission(m_current.type, wanted)) {
+    } else if (running) {
+        switch (admission(running->type, wanted.type)) {
         case Admission::Refuse:
             return false;
         case Admission::Join:
-            return true;
+            if (wanted.type == FEATURES_UPDATE_INVALIDATED && running->takesNames)
+                return true;
+            if (wanted.type == FEATURES_UPDATE_ALL && !restAfter(*running, wanted, pass.only))
+                return false;
+            break;
         case Admission::Abandon:
-            m_bAbandon = true;
+            stopRunningJob();
             break;
         case Admission::RunAfter:
             break;
         }
     }
-    m_waiting.push_back({wanted, flags});
+    waiting.push_back(pass);
     return true;
 }
 
 bool QGetFeaturesThread::SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<QString>& names,
                                        UpdateFlags flags)
 {
-    const std::lock_guard<std::mutex> lock(m_requestMutex);
-    if (!DoThreadRunStatus(type, flags))
-        return false;
-    if (type == FEATURES_UPDATE_INVALIDATED) {
+    // Before a running pass is looked at: what it begins from here on is done at this level.
+    takeUserLevel();
+    return locked([&](Waiting& waiting, ReadingPass* running) {
+        ReadingPass wanted;
+        wanted.type = type;
+        wanted.flags = flags;
+        if (!DoThreadRunStatus(wanted, waiting, running))
+            return false;
+        if (type != FEATURES_UPDATE_INVALIDATED)
+            return true;
         for (const QString& name : names) {
             // A name that already waits is read once, with all that either request wants.
             if (!m_queuedFlags.contains(name))
                 m_nameQueue.push_back(name);
             m_queuedFlags[name] |= flags;
         }
-    }
-    takeUserLevel();
-    return true;
+        return true;
+    });
 }
 
 void QGetFeaturesThread::takeUserLevel()
@@ -138,63 +176,76 @@ void QGetFeaturesThread::takeUserLevel()
     m_nUserLevel = OBDeviceControl::GetUserLevel();
 }
 
-void QGetFeaturesThread::startPass()
+void QGetFeaturesThread::setInSight(const QStringList& names)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_requestMutex);
-        if (m_bActive || m_waiting.empty())
-            return;
-        m_bActive = true;
-    }
-    // The thread has taken its last look at the requests and is about to end; a start that came
-    // before that end would be lost.
-    if (isRunning())
-        wait();
-    OBFT_HAPPENS_AFTER(this);
-    start(QThread::InheritPriority);
+    locked([&](Waiting&, ReadingPass*) {
+        m_inSight = names;
+        m_nInSightTaken = 0;
+    });
 }
 
+void QGetFeaturesThread::startPass()
+{
+    if (locked([](const Waiting& waiting, ReadingPass*) { return !waiting.empty(); }))
+        wake();
+}
+
+void QGetFeaturesThread::requestStop()
+{
+    locked([this](Waiting&, ReadingPass*) {
+        m_bStop = true;
+        m_nameQueue.clear();
+        m_queuedFlags.clear();
+    });
+    SerialWorker::requestStop();
+}
+
+// What is told until the running pass has ended still carries the camera's key: an item whose state
+// was stored is never left with views that do not know.
 void QGetFeaturesThread::StopThread(bool stop, bool setStopFlag)
 {
     if (!stop) {
-        m_bStop = false;
+        locked([this](Waiting&, ReadingPass*) { m_bStop = false; });
         m_lCameraID = m_lSavedCameraID.load();
         return;
     }
-    if (setStopFlag) {
-        const std::lock_guard<std::mutex> lock(m_requestMutex);
-        m_bStop = true;
+    if (setStopFlag)
+        requestStop();
+    waitUntilIdle();
+    if (setStopFlag)
         m_lCameraID = -1;
-        m_waiting.clear();
-        m_nameQueue.clear();
-        m_queuedFlags.clear();
-    }
-    quit();
-    waitForThread(*this, "Reading thread");
 }
 
 _FEATURES_UPDATE_TYPE_ QGetFeaturesThread::FeaturesUpdateType() const
 {
-    const std::lock_guard<std::mutex> lock(m_requestMutex);
-    return m_bInPass || m_waiting.empty() ? m_current.type : m_waiting.front().type;
+    return locked([](const Waiting& waiting, const ReadingPass* running) {
+        if (running)
+            return running->type;
+        return waiting.empty() ? FEATURES_UPDATE_ALL : waiting.front().type;
+    });
 }
 
 bool QGetFeaturesThread::isPassRunning() const
 {
-    const std::lock_guard<std::mutex> lock(m_requestMutex);
-    return m_bInPass || !m_waiting.empty();
+    return isBusy();
+}
+
+QGetFeaturesThread::Progress QGetFeaturesThread::progress() const
+{
+    return locked([this](const Waiting&, const ReadingPass* running) {
+        if (!running || running->type != FEATURES_UPDATE_ALL)
+            return Progress();
+        const int total = running->only.isEmpty() ? m_items.size() : running->only.size();
+        return Progress{running->begun.size(), total};
+    });
 }
 
 void QGetFeaturesThread::SetDisableUpdateList(const QStringList& names)
 {
     const auto busy = [this, &names] {
-        const std::lock_guard<std::mutex> lock(m_requestMutex);
-        return names.contains(m_strCurrentFeature);
+        return locked([&](Waiting&, ReadingPass*) { return names.contains(m_strCurrentFeature); });
     };
-    {
-        const std::lock_guard<std::mutex> lock(m_requestMutex);
-        m_disableUpdateList = names;
-    }
+    locked([&](Waiting&, ReadingPass*) { m_disableUpdateList = names; });
     while (busy()) {
         QThread::msleep(kDisableWaitMs);
         QCoreApplication::processEvents();
@@ -203,40 +254,11 @@ void QGetFeaturesThread::SetDisableUpdateList(const QStringList& names)
 
 // Passes ------------------------------------------------------------------------------------------
 
-bool QGetFeaturesThread::takePass(Pass& pass)
-{
-    const std::lock_guard<std::mutex> lock(m_requestMutex);
-    m_bInPass = false;
-    m_strCurrentFeature.clear();
-    if (m_bStop || m_waiting.empty()) {
-        m_bActive = false;
-        return false;
-    }
-    m_current = m_waiting.front();
-    m_waiting.pop_front();
-    m_bInPass = true;
-    m_bAbandon = false;
-    pass = m_current;
-    return true;
-}
-
-void QGetFeaturesThread::run()
-{
-    Pass pass;
-    bool more = takePass(pass);
-    while (more) {
-        execute(pass);
-        more = takePass(pass);
-        emit sigThreadEnd();
-    }
-    OBFT_HAPPENS_BEFORE(this);
-}
-
-void QGetFeaturesThread::execute(const Pass& pass)
+void QGetFeaturesThread::work(ReadingPass& pass)
 {
     switch (pass.type) {
     case FEATURES_UPDATE_ALL:
-        runAll(pass.flags);
+        runAll(pass);
         break;
     case FEATURES_UPDATE_INVALIDATED:
         runInvalidated();
@@ -250,10 +272,47 @@ void QGetFeaturesThread::execute(const Pass& pass)
     }
 }
 
-void QGetFeaturesThread::runAll(UpdateFlags flags)
+void QGetFeaturesThread::jobEnded()
 {
-    for (auto it = m_items.cbegin(); it != m_items.cend() && !stopRequested(); ++it)
-        UpdateFeature(it.value(), flags);
+    emit sigThreadEnd();
+}
+
+// In the order of the names, but before each step what is in sight and has not been read comes
+// first.
+void QGetFeaturesThread::runAll(const ReadingPass& pass)
+{
+    locked([this](Waiting&, ReadingPass*) { m_nInSightTaken = 0; });
+    const auto update = [&](const QString& name, ORXPropertyTreeItem* item) {
+        const bool isNew = locked([&](Waiting&, ReadingPass* running) {
+            const bool wanted = running->only.isEmpty() || running->only.contains(name);
+            if (!wanted || running->begun.contains(name))
+                return false;
+            running->begun.insert(name);
+            return true;
+        });
+        if (isNew)
+            UpdateFeature(item, pass.flags);
+    };
+    for (auto it = m_items.cbegin(); it != m_items.cend() && !stopRequested(); ++it) {
+        for (QString name = takeInSight(); !name.isEmpty() && !stopRequested();
+             name = takeInSight())
+            update(name, m_items.value(name));
+        if (!stopRequested())
+            update(it.key(), it.value());
+    }
+}
+
+// The next of what is in sight and in the tree; empty when there is none.
+QString QGetFeaturesThread::takeInSight()
+{
+    return locked([this](Waiting&, ReadingPass*) {
+        while (m_nInSightTaken < m_inSight.size()) {
+            const QString& name = m_inSight.at(m_nInSightTaken++);
+            if (m_items.contains(name))
+                return name;
+        }
+        return QString();
+    });
 }
 
 void QGetFeaturesThread::runNames(const QList<QString>& names, UpdateFlags flags)
@@ -268,16 +327,18 @@ void QGetFeaturesThread::runNames(const QList<QString>& names, UpdateFlags flags
 
 bool QGetFeaturesThread::takeName(QString& name, UpdateFlags& flags)
 {
-    const std::lock_guard<std::mutex> lock(m_requestMutex);
-    if (m_nameQueue.empty()) {
-        // From here on a new name needs a pass of its own; deciding it under the lock loses none.
-        m_bInPass = false;
-        return false;
-    }
-    name = m_nameQueue.front();
-    m_nameQueue.pop_front();
-    flags = m_queuedFlags.take(name);
-    return true;
+    return locked([&](Waiting&, ReadingPass* running) {
+        if (m_nameQueue.empty()) {
+            // From here on a new name needs a pass of its own; deciding it under the lock loses
+            // none.
+            running->takesNames = false;
+            return false;
+        }
+        name = m_nameQueue.front();
+        m_nameQueue.pop_front();
+        flags = m_queuedFlags.take(name);
+        return true;
+    });
 }
 
 void QGetFeaturesThread::runInvalidated()

@@ -6,16 +6,15 @@
 #include "reading/FeatureDocText.h"
 #include "reading/FeatureValueReader.h"
 #include "reading/FeaturesUpdateType.h"
+#include "reading/ReadingPass.h"
+#include "reading/SerialWorker.h"
 
-#include <QFlags>
 #include <QHash>
 #include <QMap>
 #include <QStringList>
-#include <QThread>
 
 #include <atomic>
 #include <deque>
-#include <mutex>
 
 class IFeatureReadingOwner;
 class ORXPropertyTreeItem;
@@ -26,27 +25,26 @@ class ORXPropertyTreeItem;
 // | operation                                       | thread  | lock                            |
 // |-------------------------------------------------|---------|---------------------------------|
 // | SetInitThreadInfo                               | GUI     | none; only while no pass runs   |
-// | SetThreadInfo, startPass, StopThread,           | GUI     | the request mutex, inside       |
-// | SetDisableUpdateList                            |         |                                 |
-// | isPassRunning, FeaturesUpdateType               | any     | the request mutex, inside       |
+// | SetThreadInfo, startPass, StopThread,           | GUI     | the worker's, inside            |
+// | requestStop, setInSight, SetDisableUpdateList   |         |                                 |
+// | isPassRunning, FeaturesUpdateType, progress     | any     | the worker's, inside            |
 // | takeUserLevel                                   | GUI     | none                            |
-// | run, UpdateFeature                              | worker  | the feature mutex for each item |
+// | UpdateFeature                                   | worker  | the feature mutex for each item |
 // | sigThreadEnd                                    | emitted by the worker; connect queued     |
 //
 // No request ever blocks the GUI thread: one that has to wait for the running pass is kept and run
 // after it. Only StopThread waits.
-class QGetFeaturesThread : public QThread
+class QGetFeaturesThread : public SerialWorker<ReadingPass>
 {
     Q_OBJECT
 public:
     // What the update of one item refreshes.
-    enum UpdateStatus {
-        UpdateValueAll = 1,     // the value, whether or not the item is visible
-        UpdateValueVisible = 2, // the value of a visible item
-        UpdateVisibility = 4,   // access mode, implemented state, visibility and user level
-        UpdateAttribute = 8     // read-only state, representation, description texts
-    };
-    Q_DECLARE_FLAGS(UpdateFlags, UpdateStatus)
+    using UpdateStatus = ReadingPass::UpdateStatus;
+    using UpdateFlags = ReadingPass::UpdateFlags;
+    static constexpr UpdateStatus UpdateValueAll = ReadingPass::UpdateValueAll;
+    static constexpr UpdateStatus UpdateValueVisible = ReadingPass::UpdateValueVisible;
+    static constexpr UpdateStatus UpdateVisibility = ReadingPass::UpdateVisibility;
+    static constexpr UpdateStatus UpdateAttribute = ReadingPass::UpdateAttribute;
 
     static constexpr int kPollingTickMs = 50;
 
@@ -63,15 +61,27 @@ public:
                        UpdateFlags flags);
     // Starts the thread if a pass waits and none runs.
     void startPass();
-    // With `stop`: ends the running pass at the next chance (if `setStopFlag`) and waits for the
-    // thread, without limit; a host call that hangs is reported in the log. Without `stop`: allows
-    // passes again.
+    // With `stop`: ends the running pass at the next chance (if `setStopFlag`) and waits for it,
+    // without limit; a host call that hangs is reported in the log. Without `stop`: allows passes
+    // again.
     void StopThread(bool stop, bool setStopFlag);
+    // The first half of a stop: ends the running pass, refuses further ones, and returns at once.
+    void requestStop() override;
     // The user level changed: the running pass goes on with it.
     void takeUserLevel();
+    // What the user sees, in the order in which it is wanted: a pass over the whole tree takes these
+    // features first, as far as it has not read them yet. Replaces what was wanted before.
+    void setInSight(const QStringList& names);
     _FEATURES_UPDATE_TYPE_ FeaturesUpdateType() const;
     // Whether a pass runs or waits.
     bool isPassRunning() const;
+    // How far a pass over the whole tree is, in features; {0, 0} when none runs.
+    struct Progress
+    {
+        int done = 0;
+        int total = 0;
+    };
+    Progress progress() const;
     // Names that must not be updated now. On return none of them is in the middle of an update;
     // pending GUI events are processed meanwhile.
     void SetDisableUpdateList(const QStringList& names);
@@ -91,33 +101,24 @@ signals:
     void sigThreadEnd();
 
 protected:
-    void run() override;
+    void work(ReadingPass& pass) override;
+    void jobEnded() override;
 
 private:
-    struct Pass
-    {
-        _FEATURES_UPDATE_TYPE_ type = FEATURES_UPDATE_ALL;
-        UpdateFlags flags;
-    };
-    // How a request meets the pass before it.
-    enum class Admission { Refuse, Join, RunAfter, Abandon };
-    static Admission admission(_FEATURES_UPDATE_TYPE_ current, _FEATURES_UPDATE_TYPE_ wanted);
-
-    bool DoThreadRunStatus(_FEATURES_UPDATE_TYPE_ wanted, UpdateFlags flags);
-    bool takePass(Pass& pass);
+    bool DoThreadRunStatus(const ReadingPass& wanted, Waiting& waiting, const ReadingPass* running);
+    bool joinWaiting(const ReadingPass& wanted, Waiting& waiting, const ReadingPass* running) const;
     bool takeName(QString& name, UpdateFlags& flags);
-    void execute(const Pass& pass);
+    QString takeInSight();
     void runNames(const QList<QString>& names, UpdateFlags flags);
-    void runAll(UpdateFlags flags);
+    void runAll(const ReadingPass& pass);
     void runInvalidated();
     void runPolling(UpdateFlags flags);
     void pollOnce(int tick, UpdateFlags flags);
-    bool stopRequested() const { return m_bStop || m_bAbandon; }
     bool beginFeature(const QString& name);
     bool updateLocked(ORXPropertyTreeItem* item, UpdateFlags flags);
     bool updateVisibility(const FeatureNode& node, ORXPropertyTreeItem* item, bool available,
                           const QString& visibility);
-    void updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item, bool available,
+    bool updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item, bool available,
                           bool modeReadOnly);
 
     IFeatureReadingOwner* m_pOwner; // Not owned.
@@ -130,20 +131,16 @@ private:
     QMap<QString, int> m_pollingMap;
 
     // Touched by both threads.
-    std::atomic<bool> m_bStop{false};
-    std::atomic<bool> m_bAbandon{false}; // ends the running pass only
     std::atomic<qint64> m_lCameraID{-1};
     std::atomic<qint64> m_lSavedCameraID{-1};
     std::atomic<int> m_nUserLevel{1};
 
-    // The request mutex and what it guards.
-    mutable std::mutex m_requestMutex;
-    bool m_bActive = false; // run() will look at the requests once more
-    bool m_bInPass = false;
-    Pass m_current;
-    std::deque<Pass> m_waiting;
+    // Guarded by the worker's lock.
+    bool m_bStop = false; // no pass is accepted
     std::deque<QString> m_nameQueue;
     QHash<QString, UpdateFlags> m_queuedFlags; // of each name in the queue
+    QStringList m_inSight;
+    int m_nInSightTaken = 0; // of m_inSight, by the running pass
     QStringList m_disableUpdateList;
     QString m_strCurrentFeature;
 
@@ -152,7 +149,6 @@ private:
     FeatureValueReader m_reader;
     FeatureDocText m_docText;
 };
-Q_DECLARE_OPERATORS_FOR_FLAGS(QGetFeaturesThread::UpdateFlags)
 
 // The combinations in use.
 namespace UpdateFlagSets {

@@ -3,7 +3,7 @@
 #include "device/OBDeviceControl.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
-#include "reading/FeatureMutexLocker.h"
+#include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
 
@@ -38,26 +38,28 @@ bool QGetFeaturesThread::IsFeatureVisibility(const QString& name) const
 
 bool QGetFeaturesThread::beginFeature(const QString& name)
 {
-    const std::lock_guard<std::mutex> lock(m_requestMutex);
-    if (m_disableUpdateList.contains(name))
-        return false;
-    m_strCurrentFeature = name;
-    return true;
+    return locked([&](Waiting&, ReadingPass*) {
+        if (m_disableUpdateList.contains(name))
+            return false;
+        m_strCurrentFeature = name;
+        return true;
+    });
 }
 
 bool QGetFeaturesThread::UpdateFeature(ORXPropertyTreeItem* item, UpdateFlags flags)
 {
     if (!m_pOwner || !item || !item->value())
         return false;
-    const FeatureMutexLocker locker(m_pOwner->GetFeatureMutex());
-    if (stopRequested() || !beginFeature(item->value()->nodeName(0)))
+    const FeatureLock lock(m_pOwner->GetFeatureMutex(), &stopRequest());
+    if (!lock.holds() || !beginFeature(item->value()->nodeName(0)))
         return false;
     const bool changed = updateLocked(item, flags);
-    const std::lock_guard<std::mutex> lock(m_requestMutex);
-    m_strCurrentFeature.clear();
+    locked([this](Waiting&, ReadingPass*) { m_strCurrentFeature.clear(); });
     return changed;
 }
 
+// After a stop the camera's answers are no answers: what was asked last is not stored, and the item
+// stays as it was from there on.
 bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags flags)
 {
     const FeatureNodePtr node = m_nodes.node(item->value()->nodeName(0));
@@ -68,6 +70,8 @@ bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags fla
     bool modeReadOnly = false;
     if (flags & (UpdateVisibility | UpdateAttribute)) {
         const int mode = OBDeviceControl::GetNodeAccessMode(node->name);
+        if (stopRequested())
+            return false;
         modeReadOnly = mode == OB_FT_ACCESS_READ_ONLY;
         if (!OBDeviceControl::isReadableMode(mode) && node->tag != FeatureTag::Category) {
             item->setVisibilityString(kInvisible);
@@ -96,8 +100,8 @@ bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags fla
         m_reader.UpdateGenICamItemValue(*node, item, m_lCameraID);
     if (stopRequested())
         return false;
-    if (flags & UpdateAttribute)
-        updateAttributes(*node, item, available, modeReadOnly);
+    if (flags & UpdateAttribute && !updateAttributes(*node, item, available, modeReadOnly))
+        return false;
     return item->endUpdateItem(m_lCameraID);
 }
 
@@ -107,18 +111,22 @@ bool QGetFeaturesThread::updateVisibility(const FeatureNode& node, ORXPropertyTr
     const bool usable = IsTagNameItemVisible(node.tagName)
                         && m_decider.IsFeatureImplemented(node.pIsImplemented)
                         && (available || node.tag != FeatureTag::Category);
+    if (stopRequested())
+        return false;
     item->setVisibilityString(usable ? visibility : QString(kInvisible));
     const bool shown = usable && IsItemVisible(visibility, m_nUserLevel);
     item->setVisible(shown, m_lCameraID);
     return usable;
 }
 
-void QGetFeaturesThread::updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item,
+bool QGetFeaturesThread::updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item,
                                           bool available, bool modeReadOnly)
 {
-    const bool locked = m_decider.IsFeatureLocked(node.pIsLocked);
+    const bool lockedNow = m_decider.IsFeatureLocked(node.pIsLocked);
+    if (stopRequested())
+        return false;
     if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(item->value()))
         integer->setRepresentation(node.representation);
-    item->setReadOnly(locked || !available || modeReadOnly);
-    m_docText.update(node, item);
+    item->setReadOnly(lockedNow || !available || modeReadOnly);
+    return m_docText.update(node, item);
 }

@@ -4,11 +4,11 @@
 #include "device/IORXListen.h"
 #include "model/FeatureDescriptionIndex.h"
 #include "model/FeatureTreeBuilder.h"
+#include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
 #include "tree/IORXFeatureWidget.h"
 
-#include <QMutex>
 #include <QPointer>
 #include <QTimer>
 
@@ -64,12 +64,17 @@ public:
     void RefreshFeatures();
     void PauseUpdateThread();
     void StopThread(bool stop);
+    // What the user sees, in the order in which it is wanted: a pass over the whole tree reads it
+    // first.
+    void setInSight(const QStringList& names);
+    // How far a pass over the whole tree is, in features; {0, 0} when none runs.
+    QGetFeaturesThread::Progress progress() const;
     // True while a pass runs or waits that reads more than the polled features: what the items say
     // may belong to two moments.
     bool isReading() const;
     // True once the first full read has ended.
     bool HadUpdatedOnce() const { return !m_bFirstReadPending; }
-    QMutex* GetFeatureMutex() override { return &m_featureMutex; }
+    FeatureMutex* GetFeatureMutex() override { return &m_featureMutex; }
     void EmitPollingFeatureChanged(const QString& name) override;
     // Reads one item in this thread; true on success.
     bool rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyView);
@@ -127,6 +132,8 @@ public:
 
 signals:
     void SigFirstEndUpdateFeature(qint64 cameraId);
+    // The whole tree was read once more, the first time included.
+    void SigFullReadEnded(qint64 cameraId);
     void SigPollingFeatureChanged(const QString& name);
     void SigFeatureChangeOsd();
     // The automatic software trigger was switched on, or off by whatever reason.
@@ -180,13 +187,13 @@ private:
     std::function<Message()> m_shownMessage;          // Null when its words stay as they are.
     bool m_bOverlayForSetting = false;                // What the overlay was shown for last.
 
-    QMutex m_featureMutex;
+    FeatureMutex m_featureMutex;
     QGetFeaturesThread* m_pPartialThread; // Owned (child).
     QGetFeaturesThread* m_pFullThread;    // Owned (child).
     bool m_bDeleting = false;
     bool m_bFirstReadPending = false;
+    bool m_bFullReadPending = false;
     bool m_bInvalidateOnFullRead = true;
-    bool m_bUserLevelPending = false; // no thread could take the change yet
 
     QTimer m_pollingTimer;
     QTimer m_invalidationTimer;

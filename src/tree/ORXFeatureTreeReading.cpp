@@ -50,7 +50,8 @@ void ORXFeatureTree::UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& 
     const bool partial =
         type == FEATURES_UPDATE_INVALIDATED || type == FEATURES_UPDATE_TL_LOCKED;
     QGetFeaturesThread* thread = partial ? m_pPartialThread : m_pFullThread;
-    thread->SetThreadInfo(type, names, flags);
+    if (thread->SetThreadInfo(type, names, flags))
+        m_bFullReadPending |= type == FEATURES_UPDATE_ALL;
     thread->startPass();
 }
 
@@ -68,7 +69,6 @@ void ORXFeatureTree::StartUpdateThread()
     m_pFullThread->SetInitThreadInfo(cameraID(), pollingEmits, m_index.nodes(), AllTreeItemsMap(),
                                      {}, m_index.pollingMap());
     m_bFirstReadPending = true;
-    m_bUserLevelPending = false; // the first read covers it
     ShowLoadingFeatures(true, false);
     UpdateFeatures(FEATURES_UPDATE_ALL, QString(), flagSet(UpdateFlagSets::kFirstRead), false,
                    false);
@@ -84,6 +84,7 @@ void ORXFeatureTree::RefreshFeatures()
 
 void ORXFeatureTree::PauseUpdateThread()
 {
+    m_autoTrigger->requestStop();
     StopThread(true);
     stopAutoSoftwareTrig(true);
     m_pollingTimer.stop();
@@ -91,8 +92,24 @@ void ORXFeatureTree::PauseUpdateThread()
 
 void ORXFeatureTree::StopThread(bool stop)
 {
+    if (stop) {
+        // Both end their calls before the first is waited for.
+        m_pPartialThread->requestStop();
+        m_pFullThread->requestStop();
+    }
     m_pPartialThread->StopThread(stop, true);
     m_pFullThread->StopThread(stop, true);
+}
+
+void ORXFeatureTree::setInSight(const QStringList& names)
+{
+    m_pFullThread->setInSight(names);
+    m_pPartialThread->setInSight(names);
+}
+
+QGetFeaturesThread::Progress ORXFeatureTree::progress() const
+{
+    return m_pFullThread->progress();
 }
 
 bool ORXFeatureTree::isReading() const
@@ -114,8 +131,6 @@ void ORXFeatureTree::OnGetThreadEnd()
         return;
     treeView()->viewport()->update();
     showDescription();
-    if (m_bUserLevelPending)
-        OnUserLevelChanged();
     if (sender() != m_pFullThread) {
         ShowLoadingDlg(false, QString());
         return;
@@ -123,6 +138,10 @@ void ORXFeatureTree::OnGetThreadEnd()
     // The end of a pass that was stopped before may arrive when the first read is under way again.
     const bool stillReading = m_pFullThread->isPassRunning()
                               && m_pFullThread->FeaturesUpdateType() == FEATURES_UPDATE_ALL;
+    if (m_bFullReadPending && !stillReading) {
+        m_bFullReadPending = false;
+        emit SigFullReadEnded(cameraID());
+    }
     if (m_bFirstReadPending && !stillReading) {
         m_bFirstReadPending = false;
         qint64 key = cameraID();
@@ -144,9 +163,7 @@ void ORXFeatureTree::OnUserLevelChanged()
     const bool fullBusy = m_pFullThread->isPassRunning()
                           && m_pFullThread->FeaturesUpdateType() != FEATURES_UPDATE_POLLING;
     QGetFeaturesThread* thread = fullBusy ? m_pPartialThread : m_pFullThread;
-    const bool taken = thread->SetThreadInfo(FEATURES_UPDATE_ALL, {},
-                                             flagSet(UpdateFlagSets::kUserLevel));
-    m_bUserLevelPending = !taken && thread->isPassRunning();
+    thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, flagSet(UpdateFlagSets::kUserLevel));
     thread->startPass();
 }
 

@@ -27,6 +27,7 @@ void SteadyBeat::start(std::chrono::milliseconds period)
         m_period = std::max(period, std::chrono::milliseconds(1));
         m_next = Clock::now() + m_period;
         m_bRunning = true;
+        m_bHeld = false;
         ensureThread();
     }
     m_changed.notify_all();
@@ -38,8 +39,16 @@ void SteadyBeat::stop()
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_bRunning = false;
         m_bOnce = false;
+        m_bHeld = false;
     }
     m_changed.notify_all();
+}
+
+void SteadyBeat::requestStop()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_bHeld = true;
+    m_bOnce = false;
 }
 
 void SteadyBeat::waitForAction()
@@ -76,7 +85,8 @@ void SteadyBeat::run()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     while (!m_bQuit) {
-        const bool due = m_bRunning && Clock::now() >= m_next;
+        const bool beats = m_bRunning && !m_bHeld;
+        const bool due = beats && Clock::now() >= m_next;
         if (due || m_bOnce) {
             m_bOnce = false;
             m_bInAction = true;
@@ -89,7 +99,7 @@ void SteadyBeat::run()
             const auto late = Clock::now() - m_next;
             if (late >= Clock::duration::zero() && m_bRunning)
                 m_next += m_period * (late / m_period + 1);
-        } else if (m_bRunning) {
+        } else if (beats) {
             m_changed.wait_until(lock, m_next);
         } else {
             m_changed.wait(lock);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/HostCaller.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <functional>
@@ -18,19 +20,19 @@
 // | start, stop, waitForAction, runOnce,   | any but | m_mutex, inside       |
 // | destruction                            | the own |                       |
 // | the action                             | the own | none                  |
-class SteadyBeat
+class SteadyBeat : public HostCaller
 {
 public:
     explicit SteadyBeat(std::function<void()> action);
     // Waits for a running action.
-    ~SteadyBeat();
-    SteadyBeat(const SteadyBeat&) = delete;
-    SteadyBeat& operator=(const SteadyBeat&) = delete;
+    ~SteadyBeat() override;
 
     // The first beat falls one period (1 ms or more) after now. Replaces an earlier beat.
     void start(std::chrono::milliseconds period);
     // Returns at once; an action that runs is not waited for.
     void stop();
+    // No further action until start() or stop(); it still counts as running.
+    void requestStop() override;
     // Returns when no action runs; to be called after stop().
     void waitForAction();
     // One action as soon as possible; none more when one runs or waits.
@@ -49,6 +51,7 @@ private:
     // Guarded by m_mutex.
     bool m_bRunning = false;
     bool m_bOnce = false;
+    bool m_bHeld = false; // requestStop()
     bool m_bInAction = false;
     bool m_bQuit = false;
     Clock::duration m_period{};

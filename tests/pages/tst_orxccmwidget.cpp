@@ -2,8 +2,8 @@
 #include "CameraError.h"
 #include "basetools/ORXInterface.h"
 #include "model/CTreeCustomCCMItemValue.h"
+#include "pages/ColorMatrix.h"
 #include "pages/DemoPageTest.h"
-#include "pages/ORXCCMUpdateThread.h"
 #include "pages/ORXCCMWidget.h"
 #include "pages/ORXRWCCMValue.h"
 #include "pages/SettingsFile.h"
@@ -39,7 +39,11 @@ class Matrix
 public:
     explicit Matrix(CTreeCustomCCMItemValue::State state)
     {
-        tie(item, enable)->m_nState = state;
+        auto* value = tie(item, enable);
+        value->m_nState = state;
+        matrix = std::make_unique<ColorMatrix>(1, state == CTreeCustomCCMItemValue::InCamera,
+                                               &enable, nullptr);
+        value->m_pMatrix = matrix.get();
         widget = new ORXCCMWidget(&item, &window);
         widget->resize(360, 122);
         window.show();
@@ -59,14 +63,27 @@ public:
     bool isOn() const { return enable.value()->value().toBool(); }
     bool read()
     {
-        widget->updateData();
+        updateData();
         return QTest::qWaitFor([this] { return cell(0)->isEnabled(); });
     }
-    // As the model tells of a switch that the user pressed.
+    // As the page: when it comes into sight, and when the camera has changed.
+    void updateData()
+    {
+        if (m_bShown)
+            widget->updateData();
+        m_bShown = true;
+        matrix->setShown(true);
+    }
+    bool becomesKnown()
+    {
+        updateData();
+        return QTest::qWaitFor([this] { return matrix->isKnown(); });
+    }
+    // As the page writes a switch that the user pressed.
     void userSwitches(bool on)
     {
         enable.value()->setValue(on);
-        enable.notifyViewUpdate(1, 2, false);
+        matrix->switchTo(on);
     }
     void enter(int index, const char* text)
     {
@@ -77,8 +94,12 @@ public:
 
     Item enable{nullptr, Item::ImageProcessingPage};
     Item item{nullptr, Item::ImageProcessingPage};
+    std::unique_ptr<ColorMatrix> matrix;
     QWidget window;
     QPointer<ORXCCMWidget> widget;
+
+private:
+    bool m_bShown = false;
 };
 
 } // namespace
@@ -163,7 +184,7 @@ private slots:
             m_camera->fail(unreadable.constData(), CameraError::NotReadable, MeddledCamera::Reads);
         Matrix cells(CTreeCustomCCMItemValue::InCamera);
         cells.enable.value()->setValue(!on);
-        cells.widget->updateData();
+        cells.updateData();
         QTRY_COMPARE(cells.cell(2)->text(), "0.1250"_s);
         QCOMPARE(cells.cell(2)->isEnabled(), on);
         QCOMPARE(cells.isOn(), on);
@@ -220,6 +241,7 @@ private slots:
     {
         open();
         Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.becomesKnown());
         for (const bool on : {true, false}) {
             m_camera->forget();
             matrix.userSwitches(on);
@@ -242,6 +264,7 @@ private slots:
         write(kTransformation, "1");
         open({"CCMEnable"_s});
         Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.becomesKnown());
         m_camera->forget();
         matrix.userSwitches(true);
         QCOMPARE(m_camera->writes(), QStringList("ColorTransformationEnable=0"_s));
@@ -272,7 +295,7 @@ private slots:
     {
         openAndHold();
         Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-        matrix.widget->updateData();
+        matrix.updateData();
         QTRY_VERIFY(m_camera->isHolding());
         matrix.userSwitches(true);
         m_camera->openGate();
@@ -296,43 +319,45 @@ private slots:
                 m_camera->fail(kValue, CameraError::NotReadable, MeddledCamera::Reads);
         };
         Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-        matrix.widget->updateData();
+        matrix.updateData();
         QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
         QCOMPARE(read(kTransformation), 1);
         QCOMPARE(read(kSelector), 7);
         QVERIFY(!matrix.cell(0)->isEnabled());
     }
 
-    void destroyedWhileTheHostHangs()
-    {
-        openAndHold();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
-        matrix.widget->updateData();
-        QTRY_VERIFY(m_camera->isHolding());
-        delete matrix.widget; // returns although the host does not
-        m_camera->forget();
-        m_camera->openGate();
-        ORXCCMUpdateThread::stopAll();
-        // No further coefficient; what was changed is put back.
-        QCOMPARE(m_camera->writes(), QStringList("ColorTransformationEnable=1"_s));
-        QCOMPARE(read(kTransformation), 1);
-    }
-
-    void nextEditorWaitsForTheLastOne()
+    // The editor may go while the host hangs: it returns, and the matrix is read to its end.
+    void editorGoesWhileTheHostHangs()
     {
         setCoefficient("3", "0.75");
         openAndHold();
-        Matrix first(CTreeCustomCCMItemValue::InCamera);
-        first.widget->updateData();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
         QTRY_VERIFY(m_camera->isHolding());
-        delete first.widget; // the transformation is off by now
-        Matrix second(CTreeCustomCCMItemValue::InCamera);
-        second.enable.value()->setValue(true);
-        second.widget->updateData();
-        QTimer::singleShot(50, this, [&] { m_camera->openGate(); });
-        QTRY_COMPARE(second.cell(3)->text(), "0.7500"_s);
-        QVERIFY(!second.isOn());
+        delete matrix.widget;
+        m_camera->openGate();
+        QTRY_VERIFY(matrix.matrix->isKnown());
+        QCOMPARE(matrix.matrix->values()[3], 0.75);
         QCOMPARE(read(kTransformation), 1);
+    }
+
+    // No further coefficient is read; what was changed is put back, and what is wanted again is read
+    // then.
+    void outOfSightEndsTheReading()
+    {
+        write(kSelector, "7");
+        openAndHold();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
+        QTRY_VERIFY(m_camera->isHolding());
+        m_camera->forget();
+        matrix.matrix->setShown(false);
+        m_camera->openGate();
+        QTRY_COMPARE(m_camera->writes(), (QStringList{"ColorTransformationValueSelector=7"_s,
+                                                      "ColorTransformationEnable=1"_s}));
+        QVERIFY(!matrix.matrix->isKnown());
+        matrix.matrix->setShown(true);
+        QTRY_VERIFY(matrix.matrix->isKnown());
     }
 
     void itemsMayGoFirst()
@@ -340,17 +365,14 @@ private slots:
         openSwitchedOn();
         auto enable = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
         auto item = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
-        tie(*item, *enable);
+        ColorMatrix matrix(1, true, enable.get(), nullptr);
+        tie(*item, *enable)->m_pMatrix = &matrix;
         ORXCCMWidget widget(item.get(), nullptr);
-        m_camera->forget();
-        widget.updateData();
+        matrix.setShown(true);
         item.reset();
         enable.reset();
-        // Without the enable item the cells stay as they are.
-        QTRY_VERIFY(m_camera->writes().size() >= ORXRWCCMValue::kCoefficients);
-        ORXCCMUpdateThread::stopAll();
-        QApplication::processEvents();
-        QVERIFY(!widget.findChild<QPropertyLineEdit*>()->isEnabled());
+        QTRY_VERIFY(matrix.isKnown());
+        QVERIFY(widget.findChild<QPropertyLineEdit*>()->isEnabled());
     }
 
     void fileModeShowsTheFile()
@@ -358,7 +380,7 @@ private slots:
         open();
         Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
         m_camera->forget();
-        matrix.widget->updateData();
+        matrix.updateData();
         QTRY_COMPARE(matrix.texts().join(QLatin1Char(' ')),
                      "1.0000 0.0000 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 1.0000"_s);
         QVERIFY(!matrix.cell(0)->isEnabled());
@@ -378,6 +400,7 @@ private slots:
         open();
         kFile.store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
         Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        QVERIFY(matrix.becomesKnown());
         matrix.userSwitches(true);
         QTRY_COMPARE(matrix.cell(0)->text(), "2.0000"_s);
         QVERIFY(kFile.stored().contains("CCMEnable=true"));
@@ -395,7 +418,9 @@ private slots:
         page.getRootItem(1, true);
         Item* item = page.getRootItem(1, false)->child(0)->child(0);
         Item enable(nullptr, Item::CommonPage);
-        tie(*item, enable);
+        ColorMatrix matrix(1, true, &enable, nullptr);
+        tie(*item, enable)->m_pMatrix = &matrix;
+        matrix.setShown(true);
         page.open();
         auto* editor = page.editor<ORXCCMWidget>("CustomTagNameCCM"_s);
         QVERIFY(editor);

@@ -256,7 +256,7 @@ private slots:
         QVERIFY(m_window->click(kPage, "Custom_LUTSetToCamera"));
         OBFT_TRY_VERIFY(editor()->isTransferring());
         for (const char* name : {"LUTSelector", "LUTIndex", "LUTValue"})
-            OBFT_TRY_VERIFY(m_window->item(kTree, name)->readOnly());
+            OBFT_TRY_VERIFY(!m_window->item(kTree, name)->value()->enabled());
         QVERIFY(m_window->refresh());
         QVERIFY(!m_window->isEnabled(kPage, "LUTSelector"));
         m_camera->openGate();

@@ -45,7 +45,7 @@
     </message>
 </context>
 <context>
-    <name>ORXCCMWidget</name>
+    <name>ColorMatrix</name>
     <message>
         <source>The color correction settings cannot be used.</source>
         <translation>色彩校正设置文件无法使用。</translation>

@@ -109,9 +109,7 @@ void ORXImgProcessingFeature::lockTable(bool lock)
         item->setReadOnly(lock);
         item->notifyViewUpdate(cameraID(), -1, false);
         if (!lock)
-            tree()->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, QString::fromLatin1(name),
-                                   QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead),
-                                   false, false);
+            tree()->rereadInvalidated(QString::fromLatin1(name));
     }
     scheduleRefresh();
 }

@@ -10,7 +10,6 @@
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "tree/FeatureFavorites.h"
-#include "tree/FeatureWriter.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/SteadyBeat.h"
 
@@ -37,7 +36,6 @@ void triggerSoftware()
 
 ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     : IORXFeatureWidget(ORXPropertyTreeItem::FeatureTreePage, parent)
-    , m_writer(std::make_unique<FeatureWriter>(this))
     , m_pFavorites(new FeatureFavorites(this))
     , m_pDescription(new QTextEdit(this))
     , m_pPartialThread(new QGetFeaturesThread(this, this))

@@ -13,6 +13,7 @@
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/SteadyBeat.h"
 
+#include <QDebug>
 #include <QEvent>
 #include <QMenu>
 #include <QSplitter>
@@ -26,10 +27,11 @@ constexpr int kDescriptionMinHeight = 90;
 constexpr int kDescriptionFontPx = 13;
 
 const QLatin1String kDeviceUserId("DeviceUserID");
+const QLatin1String kTriggerSoftware("TriggerSoftware");
 
 void triggerSoftware()
 {
-    OBDeviceControl::SetCommandNodeValue(QStringLiteral("TriggerSoftware"));
+    OBDeviceControl::SetCommandNodeValue(kTriggerSoftware);
 }
 
 } // namespace
@@ -225,6 +227,17 @@ void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
     const QString name = item->value()->nodeName(0);
     if (name == kDeviceUserId)
         refreshCameraItemName();
+}
+
+// The switch of the automatic trigger vanishes with the command: nobody else could end it.
+void ORXFeatureTree::itemVisibleStateChanged(ORXPropertyTreeItem* item)
+{
+    if (!m_autoTrigger->isRunning() || item->visible()
+        || item->value()->nodeName(0) != kTriggerSoftware)
+        return;
+    qInfo("Automatic software trigger: switched off, %s is not available any more",
+          kTriggerSoftware.data());
+    stopAutoSoftwareTrig(false);
 }
 
 void ORXFeatureTree::refreshCameraItemName()

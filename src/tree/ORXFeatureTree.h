@@ -115,7 +115,8 @@ public:
     // Executes "TriggerSoftware" every `intervalMs` milliseconds (1 to 1,000,000,000) while enabled,
     // on a thread of its own: neither a busy window nor a slow camera shifts the beat, and a beat
     // that falls due while the camera still works on the one before is dropped. Ends by itself when
-    // reading pauses, the camera is closed or reset, and with the tree.
+    // "TriggerSoftware" is no longer available, when reading pauses, the camera is closed or reset,
+    // and with the tree.
     void SetAutoSoftwareTrig(bool enable, unsigned int intervalMs);
     int notify(int code, void* data) override;
     void ClearTreeViewInfo();
@@ -124,6 +125,7 @@ public:
     void notifyEditorUpdate();
 
     void itemValueChanged(ORXPropertyTreeItem* item) override;
+    void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
     ORXPropertyTreeItem* getRootItem(qint64 cameraId, bool create) override;
     void removeCameraID(qint64 cameraId) override;
 

@@ -61,6 +61,7 @@ private:
     void createMatrixItems(ORXPropertyTreeItem* root);
     static bool concernsMatrix(const QString& nodeName);
     void updateMatrix();
+    void settleMatrixOfFile(ORXPropertyTreeItem* matrix);
     void createPaletteItem(ORXPropertyTreeItem* root);
     void updatePalette();
 

@@ -28,25 +28,23 @@ unsigned int toEntry(const QVariant& value)
 }
 
 const Row kNone = {nullptr, nullptr};
-const Row kBoolean = {
-    [](const QString& name, const QVariant& value, int* error) {
-        return OBDeviceControl::SetBoolNodeValue(name, value.toInt() != 0, error);
-    },
-    [](const QVariant& value) { return QString::number(value.toInt()); }};
+const Row kBoolean = {[](const QString& name, const QVariant& value, int* error) {
+                          return OBDeviceControl::SetBoolNodeValue(name, value.toInt() != 0, error);
+                      },
+                      [](const QVariant& value) { return QString::number(value.toInt()); }};
 const Row kCommand = {[](const QString& name, const QVariant&, int* error) {
                           return OBDeviceControl::SetCommandNodeValue(name, error);
                       },
                       [](const QVariant&) { return QString(); }};
-const Row kInteger = {
-    [](const QString& name, const QVariant& value, int* error) {
-        return OBDeviceControl::SetIntegerNodeValue(name, value.toLongLong(), error);
-    },
-    [](const QVariant& value) { return QString::number(value.toLongLong()); }};
-const Row kEnumeration = {
-    [](const QString& name, const QVariant& value, int* error) {
-        return OBDeviceControl::SetEnumNodeValue(name, toEntry(value), error);
-    },
-    [](const QVariant& value) { return QString::number(toEntry(value)); }};
+const Row kInteger = {[](const QString& name, const QVariant& value, int* error) {
+                          return OBDeviceControl::SetIntegerNodeValue(name, value.toLongLong(),
+                                                                      error);
+                      },
+                      [](const QVariant& value) { return QString::number(value.toLongLong()); }};
+const Row kEnumeration = {[](const QString& name, const QVariant& value, int* error) {
+                              return OBDeviceControl::SetEnumNodeValue(name, toEntry(value), error);
+                          },
+                          [](const QVariant& value) { return QString::number(toEntry(value)); }};
 const Row kFloat = {
     [](const QString& name, const QVariant& value, int* error) {
         return OBDeviceControl::SetFloatNodeValue(name, toFloat(value), error);

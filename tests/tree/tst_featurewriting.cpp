@@ -109,7 +109,8 @@ private slots:
         QCOMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(800));
     }
 
-    // What is read again ---------------------------------------------------------------------------
+    // What is read again
+    // ---------------------------------------------------------------------------
     void writesInARowAreAllReadAgain_data()
     {
         const Rows<QString, QString, bool, QString> row("tag", "name", "refused", "read");

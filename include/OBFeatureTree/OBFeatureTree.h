@@ -9,8 +9,8 @@
  * plain C and compiles as C and as C++.
  *
  * Threads: call all ten functions from the thread that runs the host's QApplication. The callbacks
- * are called from that thread and from threads of the library (reading, look-up table, colour matrix,
- * check boxes, automatic software trigger), reads and writes alike, also at the same time.
+ * are called from that thread and from threads of the library (reading, look-up table, colour
+ * matrix, check boxes, automatic software trigger), reads and writes alike, also at the same time.
  *
  * Order of calls: OB_FT_Init, OB_FT_SetDeviceInfo, OB_FT_SetCallBackFunc, OB_FT_SetWidgetSize,
  * OB_FT_SetWidgetPosition, OB_FT_Start, OB_FT_UpdateFeatures (any number of times), OB_FT_Close,

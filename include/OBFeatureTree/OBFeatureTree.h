@@ -9,8 +9,8 @@
  * plain C and compiles as C and as C++.
  *
  * Threads: call all ten functions from the thread that runs the host's QApplication. The callbacks
- * are called from that thread and from threads of the library (reading, automatic software trigger),
- * also at the same time.
+ * are called from that thread and from threads of the library (reading, look-up table, colour
+ * matrix, check boxes, automatic software trigger), reads and writes alike, also at the same time.
  *
  * Order of calls: OB_FT_Init, OB_FT_SetDeviceInfo, OB_FT_SetCallBackFunc, OB_FT_SetWidgetSize,
  * OB_FT_SetWidgetPosition, OB_FT_Start, OB_FT_UpdateFeatures (any number of times), OB_FT_Close,
@@ -109,7 +109,8 @@ typedef struct _OB_FT_DEVICEINFO_
 
 /** Fills the record of the type (zeroed by the library) with a feature's value and range. */
 typedef int (*OB_FT_GetFeatureFunc)(int type, char* name, void* value, void* user);
-/** Writes a feature, or executes a command. */
+/** Writes a feature, or executes a command. Called on the GUI thread for what the user edits, on
+    threads of the library for tables, matrix, check boxes and the automatic software trigger. */
 typedef int (*OB_FT_SetFeatureFunc)(int type, char* name, char* value, void* user);
 /** Writes the access mode of a feature to *mode. */
 typedef int (*OB_FT_GetModeFunc)(char* name, int* mode, void* user);

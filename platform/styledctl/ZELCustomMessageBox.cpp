@@ -54,6 +54,13 @@ QIcon pictureOf(int hint, const QStyle* style)
     return icon.availableSizes().isEmpty() ? style->standardIcon(picture.fallback) : icon;
 }
 
+QString richBody(QString text)
+{
+    text.replace(QLatin1String("\r\n"), QLatin1String("<br/>"));
+    text.replace(QLatin1Char('\n'), QLatin1String("<br/>"));
+    return QStringLiteral("<div style=\"white-space: pre-wrap\">%1</div>").arg(text);
+}
+
 // Measured on a copy: an edit lays its own document out for the width it has at the moment.
 int textHeight(const QTextEdit* edit, int width)
 {
@@ -126,6 +133,11 @@ void ZELCustomMessageBox::cSetContent(const QString& text)
     m_contentText = text;
 }
 
+void ZELCustomMessageBox::cSetContentFormat(Qt::TextFormat format)
+{
+    m_contentFormat = format;
+}
+
 void ZELCustomMessageBox::cSetTextTitle(const QString& text)
 {
     m_titleText = text;
@@ -153,12 +165,18 @@ void ZELCustomMessageBox::cEndSetParameter()
     m_title->setVisible(!m_titleText.isEmpty());
     m_title->setText(m_titleText);
     m_content->setVisible(!m_contentText.isEmpty());
-    m_content->setPlainText(m_contentText);
+    QString body = m_contentText;
+    if (m_contentFormat == Qt::RichText) {
+        m_content->setHtml(richBody(m_contentText));
+        body = m_content->toPlainText();
+    } else {
+        m_content->setPlainText(m_contentText);
+    }
 
     m_content->ensurePolished();
     const int title = m_title->fontMetrics().size(0, m_titleText).width();
-    const int body = m_content->fontMetrics().size(Qt::TextExpandTabs, m_contentText).width();
-    const int width = qBound(kMinTextWidth, qMax(title, body) + 8, kMaxTextWidth);
+    const int longest = m_content->fontMetrics().size(Qt::TextExpandTabs, body).width();
+    const int width = qBound(kMinTextWidth, qMax(title, longest) + 8, kMaxTextWidth);
     m_title->setFixedWidth(width);
     m_title->setFixedHeight(qMax(0, m_title->heightForWidth(width)));
     m_content->setFixedSize(width, qMin(textHeight(m_content, width), kMaxTextHeight));

@@ -10,8 +10,8 @@ class QTextEdit;
 class ZELCustomPushButton;
 
 // Message to the user, modal (exec()) or modeless (show()). Set the parts, then call
-// cEndSetParameter() once, then show. Texts are plain text and can be selected and copied. Escape
-// answers with the last button, Enter with the first one.
+// cEndSetParameter() once, then show. Texts are plain text, unless the body is told to be rich text,
+// and can be selected and copied. Escape answers with the last button, Enter with the first one.
 class STYLEDCTL_EXPORT ZELCustomMessageBox : public ZELCustomMainWindow
 {
     Q_OBJECT
@@ -33,6 +33,8 @@ public:
     void cSetButtons(int buttons);
     // Body text.
     void cSetContent(const QString& text);
+    // Qt::PlainText at first. In rich text line breaks and blanks of the body stay what they are.
+    void cSetContentFormat(Qt::TextFormat format);
     // Heading over the body; without it the body stands alone.
     void cSetTextTitle(const QString& text);
     // Title strip; "Prompt" when never set.
@@ -71,6 +73,7 @@ private:
 
     QString m_titleText;
     QString m_contentText;
+    Qt::TextFormat m_contentFormat = Qt::PlainText;
     bool m_hasCaption = false;
     int m_buttons = Buttons_Ok;
     int m_hint = Hint_None;

@@ -115,6 +115,18 @@ void CTreeItemValue::setUsesGlobalFont(bool uses)
     m_bUsesGlobalFont = uses;
 }
 
+CTreeItemValue::LastRead CTreeItemValue::lastRead() const
+{
+    const ItemStateLock lock;
+    return m_lastRead;
+}
+
+void CTreeItemValue::setLastRead(LastRead result)
+{
+    const ItemStateLock lock;
+    m_lastRead = result;
+}
+
 QString CTreeItemValue::currentStatus() const { return locked(m_strCurrentStatus); }
 
 QString CTreeItemValue::exchangeStatus(const QString& status)

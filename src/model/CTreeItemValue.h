@@ -62,6 +62,12 @@ public:
     bool usesGlobalFont() const;
     void setUsesGlobalFont(bool uses);
 
+    // What the camera last answered when a pass read the value; what is stored is older after a
+    // failure, and made up before the first answer.
+    enum class LastRead { None, Done, Failed };
+    LastRead lastRead() const;
+    void setLastRead(LastRead result);
+
     // The status text that views were last told of.
     QString currentStatus() const;
     // Stores a status text; returns the one it replaces.
@@ -79,6 +85,7 @@ protected:
 private:
     bool m_bEnabled = true;
     bool m_bUsesGlobalFont = true;
+    LastRead m_lastRead = LastRead::None;
     QString m_strNodeName;
     QString m_strDescription;
     QString m_strTranslatedDescription;

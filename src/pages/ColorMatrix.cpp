@@ -164,9 +164,7 @@ void ColorMatrix::rereadInTree(const QString& feature)
 {
     ORXFeatureTree* whole = m_bDeviceMode ? tree() : nullptr;
     if (whole && whole->propertyItemByName(feature))
-        whole->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, feature,
-                              QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
-                              false);
+        whole->rereadInvalidated(feature);
 }
 
 // Writing -----------------------------------------------------------------------------------------

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/ORXCommonFeature.h"
 
-#include "device/OBDeviceControl.h"
-#include "device/ReentrancyScope.h"
+#include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "tree/ORXFeatureTree.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -16,7 +16,7 @@ constexpr char kOwnCommand[] = "Custom_BalanceCommand";
 constexpr char kRatio[] = "BalanceRatio";
 constexpr char kSelector[] = "BalanceRatioSelector";
 constexpr char kAutomatic[] = "BalanceWhiteAuto";
-// While one of these is on, the colours are the user's to balance. Asked in this order.
+// While one of these is on, the colours are the user's to balance.
 constexpr std::array<const char*, 4> kEnables = {"HueEnable", "SaturationEnable", "GammaEnable",
                                                  "ColorTransformationEnable"};
 
@@ -116,10 +116,16 @@ void takeValue(ORXPropertyTreeItem* own, const ORXPropertyTreeItem* original, qi
     own->endUpdateItem(cameraId);
 }
 
-bool readsTrue(const char* name)
+bool wasRead(const ORXPropertyTreeItem* item)
 {
-    bool on = false;
-    return OBDeviceControl::GetBoolNodeValue(QString::fromLatin1(name), &on) && on;
+    return item->value()->lastRead() == CTreeItemValue::LastRead::Done;
+}
+
+// What could not be read counts as off.
+bool isOn(const ORXPropertyTreeItem* item)
+{
+    const auto* value = item ? dynamic_cast<const CTreeBooleanItemValue*>(item->value()) : nullptr;
+    return value && wasRead(item) && value->checked();
 }
 
 // The changes that updateWhiteBalance() looks at.
@@ -240,10 +246,9 @@ void ORXCommonFeature::scheduleWhiteBalanceVisible()
         m_visibleTimer.start(0);
 }
 
+// By what the passes have read: the window never waits for the camera.
 void ORXCommonFeature::updateWhiteBalanceVisible()
 {
-    // The host may take the camera away while it is asked.
-    const ReentrancyScope scope;
     const qint64 cameraId = cameraID();
     const WhiteBalance parts = whiteBalance(nullptr);
     if (!parts.isComplete())
@@ -251,16 +256,16 @@ void ORXCommonFeature::updateWhiteBalanceVisible()
     bool command = false;
     bool ratio = false;
     if (parts.automatic->visible()) {
-        _ZDCC_ENUMVALUE_T automatic = {};
-        if (!OBDeviceControl::GetEnumNodeValue(QString::fromLatin1(kAutomatic), &automatic))
-            return;
-        if (automatic.value == 0) {
-            ratio = std::any_of(kEnables.begin(), kEnables.end(), readsTrue);
+        const auto* automatic =
+            dynamic_cast<const CTreeEnumationItemValue*>(parts.automatic->value());
+        if (!automatic || !wasRead(parts.automatic))
+            return; // stays as it is
+        if (automatic->number() == 0) {
+            ratio = std::any_of(kEnables.begin(), kEnables.end(),
+                                [this](const char* name) { return isOn(cameraItem(name)); });
             command = !ratio;
         }
     }
-    if (cameraId != cameraID() || !ORXPropertyTreeItem::isAlive(parts.ownRatio))
-        return;
     parts.ownCommand->setVisible(command, cameraId);
     for (ORXPropertyTreeItem* item : {parts.ownRatio, parts.ownSelector}) {
         item->setVisible(ratio, cameraId);

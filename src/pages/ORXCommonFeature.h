@@ -23,9 +23,8 @@ public:
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
     void createTransMap() override;
     // Copies the camera's white balance into the page: all of it when it is built, else what the
-    // feature `name` changed. Which items show is decided soon after, in one go for all changes,
-    // since it takes reads of the camera on this thread; at the end of it while the first full read
-    // is under way.
+    // feature `name` changed. Which items show is decided soon after, in one go for all changes, by
+    // the values that passes have read; at the end of it while the first full read is under way.
     // `root` null means the shown camera's.
     void updateWhiteBalance(const QString& name, UpdateWhiteBalanceType type,
                             ORXPropertyTreeItem* root);

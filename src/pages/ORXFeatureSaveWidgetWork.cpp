@@ -55,15 +55,7 @@ bool ORXFeatureSaveWidget::saveOrLoad(Feature command, int setValue)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     if (m_bClosed)
         return false;
-    const bool selected = number(Selector) == setValue;
-    const bool done = write(Selector, setValue) && execute(command);
-    // The tree reads again what the last write changed, which is now the command.
-    if (!selected && item(Selector)) {
-        m_pTree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, item(Selector)->value()->nodeName(0),
-                                QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
-                                false);
-    }
-    return done;
+    return write(Selector, setValue) && execute(command);
 }
 
 // Also after a refused load: the camera may be loading all the same. False when the camera has not

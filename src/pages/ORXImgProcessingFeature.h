@@ -68,6 +68,7 @@ private:
     void attachMatrix(ORXPropertyTreeItem* root);
     static bool concernsMatrix(const QString& nodeName);
     void updateMatrix();
+    void settleMatrixOfFile(ORXPropertyTreeItem* matrix);
     void createPaletteItem(ORXPropertyTreeItem* root);
     void updatePalette();
 

@@ -2,12 +2,14 @@
 // The items of ORXImgProcessingFeature that are its own: look-up table, matrix, palettes.
 #include "model/CTreeCustomCCMItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
 #include "pages/ColorMatrix.h"
 #include "pages/ImgProcessingTable.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/ORXRWCCMValue.h"
 #include "pages/QLUTDrawWidget.h"
 #include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
 
 #include <algorithm>
 #include <array>
@@ -118,7 +120,7 @@ void ORXImgProcessingFeature::lockTable(bool lock)
 // Colour correction matrix ------------------------------------------------------------------------
 
 // In the camera where it has the features, else in the file of the host's software where there is
-// one; else not at all.
+// one; else not at all. Whether there is a file is known when the camera's name was read.
 void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
 {
     ORXPropertyTreeItem* enable = pageItem(kCCMEnable, root);
@@ -127,11 +129,6 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
     const bool inCamera =
         std::all_of(std::begin(kMatrixFeatures), std::end(kMatrixFeatures),
                     [this](const char* name) { return cameraItem(name) != nullptr; });
-    if (!inCamera && !ORXRWCCMValue::exists(ORXRWCCMValue::cameraName())) {
-        delete matrix;
-        delete enable;
-        return;
-    }
     value->m_nState =
         inCamera ? CTreeCustomCCMItemValue::InCamera : CTreeCustomCCMItemValue::InSettingsFile;
     value->m_lCameraID = cameraID();
@@ -142,10 +139,10 @@ void ORXImgProcessingFeature::createMatrixItems(ORXPropertyTreeItem* root)
             m_matrix->switchTo(on.toBool());
         return true;
     });
-    for (ORXPropertyTreeItem* item : {enable, matrix})
-        item->setVisible(true, -1);
     if (!inCamera)
         return;
+    for (ORXPropertyTreeItem* item : {enable, matrix})
+        item->setVisible(true, -1);
     for (const char* name : kMatrixFeatures)
         observe(cameraItem(name));
     observe(cameraItem(kCCMSwitch));
@@ -172,13 +169,43 @@ bool ORXImgProcessingFeature::concernsMatrix(const QString& nodeName)
                        [&](const char* name) { return nodeName == QLatin1String(name); });
 }
 
+// Shows the matrix of the file or takes it out for good, once the camera's name was read.
+void ORXImgProcessingFeature::settleMatrixOfFile(ORXPropertyTreeItem* matrix)
+{
+    if (matrix->visible() || !tree()->HadUpdatedOnce())
+        return;
+    const auto readText = [this](const char* name) {
+        const ORXPropertyTreeItem* item = cameraItem(name);
+        return item ? item->value()->displayValue() : QString();
+    };
+    const bool exists = ORXRWCCMValue::exists(ORXRWCCMValue::cameraName(
+        readText(ORXRWCCMValue::kSerialNumber), readText(ORXRWCCMValue::kDeviceId)));
+    ORXPropertyTreeItem* group = matrix->parent(pageType());
+    if (!exists)
+        m_matrix.reset();
+    for (ORXPropertyTreeItem* item : {pageItem(kCCMEnable), matrix}) {
+        if (exists) {
+            item->setVisible(true, cameraID());
+        } else {
+            treeView()->treeModel()->removeItems(group, item);
+            delete item;
+        }
+    }
+    if (!exists)
+        group->setVisible(false, cameraID());
+}
+
 void ORXImgProcessingFeature::updateMatrix()
 {
     ORXPropertyTreeItem* matrix = pageItem(kCCM);
     const auto* value =
         matrix ? dynamic_cast<const CTreeCustomCCMItemValue*>(matrix->value()) : nullptr;
-    if (!value || value->m_nState != CTreeCustomCCMItemValue::InCamera)
+    if (!value)
         return;
+    if (value->m_nState == CTreeCustomCCMItemValue::InSettingsFile) {
+        settleMatrixOfFile(matrix);
+        return;
+    }
     const bool shown =
         std::all_of(std::begin(kMatrixFeatures), std::end(kMatrixFeatures),
                     [this](const char* name) { return cameraItem(name)->visible(); });

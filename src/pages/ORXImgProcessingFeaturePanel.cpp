@@ -154,8 +154,6 @@ void ORXImgProcessingFeature::writeRegion(const RegionArea::Target& target)
         m_pRegion->showEdited(wanted);
     // Each of them changes the limits of others; after a refusal the camera's own values show.
     for (const auto& write : writes)
-        whole->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, write.first,
-                              QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
-                              false);
+        whole->rereadInvalidated(write.first);
     scheduleRefresh();
 }

@@ -102,20 +102,27 @@ ORXRWCCMValue::Coefficients ORXRWCCMValue::identity()
     return {kOne, 0, 0, 0, kOne, 0, 0, 0, kOne};
 }
 
-QString ORXRWCCMValue::cameraName()
+QString ORXRWCCMValue::cameraName(const QString& serialNumber, const QString& deviceId)
 {
     QString name;
-    for (const char* feature : {"DeviceSerialNumber", "DeviceID"}) {
-        if (OBDeviceControl::GetStringNodeValue(QString::fromLatin1(feature), name, nullptr,
-                                                nullptr, true) &&
-            !name.trimmed().isEmpty())
-            break;
-        name.clear();
+    for (const QString& text : {serialNumber, deviceId, OBDeviceControl::GetDeviceName()}) {
+        if (name.isEmpty())
+            name = text.trimmed();
     }
-    if (name.isEmpty())
-        name = OBDeviceControl::GetDeviceName();
-    name = QString::fromLatin1(QUrl::toPercentEncoding(name.trimmed())).left(kMaxNameLength);
+    name = QString::fromLatin1(QUrl::toPercentEncoding(name)).left(kMaxNameLength);
     return name.isEmpty() ? QStringLiteral("camera") : name;
+}
+
+QString ORXRWCCMValue::cameraName()
+{
+    const auto ask = [](const char* feature) {
+        QString text;
+        OBDeviceControl::GetStringNodeValue(QString::fromLatin1(feature), text, nullptr, nullptr,
+                                            true);
+        return text.trimmed();
+    };
+    const QString serialNumber = ask(kSerialNumber);
+    return cameraName(serialNumber, serialNumber.isEmpty() ? ask(kDeviceId) : QString());
 }
 
 QString ORXRWCCMValue::fileOf(const QString& name)

@@ -14,6 +14,9 @@ class ORXRWCCMValue
 public:
     static constexpr int kCoefficients = 9;
     static constexpr int kOne = 1024; // the coefficients are fixed point, 1024 is 1.0
+    // What names the camera, in this order.
+    static constexpr char kSerialNumber[] = "DeviceSerialNumber";
+    static constexpr char kDeviceId[] = "DeviceID";
     using Coefficients = std::array<int, kCoefficients>;
 
     struct Content
@@ -23,8 +26,10 @@ public:
     };
 
     static Coefficients identity();
-    // Name of a camera's file: its serial number, or the name in its device record when it has
-    // none, percent-encoded where a file name cannot take it. Asks the host.
+    // Name of a camera's file: its serial number, else its "DeviceID", else the name in its device
+    // record, percent-encoded where a file name cannot take it.
+    static QString cameraName(const QString& serialNumber, const QString& deviceId);
+    // The same by what the host answers now. It may take its time: not on the GUI thread.
     static QString cameraName();
     static QString fileOf(const QString& name);
     static bool exists(const QString& name);

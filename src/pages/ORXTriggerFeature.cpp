@@ -117,9 +117,7 @@ bool ORXTriggerFeature::enableAutoTrigger(const QVariant& value)
     tree()->SetAutoSoftwareTrig(enable, time->value()->value().toUInt());
     // What the triggers changed, and whether the camera locks the command by itself.
     if (!enable)
-        tree()->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, trigger->value()->nodeName(0),
-                               QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
-                               false);
+        tree()->rereadInvalidated(trigger->value()->nodeName(0));
     return true;
 }
 

@@ -332,7 +332,5 @@ void SelectorChecks::onWritten(const QString& selector, qint64 entry, bool on,
             error);
     }
     // The whole tree shows the same for the entry that is selected there.
-    m_pTree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, enable,
-                            QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
-                            false);
+    m_pTree->rereadInvalidated(enable);
 }

@@ -105,7 +105,5 @@ void UserSetLoadWait::askAgain()
     // Views hear of a reading only when it differs from what was published before; here the next
     // one counts in any case.
     m_pStatus->value()->exchangeStatus(QString());
-    m_pTree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, m_pStatus->value()->nodeName(0),
-                            QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kFirstRead), false,
-                            false);
+    m_pTree->rereadInvalidated(m_pStatus->value()->nodeName(0));
 }

@@ -53,9 +53,12 @@ void FeatureValueReader::UpdateGenICamItemValue(const FeatureNode& node, ORXProp
                                                 qint64 cameraId)
 {
     const Reader reader = readerOf(item->tag());
-    if (reader && !(this->*reader)(node, item))
+    const bool read = !reader || (this->*reader)(node, item);
+    if (StopRequest::isHere()) // what a stop cut short is no failure of the camera's
         return;
-    if (StopRequest::isHere())
+    item->value()->setLastRead(read ? CTreeItemValue::LastRead::Done
+                                    : CTreeItemValue::LastRead::Failed);
+    if (!read)
         return;
     const QLatin1String chunkFeature(OBDeviceControl::IsSupportChunk() ? "ChunkEnable"
                                                                        : "FrameSpecInfo");

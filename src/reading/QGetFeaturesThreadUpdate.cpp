@@ -74,6 +74,7 @@ bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags fla
             return false;
         modeReadOnly = mode == OB_FT_ACCESS_READ_ONLY;
         if (!OBDeviceControl::isReadableMode(mode) && node->tag != FeatureTag::Category) {
+            item->value()->setLastRead(CTreeItemValue::LastRead::Failed);
             item->setVisibilityString(kInvisible);
             item->setVisible(false, m_lCameraID);
             return false;

@@ -10,10 +10,10 @@
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "tree/FeatureFavorites.h"
-#include "tree/FeatureWriter.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/SteadyBeat.h"
 
+#include <QDebug>
 #include <QEvent>
 #include <QMenu>
 #include <QSplitter>
@@ -27,17 +27,17 @@ constexpr int kDescriptionMinHeight = 90;
 constexpr int kDescriptionFontPx = 13;
 
 const QLatin1String kDeviceUserId("DeviceUserID");
+const QLatin1String kTriggerSoftware("TriggerSoftware");
 
 void triggerSoftware()
 {
-    OBDeviceControl::SetCommandNodeValue(QStringLiteral("TriggerSoftware"));
+    OBDeviceControl::SetCommandNodeValue(kTriggerSoftware);
 }
 
 } // namespace
 
 ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     : IORXFeatureWidget(ORXPropertyTreeItem::FeatureTreePage, parent)
-    , m_writer(std::make_unique<FeatureWriter>(this))
     , m_pFavorites(new FeatureFavorites(this))
     , m_pDescription(new QTextEdit(this))
     , m_pPartialThread(new QGetFeaturesThread(this, this))
@@ -227,6 +227,17 @@ void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
     const QString name = item->value()->nodeName(0);
     if (name == kDeviceUserId)
         refreshCameraItemName();
+}
+
+// The switch of the automatic trigger vanishes with the command: nobody else could end it.
+void ORXFeatureTree::itemVisibleStateChanged(ORXPropertyTreeItem* item)
+{
+    if (!m_autoTrigger->isRunning() || item->visible()
+        || item->value()->nodeName(0) != kTriggerSoftware)
+        return;
+    qInfo("Automatic software trigger: switched off, %s is not available any more",
+          kTriggerSoftware.data());
+    stopAutoSoftwareTrig(false);
 }
 
 void ORXFeatureTree::refreshCameraItemName()

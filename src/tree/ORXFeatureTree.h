@@ -3,6 +3,7 @@
 
 #include "device/IORXListen.h"
 #include "model/FeatureDescriptionIndex.h"
+#include "model/FeatureTag.h"
 #include "model/FeatureTreeBuilder.h"
 #include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
@@ -16,15 +17,14 @@
 #include <memory>
 
 class FeatureFavorites;
-class FeatureWriter;
 class QTextEdit;
 class SteadyBeat;
 class ZELCustomDockTitleBar;
 class ZELCustomMessageBox;
 
 // The whole feature tree of one camera, and its coordinator: it owns the description's index, the
-// items, the two reading threads and the timers, and passes writes and favourites to the classes
-// that do them. Owned by the main widget.
+// items, the two reading threads and the timers, and passes writes and favourites to what does
+// them. Owned by the main widget.
 //
 // | operation                                     | thread  | lock                |
 // |-----------------------------------------------|---------|---------------------|
@@ -60,6 +60,8 @@ public:
     void UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& name,
                         QGetFeaturesThread::UpdateFlags flags, bool forceInvalidate,
                         bool skipSelf);
+    // Reads again what a write of the feature invalidates, and the feature itself.
+    void rereadInvalidated(const QString& name);
     void StartUpdateThread();
     void RefreshFeatures();
     void PauseUpdateThread();
@@ -76,7 +78,8 @@ public:
     bool HadUpdatedOnce() const { return !m_bFirstReadPending; }
     FeatureMutex* GetFeatureMutex() override { return &m_featureMutex; }
     void EmitPollingFeatureChanged(const QString& name) override;
-    // Reads one item in this thread; true on success.
+    // Reads one item in this thread, which waits for the camera; true on success. Nothing in the
+    // library does so: passes read, on threads of their own.
     bool rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyView);
 
     // Writing -------------------------------------------------------------------------------------
@@ -84,8 +87,6 @@ public:
                          const QVariant& value) override;
     bool setFeatureValue(ORXPropertyTreeItem* item, const QVariant& value, bool updateView);
     bool GetOstSettingData();
-    void startInvalidationTimer();
-    void stopTimersForReset();
     // A message in words of the interface language: one box at a time; while one is shown, further
     // messages are dropped. `message` makes the words anew when the language changes meanwhile.
     struct Message
@@ -93,6 +94,7 @@ public:
         QString title;
         QString text; // empty: the title is all there is to say
         int hintStyle;
+        Qt::TextFormat format = Qt::PlainText; // of the text
     };
     void showTranslated(const std::function<Message()>& message);
     // The message that a feature could not be written, with the host's error code.
@@ -118,7 +120,8 @@ public:
     // Executes "TriggerSoftware" every `intervalMs` milliseconds (1 to 1,000,000,000) while enabled,
     // on a thread of its own: neither a busy window nor a slow camera shifts the beat, and a beat
     // that falls due while the camera still works on the one before is dropped. Ends by itself when
-    // reading pauses, the camera is closed or reset, and with the tree.
+    // "TriggerSoftware" is no longer available, when reading pauses, the camera is closed or reset,
+    // and with the tree.
     void SetAutoSoftwareTrig(bool enable, unsigned int intervalMs);
     int notify(int code, void* data) override;
     void ClearTreeViewInfo();
@@ -127,6 +130,7 @@ public:
     void notifyEditorUpdate();
 
     void itemValueChanged(ORXPropertyTreeItem* item) override;
+    void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
     ORXPropertyTreeItem* getRootItem(qint64 cameraId, bool create) override;
     void removeCameraID(qint64 cameraId) override;
 
@@ -164,21 +168,30 @@ public slots:
 
 protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildLayout();
     void connectSignals();
     void createItems();
     void showDescription();
+    bool showMessageBox(const Message& message, const QString& caption);
     void fillMessageBox(const Message& message, const QString& caption);
+    void hideMessageWithWindow();
     void retranslateMessages();
     QString overlayText() const;
     void stopAutoSoftwareTrig(bool wait);
+    void stopTimersForReset();
+    bool writeFeature(FeatureTag tag, const QString& name, const QVariant& value);
+    bool afterCommand(const QString& name);
+    bool afterDeviceReset();
+    void readLockable();
+    void rereadSoon(const QString& name);
+    void rereadAllInvalidated(const QStringList& written);
 
     FeatureDescriptionIndex m_index;
     FeatureTreeBuilder m_builder;
     ORXPropertyTreeItem* m_pCurrentItem = nullptr; // Shown in the description panel. Not owned.
-    std::unique_ptr<FeatureWriter> m_writer;
     FeatureFavorites* m_pFavorites; // Owned (child).
     QTextEdit* m_pDescription;      // Owned (child).
     QString m_strDescription;       // HTML that the panel shows.
@@ -194,6 +207,9 @@ private:
     bool m_bFirstReadPending = false;
     bool m_bFullReadPending = false;
     bool m_bInvalidateOnFullRead = true;
+    // The next "AcquisitionStart" is swallowed: the camera was stopped.
+    bool m_bSkipAcquisitionStart = false;
+    QStringList m_writtenFeatures; // since the invalidation timer was started; may repeat
 
     QTimer m_pollingTimer;
     QTimer m_invalidationTimer;

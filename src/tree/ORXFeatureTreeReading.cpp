@@ -7,10 +7,11 @@
 #include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/CTreeStringItemValue.h"
-#include "tree/FeatureWriter.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/SteadyBeat.h"
+
+#include <utility>
 
 namespace {
 
@@ -178,13 +179,19 @@ void ORXFeatureTree::OnBtnRefresh()
 void ORXFeatureTree::OnCameraStartShot()
 {
     ClearTreeViewInfo();
+    readLockable();
+}
+
+// Not every description says that acquisition changes "TLParamsLocked".
+void ORXFeatureTree::readLockable()
+{
     UpdateFeatures(FEATURES_UPDATE_TL_LOCKED, QString(), flagSet(UpdateFlagSets::kRefresh), false,
                    false);
 }
 
 void ORXFeatureTree::OnCameraStopShot()
 {
-    m_writer->skipNextAcquisitionStart();
+    m_bSkipAcquisitionStart = true;
     OnCameraStartShot();
 }
 
@@ -199,6 +206,7 @@ void ORXFeatureTree::OnCameraClose()
     StopThread(true);
     m_pollingTimer.stop();
     m_invalidationTimer.stop();
+    m_writtenFeatures.clear();
     stopAutoSoftwareTrig(true);
     // Without a camera nothing would hide it any more.
     ShowLoadingDlg(false, QString());
@@ -210,14 +218,38 @@ void ORXFeatureTree::OnCameraClose()
 
 // Timers ------------------------------------------------------------------------------------------
 
-void ORXFeatureTree::startInvalidationTimer()
+// A timer that runs is not started anew: under a stream of edits it would never come to its end.
+// What is written later than the last timer's end starts the next one, so nothing is left out.
+void ORXFeatureTree::rereadSoon(const QString& name)
 {
-    m_invalidationTimer.start(kInvalidationTimerMs);
+    m_writtenFeatures.append(name);
+    if (!m_invalidationTimer.isActive())
+        m_invalidationTimer.start(kInvalidationTimerMs);
+}
+
+void ORXFeatureTree::rereadInvalidated(const QString& name)
+{
+    rereadAllInvalidated({name});
+}
+
+// One request, so that what several writes have changed is read once.
+void ORXFeatureTree::rereadAllInvalidated(const QStringList& written)
+{
+    QStringList names;
+    for (const QString& name : written)
+        names += m_index.GetFeatureInvalidatorList(name);
+    names.removeDuplicates();
+    if (names.isEmpty())
+        return;
+    m_pPartialThread->SetThreadInfo(FEATURES_UPDATE_INVALIDATED, names,
+                                    flagSet(UpdateFlagSets::kFirstRead));
+    m_pPartialThread->startPass();
 }
 
 void ORXFeatureTree::stopTimersForReset()
 {
     m_invalidationTimer.stop();
+    m_writtenFeatures.clear();
     m_pollingTimer.stop();
     m_refreshTimer.stop();
     stopAutoSoftwareTrig(false);
@@ -256,9 +288,10 @@ void ORXFeatureTree::OnTimerFeatureNoCache()
 void ORXFeatureTree::OnTimeInvalidaterFeaturesUpdate()
 {
     m_invalidationTimer.stop();
-    UpdateFeatures(FEATURES_UPDATE_INVALIDATED, m_writer->lastWrittenFeature(),
-                   flagSet(UpdateFlagSets::kFirstRead), false, false);
-    // While reading is paused no pass comes, and so no end of one.
+    m_writtenFeatures.removeDuplicates();
+    // While reading is paused this comes to nothing; what starts it again reads everything.
+    rereadAllInvalidated(std::exchange(m_writtenFeatures, {}));
+    // No pass, and so no end of one.
     if (!m_pPartialThread->isPassRunning())
         ShowLoadingDlg(false, QString());
 }

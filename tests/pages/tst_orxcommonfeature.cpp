@@ -152,28 +152,24 @@ private slots:
         QTRY_COMPARE(shownBalance(), shown);
     }
 
-    void enablesAreAskedInOrder()
+    // What the passes read decides; the window waits for no camera.
+    void nothingIsReadForTheRule()
     {
         open();
         QTRY_COMPARE(shownBalance(), "command"_s);
-        const QStringList all = words(
-            "BalanceWhiteAuto HueEnable SaturationEnable GammaEnable ColorTransformationEnable");
+        m_camera->forget();
         auto* page = static_cast<ORXCommonFeature*>(m_window->page(kPage));
-        const auto asked = [&] {
-            m_camera->forget();
-            page->updateWhiteBalance("PixelFormat"_s, ORXCommonFeature::WhiteBalanceChanged,
-                                     nullptr);
-            (void)QTest::qWaitFor([&] { return !m_camera->readsOfThisThread().isEmpty(); });
-            return m_camera->readsOfThisThread();
-        };
-        QCOMPARE(asked(), all);
-        // A feature that cannot be read counts as off; the first that is on ends the asking.
-        m_camera->fail("HueEnable", CameraError::Timeout);
-        QCOMPARE(write("SaturationEnable", "1"), 0);
-        QCOMPARE(asked(), all.mid(0, 3));
-        QCOMPARE(shownBalance(), "ratio"_s);
-        QCOMPARE(write("BalanceWhiteAuto", "2"), 0);
-        QCOMPARE(asked(), all.mid(0, 1));
+        for (const char* changed : {"PixelFormat", "BalanceRatio", "BalanceRatioSelector"})
+            page->updateWhiteBalance(QString::fromLatin1(changed),
+                                     ORXCommonFeature::WhiteBalanceChanged, nullptr);
+        QVERIFY(m_window->click(kTree, "GammaEnable"));
+        QTRY_COMPARE(shownBalance(), "ratio"_s);
+        QCOMPARE(write("BalanceRatio", "1234"), 0);
+        QVERIFY(m_window->refresh());
+        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1234"_s);
+        QVERIFY(m_window->choose(kPage, "BalanceWhiteAuto", "Once"_s));
+        QTRY_COMPARE(shownBalance(), QString());
+        QCOMPARE(m_camera->readsOfThisThread(), QStringList());
     }
 
     void failedReadLeavesWhatIsShown()
@@ -181,12 +177,14 @@ private slots:
         open();
         QTRY_COMPARE(shownBalance(), "command"_s);
         m_camera->fail("BalanceWhiteAuto", CameraError::Timeout);
+        QVERIFY(m_window->refresh());
         QVERIFY(m_window->click(kPage, "GammaEnable"));
         QTRY_COMPARE(read("GammaEnable"), 1);
         QVERIFY(m_window->refresh());
         QApplication::processEvents();
         QCOMPARE(shownBalance(), "command"_s);
         m_camera->fail("BalanceWhiteAuto", 0);
+        QVERIFY(m_window->refresh());
         QVERIFY(m_window->click(kPage, "HueEnable"));
         QTRY_COMPARE(shownBalance(), "ratio"_s);
         // An automatic that is not there hides all.
@@ -195,6 +193,31 @@ private slots:
             QVERIFY(m_window->refresh());
             QTRY_COMPARE(shownBalance(), hidden ? QString() : "ratio"_s);
         }
+    }
+
+    void enableThatCannotBeReadCountsAsOff_data()
+    {
+        const Rows<bool> row("fails");
+        row("its read fails", true);
+        row("it is not there", false);
+    }
+
+    void enableThatCannotBeReadCountsAsOff()
+    {
+        QFETCH(bool, fails);
+        QCOMPARE(write("GammaEnable", "1"), 0);
+        open();
+        QTRY_COMPARE(shownBalance(), "ratio"_s);
+        if (fails)
+            m_camera->fail("GammaEnable", CameraError::Timeout);
+        else
+            m_camera->hide("GammaEnable", true);
+        QVERIFY(m_window->refresh());
+        // Any change that concerns the rule has it decided anew.
+        QVERIFY(m_window->choose(kPage, "BalanceWhiteAuto", "Continuous"_s));
+        QTRY_COMPARE(shownBalance(), QString());
+        QVERIFY(m_window->choose(kPage, "BalanceWhiteAuto", "Off"_s));
+        QTRY_COMPARE(shownBalance(), "command"_s);
     }
 
     void switchReplacesCommandByRatio()

@@ -208,6 +208,31 @@ private slots:
         QCOMPARE(m_camera->writes().isEmpty(), !inCamera);
     }
 
+    // The file's name takes the serial number, and that takes the camera's time.
+    void matrixFileIsFoundWithoutWaiting_data()
+    {
+        const Rows<bool> row("exists");
+        row("there is one", true);
+        row("there is none", false);
+    }
+
+    void matrixFileIsFoundWithoutWaiting()
+    {
+        QFETCH(bool, exists);
+        if (exists)
+            kFile.store("[Common]\nCCMEnable=true\n");
+        open(kMatrixFeatures);
+        OBFT_TRY_COMPARE(shownGroups().contains("Custom_CCMGroup"_s), exists);
+        QVERIFY(m_window->show(kPage, "Width"));
+        QVERIFY(m_window->refresh());
+        // Another look at the host's callbacks builds nothing anew.
+        m_window->widget()->CreateFeature();
+        QCOMPARE(shownGroups().contains("Custom_CCMGroup"_s), exists);
+        QStringList reads = m_camera->readsOfThisThread();
+        reads.removeAll("ChunkModeActive"_s); // when the callbacks are installed
+        QCOMPARE(reads, QStringList());
+    }
+
     void matrixAndTreeFollowEachOther()
     {
         open();

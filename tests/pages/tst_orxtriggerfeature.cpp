@@ -228,6 +228,28 @@ private slots:
         QVERIFY(!item(kEnable)->value()->value().toBool());
     }
 
+    // Its switch vanishes with the command: nobody could end it any more.
+    void endsWhenTheCommandIsNotAvailable()
+    {
+        open();
+        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(triggers() > 0);
+        m_camera->hide(kTrigger, true);
+        QVERIFY(m_window->refresh());
+        QTRY_VERIFY(!m_window->isRowShown(kPage, kEnable));
+        const int last = triggers() + 1; // one may be under way
+        QVERIFY(twentyPeriodsPass());
+        QVERIFY(triggers() <= last);
+        QCOMPARE(MessageGuard::messages().filter("Automatic software trigger"_s).size(), 1);
+        m_camera->hide(kTrigger, false);
+        QVERIFY(m_window->refresh());
+        QTRY_VERIFY(m_window->isRowShown(kPage, kEnable));
+        QVERIFY(!isOn());
+        QTRY_VERIFY(m_window->isEnabled(kPage, kTime));
+        QTRY_VERIFY(m_window->isEnabled(kPage, kTrigger));
+    }
+
     void withoutSoftwareTriggerThereIsNoAutoTrigger()
     {
         open({QString::fromLatin1(kTrigger)});

@@ -94,6 +94,23 @@ private slots:
         QCOMPARE(box.findChild<QTextEdit*>()->toPlainText(), "Node 'a&lt;b':\n<i>0x80000106</i>"_s);
     }
 
+    void richTextKeepsLinesAndBlanks()
+    {
+        const auto filled = [](Qt::TextFormat format, const QString& text) {
+            auto box = std::make_unique<ZELCustomMessageBox>();
+            box->cSetContent(text);
+            box->cSetContentFormat(format);
+            box->cEndSetParameter();
+            return box;
+        };
+        const auto rich =
+            filled(Qt::RichText, "Node 'a&lt;b&gt; &amp; c':\r\nR&D,  <b>0x5</b>\nend"_s);
+        const QString read = "Node 'a<b> & c':\nR&D,  0x5\nend"_s;
+        QCOMPARE(rich->findChild<QTextEdit*>()->toPlainText(), read);
+        // What is the same to read is as wide.
+        QCOMPARE(rich->width(), filled(Qt::PlainText, read)->width());
+    }
+
     void longTextIsShownWhole()
     {
         ZELCustomMessageBox box;

@@ -23,15 +23,17 @@ QByteArray description()
     return wrap(
         category(q("Root"), words("Image Control")) +
         category(q("Image"), words("Width Height PixelFormat Gain ReverseX Note Detail")) +
-        category(q("Control"), words("AcquisitionStart UserSetLoad DeviceReset TriggerSoftware "
-                                     "Counter RegionDisplaySelector DeviceUserID")) +
+        category(q("Control"), words("AcquisitionStart AcquisitionStop UserSetLoad DeviceReset "
+                                     "TriggerSoftware Counter RegionDisplaySelector "
+                                     "DeviceUserID")) +
         node(q("Integer"), q("Width"), child(q("Description"), q("Columns of the image."))) +
         node(q("Integer"), q("Height"), child(q("pValue"), q("HeightReg"))) +
         node(q("MaskedIntReg"), q("HeightReg"), child(q("pInvalidator"), q("Width"))) +
         node(q("Enumeration"), q("PixelFormat"), entries) + node(q("Float"), q("Gain")) +
         node(q("Boolean"), q("ReverseX"), child(q("pIsLocked"), q("TLParamsLocked"))) +
         node(q("StringReg"), q("Note")) + node(q("Integer"), q("Detail"), expert) +
-        node(q("Command"), q("AcquisitionStart")) + node(q("Command"), q("UserSetLoad")) +
+        node(q("Command"), q("AcquisitionStart")) + node(q("Command"), q("AcquisitionStop")) +
+        node(q("Command"), q("UserSetLoad")) +
         node(q("Command"), q("DeviceReset")) + node(q("Command"), q("TriggerSoftware")) +
         node(q("Integer"), q("Counter"), child(q("PollingTime"), q("50"))) +
         node(q("Enumeration"), q("RegionDisplaySelector"), entries) +
@@ -64,7 +66,8 @@ void FeatureTreeTest::finish()
     IFeatureTreeFinder::install(nullptr);
     FakeHost::uninstall();
     m_host.clearCalls();
-    for (const char* name : {"Width", "PixelFormat", "Gain", "ReverseX", "Note", "UserSetLoad"})
+    for (const char* name : {"Width", "PixelFormat", "Gain", "ReverseX", "Note", "UserSetLoad",
+                             "AcquisitionStart"})
         m_host.fail(QString::fromLatin1(name), 0);
     OBDeviceControl::GetFavoritesFeatureMap()->clear();
     OBDeviceControl::SetUserLevel(1);

@@ -1,0 +1,383 @@
+// SPDX-License-Identifier: Apache-2.0
+// Writing through a feature tree: values, commands, what is read again, messages, the overlay.
+#include "basetools/ORXInterface.h"
+#include "model/CTreeItemValue.h"
+#include "styledctl/ZELCustomCheckBox.h"
+#include "styledctl/ZELCustomMessageBox.h"
+#include "tree/FeatureTreeTest.h"
+#include "tree/ORXPropertySpinBox.h"
+
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTextEdit>
+
+class TestFeatureWriting : public FeatureTreeTest
+{
+    Q_OBJECT
+
+private:
+    // Reads everything once; afterwards nothing is polled, so that only what writes cause is read.
+    void readWithoutPolling()
+    {
+        readOnce();
+        m_tree->PauseUpdateThread();
+        m_tree->StopThread(false);
+        QCoreApplication::processEvents();
+        m_host.clearCalls();
+    }
+    QStringList sortedReads() const
+    {
+        QStringList reads = m_host.calls().filter(QRegularExpression("^get "_s));
+        reads.sort();
+        return reads;
+    }
+    void lockByAcquisition(bool lock)
+    {
+        m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(lock ? 1 : 0));
+    }
+
+private slots:
+    // Values --------------------------------------------------------------------------------------
+    void oneEdit()
+    {
+        readWithoutPolling();
+        auto* spin = editor<ORXPropertySpinBox>("Width");
+        spin->setFocus();
+        spin->selectAll();
+        QTest::keyClicks(spin, "650"_s);
+        QTest::keyClick(spin, Qt::Key_Return);
+        QCOMPARE(m_host.writes(), QStringList("set Width 640"_s)); // on the grid
+        QVERIFY(MessageGuard::contains("NodeName:Width, NodeValue:640, [CameraID:1]"_s));
+        QCOMPARE(overlay(), "Setting features..."_s);
+        QTRY_VERIFY(overlay().isEmpty());
+        // Exactly what the write invalidates is read again, each once.
+        QCOMPARE(sortedReads(), QStringList({"get Height"_s, "get Width"_s}));
+        QCOMPARE(spin->value(), qlonglong(640));
+    }
+
+    void writesByTag_data()
+    {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QString>("call"); // empty: refused
+        const auto row = [](const char* tag, const char* name, const QVariant& value,
+                            const char* call) {
+            QTest::newRow(*tag ? tag : "empty tag")
+                << QString::fromLatin1(tag) << QString::fromLatin1(name) << value
+                << QString::fromLatin1(call);
+        };
+        row("Boolean", "ReverseX", false, "set ReverseX 0");
+        row("Command", "AcquisitionStart", QVariant(), "set AcquisitionStart ");
+        row("Integer", "Width", qlonglong(INT64_MIN), "set Width -9223372036854775808");
+        row("IntReg", "Width", 5, "set Width 5");
+        row("Enumeration", "PixelFormat", 4000000000LL, "set PixelFormat 4000000000");
+        row("Float", "Gain", 2.5F, "set Gain 2.5");
+        row("Converter", "Gain", 2.5, "set Gain 2.5");
+        row("StringReg", "Note", "a b"_s, "set Note a b");
+        row("String", "Note", "c"_s, "set Note c");
+        row("Category", "Image", 1, "");
+        row("CustomTagNameDraw", "Width", 1, "");
+        row("", "Width", 1, "");
+    }
+
+    void writesByTag()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, name);
+        QFETCH(QVariant, value);
+        QFETCH(QString, call);
+        QCOMPARE(m_tree->setFeatureValue(tag, name, value), !call.isEmpty());
+        QCOMPARE(m_host.writes().join(QLatin1Char('|')).trimmed(), call.trimmed());
+        QCOMPARE(overlay().isEmpty(), call.isEmpty());
+        QVERIFY(!m_tree->setFeatureValue(tag, QString(), value)); // no name
+        m_tree->readyForDelete();
+        m_host.clearCalls();
+        QVERIFY(!m_tree->setFeatureValue(tag, name, value));
+        QVERIFY(m_host.writes().isEmpty());
+    }
+
+    void itemBasedWrite()
+    {
+        readOnce();
+        QVERIFY(!m_tree->setFeatureValue(nullptr, 5, true));
+        QVERIFY(m_tree->setFeatureValue(item("Width"), 640, true));
+        QCOMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(640));
+        m_host.fail("Width"_s, 5);
+        MessageGuard::expectMessage("Width"_s);
+        QVERIFY(!m_tree->setFeatureValue(item("Width"), 800, true)); // shown whatever the outcome
+        QCOMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(800));
+    }
+
+    // What is read again
+    // ---------------------------------------------------------------------------
+    void writesInARowAreAllReadAgain_data()
+    {
+        const Rows<QString, QString, bool, QString> row("tag", "name", "refused", "read");
+        row("another feature", "Float", "Gain", false, "Gain Height Width");
+        row("the same feature", "Integer", "Width", false, "Height Width");
+        row("a feature that the first changes", "Integer", "Height", false, "Height Width");
+        row("refused", "Float", "Gain", true, "Height Width");
+        row("command", "Command", "TriggerSoftware", false, "Height Width");
+        row("refused command", "Command", "TriggerSoftware", true, "Height Width");
+        row("no such kind", "Category", "Image", false, "Height Width");
+        row("no name", "Enumeration", "", false, "Height Width");
+    }
+
+    // What the first write changed must not be forgotten for the second one's sake.
+    void writesInARowAreAllReadAgain()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, name);
+        QFETCH(bool, refused);
+        QFETCH(QString, read);
+        readWithoutPolling();
+        if (refused) {
+            m_host.fail(name, 5);
+            MessageGuard::expectMessage(name);
+        }
+        QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
+        m_tree->setFeatureValue(tag, name, 3);
+        m_host.fail(name, 0);
+        QStringList expected;
+        const QStringList names = read.split(QLatin1Char(' '));
+        for (const QString& each : names)
+            expected.append("get "_s + each);
+        QTRY_COMPARE(sortedReads(), expected);
+        QTRY_VERIFY(overlay().isEmpty());
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(sortedReads(), expected); // each once
+    }
+
+    // A held key writes for minutes.
+    void writesWithoutAPauseAreReadAgainMeanwhile()
+    {
+        readWithoutPolling();
+        m_host.setLatencyMs(1);
+        constexpr int kEdits = 2000; // 2 s at least
+        int edits = 0;
+        for (; edits < kEdits && m_host.count("get Height"_s) == 0; ++edits) {
+            QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 16 * (edits % 200 + 1)));
+            QCoreApplication::processEvents();
+        }
+        m_host.setLatencyMs(0);
+        QVERIFY(edits < kEdits);
+    }
+
+    // Nothing is left over for the time after.
+    void pausedReadingTakesUpWithEverything()
+    {
+        readWithoutPolling();
+        QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
+        m_tree->PauseUpdateThread();
+        QTRY_VERIFY(overlay().isEmpty()); // the timer came to nothing
+        QVERIFY(sortedReads().isEmpty());
+        m_host.set("Height"_s, FakeHost::integerFeature(99));
+        m_tree->StartUpdateThread();
+        QTRY_COMPARE(item("Height")->value()->value().toInt(), 99);
+        QTRY_VERIFY(m_tree->HadUpdatedOnce());
+        QTRY_VERIFY(!m_tree->isReading());
+        m_host.clearCalls();
+        QVERIFY(m_tree->setFeatureValue("Float"_s, "Gain"_s, 2.0));
+        QTRY_COMPARE(m_host.count("get Gain"_s), 1);
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(m_host.count("get Width"_s), 0);
+    }
+
+    void pausedTreeStillHidesTheOverlay()
+    {
+        readOnce();
+        m_tree->PauseUpdateThread();
+        QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
+        QVERIFY(!overlay().isEmpty());
+        QTRY_VERIFY(overlay().isEmpty());
+    }
+
+    // Commands ------------------------------------------------------------------------------------
+    void firstStartAfterAStopIsSwallowed()
+    {
+        readOnce();
+        m_tree->OnCameraStopShot();
+        const QString start = "AcquisitionStart"_s;
+        QVERIFY(m_tree->OnCommandNodeBtnClicked("TriggerSoftware"_s));
+        QVERIFY(!m_tree->OnCommandNodeBtnClicked(start));
+        QCOMPARE(m_host.writes().filter(start).size(), 0);
+        QVERIFY(m_tree->OnCommandNodeBtnClicked(start));
+        QCOMPARE(m_host.writes().filter(start).size(), 1);
+        QVERIFY(MessageGuard::contains("NodeName:AcquisitionStart, [CameraID:1]"_s));
+    }
+
+    void acquisitionCommandsReadWhatTheyLock()
+    {
+        readOnce();
+        const auto isFree = [this] { return editor<ZELCustomCheckBox>("ReverseX")->isEnabled(); };
+        lockByAcquisition(true);
+        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
+        QTRY_VERIFY(!isFree());
+        lockByAcquisition(false);
+        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStop"_s, {}));
+        QTRY_VERIFY(isFree());
+        // A stop by command does not swallow the next start.
+        lockByAcquisition(true);
+        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
+        QTRY_VERIFY(!isFree());
+        QCOMPARE(m_host.writes().filter("AcquisitionStart"_s).size(), 2);
+    }
+
+    void refusedStartLocksNothing()
+    {
+        readWithoutPolling();
+        m_host.fail("AcquisitionStart"_s, 5);
+        MessageGuard::expectMessage("AcquisitionStart"_s);
+        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
+        QTRY_COMPARE(m_host.count("mode AcquisitionStart"_s), 1);
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(m_host.count("mode ReverseX"_s), 0);
+    }
+
+    void refusedCommand()
+    {
+        readOnce();
+        m_host.fail("UserSetLoad"_s, 5);
+        MessageGuard::expectMessage("UserSetLoad"_s);
+        QVERIFY(m_tree->setFeatureValue("Command"_s, "UserSetLoad"_s, {}));
+        QVERIFY(MessageGuard::contains("Node 'UserSetLoad': Failed to execute Node. 5\r\n"_s +
+                                       ORXInterface::IntCode2DisplayCode(5)));
+        QVERIFY(!messageBox());
+        QVERIFY(!overlay().isEmpty());
+        QTRY_VERIFY(overlay().isEmpty()); // the invalidation pass ran all the same
+    }
+
+    void deviceReset_data()
+    {
+        const Rows<bool> row("known");
+        row("tree still there", true);
+        row("tree gone", false);
+    }
+
+    void deviceReset()
+    {
+        QFETCH(bool, known);
+        readOnce();
+        if (!known)
+            m_finder.trees.clear();
+        QCOMPARE(m_tree->setFeatureValue("Command"_s, "DeviceReset"_s, {}), known);
+        QVERIFY(overlay().isEmpty());
+        QCOMPARE(messageBox()->cContent(),
+                 "The camera is about to reboot. Reconnect the\ncamera later."_s);
+        QCOMPARE(messageBox()->cHintStyle(), int(ZELCustomMessageBox::Hint_Information));
+        QVERIFY(!editor<ORXPropertySpinBox>("Width")->isEnabled());
+        QVERIFY(!m_tree->isCanEdit());
+    }
+
+    void loadingASetKeepsTheShownRegion()
+    {
+        m_host.set("RegionDisplaySelector"_s, FakeHost::enumFeature(7));
+        readOnce();
+        QSignalSpy osd(m_tree.get(), &ORXFeatureTree::SigFeatureChangeOsd);
+        QVERIFY(m_tree->OnCommandNodeBtnClicked("UserSetLoad"_s));
+        QCOMPARE(m_host.writes().last(), "set RegionDisplaySelector 7"_s);
+        QCOMPARE(osd.size(), 1);
+        m_host.fail("RegionDisplaySelector"_s, 5);
+        MessageGuard::expectMessage("RegionDisplaySelector"_s);
+        MessageGuard::ignoreMessage(QtCriticalMsg, "GetOstSettingData failed");
+        QVERIFY(m_tree->OnCommandNodeBtnClicked("UserSetLoad"_s));
+        m_host.fail("RegionDisplaySelector"_s, 0);
+    }
+
+    // Messages and overlay ------------------------------------------------------------------------
+    void refusedWrites_data()
+    {
+        // quoted: in the box's content; read: what the user sees of it
+        const Rows<QString, QString, QVariant, QString, QString> row("tag", "name", "value",
+                                                                     "quoted", "read");
+        row("integer", "Integer", "Width", 640, "640", "640");
+        row("float", "Float", "Gain", 2.5F, "2.5", "2.5");
+        row("boolean", "Boolean", "ReverseX", true, "1", "1");
+        row("enumeration", "Enumeration", "PixelFormat", 7, "7", "7");
+        row("text", "StringReg", "Note", "a<b>"_s, "a&lt;b&gt;", "a<b>");
+        row("ampersand", "StringReg", "Note", "R&D & Co"_s, "R&D & Co", "R&D & Co");
+        row("like an entity", "StringReg", "Note", "a&lt;b"_s, "a&amp;lt;b", "a&lt;b");
+        row("blanks", "StringReg", "Note", " a  b "_s, " a  b ", " a  b ");
+    }
+
+    void refusedWrites()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, name);
+        QFETCH(QVariant, value);
+        QFETCH(QString, quoted);
+        QFETCH(QString, read);
+        constexpr int kCode = 5;
+        m_host.fail(name, kCode);
+        MessageGuard::expectMessage(name); // the device layer's own line
+        QVERIFY(!m_tree->setFeatureValue(tag, name, value));
+        QVERIFY(overlay().isEmpty());
+        const ZELCustomMessageBox* box = messageBox();
+        QVERIFY(box && box->isVisible());
+        QCOMPARE(box->cCaption(), "Prompt"_s);
+        QCOMPARE(box->cTextTitle(), "Failed to set the feature value."_s);
+        const QString code = ORXInterface::IntCode2DisplayCode(kCode);
+        QCOMPARE(box->cContent(),
+                 "Node '%1':failed to save value '%2'\r\n"_s.arg(name, quoted) + code);
+        QCOMPARE(box->findChild<QTextEdit*>()->toPlainText(),
+                 "Node '%1':failed to save value '%2'\n"_s.arg(name, read) + code);
+        QCOMPARE(box->cHintStyle(), int(ZELCustomMessageBox::Hint_Error));
+        QVERIFY(box->cButton(ZELCustomMessageBox::Result_Ok));
+        QVERIFY(!box->cButton(ZELCustomMessageBox::Result_Cancel));
+        QVERIFY(!MessageGuard::contains("NodeValue:"_s));
+    }
+
+    void oneMessageAtATime()
+    {
+        m_tree->ShowMessage(nullptr, "first"_s, "a"_s, QString(), 3);
+        m_tree->ShowMessage(nullptr, "second"_s, "b"_s, QString(), 3);
+        QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
+        QCOMPARE(messageBox()->cTextTitle(), "first"_s);
+        messageBox()->hide();
+        m_tree->ShowMessage(nullptr, "third"_s, "c"_s, "Caption"_s, 5);
+        QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
+        QCOMPARE(messageBox()->cTextTitle(), "third"_s);
+        QCOMPARE(messageBox()->cCaption(), "Caption"_s);
+    }
+
+    void messagesWithoutText()
+    {
+        m_tree->ShowMessage(nullptr, "words"_s, QString(), QString(), 5);
+        QCOMPARE(messageBox()->cContent(), "words"_s);
+        QVERIFY(messageBox()->cTextTitle().isEmpty());
+    }
+
+    // A box without its window would stand alone on the screen.
+    void messageGoesWithTheWindow()
+    {
+        const auto isShown = [this] { return messageBox() && messageBox()->isVisible(); };
+        m_tree->ShowMessage(nullptr, "words"_s, QString(), QString(), 5);
+        QCoreApplication::processEvents();
+        QVERIFY(isShown());
+        m_tree->hide();
+        QTRY_VERIFY(!isShown());
+        // A write may still be refused when the window has gone.
+        m_tree->ShowMessage(nullptr, "late"_s, QString(), QString(), 5);
+        QTRY_VERIFY(!isShown());
+        m_tree->show();
+        m_tree->ShowMessage(nullptr, "again"_s, QString(), QString(), 5);
+        QCoreApplication::processEvents();
+        QVERIFY(isShown());
+    }
+
+    void overlayIndex()
+    {
+        QCOMPARE(getLoadingIndex(0, 5), 1);
+        QCOMPARE(getLoadingIndex(8, 5), 8);
+        m_tree->ShowLoadingFeatures(true, false); // only device type 8 shows updates
+        QVERIFY(overlay().isEmpty());
+        m_tree->ShowLoadingFeatures(true, true);
+        QCOMPARE(overlay(), "Setting features..."_s);
+        m_tree->ShowLoadingFeatures(false, true);
+        QVERIFY(overlay().isEmpty());
+    }
+};
+
+OBFT_TEST_MAIN(TestFeatureWriting)
+#include "tst_featurewriting.moc"

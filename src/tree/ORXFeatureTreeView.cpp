@@ -4,6 +4,7 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
+#include "tree/EditorFocus.h"
 #include "tree/IORXFeatureWidget.h"
 #include "tree/ORXFeatureScrollBar.h"
 #include "tree/ORXPropertyTreeDelegate.h"
@@ -71,12 +72,12 @@ ORXFeatureTreeView::~ORXFeatureTreeView()
 {
     // A focused editor changes the focus when it is destroyed, after this object's own part.
     disconnect(qApp, nullptr, this, nullptr);
-    detachEditors();
+    dropEditors();
 }
 
 void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
 {
-    detachEditors();
+    dropEditors();
     m_lCameraID = cameraId;
     m_pRootItem = root;
     m_inSight.clear();
@@ -187,6 +188,8 @@ bool ORXFeatureTreeView::setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool h
     const QModelIndex index = m_pModel->indexFromItem(item, 0);
     if (!index.isValid() || isRowHidden(index.row(), index.parent()) == hidden)
         return false;
+    if (hidden)
+        closeEditorsBelow(item);
     setRowHidden(index.row(), index.parent(), hidden);
     return true;
 }
@@ -237,10 +240,12 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
     if (m_openEditors.contains(item)) {
         if (recreate) {
             const QWidget* editor = editorOf(item);
-            const bool focused = editor && editor->hasFocus();
+            // The rest of what is being typed must not land in the new editor.
+            const bool keepsFocus = editor && EditorFocus::isInside(editor)
+                                    && !EditorFocus::hasPendingEdit(editor);
             closeEditors(item);
             openEditors(item);
-            if (focused)
+            if (keepsFocus)
                 focusCell(m_pModel->indexFromItem(item, 1), Qt::OtherFocusReason);
         }
         for (int column = 0; column < 2; ++column) {
@@ -270,8 +275,10 @@ void ORXFeatureTreeView::OnSigExpanded(const QModelIndex& index)
 
 void ORXFeatureTreeView::OnSigCollapsed(const QModelIndex& index)
 {
-    if (ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index))
+    if (ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index)) {
+        closeEditorsBelow(item);
         m_pPage->itemExpandStateChanged(item, false);
+    }
     scheduleEditors();
 }
 

@@ -24,6 +24,9 @@ class ORXPropertyTreeModel;
 // | item... (IORXFeatureNotify)      | GUI or reading; emits signals     | see the interface |
 // | everything else                  | GUI                               | none              |
 //
+// An editor closes before its row goes, for whatever reason. What is being typed in it is dropped, and
+// the focus comes to the view (see EditorFocus).
+//
 // With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
 // editor in the order of the rows, scrolling where needed, and Escape goes back to the row.
 class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZELCustomQssHelper
@@ -96,6 +99,8 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void showEvent(QShowEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void updateEditorGeometries() override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void startDrag(Qt::DropActions actions) override;
     void drawBranches(QPainter* painter, const QRect& rect,
@@ -114,10 +119,12 @@ private:
     void closeEditors(ORXPropertyTreeItem* item);
     void closeEditorsBelow(ORXPropertyTreeItem* item);
     void closeEditorsOutOfSight();
-    void detachEditors();
+    void closeEditorsWithoutRow();
+    void dropEditors();
+    QWidget* editorAround(QWidget* widget) const;
     void onEditingEnded(QWidget* editor);
     void onFocusChanged(QWidget* old, QWidget* now);
-    QModelIndex cellOfEditor(const QWidget* widget) const;
+    QModelIndex cellOfEditor(QWidget* widget) const;
     QModelIndex firstCell(const QModelIndex& row) const;
     QModelIndex nextCell(const QModelIndex& cell, bool next) const;
     bool focusCell(const QModelIndex& cell, Qt::FocusReason reason);

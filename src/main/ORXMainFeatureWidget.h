@@ -102,6 +102,7 @@ private:
     void initUI();
     void retranslate();
     void afterFirstRead(qint64 key);
+    void leaveEmptyGroup(qint64 key);
     void showTitle(qint64 key);
     void fillPrompt(ZELCustomMessageBox* box) const;
     void afterSearch(qint64 key, const QString& text);

@@ -60,6 +60,7 @@ void ORXMainFeatureWidget::DeviceFeatureInit(qint64 key)
     if (m_pGroupStack->indexOf(group) < 0)
         m_pGroupStack->addWidget(group);
     m_pGroupStack->setCurrentWidget(group);
+    leaveEmptyGroup(key);
 }
 
 void ORXMainFeatureWidget::showTitle(qint64 key)
@@ -90,16 +91,20 @@ bool ORXMainFeatureWidget::hasFeatureTree(qint64 cameraId) const
     return m_trees.contains(cameraId);
 }
 
-// A new user has no favourites yet; the first look should not fall on an empty page.
+// What is available is known only now.
 void ORXMainFeatureWidget::afterFirstRead(qint64 key)
 {
-    ORXFeatureGroup* group = m_groups.value(key, nullptr);
-    if (!group)
-        return;
-    // The names are known only now.
-    group->searchAgain();
-    if (m_pPageStack->currentIndex() == WholeTreeTab && group->searchText().isEmpty())
-        group->groupView()->leaveEmptyFavorites();
+    if (ORXFeatureGroup* group = m_groups.value(key, nullptr))
+        group->searchAgain();
+    leaveEmptyGroup(key);
+}
+
+// A new user has no favourites yet; the first look should not fall on an empty page.
+void ORXMainFeatureWidget::leaveEmptyGroup(qint64 key)
+{
+    const ORXFeatureGroup* group = m_groups.value(key, nullptr);
+    if (group && m_pPageStack->currentIndex() == WholeTreeTab && group->searchText().isEmpty())
+        group->groupView()->leaveEmptyGroup();
 }
 
 ORXFeatureGroup* ORXMainFeatureWidget::featureGroup(qint64 key)

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+class CTreeItemValue;
 class FeatureDecider;
 class ORXPropertyTreeItem;
 
@@ -18,6 +19,8 @@ public:
     // Renews both languages' texts of the item when one of their inputs changed.
     void update(const FeatureNode& node, ORXPropertyTreeItem* item);
 
+    // Name and explanation alone, for a feature that was not read yet: without a call to the host.
+    static QString GetFeatureTitleText(const CTreeItemValue& value, const QString& language);
     // `language` is "ENG" or "CH".
     QString GetFeatureDocText(const FeatureNode& node, const QString& streamable,
                               ORXPropertyTreeItem* item, const QString& language);

@@ -85,6 +85,7 @@ void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
     m_pDelegate->setCurMoveItem(nullptr);
     m_pModel->resetCamearID(cameraId);
     m_pModel->updateData(root);
+    updateRowsVisible(root, true);
     scheduleEditors();
 }
 
@@ -255,6 +256,9 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
     } else {
         // The item's value may have come from its mirror, which the user edits.
         ORXPropertyTreeDelegate::noteShownState(item);
+        // Its first value came.
+        if (m_inSight.contains(item) && hasEditor(*item))
+            scheduleEditors();
     }
     if (kind != 1)
         m_pPage->itemValueChanged(item);

@@ -17,7 +17,7 @@ class ORXPropertyTreeDelegate;
 class ORXPropertyTreeModel;
 
 // The tree view of a page. Turns the notifications of items into updates of rows and editors, and
-// keeps the value editor of every row in sight open. Owned by its page.
+// keeps the value editor of every row in sight open, once its value was read. Owned by its page.
 //
 // | operation                        | thread                            | lock              |
 // |----------------------------------|-----------------------------------|-------------------|
@@ -115,6 +115,7 @@ private:
     int visibleHeightBelow(ORXPropertyTreeItem* item) const;
     void scheduleEditors();
     void syncEditors();
+    static bool hasEditor(const ORXPropertyTreeItem& item);
     void openEditors(ORXPropertyTreeItem* item);
     void closeEditors(ORXPropertyTreeItem* item);
     void closeEditorsBelow(ORXPropertyTreeItem* item);

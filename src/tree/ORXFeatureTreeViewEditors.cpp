@@ -94,6 +94,11 @@ void ORXFeatureTreeView::showEvent(QShowEvent* event)
     syncEditors();
 }
 
+bool ORXFeatureTreeView::hasEditor(const ORXPropertyTreeItem& item)
+{
+    return item.wasRead() && ORXPropertyTreeDelegate::hasEditor(item.tag());
+}
+
 void ORXFeatureTreeView::openEditors(ORXPropertyTreeItem* item)
 {
     m_openEditors.insert(item);
@@ -121,8 +126,7 @@ void ORXFeatureTreeView::syncEditors()
          row = indexBelow(row)) {
         ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(row);
         m_inSight.append(item);
-        const bool opens =
-            !m_openEditors.contains(item) && ORXPropertyTreeDelegate::hasEditor(item->tag());
+        const bool opens = !m_openEditors.contains(item) && hasEditor(*item);
         if (opens)
             openEditors(item);
         for (int column = 0; column < 2; ++column) {

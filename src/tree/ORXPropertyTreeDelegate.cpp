@@ -176,8 +176,8 @@ void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
 
 bool ORXPropertyTreeDelegate::isUsable(const ORXPropertyTreeItem& item) const
 {
-    return m_bCanEdit && item.value() && item.value()->enabled() && hasEditor(item.tag())
-           && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
+    return m_bCanEdit && item.value() && item.wasRead() && item.value()->enabled()
+           && hasEditor(item.tag()) && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
 }
 
 void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,

@@ -46,7 +46,10 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
 
     m_editorTimer.setSingleShot(true);
     m_editorTimer.setInterval(0);
-    connect(&m_editorTimer, &QTimer::timeout, this, &ORXFeatureTreeView::syncEditors);
+    connect(&m_editorTimer, &QTimer::timeout, this, [this] {
+        syncEditors();
+        tellRowsInSight();
+    });
     connect(this, &ORXFeatureTreeView::sigSetItemVisible, this,
             &ORXFeatureTreeView::onSetItemVisible);
     connect(this, &ORXFeatureTreeView::sigSetItemExpended, this,
@@ -86,6 +89,7 @@ void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
     m_pModel->resetCamearID(cameraId);
     m_pModel->updateData(root);
     updateRowsVisible(root, true);
+    m_bRowsChanged = true;
     scheduleEditors();
 }
 

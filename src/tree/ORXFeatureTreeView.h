@@ -4,6 +4,7 @@
 #include "model/IORXFeatureNotify.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustomQssHelper.h"
+#include "tree/ShownFeatures.h"
 
 #include <QSet>
 #include <QTimer>
@@ -74,6 +75,9 @@ signals:
     void sigSetItemExpended(qint64 cameraId, ORXPropertyTreeItem* item, bool expanded);
     void sigUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem* item, int kind, bool recreate);
     void sigUpdateSpecialInfo(qint64 cameraId, ORXPropertyTreeItem* item, int info);
+    // The features that the user has before him, when they changed: those in sight from top to
+    // bottom, then what the view shows below, then above them. Empty when the view is hidden.
+    void SigRowsInSight(const QStringList& names);
 
 public slots:
     void onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* item, bool visible);
@@ -98,6 +102,7 @@ protected:
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void updateEditorGeometries() override;
@@ -115,6 +120,7 @@ private:
     int visibleHeightBelow(ORXPropertyTreeItem* item) const;
     void scheduleEditors();
     void syncEditors();
+    void tellRowsInSight();
     static bool hasEditor(const ORXPropertyTreeItem& item);
     void openEditors(ORXPropertyTreeItem* item);
     void closeEditors(ORXPropertyTreeItem* item);
@@ -141,6 +147,7 @@ private:
     bool m_bDropShown = false;
     bool m_bSyncing = false;
     bool m_bInGeometries = false;
+    bool m_bRowsChanged = true; // since m_shownFeatures were collected
     bool m_bDirectNotification = false; // the running notification came on this thread
     qint64 m_lCameraID = -1;
     ORXPropertyTreeModel* m_pModel;       // Owned (child).
@@ -148,6 +155,8 @@ private:
     ORXPropertyTreeItem* m_pRootItem = nullptr; // Not owned.
     QVector<ORXPropertyTreeItem*> m_inSight;    // Rows from top to bottom. Not owned.
     QSet<ORXPropertyTreeItem*> m_openEditors;   // Items whose editors are open. Not owned.
+    ShownFeatures m_shownFeatures;
+    QStringList m_toldInSight;
     QTimer m_editorTimer;
     QString m_strPlaceholder;
 };

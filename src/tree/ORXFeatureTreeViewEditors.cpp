@@ -74,6 +74,7 @@ void ORXFeatureTreeView::updateGeometries()
 {
     const QScopedValueRollback<bool> inGeometries(m_bInGeometries, true);
     QTreeView::updateGeometries();
+    m_bRowsChanged = true;
     scheduleEditors();
 }
 
@@ -82,16 +83,38 @@ void ORXFeatureTreeView::scrollContentsBy(int dx, int dy)
     QTreeView::scrollContentsBy(dx, dy);
     // At once, so that no row is ever seen without its editor while scrolling; but not in the
     // middle of a layout, which moves the scroll bar, too.
-    if (m_bInGeometries)
-        scheduleEditors();
-    else
+    if (!m_bInGeometries)
         syncEditors();
+    scheduleEditors();
 }
 
 void ORXFeatureTreeView::showEvent(QShowEvent* event)
 {
     QTreeView::showEvent(event);
     syncEditors();
+    scheduleEditors();
+}
+
+void ORXFeatureTreeView::hideEvent(QHideEvent* event)
+{
+    QTreeView::hideEvent(event);
+    scheduleEditors();
+}
+
+void ORXFeatureTreeView::tellRowsInSight()
+{
+    QStringList names;
+    if (m_pRootItem && isVisible()) {
+        // Scrolling only shifts where the list begins.
+        if (m_bRowsChanged)
+            m_shownFeatures.collect(*this, *m_pModel);
+        m_bRowsChanged = false;
+        names = m_shownFeatures.namesFrom(m_inSight);
+    }
+    if (names == m_toldInSight)
+        return;
+    m_toldInSight = names;
+    emit SigRowsInSight(names);
 }
 
 bool ORXFeatureTreeView::hasEditor(const ORXPropertyTreeItem& item)
@@ -224,6 +247,7 @@ void ORXFeatureTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int sta
             closeEditorsBelow(item);
     }
     m_inSight.clear();
+    m_bRowsChanged = true;
     QTreeView::rowsAboutToBeRemoved(parent, start, end);
     scheduleEditors();
 }

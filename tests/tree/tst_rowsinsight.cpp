@@ -9,7 +9,9 @@
 #include "tree/TestPage.h"
 
 #include <QScrollBar>
+#include <QSignalSpy>
 
+#include <functional>
 #include <thread>
 
 using Item = ORXPropertyTreeItem;
@@ -35,6 +37,9 @@ QString rowName(int row)
 }
 
 } // namespace
+
+class TestRowsInSight;
+Q_DECLARE_METATYPE(std::function<void(TestRowsInSight&)>)
 
 class TestRowsInSight : public GuardedTest
 {
@@ -70,6 +75,12 @@ private:
     }
     Item* row(int number) { return m_group->child(number); }
     ORXFeatureTreeView* view() { return m_page->treeView(); }
+    void showSecondGroup()
+    {
+        const QVector<Item*> rows = m_group->children();
+        for (Item* each : rows)
+            each->setGroupVisible(false, 1);
+    }
     QImage valueCell(Item* item)
     {
         const QRect cell = view()->visualRect(view()->treeModel()->indexFromItem(item, 1));
@@ -182,6 +193,109 @@ private slots:
         const QModelIndex group = other.treeModel()->indexFromItem(m_group, 0);
         QVERIFY(!other.isRowHidden(0, group));
         QVERIFY(other.isRowHidden(1, group));
+    }
+
+    void rowsInSightAreTold_data()
+    {
+        using Act = std::function<void(TestRowsInSight&)>;
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("last"); // above what is in sight, nearest first
+        QTest::addColumn<int>("rows");
+        const auto row = [](const char* name, const Act& act, const char* first, const char* last,
+                            int rows) {
+            QTest::newRow(name) << act << QString::fromLatin1(first) << QString::fromLatin1(last)
+                                << rows;
+        };
+        row(
+            "shown", [](auto&) {}, "Row0000", "Other", 201);
+        row(
+            "scrolled", [](auto& t) { t.view()->verticalScrollBar()->setValue(1 + 38 * 10); },
+            "Row0010", "Row0000", 201);
+        row(
+            "another group", [](auto& t) { t.showSecondGroup(); }, "Other", "Other", 1);
+        row(
+            "collapsed", [](auto& t) { t.m_group->setExpanded(false, 1); }, "Other", "Other", 1);
+        row(
+            "all collapsed", [](auto& t) { t.m_page->setExpandedAll(false); }, "", "", 0);
+        row(
+            "search",
+            [](auto& t) {
+                for (int i = 0; i < 200; ++i)
+                    t.row(i)->setSearchText("w017"_s, 1);
+            },
+            "Row0170", "Other", 11);
+        row(
+            "level", [](auto& t) { t.row(0)->setVisible(false, 1); }, "Row0001", "Other", 200);
+        row(
+            "row removed",
+            [](auto& t) {
+                Item* gone = t.row(0);
+                t.view()->treeModel()->removeItems(t.m_group, gone);
+                delete gone;
+            },
+            "Row0001", "Other", 200);
+        row(
+            "items of the page",
+            [](auto& t) {
+                t.row(0)->setIsFeatureTreeItem(false);
+                t.row(1)->setIsFeatureTreeItem(false);
+                t.row(199)->setVisible(false, 1);
+            },
+            "Row0002", "Other", 198);
+        row(
+            "page hidden", [](auto& t) { t.m_page->hide(); }, "", "", 0);
+        row(
+            "no camera", [](auto& t) { t.m_page->resetCamaraID(-1); }, "", "", 0);
+    }
+
+    void rowsInSightAreTold()
+    {
+        QFETCH(std::function<void(TestRowsInSight&)>, act);
+        QFETCH(QString, first);
+        QFETCH(QString, last);
+        QFETCH(int, rows);
+        makeRows(200);
+        QStringList told;
+        int times = 0;
+        connect(view(), &ORXFeatureTreeView::SigRowsInSight, this, [&](const QStringList& names) {
+            told = names;
+            ++times;
+        });
+        m_page->open();
+        QTRY_COMPARE(told.size(), 201);
+        times = 0;
+        act(*this);
+        QTRY_COMPARE(told.value(0), first);
+        QTRY_COMPARE(told.size(), rows);
+        QCOMPARE(told.isEmpty() ? QString() : told.last(), last);
+        QVERIFY2(times <= 1, qPrintable(QString::number(times))); // one change, told once
+    }
+
+    void scrollingCostsNoLayout()
+    {
+        TestPage page;
+        CountingView counted(page.pageType(), &page);
+        makeRows(5000);
+        Item* root = m_page->makeRoot();
+        counted.resetData(1, root);
+        counted.expandAll();
+        counted.resize(400, 400);
+        page.resize(400, 400);
+        QSignalSpy spy(&counted, &ORXFeatureTreeView::SigRowsInSight);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        QTRY_VERIFY(!spy.isEmpty());
+        counted.layouts = 0;
+        spy.clear();
+        for (int pixel = 1; pixel <= 39; ++pixel) {
+            counted.verticalScrollBar()->setValue(pixel);
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(counted.layouts, 0);
+        QCOMPARE(spy.count(), 1); // the first row has gone
+        counted.resetData(-1, nullptr);
+        delete root;
     }
 };
 

@@ -214,16 +214,21 @@ void CFeatureGroupTreeView::showTab(int tabIndex)
     }
 }
 
-void CFeatureGroupTreeView::leaveEmptyFavorites()
+void CFeatureGroupTreeView::leaveEmptyGroup()
 {
     const ORXPropertyTreeItem* shown = CFeatureGroupModel::itemFromIndex(currentIndex());
-    if (!shown || shown->itemType() != ORXPropertyTreeItem::FavoritesGroup ||
-        shown->childCount() > 0)
-        return;
     const QModelIndex page = currentIndex().parent();
+    if (!shown || !page.isValid())
+        return;
+    const bool noFavorites =
+        shown->itemType() == ORXPropertyTreeItem::FavoritesGroup && shown->childCount() == 0;
+    if (!noFavorites && !isRowHidden(currentIndex().row(), page))
+        return;
     for (int row = 0; row < m_pModel->rowCount(page); ++row) {
         const QModelIndex group = m_pModel->index(row, 0, page);
-        if (group != currentIndex() && !isRowHidden(row, page)) {
+        const bool favorites = CFeatureGroupModel::itemFromIndex(group)->itemType() ==
+                               ORXPropertyTreeItem::FavoritesGroup;
+        if (!favorites && !isRowHidden(row, page)) {
             OnChangedIndex(group);
             return;
         }

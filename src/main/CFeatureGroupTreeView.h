@@ -38,8 +38,9 @@ public:
     void RegisterView(ORXPropertyTreeItem* item, bool remove);
     // Opens a tab's page and its last group, as a click on its row does.
     void showTab(int tabIndex);
-    // Moves on from an empty favourites group to the first group that shows something.
-    void leaveEmptyFavorites();
+    // Moves on from an empty favourites group, or from a group that turned out to be hidden, to the
+    // first group that shows something.
+    void leaveEmptyGroup();
     void retranslate();
 
     void itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool visible) override;

@@ -137,6 +137,9 @@ void ORXMainFeatureWidget::initUI()
 
     connect(this, &ORXMainFeatureWidget::sigBeforeDeleteFeature, this,
             &ORXMainFeatureWidget::onBeforeDeleteFeature);
+    for (IORXFeatureWidget* page : curatedPages())
+        connect(page->treeView(), &ORXFeatureTreeView::SigRowsInSight, this,
+                &ORXMainFeatureWidget::readFirst);
     connect(m_pToolBar, &ORXFeatureToolBar::SigToolBarBtnClicked, this,
             &ORXMainFeatureWidget::OnToolBarBtnClicked);
     connect(m_pTabs, &PageTabBar::SigTabClicked, this, [this](int index) {

@@ -101,8 +101,10 @@ private:
     static QString shared(const char* text);
     void initUI();
     void afterHide();
+    void readFirst(const QStringList& names);
     void retranslate();
     void afterFirstRead(qint64 key);
+    void leaveEmptyGroup(qint64 key);
     void showTitle(qint64 key);
     void fillPrompt(ZELCustomMessageBox* box) const;
     void afterSearch(qint64 key, const QString& text);

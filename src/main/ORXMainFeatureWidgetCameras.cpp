@@ -10,6 +10,7 @@
 #include "pages/ORXImgProcessingFeature.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "tree/ORXFeatureTree.h"
+#include "tree/ORXFeatureTreeView.h"
 
 #include <QStackedWidget>
 
@@ -60,6 +61,7 @@ void ORXMainFeatureWidget::DeviceFeatureInit(qint64 key)
     if (m_pGroupStack->indexOf(group) < 0)
         m_pGroupStack->addWidget(group);
     m_pGroupStack->setCurrentWidget(group);
+    leaveEmptyGroup(key);
 }
 
 void ORXMainFeatureWidget::showTitle(qint64 key)
@@ -81,8 +83,18 @@ ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
         tree->setDockTitleBar(m_pDockTitleBar);
         connect(tree, &ORXFeatureTree::SigFirstEndUpdateFeature, this,
                 &ORXMainFeatureWidget::afterFirstRead);
+        connect(tree->treeView(), &ORXFeatureTreeView::SigRowsInSight, this,
+                &ORXMainFeatureWidget::readFirst);
     }
     return tree;
+}
+
+// The view that went out of sight says that nothing of it is seen; the next one speaks for itself.
+void ORXMainFeatureWidget::readFirst(const QStringList& names)
+{
+    ORXFeatureTree* tree = m_trees.value(m_lCameraID, nullptr);
+    if (tree && !names.isEmpty())
+        tree->setInSight(names);
 }
 
 bool ORXMainFeatureWidget::hasFeatureTree(qint64 cameraId) const
@@ -90,16 +102,20 @@ bool ORXMainFeatureWidget::hasFeatureTree(qint64 cameraId) const
     return m_trees.contains(cameraId);
 }
 
-// A new user has no favourites yet; the first look should not fall on an empty page.
+// What is available is known only now.
 void ORXMainFeatureWidget::afterFirstRead(qint64 key)
 {
-    ORXFeatureGroup* group = m_groups.value(key, nullptr);
-    if (!group)
-        return;
-    // The names are known only now.
-    group->searchAgain();
-    if (m_pPageStack->currentIndex() == WholeTreeTab && group->searchText().isEmpty())
-        group->groupView()->leaveEmptyFavorites();
+    if (ORXFeatureGroup* group = m_groups.value(key, nullptr))
+        group->searchAgain();
+    leaveEmptyGroup(key);
+}
+
+// A new user has no favourites yet; the first look should not fall on an empty page.
+void ORXMainFeatureWidget::leaveEmptyGroup(qint64 key)
+{
+    const ORXFeatureGroup* group = m_groups.value(key, nullptr);
+    if (group && m_pPageStack->currentIndex() == WholeTreeTab && group->searchText().isEmpty())
+        group->groupView()->leaveEmptyGroup();
 }
 
 ORXFeatureGroup* ORXMainFeatureWidget::featureGroup(qint64 key)

@@ -3,6 +3,7 @@
 
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
+#include "model/FeatureVisibility.h"
 #include "model/ORXPropertyTreeItem.h"
 
 #include <QDebug>
@@ -29,6 +30,7 @@ void FeatureTreeBuilder::createItems(ORXPropertyTreeItem* root, const FeatureNod
     root->clear();
     m_nodes = nodes;
     m_pView = view;
+    m_nUserLevel = OBDeviceControl::GetUserLevel();
     root->registerView(view);
 
     auto* favorites = new ORXPropertyTreeItem(root, ORXPropertyTreeItem::FeatureTreePage);
@@ -57,6 +59,23 @@ ORXPropertyTreeItem* FeatureTreeBuilder::createItem(ORXPropertyTreeItem* parent,
     return item;
 }
 
+void FeatureTreeBuilder::describe(ORXPropertyTreeItem* item, const FeatureNode& node) const
+{
+    CTreeItemValue* value = item->value();
+    if (!node.displayName.isEmpty())
+        value->setDisplayName(node.displayName);
+    value->setDescription(node.description);
+    value->setTranslatedDescription(OBDeviceControl::GetDescriptionTrans(node.name));
+    item->setVisibilityString(FeatureVisibility::of(node));
+}
+
+// An item with children shows when one of them does, so it is asked for when it has them.
+void FeatureTreeBuilder::hideByLevel(ORXPropertyTreeItem* item) const
+{
+    constexpr qint64 kNobody = -1; // no view shows the items yet
+    item->setVisible(FeatureVisibility::isShownAt(item->visibilityString(), m_nUserLevel), kNobody);
+}
+
 void FeatureTreeBuilder::creatItemRecursion(ORXPropertyTreeItem* parent,
                                             const FeatureNode& category)
 {
@@ -72,6 +91,9 @@ void FeatureTreeBuilder::creatItemRecursion(ORXPropertyTreeItem* parent,
             break;
         }
         ORXPropertyTreeItem* item = createItem(parent, name);
+        const FeatureNodePtr node = m_nodes.node(name);
+        if (node)
+            describe(item, *node);
         if (const FeatureNodePtr inner = m_nodes.category(name)) {
             if (m_path.contains(name))
                 reportOnce(name, QStringLiteral("contains itself"));
@@ -79,11 +101,15 @@ void FeatureTreeBuilder::creatItemRecursion(ORXPropertyTreeItem* parent,
                 reportOnce(name, QStringLiteral("is nested too deep"));
             else
                 creatItemRecursion(item, *inner);
+            hideByLevel(item);
             continue;
         }
         item->setItemType(ORXPropertyTreeItem::FeatureItem);
-        if (const FeatureNodePtr node = m_nodes.node(name))
-            item->setTagName(node->tagName);
+        if (!node)
+            continue; // nothing will ever be read
+        item->setTagName(node->tagName);
+        item->setWasRead(false, -1);
+        hideByLevel(item);
     }
     m_path.removeLast();
 }

@@ -15,6 +15,9 @@ class ORXPropertyTreeItem;
 // then the categories and features below "Root", in the order of the description. Owned by the
 // camera's tree; GUI thread.
 //
+// What the description alone says is on the items at once: names, descriptions, and whether the
+// user's level shows them. Their values are still to be read.
+//
 // A category that contains itself, a nesting deeper than kMaxCategoryDepth and more than kMaxItems
 // items are cut with one critical log line; the rest of the tree appears.
 class FeatureTreeBuilder
@@ -38,10 +41,13 @@ public:
 private:
     void creatItemRecursion(ORXPropertyTreeItem* parent, const FeatureNode& category);
     ORXPropertyTreeItem* createItem(ORXPropertyTreeItem* parent, const QString& name);
+    void describe(ORXPropertyTreeItem* item, const FeatureNode& node) const;
+    void hideByLevel(ORXPropertyTreeItem* item) const;
     void reportOnce(const QString& name, const QString& what);
 
     FeatureNodeMap m_nodes;
     IORXFeatureNotify* m_pView = nullptr; // Not owned.
+    int m_nUserLevel = 1;
     QMap<QString, ORXPropertyTreeItem*> m_items;
     QList<QString> m_featureList;
     QMap<QString, QString> m_categoryOfFeature;

@@ -177,6 +177,12 @@ void ORXPropertyTreeItem::setVisibilityString(const QString& visibility)
         m_strVisibility = visibility;
 }
 
+bool ORXPropertyTreeItem::wasRead() const
+{
+    const ItemStateLock lock;
+    return m_bWasRead;
+}
+
 bool ORXPropertyTreeItem::isFeatureTreeItem() const
 {
     const ItemStateLock lock;
@@ -206,6 +212,7 @@ void ORXPropertyTreeItem::setMappingItem(ORXPropertyTreeItem* item)
     if (item->m_pMappingItem)
         item->m_pMappingItem->m_pMappingItem = nullptr;
     item->m_pMappingItem = this;
+    item->m_bWasRead = m_bWasRead;
 }
 
 QString ORXPropertyTreeItem::searchText() const
@@ -248,6 +255,7 @@ void ORXPropertyTreeItem::copy(const ORXPropertyTreeItem* from)
     m_itemType = from->m_itemType;
     m_strVisibility = from->m_strVisibility;
     m_bVisible = from->m_bVisible;
+    m_bWasRead = from->m_bWasRead;
 }
 
 bool isCanVisible(const QString&)

@@ -27,8 +27,8 @@ enum class NotifyViewSpecial : int {
 // | construction, destruction, tree operations,       | GUI            | item state, inside |
 // | registerView, removeView, setMappingItem,         |                |                    |
 // | setTagName, copy, search, group visibility        |                |                    |
-// | setVisible, setExpanded, setReadOnly, texts,      | GUI or reading | item state, inside |
-// | endUpdateItem, notify...                          |                |                    |
+// | setVisible, setWasRead, setExpanded, setReadOnly, | GUI or reading | item state, inside |
+// | texts, endUpdateItem, notify...                   |                |                    |
 // | accessors                                         | any            | item state, inside |
 //
 // On the GUI thread views are called without the lock; on a reading thread under it (see
@@ -80,6 +80,9 @@ public:
     void setItemType(ITEM_TYEP type);
     QString visibilityString() const;
     void setVisibilityString(const QString& visibility);
+    // False until the camera was asked for the value of a feature of the description; what is not
+    // read has no value to show and no editor. Other items have their value from the start.
+    bool wasRead() const;
     bool isFeatureTreeItem() const; // stems from the description
     void setIsFeatureTreeItem(bool is);
     ORXPropertyTreeItem* mappingItem() const;
@@ -104,6 +107,7 @@ public:
 
     // Each of these tells the views, with the camera's key.
     void setVisible(bool visible, qint64 cameraId);
+    void setWasRead(bool read, qint64 cameraId); // of the mapping item, too
     void setGroupVisible(bool visible, qint64 cameraId);
     void setExpanded(bool expanded, qint64 cameraId);
     void setSearchText(const QString& text, qint64 cameraId);
@@ -144,6 +148,7 @@ private:
     bool m_bGroupVisible = true;
     bool m_bSearchMatch = true;
     bool m_bReadOnly = true;
+    bool m_bWasRead = true;
     bool m_bDefaultExpanded = true;
     bool m_bExpanded = true;
     bool m_bIsFeatureTreeItem = true;

@@ -160,6 +160,21 @@ void ORXPropertyTreeItem::setVisible(bool visible, qint64 cameraId)
     });
 }
 
+void ORXPropertyTreeItem::setWasRead(bool read, qint64 cameraId)
+{
+    {
+        const ItemStateLock lock;
+        if (m_bWasRead == read)
+            return;
+        m_bWasRead = read;
+        if (m_pMappingItem)
+            m_pMappingItem->m_bWasRead = read;
+    }
+    // The cell changes, but not the value: pages need not know.
+    constexpr int kCellOnly = 1;
+    notifyViewUpdate(cameraId, kCellOnly, false);
+}
+
 void ORXPropertyTreeItem::setGroupVisible(bool visible, qint64 cameraId)
 {
     bool shown = false;

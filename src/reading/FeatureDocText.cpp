@@ -110,22 +110,25 @@ bool FeatureDocText::update(const FeatureNode& node, ORXPropertyTreeItem* item)
     return true;
 }
 
+QString FeatureDocText::GetFeatureTitleText(const CTreeItemValue& value, const QString& language)
+{
+    const bool chinese = language == kChinese;
+    QString description = value.description();
+    if (chinese && !value.translatedDescription().isEmpty())
+        description = value.translatedDescription();
+    description.replace(QLatin1Char('"'), QLatin1Char('\''));
+    return asValue((chinese ? value.translateName() : value.displayName()) + QLatin1Char('\n'))
+           + asValue(description + QLatin1String("\n\n"));
+}
+
 QString FeatureDocText::GetFeatureDocText(const FeatureNode& node, const QString& streamable,
                                           ORXPropertyTreeItem* item, const QString& language)
 {
-    const CTreeItemValue* value = item->value();
-    const bool chinese = language == kChinese;
-    const QLatin1Char lineBreak('\n');
-    QString description = value->description();
-    if (chinese && !value->translatedDescription().isEmpty())
-        description = value->translatedDescription();
-    description.replace(QLatin1Char('"'), QLatin1Char('\''));
     const QString nameSpace =
         node.nameSpace.isEmpty() ? QStringLiteral("Standard") : node.nameSpace;
 
     // Joined piece by piece: a marker such as "%3" in a feature's own text must stay as it is.
-    return asValue((chinese ? value->translateName() : value->displayName()) + lineBreak)
-           + asValue(description + QLatin1String("\n\n")) + line("Node Name: ", node.name)
+    return GetFeatureTitleText(*item->value(), language) + line("Node Name: ", node.name)
            + line("Type: ", node.tagName) + line("Name Space: ", nameSpace)
            + line("Visibility: ", item->visibilityString()) + line("Streamable: ", streamable)
            + GetFeatureValueInfo(node, item, language);

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+class CTreeItemValue;
 class FeatureDecider;
 class ORXPropertyTreeItem;
 
@@ -19,6 +20,8 @@ public:
     // renewed, when the calling worker was stopped meanwhile.
     bool update(const FeatureNode& node, ORXPropertyTreeItem* item);
 
+    // Name and explanation alone, for a feature that was not read yet: without a call to the host.
+    static QString GetFeatureTitleText(const CTreeItemValue& value, const QString& language);
     // `language` is "ENG" or "CH".
     QString GetFeatureDocText(const FeatureNode& node, const QString& streamable,
                               ORXPropertyTreeItem* item, const QString& language);

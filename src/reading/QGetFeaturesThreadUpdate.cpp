@@ -2,6 +2,7 @@
 // The update of one item by QGetFeaturesThread.
 #include "device/OBDeviceControl.h"
 #include "model/CTreeIntergerItemValue.h"
+#include "model/FeatureVisibility.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
@@ -16,13 +17,7 @@ const QLatin1String kBeginner("Beginner");
 
 bool QGetFeaturesThread::IsItemVisible(const QString& visibility, int level)
 {
-    if (visibility.isEmpty())
-        return true;
-    if (level == 1)
-        return visibility == kBeginner;
-    return level == 0
-           && (visibility == kBeginner || visibility == QLatin1String("Expert")
-               || visibility == QLatin1String("Guru"));
+    return FeatureVisibility::isShownAt(visibility, level);
 }
 
 bool QGetFeaturesThread::IsTagNameItemVisible(const QString& tag)
@@ -93,16 +88,24 @@ bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags fla
     const bool available = m_decider.IsFeatureAvailable(node->pIsAvailable);
     if (stopRequested())
         return false;
+    const bool wasVisible = item->visible();
     if (flags & UpdateVisibility && !updateVisibility(*node, item, available, visibility))
         return false;
+    // A row that begins to show does not wait for the next full pass for its first value.
+    if (!wasVisible && item->visible() && !item->wasRead())
+        flags |= UpdateFlags(UpdateValueVisible) | UpdateAttribute;
     if (flags & UpdateAttribute)
         item->setVisibilityString(visibility);
-    if (flags & UpdateValueAll || (flags & UpdateValueVisible && item->visible()))
+    const bool reads =
+        flags & UpdateValueAll || (flags & UpdateValueVisible && item->visible());
+    if (reads)
         m_reader.UpdateGenICamItemValue(*node, item, m_lCameraID);
     if (stopRequested())
         return false;
     if (flags & UpdateAttribute && !updateAttributes(*node, item, available, modeReadOnly))
         return false;
+    if (FeatureValueReader::hasReader(node->tag) ? reads : bool(flags & UpdateAttribute))
+        item->setWasRead(true, m_lCameraID);
     return item->endUpdateItem(m_lCameraID);
 }
 

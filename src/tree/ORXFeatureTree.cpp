@@ -6,6 +6,7 @@
 #include "device/ORXListenTools.h"
 #include "model/CTreeStringItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
+#include "reading/FeatureDocText.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomMessageBox.h"
@@ -205,6 +206,9 @@ void ORXFeatureTree::showDescription()
     if (ORXPropertyTreeItem::isAlive(m_pCurrentItem) && m_pCurrentItem->value()) {
         const bool chinese = ORXInterface::language() == QLatin1String("CH");
         html = chinese ? m_pCurrentItem->value()->docTextCN() : m_pCurrentItem->value()->docText();
+        if (html.isEmpty())
+            html = FeatureDocText::GetFeatureTitleText(*m_pCurrentItem->value(),
+                                                       ORXInterface::language());
     }
     // An unchanged text stays as the user scrolled or marked it.
     if (html == m_strDescription)
@@ -224,6 +228,9 @@ void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
 {
     if (!item || !item->value())
         return;
+    // The whole text comes with the first read.
+    if (item == m_pCurrentItem)
+        showDescription();
     const QString name = item->value()->nodeName(0);
     if (name == kDeviceUserId)
         refreshCameraItemName();

@@ -379,6 +379,7 @@ bool ORXFeatureTree::rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyVi
     bool read = false;
     for (const Reread reread : kRereads)
         read = read || reread(name, item->value());
+    item->setWasRead(true, cameraID());
     if (notifyView)
         item->notifyViewUpdate(cameraID(), -1, false);
     return read;

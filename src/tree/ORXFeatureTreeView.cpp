@@ -4,6 +4,7 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
+#include "tree/EditorFocus.h"
 #include "tree/IORXFeatureWidget.h"
 #include "tree/ORXFeatureScrollBar.h"
 #include "tree/ORXPropertyTreeDelegate.h"
@@ -45,7 +46,10 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
 
     m_editorTimer.setSingleShot(true);
     m_editorTimer.setInterval(0);
-    connect(&m_editorTimer, &QTimer::timeout, this, &ORXFeatureTreeView::syncEditors);
+    connect(&m_editorTimer, &QTimer::timeout, this, [this] {
+        syncEditors();
+        tellRowsInSight();
+    });
     connect(this, &ORXFeatureTreeView::sigSetItemVisible, this,
             &ORXFeatureTreeView::onSetItemVisible);
     connect(this, &ORXFeatureTreeView::sigSetItemExpended, this,
@@ -71,12 +75,12 @@ ORXFeatureTreeView::~ORXFeatureTreeView()
 {
     // A focused editor changes the focus when it is destroyed, after this object's own part.
     disconnect(qApp, nullptr, this, nullptr);
-    detachEditors();
+    dropEditors();
 }
 
 void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
 {
-    detachEditors();
+    dropEditors();
     m_lCameraID = cameraId;
     m_pRootItem = root;
     m_inSight.clear();
@@ -84,6 +88,8 @@ void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
     m_pDelegate->setCurMoveItem(nullptr);
     m_pModel->resetCamearID(cameraId);
     m_pModel->updateData(root);
+    updateRowsVisible(root, true);
+    m_bRowsChanged = true;
     scheduleEditors();
 }
 
@@ -187,6 +193,8 @@ bool ORXFeatureTreeView::setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool h
     const QModelIndex index = m_pModel->indexFromItem(item, 0);
     if (!index.isValid() || isRowHidden(index.row(), index.parent()) == hidden)
         return false;
+    if (hidden)
+        closeEditorsBelow(item);
     setRowHidden(index.row(), index.parent(), hidden);
     return true;
 }
@@ -237,10 +245,12 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
     if (m_openEditors.contains(item)) {
         if (recreate) {
             const QWidget* editor = editorOf(item);
-            const bool focused = editor && editor->hasFocus();
+            // The rest of what is being typed must not land in the new editor.
+            const bool keepsFocus = editor && EditorFocus::isInside(editor)
+                                    && !EditorFocus::hasPendingEdit(editor);
             closeEditors(item);
             openEditors(item);
-            if (focused)
+            if (keepsFocus)
                 focusCell(m_pModel->indexFromItem(item, 1), Qt::OtherFocusReason);
         }
         for (int column = 0; column < 2; ++column) {
@@ -250,6 +260,9 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
     } else {
         // The item's value may have come from its mirror, which the user edits.
         ORXPropertyTreeDelegate::noteShownState(item);
+        // Its first value came.
+        if (m_inSight.contains(item) && hasEditor(*item))
+            scheduleEditors();
     }
     if (kind != 1)
         m_pPage->itemValueChanged(item);
@@ -270,8 +283,10 @@ void ORXFeatureTreeView::OnSigExpanded(const QModelIndex& index)
 
 void ORXFeatureTreeView::OnSigCollapsed(const QModelIndex& index)
 {
-    if (ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index))
+    if (ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index)) {
+        closeEditorsBelow(item);
         m_pPage->itemExpandStateChanged(item, false);
+    }
     scheduleEditors();
 }
 

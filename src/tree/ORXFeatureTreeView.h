@@ -4,6 +4,7 @@
 #include "model/IORXFeatureNotify.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustomQssHelper.h"
+#include "tree/ShownFeatures.h"
 
 #include <QSet>
 #include <QTimer>
@@ -17,12 +18,15 @@ class ORXPropertyTreeDelegate;
 class ORXPropertyTreeModel;
 
 // The tree view of a page. Turns the notifications of items into updates of rows and editors, and
-// keeps the value editor of every row in sight open. Owned by its page.
+// keeps the value editor of every row in sight open, once its value was read. Owned by its page.
 //
 // | operation                        | thread                            | lock              |
 // |----------------------------------|-----------------------------------|-------------------|
 // | item... (IORXFeatureNotify)      | GUI or reading; emits signals     | see the interface |
 // | everything else                  | GUI                               | none              |
+//
+// An editor closes before its row goes, for whatever reason. What is being typed in it is dropped, and
+// the focus comes to the view (see EditorFocus).
 //
 // With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
 // editor in the order of the rows, scrolling where needed, and Escape goes back to the row.
@@ -71,6 +75,9 @@ signals:
     void sigSetItemExpended(qint64 cameraId, ORXPropertyTreeItem* item, bool expanded);
     void sigUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem* item, int kind, bool recreate);
     void sigUpdateSpecialInfo(qint64 cameraId, ORXPropertyTreeItem* item, int info);
+    // The features that the user has before him, when they changed: those in sight from top to
+    // bottom, then what the view shows below, then above them. Empty when the view is hidden.
+    void SigRowsInSight(const QStringList& names);
 
 public slots:
     void onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* item, bool visible);
@@ -95,7 +102,10 @@ protected:
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void updateEditorGeometries() override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void startDrag(Qt::DropActions actions) override;
     void drawBranches(QPainter* painter, const QRect& rect,
@@ -110,14 +120,18 @@ private:
     int visibleHeightBelow(ORXPropertyTreeItem* item) const;
     void scheduleEditors();
     void syncEditors();
+    void tellRowsInSight();
+    static bool hasEditor(const ORXPropertyTreeItem& item);
     void openEditors(ORXPropertyTreeItem* item);
     void closeEditors(ORXPropertyTreeItem* item);
     void closeEditorsBelow(ORXPropertyTreeItem* item);
     void closeEditorsOutOfSight();
-    void detachEditors();
+    void closeEditorsWithoutRow();
+    void dropEditors();
+    QWidget* editorAround(QWidget* widget) const;
     void onEditingEnded(QWidget* editor);
     void onFocusChanged(QWidget* old, QWidget* now);
-    QModelIndex cellOfEditor(const QWidget* widget) const;
+    QModelIndex cellOfEditor(QWidget* widget) const;
     QModelIndex firstCell(const QModelIndex& row) const;
     QModelIndex nextCell(const QModelIndex& cell, bool next) const;
     bool focusCell(const QModelIndex& cell, Qt::FocusReason reason);
@@ -133,6 +147,7 @@ private:
     bool m_bDropShown = false;
     bool m_bSyncing = false;
     bool m_bInGeometries = false;
+    bool m_bRowsChanged = true; // since m_shownFeatures were collected
     bool m_bDirectNotification = false; // the running notification came on this thread
     qint64 m_lCameraID = -1;
     ORXPropertyTreeModel* m_pModel;       // Owned (child).
@@ -140,6 +155,8 @@ private:
     ORXPropertyTreeItem* m_pRootItem = nullptr; // Not owned.
     QVector<ORXPropertyTreeItem*> m_inSight;    // Rows from top to bottom. Not owned.
     QSet<ORXPropertyTreeItem*> m_openEditors;   // Items whose editors are open. Not owned.
+    ShownFeatures m_shownFeatures;
+    QStringList m_toldInSight;
     QTimer m_editorTimer;
     QString m_strPlaceholder;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The editors of ORXFeatureTreeView: every row in sight has its editor open.
 #include "model/ORXPropertyTreeModel.h"
+#include "tree/EditorFocus.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
@@ -8,12 +9,6 @@
 #include <QScopedValueRollback>
 
 namespace {
-
-bool hasFocusInside(const QWidget* editor)
-{
-    const QWidget* focus = editor->focusWidget();
-    return editor->hasFocus() || (focus && focus->hasFocus());
-}
 
 bool hasNameEditor(const ORXPropertyTreeItem& item)
 {
@@ -79,6 +74,7 @@ void ORXFeatureTreeView::updateGeometries()
 {
     const QScopedValueRollback<bool> inGeometries(m_bInGeometries, true);
     QTreeView::updateGeometries();
+    m_bRowsChanged = true;
     scheduleEditors();
 }
 
@@ -87,16 +83,43 @@ void ORXFeatureTreeView::scrollContentsBy(int dx, int dy)
     QTreeView::scrollContentsBy(dx, dy);
     // At once, so that no row is ever seen without its editor while scrolling; but not in the
     // middle of a layout, which moves the scroll bar, too.
-    if (m_bInGeometries)
-        scheduleEditors();
-    else
+    if (!m_bInGeometries)
         syncEditors();
+    scheduleEditors();
 }
 
 void ORXFeatureTreeView::showEvent(QShowEvent* event)
 {
     QTreeView::showEvent(event);
     syncEditors();
+    scheduleEditors();
+}
+
+void ORXFeatureTreeView::hideEvent(QHideEvent* event)
+{
+    QTreeView::hideEvent(event);
+    scheduleEditors();
+}
+
+void ORXFeatureTreeView::tellRowsInSight()
+{
+    QStringList names;
+    if (m_pRootItem && isVisible()) {
+        // Scrolling only shifts where the list begins.
+        if (m_bRowsChanged)
+            m_shownFeatures.collect(*this, *m_pModel);
+        m_bRowsChanged = false;
+        names = m_shownFeatures.namesFrom(m_inSight);
+    }
+    if (names == m_toldInSight)
+        return;
+    m_toldInSight = names;
+    emit SigRowsInSight(names);
+}
+
+bool ORXFeatureTreeView::hasEditor(const ORXPropertyTreeItem& item)
+{
+    return item.wasRead() && ORXPropertyTreeDelegate::hasEditor(item.tag());
 }
 
 void ORXFeatureTreeView::openEditors(ORXPropertyTreeItem* item)
@@ -126,8 +149,7 @@ void ORXFeatureTreeView::syncEditors()
          row = indexBelow(row)) {
         ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(row);
         m_inSight.append(item);
-        const bool opens =
-            !m_openEditors.contains(item) && ORXPropertyTreeDelegate::hasEditor(item->tag());
+        const bool opens = !m_openEditors.contains(item) && hasEditor(*item);
         if (opens)
             openEditors(item);
         for (int column = 0; column < 2; ++column) {
@@ -151,7 +173,8 @@ void ORXFeatureTreeView::closeEditorsOutOfSight()
     for (ORXPropertyTreeItem* item : qAsConst(left)) {
         const QWidget* editor = editorOf(item);
         const QWidget* nameEditor = editorOf(item, 0);
-        if ((editor && hasFocusInside(editor)) || (nameEditor && hasFocusInside(nameEditor)))
+        if ((editor && EditorFocus::isInside(editor))
+            || (nameEditor && EditorFocus::isInside(nameEditor)))
             continue;
         closeEditors(item);
     }
@@ -163,10 +186,8 @@ void ORXFeatureTreeView::closeEditors(ORXPropertyTreeItem* item)
         QWidget* editor = editorOf(item, column);
         if (!editor)
             continue;
-        // Closing takes the focus away, which must not commit what was typed.
         disconnect(editor, nullptr, m_pDelegate, nullptr);
-        if (hasFocusInside(editor))
-            setFocus(Qt::OtherFocusReason);
+        EditorFocus::drop(editor);
         closePersistentEditor(m_pModel->indexFromItem(item, column));
     }
     m_openEditors.remove(item);
@@ -174,18 +195,48 @@ void ORXFeatureTreeView::closeEditors(ORXPropertyTreeItem* item)
 
 void ORXFeatureTreeView::closeEditorsBelow(ORXPropertyTreeItem* item)
 {
-    const QVector<ORXPropertyTreeItem*> children = item->children();
-    for (ORXPropertyTreeItem* child : children)
-        closeEditorsBelow(child);
-    closeEditors(item);
+    if (item->childCount() == 0) {
+        closeEditors(item);
+        return;
+    }
+    // There is a screenful of editors, whatever stands below the item.
+    const QSet<ORXPropertyTreeItem*> open = m_openEditors;
+    for (ORXPropertyTreeItem* edited : open) {
+        const ORXPropertyTreeItem* above = edited;
+        while (above && above != item)
+            above = above->parent(m_pageType);
+        if (above)
+            closeEditors(edited);
+    }
 }
 
-// Before all editors go at once: none of them may commit because it loses the focus.
-void ORXFeatureTreeView::detachEditors()
+// Rows may also go without a word from Qt, as when all branches close at once. Their editors go
+// before the layout hides them.
+void ORXFeatureTreeView::updateEditorGeometries()
+{
+    closeEditorsWithoutRow();
+    QTreeView::updateEditorGeometries();
+}
+
+void ORXFeatureTreeView::closeEditorsWithoutRow()
+{
+    const QSet<ORXPropertyTreeItem*> open = m_openEditors;
+    for (ORXPropertyTreeItem* item : open) {
+        if (ORXPropertyTreeItem::isAlive(item)
+            && !visualRect(m_pModel->indexFromItem(item, 1)).isValid())
+            closeEditors(item);
+    }
+}
+
+// Before all editors go at once.
+void ORXFeatureTreeView::dropEditors()
 {
     const QObjectList editors = viewport()->children();
-    for (QObject* editor : editors)
+    for (QObject* editor : editors) {
         disconnect(editor, nullptr, m_pDelegate, nullptr);
+        if (auto* widget = qobject_cast<QWidget*>(editor))
+            EditorFocus::drop(widget);
+    }
 }
 
 void ORXFeatureTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
@@ -196,6 +247,7 @@ void ORXFeatureTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int sta
             closeEditorsBelow(item);
     }
     m_inSight.clear();
+    m_bRowsChanged = true;
     QTreeView::rowsAboutToBeRemoved(parent, start, end);
     scheduleEditors();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Keyboard and focus in ORXFeatureTreeView.
 #include "model/ORXPropertyTreeModel.h"
+#include "tree/EditorFocus.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
@@ -18,15 +19,14 @@ bool isTwoBoxes(const QModelIndex& cell)
 } // namespace
 
 // The cell whose editor is, or holds, the widget.
-QModelIndex ORXFeatureTreeView::cellOfEditor(const QWidget* widget) const
+QModelIndex ORXFeatureTreeView::cellOfEditor(QWidget* widget) const
 {
-    while (widget && widget->parentWidget() != viewport())
-        widget = widget->parentWidget();
-    if (!widget)
+    const QWidget* editor = editorAround(widget);
+    if (!editor)
         return {};
     for (ORXPropertyTreeItem* item : m_openEditors) {
         for (int column = 0; column < 2; ++column) {
-            if (editorOf(item, column) == widget)
+            if (editorOf(item, column) == editor)
                 return m_pModel->indexFromItem(item, column);
         }
     }
@@ -63,9 +63,26 @@ bool ORXFeatureTreeView::focusCell(const QModelIndex& cell, Qt::FocusReason reas
     return true;
 }
 
+// The widget directly in the viewport that is, or holds, the widget; null when it stands elsewhere.
+QWidget* ORXFeatureTreeView::editorAround(QWidget* widget) const
+{
+    while (widget && widget->parentWidget() != viewport())
+        widget = widget->parentWidget();
+    return widget;
+}
+
 bool ORXFeatureTreeView::focusNextPrevChild(bool next)
 {
-    const QWidget* focus = QApplication::focusWidget();
+    QWidget* held = window()->focusWidget();
+    QWidget* lost = isVisible() && held && !(held->isVisible() && held->isEnabled())
+                        ? editorAround(held)
+                        : nullptr;
+    // Nobody pressed a key: Qt looks for another place because this one was disabled or hidden.
+    if (lost) {
+        EditorFocus::drop(lost);
+        return true;
+    }
+    QWidget* focus = QApplication::focusWidget();
     QModelIndex cell;
     if (focus == this && next) {
         cell = firstCell(currentIndex().isValid() ? currentIndex() : indexAt(QPoint(0, 0)));
@@ -98,6 +115,13 @@ void ORXFeatureTreeView::onFocusChanged(QWidget*, QWidget* now)
                                       QItemSelectionModel::ClearAndSelect
                                           | QItemSelectionModel::Rows);
     setAutoScroll(scrolls);
+}
+
+// A row that becomes the current one does not take the focus into its editor: the one before may have
+// gone from under the user's hands.
+bool ORXFeatureTreeView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    return trigger != CurrentChanged && QTreeView::edit(index, trigger, event);
 }
 
 // Rows are walked in the name column: a current value cell would give the focus to its editor.

@@ -9,6 +9,7 @@
 #include "styledctl/ZELCustomComboBox.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "tree/EditorFillGuard.h"
+#include "tree/EditorFocus.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
 
@@ -152,7 +153,13 @@ void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& 
     const EditorFillGuard guard(editor, this);
     noteShownState(item);
     const Cell cell = {item, index.column()};
+    const bool focused = EditorFocus::isInside(editor);
+    if (!isUsable(*item))
+        EditorFocus::drop(editor);
     (this->*fill)(editor, cell);
+    // A part of it was disabled that had the focus.
+    if (focused && !editor->window()->focusWidget())
+        editor->parentWidget()->setFocus(Qt::OtherFocusReason);
 }
 
 void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
@@ -169,8 +176,8 @@ void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
 
 bool ORXPropertyTreeDelegate::isUsable(const ORXPropertyTreeItem& item) const
 {
-    return m_bCanEdit && item.value() && item.value()->enabled() && hasEditor(item.tag())
-           && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
+    return m_bCanEdit && item.value() && item.wasRead() && item.value()->enabled()
+           && hasEditor(item.tag()) && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
 }
 
 void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
@@ -178,6 +185,9 @@ void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* 
 {
     ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
     if (!m_bCommitting || !editor || !model || !index.isValid() || !item)
+        return;
+    // Its row is about to go.
+    if (!item->visible())
         return;
     // The tool behind the flat-field button works whatever the camera allows to write.
     if (item->readOnly() && item->tag() != FeatureTag::FlatFieldCorrection)

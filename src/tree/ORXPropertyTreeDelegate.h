@@ -137,6 +137,7 @@ private:
     void commit();
     void paintName(QPainter* painter, const QStyleOptionViewItem& option,
                    const QString& html) const;
+    static void paintNoValue(QPainter* painter, const QStyleOptionViewItem& option);
     void paintDropLine(QPainter* painter, const QStyleOptionViewItem& option) const;
 
     bool m_bCommitting = false;

@@ -16,6 +16,7 @@ constexpr int kLeafShift = 20;       // a leaf's name stands this far left of it
 constexpr int kCategoryOverhang = 50; // a category's name reaches into the value column
 constexpr int kEditorLeft = 5;
 constexpr int kEditorRight = 10;
+constexpr int kNoValueLeft = 14; // where the text of an editor begins
 constexpr int kEditorHeight = 32;
 constexpr int kNameEditorShift = 18;
 constexpr int kWideEditorLeft = 20;
@@ -64,6 +65,8 @@ void ORXPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     } else {
         styleOf(option)->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
     }
+    if (index.column() == 1 && !item->wasRead() && hasEditor(item->tag()))
+        paintNoValue(painter, cell);
     if (item == m_pCurMoveItem)
         paintDropLine(painter, option);
 }
@@ -78,6 +81,18 @@ void ORXPropertyTreeDelegate::paintName(QPainter* painter, const QStyleOptionVie
     painter->translate(option.rect.left(), option.rect.top() + 4);
     document.drawContents(painter,
                           QRectF(0, 0, option.rect.width() + 1, option.rect.height() + 1));
+    painter->restore();
+}
+
+// Instead of the value that nobody has asked the camera for yet.
+void ORXPropertyTreeDelegate::paintNoValue(QPainter* painter, const QStyleOptionViewItem& option)
+{
+    painter->save();
+    painter->setFont(option.font);
+    painter->setPen(
+        ZELCustom::getDataBaseColor(QStringLiteral("ORXPropertyTreeModelColor_Foreground")));
+    painter->drawText(option.rect.adjusted(kNoValueLeft, 0, -kEditorRight, 0),
+                      Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("\u2013"));
     painter->restore();
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
 #include "model/FeatureTreeBuilder.h"
 #include "model/ORXPropertyTreeItem.h"
@@ -75,6 +76,46 @@ private slots:
         QFETCH(QString, elements);
         FeatureTreeBuilder builder;
         QTEST(printed(elements, builder), "expected");
+    }
+
+    void theDescriptionAloneDecidesWhatShowsAtFirst_data()
+    {
+        const Rows<QString, QString, QString, QString> row("tag", "visibility", "word", "levels");
+        row("beginner", "Integer", "Beginner", "Beginner", "guru beginner");
+        row("nothing said", "Float", "", "Beginner", "guru beginner");
+        row("expert", "Integer", "Expert", "Expert", "guru");
+        row("guru", "Command", "Guru", "Guru", "guru");
+        row("invisible", "String", "Invisible", "Invisible", "");
+        row("no feature", "MaskedIntReg", "", "Invisible", "");
+    }
+
+    void theDescriptionAloneDecidesWhatShowsAtFirst()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, visibility);
+        QString inner = "<DisplayName>Exposure Time</DisplayName><Description>How long.</Description>"_s;
+        if (!visibility.isEmpty())
+            inner += child("Visibility"_s, visibility);
+        QDomDocument document;
+        document.setContent(wrap(cat("Root", "Control") + cat("Control", "Exposure") +
+                                 node(tag, "Exposure"_s, inner)));
+        QStringList levels;
+        for (const int level : {0, 1}) {
+            OBDeviceControl::SetUserLevel(level);
+            Item root(nullptr, Item::FeatureTreePage);
+            FeatureTreeBuilder builder;
+            builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
+            const Item* feature = root.child(1)->child(0);
+            QCOMPARE(feature->value()->displayName(), "Exposure Time"_s);
+            QCOMPARE(feature->value()->description(), "How long."_s);
+            QTEST(feature->visibilityString(), "word");
+            QVERIFY(!feature->wasRead());
+            QCOMPARE(root.child(1)->visible(), feature->visible()); // its category
+            if (feature->visible())
+                levels.append(level == 0 ? "guru"_s : "beginner"_s);
+        }
+        OBDeviceControl::SetUserLevel(1);
+        QTEST(levels.join(QLatin1Char(' ')), "levels");
     }
 
     void lastMentionWins()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "device/StopRequest.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
@@ -46,11 +47,11 @@ class TestFeatureValueReader : public GuardedTest
 protected:
     void prepare() override
     {
-        m_stopped = false;
+        m_stop.clear();
         m_description =
             std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
         m_decider.setNodes(m_description->index.nodes());
-        m_reader = std::make_unique<FeatureValueReader>(m_decider, [this] { return m_stopped; });
+        m_reader = std::make_unique<FeatureValueReader>(m_decider);
         m_host = std::make_unique<FakeHost>();
         m_host->set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
         m_host->set("ChunkEnable"_s, FakeHost::booleanFeature(true));
@@ -78,7 +79,7 @@ private:
     std::unique_ptr<FakeHost> m_host;
     std::unique_ptr<FeatureValueReader> m_reader;
     FeatureDecider m_decider;
-    bool m_stopped = false;
+    StopRequest m_stop;
 
 private slots:
     void integerRanges_data()
@@ -173,7 +174,12 @@ private slots:
     {
         read("Mode");
         m_host->set("HasModes"_s, FakeHost::integerFeature(0));
-        m_stopped = true;
+        // In the middle: the value was read, the entries are being asked for.
+        const StopRequest::Scope scope(m_stop);
+        m_host->beforeGet = [this](const QString& name) {
+            if (name == QLatin1String("HasModes"))
+                m_stop.request();
+        };
         read("Mode");
         QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
     }

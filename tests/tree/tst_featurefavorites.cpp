@@ -213,6 +213,8 @@ private slots:
         setFavorites(words("Width Gain"));
         m_tree->notifyFavoriteFeatureChange();
         QCOMPARE(shownFavorites(other.get()), words("Width Gain"));
+        QVERIFY(!other->rootItem()->child(0)->child(0)->wasRead());
+        other->propertyItemByName("Width"_s)->setWasRead(true, 2);
         QTRY_VERIFY(other->treeView()->editorOf(other->rootItem()->child(0)->child(0)));
         m_tree->OnActionFavoriteRemoveAll();
         QCOMPARE(shownFavorites(other.get()), QStringList());

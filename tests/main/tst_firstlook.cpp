@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the window shows of a camera that has not answered yet.
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "support/DescriptionBuilder.h"
+#include "support/OpenedWindow.h"
+
+#include <QApplication>
+#include <QScopeGuard>
+#include <QSemaphore>
+#include <QTextEdit>
+#include <QThread>
+
+using namespace DescriptionBuilder;
+
+namespace {
+
+constexpr int kMany = 100000; // more calls than are made
+
+QByteArray description()
+{
+    const QString guru = child("Visibility"_s, "Guru"_s);
+    const QString gone = child("pIsAvailable"_s, "Never"_s);
+    return wrap(
+        category("Root"_s, words("SecretControl ImageControl SoundControl")) +
+        category("SecretControl"_s, words("Secret")) + category("ImageControl"_s, words("Width")) +
+        category("SoundControl"_s, words("Volume")) + node("Integer"_s, "Secret"_s, guru) +
+        node("Integer"_s, "Width"_s,
+             "<DisplayName>Image Width</DisplayName><Description>Columns.</Description>"_s + gone) +
+        node("Float"_s, "Volume"_s) + node("Integer"_s, "Never"_s));
+}
+
+} // namespace
+
+class TestFirstLook : public OpenedWindowTest
+{
+    Q_OBJECT
+
+public:
+    TestFirstLook()
+        : OpenedWindowTest(description())
+    {
+    }
+
+protected:
+    void prepare() override
+    {
+        OpenedWindowTest::prepare();
+        m_host->set("Never"_s, FakeHost::integerFeature(0));
+        // Reading only: the gate is opened by the window's own thread.
+        m_host->beforeGet = [this](const QString&) {
+            if (QThread::currentThread() != qApp->thread())
+                m_gate.acquire();
+        };
+    }
+    void finish() override
+    {
+        m_gate.release(kMany);
+        OpenedWindowTest::finish();
+        m_gate.acquire(m_gate.available());
+    }
+
+private:
+    bool isGroupShown(const OpenedWindow& window, const char* name)
+    {
+        const QModelIndex index = window.group(name);
+        return !window.groups()->isRowHidden(index.row(), index.parent());
+    }
+    ORXPropertyTreeItem* currentGroup(const OpenedWindow& window)
+    {
+        return CFeatureGroupModel::itemFromIndex(window.groups()->currentIndex());
+    }
+
+    QSemaphore m_gate;
+
+private slots:
+    void theDescriptionShowsBeforeTheCameraAnswers()
+    {
+        const OpenedWindow window(*m_host, m_xml);
+        const auto answer = qScopeGuard([this] { m_gate.release(kMany); });
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        QCOMPARE(currentGroup(window), window.item("ImageControl"));
+        QVERIFY(!isGroupShown(window, "SecretControl"));
+        ORXPropertyTreeItem* width = window.item("Width");
+        QCOMPARE(width->value()->displayName(), "Image Width"_s);
+        QTRY_VERIFY(window.view()->isVisible());
+        QCoreApplication::processEvents();
+        QVERIFY(!window.view()->editorOf(width));
+        window.view()->setCurrentIndex(window.view()->treeModel()->indexFromItem(width, 0));
+        const QString panel =
+            window.tree()->findChild<QTextEdit*>("FeatureDescription"_s)->toPlainText();
+        QVERIFY2(panel.startsWith("Image Width\nColumns."_s), qPrintable(panel));
+    }
+
+    void aGroupThatTurnsOutEmptyIsLeft()
+    {
+        const OpenedWindow window(*m_host, m_xml);
+        const auto answer = qScopeGuard([this] { m_gate.release(kMany); });
+        QCOMPARE(currentGroup(window), window.item("ImageControl"));
+        m_host->failMode("Width"_s, 1);
+        m_gate.release(kMany);
+        QVERIFY(window.waitForFirstRead());
+        QVERIFY(!isGroupShown(window, "ImageControl"));
+        QTRY_COMPARE(currentGroup(window), window.item("SoundControl"));
+        QTRY_VERIFY(window.view()->editorOf(window.item("Volume")));
+    }
+};
+
+OBFT_TEST_MAIN(TestFirstLook)
+#include "tst_firstlook.moc"

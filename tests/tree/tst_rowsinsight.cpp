@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: Apache-2.0
+// Rows before their first value, and what a view says of the rows that the user has before him.
+#include "api/ApplicationSetup.h"
+#include "model/CTreeIntergerItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "support/TestMain.h"
+#include "tree/ORXFeatureTreeView.h"
+#include "tree/ORXPropertySpinBox.h"
+#include "tree/TestPage.h"
+
+#include <QScrollBar>
+#include <QSignalSpy>
+
+#include <functional>
+#include <thread>
+
+using Item = ORXPropertyTreeItem;
+
+namespace {
+
+// Counts how often the rows are laid out.
+class CountingView : public ORXFeatureTreeView
+{
+public:
+    using ORXFeatureTreeView::ORXFeatureTreeView;
+    void doItemsLayout() override
+    {
+        ++layouts;
+        ORXFeatureTreeView::doItemsLayout();
+    }
+    int layouts = 0;
+};
+
+QString rowName(int row)
+{
+    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+class TestRowsInSight;
+Q_DECLARE_METATYPE(std::function<void(TestRowsInSight&)>)
+
+class TestRowsInSight : public GuardedTest
+{
+    Q_OBJECT
+
+protected:
+    void prepare() override
+    {
+        ApplicationSetup::runOnce();
+        m_page = new TestPage;
+    }
+    void finish() override { delete m_page; }
+
+private:
+    // Two groups of features of a description that nobody has read yet.
+    void makeRows(int rows, const QString& tag = "Integer"_s)
+    {
+        m_page->makeRoot = [=] {
+            Item* root = m_page->addGroupOfTags({});
+            m_group = root->child(0);
+            Item* second = m_page->add(root, "Second"_s);
+            for (int i = 0; i < rows; ++i)
+                addFeature(m_group, rowName(i), tag);
+            addFeature(second, "Other"_s, tag);
+            return root;
+        };
+    }
+    void addFeature(Item* parent, const QString& name, const QString& tag)
+    {
+        Item* feature = m_page->add(parent, name, tag.toLatin1().constData());
+        feature->setIsFeatureTreeItem(true);
+        feature->setWasRead(false, -1);
+    }
+    Item* row(int number) { return m_group->child(number); }
+    ORXFeatureTreeView* view() { return m_page->treeView(); }
+    void showSecondGroup()
+    {
+        const QVector<Item*> rows = m_group->children();
+        for (Item* each : rows)
+            each->setGroupVisible(false, 1);
+    }
+    QImage valueCell(Item* item)
+    {
+        const QRect cell = view()->visualRect(view()->treeModel()->indexFromItem(item, 1));
+        return view()->viewport()->grab(cell).toImage();
+    }
+
+    TestPage* m_page = nullptr;
+    Item* m_group = nullptr;
+
+private slots:
+    void anUnreadRowShowsADashAndNoEditor_data()
+    {
+        const Rows<QString> row("tag");
+        for (const char* tag : {"Integer", "Float", "Boolean", "Enumeration", "String", "Command"})
+            row.of(tag);
+    }
+
+    void anUnreadRowShowsADashAndNoEditor()
+    {
+        QFETCH(QString, tag);
+        makeRows(2, tag);
+        m_page->open();
+        QCoreApplication::processEvents();
+        QVERIFY(!view()->editorOf(row(0)));
+        QCOMPARE(valueCell(row(0)), valueCell(row(1)));
+        const QImage dash = valueCell(row(0));
+        row(0)->setWasRead(true, -1); // the view is not told, so no editor covers the cell
+        QVERIFY(valueCell(row(0)) != dash);
+    }
+
+    void theFirstValueOpensTheEditor()
+    {
+        makeRows(3);
+        m_page->open();
+        m_page->log.clear();
+        Item* mirror = row(2);
+        row(0)->setMappingItem(mirror);
+        std::thread([this] {
+            dynamic_cast<CTreeIntergerItemValue*>(row(0)->value())->setNumbers({7, 0, 10, 1});
+            row(0)->setWasRead(true, 1);
+            row(0)->endUpdateItem(1);
+        }).join();
+        QTRY_VERIFY(m_page->editor<ORXPropertySpinBox>(rowName(0)));
+        QCOMPARE(m_page->editor<ORXPropertySpinBox>(rowName(0))->value(), qlonglong(7));
+        QVERIFY(view()->editorOf(mirror));
+        QVERIFY(!view()->editorOf(row(1)));
+        const QStringList told = {"value Row0000"_s,
+                                  "value Row0000"_s}; // and its mirror, once each
+        QCOMPARE(m_page->log, told);
+    }
+
+    void aValueThatIsTheSameOpensTheEditor()
+    {
+        makeRows(1);
+        m_page->open();
+        row(0)->endUpdateItem(1);
+        row(0)->setWasRead(true, 1);
+        QVERIFY(!row(0)->endUpdateItem(1)); // nothing new
+        QTRY_VERIFY(view()->editorOf(row(0)));
+    }
+
+    void aMirrorTakesOverThatItWasRead()
+    {
+        makeRows(2);
+        m_page->open();
+        Item copied(nullptr, m_page->pageType());
+        copied.copy(row(0));
+        QVERIFY(!copied.wasRead());
+        row(0)->setWasRead(true, 1);
+        copied.copy(row(0));
+        QVERIFY(copied.wasRead());
+        row(0)->setMappingItem(row(1)); // read between copying and linking
+        QVERIFY(row(1)->wasRead());
+    }
+
+    void aFirstReadCostsFewLayouts()
+    {
+        TestPage page;
+        CountingView counted(page.pageType(), &page);
+        makeRows(1000);
+        Item* root = m_page->makeRoot();
+        for (int i = 0; i < 1000; ++i)
+            row(i)->registerView(&counted);
+        counted.resetData(1, root);
+        counted.expandAll();
+        counted.resize(400, 400);
+        page.resize(400, 400);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        QCoreApplication::processEvents();
+        counted.layouts = 0;
+        for (int i = 0; i < 1000; ++i) {
+            row(i)->setWasRead(true, 1);
+            row(i)->endUpdateItem(1);
+        }
+        QCoreApplication::processEvents();
+        QVERIFY2(counted.layouts <= 3, qPrintable(QString::number(counted.layouts)));
+        QVERIFY(counted.editorOf(row(0)));
+        counted.resetData(-1, nullptr);
+        delete root;
+    }
+
+    void hiddenItemsHaveNoRowFromTheStart()
+    {
+        makeRows(3);
+        m_page->getRootItem(1, true);
+        row(1)->setVisible(false, -1);
+        ORXFeatureTreeView other(m_page->pageType(), m_page);
+        other.resetData(1, m_page->getRootItem(1, false));
+        const QModelIndex group = other.treeModel()->indexFromItem(m_group, 0);
+        QVERIFY(!other.isRowHidden(0, group));
+        QVERIFY(other.isRowHidden(1, group));
+    }
+
+    void rowsInSightAreTold_data()
+    {
+        using Act = std::function<void(TestRowsInSight&)>;
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("last"); // above what is in sight, nearest first
+        QTest::addColumn<int>("rows");
+        const auto row = [](const char* name, const Act& act, const char* first, const char* last,
+                            int rows) {
+            QTest::newRow(name) << act << QString::fromLatin1(first) << QString::fromLatin1(last)
+                                << rows;
+        };
+        row(
+            "shown", [](auto&) {}, "Row0000", "Other", 201);
+        row(
+            "scrolled", [](auto& t) { t.view()->verticalScrollBar()->setValue(1 + 38 * 10); },
+            "Row0010", "Row0000", 201);
+        row(
+            "another group", [](auto& t) { t.showSecondGroup(); }, "Other", "Other", 1);
+        row(
+            "collapsed", [](auto& t) { t.m_group->setExpanded(false, 1); }, "Other", "Other", 1);
+        row(
+            "all collapsed", [](auto& t) { t.m_page->setExpandedAll(false); }, "", "", 0);
+        row(
+            "search",
+            [](auto& t) {
+                for (int i = 0; i < 200; ++i)
+                    t.row(i)->setSearchText("w017"_s, 1);
+            },
+            "Row0170", "Other", 11);
+        row(
+            "level", [](auto& t) { t.row(0)->setVisible(false, 1); }, "Row0001", "Other", 200);
+        row(
+            "row removed",
+            [](auto& t) {
+                Item* gone = t.row(0);
+                t.view()->treeModel()->removeItems(t.m_group, gone);
+                delete gone;
+            },
+            "Row0001", "Other", 200);
+        row(
+            "items of the page",
+            [](auto& t) {
+                t.row(0)->setIsFeatureTreeItem(false);
+                t.row(1)->setIsFeatureTreeItem(false);
+                t.row(199)->setVisible(false, 1);
+            },
+            "Row0002", "Other", 198);
+        row(
+            "page hidden", [](auto& t) { t.m_page->hide(); }, "", "", 0);
+        row(
+            "no camera", [](auto& t) { t.m_page->resetCamaraID(-1); }, "", "", 0);
+    }
+
+    void rowsInSightAreTold()
+    {
+        QFETCH(std::function<void(TestRowsInSight&)>, act);
+        QFETCH(QString, first);
+        QFETCH(QString, last);
+        QFETCH(int, rows);
+        makeRows(200);
+        QStringList told;
+        int times = 0;
+        connect(view(), &ORXFeatureTreeView::SigRowsInSight, this, [&](const QStringList& names) {
+            told = names;
+            ++times;
+        });
+        m_page->open();
+        QTRY_COMPARE(told.size(), 201);
+        times = 0;
+        act(*this);
+        QTRY_COMPARE(told.value(0), first);
+        QTRY_COMPARE(told.size(), rows);
+        QCOMPARE(told.isEmpty() ? QString() : told.last(), last);
+        QVERIFY2(times <= 1, qPrintable(QString::number(times))); // one change, told once
+    }
+
+    void scrollingCostsNoLayout()
+    {
+        TestPage page;
+        CountingView counted(page.pageType(), &page);
+        makeRows(5000);
+        Item* root = m_page->makeRoot();
+        counted.resetData(1, root);
+        counted.expandAll();
+        counted.resize(400, 400);
+        page.resize(400, 400);
+        QSignalSpy spy(&counted, &ORXFeatureTreeView::SigRowsInSight);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        QTRY_VERIFY(!spy.isEmpty());
+        counted.layouts = 0;
+        spy.clear();
+        for (int pixel = 1; pixel <= 39; ++pixel) {
+            counted.verticalScrollBar()->setValue(pixel);
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(counted.layouts, 0);
+        QCOMPARE(spy.count(), 1); // the first row has gone
+        counted.resetData(-1, nullptr);
+        delete root;
+    }
+};
+
+OBFT_TEST_MAIN(TestRowsInSight)
+#include "tst_rowsinsight.moc"

@@ -113,6 +113,7 @@ void becomeCopy(ORXPropertyTreeItem* own, const ORXPropertyTreeItem* original)
 void takeValue(ORXPropertyTreeItem* own, const ORXPropertyTreeItem* original, qint64 cameraId)
 {
     own->value()->copy(original->value(), false);
+    own->setWasRead(original->wasRead(), cameraId);
     own->endUpdateItem(cameraId);
 }
 

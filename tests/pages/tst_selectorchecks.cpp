@@ -196,13 +196,13 @@ private slots:
     void lockedWhileAcquiring()
     {
         openBoxes();
-        OBFT_TRY_VERIFY(box(0)->isEnabled());
+        OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled());
         QVERIFY(m_window->click(kTree, "AcquisitionStart"));
         QVERIFY(m_window->show(kPage, rowName(0)));
-        OBFT_TRY_VERIFY(!box(0)->isEnabled());
+        OBFT_TRY_VERIFY(box(0) && !box(0)->isEnabled());
         QVERIFY(m_window->click(kTree, "AcquisitionStop"));
         QVERIFY(m_window->show(kPage, rowName(0)));
-        OBFT_TRY_VERIFY(box(0)->isEnabled());
+        OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled());
     }
 
     void endsWithTheCamera_data()

@@ -26,8 +26,7 @@ public:
         _OB_FT_DEVICEINFO_ info = {};
         qstrncpy(info.deviceName, "Test camera", sizeof(info.deviceName));
         OB_FT_SetDeviceInfo(&info);
-        OB_FT_SetCallBackFunc(FakeHost::getFeature, FakeHost::setFeature, FakeHost::getMode,
-                              FakeHost::invalidate, FakeHost::action, &host);
+        host.installInWindow();
         OB_FT_SetWidgetSize(900, 700);
         OB_FT_SetWidgetPosition(10, 10);
         OB_FT_Start(nullptr, language);

@@ -10,6 +10,7 @@
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "styledctl/ZELCustomPushButton.h"
+#include "support/GuiThreadReads.h"
 #include "tree/FeatureTreeTest.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
@@ -248,6 +249,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(QString, value);
+        const GuiThreadReads::ReadingHere reading;
         Item* feature = m_tree->propertyItemByName(name);
         QCOMPARE(m_tree->rereadFeatureValue(feature, true), !value.isEmpty());
         const CTreeItemValue* read = feature->value();
@@ -419,6 +421,7 @@ private slots:
             ReentrancyScope::runWhenInactive([this] { m_tree.reset(); });
         };
         {
+            const GuiThreadReads::ReadingHere reading;
             const ReentrancyScope write;
             QVERIFY(m_tree->rereadFeatureValue(item("Width"), true));
             QVERIFY(during);

@@ -57,7 +57,7 @@ public:
 };
 
 // Base of tests of that window: each test function has a host of its own, which serves the
-// description, and leaves nothing behind.
+// description, and leaves nothing behind. The GUI thread never reads from it.
 class OpenedWindowTest : public GuardedTest
 {
 protected:
@@ -77,6 +77,7 @@ protected:
         OBDeviceControl::SetUserLevel(1);
         ORXInterface::setLanguage("ENG"_s);
     }
+    bool failsOnGuiThreadReads() const override { return true; }
 
     const QByteArray m_xml;
     std::unique_ptr<FakeHost> m_host;

@@ -109,6 +109,9 @@ void StormCamera::follow(const FeatureDescriptionIndex& index)
     for (int i = 0; i < kGroups * kInGroup; ++i) {
         QStringList followers = index.GetFeatureInvalidatorList(nameOf(i));
         followers.removeAll(nameOf(i));
+        // The automatic trigger executes it without anything being read again.
+        if (nameOf(i) == QLatin1String("TriggerSoftware"))
+            followers.clear();
         m_followers.insert(nameOf(i), followers);
     }
 }

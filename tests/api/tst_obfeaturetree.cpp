@@ -4,6 +4,7 @@
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
 #include "support/DescriptionBuilder.h"
+#include "support/GuiThreadReads.h"
 #include "support/OpenedWindow.h"
 
 #include <QApplication>
@@ -113,8 +114,7 @@ private slots:
         OBDeviceControl::GetFavoritesFeatureMap()->clear();
         // The callbacks may be given again while the window reads.
         OB_FT_UpdateFeatures();
-        OB_FT_SetCallBackFunc(FakeHost::getFeature, FakeHost::setFeature, FakeHost::getMode,
-                              FakeHost::invalidate, FakeHost::action, m_host.get());
+        m_host->installInWindow();
         QVERIFY(window.waitForFirstRead());
         QVERIFY(window.tree()->propertyItemByName("Feature00001"_s));
     }
@@ -166,6 +166,7 @@ private slots:
             return FakeHost::getFeature(type, name, value, user);
         };
         const auto setCallbacks = [&](OB_FT_GetFeatureFunc get) {
+            const GuiThreadReads::InstallingCallbacks installing;
             OB_FT_SetCallBackFunc(
                 get,
                 [](int type, char* name, char* value, void* user) {

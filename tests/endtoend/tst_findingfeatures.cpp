@@ -124,6 +124,7 @@ protected:
         OBDeviceControl::SetUserLevel(1);
         ORXInterface::setLanguage("ENG"_s);
     }
+    bool failsOnGuiThreadReads() const override { return true; }
 
 private:
     void findAndEdit(const PageWindow& window, DemoCamera& camera)

@@ -25,6 +25,9 @@ class TestGigEWindow : public GuardedTest
 {
     Q_OBJECT
 
+protected:
+    bool failsOnGuiThreadReads() const override { return true; }
+
 private:
     QString shown(const char* name) const { return m_window->shown(kTree, name); }
 

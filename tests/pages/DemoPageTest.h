@@ -23,6 +23,7 @@ protected:
 
     void prepare() override;
     void finish() override;
+    bool failsOnGuiThreadReads() const override { return true; }
 
     // `lacking`: features that the description does not list. A camera that the test has made
     // already is taken.

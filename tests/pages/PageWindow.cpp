@@ -29,16 +29,15 @@ QLineEdit* lineOf(QWidget* editor)
 
 } // namespace
 
-PageWindow::PageWindow(Camera& camera, int language)
-    : m_host(camera)
+PageWindow::PageWindow(Camera& camera, int language, Opening opening)
+    : m_callbacks(camera)
 {
     OB_FT_Init(camera.descriptionXml().c_str(), nullptr, nullptr);
-    OB_FT_SetCallBackFunc(HostCallbacks::getFeature, HostCallbacks::setFeature,
-                          HostCallbacks::getMode, HostCallbacks::invalidate, HostCallbacks::action,
-                          &m_host);
+    m_callbacks.install();
     OB_FT_SetWidgetSize(900, 1000);
     OB_FT_Start(nullptr, language);
-    if (!QTest::qWaitFor([this] { return tree()->HadUpdatedOnce(); }, kPatienceMs))
+    const auto isOpen = [&] { return opening == InFirstRead || tree()->HadUpdatedOnce(); };
+    if (!QTest::qWaitFor(isOpen, kPatienceMs))
         qFatal("no first read");
     QApplication::processEvents();
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Camera.h"
-#include "HostCallbacks.h"
 #include "main/ORXMainFeatureWidget.h"
+#include "pages/WatchedCallbacks.h"
 #include "support/Patience.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
@@ -25,8 +25,9 @@ class PageWindow
 public:
     static constexpr int kPatienceMs = kWindowPatienceMs;
 
-    // Opens the window and waits for the first full read. `camera` is not owned.
-    explicit PageWindow(Camera& camera, int language = 0);
+    enum Opening { WaitForFirstRead, InFirstRead };
+    // Opens the window and waits for the first full read, or does not. `camera` is not owned.
+    explicit PageWindow(Camera& camera, int language = 0, Opening opening = WaitForFirstRead);
     ~PageWindow();
     PageWindow(const PageWindow&) = delete;
     PageWindow& operator=(const PageWindow&) = delete;
@@ -65,5 +66,5 @@ public:
 private:
     QWidget* openedEditor(int tab, ORXPropertyTreeItem* item) const;
 
-    HostCallbacks m_host;
+    WatchedCallbacks m_callbacks;
 };

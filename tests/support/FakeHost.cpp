@@ -3,14 +3,11 @@
 
 #include "device/OBDeviceControl.h"
 #include "model/FeatureTag.h"
+#include "support/GuiThreadReads.h"
 #include "support/Literals.h"
 
 #include <QDomDocument>
 #include <QRegularExpression>
-#include <QThread>
-
-#include <algorithm>
-#include <cstring>
 
 FakeHost::Feature FakeHost::integerFeature(qint64 value, qint64 minimum, qint64 maximum,
                                            qint64 increment)
@@ -72,7 +69,14 @@ FakeHost::Feature featureOfTag(FeatureTag tag)
 
 void FakeHost::install()
 {
+    const GuiThreadReads::InstallingCallbacks installing;
     OBDeviceControl::SetCallBackFunc(getFeature, setFeature, getMode, invalidate, action, this);
+}
+
+void FakeHost::installInWindow()
+{
+    const GuiThreadReads::InstallingCallbacks installing;
+    OB_FT_SetCallBackFunc(getFeature, setFeature, getMode, invalidate, action, this);
 }
 
 void FakeHost::uninstall()
@@ -111,125 +115,48 @@ FakeHost::Feature FakeHost::feature(const QString& name) const
     return m_features.value(name);
 }
 
-void FakeHost::fail(const QString& name, int code)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_failures.insert(name, code);
-}
-
-void FakeHost::failMode(const QString& name, int code)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_modeFailures.insert(name, code);
-}
-
-QStringList FakeHost::calls() const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_calls;
-}
-
-int FakeHost::count(const QString& call) const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_calls.count(call);
-}
-
 QStringList FakeHost::writes() const
 {
     return calls().filter(QRegularExpression("^set "_s));
 }
 
-void FakeHost::clearCalls()
+void FakeHost::begin(const QString& call, const QString& name)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_calls.clear();
-}
-
-void FakeHost::record(const QString& call)
-{
-    ++m_callCount;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_calls.append(call);
-    }
-    if (m_latencyMs > 0)
-        QThread::msleep(static_cast<unsigned long>(m_latencyMs));
-}
-
-int FakeHost::readInto(const Feature& feature, int type, void* value) const
-{
-    switch (type) {
-    case OB_FT_TYPE_INTEGER: {
-        auto* record = static_cast<_ZDCC_INTVALUE_EX_T*>(value);
-        record->value = feature.integer;
-        record->minimum = feature.minimum;
-        record->maximum = feature.maximum;
-        record->increment = feature.increment;
-        return 0;
-    }
-    case OB_FT_TYPE_BOOLEAN:
-        *static_cast<unsigned char*>(value) = feature.integer != 0 ? 1 : 0;
-        return 0;
-    case OB_FT_TYPE_FLOAT: {
-        auto* record = static_cast<_ZDCC_FLOATVALUE_T*>(value);
-        record->value = feature.number;
-        record->minimum = feature.numberMinimum;
-        record->maximum = feature.numberMaximum;
-        return 0;
-    }
-    case OB_FT_TYPE_ENUMERATION:
-        static_cast<_ZDCC_ENUMVALUE_T*>(value)->value = static_cast<uint32_t>(feature.integer);
-        return 0;
-    case OB_FT_TYPE_STRING: {
-        auto* record = static_cast<_ZDCC_STRINGVALUE_T*>(value);
-        const auto bytes =
-            std::min(sizeof(record->value), static_cast<std::size_t>(feature.text.size()));
-        std::memcpy(record->value, feature.text.constData(), bytes);
-        record->maximumLength = feature.maximumLength;
-        return 0;
-    }
-    default:
-        return -2;
-    }
-}
-
-void FakeHost::writeFrom(Feature& feature, const QByteArray& value) const
-{
-    if (feature.type == OB_FT_TYPE_FLOAT)
-        feature.number = value.toFloat();
-    else if (feature.type == OB_FT_TYPE_STRING)
-        feature.text = value;
-    else
-        feature.integer = value.toLongLong();
+    m_log.add(call);
+    m_pace.pass(name);
 }
 
 int FakeHost::getFeature(int type, char* name, void* value, void* user)
 {
     auto* host = static_cast<FakeHost*>(user);
     const QString feature = QString::fromLocal8Bit(name);
+    GuiThreadReads::note("get", feature);
     if (host->beforeGet)
         host->beforeGet(feature);
-    host->record("get "_s + feature);
-    const std::lock_guard<std::mutex> lock(host->m_mutex);
-    if (const int code = host->m_failures.value(feature))
+    host->begin("get "_s + feature, feature);
+    if (const int code = host->m_faults.value(feature))
         return code;
+    const std::lock_guard<std::mutex> lock(host->m_mutex);
     const auto found = host->m_features.constFind(feature);
-    return found == host->m_features.constEnd() ? -1 : host->readInto(*found, type, value);
+    return found == host->m_features.constEnd() ? -1 : found->readInto(type, value);
 }
 
 int FakeHost::setFeature(int, char* name, char* value, void* user)
 {
     auto* host = static_cast<FakeHost*>(user);
     const QString feature = QString::fromLocal8Bit(name);
-    host->record("set "_s + feature + QLatin1Char(' ') + QString::fromLocal8Bit(value));
-    const std::lock_guard<std::mutex> lock(host->m_mutex);
-    if (const int code = host->m_failures.value(feature))
+    host->begin("set "_s + feature + QLatin1Char(' ') + QString::fromLocal8Bit(value), feature);
+    if (const int code = host->m_faults.value(feature))
         return code;
-    const auto found = host->m_features.find(feature);
-    if (found == host->m_features.end())
-        return -1;
-    host->writeFrom(*found, QByteArray(value));
+    {
+        const std::lock_guard<std::mutex> lock(host->m_mutex);
+        const auto found = host->m_features.find(feature);
+        if (found == host->m_features.end())
+            return -1;
+        found->write(QByteArray(value));
+    }
+    if (host->afterSet)
+        host->afterSet(feature);
     return 0;
 }
 
@@ -237,25 +164,27 @@ int FakeHost::getMode(char* name, int* mode, void* user)
 {
     auto* host = static_cast<FakeHost*>(user);
     const QString feature = QString::fromLocal8Bit(name);
-    host->record("mode "_s + feature);
-    const std::lock_guard<std::mutex> lock(host->m_mutex);
-    if (const int code = host->m_modeFailures.value(feature)) {
-        *mode = OB_FT_ACCESS_READ_WRITE; // must be ignored
-        return code;
+    GuiThreadReads::note("mode", feature);
+    host->begin("mode "_s + feature, feature);
+    {
+        const std::lock_guard<std::mutex> lock(host->m_mutex);
+        const auto found = host->m_features.constFind(feature);
+        *mode = found == host->m_features.constEnd() ? OB_FT_ACCESS_NOT_IMPLEMENTED : found->mode;
     }
-    const auto found = host->m_features.constFind(feature);
-    *mode = found == host->m_features.constEnd() ? OB_FT_ACCESS_NOT_IMPLEMENTED : found->mode;
-    return 0;
+    const int code = host->m_faults.mode(feature, mode);
+    if (code != 0)
+        *mode = OB_FT_ACCESS_READ_WRITE; // must be ignored
+    return code;
 }
 
 int FakeHost::invalidate(void* user)
 {
-    static_cast<FakeHost*>(user)->record("invalidate"_s);
+    static_cast<FakeHost*>(user)->begin("invalidate"_s, QString());
     return 0;
 }
 
 int FakeHost::action(int action, void* user)
 {
-    static_cast<FakeHost*>(user)->record("action %1"_s.arg(action));
+    static_cast<FakeHost*>(user)->begin("action %1"_s.arg(action), QString());
     return 0;
 }

@@ -1,34 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "OBFeatureTree/OBFeatureTree.h"
+#include "support/CallLog.h"
+#include "support/HostFaults.h"
+#include "support/HostFeature.h"
+#include "support/HostPace.h"
 
-#include <QHash>
-#include <QStringList>
-
-#include <atomic>
 #include <functional>
-#include <mutex>
 
 // A host without a camera: features in memory, every call recorded. Safe to call from several
-// threads. A feature that was never set is not implemented and cannot be read.
+// threads. A feature that was never set is not implemented and cannot be read. What it answers
+// wrong is HostFaults, how long its calls take HostPace; the GUI thread's reads are told to
+// GuiThreadReads.
 class FakeHost
 {
 public:
-    struct Feature
-    {
-        int type = OB_FT_TYPE_INTEGER;
-        int mode = OB_FT_ACCESS_READ_WRITE;
-        qint64 integer = 0; // also boolean and enumeration
-        qint64 minimum = 0;
-        qint64 maximum = 1000000;
-        qint64 increment = 1;
-        float number = 0.0F;
-        float numberMinimum = 0.0F;
-        float numberMaximum = 100.0F;
-        QByteArray text;
-        qint64 maximumLength = 64;
-    };
+    using Feature = HostFeature;
 
     static Feature integerFeature(qint64 value, qint64 minimum = 0, qint64 maximum = 1000000,
                                   qint64 increment = 1);
@@ -41,26 +28,30 @@ public:
     // Installs this host's callbacks in the device layer, or takes all callbacks out.
     void install();
     static void uninstall();
+    // The same through the exported function, which builds the pages, too.
+    void installInWindow();
 
     void set(const QString& name, const Feature& feature);
     // Sets every feature of a description to a value of its kind, and every other node to 1.
     void serve(const QByteArray& description);
     Feature feature(const QString& name) const;
-    // A code that get and set calls of the name return; 0 ends it.
-    void fail(const QString& name, int code);
-    // A code that get-mode calls of the name return; 0 ends it.
-    void failMode(const QString& name, int code);
+    void fail(const QString& name, int code) { m_faults.fail(name, code); }
+    void failMode(const QString& name, int code) { m_faults.failMode(name, code); }
     // Every call takes this long.
-    void setLatencyMs(int milliseconds) { m_latencyMs = milliseconds; }
-    // Called before each get, on the calling thread, without a lock.
+    void setLatencyMs(int milliseconds) { m_pace.setLatencyMs(milliseconds); }
+    HostFaults& faults() { return m_faults; }
+    HostPace& pace() { return m_pace; }
+    // Called before each get, and after each set that was not refused, on the calling thread,
+    // without a lock. Set them while nothing calls.
     std::function<void(const QString& name)> beforeGet;
+    std::function<void(const QString& name)> afterSet;
 
     // Calls so far, as "get Width", "set Width 640", "mode Width", "invalidate", "action 1".
-    QStringList calls() const;
-    int count(const QString& call) const;
+    QStringList calls() const { return m_log.calls(); }
+    int count(const QString& call) const { return m_log.count(call); }
     QStringList writes() const; // the "set" calls
-    void clearCalls();
-    qint64 callCount() const { return m_callCount; }
+    void clearCalls() { m_log.clear(); }
+    qint64 callCount() const { return m_log.total(); }
 
     // The callbacks themselves; `user` is the FakeHost.
     static int getFeature(int type, char* name, void* value, void* user);
@@ -71,15 +62,11 @@ public:
 
 private:
     static Feature ofType(int type, qint64 integer = 0);
-    void record(const QString& call);
-    int readInto(const Feature& feature, int type, void* value) const;
-    void writeFrom(Feature& feature, const QByteArray& value) const;
+    void begin(const QString& call, const QString& name);
 
     mutable std::mutex m_mutex;
-    QHash<QString, Feature> m_features;
-    QHash<QString, int> m_failures;
-    QHash<QString, int> m_modeFailures;
-    QStringList m_calls;
-    std::atomic<int> m_latencyMs{0};
-    std::atomic<qint64> m_callCount{0};
+    QHash<QString, Feature> m_features; // guarded by m_mutex
+    HostFaults m_faults;
+    HostPace m_pace;
+    CallLog m_log;
 };

@@ -26,8 +26,7 @@ public:
         _OB_FT_DEVICEINFO_ info = {};
         qstrncpy(info.deviceName, "Test camera", sizeof(info.deviceName));
         OB_FT_SetDeviceInfo(&info);
-        OB_FT_SetCallBackFunc(FakeHost::getFeature, FakeHost::setFeature, FakeHost::getMode,
-                              FakeHost::invalidate, FakeHost::action, &host);
+        host.installInWindow();
         OB_FT_SetWidgetSize(900, 700);
         OB_FT_SetWidgetPosition(10, 10);
         OB_FT_Start(nullptr, language);
@@ -58,7 +57,7 @@ public:
 };
 
 // Base of tests of that window: each test function has a host of its own, which serves the
-// description, and leaves nothing behind.
+// description, and leaves nothing behind. The GUI thread never reads from it.
 class OpenedWindowTest : public GuardedTest
 {
 protected:
@@ -78,6 +77,7 @@ protected:
         OBDeviceControl::SetUserLevel(1);
         ORXInterface::setLanguage("ENG"_s);
     }
+    bool failsOnGuiThreadReads() const override { return true; }
 
     const QByteArray m_xml;
     std::unique_ptr<FakeHost> m_host;

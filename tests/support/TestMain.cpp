@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/TestMain.h"
 
+#include "support/GuiThreadReads.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QStandardPaths>
@@ -10,13 +12,18 @@ void GuardedTest::init()
 {
     MessageGuard::install();
     MessageGuard::takeFaults();
+    GuiThreadReads::take();
     prepare();
 }
 
 void GuardedTest::cleanup()
 {
     finish();
-    const QStringList faults = MessageGuard::takeFaults();
+    QStringList faults = MessageGuard::takeFaults();
+    if (failsOnGuiThreadReads()) {
+        faults += GuiThreadReads::take();
+        faults.removeDuplicates();
+    }
     if (!faults.isEmpty())
         QFAIL(qPrintable(faults.join(QLatin1Char('\n'))));
 }

@@ -24,6 +24,8 @@ protected:
     // Hooks for subclasses instead of init() and cleanup().
     virtual void prepare() {}
     virtual void finish() {}
+    // True fails a test function in which a host of the tests was read on the GUI thread.
+    virtual bool failsOnGuiThreadReads() const { return false; }
 };
 
 // Runs one test class under a QApplication; returns Qt Test's exit code.

@@ -27,6 +27,7 @@ protected:
 
     void prepare() override;
     void finish() override;
+    bool failsOnGuiThreadReads() const override { return true; }
 
     std::unique_ptr<ORXFeatureTree> makeTree(qint64 cameraId);
     // Reads the whole tree, then waits until nothing is under way.

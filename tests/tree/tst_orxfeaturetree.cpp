@@ -9,6 +9,7 @@
 #include "styledctl/ZELCustomComboBox.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomPushButton.h"
+#include "support/GuiThreadReads.h"
 #include "tree/FeatureTreeTest.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
@@ -54,6 +55,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(QString, value);
+        const GuiThreadReads::ReadingHere reading;
         Item* feature = m_tree->propertyItemByName(name);
         QCOMPARE(m_tree->rereadFeatureValue(feature, true), !value.isEmpty());
         const CTreeItemValue* read = feature->value();
@@ -204,6 +206,7 @@ private slots:
             ReentrancyScope::runWhenInactive([this] { m_tree.reset(); });
         };
         {
+            const GuiThreadReads::ReadingHere reading;
             const ReentrancyScope write;
             QVERIFY(m_tree->rereadFeatureValue(item("Width"), true));
             QVERIFY(during);

@@ -86,6 +86,9 @@ HostOptions::Outcome HostOptions::parse(const QStringList& arguments, HostOption
     const QCommandLineOption translations(
         QStringLiteral("translations"),
         QStringLiteral("Names and descriptions in a second language."), QStringLiteral("file"));
+    const QCommandLineOption atOnce(
+        QStringLiteral("at-once"),
+        QStringLiteral("Begin the steps at once, in the middle of the first read."));
     const QCommandLineOption steps(
         QStringLiteral("do"),
         QStringLiteral("After the first read use the window in these steps, and end: "
@@ -104,7 +107,7 @@ HostOptions::Outcome HostOptions::parse(const QStringList& arguments, HostOption
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({xml, camera, list, faults, language, size, screenshot, translations, steps,
-                       timeout, verbose});
+                       atOnce, timeout, verbose});
     if (!parser.parse(arguments))
         return refuse(ExitCode::Usage, parser.errorText());
     if (parser.isSet(help))
@@ -150,6 +153,7 @@ HostOptions::Outcome HostOptions::parse(const QStringList& arguments, HostOption
     if (!script)
         return refuse(ExitCode::Usage, QStringLiteral("--do: %1").arg(wrong));
     options->steps = *script;
+    options->stepsAtOnce = parser.isSet(atOnce);
 
     Outcome outcome;
     if (parser.isSet(xml) && !readFile(parser.value(xml), &options->description, &outcome))

@@ -18,6 +18,7 @@ struct HostOptions
     QByteArray translations;
     FaultPlan faults;
     StepScript steps;
+    bool stepsAtOnce = false; // not only after the first read
     QString picture; // file name, empty for none
     QSize size{1280, 800};
     int language = 0;        // as OB_FT_Start takes it

@@ -72,6 +72,10 @@ void HostSession::start()
 {
     m_sinceStart.start();
     openWindow();
+    if (m_options.stepsAtOnce) {
+        m_firstReadMs = 0; // nobody waits for it
+        runSteps();
+    }
     m_tick.start(kTickMs);
 }
 
@@ -190,7 +194,8 @@ void HostSession::report() const
             .arg(calls.count(CallCounter::Mode))
             .arg(calls.count(CallCounter::Write))
             .arg(calls.errors()));
-    say(QStringLiteral("first read: %1 ms").arg(m_firstReadMs));
+    if (!m_options.stepsAtOnce)
+        say(QStringLiteral("first read: %1 ms").arg(m_firstReadMs));
     if (!m_options.verbose)
         return;
     for (const CallCounter::Refusal& refusal : calls.refusals())

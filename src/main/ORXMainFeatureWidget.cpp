@@ -10,6 +10,7 @@
 #include "main/ORXFeatureGroup.h"
 #include "main/ORXFeatureToolBar.h"
 #include "main/PageTabBar.h"
+#include "main/ReadingProgressLine.h"
 #include "pages/ORXCommonFeature.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/ORXTriggerFeature.h"
@@ -117,6 +118,13 @@ void ORXMainFeatureWidget::initUI()
     auto* pages = new QVBoxLayout;
     pages->setSpacing(0);
     pages->addWidget(m_pTabs);
+    auto* progress = new ReadingProgressLine(this);
+    progress->setSource([this] {
+        const ORXFeatureTree* tree = currentTree();
+        const auto now = tree ? tree->progress() : QGetFeaturesThread::Progress();
+        return ReadingProgressLine::Progress{now.done, now.total};
+    });
+    pages->addWidget(progress);
     pages->addWidget(m_pPageStack, 1);
     auto* row = new QHBoxLayout(content);
     row->setContentsMargins(0, 0, 0, 0);

@@ -3,8 +3,8 @@
 
 #include "device/OBDeviceControl.h"
 #include "device/ReentrancyScope.h"
-#include "model/ORXPropertyTreeItem.h"
 #include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
 #include "pages/PageSupport.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "tree/ORXFeatureTree.h"

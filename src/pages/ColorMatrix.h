@@ -15,15 +15,16 @@
 class ORXFeatureTree;
 class ORXPropertyTreeItem;
 
-// The colour correction matrix of a camera, or of the settings file of the host's software: reads it,
-// writes single coefficients and switches it. Owned by the page that makes its item, so that it
+// The colour correction matrix of a camera, or of the settings file of the host's software: reads
+// it, writes single coefficients and switches it. Owned by the page that makes its item, so that it
 // works whether or not the editor of that item is open. GUI thread; reading is done by an
 // ORXCCMUpdateThread.
 class ColorMatrix : public QObject
 {
     Q_OBJECT
 public:
-    // `enableItem` is the item that switches the matrix: not owned, may be null or go at any moment.
+    // `enableItem` is the item that switches the matrix: not owned, may be null or go at any
+    // moment.
     ColorMatrix(qint64 cameraId, bool deviceMode, ORXPropertyTreeItem* enableItem, QObject* parent);
     ~ColorMatrix() override;
 

@@ -89,8 +89,7 @@ bool ORXCCMUpdateThread::readDevice(Result& result, FeatureMutex* featureMutex) 
         if (stopRequested())
             return false;
         if (!OBDeviceControl::SetBoolNodeValue(kTransformation, false))
-            return fail(result,
-                        QStringLiteral("ColorTransformationEnable cannot be switched off"));
+            return fail(result, QStringLiteral("ColorTransformationEnable cannot be switched off"));
         read = readCoefficients(result, lock, false);
         // Whatever has happened: the camera is left as it was found, as far as it lets us.
         const StopRequest::PuttingBack puttingBack;
@@ -120,15 +119,14 @@ bool ORXCCMUpdateThread::readCoefficients(Result& result, FeatureLock& lock, boo
             SelectorKeeper keeper(kSelector);
             do {
                 _ZDCC_FLOATVALUE_T record = {};
-                if (!keeper.select(index, nullptr)
-                    || !OBDeviceControl::GetFloatNodeValue(kValue, &record))
-                    return fail(result,
-                                QStringLiteral("coefficient %1 cannot be read").arg(index));
+                if (!keeper.select(index, nullptr) ||
+                    !OBDeviceControl::GetFloatNodeValue(kValue, &record))
+                    return fail(result, QStringLiteral("coefficient %1 cannot be read").arg(index));
                 result.values[index] = record.value;
                 result.minimum = record.minimum;
                 result.maximum = record.maximum;
-            } while (++index < ORXRWCCMValue::kCoefficients && !stopRequested()
-                     && !(mayGiveWay && lock.isWaitedFor()));
+            } while (++index < ORXRWCCMValue::kCoefficients && !stopRequested() &&
+                     !(mayGiveWay && lock.isWaitedFor()));
         }
         if (mayGiveWay)
             lock.giveWay();

@@ -22,8 +22,8 @@ struct CCMJob
 // The camera shows its coefficients through a selector, and only while the standard transformation
 // is off. Both are put back after the last coefficient, also after a failure or a stop. Meanwhile
 // the tree's feature mutex is held, so that no reading pass takes a coefficient for that of the
-// selected entry; as long as the transformation need not be touched, a pass that waits gets its turn
-// between two coefficients, with the selector put back.
+// selected entry; as long as the transformation need not be touched, a pass that waits gets its
+// turn between two coefficients, with the selector put back.
 //
 // | operation              | thread       | lock                                             |
 // |------------------------|--------------|--------------------------------------------------|

@@ -32,9 +32,9 @@ struct SelectorJob
 // "ChunkEnable" is on. The selector is put back afterwards, also after a failure or a stop. Owned
 // by SelectorChecks.
 //
-// While the selector stands elsewhere the tree's feature mutex is held, so that no reading pass sees
-// another entry's values. When a pass waits for it, the selector is put back first and the pass has
-// its turn.
+// While the selector stands elsewhere the tree's feature mutex is held, so that no reading pass
+// sees another entry's values. When a pass waits for it, the selector is put back first and the
+// pass has its turn.
 //
 // | operation             | thread  | lock                                              |
 // |-----------------------|---------|---------------------------------------------------|
@@ -51,7 +51,8 @@ public:
     explicit SelectorStateThread(QObject* parent = nullptr);
     ~SelectorStateThread() override;
 
-    // Reads the state of each entry; takes the place of readings that wait. `featureMutex` is not owned and must live until stop().
+    // Reads the state of each entry; takes the place of readings that wait. `featureMutex` is not
+    // owned and must live until stop().
     void read(FeatureMutex* featureMutex, const Pair& pair, const QVector<qint64>& entries);
     void write(FeatureMutex* featureMutex, const Pair& pair, qint64 entry, bool on);
     // Ends the readings, at once those that wait and the running one at its next call. Returns at

@@ -68,22 +68,22 @@ FeatureDocText::FeatureDocText(FeatureDecider& decider)
 
 bool FeatureDocText::isUsable(const FeatureEnumEntry& entry)
 {
-    return m_decider.IsFeatureImplemented(entry.pIsImplemented)
-           && m_decider.IsFeatureAvailable(entry.pIsAvailable);
+    return m_decider.IsFeatureImplemented(entry.pIsImplemented) &&
+           m_decider.IsFeatureAvailable(entry.pIsAvailable);
 }
 
 QString FeatureDocText::inputsOf(const FeatureNode& node, ORXPropertyTreeItem* item)
 {
     const CTreeItemValue* value = item->value();
-    QString inputs = value->displayName() + QLatin1Char('\n') + value->translateName()
-                     + QLatin1Char('\n') + value->description() + QLatin1Char('\n')
-                     + value->translatedDescription() + QLatin1Char('\n')
-                     + item->visibilityString() + QLatin1Char('\n');
+    QString inputs = value->displayName() + QLatin1Char('\n') + value->translateName() +
+                     QLatin1Char('\n') + value->description() + QLatin1Char('\n') +
+                     value->translatedDescription() + QLatin1Char('\n') + item->visibilityString() +
+                     QLatin1Char('\n');
     if (const auto* integer = dynamic_cast<const CTreeIntergerItemValue*>(value)) {
         const CTreeIntergerItemValue::Numbers n = integer->numbers();
-        inputs += QString::number(n.m_nMinValue) + QLatin1Char(' ')
-                  + QString::number(n.m_nMaxValue) + QLatin1Char(' ')
-                  + QString::number(n.m_nIncrement);
+        inputs += QString::number(n.m_nMinValue) + QLatin1Char(' ') +
+                  QString::number(n.m_nMaxValue) + QLatin1Char(' ') +
+                  QString::number(n.m_nIncrement);
     } else if (const auto* number = dynamic_cast<const CTreeFloatItemValue*>(value)) {
         const CTreeFloatItemValue::Numbers n = number->numbers();
         inputs += fixed(n.m_fMinValue) + QLatin1Char(' ') + fixed(n.m_fMaxValue);
@@ -102,8 +102,7 @@ bool FeatureDocText::update(const FeatureNode& node, ORXPropertyTreeItem* item)
         return false;
     if (value->docInputs() == inputs)
         return true;
-    const QString streamable =
-        node.streamable.isEmpty() ? QStringLiteral("No") : node.streamable;
+    const QString streamable = node.streamable.isEmpty() ? QStringLiteral("No") : node.streamable;
     value->setDocText(GetFeatureDocText(node, streamable, item, QStringLiteral("ENG")));
     value->setDocTextCN(GetFeatureDocText(node, streamable, item, kChinese));
     value->setDocInputs(inputs);
@@ -117,8 +116,8 @@ QString FeatureDocText::GetFeatureTitleText(const CTreeItemValue& value, const Q
     if (chinese && !value.translatedDescription().isEmpty())
         description = value.translatedDescription();
     description.replace(QLatin1Char('"'), QLatin1Char('\''));
-    return asValue((chinese ? value.translateName() : value.displayName()) + QLatin1Char('\n'))
-           + asValue(description + QLatin1String("\n\n"));
+    return asValue((chinese ? value.translateName() : value.displayName()) + QLatin1Char('\n')) +
+           asValue(description + QLatin1String("\n\n"));
 }
 
 QString FeatureDocText::GetFeatureDocText(const FeatureNode& node, const QString& streamable,
@@ -128,10 +127,10 @@ QString FeatureDocText::GetFeatureDocText(const FeatureNode& node, const QString
         node.nameSpace.isEmpty() ? QStringLiteral("Standard") : node.nameSpace;
 
     // Joined piece by piece: a marker such as "%3" in a feature's own text must stay as it is.
-    return GetFeatureTitleText(*item->value(), language) + line("Node Name: ", node.name)
-           + line("Type: ", node.tagName) + line("Name Space: ", nameSpace)
-           + line("Visibility: ", item->visibilityString()) + line("Streamable: ", streamable)
-           + GetFeatureValueInfo(node, item, language);
+    return GetFeatureTitleText(*item->value(), language) + line("Node Name: ", node.name) +
+           line("Type: ", node.tagName) + line("Name Space: ", nameSpace) +
+           line("Visibility: ", item->visibilityString()) + line("Streamable: ", streamable) +
+           GetFeatureValueInfo(node, item, language);
 }
 
 QString FeatureDocText::GetFeatureValueInfo(const FeatureNode& node, ORXPropertyTreeItem* item,
@@ -144,8 +143,8 @@ QString FeatureDocText::GetFeatureValueInfo(const FeatureNode& node, ORXProperty
         const CTreeIntergerItemValue::Numbers n = integer->numbers();
         QString info;
         if (!hasNoRange(node.name))
-            info = line("Min: ", QString::number(n.m_nMinValue))
-                   + line("Max: ", QString::number(n.m_nMaxValue));
+            info = line("Min: ", QString::number(n.m_nMinValue)) +
+                   line("Max: ", QString::number(n.m_nMaxValue));
         if (n.m_nIncrement > 0)
             info += line("Inc: ", QString::number(n.m_nIncrement));
         return info;
@@ -171,10 +170,10 @@ QString FeatureDocText::entriesInfo(const FeatureNode& node, const QString& lang
             if (!translated.isEmpty())
                 name = translated;
         }
-        info += line("Enum Entry Name: ", name) + line("Enum Entry Value: ", entry.valueText)
-                + line("Name Space: ", entry.nameSpace)
-                + line("Visibility: ", entry.visibility.isEmpty() ? QStringLiteral("Beginner")
-                                                                  : entry.visibility);
+        info += line("Enum Entry Name: ", name) + line("Enum Entry Value: ", entry.valueText) +
+                line("Name Space: ", entry.nameSpace) +
+                line("Visibility: ",
+                     entry.visibility.isEmpty() ? QStringLiteral("Beginner") : entry.visibility);
     }
     return info;
 }

@@ -31,8 +31,8 @@ private:
     unsigned long long m_nextTicket = 0;    // guarded by m_mutex
 };
 
-// Holds a feature mutex. A local of a worker. Without a mutex there is nothing to lock, and the lock
-// counts as held.
+// Holds a feature mutex. A local of a worker. Without a mutex there is nothing to lock, and the
+// lock counts as held.
 class FeatureLock
 {
 public:

@@ -138,9 +138,9 @@ bool FeatureValueReader::readEnumeration(const FeatureNode& node, ORXPropertyTre
 void FeatureValueReader::addEnumerationEntry(const FeatureEnumEntry& entry,
                                              const QString& featureName, EntryLists& lists)
 {
-    if (!m_decider.IsFeatureImplemented(entry.pIsImplemented)
-        || !m_decider.IsFeatureAvailable(entry.pIsAvailable)
-        || m_decider.IsFeatureLocked(entry.pIsLocked))
+    if (!m_decider.IsFeatureImplemented(entry.pIsImplemented) ||
+        !m_decider.IsFeatureAvailable(entry.pIsAvailable) ||
+        m_decider.IsFeatureLocked(entry.pIsLocked))
         return;
     const QString display = entry.displayName.isEmpty() ? entry.name : entry.displayName;
     lists.valueMap.insert(entry.value, display);

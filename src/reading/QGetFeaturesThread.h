@@ -55,10 +55,9 @@ public:
                            const QMap<QString, ORXPropertyTreeItem*>& items,
                            const QList<QString>& tlLockedList,
                            const QMap<QString, int>& pollingMap);
-    // Asks for a pass. False when the running or waiting passes make it superfluous or the thread is
-    // stopped. `names` matter to FEATURES_UPDATE_INVALIDATED only.
-    bool SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<QString>& names,
-                       UpdateFlags flags);
+    // Asks for a pass. False when the running or waiting passes make it superfluous or the thread
+    // is stopped. `names` matter to FEATURES_UPDATE_INVALIDATED only.
+    bool SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<QString>& names, UpdateFlags flags);
     // Starts the thread if a pass waits and none runs.
     void startPass();
     // With `stop`: ends the running pass at the next chance (if `setStopFlag`) and waits for it,
@@ -69,8 +68,8 @@ public:
     void requestStop() override;
     // The user level changed: the running pass goes on with it.
     void takeUserLevel();
-    // What the user sees, in the order in which it is wanted: a pass over the whole tree takes these
-    // features first, as far as it has not read them yet. Replaces what was wanted before.
+    // What the user sees, in the order in which it is wanted: a pass over the whole tree takes
+    // these features first, as far as it has not read them yet. Replaces what was wanted before.
     void setInSight(const QStringList& names);
     _FEATURES_UPDATE_TYPE_ FeaturesUpdateType() const;
     // Whether a pass runs or waits.

@@ -82,8 +82,7 @@ bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags fla
     value->setTranslateName(OBDeviceControl::GetDisplayNameTrans(node->name));
     value->setDescription(node->description);
     value->setTranslatedDescription(OBDeviceControl::GetDescriptionTrans(node->name));
-    const QString visibility =
-        node->visibility.isEmpty() ? QString(kBeginner) : node->visibility;
+    const QString visibility = node->visibility.isEmpty() ? QString(kBeginner) : node->visibility;
 
     const bool available = m_decider.IsFeatureAvailable(node->pIsAvailable);
     if (stopRequested())
@@ -96,8 +95,7 @@ bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags fla
         flags |= UpdateFlags(UpdateValueVisible) | UpdateAttribute;
     if (flags & UpdateAttribute)
         item->setVisibilityString(visibility);
-    const bool reads =
-        flags & UpdateValueAll || (flags & UpdateValueVisible && item->visible());
+    const bool reads = flags & UpdateValueAll || (flags & UpdateValueVisible && item->visible());
     if (reads)
         m_reader.UpdateGenICamItemValue(*node, item, m_lCameraID);
     if (stopRequested())
@@ -112,9 +110,9 @@ bool QGetFeaturesThread::updateLocked(ORXPropertyTreeItem* item, UpdateFlags fla
 bool QGetFeaturesThread::updateVisibility(const FeatureNode& node, ORXPropertyTreeItem* item,
                                           bool available, const QString& visibility)
 {
-    const bool usable = IsTagNameItemVisible(node.tagName)
-                        && m_decider.IsFeatureImplemented(node.pIsImplemented)
-                        && (available || node.tag != FeatureTag::Category);
+    const bool usable = IsTagNameItemVisible(node.tagName) &&
+                        m_decider.IsFeatureImplemented(node.pIsImplemented) &&
+                        (available || node.tag != FeatureTag::Category);
     if (stopRequested())
         return false;
     item->setVisibilityString(usable ? visibility : QString(kInvisible));

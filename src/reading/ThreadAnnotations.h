@@ -6,9 +6,9 @@
 #ifdef OBFT_THREAD_SANITIZER
 extern "C" void __tsan_acquire(void* address);
 extern "C" void __tsan_release(void* address);
-#define OBFT_HAPPENS_AFTER(address) \
+#define OBFT_HAPPENS_AFTER(address)                                                                \
     __tsan_acquire(const_cast<void*>(static_cast<const void*>(address)))
-#define OBFT_HAPPENS_BEFORE(address) \
+#define OBFT_HAPPENS_BEFORE(address)                                                               \
     __tsan_release(const_cast<void*>(static_cast<const void*>(address)))
 #else
 #define OBFT_HAPPENS_AFTER(address) static_cast<void>(address)

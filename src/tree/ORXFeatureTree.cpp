@@ -11,6 +11,7 @@
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "tree/FeatureFavorites.h"
+#include "tree/HostWaitLine.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/SteadyBeat.h"
 
@@ -70,11 +71,26 @@ void ORXFeatureTree::buildLayout()
     m_pDescription->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel)
                                   + ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
 
+    // What is waited for stands above the description.
+    auto* below = new QWidget(this);
+    auto* belowLayout = new QVBoxLayout(below);
+    belowLayout->setContentsMargins(0, 0, 0, 0);
+    belowLayout->setSpacing(0);
+    const auto nameOf = [this](const QString& feature) {
+        const ORXPropertyTreeItem* item = propertyItemByName(feature);
+        if (!item || !item->value())
+            return feature;
+        return ORXInterface::language() == QLatin1String("CH") ? item->value()->translateName()
+                                                               : item->value()->displayName();
+    };
+    belowLayout->addWidget(new HostWaitLine(nameOf, below));
+    belowLayout->addWidget(m_pDescription, 1);
+
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Splitter));
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(treeView());
-    splitter->addWidget(m_pDescription);
+    splitter->addWidget(below);
     splitter->setStretchFactor(0, kTreeShare);
     splitter->setStretchFactor(1, 1);
 

@@ -6,9 +6,9 @@
 
 class ORXFeatureTree;
 
-// Locks rows on every page while a worker has a selector elsewhere than where the user sees it: what
-// the user writes then would land on another entry. Passes go on updating the rows, and their own
-// read-only state is not touched. Owned by what owns the worker; GUI thread.
+// Locks rows on every page while a worker has a selector elsewhere than where the user sees it:
+// what the user writes then would land on another entry. Passes go on updating the rows, and their
+// own read-only state is not touched. Owned by what owns the worker; GUI thread.
 class SelectorRowsLock
 {
 public:

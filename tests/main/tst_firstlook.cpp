@@ -5,7 +5,11 @@
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 
+#include "support/Rows.h"
+
 #include <QApplication>
+#include <QLabel>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QSemaphore>
 #include <QTextEdit>
@@ -90,6 +94,40 @@ private slots:
         const QString panel =
             window.tree()->findChild<QTextEdit*>("FeatureDescription"_s)->toPlainText();
         QVERIFY2(panel.startsWith("Image Width\nColumns."_s), qPrintable(panel));
+    }
+
+    // How far the reading is, and what a camera that does not answer is being asked for.
+    void theWindowSaysWhatItWaitsFor_data()
+    {
+        const Rows<int, QString, QString, QString> row("language", "progress", "name", "seconds");
+        row("English", 0, "Reading features: %1 of 6"_s, "Image Width"_s, "s)"_s);
+        row("Chinese", 1, "正在读取参数：%1 / 6"_s, "宽度"_s, "秒）"_s);
+    }
+
+    void theWindowSaysWhatItWaitsFor()
+    {
+        QFETCH(int, language);
+        QFETCH(QString, progress);
+        QFETCH(QString, name);
+        m_gate.release(kMany);
+        m_host->pace().closeGate("Width"_s);
+        const OpenedWindow window(*m_host, m_xml, language);
+        const auto answer = qScopeGuard([this] { m_host->pace().openAllGates(); });
+        QTRY_COMPARE(m_host->pace().waitingAt("Width"_s), 1);
+        auto* line = window.widget()->findChild<QWidget*>("ReadingProgressLine"_s);
+        const QRegularExpression told(
+            QRegularExpression::anchoredPattern(progress.arg("[1-6]"_s)));
+        QTRY_VERIFY2(told.match(line->toolTip()).hasMatch(), qPrintable(line->toolTip()));
+        auto* wait = window.tree()->findChild<QLabel*>("HostWaitLine"_s);
+        QVERIFY(!wait->isVisible());
+        QTRY_VERIFY(wait->isVisible());
+        QVERIFY2(wait->text().contains(name), qPrintable(wait->text()));
+        QFETCH(QString, seconds);
+        QVERIFY2(wait->text().endsWith(seconds), qPrintable(wait->text()));
+        m_host->pace().openAllGates();
+        QVERIFY(window.waitForFirstRead());
+        QTRY_VERIFY(!wait->isVisible());
+        QTRY_COMPARE(line->toolTip(), QString());
     }
 
     void aGroupThatTurnsOutEmptyIsLeft()

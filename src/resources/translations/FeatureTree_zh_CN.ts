@@ -217,6 +217,24 @@
     </message>
 </context>
 <context>
+    <name>HostWaitLine</name>
+    <message>
+        <source>Waiting for the camera (%1 s)</source>
+        <translation>正在等待相机（%1 秒）</translation>
+    </message>
+    <message>
+        <source>Waiting for the camera: %1 (%2 s)</source>
+        <translation>正在等待相机：%1（%2 秒）</translation>
+    </message>
+</context>
+<context>
+    <name>ReadingProgressLine</name>
+    <message>
+        <source>Reading features: %1 of %2</source>
+        <translation>正在读取参数：%1 / %2</translation>
+    </message>
+</context>
+<context>
     <name>ORXFeatureTree</name>
     <message>
         <source>Add to Favorites</source>

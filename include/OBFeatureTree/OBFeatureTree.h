@@ -159,7 +159,11 @@ OB_FT_API int OB_FT_SetWidgetPosition(int x, int y);
  */
 OB_FT_API int OB_FT_Start(void* unused, int language);
 
-/** Closes (hides) the window; reading stops, the window keeps its state. */
+/**
+ * Closes (hides) the window; reading stops, the window keeps its state. Waits for callbacks that are
+ * still running on threads of the library and for what puts the camera back; no callback is called
+ * afterwards until OB_FT_Start.
+ */
 OB_FT_API int OB_FT_Close(void);
 
 /** Reads all features again: call it when values changed behind the library's back. */

@@ -62,6 +62,7 @@ void CTreeItemValue::copy(const CTreeItemValue* from, bool all)
     m_strNodeName = from->m_strNodeName;
     m_strDescription = from->m_strDescription;
     m_strTranslatedDescription = from->m_strTranslatedDescription;
+    m_strUnit = from->m_strUnit;
     m_strDocText = from->m_strDocText;
     m_strDisplayName = from->m_strDisplayName;
     m_strTranslateName = from->m_strTranslateName;
@@ -84,6 +85,8 @@ void CTreeItemValue::setTranslatedDescription(const QString& text)
 {
     assign(m_strTranslatedDescription, text);
 }
+QString CTreeItemValue::unit() const { return locked(m_strUnit); }
+void CTreeItemValue::setUnit(const QString& unit) { assign(m_strUnit, unit); }
 QString CTreeItemValue::docText() const { return locked(m_strDocText); }
 void CTreeItemValue::setDocText(const QString& html) { assign(m_strDocText, html); }
 QString CTreeItemValue::docTextCN() const { return locked(m_strDocTextCN); }

@@ -46,6 +46,9 @@ public:
     void setDescription(const QString& text);
     QString translatedDescription() const;
     void setTranslatedDescription(const QString& text);
+    // Unit of a number, as the description has it; empty without.
+    QString unit() const;
+    void setUnit(const QString& unit);
     // The description panel's HTML in English and Chinese.
     QString docText() const;
     void setDocText(const QString& html);
@@ -89,6 +92,7 @@ private:
     QString m_strNodeName;
     QString m_strDescription;
     QString m_strTranslatedDescription;
+    QString m_strUnit;
     QString m_strDocText;
     QString m_strDisplayName;
     QString m_strTranslateName;

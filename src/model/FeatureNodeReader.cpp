@@ -28,6 +28,7 @@ const QHash<QString, NodeField>& nodeFields()
         {QStringLiteral("Visibility"), {&FeatureNode::visibility, true, false}},
         {QStringLiteral("Streamable"), {&FeatureNode::streamable, true, false}},
         {QStringLiteral("Representation"), {&FeatureNode::representation, true, false}},
+        {QStringLiteral("Unit"), {&FeatureNode::unit, true, false}},
         {QStringLiteral("ImposedAccessMode"), {&FeatureNode::accessMode, true, true}},
         {QStringLiteral("AccessMode"), {&FeatureNode::accessMode, true, true}},
         {QStringLiteral("pIsImplemented"), {&FeatureNode::pIsImplemented, true, false}},

@@ -65,6 +65,7 @@ void FeatureTreeBuilder::describe(ORXPropertyTreeItem* item, const FeatureNode& 
     if (!node.displayName.isEmpty())
         value->setDisplayName(node.displayName);
     value->setDescription(node.description);
+    value->setUnit(node.unit);
     value->setTranslatedDescription(OBDeviceControl::GetDescriptionTrans(node.name));
     item->setVisibilityString(FeatureVisibility::of(node));
 }

@@ -3,6 +3,7 @@
 
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
+#include "model/ItemStateLock.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
@@ -149,10 +150,14 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
         return;
     ORXFeatureTreeView* view = m_pTree->treeView();
     auto* favorite = new ORXPropertyTreeItem(nullptr, ORXPropertyTreeItem::FeatureTreePage);
-    favorite->copy(item);
-    favorite->setVisible(true, -1);
+    {
+        // Nothing that a reading thread publishes falls between the copy and the link.
+        const ItemStateLock lock;
+        favorite->copy(item);
+        favorite->setVisible(true, -1);
+        item->setMappingItem(favorite);
+    }
     favorite->registerView(view);
-    item->setMappingItem(favorite);
     favorite->setItemType(ORXPropertyTreeItem::FavoriteItem);
     m_items.insert(item->value()->nodeName(0), favorite);
 

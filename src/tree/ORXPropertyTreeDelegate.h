@@ -137,6 +137,9 @@ private:
     void commit();
     void paintName(QPainter* painter, const QStyleOptionViewItem& option,
                    const QString& html) const;
+    // Behind a name that takes `nameWidth` pixels, if there is room.
+    static void paintUnit(QPainter* painter, const QStyleOptionViewItem& option, int nameWidth,
+                          const QString& unit);
     static void paintNoValue(QPainter* painter, const QStyleOptionViewItem& option);
     void paintDropLine(QPainter* painter, const QStyleOptionViewItem& option) const;
 

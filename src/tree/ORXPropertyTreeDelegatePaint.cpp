@@ -16,6 +16,7 @@ constexpr int kLeafShift = 20;       // a leaf's name stands this far left of it
 constexpr int kCategoryOverhang = 50; // a category's name reaches into the value column
 constexpr int kEditorLeft = 5;
 constexpr int kEditorRight = 10;
+constexpr int kUnitGap = 12;
 constexpr int kNoValueLeft = 14; // where the text of an editor begins
 constexpr int kEditorHeight = 32;
 constexpr int kNameEditorShift = 18;
@@ -57,6 +58,7 @@ void ORXPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
         cell.rect.setLeft(cell.rect.left() + kCategoryOverhang);
     }
 
+    const QString name = cell.text;
     const QString html = item->getHighlightSerachText();
     if (!html.isEmpty() && index.column() == 0) {
         cell.text.clear();
@@ -65,6 +67,8 @@ void ORXPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     } else {
         styleOf(option)->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
     }
+    if (index.column() == 0 && item->value() && !item->value()->unit().isEmpty())
+        paintUnit(painter, cell, cell.fontMetrics.horizontalAdvance(name), item->value()->unit());
     if (index.column() == 1 && !item->wasRead() && hasEditor(item->tag()))
         paintNoValue(painter, cell);
     if (item == m_pCurMoveItem)
@@ -81,6 +85,23 @@ void ORXPropertyTreeDelegate::paintName(QPainter* painter, const QStyleOptionVie
     painter->translate(option.rect.left(), option.rect.top() + 4);
     document.drawContents(painter,
                           QRectF(0, 0, option.rect.width() + 1, option.rect.height() + 1));
+    painter->restore();
+}
+
+void ORXPropertyTreeDelegate::paintUnit(QPainter* painter, const QStyleOptionViewItem& option,
+                                        int nameWidth, const QString& unit)
+{
+    const QRect name =
+        styleOf(option)->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget);
+    const int left = name.left() + nameWidth + kUnitGap;
+    if (left + option.fontMetrics.horizontalAdvance(unit) > option.rect.right())
+        return;
+    painter->save();
+    painter->setFont(option.font);
+    painter->setPen(
+        ZELCustom::getDataBaseColor(QStringLiteral("CommonColor_Font_Little_Black")));
+    painter->drawText(QRect(left, name.top(), option.rect.right() - left, name.height()),
+                      Qt::AlignLeft | Qt::AlignVCenter, unit);
     painter->restore();
 }
 

@@ -93,7 +93,8 @@ private slots:
     {
         QFETCH(QString, tag);
         QFETCH(QString, visibility);
-        QString inner = "<DisplayName>Exposure Time</DisplayName><Description>How long.</Description>"_s;
+        QString inner = "<DisplayName>Exposure Time</DisplayName><Description>How long.</Description>"
+                        "<Unit> us </Unit>"_s;
         if (!visibility.isEmpty())
             inner += child("Visibility"_s, visibility);
         QDomDocument document;
@@ -107,6 +108,7 @@ private slots:
             builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
             const Item* feature = root.child(1)->child(0);
             QCOMPARE(feature->value()->displayName(), "Exposure Time"_s);
+            QCOMPARE(feature->value()->unit(), "us"_s);
             QCOMPARE(feature->value()->description(), "How long."_s);
             QTEST(feature->visibilityString(), "word");
             QVERIFY(!feature->wasRead());

@@ -56,6 +56,7 @@ public:
     void setIsCanEdit(bool canEdit);
     // Text in the middle of an empty view.
     void setPlaceholderText(const QString& text);
+    QString placeholderText() const { return m_strPlaceholder; }
 
     ORXPropertyTreeModel* treeModel() const { return m_pModel; }
     ORXPropertyTreeDelegate* treeDelegate() const { return m_pDelegate; }

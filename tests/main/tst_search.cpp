@@ -131,6 +131,19 @@ private slots:
         QVERIFY(!window.view()->isExpanded(branch));
     }
 
+    void theGroupItselfIsNotClosedAgain()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.showGroup("AnalogControl");
+        ORXPropertyTreeItem* item = window.item("AnalogControl");
+        const QPersistentModelIndex group = window.view()->treeModel()->indexFromItem(item, 0);
+        window.view()->collapse(group);
+        window.type("gain"_s);
+        QVERIFY(window.view()->isExpanded(group));
+        window.column()->ClearSearch();
+        QVERIFY(window.view()->isExpanded(group));
+    }
+
     void saysWhenNothingMatches()
     {
         SearchedWindow window(*m_host, m_xml);

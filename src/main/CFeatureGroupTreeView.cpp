@@ -197,6 +197,10 @@ void CFeatureGroupTreeView::showGroup(int pageRow, const QModelIndex& group)
     for (ORXPropertyTreeItem* each : groups)
         SetItemGroupVisible(each, each == shown);
     shown->setExpanded(true, m_lCameraID);
+    if (m_shownGroups.value(pageRow) == shown)
+        return;
+    m_shownGroups.insert(pageRow, shown);
+    emit SigGroupChanged(m_pages.at(pageRow).type);
 }
 
 bool CFeatureGroupTreeView::isGroupShown(const QModelIndex& group) const

@@ -49,6 +49,8 @@ public:
 
 signals:
     void SigTabChanged(int index);
+    // Another group of the page shows than before.
+    void SigGroupChanged(int tabIndex);
     // A page has got a group to show, or has none any more.
     void SigPageShown(int tabIndex, bool shown);
     void SigChildVisibleChanged(ORXPropertyTreeItem* item);
@@ -85,7 +87,8 @@ private:
     CFeatureGroupModel* m_pModel;       // Owned (child).
     CFeatureGroupDelegate* m_pDelegate; // Owned (child).
     QMap<int, int> m_selectedGroups;    // page row to the row of its last selected group
-    int m_nShownPage = 0;               // its row
+    QMap<int, const ORXPropertyTreeItem*> m_shownGroups; // by page row. Not owned.
+    int m_nShownPage = 0;                                // its row
     Place m_beforeSearch;
     bool m_bChanging = false;
     bool m_bSearchTurns = false;    // the search turns to a group, not the user

@@ -142,6 +142,11 @@ ORXFeatureGroup* ORXMainFeatureWidget::featureGroup(qint64 key)
     }
     group = new ORXFeatureGroup(roots, key, this);
     connect(group, &ORXFeatureGroup::SigTabChanged, this, &ORXMainFeatureWidget::onTabIndexChange);
+    connect(group->groupView(), &CFeatureGroupTreeView::SigGroupChanged, this,
+            [this, key](int tab) {
+                if (ORXFeatureTreeView* view = pageView(key, tab))
+                    view->scrollToTop();
+            });
     connect(group->groupView(), &CFeatureGroupTreeView::SigPageShown, this,
             [this, key] { showTabs(key); });
     connect(group, &ORXFeatureGroup::SigSearched, this,

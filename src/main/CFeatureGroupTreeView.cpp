@@ -61,6 +61,9 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     connect(this, &QTreeView::clicked, this, &CFeatureGroupTreeView::OnChangedIndex);
     connect(this, &CFeatureGroupTreeView::SigChildVisibleChanged, this,
             &CFeatureGroupTreeView::OnChildVisibleChanged);
+    m_hitsTimer.setSingleShot(true);
+    m_hitsTimer.setInterval(0);
+    connect(&m_hitsTimer, &QTimer::timeout, this, &CFeatureGroupTreeView::SigHitsChanged);
     setUpRows();
 }
 
@@ -136,6 +139,7 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
     if (m_pModel->isSearching()) {
         m_pModel->forgetHits();
         viewport()->update();
+        m_hitsTimer.start();
     }
     for (int row = 0; row < m_pages.size(); ++row) {
         const FeaturePage& page = m_pages.at(row);

@@ -5,6 +5,7 @@
 #include "model/IORXFeatureNotify.h"
 
 #include <QMap>
+#include <QTimer>
 #include <QTreeView>
 
 class CFeatureGroupDelegate;
@@ -54,6 +55,8 @@ signals:
     // A page has got a group to show, or has none any more.
     void SigPageShown(int tabIndex, bool shown);
     void SigChildVisibleChanged(ORXPropertyTreeItem* item);
+    // The hits of the search may have changed with what is visible; once for many changes.
+    void SigHitsChanged();
 
 public slots:
     void OnChangedIndex(const QModelIndex& index);
@@ -90,6 +93,7 @@ private:
     QMap<int, const ORXPropertyTreeItem*> m_shownGroups; // by page row. Not owned.
     int m_nShownPage = 0;                                // its row
     Place m_beforeSearch;
+    QTimer m_hitsTimer;
     bool m_bChanging = false;
     bool m_bSearchTurns = false;    // the search turns to a group, not the user
     bool m_bSearchNotifies = false; // items tell of a search, which changes no group's row

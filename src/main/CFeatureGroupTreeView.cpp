@@ -14,6 +14,12 @@ namespace {
 // A page row that is never hidden; no page of the library has it.
 constexpr int kAlwaysShownRow = 4;
 
+bool isEmptyFavorites(const ORXPropertyTreeItem& group)
+{
+    return group.itemType() == ORXPropertyTreeItem::FavoritesGroup &&
+           (group.childCount() == 0 || !group.visible());
+}
+
 } // namespace
 
 CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& roots,
@@ -55,6 +61,9 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     connect(this, &QTreeView::clicked, this, &CFeatureGroupTreeView::OnChangedIndex);
     connect(this, &CFeatureGroupTreeView::SigChildVisibleChanged, this,
             &CFeatureGroupTreeView::OnChildVisibleChanged);
+    m_hitsTimer.setSingleShot(true);
+    m_hitsTimer.setInterval(0);
+    connect(&m_hitsTimer, &QTimer::timeout, this, &CFeatureGroupTreeView::SigHitsChanged);
     setUpRows();
 }
 
@@ -108,7 +117,10 @@ void CFeatureGroupTreeView::ResetRootVisible(ORXPropertyTreeItem* root, int row)
     bool anyShown = false;
     for (int group = 0; group < root->childCount() && !anyShown; ++group)
         anyShown = !isRowHidden(group, page);
+    if (anyShown == !isRowHidden(row, QModelIndex()))
+        return;
     setRowHidden(row, QModelIndex(), !anyShown);
+    emit SigPageShown(m_pages.at(row).type, anyShown);
 }
 
 void CFeatureGroupTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool)
@@ -127,6 +139,7 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
     if (m_pModel->isSearching()) {
         m_pModel->forgetHits();
         viewport()->update();
+        m_hitsTimer.start();
     }
     for (int row = 0; row < m_pages.size(); ++row) {
         const FeaturePage& page = m_pages.at(row);
@@ -141,6 +154,7 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
             continue;
         setGroupShown(row, group);
         ResetRootVisible(page.root, row);
+        keepGroupShown(row);
     }
 }
 
@@ -156,30 +170,78 @@ void CFeatureGroupTreeView::OnChangedIndex(const QModelIndex& index)
 {
     if (!index.isValid() || m_bChanging)
         return;
-    m_bChanging = true;
     if (!m_bSearchTurns)
         m_beforeSearch.valid = false;
     const int pageRow = m_pModel->pageRowOf(index);
-    const QModelIndex page = m_pModel->pageIndex(pageRow);
-    QModelIndex current = index;
     if (index.parent().isValid()) {
         m_selectedGroups.insert(pageRow, index.row());
-    } else {
-        current = m_pModel->index(m_selectedGroups.value(pageRow), 0, page);
-        if (!isExpanded(page))
-            expand(page);
+        showGroup(pageRow, index);
+        return;
     }
-    if (current.isValid() && current != currentIndex())
+    if (!isExpanded(index)) {
+        const QScopedValueRollback<bool> changing(m_bChanging, true);
+        expand(index);
+    }
+    showGroup(pageRow, groupToShow(pageRow));
+}
+
+// Shows a group of a page, or the page alone when it has none.
+void CFeatureGroupTreeView::showGroup(int pageRow, const QModelIndex& group)
+{
+    const QScopedValueRollback<bool> changing(m_bChanging, true);
+    m_nShownPage = pageRow;
+    const QModelIndex current = group.isValid() ? group : m_pModel->pageIndex(pageRow);
+    if (current != currentIndex())
         setCurrentIndex(current);
     emit SigTabChanged(m_pages.at(pageRow).type);
-    if (current.isValid()) {
-        ORXPropertyTreeItem* shown = CFeatureGroupModel::itemFromIndex(current);
-        const QVector<ORXPropertyTreeItem*> groups = m_pages.at(pageRow).root->children();
-        for (ORXPropertyTreeItem* group : groups)
-            SetItemGroupVisible(group, group == shown);
-        shown->setExpanded(true, m_lCameraID);
+    if (!group.isValid())
+        return;
+    ORXPropertyTreeItem* shown = CFeatureGroupModel::itemFromIndex(group);
+    const QVector<ORXPropertyTreeItem*> groups = m_pages.at(pageRow).root->children();
+    for (ORXPropertyTreeItem* each : groups)
+        SetItemGroupVisible(each, each == shown);
+    shown->setExpanded(true, m_lCameraID);
+    if (m_shownGroups.value(pageRow) == shown)
+        return;
+    m_shownGroups.insert(pageRow, shown);
+    emit SigGroupChanged(m_pages.at(pageRow).type);
+}
+
+bool CFeatureGroupTreeView::isGroupShown(const QModelIndex& group) const
+{
+    return group.isValid() && !isRowHidden(group.row(), group.parent());
+}
+
+// The group that was selected last, else the first one with something to show; invalid when there
+// is none.
+QModelIndex CFeatureGroupTreeView::groupToShow(int pageRow) const
+{
+    const QModelIndex page = m_pModel->pageIndex(pageRow);
+    const QModelIndex selected = m_pModel->index(m_selectedGroups.value(pageRow), 0, page);
+    if (isGroupShown(selected))
+        return selected;
+    QModelIndex noFavorites;
+    for (int row = 0; row < m_pModel->rowCount(page); ++row) {
+        const QModelIndex group = m_pModel->index(row, 0, page);
+        if (!isGroupShown(group))
+            continue;
+        if (!isEmptyFavorites(*CFeatureGroupModel::itemFromIndex(group)))
+            return group;
+        noFavorites = group;
     }
-    m_bChanging = false;
+    return noFavorites;
+}
+
+// Groups come and go with what is read. What the user selected is not forgotten: the page comes
+// back to it when it is opened again.
+void CFeatureGroupTreeView::keepGroupShown(int pageRow)
+{
+    if (pageRow != m_nShownPage || m_bChanging ||
+        (currentIndex().parent().isValid() && isGroupShown(currentIndex())))
+        return;
+    const QScopedValueRollback<bool> searchTurns(m_bSearchTurns, m_pModel->isSearching());
+    if (!m_pModel->isSearching() || !showNextHitGroup())
+        showGroup(pageRow, groupToShow(pageRow));
 }
 
 void CFeatureGroupTreeView::OnExpanded(const QModelIndex& index)
@@ -218,17 +280,11 @@ void CFeatureGroupTreeView::leaveEmptyGroup()
 {
     const ORXPropertyTreeItem* shown = CFeatureGroupModel::itemFromIndex(currentIndex());
     const QModelIndex page = currentIndex().parent();
-    if (!shown || !page.isValid())
-        return;
-    const bool noFavorites =
-        shown->itemType() == ORXPropertyTreeItem::FavoritesGroup && shown->childCount() == 0;
-    if (!noFavorites && !isRowHidden(currentIndex().row(), page))
+    if (!shown || !page.isValid() || !isEmptyFavorites(*shown))
         return;
     for (int row = 0; row < m_pModel->rowCount(page); ++row) {
         const QModelIndex group = m_pModel->index(row, 0, page);
-        const bool favorites = CFeatureGroupModel::itemFromIndex(group)->itemType() ==
-                               ORXPropertyTreeItem::FavoritesGroup;
-        if (!favorites && !isRowHidden(row, page)) {
+        if (isGroupShown(group) && group != currentIndex()) {
             OnChangedIndex(group);
             return;
         }
@@ -319,10 +375,18 @@ void CFeatureGroupTreeView::leaveSearch()
         page == m_pModel->pageRowOf(currentIndex()))
         return;
     m_selectedGroups = m_beforeSearch.selectedGroups;
-    const QModelIndex group =
-        m_pModel->index(m_selectedGroups.value(page), 0, m_pModel->pageIndex(page));
+    const QModelIndex group = groupToShow(page);
     if (group.isValid())
         turnTo(group);
+}
+
+bool CFeatureGroupTreeView::isPageShown(int tabIndex) const
+{
+    for (int row = 0; row < m_pages.size(); ++row) {
+        if (m_pages.at(row).type == tabIndex)
+            return !isRowHidden(row, QModelIndex());
+    }
+    return false;
 }
 
 void CFeatureGroupTreeView::retranslate()

@@ -5,13 +5,15 @@
 #include "model/IORXFeatureNotify.h"
 
 #include <QMap>
+#include <QTimer>
 #include <QTreeView>
 
 class CFeatureGroupDelegate;
 
 // The list of pages and their groups. Clicking a group shows only that group's features in its
-// page; groups without a visible feature do not show. Owned by its ORXFeatureGroup; GUI thread,
-// but for itemVisibleChanged, which only emits a signal.
+// page; groups without a visible feature do not show, and a page whose shown group goes turns to
+// its first one that has something to show. Owned by its ORXFeatureGroup; GUI thread, but for
+// itemVisibleChanged, which only emits a signal.
 class CFeatureGroupTreeView : public QTreeView, public IORXFeatureNotify
 {
     Q_OBJECT
@@ -38,16 +40,23 @@ public:
     void RegisterView(ORXPropertyTreeItem* item, bool remove);
     // Opens a tab's page and its last group, as a click on its row does.
     void showTab(int tabIndex);
-    // Moves on from an empty favourites group, or from a group that turned out to be hidden, to the
-    // first group that shows something.
+    // Moves on from an empty favourites group to the first group that shows something.
     void leaveEmptyGroup();
+    // Whether a tab's page has a group to show.
+    bool isPageShown(int tabIndex) const;
     void retranslate();
 
     void itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool visible) override;
 
 signals:
     void SigTabChanged(int index);
+    // Another group of the page shows than before.
+    void SigGroupChanged(int tabIndex);
+    // A page has got a group to show, or has none any more.
+    void SigPageShown(int tabIndex, bool shown);
     void SigChildVisibleChanged(ORXPropertyTreeItem* item);
+    // The hits of the search may have changed with what is visible; once for many changes.
+    void SigHitsChanged();
 
 public slots:
     void OnChangedIndex(const QModelIndex& index);
@@ -71,13 +80,20 @@ private:
     void turnTo(const QModelIndex& index);
     void leaveSearch();
     void setGroupShown(int pageRow, ORXPropertyTreeItem* group);
+    bool isGroupShown(const QModelIndex& group) const;
+    QModelIndex groupToShow(int pageRow) const;
+    void keepGroupShown(int pageRow);
+    void showGroup(int pageRow, const QModelIndex& group);
 
     QVector<FeaturePage> m_pages;
     qint64 m_lCameraID;
     CFeatureGroupModel* m_pModel;       // Owned (child).
     CFeatureGroupDelegate* m_pDelegate; // Owned (child).
     QMap<int, int> m_selectedGroups;    // page row to the row of its last selected group
+    QMap<int, const ORXPropertyTreeItem*> m_shownGroups; // by page row. Not owned.
+    int m_nShownPage = 0;                                // its row
     Place m_beforeSearch;
+    QTimer m_hitsTimer;
     bool m_bChanging = false;
     bool m_bSearchTurns = false;    // the search turns to a group, not the user
     bool m_bSearchNotifies = false; // items tell of a search, which changes no group's row

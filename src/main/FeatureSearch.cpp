@@ -55,7 +55,9 @@ void FeatureSearch::rememberClosed(const ORXFeatureTreeView* view, ORXPropertyTr
     for (ORXPropertyTreeItem* child : children) {
         if (child->childCount() == 0)
             continue;
-        if (!view->isExpanded(view->treeModel()->indexFromItem(child, 0)))
+        // A group has no row of its own to open it by: it stays open.
+        if (item != view->rootTreeItem() &&
+            !view->isExpanded(view->treeModel()->indexFromItem(child, 0)))
             m_closed[view].append(child);
         rememberClosed(view, child);
     }

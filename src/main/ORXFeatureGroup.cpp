@@ -54,6 +54,8 @@ ORXFeatureGroup::ORXFeatureGroup(const QList<ORXPropertyTreeItem*>& roots, qint6
     cSetBorderColor(QColor(QStringLiteral("#28292B")));
     connect(m_pSearch, &QLineEdit::textChanged, this, &ORXFeatureGroup::OnSearch);
     connect(m_pSearch, &ZELCustomLineEdit::cSigSearchClicked, this, &ORXFeatureGroup::OnSearch);
+    connect(m_pView, &CFeatureGroupTreeView::SigHitsChanged, this,
+            &ORXFeatureGroup::afterHitsChanged);
     connect(m_pView, &CFeatureGroupTreeView::SigTabChanged, this, &ORXFeatureGroup::SigTabChanged);
     retranslate();
 }
@@ -69,6 +71,7 @@ void ORXFeatureGroup::search(const QString& text)
 {
     m_strLastSearch = text;
     m_pView->SetSearchText(text);
+    m_nHits = m_pView->allHits();
     showNoMatch();
     emit SigSearched(text);
 }
@@ -77,6 +80,22 @@ void ORXFeatureGroup::searchAgain()
 {
     if (!m_strLastSearch.isEmpty())
         search(m_strLastSearch);
+}
+
+// Features come and go with the user level and with what is read. The first hits are turned to, as
+// if they had been there when the text was typed.
+void ORXFeatureGroup::afterHitsChanged()
+{
+    const int hits = m_pView->allHits();
+    if (m_strLastSearch.isEmpty() || hits == m_nHits)
+        return;
+    if (m_nHits == 0) {
+        searchAgain();
+        return;
+    }
+    m_nHits = hits;
+    showNoMatch();
+    emit SigSearched(m_strLastSearch);
 }
 
 void ORXFeatureGroup::showNoMatch()

@@ -48,9 +48,11 @@ private:
     void search(const QString& text);
     void retranslate();
     void showNoMatch();
+    void afterHitsChanged();
 
     ZELCustomLineEdit* m_pSearch;   // Owned (child).
     ZELCustomLabel* m_pNoMatch;     // Owned (child).
     CFeatureGroupTreeView* m_pView; // Owned (child).
     QString m_strLastSearch;
+    int m_nHits = 0; // that were shown last
 };

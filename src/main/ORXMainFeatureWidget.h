@@ -107,7 +107,9 @@ private:
     void leaveEmptyGroup(qint64 key);
     void showTitle(qint64 key);
     void fillPrompt(ZELCustomMessageBox* box) const;
+    void showTabs(qint64 key);
     void afterSearch(qint64 key, const QString& text);
+    void showEmptyTexts(qint64 key);
     void goToHit(qint64 key, bool next);
     ORXFeatureTreeView* pageView(qint64 key, int tab) const;
     QList<IORXFeatureWidget*> curatedPages() const;

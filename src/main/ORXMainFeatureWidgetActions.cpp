@@ -56,23 +56,36 @@ void ORXMainFeatureWidget::focusSearch()
 
 void ORXMainFeatureWidget::afterSearch(qint64 key, const QString& text)
 {
+    if (!m_groups.contains(key) || !m_trees.contains(key))
+        return;
+    QVector<ORXFeatureTreeView*> views;
+    for (int tab = 0; tab < kTabs; ++tab) {
+        if (ORXFeatureTreeView* view = pageView(key, tab))
+            views.append(view);
+    }
+    m_pSearch->apply(views, text);
+    showEmptyTexts(key);
+}
+
+// What a page says that shows no row. Of the whole tree only the favourites can be empty, and it
+// says that itself.
+void ORXMainFeatureWidget::showEmptyTexts(qint64 key)
+{
     const ORXFeatureGroup* group = m_groups.value(key, nullptr);
     ORXFeatureTree* tree = m_trees.value(key, nullptr);
     if (!group || !tree)
         return;
-    const QString emptyText = group->groupView()->allHits() > 0
-                                  ? tr("No feature of this group matches \"%1\".").arg(text)
-                                  : ORXFeatureGroup::tr("No feature matches \"%1\".").arg(text);
-    QVector<ORXFeatureTreeView*> views;
+    const QString search = group->searchText();
+    QString text = tr("This camera has nothing to show on this page at this user level.");
+    if (!search.isEmpty())
+        text = group->groupView()->allHits() > 0
+                   ? tr("No feature of this group matches \"%1\".").arg(search)
+                   : ORXFeatureGroup::tr("No feature matches \"%1\".").arg(search);
     for (int tab = 0; tab < kTabs; ++tab) {
-        ORXFeatureTreeView* view = pageView(key, tab);
-        if (!view)
-            continue;
-        views.append(view);
-        view->setPlaceholderText(text.isEmpty() ? QString() : emptyText);
+        if (ORXFeatureTreeView* view = pageView(key, tab))
+            view->setPlaceholderText(text);
     }
-    m_pSearch->apply(views, text);
-    if (text.isEmpty())
+    if (search.isEmpty())
         tree->RefreshWidgetInfo();
 }
 
@@ -231,6 +244,7 @@ void ORXMainFeatureWidget::changeEvent(QEvent* event)
     ZELCustomMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange && m_pTabs) {
         retranslate();
+        showEmptyTexts(m_lCameraID);
         showTitle(m_lCameraID);
         if (m_pPrompt)
             fillPrompt(m_pPrompt);

@@ -50,10 +50,9 @@ void ORXMainFeatureWidget::DeviceFeatureInit(qint64 key)
         m_pTreeStack->addWidget(tree);
     m_pTreeStack->setCurrentWidget(tree);
     const QList<IORXFeatureWidget*> pages = curatedPages();
-    for (int i = 0; i < pages.size(); ++i) {
-        pages.at(i)->setIsCanEdit(tree->isCanEdit());
-        pages.at(i)->resetCamaraID(key);
-        m_pTabs->setTabEnabled(CommonTab + i, pages.at(i)->getRootItem(key, false) != nullptr);
+    for (IORXFeatureWidget* page : pages) {
+        page->setIsCanEdit(tree->isCanEdit());
+        page->resetCamaraID(key);
     }
     m_pImagePage->afterCurrentTabShow();
     showTitle(key);
@@ -61,7 +60,19 @@ void ORXMainFeatureWidget::DeviceFeatureInit(qint64 key)
     if (m_pGroupStack->indexOf(group) < 0)
         m_pGroupStack->addWidget(group);
     m_pGroupStack->setCurrentWidget(group);
+    showTabs(key);
+    showEmptyTexts(key);
     leaveEmptyGroup(key);
+}
+
+// A page without a group to show has no row in the side column, and its tab cannot be chosen.
+void ORXMainFeatureWidget::showTabs(qint64 key)
+{
+    const ORXFeatureGroup* group = m_groups.value(key, nullptr);
+    if (!group || key != m_lCameraID)
+        return;
+    for (int tab = 0; tab < kTabs; ++tab)
+        m_pTabs->setTabEnabled(tab, group->groupView()->isPageShown(tab));
 }
 
 void ORXMainFeatureWidget::showTitle(qint64 key)
@@ -131,6 +142,13 @@ ORXFeatureGroup* ORXMainFeatureWidget::featureGroup(qint64 key)
     }
     group = new ORXFeatureGroup(roots, key, this);
     connect(group, &ORXFeatureGroup::SigTabChanged, this, &ORXMainFeatureWidget::onTabIndexChange);
+    connect(group->groupView(), &CFeatureGroupTreeView::SigGroupChanged, this,
+            [this, key](int tab) {
+                if (ORXFeatureTreeView* view = pageView(key, tab))
+                    view->scrollToTop();
+            });
+    connect(group->groupView(), &CFeatureGroupTreeView::SigPageShown, this,
+            [this, key] { showTabs(key); });
     connect(group, &ORXFeatureGroup::SigSearched, this,
             [this, key](const QString& text) { afterSearch(key, text); });
     connect(group, &ORXFeatureGroup::SigGoToHits, this, [this, key] { goToHit(key, false); });

@@ -325,8 +325,15 @@ void ORXFeatureTreeView::wheelEvent(QWheelEvent* event)
 
 void ORXFeatureTreeView::mousePressEvent(QMouseEvent* event)
 {
-    QTreeView::mousePressEvent(event);
+    if (!isThin(indexAt(event->pos())))
+        QTreeView::mousePressEvent(event);
     event->ignore();
+}
+
+void ORXFeatureTreeView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (!isThin(indexAt(event->pos())))
+        QTreeView::mouseDoubleClickEvent(event);
 }
 
 void ORXFeatureTreeView::mouseReleaseEvent(QMouseEvent* event)
@@ -370,8 +377,6 @@ void ORXFeatureTreeView::drawBranches(QPainter* painter, const QRect& rect,
                                       const QModelIndex& index) const
 {
     const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
-    // Groups directly below the root are a thin line; the side column names them.
-    const bool thin = !index.parent().isValid();
-    if (item && item->tag() != FeatureTag::CCM && !thin)
+    if (item && item->tag() != FeatureTag::CCM && !isThin(index))
         QTreeView::drawBranches(painter, rect, index);
 }

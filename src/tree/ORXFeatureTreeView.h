@@ -29,7 +29,8 @@ class ORXPropertyTreeModel;
 // the focus comes to the view (see EditorFocus).
 //
 // With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
-// editor in the order of the rows, scrolling where needed, and Escape goes back to the row.
+// editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The rows
+// directly below the root are a line of one pixel, which is never the current row.
 class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZELCustomQssHelper
 {
     Q_OBJECT
@@ -56,6 +57,7 @@ public:
     void setIsCanEdit(bool canEdit);
     // Text in the middle of an empty view.
     void setPlaceholderText(const QString& text);
+    QString placeholderText() const { return m_strPlaceholder; }
 
     ORXPropertyTreeModel* treeModel() const { return m_pModel; }
     ORXPropertyTreeDelegate* treeDelegate() const { return m_pDelegate; }
@@ -91,6 +93,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -128,6 +131,7 @@ private:
     void closeEditorsOutOfSight();
     void closeEditorsWithoutRow();
     void dropEditors();
+    static bool isThin(const QModelIndex& index);
     QWidget* editorAround(QWidget* widget) const;
     void onEditingEnded(QWidget* editor);
     void onFocusChanged(QWidget* old, QWidget* now);

@@ -124,10 +124,28 @@ bool ORXFeatureTreeView::edit(const QModelIndex& index, EditTrigger trigger, QEv
     return trigger != CurrentChanged && QTreeView::edit(index, trigger, event);
 }
 
+// Groups directly below the root are a thin line; the side column names them.
+bool ORXFeatureTreeView::isThin(const QModelIndex& index)
+{
+    return index.isValid() && !index.parent().isValid();
+}
+
 // Rows are walked in the name column: a current value cell would give the focus to its editor.
 QModelIndex ORXFeatureTreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    return QTreeView::moveCursor(action, modifiers).siblingAtColumn(0);
+    const QModelIndex from = currentIndex().siblingAtColumn(0);
+    const QModelIndex to = QTreeView::moveCursor(action, modifiers).siblingAtColumn(0);
+    if (!isThin(to))
+        return to;
+    QModelIndex row = to;
+    if (action == MoveLeft)
+        row = QModelIndex();
+    const bool up = action == MoveUp || action == MovePrevious;
+    while (isThin(row))
+        row = up ? indexAbove(row) : indexBelow(row);
+    if (row.isValid() || isThin(from))
+        return row;
+    return from;
 }
 
 void ORXFeatureTreeView::keyPressEvent(QKeyEvent* event)

@@ -178,6 +178,53 @@ private slots:
         QVERIFY(!pages.hidden(pages.page(0)));
     }
 
+    void aPageOpensWithAShownGroup()
+    {
+        Pages pages;
+        pages.item("Width")->setVisible(false, kCamera);
+        pages.view->OnChangedIndex(pages.page(1));
+        QCOMPARE(pages.current(), "GroupGain"_s);
+        QVERIFY(pages.item("Gain")->groupVisible());
+        // The one that was chosen last is not forgotten.
+        pages.item("Width")->setVisible(true, kCamera);
+        QCOMPARE(pages.current(), "GroupGain"_s);
+        pages.view->OnChangedIndex(pages.page(0));
+        pages.view->OnChangedIndex(pages.page(1));
+        QCOMPARE(pages.current(), "GroupWidth"_s);
+    }
+
+    void theShownGroupGoes()
+    {
+        Pages pages;
+        pages.view->OnChangedIndex(pages.group(0, Analog));
+        for (const char* name : {"Gain", "GainAuto", "BlackLevel"})
+            pages.item(name)->setVisible(false, kCamera);
+        // Not to the favourites, which are none.
+        QCOMPARE(pages.current(), "DeviceControl"_s);
+        QVERIFY(pages.item("DeviceReset")->groupVisible());
+        auto* favorite = new Item(pages.description.root.child(Favorites), Item::FeatureTreePage);
+        favorite->setItemType(Item::FavoriteItem);
+        for (const char* name : {"DeviceUserID", "DeviceReset"})
+            pages.item(name)->setVisible(false, kCamera);
+        QCOMPARE(CFeatureGroupModel::itemFromIndex(pages.view->currentIndex()),
+                 pages.description.root.child(Favorites));
+    }
+
+    void thePageEmptiesAndFills()
+    {
+        Pages pages;
+        QSignalSpy shown(pages.view.get(), &CFeatureGroupTreeView::SigPageShown);
+        pages.view->OnChangedIndex(pages.page(1));
+        for (const char* name : {"Width", "Gain"})
+            pages.item(name)->setVisible(false, kCamera);
+        QCOMPARE(shown.takeLast(), QVariantList({kCommonTab, false}));
+        QVERIFY(!pages.view->isPageShown(kCommonTab));
+        pages.item("Gain")->setVisible(true, kCamera);
+        QCOMPARE(shown.takeLast(), QVariantList({kCommonTab, true}));
+        QCOMPARE(pages.current(), "GroupGain"_s);
+        QVERIFY(pages.item("Gain")->groupVisible());
+    }
+
     void notificationsOfAReadingThread()
     {
         Pages pages;

@@ -4,11 +4,11 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-
 #include "support/Rows.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QSemaphore>
@@ -26,12 +26,14 @@ QByteArray description()
     const QString guru = child("Visibility"_s, "Guru"_s);
     const QString gone = child("pIsAvailable"_s, "Never"_s);
     return wrap(
-        category("Root"_s, words("SecretControl ImageControl SoundControl")) +
+        category("Root"_s, words("SecretControl ImageControl SoundControl LineControl")) +
         category("SecretControl"_s, words("Secret")) + category("ImageControl"_s, words("Width")) +
-        category("SoundControl"_s, words("Volume")) + node("Integer"_s, "Secret"_s, guru) +
+        category("SoundControl"_s, words("Volume")) + category("LineControl"_s, words("LineMode")) +
+        node("Integer"_s, "Secret"_s, guru) +
         node("Integer"_s, "Width"_s,
              "<DisplayName>Image Width</DisplayName><Description>Columns.</Description>"_s + gone) +
-        node("Float"_s, "Volume"_s) + node("Integer"_s, "Never"_s));
+        node("Float"_s, "Volume"_s) + node("Integer"_s, "LineMode"_s, gone) +
+        node("Integer"_s, "Never"_s));
 }
 
 } // namespace
@@ -141,6 +143,68 @@ private slots:
         QVERIFY(!isGroupShown(window, "ImageControl"));
         QTRY_COMPARE(currentGroup(window), window.item("SoundControl"));
         QTRY_VERIFY(window.view()->editorOf(window.item("Volume")));
+    }
+
+    void aTabFollowsWhatIsRead_data()
+    {
+        const Rows<int> row("language");
+        row("English", 0);
+        row("Chinese", 1);
+    }
+
+    void aTabFollowsWhatIsRead()
+    {
+        QFETCH(int, language);
+        const OpenedWindow window(*m_host, m_xml, language);
+        const auto answer = qScopeGuard([this] { m_gate.release(kMany); });
+        const auto tab = [&window](int index) {
+            return window.widget()->findChild<QPushButton*>("FeatureTab%1"_s.arg(index));
+        };
+        QVERIFY(tab(ORXMainFeatureWidget::TriggerTab)->isEnabled());
+        // The first group of the page, the inputs, is not there.
+        tab(ORXMainFeatureWidget::TriggerTab)->click();
+        ORXPropertyTreeItem* lines =
+            window.widget()->getItemByName("Custom_IOControl"_s, ORXMainFeatureWidget::TriggerTab);
+        QCOMPARE(currentGroup(window), lines);
+
+        m_gate.release(kMany);
+        QVERIFY(window.waitForFirstRead());
+        QVERIFY(tab(ORXMainFeatureWidget::TriggerTab)->isEnabled());
+        m_host->failMode("LineMode"_s, 1);
+        window.widget()->onRefreshFeature();
+        QTRY_VERIFY(!tab(ORXMainFeatureWidget::TriggerTab)->isEnabled());
+        QVERIFY(tab(ORXMainFeatureWidget::WholeTreeTab)->isEnabled());
+        const ORXFeatureTreeView* page = nullptr;
+        for (const auto* view : window.widget()->findChildren<ORXFeatureTreeView*>()) {
+            if (view->isVisible())
+                page = view;
+        }
+        QVERIFY(page);
+        const QString english =
+            "This camera has nothing to show on this page at this user level."_s;
+        QTRY_COMPARE(page->placeholderText() == english, language == 0);
+        QVERIFY(page->placeholderText().size() > 10);
+        window.widget()->SetLanguage(0);
+        QTRY_COMPARE(page->placeholderText(), english);
+
+        m_host->failMode("LineMode"_s, 0);
+        window.widget()->onRefreshFeature();
+        QTRY_VERIFY(tab(ORXMainFeatureWidget::TriggerTab)->isEnabled());
+        QTRY_COMPARE(currentGroup(window), lines);
+        QTRY_VERIFY(page->editorOf(window.item("LineMode")));
+    }
+
+    void aHiddenGroupIsLeftAtOnce()
+    {
+        OBDeviceControl::SetUserLevel(0);
+        const OpenedWindow window(*m_host, m_xml);
+        m_gate.release(kMany);
+        QVERIFY(window.waitForFirstRead());
+        window.showGroup("SecretControl");
+        OBDeviceControl::SetUserLevel(1);
+        window.widget()->OnUserLeverChanged();
+        QTRY_VERIFY(!isGroupShown(window, "SecretControl"));
+        QVERIFY(currentGroup(window) != window.item("SecretControl"));
     }
 };
 

@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
 
 class TestORXMainFeatureWidget : public OpenedWindowTest
 {
@@ -68,6 +69,36 @@ private slots:
         QCOMPARE(tabs.size(), 4);
         QVERIFY(tabs.at(0)->isEnabled());
         QVERIFY(tabs.at(0)->isChecked());
+    }
+
+    void aGroupStartsAtItsTop()
+    {
+        using namespace DescriptionBuilder;
+        const int kRows = 60;
+        QString elements = category("Root"_s, words("FirstControl SecondControl"));
+        for (const char* name : {"First", "Second"}) {
+            QStringList features;
+            for (int i = 0; i < kRows; ++i) {
+                features.append(QString::fromLatin1(name) + QString::number(i));
+                elements += node("Integer"_s, features.last());
+            }
+            elements += category(QString::fromLatin1(name) + "Control"_s, features);
+        }
+        const QByteArray xml = wrap(elements);
+        m_host->serve(xml);
+        OpenedWindow window(*m_host, xml);
+        QVERIFY(window.waitForFirstRead());
+        const QScrollBar* bar = window.view()->verticalScrollBar();
+        for (const char* next : {"SecondControl", "FirstControl"}) {
+            window.view()->scrollToBottom();
+            QVERIFY(bar->value() > 0);
+            // Choosing the shown one once more leaves it where it is.
+            window.groups()->OnChangedIndex(window.groups()->currentIndex());
+            QVERIFY(bar->value() > 0);
+            window.showGroup(next);
+            QCoreApplication::processEvents();
+            QCOMPARE(bar->value(), 0);
+        }
     }
 
     void titleIsTheUsersName()

@@ -131,6 +131,44 @@ private slots:
         QVERIFY(!window.view()->isExpanded(branch));
     }
 
+    void theGroupItselfIsNotClosedAgain()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        window.showGroup("AnalogControl");
+        ORXPropertyTreeItem* item = window.item("AnalogControl");
+        const QPersistentModelIndex group = window.view()->treeModel()->indexFromItem(item, 0);
+        window.view()->collapse(group);
+        window.type("gain"_s);
+        QVERIFY(window.view()->isExpanded(group));
+        window.column()->ClearSearch();
+        QVERIFY(window.view()->isExpanded(group));
+    }
+
+    void aLevelChangeBringsHits()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        const auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
+        window.showGroup("DeviceControl");
+        window.type("exposure mode"_s);
+        QVERIFY(note->isVisible());
+        QVERIFY(window.view()->placeholderText().startsWith("No feature matches"_s));
+        const auto changeLevel = [&window](int level) {
+            OBDeviceControl::SetUserLevel(level);
+            window.widget()->OnUserLeverChanged();
+        };
+        changeLevel(0);
+        QTRY_VERIFY(!note->isVisible());
+        QVERIFY(window.view()->placeholderText().startsWith("No feature of this group"_s));
+        QCOMPARE(window.shownGroup(), "AcquisitionControl"_s);
+        QCOMPARE(window.shown(), QStringList("ExposureMode"_s));
+        changeLevel(1);
+        QTRY_VERIFY(note->isVisible());
+        QVERIFY(window.view()->placeholderText().startsWith("No feature matches"_s));
+        window.column()->ClearSearch();
+        QVERIFY(!note->isVisible());
+        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
+    }
+
     void saysWhenNothingMatches()
     {
         SearchedWindow window(*m_host, m_xml);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "api/ApplicationSetup.h"
-#include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomComboBox.h"
@@ -425,81 +424,6 @@ private slots:
         QVERIFY(!wheel.isAccepted());
         QCOMPARE(view()->verticalScrollBar()->value(), 0);
         QVERIFY(!view()->verticalScrollBar()->isVisible());
-    }
-
-    void tabReachesEditorsInTheOrderOfRows()
-    {
-        openRows(5);
-        row(1)->setReadOnly(true);
-        row(1)->notifyViewUpdate(1, -1, false);
-        Item* boxes = m_page->add(nullptr, "Boxes"_s, "CustomTagNameWatermark");
-        auto* value = dynamic_cast<CTreeCustomWaterMarkItemValue*>(boxes->value());
-        value->setColumn(0, "Left"_s, "Left"_s);
-        value->setColumn(1, "Right"_s, "Right"_s);
-        view()->treeModel()->addItems(m_group, {boxes});
-        QTRY_VERIFY(view()->editorOf(boxes));
-        // Opened again, last row first: the order is still that of the rows.
-        for (int i = 4; i >= 0; --i) {
-            view()->openPersistentEdit(row(i), true);
-            QTRY_VERIFY(view()->editorOf(row(i)));
-        }
-        const QList<QWidget*> order = {view()->editorOf(row(0)),   view()->editorOf(row(2)),
-                                       view()->editorOf(row(3)),   view()->editorOf(row(4)),
-                                       view()->editorOf(boxes, 0), view()->editorOf(boxes, 1)};
-        view()->setFocus();
-        for (QWidget* editor : order) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QCOMPARE(QApplication::focusWidget(), editor);
-        }
-        for (int i = order.size() - 2; i >= 0; --i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-            QCOMPARE(QApplication::focusWidget(), order.at(i));
-        }
-        QVERIFY(m_page->writes.isEmpty());
-    }
-
-    void tabScrollsOn()
-    {
-        openRows(100);
-        view()->setFocus();
-        for (int i = 0; i < 100; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(i)));
-            QVERIFY(view()->viewport()->rect().contains(QApplication::focusWidget()->geometry()));
-        }
-    }
-
-    void keysBetweenRowAndEditor()
-    {
-        openRows(100, "String");
-        view()->setFocus();
-        view()->setCurrentIndex(view()->treeModel()->indexFromItem(row(2), 0));
-        for (const int key : {int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::Key_F2)}) {
-            QTest::keyClick(view(), Qt::Key(key));
-            QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(2)));
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down); // stays in the editor
-            QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(2)));
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-            QVERIFY(view()->hasFocus());
-        }
-        QTest::keyClick(view(), Qt::Key_Down);
-        QVERIFY(view()->hasFocus()); // walking the rows does not stop at an editor
-        QTest::keyClick(view(), Qt::Key_Return);
-        QTest::keyClicks(QApplication::focusWidget(), "typed"_s);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(3)));
-        QCOMPARE(m_page->writes, QStringList(rowName(3) + " typed"_s));
-    }
-
-    void focusMakesTheRowCurrent()
-    {
-        openRows(100);
-        QWidget* editor = view()->editorOf(row(4));
-        const int before = view()->verticalScrollBar()->value();
-        QTest::mouseClick(editor, Qt::LeftButton, {}, QPoint(20, 10));
-        QVERIFY(editor->hasFocus());
-        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view()->currentIndex()), row(4));
-        QCOMPARE(view()->verticalScrollBar()->value(), before);
     }
 
     void placeholder()

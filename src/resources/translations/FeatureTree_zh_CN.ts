@@ -332,6 +332,10 @@ camera later.</source>
         <translation>图像</translation>
     </message>
     <message>
+        <source>This camera has nothing to show on this page at this user level.</source>
+        <translation>在当前用户级别下，该相机在此页面没有可显示的参数。</translation>
+    </message>
+    <message>
         <source>No feature of this group matches &quot;%1&quot;.</source>
         <translation>该组中没有与“%1”匹配的参数。</translation>
     </message>

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: Apache-2.0
+// The keyboard in a page's view: from row to row, from editor to editor, and between them.
+#include "api/ApplicationSetup.h"
+#include "model/CTreeCustomWaterMarkItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "support/Rows.h"
+#include "support/TestMain.h"
+#include "tree/ORXFeatureTreeView.h"
+#include "tree/TestPage.h"
+
+#include <QApplication>
+#include <QScrollBar>
+
+using Item = ORXPropertyTreeItem;
+
+namespace {
+
+QString rowName(int row)
+{
+    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+class TestRowKeys : public GuardedTest
+{
+    Q_OBJECT
+
+protected:
+    void prepare() override
+    {
+        ApplicationSetup::runOnce();
+        m_page = new TestPage;
+    }
+    void finish() override { delete m_page; }
+
+private:
+    void openRows(int rows, const char* tag = "Integer")
+    {
+        m_page->makeRoot = [=] {
+            Item* root = m_page->addGroupOfTags({});
+            m_group = root->child(0);
+            for (int i = 0; i < rows; ++i)
+                m_page->add(m_group, rowName(i), tag);
+            return root;
+        };
+        m_page->open({500, 400});
+    }
+    Item* row(int number) { return m_group->child(number); }
+    Item* current() { return ORXPropertyTreeModel::itemFromIndex(view()->currentIndex()); }
+    ORXFeatureTreeView* view() { return m_page->treeView(); }
+
+    TestPage* m_page = nullptr;
+    Item* m_group = nullptr;
+
+private slots:
+    void theGroupsOwnRowIsNeverReached_data()
+    {
+        const Rows<int> row("key");
+        row("Up", Qt::Key_Up);
+        row("Home", Qt::Key_Home);
+        row("Page Up", Qt::Key_PageUp);
+        row("Left", Qt::Key_Left);
+        row("Minus", Qt::Key_Minus);
+    }
+
+    // It is a line of one pixel: the side column names the group.
+    void theGroupsOwnRowIsNeverReached()
+    {
+        QFETCH(int, key);
+        openRows(20);
+        view()->clearFocus();
+        view()->selectionModel()->clear();
+        view()->setFocus();
+        QVERIFY(view()->hasFocus());
+        QCOMPARE(current(), row(0));
+        for (int i = 0; i < 3; ++i)
+            QTest::keyClick(view(), Qt::Key(key));
+        QCOMPARE(current(), row(0));
+        QTest::keyClick(view(), Qt::Key_Down);
+        QCOMPARE(current(), row(1));
+        QTest::keyClick(view(), Qt::Key_Up);
+        QCOMPARE(current(), row(0));
+        QVERIFY(view()->isExpanded(view()->treeModel()->indexFromItem(m_group, 0)));
+    }
+
+    void clicksOnTheGroupsOwnRowDoNothing()
+    {
+        openRows(20);
+        view()->setCurrentIndex(view()->treeModel()->indexFromItem(row(3), 0));
+        const QModelIndex group = view()->treeModel()->indexFromItem(m_group, 0);
+        const QPoint at = view()->visualRect(group).topRight() + QPoint(-5, 0);
+        QCOMPARE(view()->indexAt(at).siblingAtColumn(0), group);
+        QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, at);
+        QCOMPARE(current(), row(3));
+        QVERIFY(view()->isExpanded(group));
+    }
+
+    void aBranchOpensAndCloses()
+    {
+        Item* branch = nullptr;
+        m_page->makeRoot = [&] {
+            Item* root = m_page->addGroupOfTags({});
+            m_group = root->child(0);
+            branch = m_page->add(m_group, "Branch"_s);
+            m_page->add(branch, "Inner"_s, "Integer");
+            return root;
+        };
+        m_page->open();
+        const QModelIndex index = view()->treeModel()->indexFromItem(branch, 0);
+        view()->expandAll();
+        view()->setFocus();
+        view()->setCurrentIndex(index);
+        QTest::keyClick(view(), Qt::Key_Left);
+        QVERIFY(!view()->isExpanded(index));
+        QTest::keyClick(view(), Qt::Key_Right);
+        QVERIFY(view()->isExpanded(index));
+    }
+
+    void tabReachesEditorsInTheOrderOfRows()
+    {
+        openRows(5);
+        row(1)->setReadOnly(true);
+        row(1)->notifyViewUpdate(1, -1, false);
+        Item* boxes = m_page->add(nullptr, "Boxes"_s, "CustomTagNameWatermark");
+        auto* value = dynamic_cast<CTreeCustomWaterMarkItemValue*>(boxes->value());
+        value->setColumn(0, "Left"_s, "Left"_s);
+        value->setColumn(1, "Right"_s, "Right"_s);
+        view()->treeModel()->addItems(m_group, {boxes});
+        QTRY_VERIFY(view()->editorOf(boxes));
+        // Opened again, last row first: the order is still that of the rows.
+        for (int i = 4; i >= 0; --i) {
+            view()->openPersistentEdit(row(i), true);
+            QTRY_VERIFY(view()->editorOf(row(i)));
+        }
+        const QList<QWidget*> order = {view()->editorOf(row(0)),   view()->editorOf(row(2)),
+                                       view()->editorOf(row(3)),   view()->editorOf(row(4)),
+                                       view()->editorOf(boxes, 0), view()->editorOf(boxes, 1)};
+        view()->setFocus();
+        for (QWidget* editor : order) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), editor);
+        }
+        for (int i = order.size() - 2; i >= 0; --i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+            QCOMPARE(QApplication::focusWidget(), order.at(i));
+        }
+        QVERIFY(m_page->writes.isEmpty());
+    }
+
+    void tabScrollsOn()
+    {
+        openRows(100);
+        view()->setFocus();
+        for (int i = 0; i < 100; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(i)));
+            QVERIFY(view()->viewport()->rect().contains(QApplication::focusWidget()->geometry()));
+        }
+    }
+
+    void keysBetweenRowAndEditor()
+    {
+        openRows(100, "String");
+        view()->setFocus();
+        view()->setCurrentIndex(view()->treeModel()->indexFromItem(row(2), 0));
+        for (const int key : {int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::Key_F2)}) {
+            QTest::keyClick(view(), Qt::Key(key));
+            QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(2)));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down); // stays in the editor
+            QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(2)));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            QVERIFY(view()->hasFocus());
+        }
+        QTest::keyClick(view(), Qt::Key_Down);
+        QVERIFY(view()->hasFocus()); // walking the rows does not stop at an editor
+        QTest::keyClick(view(), Qt::Key_Return);
+        QTest::keyClicks(QApplication::focusWidget(), "typed"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(3)));
+        QCOMPARE(m_page->writes, QStringList(rowName(3) + " typed"_s));
+    }
+
+    void focusMakesTheRowCurrent()
+    {
+        openRows(100);
+        QWidget* editor = view()->editorOf(row(4));
+        const int before = view()->verticalScrollBar()->value();
+        QTest::mouseClick(editor, Qt::LeftButton, {}, QPoint(20, 10));
+        QVERIFY(editor->hasFocus());
+        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view()->currentIndex()), row(4));
+        QCOMPARE(view()->verticalScrollBar()->value(), before);
+    }
+};
+
+OBFT_TEST_MAIN(TestRowKeys)
+#include "tst_rowkeys.moc"

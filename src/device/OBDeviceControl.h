@@ -118,7 +118,7 @@ public:
     static QString getPropDisplayNameTrans(const QString& name);
     static QString getPropDescriptionTrans(const QString& name);
     static QString getPropEnumerationTrans(const QString& feature, const QString& entry);
-    // Fills the library's own table from its file, unless it is filled.
+    // Fills the library's own table from its file (UTF-8), unless it is filled.
     static void parsePropertyTransXml();
     static void parseOneFeature(const QDomElement& feature, TranslationTable::Items& table);
 

@@ -36,6 +36,7 @@ constexpr int kWidth = 516;
 } // namespace
 
 ORXMainFeatureWidget* ORXMainFeatureWidget::s_pInstance = nullptr;
+const ORXMainFeatureWidget* ORXMainFeatureWidget::s_pRemoving = nullptr;
 
 ORXMainFeatureWidget* ORXMainFeatureWidget::instance(QWidget* parent)
 {

@@ -54,12 +54,13 @@ void ORXMainFeatureWidget::ReleaseInstance()
     widget->PauseUpdateThread();
     for (ORXFeatureTree* tree : qAsConst(widget->m_trees))
         tree->readyForDelete();
-    // The host hears of the hidden window. What it calls from there still finds this window.
+    // The host hears of the hidden window, and may open the next one from there.
+    s_pInstance = nullptr;
     widget->close();
     if (!widget)
         return;
-    s_pInstance = nullptr;
-    IFeatureTreeFinder::install(nullptr);
+    if (IFeatureTreeFinder::instance() == widget)
+        IFeatureTreeFinder::install(nullptr);
     ReentrancyScope::runWhenInactive([widget] {
         if (!widget)
             return;

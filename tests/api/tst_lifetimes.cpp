@@ -387,6 +387,23 @@ private slots:
         checkOpening(*m_next);
         OB_FT_Release();
     }
+
+    // The action that the release itself causes.
+    void openingFromTheReleasesAction()
+    {
+        open(*m_now);
+        QVERIFY(wasRead());
+        const QPointer<ORXMainFeatureWidget> old(window());
+        m_now->inNext(InAction, [&] {
+            QCOMPARE(OB_FT_Close(), -1);
+            open(*m_next);
+        });
+        QCOMPARE(OB_FT_Release(), 0);
+        const qint64 calls = m_now->fake.callCount();
+        QTRY_VERIFY(!old);
+        checkOpening(*m_next);
+        QCOMPARE(m_now->fake.callCount(), calls);
+    }
 };
 
 OBFT_TEST_MAIN(TestLifetimes)

@@ -57,6 +57,9 @@ void ORXMainFeatureWidget::ReleaseInstance()
     // The host hears of the hidden window, and may open the next one from there.
     s_pInstance = nullptr;
     widget->close();
+    // What stands below a call of the host goes on without calling it again.
+    if (!s_pInstance)
+        OBDeviceControl::EndCalls();
     if (!widget)
         return;
     if (IFeatureTreeFinder::instance() == widget)

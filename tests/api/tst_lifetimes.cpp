@@ -371,9 +371,11 @@ private slots:
         if (place != WhileReading)
             QVERIFY(wasRead());
         const QPointer<ORXMainFeatureWidget> old(window());
+        qint64 calls = 0;
         at(place, [&] {
             QCOMPARE(OB_FT_Release(), 0);
             QCOMPARE(OB_FT_SetTitleVisible(0), -1);
+            calls = m_now->fake.callCount();
             if (reopening == InPlace)
                 open(*m_next);
         });
@@ -385,6 +387,7 @@ private slots:
         if (reopening == AfterEvents)
             open(*m_next);
         checkOpening(*m_next);
+        QCOMPARE(m_now->fake.callCount(), calls);
         OB_FT_Release();
     }
 

@@ -3,6 +3,7 @@
 #include "main/ORXMainFeatureWidget.h"
 
 #include "device/ORXListenTools.h"
+#include "device/ReentrancyScope.h"
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
 #include "main/PageTabBar.h"
@@ -156,7 +157,10 @@ void ORXMainFeatureWidget::removeFeatureTree(qint64 key)
         const QScopedValueRollback<const ORXMainFeatureWidget*> sender(s_pRemoving, this);
         ORXListenTools::instance()->notifyListeners(ListenCode::kBeforeTreeRemoved, &key);
     }
-    delete m_trees.take(key);
+    const QPointer<ORXFeatureTree> tree(m_trees.take(key));
+    tree->hide();
+    // Its view may stand below on the stack, in a drag.
+    ReentrancyScope::runWhenInactive([tree] { delete tree; });
 }
 
 void ORXMainFeatureWidget::clearFeatureTrees()

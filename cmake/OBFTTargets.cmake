@@ -69,6 +69,12 @@ function(obft_target_defaults target)
     endif()
 endfunction()
 
+# For the shared libraries: one that was used once stays in memory. Qt keeps data of a library that
+# drew with it (fonts, styles, meta types) until the application ends, also after dlclose().
+function(obft_never_unload target)
+    target_link_options(${target} PRIVATE "LINKER:-z,nodelete")
+endfunction()
+
 # One folder of src/: an object library that includes from the root of src/ and links the folders
 # to its left (DEPENDS). tests/structure checks the direction of the includes themselves.
 function(obft_add_folder name)

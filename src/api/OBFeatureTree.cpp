@@ -135,12 +135,13 @@ int OB_FT_Release()
 {
     if (!s_bInit)
         return kNotInitialised;
+    // First: the host hears that the window goes, and may open the next one from there.
+    s_bInit = false;
     guarded("OB_FT_Release", [] {
         OBDeviceControl::SaveFavoritesXml();
         qRemovePostRoutine(releaseWithApplication);
         if (qApp)
             ORXMainFeatureWidget::ReleaseInstance();
     });
-    s_bInit = false;
     return kOk;
 }

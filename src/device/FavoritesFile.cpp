@@ -31,10 +31,11 @@ QList<FavoriteFeature> load()
     }
     // The declaration names another encoding than the one written, so the text is decoded here and
     // the parser gets it as a string.
-    const QByteArray bytes = file.readAll();
+    const QString text = QString::fromLocal8Bit(file.readAll());
+    const QByteArray utf8 = text.toUtf8();
     QDomDocument document;
-    if (!XmlLimits::acceptable(bytes.constData(), static_cast<std::size_t>(bytes.size()))
-        || !document.setContent(QString::fromLocal8Bit(bytes))) {
+    if (!XmlLimits::acceptable(utf8.constData(), static_cast<std::size_t>(utf8.size()))
+        || !document.setContent(text)) {
         qCritical("%s", "loadFavoritesXml failed.333");
         return {};
     }

@@ -5,6 +5,7 @@
 #include "device/Guarded.h"
 #include "device/GuiThread.h"
 #include "device/HostCallWatch.h"
+#include "device/HostOpening.h"
 #include "device/ReentrancyScope.h"
 #include "device/StopRequest.h"
 #include "device/XmlLimits.h"
@@ -38,10 +39,15 @@ void report(int* err, int code)
         *err = code;
 }
 
-// A worker that was told to stop makes no call of the host.
+// A worker that was told to stop makes no call of the host, and a released library makes none.
+bool isRefused()
+{
+    return StopRequest::isHere() || !HostOpening::isOpen();
+}
+
 bool isStopped(int* err)
 {
-    if (!StopRequest::isHere())
+    if (!isRefused())
         return false;
     report(err, DeviceError::kStopped);
     return true;
@@ -83,9 +89,19 @@ void OBDeviceControl::SetCallBackFunc(OB_FT_GetFeatureFunc getFeature,
     s_pGetModeFunc = getMode;
     s_pInvalidateFunc = invalidate;
     s_pActionFunc = action;
+    HostOpening::begin();
+    const HostOpening opening;
     // A chunk mode that is readable but off still means that the device knows chunks.
     bool active = false;
-    s_bSupportChunk = GetBoolNodeValue(QStringLiteral("ChunkModeActive"), &active, nullptr, true);
+    const bool known =
+        GetBoolNodeValue(QStringLiteral("ChunkModeActive"), &active, nullptr, true);
+    if (!opening.isOver())
+        s_bSupportChunk = known;
+}
+
+void OBDeviceControl::EndCalls()
+{
+    HostOpening::end();
 }
 
 bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buffer, int* err,
@@ -96,12 +112,16 @@ bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buff
         report(err, DeviceError::kNoCallback);
         return false;
     }
-    if (checkReadable && !IsNodeReadable(name)) {
-        report(err, StopRequest::isHere() ? DeviceError::kStopped : DeviceError::kNotReadable);
+    const HostOpening opening;
+    const bool readable = !checkReadable || IsNodeReadable(name);
+    if (isRefused() || opening.isOver()) {
+        report(err, DeviceError::kStopped);
         return false;
     }
-    if (isStopped(err))
+    if (!readable) {
+        report(err, DeviceError::kNotReadable);
         return false;
+    }
     QByteArray localName = name.toLocal8Bit();
     const int code =
         callHost(name, get, static_cast<int>(type), localName.data(), buffer, s_pUser.load());
@@ -240,13 +260,15 @@ bool OBDeviceControl::IsNodeReadable(const QString& name)
 
 void OBDeviceControl::InvalidateNodes()
 {
-    if (const OB_FT_InvalidateFunc invalidate = s_pInvalidateFunc)
+    const OB_FT_InvalidateFunc invalidate = s_pInvalidateFunc;
+    if (invalidate && HostOpening::isOpen())
         callHost(QString(), invalidate, s_pUser.load());
 }
 
 void OBDeviceControl::NotifyWindowsClose()
 {
-    if (const OB_FT_ActionFunc action = s_pActionFunc)
+    const OB_FT_ActionFunc action = s_pActionFunc;
+    if (action && HostOpening::isOpen())
         callHost(QString(), action, OB_FT_ACTION_WINDOW_HIDDEN, s_pUser.load());
 }
 

@@ -26,7 +26,8 @@ namespace DeviceError {
 constexpr int kNoCallback = static_cast<int>(0x80000000U);
 constexpr int kNotReadable = static_cast<int>(0x80000106U);
 constexpr int kCallbackThrew = -1; // also logged as critical
-constexpr int kStopped = -2;       // a worker's call after its stop (StopRequest); never logged
+constexpr int kStopped = -2;       // a worker's call after its stop (StopRequest), any call after
+                                   // the release (HostOpening); never logged
 } // namespace DeviceError
 
 // The one place where the library reaches the camera, through the callbacks that the host
@@ -37,7 +38,8 @@ constexpr int kStopped = -2;       // a worker's call after its stop (StopReques
 // | reads, writes, GetNodeAccessMode           | any    | none; the host's callbacks must     |
 // |                                            |        | allow concurrent calls              |
 // | Get...Trans                                | any    | the tables' own, inside             |
-// | Init, SetCallBackFunc, SetDeviceInfo,      | GUI    | none                                |
+// | Init, SetCallBackFunc, EndCalls,           | GUI    | none                                |
+// | SetDeviceInfo,                             |        |                                     |
 // | user level, favourites, paths, description |        |                                     |
 //
 // In every operation `err` may be null; it receives 0 or the error code. A read or write returns
@@ -56,6 +58,8 @@ public:
     static void SetCallBackFunc(OB_FT_GetFeatureFunc getFeature, OB_FT_SetFeatureFunc setFeature,
                                 OB_FT_GetModeFunc getMode, OB_FT_InvalidateFunc invalidate,
                                 OB_FT_ActionFunc action, void* user);
+    // The library is released: until the next SetCallBackFunc no callback is called, whoever asks.
+    static void EndCalls();
 
     // Fills `buffer`, the zeroed record of the type. With `checkReadable` the access mode is asked
     // first, and a feature that is not readable ends with DeviceError::kNotReadable.
@@ -118,7 +122,7 @@ public:
     static QString getPropDisplayNameTrans(const QString& name);
     static QString getPropDescriptionTrans(const QString& name);
     static QString getPropEnumerationTrans(const QString& feature, const QString& entry);
-    // Fills the library's own table from its file, unless it is filled.
+    // Fills the library's own table from its file (UTF-8), unless it is filled.
     static void parsePropertyTransXml();
     static void parseOneFeature(const QDomElement& feature, TranslationTable::Items& table);
 

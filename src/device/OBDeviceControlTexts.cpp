@@ -62,8 +62,13 @@ void OBDeviceControl::parsePropertyTransXml()
     if (!s_AllPropertyTransItems.isEmpty())
         return;
     QFile file(GetDllPath() + QStringLiteral("/FeatureTreeResource/FeaturesTranslate.xml"));
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    // Decoded here like every other text, so that what is checked is what is parsed.
+    const QByteArray bytes = file.readAll();
     QDomDocument document;
-    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file, false))
+    if (!XmlLimits::acceptable(bytes.constData(), static_cast<std::size_t>(bytes.size()))
+        || !document.setContent(QString::fromUtf8(bytes), false))
         return;
     const std::lock_guard<std::mutex> lock(tablesMutex());
     TranslationTable::addDocument(document, s_AllPropertyTransItems);

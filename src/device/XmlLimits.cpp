@@ -38,6 +38,16 @@ bool startsWith(std::string_view text, std::size_t at, std::string_view part)
     return text.compare(at, part.size(), part) == 0;
 }
 
+// The declaration "<?xml ...?>" has quoted values as a tag has; other processing instructions may
+// hold single quotes.
+bool isDeclaration(std::string_view text, std::size_t at)
+{
+    constexpr std::string_view kBegin = "<?xml";
+    const std::size_t next = at + kBegin.size();
+    return startsWith(text, at, kBegin) && next < text.size() &&
+           (text[next] == ' ' || text[next] == '\t' || text[next] == '\r' || text[next] == '\n');
+}
+
 } // namespace
 
 bool acceptable(const char* text, std::size_t bytes)
@@ -53,12 +63,12 @@ bool acceptable(const char* text, std::size_t bytes)
         } else if (startsWith(view, at, "<![CDATA[")) {
             at = behind(view, at, "]]>");
         } else if (startsWith(view, at, "<?")) {
-            at = behind(view, at, "?>");
+            at = isDeclaration(view, at) ? behindTag(view, at) : behind(view, at, "?>");
         } else if (startsWith(view, at, "</")) {
             --depth;
             at = behind(view, at, ">");
         } else if (startsWith(view, at, "<!")) {
-            at = behindTag(view, at);
+            return false;
         } else {
             const std::size_t end = behindTag(view, at);
             const bool closesItself = end >= 2 && view[end - 2] == '/';

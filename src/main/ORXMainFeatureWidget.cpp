@@ -37,6 +37,7 @@ constexpr int kWidth = 516;
 } // namespace
 
 ORXMainFeatureWidget* ORXMainFeatureWidget::s_pInstance = nullptr;
+const ORXMainFeatureWidget* ORXMainFeatureWidget::s_pRemoving = nullptr;
 
 ORXMainFeatureWidget* ORXMainFeatureWidget::instance(QWidget* parent)
 {
@@ -54,12 +55,16 @@ void ORXMainFeatureWidget::ReleaseInstance()
     widget->PauseUpdateThread();
     for (ORXFeatureTree* tree : qAsConst(widget->m_trees))
         tree->readyForDelete();
-    // The host hears of the hidden window. What it calls from there still finds this window.
+    // The host hears of the hidden window, and may open the next one from there.
+    s_pInstance = nullptr;
     widget->close();
+    // What stands below a call of the host goes on without calling it again.
+    if (!s_pInstance)
+        OBDeviceControl::EndCalls();
     if (!widget)
         return;
-    s_pInstance = nullptr;
-    IFeatureTreeFinder::install(nullptr);
+    if (IFeatureTreeFinder::instance() == widget)
+        IFeatureTreeFinder::install(nullptr);
     ReentrancyScope::runWhenInactive([widget] {
         if (!widget)
             return;

@@ -115,7 +115,8 @@ private:
     QList<IORXFeatureWidget*> curatedPages() const;
     ORXFeatureTree* currentTree() const { return m_trees.value(m_lCameraID, nullptr); }
 
-    static ORXMainFeatureWidget* s_pInstance; // Owned.
+    static ORXMainFeatureWidget* s_pInstance;       // Owned.
+    static const ORXMainFeatureWidget* s_pRemoving; // Tells of a tree that it removes. Not owned.
 
     qint64 m_lCameraID = -1;
     bool m_bTemperatureTab = false;

@@ -3,6 +3,7 @@
 #include "main/ORXMainFeatureWidget.h"
 
 #include "device/ORXListenTools.h"
+#include "device/ReentrancyScope.h"
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
 #include "main/PageTabBar.h"
@@ -12,6 +13,7 @@
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include <QScopedValueRollback>
 #include <QStackedWidget>
 
 namespace {
@@ -169,8 +171,14 @@ void ORXMainFeatureWidget::removeFeatureTree(qint64 key)
 {
     if (!m_trees.contains(key))
         return;
-    ORXListenTools::instance()->notifyListeners(ListenCode::kBeforeTreeRemoved, &key);
-    delete m_trees.take(key);
+    {
+        const QScopedValueRollback<const ORXMainFeatureWidget*> sender(s_pRemoving, this);
+        ORXListenTools::instance()->notifyListeners(ListenCode::kBeforeTreeRemoved, &key);
+    }
+    const QPointer<ORXFeatureTree> tree(m_trees.take(key));
+    tree->hide();
+    // Its view may stand below on the stack, in a drag.
+    ReentrancyScope::runWhenInactive([tree] { delete tree; });
 }
 
 void ORXMainFeatureWidget::clearFeatureTrees()
@@ -179,9 +187,12 @@ void ORXMainFeatureWidget::clearFeatureTrees()
     m_trees.clear();
 }
 
+// A released window that waits for its end has a camera of the same key as the window after it: what
+// one of them removes is no business of the other.
 int ORXMainFeatureWidget::notify(int code, void* payload)
 {
-    if (code == ListenCode::kBeforeTreeRemoved && payload)
+    const bool ofAnotherWindow = s_pRemoving && s_pRemoving != this;
+    if (code == ListenCode::kBeforeTreeRemoved && payload && !ofAnotherWindow)
         emit sigBeforeDeleteFeature(*static_cast<qint64*>(payload));
     return 0;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/ColorMatrix.h"
 
+#include "device/HostOpening.h"
 #include "device/OBDeviceControl.h"
 #include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
@@ -174,17 +175,18 @@ bool ColorMatrix::writeCell(int index, float value)
     // The host may release the library from inside its callback.
     const ReentrancyScope scope;
     const QPointer<ColorMatrix> self(this);
+    const HostOpening opening;
     int error = 0;
     QString feature = kSelector;
     QString text = QString::number(index);
     bool written =
         OBDeviceControl::SetEnumNodeValue(feature, static_cast<unsigned int>(index), &error);
-    if (written) {
+    if (written && !opening.isOver()) {
         feature = kValue;
         text = QString::number(static_cast<double>(value));
         written = OBDeviceControl::SetFloatNodeValue(feature, value, &error);
     }
-    if (!self)
+    if (!self || opening.isOver())
         return false;
     if (written)
         m_values[static_cast<std::size_t>(index)] = static_cast<double>(value);
@@ -208,8 +210,9 @@ void ColorMatrix::switchTo(bool on)
         return;
     }
     const QPointer<ColorMatrix> self(this);
+    const HostOpening opening;
     const bool switched = m_bDeviceMode ? enableInCamera(on) : enableInFile(on);
-    if (!self)
+    if (!self || opening.isOver())
         return;
     if (switched)
         m_result.enabled = on;
@@ -236,11 +239,12 @@ bool ColorMatrix::enableInCamera(bool on)
 {
     const ReentrancyScope scope;
     const QPointer<ColorMatrix> self(this);
+    const HostOpening opening;
     int error = 0;
     QString feature = kTransformation;
     bool value = !on;
     bool written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
-    if (!self)
+    if (!self || opening.isOver())
         return false;
     // Where the camera has no switch of its own, the transformation decides alone.
     const ORXFeatureTree* whole = tree();
@@ -248,7 +252,7 @@ bool ColorMatrix::enableInCamera(bool on)
         feature = kMatrix;
         value = on;
         written = OBDeviceControl::SetBoolNodeValue(feature, value, &error);
-        if (!self)
+        if (!self || opening.isOver())
             return false;
     }
     // As for every other feature that cannot be written.

@@ -33,12 +33,16 @@ void ORXFeatureTree::UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& 
                                     QGetFeaturesThread::UpdateFlags flags, bool forceInvalidate,
                                     bool skipSelf)
 {
+    if (m_bDeleting)
+        return;
     const bool plainFullRead =
         type == FEATURES_UPDATE_ALL
         && !(m_bInvalidateOnFullRead
              && OBDeviceControl::GetDeviceType() != kInvalidatingDeviceType);
     if (forceInvalidate || plainFullRead)
         OBDeviceControl::InvalidateNodes();
+    if (m_bDeleting) // released from there
+        return;
 
     QList<QString> names;
     if (type == FEATURES_UPDATE_INVALIDATED) {
@@ -172,6 +176,8 @@ void ORXFeatureTree::OnBtnRefresh()
 {
     ShowLoadingFeatures(true, false);
     OBDeviceControl::InvalidateNodes();
+    if (m_bDeleting) // released from there
+        return;
     RefreshFeatures();
     m_refreshTimer.start(kRefreshTimerMs);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Dragging of favourites in ORXFeatureTreeView.
+#include "device/ReentrancyScope.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomCheckBox.h"
 #include "styledctl/ZELCustomComboBox.h"
@@ -146,5 +147,7 @@ void ORXFeatureTreeView::startDrag(Qt::DropActions)
     drag->setMimeData(mime);
     drag->setPixmap(dragPicture(index));
     drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
+    // Events run until the drag ends: the host may close or release the window meanwhile.
+    const ReentrancyScope scope;
     drag->exec(Qt::CopyAction);
 }

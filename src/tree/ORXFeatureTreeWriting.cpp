@@ -115,6 +115,9 @@ bool ORXFeatureTree::writeFeature(FeatureTag tag, const QString& name, const QVa
         return false;
     }
     const FeatureWriter::Outcome outcome = FeatureWriter::write(tag, name, value);
+    // The host has released the library from there: nothing follows, neither call nor message.
+    if (m_bDeleting)
+        return outcome.state == FeatureWriter::State::Written;
     const QString camera = QString::number(cameraID());
     switch (outcome.state) {
     case FeatureWriter::State::NotSent:
@@ -188,6 +191,8 @@ bool ORXFeatureTree::GetOstSettingData()
         m_pPartialThread->SetDisableUpdateList({kRegionDisplaySelector});
         m_pPartialThread->SetDisableUpdateList({});
     }
+    if (m_bDeleting) // released meanwhile
+        return false;
     return OBDeviceControl::SetEnumNodeValue(kRegionDisplaySelector,
                                              static_cast<unsigned int>(number));
 }

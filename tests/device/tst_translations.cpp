@@ -27,16 +27,31 @@ class TestTranslations : public GuardedTest
 {
     Q_OBJECT
 
+private:
+    // Makes this the library's own file of translations.
+    void install(const QByteArray& table)
+    {
+        QDir(m_directory.path()).mkdir("FeatureTreeResource"_s);
+        QFile file(m_directory.filePath("FeatureTreeResource/FeaturesTranslate.xml"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(table);
+        OBDeviceControl::SetDllPath(m_directory.path());
+    }
+
+    const QTemporaryDir m_directory;
+
 private slots:
+    // Before the table is filled, once per process.
+    void ownTableWithADocumentTypeIsRefused()
+    {
+        install(QByteArray("<!DOCTYPE r>") + kOwnTable);
+        OBDeviceControl::Init(nullptr, nullptr);
+        QCOMPARE(OBDeviceControl::GetDisplayNameTrans("Gain"_s), QString());
+    }
+
     void hostTableTakesPrecedence()
     {
-        QTemporaryDir directory;
-        QDir(directory.path()).mkdir("FeatureTreeResource"_s);
-        QFile file(directory.filePath("FeatureTreeResource/FeaturesTranslate.xml"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(kOwnTable);
-        file.close();
-        OBDeviceControl::SetDllPath(directory.path());
+        install(kOwnTable);
         OBDeviceControl::Init(nullptr, kHostTable);
         const QString gain = "Gain"_s;
         const QString mode = "Mode"_s;
@@ -51,13 +66,21 @@ private slots:
         QCOMPARE(OBDeviceControl::GetDisplayNameTrans("Unknown"_s), QString());
     }
 
+    void brokenHostTableChangesNothing_data()
+    {
+        const Rows<QByteArray> row("text");
+        row("cut off", "<a><Feature");
+        row("document type", "<!DOCTYPE a><a><Feature Name='Kept'/></a>");
+    }
+
     void brokenHostTableChangesNothing()
     {
+        QFETCH(QByteArray, text);
         OBDeviceControl::Init(nullptr,
                               "<a><Feature Name='Kept'><DisplayName::cn>x</DisplayName::cn>"
                               "</Feature></a>");
         MessageGuard::ignoreMessage(QtCriticalMsg, "Create XML Translate DomDocument Failed");
-        OBDeviceControl::Init(nullptr, "<a><Feature");
+        OBDeviceControl::Init(nullptr, text.constData());
         QCOMPARE(OBDeviceControl::GetDisplayNameTrans("Kept"_s), "x"_s);
     }
 

@@ -26,6 +26,15 @@ private slots:
         row("sign inside an attribute", "<r>" + QByteArray("<a t='/>'>").repeated(1500) + "</r>",
             false);
         row("unfinished comment", "<r><!-- <a>", true);
+        row("quoted end of the declaration",
+            "<?xml version='1.0' encoding='?><!--'?>" + nested(1001), false);
+        row("apostrophe in a processing instruction", "<?p it's?>" + nested(1001), false);
+        row("document type declaration", "<!DOCTYPE r><r/>", false);
+        row("document type behind what may precede it",
+            "<?xml version='1.0'?>\n<!-- it's --><?p '?> <!DOCTYPE r [<!ENTITY a 'b'>]><r>&a;</r>",
+            false);
+        row("document type inside a comment", "<!-- <!DOCTYPE r> --><r/>", true);
+        row("document type inside CDATA", "<r><![CDATA[<!DOCTYPE r>]]></r>", true);
         row("65 MB", QByteArray(65 * 1024 * 1024, ' '), false);
     }
 
@@ -44,6 +53,10 @@ private slots:
         row("no XML", "Width=640");
         row("cut off", "<RegisterDescription><Category");
         row("100,000 levels", QByteArray("<a>").repeated(100000));
+        row("document type", "<!DOCTYPE r><RegisterDescription/>");
+        row("levels behind an apostrophe in the document type",
+            "<!DOCTYPE r [<!-- it's -->]>" + QByteArray("<a>").repeated(100000) +
+                QByteArray("</a>").repeated(100000));
     }
 
     void descriptionsThatDoNotParse()

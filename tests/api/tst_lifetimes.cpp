@@ -1,0 +1,413 @@
+// SPDX-License-Identifier: Apache-2.0
+// Every exported function from every place from which a host can call it, and the next opening
+// after it: what it does is the same everywhere, or it is refused and logged.
+#include "model/CTreeItemValue.h"
+#include "pages/QLUTDrawWidget.h"
+#include "support/ChildProcess.h"
+#include "support/DescriptionBuilder.h"
+#include "support/GuiThreadReads.h"
+#include "support/OpenedWindow.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDrag>
+#include <QEventLoop>
+#include <QPointer>
+#include <QTimer>
+
+#include <thread>
+
+using namespace DescriptionBuilder;
+
+namespace {
+
+QByteArray smallDescription()
+{
+    Size size = Size::ofFeatures(60);
+    size.categories = 6;
+    return generate(size);
+}
+
+enum Function {
+    Init,
+    SetDeviceInfo,
+    SetCallBackFunc,
+    SetWidgetSize,
+    SetTitleVisible,
+    SetWidgetPosition,
+    Start,
+    Close,
+    UpdateFeatures,
+    Release
+};
+const char* const kFunctions[] = {"Init",  "SetDeviceInfo",     "SetCallBackFunc",
+                                  "SetWidgetSize", "SetTitleVisible", "SetWidgetPosition",
+                                  "Start", "Close",             "UpdateFeatures", "Release"};
+
+enum Place {
+    Idle,
+    WhileReading,
+    InSet,
+    InInvalidate,
+    InAction,
+    InGet,  // of the question that OB_FT_SetCallBackFunc asks
+    InMode, // the same
+    NestedLoop,
+    MessageBox,
+    FileDialog,
+    ContextMenu,
+    ComboList,
+    Drag,
+    ReadingThread, // refused
+    OtherThread    // refused
+};
+const char* const kPlaces[] = {"idle",         "while reading",  "set callback",
+                               "invalidate callback", "action callback", "get callback",
+                               "access-mode callback", "event loop of the host", "message box",
+                               "file dialog",  "context menu",   "combo list",
+                               "drag",         "reading thread", "another thread"};
+
+enum Reopening { InPlace, BeforeEvents, AfterEvents };
+
+// A host whose callbacks do something more, once.
+struct Host
+{
+    explicit Host(const QByteArray& description) { fake.serve(description); }
+
+    void install()
+    {
+        const GuiThreadReads::InstallingCallbacks installing;
+        OB_FT_SetCallBackFunc(
+            [](int type, char* name, void* value, void* user) {
+                const int code = FakeHost::getFeature(type, name, value, fakeOf(user));
+                return enter(user, onGuiThread() ? InGet : ReadingThread, code);
+            },
+            [](int type, char* name, char* value, void* user) {
+                return enter(user, InSet, FakeHost::setFeature(type, name, value, fakeOf(user)));
+            },
+            [](char* name, int* mode, void* user) {
+                const int code = FakeHost::getMode(name, mode, fakeOf(user));
+                return onGuiThread() ? enter(user, InMode, code) : code;
+            },
+            [](void* user) {
+                return enter(user, InInvalidate, FakeHost::invalidate(fakeOf(user)));
+            },
+            [](int action, void* user) {
+                return enter(user, InAction, FakeHost::action(action, fakeOf(user)));
+            },
+            this);
+    }
+
+    // In the next call of that callback.
+    void inNext(Place place, const std::function<void()>& todo)
+    {
+        m_todo = todo;
+        m_place = place;
+    }
+
+    FakeHost fake;
+
+private:
+    static FakeHost* fakeOf(void* user) { return &static_cast<Host*>(user)->fake; }
+    static bool onGuiThread() { return QThread::currentThread() == qApp->thread(); }
+    static int enter(void* user, Place place, int code)
+    {
+        auto* host = static_cast<Host*>(user);
+        int expected = place;
+        if (host->m_place.compare_exchange_strong(expected, -1))
+            host->m_todo();
+        return code;
+    }
+
+    std::atomic<int> m_place{-1};
+    std::function<void()> m_todo; // read only by whoever took m_place
+};
+
+} // namespace
+
+class TestLifetimes : public OpenedWindowTest
+{
+    Q_OBJECT
+
+public:
+    TestLifetimes()
+        : OpenedWindowTest(smallDescription())
+    {
+    }
+
+protected:
+    void prepare() override
+    {
+        m_now = std::make_unique<Host>(m_xml);
+        m_next = std::make_unique<Host>(m_xml);
+        m_now->fake.set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
+    }
+    // A chunk question that another one is asked in is no read without need.
+    bool failsOnGuiThreadReads() const override { return false; }
+
+private:
+    void open(Host& host)
+    {
+        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
+        _OB_FT_DEVICEINFO_ info = {};
+        qstrncpy(info.deviceName, "Test camera", sizeof(info.deviceName));
+        OB_FT_SetDeviceInfo(&info);
+        host.install();
+        OB_FT_SetWidgetSize(900, 700);
+        OB_FT_SetWidgetPosition(10, 10);
+        OB_FT_Start(nullptr, 0);
+    }
+    static ORXMainFeatureWidget* window() { return ORXMainFeatureWidget::instance(nullptr); }
+    static ORXFeatureTree* tree() { return window()->featureTree(1, false); }
+    static bool wasRead()
+    {
+        return QTest::qWaitFor([] { return tree()->HadUpdatedOnce(); }, kWindowPatienceMs);
+    }
+
+    int call(int function)
+    {
+        switch (function) {
+        case Init:
+            return OB_FT_Init(m_xml.constData(), nullptr, nullptr);
+        case SetDeviceInfo: {
+            _OB_FT_DEVICEINFO_ info = {};
+            qstrncpy(info.deviceName, "Renamed", sizeof(info.deviceName));
+            return OB_FT_SetDeviceInfo(&info);
+        }
+        case SetCallBackFunc:
+            m_next->install();
+            return 0;
+        case SetWidgetSize:
+            return OB_FT_SetWidgetSize(800, 600);
+        case SetTitleVisible:
+            return OB_FT_SetTitleVisible(1);
+        case SetWidgetPosition:
+            return OB_FT_SetWidgetPosition(40, 50);
+        case Start:
+            return OB_FT_Start(nullptr, 0);
+        case Close:
+            return OB_FT_Close();
+        case UpdateFeatures:
+            m_invalidated = m_now->fake.count("invalidate"_s);
+            return OB_FT_UpdateFeatures();
+        default:
+            return OB_FT_Release();
+        }
+    }
+
+    // Whether the function has done what it is for.
+    bool isDone(int function) const
+    {
+        switch (function) {
+        case Init:
+            return MessageGuard::contains("called again without OB_FT_Release"_s);
+        case SetDeviceInfo:
+            return window()->cTitleText() == QLatin1String("Renamed");
+        case SetCallBackFunc:
+            return m_next->fake.callCount() > 0;
+        case SetWidgetSize:
+            return window()->size() == QSize(800, 600);
+        case SetTitleVisible:
+            return true;
+        case SetWidgetPosition:
+            return window()->pos() == QPoint(40, 50);
+        case Start:
+            return window()->isVisible();
+        case Close:
+            return !window()->isVisible();
+        case UpdateFeatures:
+            return m_now->fake.count("invalidate"_s) > m_invalidated;
+        default:
+            return OB_FT_SetTitleVisible(0) == -1;
+        }
+    }
+
+    // Calls from that place of the opened window, and leaves it.
+    void at(int place, const std::function<void()>& call)
+    {
+        bool called = false;
+        const auto once = [&] {
+            call();
+            called = true;
+        };
+        const auto inDialog = [&] {
+            QTimer::singleShot(0, [&] {
+                QVERIFY(QTest::qWaitFor([] { return QApplication::activeModalWidget(); }));
+                once();
+                while (QWidget* modal = QApplication::activeModalWidget())
+                    modal->close();
+            });
+        };
+        switch (place) {
+        case Idle:
+        case WhileReading:
+            once();
+            break;
+        case NestedLoop:
+        case InSet: {
+            const auto nested = [&] {
+                QEventLoop loop;
+                QTimer::singleShot(0, &loop, [&] {
+                    once();
+                    loop.quit();
+                });
+                loop.exec();
+            };
+            m_now->inNext(InSet, place == InSet ? std::function<void()>(once) : nested);
+            // A check box of the shown group: the click goes the whole road through the delegate.
+            QWidget* editor = nullptr;
+            QTRY_VERIFY((editor = tree()->findChild<QWidget*>("Feature00012"_s)));
+            QTRY_VERIFY(editor->isEnabled());
+            QTest::mouseClick(editor, Qt::LeftButton);
+            break;
+        }
+        case InInvalidate:
+            m_now->inNext(InInvalidate, once);
+            OB_FT_UpdateFeatures();
+            break;
+        case InAction:
+            m_now->inNext(InAction, once);
+            OB_FT_Close();
+            break;
+        case InGet:
+        case InMode:
+            m_now->inNext(static_cast<Place>(place), once);
+            m_now->install();
+            break;
+        case MessageBox:
+            inDialog();
+            window()->onSaveFeatures();
+            break;
+        case FileDialog:
+            inDialog();
+            window()->findChild<QLUTDrawWidget*>()->LoadFromFile();
+            break;
+        case ContextMenu: {
+            ORXFeatureTreeView* view = tree()->treeView();
+            const QModelIndex row = rowOf(view, "Feature00012");
+            QVERIFY(row.isValid());
+            tree()->OnTreeFeaturesCustomContextMenuRequested(view->visualRect(row).center());
+            QVERIFY(QApplication::activePopupWidget());
+            once();
+            while (QWidget* popup = QApplication::activePopupWidget())
+                popup->close();
+            break;
+        }
+        case ComboList: {
+            QComboBox* list = nullptr;
+            QTRY_VERIFY((list = tree()->findChild<QComboBox*>("Feature00024"_s)));
+            list->showPopup();
+            QVERIFY(QApplication::activePopupWidget());
+            once();
+            while (QWidget* popup = QApplication::activePopupWidget())
+                popup->close();
+            break;
+        }
+        case ReadingThread:
+            m_now->inNext(ReadingThread, [&] {
+                call();
+                QMetaObject::invokeMethod(qApp, [&] { called = true; });
+            });
+            tree()->RefreshFeatures();
+            QTRY_VERIFY(called);
+            break;
+        default:
+            std::thread(once).join();
+            break;
+        }
+        QVERIFY(called);
+    }
+
+    static QModelIndex rowOf(ORXFeatureTreeView* view, const char* name)
+    {
+        const QAbstractItemModel* model = view->model();
+        const QModelIndexList found =
+            model->match(model->index(0, 0), Qt::DisplayRole,
+                         tree()->propertyItemByName(QString::fromLatin1(name))->value()->displayName(),
+                         1, Qt::MatchRecursive | Qt::MatchExactly);
+        return found.isEmpty() ? QModelIndex() : found.first();
+    }
+
+    // What a user of the opening has: a window with rows, read from that host, which alone is called.
+    void checkOpening(Host& host)
+    {
+        QVERIFY(wasRead());
+        QVERIFY(window()->isVisible());
+        QCOMPARE(window()->CurrentCameraID(), qint64(1));
+        QCOMPARE(tree()->AllTreeItemsMap().size(), 66);
+        QVERIFY(window()->featureGroup(1)->groupView()->model()->rowCount() > 1);
+        QVERIFY(tree()->treeView()->model()->rowCount() > 1);
+        QTRY_VERIFY(tree()->findChild<QWidget*>("Feature00012"_s));
+        QVERIFY(host.fake.writes().isEmpty());
+        QCOMPARE(host.fake.count("invalidate"_s), 0);
+        QCOMPARE(host.fake.count("action 1"_s), 0);
+    }
+
+    std::unique_ptr<Host> m_now;
+    std::unique_ptr<Host> m_next;
+    int m_invalidated = 0;
+
+private slots:
+    void releases_data()
+    {
+        static const char* const kReopenings[] = {"opened in place", "opened before events run",
+                                                  "opened later"};
+        const Rows<int, int> row("place", "reopening");
+        for (int place = Idle; place < ReadingThread; ++place) {
+            for (int reopening = InPlace; reopening <= AfterEvents; ++reopening) {
+                if (place != Drag)
+                    row(qPrintable("%1, %2"_s.arg(QLatin1String(kPlaces[place]),
+                                                  QLatin1String(kReopenings[reopening]))),
+                        place, reopening);
+            }
+        }
+    }
+
+    void releases()
+    {
+        QFETCH(int, place);
+        QFETCH(int, reopening);
+        open(*m_now);
+        if (place != WhileReading)
+            QVERIFY(wasRead());
+        const QPointer<ORXMainFeatureWidget> old(window());
+        qint64 calls = 0;
+        at(place, [&] {
+            QCOMPARE(OB_FT_Release(), 0);
+            QCOMPARE(OB_FT_SetTitleVisible(0), -1);
+            calls = m_now->fake.callCount();
+            if (reopening == InPlace)
+                open(*m_next);
+        });
+        if (QTest::currentTestFailed())
+            return;
+        if (reopening == BeforeEvents)
+            open(*m_next);
+        QTRY_VERIFY(!old);
+        if (reopening == AfterEvents)
+            open(*m_next);
+        checkOpening(*m_next);
+        QCOMPARE(m_now->fake.callCount(), calls);
+        OB_FT_Release();
+    }
+
+    // The action that the release itself causes.
+    void openingFromTheReleasesAction()
+    {
+        open(*m_now);
+        QVERIFY(wasRead());
+        const QPointer<ORXMainFeatureWidget> old(window());
+        m_now->inNext(InAction, [&] {
+            QCOMPARE(OB_FT_Close(), -1);
+            open(*m_next);
+        });
+        QCOMPARE(OB_FT_Release(), 0);
+        const qint64 calls = m_now->fake.callCount();
+        QTRY_VERIFY(!old);
+        checkOpening(*m_next);
+        QCOMPARE(m_now->fake.callCount(), calls);
+    }
+};
+
+OBFT_TEST_MAIN(TestLifetimes)
+#include "tst_lifetimes.moc"

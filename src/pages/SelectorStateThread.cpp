@@ -122,6 +122,9 @@ void SelectorStateThread::writeState(const SelectorJob& job)
             refused = written ? QString() : pair.enable;
         }
     }
+    // What a stop kept from the camera was refused by nobody.
+    if (!refused.isEmpty() && stopRequested())
+        return;
     answer({pair.selector, true, {}, job.entries.constFirst(), job.on, refused, error});
 }
 

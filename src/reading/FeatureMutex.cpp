@@ -41,8 +41,8 @@ void FeatureMutex::unlock()
     m_changed.notify_all();
 }
 
-bool FeatureMutex::isWaitedFor() const
+int FeatureMutex::waiting() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_queue.size() > 1;
+    return m_queue.empty() ? 0 : static_cast<int>(m_queue.size()) - 1;
 }

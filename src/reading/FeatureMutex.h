@@ -21,8 +21,8 @@ public:
     // Waits for its turn; gives up, with false, once `stop` is requested. Null never gives up.
     bool lock(const StopRequest* stop = nullptr);
     void unlock();
-    // Whether somebody waits while it is held.
-    bool isWaitedFor() const;
+    // How many wait while it is held.
+    int waiting() const;
 
 private:
     mutable std::mutex m_mutex;
@@ -54,7 +54,7 @@ public:
     // False when the wait was given up.
     bool holds() const { return m_bHolds; }
     // Whether somebody else waits for it.
-    bool isWaitedFor() const { return m_mutex && m_bHolds && m_mutex->isWaitedFor(); }
+    bool isWaitedFor() const { return m_mutex && m_bHolds && m_mutex->waiting() > 0; }
     // Lets those who wait go first, if anybody does. What the lock guards has to be in order.
     void giveWay()
     {

@@ -166,5 +166,5 @@ private:
     QString m_strPlaceholder;
 };
 
-// Deselects the text of an editor that shows one.
-void deselectEditorText(QWidget* editor);
+// Deselects the text of an editor that shows one, and brings its start into sight.
+void showEditorTextStart(QWidget* editor);

@@ -212,14 +212,10 @@ void ORXPropertyTreeDelegate::fillLineEdit(QWidget* editor, const Cell& cell, co
         return;
     const bool editable = isUsable(*cell.item);
     // What the user is typing must survive a value that arrives meanwhile.
-    if (editable && lineEdit->hasPendingEdit()) {
+    if (editable && lineEdit->hasPendingEdit())
         lineEdit->SetRollbackText(text, kind);
-    } else {
-        const bool changed = lineEdit->text() != text;
+    else
         lineEdit->SetText(text, kind);
-        if (changed)
-            lineEdit->setCursorPosition(0);
-    }
     lineEdit->setEnabled(editable);
     if (!editable)
         lineEdit->deselect();

@@ -24,7 +24,7 @@ struct MenuRow
 };
 
 const MenuRow kMenuRows[] = {
-    {ORXPropertyTreeItem::FavoriteItem, false, true, false, true},
+    {ORXPropertyTreeItem::FavoriteItem, false, true, true, true},
     {ORXPropertyTreeItem::FavoritesGroup, false, false, true, false},
     {ORXPropertyTreeItem::FeatureItem, true, false, false, true},
     {ORXPropertyTreeItem::CategoryItem, true, false, false, false}, // shown, but disabled
@@ -91,8 +91,11 @@ void FeatureFavorites::retranslate()
 
 QMenu* FeatureFavorites::menuAt(const QPoint& position)
 {
-    ORXPropertyTreeItem* item =
-        ORXPropertyTreeModel::itemFromIndex(m_pTree->treeView()->indexAt(position));
+    return menuFor(ORXPropertyTreeModel::itemFromIndex(m_pTree->treeView()->indexAt(position)));
+}
+
+QMenu* FeatureFavorites::menuFor(ORXPropertyTreeItem* item)
+{
     if (!item || !item->value())
         return nullptr;
     for (const MenuRow& row : kMenuRows) {

@@ -26,6 +26,7 @@ public:
     void retranslate();
     // Fits the menu to the item at the position; returns the menu, null without an item there.
     QMenu* menuAt(const QPoint& position);
+    QMenu* menuFor(ORXPropertyTreeItem* item);
 
     void addFavoriteItem(ORXPropertyTreeItem* item);
     void removeFavoriteItem(ORXPropertyTreeItem* favorite);

@@ -141,6 +141,7 @@ private:
     QModelIndex nextCell(const QModelIndex& cell, bool next) const;
     bool focusCell(const QModelIndex& cell, Qt::FocusReason reason);
     bool canIndexDrop(const QModelIndex& target, const QMimeData* mime) const;
+    ORXPropertyTreeItem* lastFavorite() const;
     bool showDropTarget(const QDropEvent* event);
     void clearDropTarget();
     QPixmap dragPicture(const QModelIndex& index);

@@ -3,6 +3,7 @@
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
 
+#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
@@ -99,6 +100,33 @@ private slots:
             QCoreApplication::processEvents();
             QCOMPARE(bar->value(), 0);
         }
+    }
+
+    void theColumnsFavoritesHaveAMenu()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        const auto* menu = window.tree()->findChild<QMenu*>("FavoritesMenu"_s);
+        const auto request = [&window](const QModelIndex& group) {
+            emit window.groups()->customContextMenuRequested(
+                window.groups()->visualRect(group).center());
+        };
+        OBDeviceControl::GetFavoritesFeatureMap()->append({"Gain"_s, "Gain"_s});
+        window.tree()->GenerateFavoritesItems();
+        request(window.group("DeviceControl"));
+        QVERIFY(!menu->isVisible());
+        const QModelIndex favorites =
+            window.groupModel()->index(0, 0, window.groupModel()->pageIndex(0));
+        request(favorites);
+        QVERIFY(menu->isVisible());
+        QStringList offered;
+        for (QAction* action : menu->actions()) {
+            if (action->isVisible() && action->isEnabled())
+                offered += action->text();
+        }
+        QCOMPARE(offered, QStringList("Remove All"_s));
+        menu->actions().last()->trigger();
+        QVERIFY(OBDeviceControl::GetFavoritesFeatureMap()->isEmpty());
+        QCOMPARE(window.tree()->rootItem()->child(0)->childCount(), 0);
     }
 
     void titleIsTheUsersName()

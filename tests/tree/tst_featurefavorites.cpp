@@ -45,17 +45,31 @@ class TestFeatureFavorites : public FeatureTreeTest
         menu->hide();
         return menu;
     }
+    QModelIndex indexOf(Item* item) { return m_tree->treeView()->treeModel()->indexFromItem(item, 0); }
+    // As when the side column shows the group.
+    void showFavoritesOnly()
+    {
+        const QVector<Item*> groups = m_tree->rootItem()->children();
+        for (Item* each : groups) {
+            each->setGroupVisible(each == group(), 1);
+            m_tree->treeView()->setRowHidden(indexOf(each).row(), {}, each != group());
+        }
+        QCoreApplication::processEvents();
+    }
+    // Without a target into the empty space below the rows.
     void drop(Item* moved, Item* target)
     {
         ORXFeatureTreeView* view = m_tree->treeView();
         const QScopedPointer<QMimeData> data(
             view->treeModel()->mimeData({view->treeModel()->indexFromItem(moved, 0)}));
-        const QPoint at = view->visualRect(view->treeModel()->indexFromItem(target, 0)).center();
+        const QPoint at = target ? view->visualRect(indexOf(target)).center()
+                                 : view->viewport()->rect().bottomLeft() - QPoint(-20, 20);
         QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(view->viewport(), &enter);
         QDragMoveEvent move(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(view->viewport(), &move);
-        const bool allowed = target->parent(Item::FeatureTreePage) == group() || target == group();
+        const bool allowed =
+            !target || target->parent(Item::FeatureTreePage) == group() || target == group();
         QCOMPARE(move.isAccepted(), allowed);
         QDropEvent dropped(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(view->viewport(), &dropped);
@@ -66,7 +80,7 @@ private slots:
     {
         // actions: of add, remove, remove all: hidden, enabled, disabled
         const Rows<int, bool, QString> row("type", "favorite", "actions");
-        row("favourite", Item::FavoriteItem, true, "heh");
+        row("favourite", Item::FavoriteItem, true, "hee");
         row("group", Item::FavoritesGroup, false, "hhe");
         row("feature", Item::FeatureItem, false, "ehh");
         row("feature that is a favourite", Item::FeatureItem, true, "dhh");
@@ -205,6 +219,26 @@ private slots:
         QCoreApplication::processEvents();
         drop(group()->child(0), item("ReverseX"));
         QCOMPARE(favorites(), before);
+    }
+
+    void belowTheLastFavoriteIsTheEnd()
+    {
+        setFavorites(words("Width Height Gain"));
+        showFavoritesOnly();
+        drop(group()->child(0), nullptr);
+        QCOMPARE(shownFavorites(m_tree.get()), words("Height Gain Width"));
+        QCOMPARE(favorites(), words("Height Gain Width"));
+        // A line below the last row shows where it goes to.
+        const QPoint at = m_tree->treeView()->viewport()->rect().bottomLeft() - QPoint(-20, 20);
+        const QScopedPointer<QMimeData> data(
+            m_tree->treeView()->treeModel()->mimeData({indexOf(group()->child(0))}));
+        const QImage idle = m_tree->treeView()->viewport()->grab().toImage();
+        QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_tree->treeView()->viewport(), &enter);
+        QVERIFY(m_tree->treeView()->viewport()->grab().toImage() != idle);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(m_tree->treeView()->viewport(), &leave);
+        QCOMPARE(m_tree->treeView()->viewport()->grab().toImage(), idle);
     }
 
     void favoritesOfAnotherTree()

@@ -10,6 +10,7 @@
 #include "tree/ORXFeatureTreeView.h"
 
 #include <QMenu>
+#include <QSet>
 
 namespace {
 
@@ -216,8 +217,23 @@ void FeatureFavorites::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTr
         favorites().insert(position, pair);
     // The moved favourite also stays at the end of the list; the group shows each name once.
     favorites().append(pair);
-    GenerateFavoritesItems();
+    orderItem(pair.first);
     m_pTree->notifyFavoriteFeatureChange();
+}
+
+// Moves the row to where the list has the name. All others stand in order, and what is being typed in
+// them stays.
+void FeatureFavorites::orderItem(const QString& name)
+{
+    QSet<QString> before;
+    const QList<FavoriteFeature> list = favorites();
+    for (const FavoriteFeature& favorite : list) {
+        if (favorite.first == name)
+            break;
+        if (m_items.contains(favorite.first))
+            before.insert(favorite.first);
+    }
+    m_pTree->treeView()->treeModel()->moveItem(m_items.value(name, nullptr), before.size());
 }
 
 void FeatureFavorites::forgetItems()

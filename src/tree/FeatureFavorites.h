@@ -47,6 +47,7 @@ public:
 
 private:
     ORXPropertyTreeItem* group() const;
+    void orderItem(const QString& name);
 
     ORXFeatureTree* m_pTree; // Not owned.
     QMap<QString, ORXPropertyTreeItem*> m_items; // Feature name to its copy. Owned by the group.

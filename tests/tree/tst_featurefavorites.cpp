@@ -241,6 +241,44 @@ private slots:
         QCOMPARE(m_tree->treeView()->viewport()->grab().toImage(), idle);
     }
 
+    void aMoveDisturbsNobody_data()
+    {
+        const Rows<int, int> row("from", "before");
+        row("up", 2, 0);
+        row("down", 0, 2);
+        row("to the end", 1, -1);
+    }
+
+    void aMoveDisturbsNobody()
+    {
+        QFETCH(int, from);
+        QFETCH(int, before);
+        readOnce();
+        setFavorites(words("Width Height Counter"));
+        showFavoritesOnly();
+        ORXFeatureTreeView* view = m_tree->treeView();
+        Item* moved = group()->child(from);
+        Item* edited = group()->child(from == 1 ? 0 : 1);
+        QTRY_VERIFY(view->editorOf(edited));
+        auto* spin = qobject_cast<ORXPropertySpinBox*>(view->editorOf(edited));
+        QTest::keyClicks(spin, "77"_s);
+        QVERIFY(spin->hasPendingEdit());
+        const QString typed = spin->text();
+        view->setCurrentIndex(indexOf(moved));
+        drop(moved, before < 0 ? nullptr : group()->child(before));
+        QCoreApplication::processEvents();
+        QVERIFY(Item::isAlive(moved));
+        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view->currentIndex()), moved);
+        QCOMPARE(view->editorOf(edited), spin);
+        QCOMPARE(spin->text(), typed);
+        QVERIFY(m_host.writes().isEmpty());
+        // The rows stand as the list says.
+        QCOMPARE(view->visualRect(indexOf(moved)).top() < view->visualRect(indexOf(edited)).top(),
+                 moved->indexInParent(Item::FeatureTreePage)
+                     < edited->indexInParent(Item::FeatureTreePage));
+        QVERIFY(shownFavorites(m_tree.get()) != words("Width Height Counter"));
+    }
+
     void favoritesOfAnotherTree()
     {
         const std::unique_ptr<ORXFeatureTree> other = makeTree(2);

@@ -140,12 +140,15 @@ void ORXPropertyTreeDelegate::fillEntries(QWidget* editor, const Cell& cell,
     // An equal list is left alone: the user may have it open right now.
     if (shown != texts) {
         comboBox->clear();
-        for (int i = 0; i < texts.size(); ++i)
+        for (int i = 0; i < texts.size(); ++i) {
             comboBox->addItem(withPalettes ? paletteIcon(i) : QIcon(), texts.at(i), QVariant());
+            comboBox->setItemData(i, texts.at(i), Qt::ToolTipRole);
+        }
     }
     const auto entry = value->valueMap();
     const auto current = entry.constFind(value->number());
     comboBox->setCurrentIndex(current == entry.constEnd() ? -1 : english.indexOf(*current));
+    comboBox->setToolTip(comboBox->currentText());
     comboBox->setEnabled(isUsable(*cell.item));
 }
 
@@ -316,6 +319,7 @@ void ORXPropertyTreeDelegate::setCustomWaterMarkEditorData(QWidget* editor, cons
     if (!value || !checkBox)
         return;
     checkBox->setText(value->toolTip(cell.column));
+    checkBox->setToolTip(checkBox->text());
     checkBox->setCheckState(static_cast<Qt::CheckState>(value->checkState(cell.column)));
     checkBox->setEnabled(isUsable(*cell.item) && !value->isColumnDisabled(cell.column));
 }

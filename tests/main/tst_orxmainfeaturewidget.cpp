@@ -2,6 +2,7 @@
 #include "CameraDescription.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
+#include "support/Rows.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -99,6 +100,28 @@ private slots:
             window.showGroup(next);
             QCoreApplication::processEvents();
             QCOMPARE(bar->value(), 0);
+        }
+    }
+
+    void tabsShowTheirWords_data()
+    {
+        const Rows<int> row("language");
+        row("English", 0);
+        row("Chinese", 1);
+    }
+
+    void tabsShowTheirWords()
+    {
+        QFETCH(int, language);
+        OpenedWindow window(*m_host, m_xml, language, QSize());
+        QCOMPARE(window.widget()->width(), 516);
+        OB_FT_SetWidgetSize(516, 400);
+        QCOMPARE(window.widget()->size(), QSize(516, 400));
+        QCoreApplication::processEvents();
+        for (int i = 0; i < 4; ++i) {
+            const auto* tab = window.widget()->findChild<QPushButton*>("FeatureTab%1"_s.arg(i));
+            QCOMPARE(tab->text(), tab->toolTip());
+            QVERIFY2(tab->width() >= tab->sizeHint().width(), qPrintable(tab->text()));
         }
     }
 

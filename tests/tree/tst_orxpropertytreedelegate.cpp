@@ -144,6 +144,20 @@ private slots:
         QCOMPARE(edit()->cursorPosition(), 0);
     }
 
+    void cutEntriesHaveAToolTip()
+    {
+        open({"Enumeration"_s});
+        Item* feature = item("Enumeration");
+        const QString longName(80, QLatin1Char('w'));
+        setEntries(feature, {longName, "Off"_s}, {}, {0, 1}, 0);
+        refill(feature);
+        auto* box = qobject_cast<QComboBox*>(editor("Enumeration"));
+        QCOMPARE(box->toolTip(), longName);
+        QCOMPARE(box->itemData(0, Qt::ToolTipRole).toString(), longName);
+        box->setCurrentIndex(1);
+        QCOMPARE(box->toolTip(), "Off"_s);
+    }
+
     void fillingNeverCommits_data() { tags(); }
     void fillingNeverCommits()
     {

@@ -94,8 +94,10 @@ void ZELCustomSpinBox64::showValue()
 {
     const QString text = QString::number(m_value);
     // Setting an equal text would still move the cursor.
-    if (lineEdit()->text() != text)
+    if (lineEdit()->text() != text) {
         lineEdit()->setText(text);
+        lineEdit()->setCursorPosition(0);
+    }
     update();
 }
 
@@ -168,6 +170,9 @@ void ZELCustomSpinBox64::focusOutEvent(QFocusEvent* event)
     // The context menu of the text takes the focus only for a moment.
     if (event->reason() != Qt::PopupFocusReason)
         commitText();
+    // The start of a long number says how large it is.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        lineEdit()->setCursorPosition(0);
     QAbstractSpinBox::focusOutEvent(event);
 }
 

@@ -108,6 +108,7 @@ private:
     void showTitle(qint64 key);
     void fillPrompt(ZELCustomMessageBox* box) const;
     void showTabs(qint64 key);
+    void showColumnMenu(qint64 key, const QPoint& position);
     void afterSearch(qint64 key, const QString& text);
     void showEmptyTexts(qint64 key);
     void goToHit(qint64 key, bool next);

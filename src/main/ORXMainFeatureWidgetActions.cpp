@@ -126,6 +126,19 @@ void ORXMainFeatureWidget::onTabIndexChange(int index)
     m_pTabs->setCurrent(index);
 }
 
+// The favourites have their menu where their name stands, too.
+void ORXMainFeatureWidget::showColumnMenu(qint64 key, const QPoint& position)
+{
+    const ORXFeatureGroup* group = m_groups.value(key, nullptr);
+    ORXFeatureTree* tree = m_trees.value(key, nullptr);
+    if (!group || !tree)
+        return;
+    const CFeatureGroupTreeView* column = group->groupView();
+    const ORXPropertyTreeItem* item = CFeatureGroupModel::itemFromIndex(column->indexAt(position));
+    if (item && item->itemType() == ORXPropertyTreeItem::FavoritesGroup)
+        tree->showFavoritesMenu(column->viewport()->mapToGlobal(position));
+}
+
 void ORXMainFeatureWidget::StartUpdateThread()
 {
     if (ORXFeatureTree* tree = currentTree())

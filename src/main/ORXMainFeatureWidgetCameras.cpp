@@ -151,6 +151,8 @@ ORXFeatureGroup* ORXMainFeatureWidget::featureGroup(qint64 key)
             });
     connect(group->groupView(), &CFeatureGroupTreeView::SigPageShown, this,
             [this, key] { showTabs(key); });
+    connect(group->groupView(), &QWidget::customContextMenuRequested, this,
+            [this, key](const QPoint& position) { showColumnMenu(key, position); });
     connect(group, &ORXFeatureGroup::SigSearched, this,
             [this, key](const QString& text) { afterSearch(key, text); });
     connect(group, &ORXFeatureGroup::SigGoToHits, this, [this, key] { goToHit(key, false); });

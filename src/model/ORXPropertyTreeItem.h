@@ -99,6 +99,7 @@ public:
     void addChild(ORXPropertyTreeItem* item);
     void insertChild(int index, ORXPropertyTreeItem* item);
     void removeChild(ORXPropertyTreeItem* item);
+    void moveChild(ORXPropertyTreeItem* item, int index); // to that index among the children
     void swapChild(ORXPropertyTreeItem* a, ORXPropertyTreeItem* b);
     ORXPropertyTreeItem* findChild(const QString& nodeName) const;
     void clear(); // destroys every child

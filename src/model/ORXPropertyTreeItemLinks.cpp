@@ -84,6 +84,14 @@ void ORXPropertyTreeItem::removeChild(ORXPropertyTreeItem* item)
     m_children.removeOne(item);
 }
 
+void ORXPropertyTreeItem::moveChild(ORXPropertyTreeItem* item, int index)
+{
+    const ItemStateLock lock;
+    const int from = m_children.indexOf(item);
+    if (from >= 0)
+        m_children.move(from, qBound(0, index, m_children.size() - 1));
+}
+
 void ORXPropertyTreeItem::swapChild(ORXPropertyTreeItem* a, ORXPropertyTreeItem* b)
 {
     const ItemStateLock lock;

@@ -83,6 +83,19 @@ void ORXPropertyTreeModel::removeItems(ORXPropertyTreeItem* parent, ORXPropertyT
     endRemoveRows();
 }
 
+void ORXPropertyTreeModel::moveItem(ORXPropertyTreeItem* item, int row)
+{
+    ORXPropertyTreeItem* parent = item ? item->parent(m_parentType) : nullptr;
+    const int from = item ? item->indexInParent(m_parentType) : -1;
+    if (!parent || from == row || row < 0 || row >= parent->childCount())
+        return;
+    const QModelIndex above = indexFromItem(parent, 0);
+    // The target is counted with the item still in its place.
+    beginMoveRows(above, from, from, above, row > from ? row + 1 : row);
+    parent->moveChild(item, row);
+    endMoveRows();
+}
+
 QModelIndex ORXPropertyTreeModel::index(int row, int column, const QModelIndex& parent) const
 {
     if (!m_pRootItem || row < 0 || column < 0 || column >= columnCount()

@@ -35,6 +35,8 @@ public:
     // Removes the row of `child` and detaches it; without a child, announces the removal of all
     // rows and detaches them, without destroying them.
     void removeItems(ORXPropertyTreeItem* parent, ORXPropertyTreeItem* child);
+    // Moves the row of an item to another place below its parent; `row` is where it stands then.
+    void moveItem(ORXPropertyTreeItem* item, int row);
 
     static bool isSameValue(const QString& tagName, const CTreeItemValue* value,
                             const QVariant& edited);

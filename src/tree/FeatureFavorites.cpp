@@ -11,6 +11,7 @@
 #include "tree/ORXFeatureTreeView.h"
 
 #include <QMenu>
+#include <QSet>
 
 namespace {
 
@@ -25,7 +26,7 @@ struct MenuRow
 };
 
 const MenuRow kMenuRows[] = {
-    {ORXPropertyTreeItem::FavoriteItem, false, true, false, true},
+    {ORXPropertyTreeItem::FavoriteItem, false, true, true, true},
     {ORXPropertyTreeItem::FavoritesGroup, false, false, true, false},
     {ORXPropertyTreeItem::FeatureItem, true, false, false, true},
     {ORXPropertyTreeItem::CategoryItem, true, false, false, false}, // shown, but disabled
@@ -92,8 +93,11 @@ void FeatureFavorites::retranslate()
 
 QMenu* FeatureFavorites::menuAt(const QPoint& position)
 {
-    ORXPropertyTreeItem* item =
-        ORXPropertyTreeModel::itemFromIndex(m_pTree->treeView()->indexAt(position));
+    return menuFor(ORXPropertyTreeModel::itemFromIndex(m_pTree->treeView()->indexAt(position)));
+}
+
+QMenu* FeatureFavorites::menuFor(ORXPropertyTreeItem* item)
+{
     if (!item || !item->value())
         return nullptr;
     for (const MenuRow& row : kMenuRows) {
@@ -218,8 +222,23 @@ void FeatureFavorites::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTr
         favorites().insert(position, pair);
     // The moved favourite also stays at the end of the list; the group shows each name once.
     favorites().append(pair);
-    GenerateFavoritesItems();
+    orderItem(pair.first);
     m_pTree->notifyFavoriteFeatureChange();
+}
+
+// Moves the row to where the list has the name. All others stand in order, and what is being typed in
+// them stays.
+void FeatureFavorites::orderItem(const QString& name)
+{
+    QSet<QString> before;
+    const QList<FavoriteFeature> list = favorites();
+    for (const FavoriteFeature& favorite : list) {
+        if (favorite.first == name)
+            break;
+        if (m_items.contains(favorite.first))
+            before.insert(favorite.first);
+    }
+    m_pTree->treeView()->treeModel()->moveItem(m_items.value(name, nullptr), before.size());
 }
 
 void FeatureFavorites::forgetItems()

@@ -26,6 +26,7 @@ public:
     void retranslate();
     // Fits the menu to the item at the position; returns the menu, null without an item there.
     QMenu* menuAt(const QPoint& position);
+    QMenu* menuFor(ORXPropertyTreeItem* item);
 
     void addFavoriteItem(ORXPropertyTreeItem* item);
     void removeFavoriteItem(ORXPropertyTreeItem* favorite);
@@ -46,6 +47,7 @@ public:
 
 private:
     ORXPropertyTreeItem* group() const;
+    void orderItem(const QString& name);
 
     ORXFeatureTree* m_pTree; // Not owned.
     QMap<QString, ORXPropertyTreeItem*> m_items; // Feature name to its copy. Owned by the group.

@@ -315,6 +315,13 @@ void ORXFeatureTree::OnTreeFeaturesCustomContextMenuRequested(const QPoint& posi
         menu->popup(treeView()->viewport()->mapToGlobal(position));
 }
 
+void ORXFeatureTree::showFavoritesMenu(const QPoint& globalPosition)
+{
+    ORXPropertyTreeItem* root = rootItem();
+    if (QMenu* menu = m_pFavorites->menuFor(root ? root->child(0) : nullptr))
+        menu->popup(globalPosition);
+}
+
 void ORXFeatureTree::OnActionFavoriteAdd() { m_pFavorites->addContextItem(); }
 
 void ORXFeatureTree::OnActionFavoriteRemove() { m_pFavorites->removeContextItem(); }

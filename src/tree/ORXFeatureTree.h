@@ -107,6 +107,8 @@ public:
 
     // Favourites, user level, timers --------------------------------------------------------------
     bool IsFavoritesItem(const QString& name) const;
+    // The context menu of the favourites group, for whoever shows its name.
+    void showFavoritesMenu(const QPoint& globalPosition);
     void addFavoriteItem(ORXPropertyTreeItem* item);
     void removeFavoriteItem(ORXPropertyTreeItem* favorite);
     void removeAllFavoriteItems();

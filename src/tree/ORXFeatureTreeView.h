@@ -110,6 +110,7 @@ protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void updateEditorGeometries() override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void keyboardSearch(const QString& search) override;
     void startDrag(Qt::DropActions actions) override;
     void drawBranches(QPainter* painter, const QRect& rect,
                       const QModelIndex& index) const override;
@@ -140,6 +141,7 @@ private:
     QModelIndex nextCell(const QModelIndex& cell, bool next) const;
     bool focusCell(const QModelIndex& cell, Qt::FocusReason reason);
     bool canIndexDrop(const QModelIndex& target, const QMimeData* mime) const;
+    ORXPropertyTreeItem* lastFavorite() const;
     bool showDropTarget(const QDropEvent* event);
     void clearDropTarget();
     QPixmap dragPicture(const QModelIndex& index);
@@ -165,5 +167,5 @@ private:
     QString m_strPlaceholder;
 };
 
-// Deselects the text of an editor that shows one.
-void deselectEditorText(QWidget* editor);
+// Deselects the text of an editor that shows one, and brings its start into sight.
+void showEditorTextStart(QWidget* editor);

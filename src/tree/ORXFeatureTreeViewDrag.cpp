@@ -38,17 +38,36 @@ bool ORXFeatureTreeView::canIndexDrop(const QModelIndex& target, const QMimeData
         return false;
     const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(target);
     if (!item)
-        return false;
+        return lastFavorite();
     const ORXPropertyTreeItem* parent = item->parent(m_pageType);
     return item->itemType() == ORXPropertyTreeItem::FavoritesGroup
            || (parent && parent->itemType() == ORXPropertyTreeItem::FavoritesGroup);
+}
+
+// The last shown favourite when nothing else stands below the favourites, so that the empty space is
+// theirs.
+ORXPropertyTreeItem* ORXFeatureTreeView::lastFavorite() const
+{
+    ORXPropertyTreeItem* group = m_pRootItem ? m_pRootItem->child(0) : nullptr;
+    if (!group || group->itemType() != ORXPropertyTreeItem::FavoritesGroup)
+        return nullptr;
+    for (int row = 1; row < m_pRootItem->childCount(); ++row) {
+        if (!isRowHidden(row, QModelIndex()))
+            return nullptr;
+    }
+    for (int row = group->childCount() - 1; row >= 0; --row) {
+        if (!isRowHidden(row, m_pModel->indexFromItem(group, 0)))
+            return group->child(row);
+    }
+    return nullptr;
 }
 
 bool ORXFeatureTreeView::showDropTarget(const QDropEvent* event)
 {
     const QModelIndex target = indexAt(event->pos());
     const bool allowed = canIndexDrop(target, event->mimeData());
-    m_pDelegate->setCurMoveItem(allowed ? ORXPropertyTreeModel::itemFromIndex(target) : nullptr);
+    ORXPropertyTreeItem* before = ORXPropertyTreeModel::itemFromIndex(target);
+    m_pDelegate->setCurMoveItem(!allowed ? nullptr : before ? before : lastFavorite(), !before);
     if (allowed || m_bDropShown)
         viewport()->update();
     m_bDropShown = allowed;

@@ -17,12 +17,15 @@ bool hasNameEditor(const ORXPropertyTreeItem& item)
 
 } // namespace
 
-void deselectEditorText(QWidget* editor)
+void showEditorTextStart(QWidget* editor)
 {
-    if (auto* lineEdit = qobject_cast<QLineEdit*>(editor))
-        lineEdit->deselect();
-    else if (auto* inner = editor ? editor->findChild<QLineEdit*>() : nullptr)
-        inner->deselect();
+    auto* lineEdit = qobject_cast<QLineEdit*>(editor);
+    if (!lineEdit && editor)
+        lineEdit = editor->findChild<QLineEdit*>();
+    if (!lineEdit)
+        return;
+    lineEdit->deselect();
+    lineEdit->setCursorPosition(0);
 }
 
 QWidget* ORXFeatureTreeView::editorOf(ORXPropertyTreeItem* item, int column) const
@@ -128,7 +131,8 @@ void ORXFeatureTreeView::openEditors(ORXPropertyTreeItem* item)
     for (int column = hasNameEditor(*item) ? 0 : 1; column < 2; ++column) {
         const QModelIndex cell = m_pModel->indexFromItem(item, column);
         openPersistentEditor(cell);
-        deselectEditorText(indexWidget(cell));
+        // Opening it has selected all of its text.
+        showEditorTextStart(indexWidget(cell));
     }
 }
 

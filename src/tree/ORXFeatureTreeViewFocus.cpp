@@ -148,6 +148,14 @@ QModelIndex ORXFeatureTreeView::moveCursor(CursorAction action, Qt::KeyboardModi
     return from;
 }
 
+void ORXFeatureTreeView::keyboardSearch(const QString& search)
+{
+    const QPersistentModelIndex before = currentIndex();
+    QTreeView::keyboardSearch(search);
+    if (isThin(currentIndex()))
+        setCurrentIndex(before);
+}
+
 void ORXFeatureTreeView::keyPressEvent(QKeyEvent* event)
 {
     // Keys that an editor left over are not for the rows, but for the way back to them.

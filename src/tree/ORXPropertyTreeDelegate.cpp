@@ -121,7 +121,11 @@ ORXPropertyTreeDelegate::~ORXPropertyTreeDelegate()
 
 void ORXPropertyTreeDelegate::setIsCanEdit(bool canEdit) { m_bCanEdit = canEdit; }
 
-void ORXPropertyTreeDelegate::setCurMoveItem(ORXPropertyTreeItem* item) { m_pCurMoveItem = item; }
+void ORXPropertyTreeDelegate::setCurMoveItem(ORXPropertyTreeItem* item, bool below)
+{
+    m_pCurMoveItem = item;
+    m_bMoveBelow = below;
+}
 
 void ORXPropertyTreeDelegate::clearInfo() { m_nInfo = 0; }
 

@@ -32,8 +32,8 @@ public:
     ~ORXPropertyTreeDelegate() override;
 
     void setIsCanEdit(bool canEdit);
-    // The row that shows the drop line; null for none. Not owned.
-    void setCurMoveItem(ORXPropertyTreeItem* item);
+    // The row that shows the drop line, above it or below; null for none. Not owned.
+    void setCurMoveItem(ORXPropertyTreeItem* item, bool below = false);
     void clearInfo();
     // Whether value cells of the tag have an editor.
     static bool hasEditor(FeatureTag tag);
@@ -149,5 +149,6 @@ private:
     int m_nInfo = 0;
     mutable QTimer m_commandTimer;
     ORXPropertyTreeItem* m_pCurMoveItem = nullptr; // Not owned.
+    bool m_bMoveBelow = false;
     bool m_bDestroying = false;
 };

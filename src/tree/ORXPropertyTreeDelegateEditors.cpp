@@ -140,12 +140,15 @@ void ORXPropertyTreeDelegate::fillEntries(QWidget* editor, const Cell& cell,
     // An equal list is left alone: the user may have it open right now.
     if (shown != texts) {
         comboBox->clear();
-        for (int i = 0; i < texts.size(); ++i)
+        for (int i = 0; i < texts.size(); ++i) {
             comboBox->addItem(withPalettes ? paletteIcon(i) : QIcon(), texts.at(i), QVariant());
+            comboBox->setItemData(i, texts.at(i), Qt::ToolTipRole);
+        }
     }
     const auto entry = value->valueMap();
     const auto current = entry.constFind(value->number());
     comboBox->setCurrentIndex(current == entry.constEnd() ? -1 : english.indexOf(*current));
+    comboBox->setToolTip(comboBox->currentText());
     comboBox->setEnabled(isUsable(*cell.item));
 }
 
@@ -212,14 +215,10 @@ void ORXPropertyTreeDelegate::fillLineEdit(QWidget* editor, const Cell& cell, co
         return;
     const bool editable = isUsable(*cell.item);
     // What the user is typing must survive a value that arrives meanwhile.
-    if (editable && lineEdit->hasPendingEdit()) {
+    if (editable && lineEdit->hasPendingEdit())
         lineEdit->SetRollbackText(text, kind);
-    } else {
-        const bool changed = lineEdit->text() != text;
+    else
         lineEdit->SetText(text, kind);
-        if (changed)
-            lineEdit->setCursorPosition(0);
-    }
     lineEdit->setEnabled(editable);
     if (!editable)
         lineEdit->deselect();
@@ -320,6 +319,7 @@ void ORXPropertyTreeDelegate::setCustomWaterMarkEditorData(QWidget* editor, cons
     if (!value || !checkBox)
         return;
     checkBox->setText(value->toolTip(cell.column));
+    checkBox->setToolTip(checkBox->text());
     checkBox->setCheckState(static_cast<Qt::CheckState>(value->checkState(cell.column)));
     checkBox->setEnabled(isUsable(*cell.item) && !value->isColumnDisabled(cell.column));
 }

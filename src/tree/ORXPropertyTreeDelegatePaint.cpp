@@ -125,8 +125,8 @@ void ORXPropertyTreeDelegate::paintDropLine(QPainter* painter,
     pen.setDashPattern({3, 2});
     painter->save();
     painter->setPen(pen);
-    painter->drawLine(option.rect.left(), option.rect.top(), option.rect.right() + 1,
-                      option.rect.top());
+    const int y = m_bMoveBelow ? option.rect.bottom() : option.rect.top();
+    painter->drawLine(option.rect.left(), y, option.rect.right() + 1, y);
     painter->restore();
 }
 

@@ -5,6 +5,7 @@
 #include "device/ORXListenTools.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QVariant>
 
 #include <cmath>
@@ -35,8 +36,15 @@ void QPropertyLineEdit::SetText(const QString& text, int kind)
     m_strLastText = text;
     // Setting an equal text would lose the cursor and the selection.
     if (this->text() != text)
-        setText(text);
+        showText(text);
     setModified(false);
+}
+
+// The start of a long text says more than its end, where the cursor comes to stand.
+void QPropertyLineEdit::showText(const QString& text)
+{
+    setText(text);
+    setCursorPosition(0);
 }
 
 void QPropertyLineEdit::SetRollbackText(const QString& text, int kind)
@@ -70,7 +78,7 @@ void QPropertyLineEdit::SetStringLength(int length)
 
 void QPropertyLineEdit::Rollback()
 {
-    setText(m_strLastText);
+    showText(m_strLastText);
     setModified(false);
 }
 
@@ -106,14 +114,14 @@ bool QPropertyLineEdit::SaveProperty(QVariant& value)
 void QPropertyLineEdit::restoreIfEmpty()
 {
     if (text().isEmpty())
-        setText(m_strLastText);
+        showText(m_strLastText);
 }
 
 bool QPropertyLineEdit::saveText(QVariant& value)
 {
     const QString cut = ORXInterface::cutString(text(), m_nStringLength - 1);
     if (cut != text())
-        setText(cut);
+        showText(cut);
     value = cut;
     return true;
 }
@@ -141,7 +149,7 @@ bool QPropertyLineEdit::saveDecimal(QVariant& value)
     qint64 number = text().trimmed().toLongLong();
     number = qMin(number, m_nMaxValue);
     number = qMax(number, m_nMinValue);
-    setText(QString::number(number));
+    showText(QString::number(number));
     value = number;
     return true;
 }
@@ -205,6 +213,16 @@ void QPropertyLineEdit::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
         resetToolTip();
     ZELCustomLineEdit::changeEvent(event);
+}
+
+void QPropertyLineEdit::focusOutEvent(QFocusEvent* event)
+{
+    // The user may come back to where he was from a menu or another window.
+    const bool leaves =
+        event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
+    if (leaves)
+        setCursorPosition(0);
+    ZELCustomLineEdit::focusOutEvent(event);
 }
 
 int QPropertyLineEdit::notify(int code, void*)

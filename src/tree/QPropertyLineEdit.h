@@ -28,7 +28,7 @@ public:
     QPropertyLineEdit(QWidget* parent, StyleSelector style);
     ~QPropertyLineEdit() override;
 
-    // Shows the text; it is what Rollback() comes back to.
+    // Shows the text from its start; it is what Rollback() comes back to.
     void SetText(const QString& text, int kind);
     // The same without touching what is shown: the value changed while the user was typing.
     void SetRollbackText(const QString& text, int kind);
@@ -50,6 +50,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     bool saveText(QVariant& value);
@@ -60,6 +61,7 @@ private:
     bool saveSubnetMask(QVariant& value);
     bool saveIfAddress(bool valid, QVariant& value);
     void restoreIfEmpty();
+    void showText(const QString& text);
 
     int m_nKind = Text;
     QString m_strLastText;

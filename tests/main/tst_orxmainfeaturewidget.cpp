@@ -2,7 +2,9 @@
 #include "CameraDescription.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
+#include "support/Rows.h"
 
+#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
@@ -99,6 +101,55 @@ private slots:
             QCoreApplication::processEvents();
             QCOMPARE(bar->value(), 0);
         }
+    }
+
+    void tabsShowTheirWords_data()
+    {
+        const Rows<int> row("language");
+        row("English", 0);
+        row("Chinese", 1);
+    }
+
+    void tabsShowTheirWords()
+    {
+        QFETCH(int, language);
+        OpenedWindow window(*m_host, m_xml, language, QSize());
+        QCOMPARE(window.widget()->width(), 516);
+        OB_FT_SetWidgetSize(516, 400);
+        QCOMPARE(window.widget()->size(), QSize(516, 400));
+        QCoreApplication::processEvents();
+        for (int i = 0; i < 4; ++i) {
+            const auto* tab = window.widget()->findChild<QPushButton*>("FeatureTab%1"_s.arg(i));
+            QCOMPARE(tab->text(), tab->toolTip());
+            QVERIFY2(tab->width() >= tab->sizeHint().width(), qPrintable(tab->text()));
+        }
+    }
+
+    void theColumnsFavoritesHaveAMenu()
+    {
+        OpenedWindow window(*m_host, m_xml);
+        const auto* menu = window.tree()->findChild<QMenu*>("FavoritesMenu"_s);
+        const auto request = [&window](const QModelIndex& group) {
+            emit window.groups()->customContextMenuRequested(
+                window.groups()->visualRect(group).center());
+        };
+        OBDeviceControl::GetFavoritesFeatureMap()->append({"Gain"_s, "Gain"_s});
+        window.tree()->GenerateFavoritesItems();
+        request(window.group("DeviceControl"));
+        QVERIFY(!menu->isVisible());
+        const QModelIndex favorites =
+            window.groupModel()->index(0, 0, window.groupModel()->pageIndex(0));
+        request(favorites);
+        QVERIFY(menu->isVisible());
+        QStringList offered;
+        for (QAction* action : menu->actions()) {
+            if (action->isVisible() && action->isEnabled())
+                offered += action->text();
+        }
+        QCOMPARE(offered, QStringList("Remove All"_s));
+        menu->actions().last()->trigger();
+        QVERIFY(OBDeviceControl::GetFavoritesFeatureMap()->isEmpty());
+        QCOMPARE(window.tree()->rootItem()->child(0)->childCount(), 0);
     }
 
     void titleIsTheUsersName()

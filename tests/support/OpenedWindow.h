@@ -17,17 +17,20 @@
 
 // The window, opened through the exported functions on a host in memory, as a host does it.
 // Released again when it goes.
+// Without a size it keeps its own.
 class OpenedWindow
 {
 public:
-    OpenedWindow(FakeHost& host, const QByteArray& description, int language = 0)
+    OpenedWindow(FakeHost& host, const QByteArray& description, int language = 0,
+                 const QSize& size = QSize(900, 700))
     {
         OB_FT_Init(description.constData(), nullptr, nullptr);
         _OB_FT_DEVICEINFO_ info = {};
         qstrncpy(info.deviceName, "Test camera", sizeof(info.deviceName));
         OB_FT_SetDeviceInfo(&info);
         host.installInWindow();
-        OB_FT_SetWidgetSize(900, 700);
+        if (size.isValid())
+            OB_FT_SetWidgetSize(size.width(), size.height());
         OB_FT_SetWidgetPosition(10, 10);
         OB_FT_Start(nullptr, language);
     }

@@ -45,17 +45,31 @@ class TestFeatureFavorites : public FeatureTreeTest
         menu->hide();
         return menu;
     }
+    QModelIndex indexOf(Item* item) { return m_tree->treeView()->treeModel()->indexFromItem(item, 0); }
+    // As when the side column shows the group.
+    void showFavoritesOnly()
+    {
+        const QVector<Item*> groups = m_tree->rootItem()->children();
+        for (Item* each : groups) {
+            each->setGroupVisible(each == group(), 1);
+            m_tree->treeView()->setRowHidden(indexOf(each).row(), {}, each != group());
+        }
+        QCoreApplication::processEvents();
+    }
+    // Without a target into the empty space below the rows.
     void drop(Item* moved, Item* target)
     {
         ORXFeatureTreeView* view = m_tree->treeView();
         const QScopedPointer<QMimeData> data(
             view->treeModel()->mimeData({view->treeModel()->indexFromItem(moved, 0)}));
-        const QPoint at = view->visualRect(view->treeModel()->indexFromItem(target, 0)).center();
+        const QPoint at = target ? view->visualRect(indexOf(target)).center()
+                                 : view->viewport()->rect().bottomLeft() - QPoint(-20, 20);
         QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(view->viewport(), &enter);
         QDragMoveEvent move(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(view->viewport(), &move);
-        const bool allowed = target->parent(Item::FeatureTreePage) == group() || target == group();
+        const bool allowed =
+            !target || target->parent(Item::FeatureTreePage) == group() || target == group();
         QCOMPARE(move.isAccepted(), allowed);
         QDropEvent dropped(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(view->viewport(), &dropped);
@@ -66,7 +80,7 @@ private slots:
     {
         // actions: of add, remove, remove all: hidden, enabled, disabled
         const Rows<int, bool, QString> row("type", "favorite", "actions");
-        row("favourite", Item::FavoriteItem, true, "heh");
+        row("favourite", Item::FavoriteItem, true, "hee");
         row("group", Item::FavoritesGroup, false, "hhe");
         row("feature", Item::FeatureItem, false, "ehh");
         row("feature that is a favourite", Item::FeatureItem, true, "dhh");
@@ -205,6 +219,64 @@ private slots:
         QCoreApplication::processEvents();
         drop(group()->child(0), item("ReverseX"));
         QCOMPARE(favorites(), before);
+    }
+
+    void belowTheLastFavoriteIsTheEnd()
+    {
+        setFavorites(words("Width Height Gain"));
+        showFavoritesOnly();
+        drop(group()->child(0), nullptr);
+        QCOMPARE(shownFavorites(m_tree.get()), words("Height Gain Width"));
+        QCOMPARE(favorites(), words("Height Gain Width"));
+        // A line below the last row shows where it goes to.
+        const QPoint at = m_tree->treeView()->viewport()->rect().bottomLeft() - QPoint(-20, 20);
+        const QScopedPointer<QMimeData> data(
+            m_tree->treeView()->treeModel()->mimeData({indexOf(group()->child(0))}));
+        const QImage idle = m_tree->treeView()->viewport()->grab().toImage();
+        QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_tree->treeView()->viewport(), &enter);
+        QVERIFY(m_tree->treeView()->viewport()->grab().toImage() != idle);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(m_tree->treeView()->viewport(), &leave);
+        QCOMPARE(m_tree->treeView()->viewport()->grab().toImage(), idle);
+    }
+
+    void aMoveDisturbsNobody_data()
+    {
+        const Rows<int, int> row("from", "before");
+        row("up", 2, 0);
+        row("down", 0, 2);
+        row("to the end", 1, -1);
+    }
+
+    void aMoveDisturbsNobody()
+    {
+        QFETCH(int, from);
+        QFETCH(int, before);
+        readOnce();
+        setFavorites(words("Width Height Counter"));
+        showFavoritesOnly();
+        ORXFeatureTreeView* view = m_tree->treeView();
+        Item* moved = group()->child(from);
+        Item* edited = group()->child(from == 1 ? 0 : 1);
+        QTRY_VERIFY(view->editorOf(edited));
+        auto* spin = qobject_cast<ORXPropertySpinBox*>(view->editorOf(edited));
+        QTest::keyClicks(spin, "77"_s);
+        QVERIFY(spin->hasPendingEdit());
+        const QString typed = spin->text();
+        view->setCurrentIndex(indexOf(moved));
+        drop(moved, before < 0 ? nullptr : group()->child(before));
+        QCoreApplication::processEvents();
+        QVERIFY(Item::isAlive(moved));
+        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view->currentIndex()), moved);
+        QCOMPARE(view->editorOf(edited), spin);
+        QCOMPARE(spin->text(), typed);
+        QVERIFY(m_host.writes().isEmpty());
+        // The rows stand as the list says.
+        QCOMPARE(view->visualRect(indexOf(moved)).top() < view->visualRect(indexOf(edited)).top(),
+                 moved->indexInParent(Item::FeatureTreePage)
+                     < edited->indexInParent(Item::FeatureTreePage));
+        QVERIFY(shownFavorites(m_tree.get()) != words("Width Height Counter"));
     }
 
     void favoritesOfAnotherTree()

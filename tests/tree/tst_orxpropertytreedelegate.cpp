@@ -2,7 +2,9 @@
 #include "basetools/ORXInterface.h"
 #include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
+#include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
+#include "model/CTreeStringItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomComboBox.h"
 #include "styledctl/ZELCustomPushButton.h"
@@ -11,6 +13,7 @@
 #include "tree/QPropertyLineEdit.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalSpy>
 
 namespace {
@@ -79,6 +82,80 @@ private slots:
         setInteger(width, 10, 0, 100, 1, typed ? "Linear" : "HexNumber");
         QVERIFY(width->endUpdateItem(1));
         QCOMPARE(qobject_cast<QPropertyLineEdit*>(editor("Integer")) != nullptr, !typed);
+    }
+
+    void longValuesShowTheirStart_data()
+    {
+        const Rows<QString, QString> row("tag", "representation");
+        row("text", "String", "");
+        row("float", "Float", "");
+        row("number in a spin box", "Integer", "");
+        row("hexadecimal", "Integer", "HexNumber");
+    }
+
+    void longValuesShowTheirStart()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, representation);
+        open({tag, "Boolean"_s});
+        Item* feature = m_page->item(tag);
+        const auto fill = [&](int round) {
+            if (auto* text = valueOf<CTreeStringItemValue>(feature))
+                text->setText(QString::number(round) + QString(60, QLatin1Char('w')), 64);
+            else if (valueOf<CTreeIntergerItemValue>(feature))
+                setInteger(feature, 1234567890 + round, 0, INT32_MAX, 1,
+                           representation.toLatin1().constData());
+            else
+                valueOf<CTreeFloatItemValue>(feature)->setNumbers(
+                    {1.5F + static_cast<float>(round), 0.0F, 100.0F});
+            refill(feature);
+        };
+        const auto edit = [&]() -> QLineEdit* {
+            QWidget* made = m_page->treeView()->editorOf(feature);
+            auto* plain = qobject_cast<QLineEdit*>(made);
+            return plain ? plain : made->findChild<QLineEdit*>();
+        };
+        fill(0);
+        m_page->treeView()->openPersistentEdit(feature, true);
+        QTRY_VERIFY(m_page->treeView()->editorOf(feature));
+        QCOMPARE(edit()->cursorPosition(), 0);
+        fill(1);
+        QCOMPARE(edit()->cursorPosition(), 0);
+        QEvent language(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(m_page->treeView(), &language);
+        QCOMPARE(edit()->cursorPosition(), 0);
+
+        // Not from under the hands of the user.
+        edit()->setFocus();
+        edit()->selectAll();
+        QTest::keyClicks(edit(), "57"_s);
+        fill(2);
+        QCOMPARE(edit()->text(), "57"_s);
+        QCOMPARE(edit()->cursorPosition(), 2);
+        QTest::keyClick(edit(), Qt::Key_Return);
+        QCOMPARE(m_page->writes.size(), 1);
+        editor("Boolean")->setFocus();
+        QCOMPARE(edit()->cursorPosition(), 0);
+        fill(3);
+        QCOMPARE(edit()->cursorPosition(), 0);
+        edit()->setFocus();
+        QTest::keyClick(edit(), Qt::Key_End);
+        editor("Boolean")->setFocus();
+        QCOMPARE(edit()->cursorPosition(), 0);
+    }
+
+    void cutEntriesHaveAToolTip()
+    {
+        open({"Enumeration"_s});
+        Item* feature = item("Enumeration");
+        const QString longName(80, QLatin1Char('w'));
+        setEntries(feature, {longName, "Off"_s}, {}, {0, 1}, 0);
+        refill(feature);
+        auto* box = qobject_cast<QComboBox*>(editor("Enumeration"));
+        QCOMPARE(box->toolTip(), longName);
+        QCOMPARE(box->itemData(0, Qt::ToolTipRole).toString(), longName);
+        box->setCurrentIndex(1);
+        QCOMPARE(box->toolTip(), "Off"_s);
     }
 
     void fillingNeverCommits_data() { tags(); }

@@ -19,6 +19,16 @@ protected:
     void prepare() override { ApplicationSetup::runOnce(); }
 
 private slots:
+    void theStartOfATextShows()
+    {
+        QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
+        edit.SetText("-12345.6789"_s, QPropertyLineEdit::Float);
+        QCOMPARE(edit.cursorPosition(), 0);
+        edit.end(false);
+        edit.Rollback();
+        QCOMPARE(edit.cursorPosition(), 0);
+    }
+
     void saving_data()
     {
         using Kind = QPropertyLineEdit::ValueKind;
@@ -231,6 +241,7 @@ private slots:
     {
         QPropertyLineEdit edit(nullptr, ZELCustomLineEdit::Style_Cell);
         edit.SetText("a"_s, QPropertyLineEdit::Text);
+        edit.end(false);
         QTest::keyClicks(&edit, "b"_s);
         QVERIFY(edit.hasPendingEdit()); // another window may have the focus for a while
         edit.SetRollbackText("new"_s, QPropertyLineEdit::Text);

@@ -2,6 +2,7 @@
 // The keyboard in a page's view: from row to row, from editor to editor, and between them.
 #include "api/ApplicationSetup.h"
 #include "model/CTreeCustomWaterMarkItemValue.h"
+#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/Rows.h"
 #include "support/TestMain.h"
@@ -62,6 +63,7 @@ private slots:
         row("Page Up", Qt::Key_PageUp);
         row("Left", Qt::Key_Left);
         row("Minus", Qt::Key_Minus);
+        row("first letter of its name", Qt::Key_G);
     }
 
     // It is a line of one pixel: the side column names the group.
@@ -69,6 +71,7 @@ private slots:
     {
         QFETCH(int, key);
         openRows(20);
+        m_group->value()->setDisplayName("Group"_s);
         view()->clearFocus();
         view()->selectionModel()->clear();
         view()->setFocus();

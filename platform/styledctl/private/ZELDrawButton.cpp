@@ -41,7 +41,9 @@ void buttonLabel(const QStyleOptionButton& option, QPainter* painter, const QWid
     const ZELState state(option);
     const auto* button = qobject_cast<const ZELCustomPushButton*>(widget);
     const int align = button ? button->cIconAlign() : int(ZELCustomPushButton::Align_BesideText);
-    const QRect inside = option.rect.adjusted(kEditInset, 0, -kEditInset, 0);
+    const bool tab = button && button->cStyle() == ZELCustomPushButton::Style_Tab;
+    const int inset = tab ? kTabInset : kEditInset;
+    const QRect inside = option.rect.adjusted(inset, 0, -inset, 0);
     const bool hasIcon = !option.icon.isNull();
     const bool hasText = !option.text.isEmpty();
     const int gap = hasIcon && hasText ? kIconGap : 0;

@@ -8,6 +8,7 @@ constexpr int kControlHeight = 32; // buttons, boxes and edits at the usual font
 constexpr int kTextPadding = 12;   // added to the font's height for a control's height
 constexpr int kEditInset = 8;      // frame to text of edits
 constexpr int kButtonInset = 16;   // frame to text of buttons
+constexpr int kTabInset = 4;       // edge to text of tabs
 constexpr int kIconGap = 6;        // icon to text
 constexpr int kSpinButtonWidth = 22;
 constexpr int kComboArrowWidth = 26;

@@ -2,6 +2,7 @@
 #include "styledctl/private/ZELStyle.h"
 
 #include "styledctl/ZELCustomCheckBox.h"
+#include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/private/ZELBox.h"
 #include "styledctl/private/ZELDraw.h"
 #include "styledctl/private/ZELMetrics.h"
@@ -185,7 +186,10 @@ QSize ZELStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     case CT_PushButton: {
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
         const bool textless = button && button->text.isEmpty();
-        const int width = contents.width() + 2 * (textless ? kEditInset : kButtonInset);
+        const auto* look = qobject_cast<const ZELCustomPushButton*>(widget);
+        const bool tab = look && look->cStyle() == ZELCustomPushButton::Style_Tab;
+        const int inset = tab ? kTabInset : textless ? kEditInset : kButtonInset;
+        const int width = contents.width() + 2 * inset;
         return QSize(width, qMax(lineHeight(option), contents.height() + kEditInset));
     }
     case CT_ComboBox:

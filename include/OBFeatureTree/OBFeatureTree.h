@@ -8,7 +8,8 @@
  * device record and callbacks, and drives the window with the ten functions below. The header is
  * plain C and compiles as C and as C++.
  *
- * Threads: call all ten functions from the thread that runs the host's QApplication. The callbacks
+ * Threads: call all ten functions from the thread that runs the host's QApplication, also from inside
+ * a callback on that thread; a call from another thread is logged and has no effect. The callbacks
  * are called from that thread and from threads of the library (reading, look-up table, colour
  * matrix, check boxes, automatic software trigger), reads and writes alike, also at the same time.
  *

@@ -4,24 +4,36 @@
 
 #include "api/ApplicationSetup.h"
 #include "device/Guarded.h"
+#include "device/GuiThread.h"
 #include "device/OBDeviceControl.h"
 #include "main/ORXMainFeatureWidget.h"
 
 #include <QApplication>
 #include <QDebug>
 
+#include <atomic>
+
 namespace {
 
 constexpr int kOk = 0;
 constexpr int kNotInitialised = -1;
 
-bool s_bInit = false;
+std::atomic<bool> s_bInit{false};
 
 bool hasApplication(const char* function)
 {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()))
         return true;
     qCritical("%s: the host has no QApplication; there is no window", function);
+    return false;
+}
+
+// The library has no lock for what these functions touch; a call from elsewhere has no effect.
+bool isOnGuiThread(const char* function)
+{
+    if (onGuiThread())
+        return true;
+    qCritical("%s: called on another thread than the application's; ignored", function);
     return false;
 }
 
@@ -32,6 +44,8 @@ int whenInitialised(const char* function, const Action& action)
 {
     if (!s_bInit)
         return kNotInitialised;
+    if (!isOnGuiThread(function))
+        return kOk;
     guarded(function, [&] {
         if (hasApplication(function))
             action(ORXMainFeatureWidget::instance(nullptr));
@@ -49,6 +63,8 @@ void releaseWithApplication()
 
 int OB_FT_Init(const char* deviceXml, char* translateXml, QWidget* parent)
 {
+    if (!isOnGuiThread("OB_FT_Init"))
+        return kOk;
     const bool again = s_bInit;
     s_bInit = true;
     guarded("OB_FT_Init", [=] {
@@ -135,6 +151,8 @@ int OB_FT_Release()
 {
     if (!s_bInit)
         return kNotInitialised;
+    if (!isOnGuiThread("OB_FT_Release"))
+        return kOk;
     // First: the host hears that the window goes, and may open the next one from there.
     s_bInit = false;
     guarded("OB_FT_Release", [] {

@@ -238,6 +238,11 @@ void ORXMainFeatureWidget::closeEvent(QCloseEvent* event)
     PauseUpdateThread();
     if (tellHost)
         afterHide();
-    if (self)
+    if (!self)
+        return;
+    // The host may show it again from inside its action.
+    if (isVisible())
+        event->ignore();
+    else
         ZELCustomMainWindow::closeEvent(event);
 }

@@ -2,6 +2,7 @@
 // Every exported function from every place from which a host can call it, and the next opening
 // after it: what it does is the same everywhere, or it is refused and logged.
 #include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
 #include "pages/QLUTDrawWidget.h"
 #include "support/ChildProcess.h"
 #include "support/DescriptionBuilder.h"
@@ -12,6 +13,7 @@
 #include <QComboBox>
 #include <QDrag>
 #include <QEventLoop>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 
@@ -68,6 +70,7 @@ const char* const kPlaces[] = {"idle",         "while reading",  "set callback",
                                "drag",         "reading thread", "another thread"};
 
 enum Reopening { InPlace, BeforeEvents, AfterEvents };
+const char* const kReopenings[] = {"opened in place", "opened before events run", "opened later"};
 
 // A host whose callbacks do something more, once.
 struct Host
@@ -122,6 +125,28 @@ private:
     std::atomic<int> m_place{-1};
     std::function<void()> m_todo; // read only by whoever took m_place
 };
+
+// Begins a drag as the mouse does; returns when it has ended.
+void dragRow(const ORXFeatureTreeView* view, const QModelIndex& row)
+{
+    const QPoint from = view->visualRect(row).center();
+    const QPoint way(2 * QApplication::startDragDistance(), 0);
+    QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    const QPointer<QWidget> viewport(view->viewport());
+    for (int step = 1; step <= 2 && viewport; ++step) {
+        QMouseEvent move(QEvent::MouseMove, from + step * way, Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(viewport, &move);
+    }
+    if (viewport)
+        QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, from);
+}
+
+// Only this platform holds a drag up until it ends.
+bool dragsBlock()
+{
+    return QGuiApplication::platformName() == QLatin1String("minimal");
+}
 
 } // namespace
 
@@ -303,6 +328,24 @@ private:
                 popup->close();
             break;
         }
+        case Drag: {
+            ORXFeatureTreeView* view = tree()->treeView();
+            tree()->addFavoriteItem(tree()->propertyItemByName("Feature00012"_s));
+            const QModelIndex favorites = view->model()->index(0, 0);
+            CFeatureGroupTreeView* groups = window()->featureGroup(1)->groupView();
+            groups->OnChangedIndex(
+                static_cast<CFeatureGroupModel*>(groups->model())
+                    ->groupIndex(0, ORXPropertyTreeModel::itemFromIndex(favorites)));
+            const QModelIndex favorite = view->model()->index(0, 0, favorites);
+            QTRY_VERIFY(!view->visualRect(favorite).isEmpty());
+            QVERIFY(favorite.isValid());
+            QTimer::singleShot(0, [&] {
+                once();
+                QDrag::cancel();
+            });
+            dragRow(view, favorite);
+            break;
+        }
         case ReadingThread:
             m_now->inNext(ReadingThread, [&] {
                 call();
@@ -348,14 +391,56 @@ private:
     int m_invalidated = 0;
 
 private slots:
+    void functions_data()
+    {
+        const Rows<int, int> row("place", "function");
+        for (int place = Idle; place <= OtherThread; ++place) {
+            for (int function = Init; function < Release; ++function) {
+                if (place != Drag || dragsBlock())
+                    row(qPrintable("%1, %2"_s.arg(QLatin1String(kPlaces[place]),
+                                                  QLatin1String(kFunctions[function]))),
+                        place, function);
+            }
+        }
+    }
+
+    void functions()
+    {
+        QFETCH(int, place);
+        QFETCH(int, function);
+        open(*m_now);
+        if (place != WhileReading)
+            QVERIFY(wasRead());
+        const bool refused = place >= ReadingThread;
+        if (refused)
+            MessageGuard::ignoreMessage(QtCriticalMsg,
+                                        QRegularExpression("OB_FT_%1: called on another thread"_s.arg(
+                                            QLatin1String(kFunctions[function]))));
+        const bool before = isDone(function);
+        int code = 1;
+        at(place, [&] { code = call(function); });
+        if (QTest::currentTestFailed())
+            return;
+        QCOMPARE(code, 0);
+        if (refused)
+            QCOMPARE(isDone(function), before);
+        else
+            QTRY_VERIFY(isDone(function));
+        const QPointer<ORXMainFeatureWidget> old(window());
+        OB_FT_Release();
+        QTRY_VERIFY(!old);
+        const auto fresh = std::make_unique<Host>(m_xml);
+        open(*fresh);
+        checkOpening(*fresh);
+        OB_FT_Release();
+    }
+
     void releases_data()
     {
-        static const char* const kReopenings[] = {"opened in place", "opened before events run",
-                                                  "opened later"};
         const Rows<int, int> row("place", "reopening");
         for (int place = Idle; place < ReadingThread; ++place) {
             for (int reopening = InPlace; reopening <= AfterEvents; ++reopening) {
-                if (place != Drag)
+                if (place != Drag || dragsBlock())
                     row(qPrintable("%1, %2"_s.arg(QLatin1String(kPlaces[place]),
                                                   QLatin1String(kReopenings[reopening]))),
                         place, reopening);
@@ -389,6 +474,36 @@ private slots:
         checkOpening(*m_next);
         QCOMPARE(m_now->fake.callCount(), calls);
         OB_FT_Release();
+    }
+
+    void cameraGoesDuringADrag()
+    {
+        if (!dragsBlock())
+            return;
+        open(*m_now);
+        QVERIFY(wasRead());
+        at(Drag, [] { window()->removeFeatureTree(1); });
+        OB_FT_Release();
+    }
+
+    void onThePlatformWhoseDragsBlock()
+    {
+        if (dragsBlock())
+            return;
+        ChildProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM"_s, "minimal"_s);
+        program.setProcessEnvironment(environment);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        QStringList arguments = {"cameraGoesDuringADrag"_s};
+        for (int function = Init; function < Release; ++function)
+            arguments += "functions:drag, "_s + QLatin1String(kFunctions[function]);
+        for (const char* reopening : kReopenings)
+            arguments += "releases:drag, "_s + QLatin1String(reopening);
+        program.start(QCoreApplication::applicationFilePath(), arguments);
+        QVERIFY(program.waitForFinished(10 * kWindowPatienceMs));
+        const QByteArray output = program.readAll();
+        QVERIFY2(program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0, output);
     }
 
     // The action that the release itself causes.

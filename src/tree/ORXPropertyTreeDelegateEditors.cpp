@@ -216,8 +216,13 @@ void ORXPropertyTreeDelegate::fillLineEdit(QWidget* editor, const Cell& cell, co
         lineEdit->SetRollbackText(text, kind);
     } else {
         const bool changed = lineEdit->text() != text;
+        // The user is about to type over it: what he types must not be added to the new text.
+        const bool typesOver =
+            lineEdit->hasFocus() && lineEdit->selectedText() == lineEdit->text();
         lineEdit->SetText(text, kind);
-        if (changed)
+        if (changed && typesOver)
+            lineEdit->selectAll();
+        else if (changed)
             lineEdit->setCursorPosition(0);
     }
     lineEdit->setEnabled(editable);

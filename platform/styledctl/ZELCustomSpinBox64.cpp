@@ -93,10 +93,16 @@ void ZELCustomSpinBox64::setValue(qlonglong value)
 void ZELCustomSpinBox64::showValue()
 {
     const QString text = QString::number(m_value);
+    QLineEdit* edit = lineEdit();
     // Setting an equal text would still move the cursor.
-    if (lineEdit()->text() != text) {
-        lineEdit()->setText(text);
-        lineEdit()->setCursorPosition(0);
+    if (edit->text() != text) {
+        // The user is about to type over it: what he types must not be added to the new text.
+        const bool typesOver = edit->hasFocus() && edit->selectedText() == edit->text();
+        edit->setText(text);
+        if (typesOver)
+            edit->selectAll();
+        else
+            edit->setCursorPosition(0);
     }
     update();
 }

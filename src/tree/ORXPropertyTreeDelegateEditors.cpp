@@ -215,10 +215,17 @@ void ORXPropertyTreeDelegate::fillLineEdit(QWidget* editor, const Cell& cell, co
         return;
     const bool editable = isUsable(*cell.item);
     // What the user is typing must survive a value that arrives meanwhile.
-    if (editable && lineEdit->hasPendingEdit())
+    if (editable && lineEdit->hasPendingEdit()) {
         lineEdit->SetRollbackText(text, kind);
-    else
+    } else {
+        const bool changed = lineEdit->text() != text;
+        // The user is about to type over it: what he types must not be added to the new text.
+        const bool typesOver =
+            lineEdit->hasFocus() && lineEdit->selectedText() == lineEdit->text();
         lineEdit->SetText(text, kind);
+        if (changed && typesOver)
+            lineEdit->selectAll();
+    }
     lineEdit->setEnabled(editable);
     if (!editable)
         lineEdit->deselect();

@@ -40,25 +40,31 @@ private slots:
 
     void typedTextSurvivesARead_data()
     {
-        const Rows<QString, QVariant, QString> row("tag", "read", "written");
-        row("text", "String", "other"_s, "7");
-        row("float", "Float", 3.5F, "7");
-        row("integer", "Integer", 50, "7");
+        // What is typed before the read comes, and after it.
+        const Rows<QString, QVariant, QString, QString> row("tag", "read", "before", "after");
+        row("text", "String", "other"_s, "7", "");
+        row("float", "Float", 3.5F, "7", "");
+        row("integer", "Integer", 50, "7", "");
+        row("text about to be typed over", "String", "other"_s, "", "7");
+        row("float about to be typed over", "Float", 3.5F, "", "7");
+        row("integer about to be typed over", "Integer", 50, "", "7");
     }
 
     void typedTextSurvivesARead()
     {
         QFETCH(QString, tag);
         QFETCH(QVariant, read);
-        QFETCH(QString, written);
+        QFETCH(QString, before);
+        QFETCH(QString, after);
         open({tag});
         Item* feature = m_page->item(tag);
         QWidget* widget = m_page->anyEditor(tag);
         widget->setFocus();
         QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(widget, "7"_s);
+        QTest::keyClicks(widget, before);
         feature->value()->setValue(read);
         feature->endUpdateItem(1);
+        QTest::keyClicks(widget, after);
         auto* edit = qobject_cast<QLineEdit*>(widget);
         if (!edit)
             edit = widget->findChild<QLineEdit*>();
@@ -66,7 +72,7 @@ private slots:
         QVERIFY(widget->hasFocus());
         QCOMPARE(m_page->anyEditor(tag), widget);
         QTest::keyClick(widget, Qt::Key_Return);
-        QCOMPARE(m_page->writes, QStringList(tag + QLatin1Char(' ') + written));
+        QCOMPARE(m_page->writes, QStringList(tag + " 7"_s));
     }
 
     void escapeShowsWhatCameMeanwhile()

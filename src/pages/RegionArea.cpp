@@ -50,6 +50,15 @@ RegionAxis axisOf(const Reading& size, const Reading& offset, const std::optiona
         limits.sizeMaximum = greatestSize;
     if (lastOffset + length + limits.offsetIncrement <= limits.extent)
         limits.offsetMaximum = lastOffset;
+    // What is locked stays where it is; the other one can be edited nevertheless.
+    if (!size.writable) {
+        limits.sizeMinimum = limits.sizeMaximum = size.numbers.m_nValue;
+        limits.sizeIncrement = 1;
+    }
+    if (!offset.writable) {
+        limits.offsetMinimum = limits.offsetMaximum = offset.numbers.m_nValue;
+        limits.offsetIncrement = 1;
+    }
     return {limits, {offset.numbers.m_nValue, size.numbers.m_nValue}};
 }
 
@@ -97,7 +106,7 @@ std::optional<RegionArea> RegionArea::read(const ORXFeatureTree& tree, const Nam
         return std::nullopt;
     return RegionArea(names, axisOf(*width, *offsetX, readFeature(tree, names.widthMax)),
                       axisOf(*height, *offsetY, readFeature(tree, names.heightMax)),
-                      width->writable && height->writable && offsetX->writable &&
+                      width->writable || height->writable || offsetX->writable ||
                           offsetY->writable);
 }
 

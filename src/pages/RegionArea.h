@@ -38,6 +38,7 @@ public:
 
     const RegionAxis& x() const { return m_x; }
     const RegionAxis& y() const { return m_y; }
+    // Whether any of the four can be edited; what is locked keeps its place in every edit.
     bool isWritable() const { return m_writable; }
     QRect rect() const;
     QSize extent() const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "reading/FeatureDocText.h"
 
+#include "device/HtmlEscape.h"
 #include "device/OBDeviceControl.h"
 #include "device/StopRequest.h"
 #include "model/CTreeFloatItemValue.h"
@@ -35,11 +36,15 @@ bool hasNoRange(const QString& name)
     return names.contains(name);
 }
 
+// Stands in for a text in the filter's template, whose own markers the filter would fill.
+constexpr QChar kOwnText(0xE000);
+
 QString asValue(const QString& text)
 {
     static const QColor colour =
         ZELCustom::getDataBaseColor(QStringLiteral("QGetFeaturesThreadColor_FeatureDesc"));
-    return OBDeviceControl::stringToHtmlFilter(text, colour, true);
+    return OBDeviceControl::stringToHtmlFilter(QString(kOwnText), colour, true)
+        .replace(kOwnText, htmlEscaped(text));
 }
 
 QString asLabel(const char* text)

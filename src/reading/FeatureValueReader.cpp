@@ -143,7 +143,8 @@ void FeatureValueReader::addEnumerationEntry(const FeatureEnumEntry& entry,
         m_decider.IsFeatureLocked(entry.pIsLocked))
         return;
     const QString display = entry.displayName.isEmpty() ? entry.name : entry.displayName;
-    lists.valueMap.insert(entry.value, display);
+    // The camera's number is a 32-bit word; a description may give it a sign.
+    lists.valueMap.insert(static_cast<quint32>(entry.value), display);
     lists.nameMap.insert(entry.name, display);
     if (lists.display.contains(display))
         return;

@@ -101,6 +101,14 @@ private slots:
                  "<span style=\" color:#1234ab; font-size:13px;font-family:"_s + family + " ;"_s +
                      (bold ? "font-weight:bold"_s : QString()) + "\">"_s + inner + "</span>"_s);
     }
+
+    // The filter of plain texts fills its template one marker after the other.
+    void htmlFilterFillsAMarkerOfTheText()
+    {
+        const QColor colour(18, 52, 171);
+        QVERIFY(OBDeviceControl::stringToHtmlFilter("a %1 b"_s, colour, true)
+                    .contains(">a font-weight:bold b<"_s));
+    }
 };
 
 OBFT_TEST_MAIN(TestTranslations)

@@ -75,6 +75,8 @@ int MeddledCamera::accessMode(const std::string& name, int* mode)
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_hidden.count(name) > 0)
         *mode = OB_FT_ACCESS_NOT_IMPLEMENTED;
+    else if (m_locked.count(name) > 0)
+        *mode = OB_FT_ACCESS_READ_ONLY;
     return result;
 }
 
@@ -82,6 +84,15 @@ void MeddledCamera::fail(const char* name, int code, Calls calls)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_failures[name] = {code, calls};
+}
+
+void MeddledCamera::lock(const char* name, bool locked)
+{
+    const std::lock_guard<std::mutex> guard(m_mutex);
+    if (locked)
+        m_locked.insert(name);
+    else
+        m_locked.erase(name);
 }
 
 void MeddledCamera::hide(const char* name, bool hidden)

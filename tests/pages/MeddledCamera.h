@@ -45,6 +45,8 @@ public:
     void unplug() { m_unplugged = true; }
     // The feature's access mode says that it is not there.
     void hide(const char* name, bool hidden);
+    // The feature's access mode says that it can only be read.
+    void lock(const char* name, bool locked);
     // The integer feature says that its values go in steps of this.
     void setIncrement(const char* name, qint64 increment);
     // Calls of the name wait until the gate opens.
@@ -77,6 +79,7 @@ private:
     std::condition_variable m_opened;
     std::map<std::string, Failure> m_failures;
     std::set<std::string> m_hidden;
+    std::set<std::string> m_locked;
     std::map<std::string, qint64> m_increments;
     std::string m_gated;
     Calls m_gatedCalls = Writes;

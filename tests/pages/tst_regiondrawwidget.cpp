@@ -283,6 +283,24 @@ private slots:
         QVERIFY(!m_camera->writes().isEmpty());
     }
 
+    void lockedSizeIsMoved()
+    {
+        open();
+        QVERIFY(showRegion());
+        startAt(kRegion, kStart);
+        for (const char* name : {"Width", "Height"})
+            m_camera->lock(name, true);
+        QVERIFY(m_window->refresh());
+        OBFT_TRY_VERIFY(m_window->item(kPage, "Width")->readOnly());
+        OBFT_TRY_VERIFY(picture()->edited());
+        const QPoint from = handle(0, 0);
+        dragMouse(from, from + QPoint(-20, 0));
+        OBFT_TRY_VERIFY(m_camera->writesOf("OffsetX") == 1);
+        QCOMPARE(m_camera->writesOf("Width") + m_camera->writesOf("Height"), 0);
+        QCOMPARE(heldRect(kRegion).size(), kStart.size());
+        QVERIFY(heldRect(kRegion).x() < kStart.x());
+    }
+
     void lockedWhileAcquiring()
     {
         open();

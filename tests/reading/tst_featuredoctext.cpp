@@ -109,11 +109,11 @@ private slots:
     void markersInTextsStay()
     {
         ORXPropertyTreeItem* width = m_description->item("Width");
-        width->value()->setDisplayName("Load of line"_s);
-        width->value()->setDescription("At 100 percent of line."_s);
+        width->value()->setDisplayName("Load %1 of line"_s);
+        width->value()->setDescription("Duty cycle at %3 of %4 line %2."_s);
         const QString text =
             plain(m_text.GetFeatureDocText(*m_description->node("Width"), "No"_s, width, "ENG"_s));
-        QVERIFY(text.contains("At 100 percent of line."_s));
+        QVERIFY(text.startsWith("Load %1 of line\nDuty cycle at %3 of %4 line %2."_s));
     }
 
     void rebuiltOnlyWhenAnInputChanged()

@@ -122,6 +122,26 @@ private slots:
         QCOMPARE(m_description->item("On")->value()->displayValue(), "True"_s);
     }
 
+    // The camera knows 32-bit words without a sign.
+    void negativeEntriesAreFound()
+    {
+        const LoadedDescription description(DescriptionBuilder::wrap(
+            "<Category Name=\"Root\"><pFeature>Level</pFeature></Category>"
+            "<Enumeration Name=\"Level\"><EnumEntry Name=\"Off\"><Value>-1</Value></EnumEntry>"
+            "<EnumEntry Name=\"On\"><Value>1</Value></EnumEntry></Enumeration>"_s));
+        m_host->set("Level"_s, FakeHost::enumFeature(-1));
+        ORXPropertyTreeItem* item = description.item("Level");
+        m_decider.beginItem();
+        m_reader->UpdateGenICamItemValue(*description.node("Level"), item, 1);
+        QCOMPARE(item->value()->displayValue(), "Off"_s);
+        auto* level = dynamic_cast<CTreeEnumationItemValue*>(item->value());
+        QCOMPARE(level->valueMap().key("Off"_s), qint64(0xFFFFFFFF));
+        level->setValue(level->valueMap().key("On"_s));
+        QCOMPARE(item->value()->displayValue(), "On"_s);
+        level->setValue(level->valueMap().key("Off"_s));
+        QCOMPARE(item->value()->displayValue(), "Off"_s);
+    }
+
     void failedReadsKeepTheLastState()
     {
         read("Mode");

@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr int kKeepMs = 20; // a whole camera may be lost item by item
 // A page row that is never hidden; no page of the library has it.
 constexpr int kAlwaysShownRow = 4;
 
@@ -61,6 +62,9 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     connect(this, &QTreeView::clicked, this, &CFeatureGroupTreeView::OnChangedIndex);
     connect(this, &CFeatureGroupTreeView::SigChildVisibleChanged, this,
             &CFeatureGroupTreeView::OnChildVisibleChanged);
+    m_keepTimer.setSingleShot(true);
+    m_keepTimer.setInterval(kKeepMs);
+    connect(&m_keepTimer, &QTimer::timeout, this, [this] { keepGroupShown(m_nShownPage); });
     m_hitsTimer.setSingleShot(true);
     m_hitsTimer.setInterval(0);
     connect(&m_hitsTimer, &QTimer::timeout, this, &CFeatureGroupTreeView::SigHitsChanged);
@@ -154,7 +158,8 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
             continue;
         setGroupShown(row, group);
         ResetRootVisible(page.root, row);
-        keepGroupShown(row);
+        if (row == m_nShownPage && !m_keepTimer.isActive())
+            m_keepTimer.start();
     }
 }
 

@@ -93,6 +93,7 @@ private:
     QMap<int, const ORXPropertyTreeItem*> m_shownGroups; // by page row. Not owned.
     int m_nShownPage = 0;                                // its row
     Place m_beforeSearch;
+    QTimer m_keepTimer; // many changes of items turn the page once
     QTimer m_hitsTimer;
     bool m_bChanging = false;
     bool m_bSearchTurns = false;    // the search turns to a group, not the user

@@ -200,14 +200,14 @@ private slots:
         for (const char* name : {"Gain", "GainAuto", "BlackLevel"})
             pages.item(name)->setVisible(false, kCamera);
         // Not to the favourites, which are none.
-        QCOMPARE(pages.current(), "DeviceControl"_s);
+        QTRY_COMPARE(pages.current(), "DeviceControl"_s);
         QVERIFY(pages.item("DeviceReset")->groupVisible());
         auto* favorite = new Item(pages.description.root.child(Favorites), Item::FeatureTreePage);
         favorite->setItemType(Item::FavoriteItem);
         for (const char* name : {"DeviceUserID", "DeviceReset"})
             pages.item(name)->setVisible(false, kCamera);
-        QCOMPARE(CFeatureGroupModel::itemFromIndex(pages.view->currentIndex()),
-                 pages.description.root.child(Favorites));
+        QTRY_COMPARE(CFeatureGroupModel::itemFromIndex(pages.view->currentIndex()),
+                     pages.description.root.child(Favorites));
     }
 
     void thePageEmptiesAndFills()
@@ -221,7 +221,7 @@ private slots:
         QVERIFY(!pages.view->isPageShown(kCommonTab));
         pages.item("Gain")->setVisible(true, kCamera);
         QCOMPARE(shown.takeLast(), QVariantList({kCommonTab, true}));
-        QCOMPARE(pages.current(), "GroupGain"_s);
+        QTRY_COMPARE(pages.current(), "GroupGain"_s);
         QVERIFY(pages.item("Gain")->groupVisible());
     }
 

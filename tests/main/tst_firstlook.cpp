@@ -102,8 +102,8 @@ private slots:
     void theWindowSaysWhatItWaitsFor_data()
     {
         const Rows<int, QString, QString, QString> row("language", "progress", "name", "seconds");
-        row("English", 0, "Reading features: %1 of 6"_s, "Image Width"_s, "s)"_s);
-        row("Chinese", 1, "正在读取参数：%1 / 6"_s, "宽度"_s, "秒）"_s);
+        row("English", 0, "Reading features: %1 of 8"_s, "Image Width"_s, "s)"_s);
+        row("Chinese", 1, "正在读取参数：%1 / 8"_s, "宽度"_s, "秒）"_s);
     }
 
     void theWindowSaysWhatItWaitsFor()
@@ -118,7 +118,7 @@ private slots:
         QTRY_COMPARE(m_host->pace().waitingAt("Width"_s), 1);
         auto* line = window.widget()->findChild<QWidget*>("ReadingProgressLine"_s);
         const QRegularExpression told(
-            QRegularExpression::anchoredPattern(progress.arg("[1-6]"_s)));
+            QRegularExpression::anchoredPattern(progress.arg("[1-8]"_s)));
         QTRY_VERIFY2(told.match(line->toolTip()).hasMatch(), qPrintable(line->toolTip()));
         auto* wait = window.tree()->findChild<QLabel*>("HostWaitLine"_s);
         QVERIFY(!wait->isVisible());

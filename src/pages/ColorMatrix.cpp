@@ -61,8 +61,15 @@ void ColorMatrix::setShown(bool shown)
         read();
     } else if (m_bReading) {
         m_bReadAgain = true;
-        m_thread.requestStop();
+        stopReading();
     }
+}
+
+// A reading that has not begun ends without a word of the worker.
+void ColorMatrix::stopReading()
+{
+    m_thread.requestStop();
+    QMetaObject::invokeMethod(this, &ColorMatrix::onJobEnded, Qt::QueuedConnection);
 }
 
 void ColorMatrix::read()
@@ -204,7 +211,7 @@ void ColorMatrix::switchTo(bool on)
     if (m_bReading || nameless) {
         m_wanted = on;
         if (m_bReading && !nameless)
-            m_thread.requestStop();
+            stopReading();
         else if (!m_bReading)
             read();
         return;

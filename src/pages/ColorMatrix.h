@@ -69,6 +69,7 @@ signals:
 
 private:
     void onJobEnded();
+    void stopReading();
     void take(const ORXCCMUpdateThread::Result& result);
     void reportReading(const ORXCCMUpdateThread::Result& result);
     void showSwitch(bool on);

@@ -33,6 +33,11 @@ ORXCCMUpdateThread::~ORXCCMUpdateThread()
 
 void ORXCCMUpdateThread::startReading(FeatureMutex* featureMutex)
 {
+    // One that is dropped before it begins leaves what a stopped one leaves.
+    locked([this](Waiting&, CCMJob*) {
+        m_result = Result();
+        m_result.stopped = true;
+    });
     post({featureMutex});
 }
 

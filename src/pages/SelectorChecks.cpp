@@ -225,6 +225,8 @@ void SelectorChecks::setShown(bool shown)
     } else if (!shown) {
         m_timer.stop();
         m_thread.stopReading();
+        // A reading that has not begun ends without a word of the worker.
+        QMetaObject::invokeMethod(this, &SelectorChecks::onJobEnded, Qt::QueuedConnection);
     }
 }
 

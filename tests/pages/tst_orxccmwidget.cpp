@@ -305,6 +305,21 @@ private slots:
         QCOMPARE(read("CCMEnable"), 1);
     }
 
+    // The reading may not have begun when it is given up.
+    void switchingRightAfterShowingWins()
+    {
+        open();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        for (int i = 0; i < 20; ++i) {
+            const bool on = i % 2 == 0;
+            matrix.matrix->setShown(true);
+            matrix.matrix->switchTo(on);
+            QTRY_COMPARE(read("CCMEnable"), on ? 1 : 0);
+            QTRY_VERIFY(m_window->item(kTree, kSelector)->value()->enabled());
+            matrix.matrix->setShown(false);
+        }
+    }
+
     void failureInTheMiddleLeavesTheCameraAsItWas()
     {
         MessageGuard::ignoreMessage(

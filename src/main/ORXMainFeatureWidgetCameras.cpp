@@ -202,6 +202,10 @@ int ORXMainFeatureWidget::notify(int code, void* payload)
 void ORXMainFeatureWidget::onBeforeDeleteFeature(qint64 key)
 {
     ORXFeatureTree* tree = m_trees.value(key, nullptr);
+    // Everyone of this window is asked before the first is waited for.
+    m_pImagePage->requestStop();
+    if (tree)
+        tree->requestStop();
     m_pImagePage->stopHostCalls();
     if (tree)
         tree->StopThread(true);

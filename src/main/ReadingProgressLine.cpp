@@ -3,6 +3,7 @@
 
 #include "styledctl/ZELCustom.h"
 
+#include <QEvent>
 #include <QPainter>
 
 namespace {
@@ -33,11 +34,18 @@ void ReadingProgressLine::refresh()
     if (now.done == m_progress.done && now.total == m_progress.total)
         return;
     m_progress = now;
-    const QString text =
-        now.total > 0 ? tr("Reading features: %1 of %2").arg(now.done).arg(now.total) : QString();
+    showTexts();
+    update();
+}
+
+void ReadingProgressLine::showTexts()
+{
+    const QString text = m_progress.total > 0 ? tr("Reading features: %1 of %2")
+                                                    .arg(m_progress.done)
+                                                    .arg(m_progress.total)
+                                              : QString();
     setToolTip(text);
     setAccessibleName(text);
-    update();
 }
 
 void ReadingProgressLine::showEvent(QShowEvent* event)
@@ -51,6 +59,13 @@ void ReadingProgressLine::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
     m_timer.stop();
+}
+
+void ReadingProgressLine::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        showTexts();
 }
 
 void ReadingProgressLine::paintEvent(QPaintEvent*)

@@ -30,9 +30,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void refresh();
+    void showTexts();
 
     std::function<Progress()> m_source;
     Progress m_progress;

@@ -122,6 +122,9 @@ bool ORXCCMUpdateThread::readCoefficients(Result& result, FeatureLock& lock, boo
             return false;
         {
             SelectorKeeper keeper(kSelector);
+            // One that could not be put back is not moved.
+            if (!keeper.isKnown())
+                return fail(result, kSelector + QStringLiteral(" cannot be read"));
             do {
                 _ZDCC_FLOATVALUE_T record = {};
                 if (!keeper.select(index, nullptr) ||

@@ -110,14 +110,19 @@ void ORXImgProcessingFeature::forgetCamera()
     m_pPanels->hide();
 }
 
-// Everyone is asked before the first is waited for.
-void ORXImgProcessingFeature::stopHostCalls()
+void ORXImgProcessingFeature::requestStop()
 {
     m_pLut->StopTransfer(false);
     for (SelectorChecks* each : checks())
         each->requestStop();
     if (m_matrix)
         m_matrix->requestStop();
+}
+
+// Everyone is asked before the first is waited for.
+void ORXImgProcessingFeature::stopHostCalls()
+{
+    requestStop();
     m_pLut->StopTransfer(true);
     for (SelectorChecks* each : checks())
         each->stopHostCalls();

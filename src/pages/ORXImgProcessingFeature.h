@@ -42,6 +42,8 @@ public:
 
     // The page has come into sight.
     void afterCurrentTabShow();
+    // The first half of stopHostCalls(): returns at once.
+    void requestStop();
     // No worker of the page calls the host any more on return; running calls are waited for.
     void stopHostCalls();
     // Tells every listener that drawing in a mode (RegionDrawWidget::DrawMode) begins or ends.

@@ -65,6 +65,8 @@ public:
     void StartUpdateThread();
     void RefreshFeatures();
     void PauseUpdateThread();
+    // Asks everyone who calls the host for this tree to stop; returns at once.
+    void requestStop();
     void StopThread(bool stop);
     // What the user sees, in the order in which it is wanted: a pass over the whole tree reads it
     // first.

@@ -95,6 +95,13 @@ void ORXFeatureTree::PauseUpdateThread()
     m_pollingTimer.stop();
 }
 
+void ORXFeatureTree::requestStop()
+{
+    m_pPartialThread->requestStop();
+    m_pFullThread->requestStop();
+    stopAutoSoftwareTrig(false);
+}
+
 void ORXFeatureTree::StopThread(bool stop)
 {
     if (stop) {

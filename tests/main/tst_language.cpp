@@ -3,6 +3,7 @@
 // that was opened in that language shows, and no edit is lost.
 #include "CameraDescription.h"
 #include "basetools/ORXInterface.h"
+#include "main/ReadingProgressLine.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomLoadingDialog.h"
@@ -104,6 +105,8 @@ private:
         window.showGroup("AcquisitionControl");
         select(window, "ExposureTime");
         QTRY_VERIFY(editor(window, "Width"));
+        // The progress of the read is taken back a moment after its end.
+        QTRY_VERIFY(window.widget()->findChild<ReadingProgressLine*>()->fraction() < 0);
         QApplication::processEvents();
     }
     void select(const OpenedWindow& window, const char* name) const

@@ -56,10 +56,10 @@ void HeldCamera::pass(const QString& call)
     });
     if (held == m_toHold.end())
         return;
+    const QString hold = *held;
     m_toHold.erase(held);
-    ++m_held;
-    m_released.wait(lock, [this, release = m_releases] { return m_releases != release; });
-    --m_held;
+    m_holding.append(hold);
+    m_released.wait(lock, [&] { return !m_holding.contains(hold); });
 }
 
 int HeldCamera::read(int type, const std::string& name, void* record)
@@ -110,7 +110,7 @@ void HeldCamera::hold(const QString& call)
 int HeldCamera::held() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_held;
+    return m_holding.size();
 }
 
 void HeldCamera::release()
@@ -118,7 +118,16 @@ void HeldCamera::release()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_toHold.clear();
-        ++m_releases;
+        m_holding.clear();
+    }
+    m_released.notify_all();
+}
+
+void HeldCamera::release(const QString& call)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_holding.removeAll(call);
     }
     m_released.notify_all();
 }

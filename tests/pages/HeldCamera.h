@@ -36,6 +36,7 @@ public:
     // Calls that wait now.
     int held() const;
     void release();
+    void release(const QString& call);
 
 private:
     void pass(const QString& call);
@@ -45,7 +46,6 @@ private:
     mutable std::mutex m_mutex; // guards all below
     std::condition_variable m_released;
     QStringList m_toHold;
+    QStringList m_holding;
     QStringList m_calls;
-    int m_held = 0;
-    int m_releases = 0;
 };

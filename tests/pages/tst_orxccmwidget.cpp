@@ -341,6 +341,22 @@ private slots:
         QVERIFY(!matrix.cell(0)->isEnabled());
     }
 
+    // What cannot be put back is not moved.
+    void selectorThatCannotBeReadStays()
+    {
+        MessageGuard::expectMessage("ColorTransformationValueSelector cannot be read"_s);
+        write(kSelector, "7");
+        open();
+        OB_FT_Close();
+        m_camera->fail(kSelector, CameraError::NotReadable, MeddledCamera::Reads);
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
+        QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        m_camera->fail(kSelector, 0);
+        QCOMPARE(read(kSelector), 7);
+    }
+
     // The editor may go while the host hangs: it returns, and the matrix is read to its end.
     void editorGoesWhileTheHostHangs()
     {

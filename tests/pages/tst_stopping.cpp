@@ -7,6 +7,7 @@
 #include "support/Periods.h"
 
 #include <QAbstractButton>
+#include <QThread>
 
 #include <condition_variable>
 #include <mutex>
@@ -289,6 +290,38 @@ private slots:
         QCOMPARE(read("ChunkSelector"), 3);
         QCOMPARE(read(kMatrixSelector), 6);
         QCOMPARE(read(kTransformation), 1);
+    }
+
+    // While a removed camera's table is waited for, its read ends as well.
+    void removalAsksEveryoneFirst()
+    {
+        const QString table = "set LUTIndex=5"_s;
+        const QString read = "mode AaMany"_s;
+        MessageGuard::expectMessage("LUT: "_s);
+        begin(TableWritten, {table});
+        if (QTest::currentTestFailed())
+            return;
+        ORXFeatureTree* tree = m_window->tree();
+        m_held->hold(read);
+        tree->RefreshFeatures();
+        OBFT_TRY_COMPARE(m_held->held(), 2);
+        QStringList calls;
+        std::thread host([&] {
+            const auto patiently = [](const auto& done) {
+                for (int i = 0; i < kWindowPatienceMs && !done(); ++i)
+                    QThread::msleep(1);
+            };
+            patiently([] { return MessageGuard::contains("LUT: waiting"_s); });
+            m_held->forget();
+            m_held->release(read);
+            patiently([&] { return !tree->isReading(); });
+            calls = m_held->calls();
+            m_held->release();
+        });
+        m_window->widget()->removeFeatureTree(1);
+        host.join();
+        QVERIFY(MessageGuard::contains("LUT: waiting"_s));
+        QCOMPARE(calls, QStringList());
     }
 
     // A box that the camera never got stands as before, and the log says so.

@@ -16,7 +16,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <functional>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -24,25 +27,53 @@ constexpr int kLatencyMs = 200;
 constexpr int kStepMs = 60; // between two actions of the user
 constexpr int kActions = 40;
 
-// The longest time between two beats of a timer of 1 ms.
+// What this thread has used so far.
+struct Usage
+{
+    Usage()
+    {
+        timespec time = {};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        workedNs = time.tv_sec * 1000000000LL + time.tv_nsec;
+        rusage usage = {};
+        getrusage(RUSAGE_THREAD, &usage);
+        waits = usage.ru_nvcsw;
+    }
+
+    qint64 workedNs = 0; // processor time
+    long waits = 0;      // for a lock, or for an event
+};
+
+// The longest time between two beats of a timer of 1 ms, and what the thread did in it. It waits
+// once for its next event; what it neither worked nor waited, the machine did other things.
 class Beat
 {
 public:
     Beat()
     {
         QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            m_longestNs = std::max(m_longestNs, m_last.nsecsElapsed());
+            const Usage usage;
+            if (m_last.nsecsElapsed() > m_longestNs) {
+                m_longestNs = m_last.nsecsElapsed();
+                m_longest.workedNs = usage.workedNs - m_before.workedNs;
+                m_longest.waits = usage.waits - m_before.waits;
+            }
+            m_before = usage;
             m_last.start();
         });
         m_last.start();
         m_timer.start(1);
     }
     double longestMs() const { return static_cast<double>(m_longestNs) / 1e6; }
+    double workedMs() const { return static_cast<double>(m_longest.workedNs) / 1e6; }
+    long waits() const { return m_longest.waits; }
 
 private:
     QTimer m_timer;
     QElapsedTimer m_last;
     qint64 m_longestNs = 0;
+    Usage m_longest;
+    Usage m_before;
 };
 
 void printGap(const char* what, const SlowCamera& camera, const std::function<void(int)>& action)
@@ -53,8 +84,10 @@ void printGap(const char* what, const SlowCamera& camera, const std::function<vo
         action(i);
         QTest::qWait(kStepMs);
     }
-    std::printf("    %-18s longest gap %6.1f ms = %.2f calls' time, %d reads on the GUI thread\n",
-                what, beat.longestMs(), beat.longestMs() / kLatencyMs, camera.guiReads() - before);
+    std::printf("    %-18s longest gap %6.1f ms (%.1f of work, %ld waits) = %.2f calls' time, "
+                "%d reads on the GUI thread\n",
+                what, beat.longestMs(), beat.workedMs(), beat.waits(),
+                beat.longestMs() / kLatencyMs, camera.guiReads() - before);
     std::fflush(stdout);
 }
 

@@ -40,10 +40,10 @@ void ReadingProgressLine::refresh()
 
 void ReadingProgressLine::showTexts()
 {
-    const QString text = m_progress.total > 0 ? tr("Reading features: %1 of %2")
-                                                    .arg(m_progress.done)
-                                                    .arg(m_progress.total)
-                                              : QString();
+    const QString text =
+        m_progress.total > 0
+            ? tr("Reading features: %1 of %2").arg(m_progress.done).arg(m_progress.total)
+            : QString();
     setToolTip(text);
     setAccessibleName(text);
 }

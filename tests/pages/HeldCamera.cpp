@@ -24,8 +24,8 @@ QString enumeration(const QString& name, const QString& visibility)
     QString inner = child("Visibility"_s, visibility);
     for (int entry = 0; entry < HeldCamera::kEntries; ++entry)
         inner += node("EnumEntry"_s, "Entry%1"_s.arg(entry),
-                      child("pIsAvailable"_s, name + "Decider%1"_s.arg(entry))
-                          + child("Value"_s, QString::number(entry)));
+                      child("pIsAvailable"_s, name + "Decider%1"_s.arg(entry)) +
+                          child("Value"_s, QString::number(entry)));
     return node("Enumeration"_s, name, inner);
 }
 

@@ -236,14 +236,13 @@ private slots:
         row("lockable features", Lockable, held("get TLParamsLocked"), none);
         row("polling", Polling, held("mode DeviceTemperature"), none);
         row("matrix, transformation read", Matrix, held("get ColorTransformationEnable"), none);
-        row("matrix, transformation switched off", Matrix,
-            held("set ColorTransformationEnable=0"), transform);
+        row("matrix, transformation switched off", Matrix, held("set ColorTransformationEnable=0"),
+            transform);
         row("matrix, selector read", Matrix, held("get ColorTransformationValueSelector"),
             transform);
         row("matrix, selector written", Matrix, held("set ColorTransformationValueSelector=0"),
             matrix);
-        row("matrix, coefficient", Matrix, held("get ColorTransformationValue"),
-            matrix);
+        row("matrix, coefficient", Matrix, held("get ColorTransformationValue"), matrix);
         row("matrix, at the entry of before", Matrix,
             held("set ColorTransformationValueSelector=6"), transform);
         row("matrix, transformation put back", Matrix, held("set ColorTransformationEnable=1"),

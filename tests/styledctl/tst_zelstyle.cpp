@@ -9,10 +9,14 @@
 #include "styledctl/ZELCustomSlider.h"
 #include "styledctl/ZELCustomSpinBox.h"
 #include "styledctl/ZELCustomSpinBox64.h"
+#include "styledctl/ZELCustomWidget.h"
+#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QAbstractItemView>
 #include <QAction>
+#include <QImage>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -304,6 +308,61 @@ private slots:
             return box.grab().toImage().convertToFormat(QImage::Format_ARGB32);
         };
         QCOMPARE(picture(ZELCustom::styleSheet(ZELCustom::Sheet_Tree)), picture(QString()));
+    }
+
+    // Boxes upright and whole are put together from parts; turned around they are drawn in one.
+    void boxesOfPartsLookAsDrawnInOne_data()
+    {
+        const Rows<int, int, QColor, qreal> row("radius", "border", "fill", "pixelRatio");
+        row("thin frame", 4, 1, Qt::white, 1);
+        row("focus ring", 4, 2, Qt::yellow, 1);
+        row("round", 11, 1, QColor(10, 90, 200), 1);
+        row("sharp", 0, 1, Qt::white, 1);
+        row("no frame", 6, 0, Qt::darkGreen, 1);
+        row("translucent", 6, 0, QColor(0, 0, 0, 100), 1);
+        row("too small for parts", 25, 2, Qt::white, 1);
+        row("fine screen", 5, 1, Qt::white, 2);
+        row("uneven screen", 5, 1, Qt::white, 1.5);
+    }
+
+    void boxesOfPartsLookAsDrawnInOne()
+    {
+        QFETCH(int, radius);
+        QFETCH(int, border);
+        QFETCH(QColor, fill);
+        QFETCH(qreal, pixelRatio);
+        ZELCustomWidget box;
+        box.resize(60, 40);
+        box.cSetBackgroundColor(fill);
+        box.cSetBorderColor(QColor(border > 0 ? "#c04080" : ""));
+        box.cSetBorderWidth(border);
+        box.cSetBorderRadius(radius);
+        const auto drawn = [&](bool turned) {
+            QImage image(box.size() * pixelRatio, QImage::Format_ARGB32_Premultiplied);
+            image.setDevicePixelRatio(pixelRatio);
+            image.fill(Qt::gray);
+            QPainter painter(&image);
+            if (turned) {
+                painter.translate(box.width(), box.height());
+                painter.scale(-1, -1);
+            }
+            box.render(&painter, QPoint(), QRegion(), {});
+            painter.end();
+            return turned ? image.mirrored(true, true) : image;
+        };
+        const QImage parts = drawn(false);
+        const QImage whole = drawn(true);
+        for (int y = 0; y < parts.height(); ++y) {
+            for (int x = 0; x < parts.width(); ++x) {
+                const QColor a = parts.pixelColor(x, y);
+                const QColor b = whole.pixelColor(x, y);
+                const int difference =
+                    std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
+                              std::abs(a.blue() - b.blue())});
+                QVERIFY2(difference <= 10,
+                         qPrintable("%1,%2: %3 and %4"_s.arg(x).arg(y).arg(a.name(), b.name())));
+            }
+        }
     }
 };
 

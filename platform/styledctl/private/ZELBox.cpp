@@ -7,12 +7,125 @@
 #include "styledctl/private/ZELMetrics.h"
 
 #include <QPainter>
+#include <QPixmapCache>
 #include <QStyleOption>
+#include <QtMath>
+
+#include <cmath>
 
 namespace {
 
 constexpr qreal kRingWidth = 2;
 constexpr int kUnderlineHeight = 2;
+
+void paintRounded(QPainter* painter, const ZELBox& box, const QRectF& rect)
+{
+    const qreal width = box.border.isValid() ? box.borderWidth : 0;
+    const qreal half = width / 2;
+    const qreal corner = qMax<qreal>(0, box.radius - half);
+    painter->setBrush(box.fill);
+    painter->setPen(width > 0 ? QPen(box.border, width) : QPen(Qt::NoPen));
+    painter->drawRoundedRect(rect.adjusted(half, half, -half, -half), corner, corner);
+}
+
+bool isWhole(qreal number)
+{
+    return number == std::floor(number);
+}
+
+// A window shows dozens of boxes of a few kinds, and rounded outlines are what costs most to draw:
+// the four corners of each kind are drawn once, the rest is filled.
+class BoxParts
+{
+public:
+    BoxParts(const ZELBox& box, qreal pixelRatio)
+        : m_box(box)
+        , m_width(box.border.isValid() ? qRound(box.borderWidth) : 0)
+        , m_corner(qMax(m_width, qCeil(box.radius)))
+        , m_pixelRatio(pixelRatio)
+    {
+    }
+
+    // Whether the parts meet on whole pixels.
+    static bool fit(const ZELBox& box, const QPainter* painter, const QRect& rect)
+    {
+        const qreal least = 2 * qMax(box.radius, box.borderWidth) + 1;
+        const QTransform& place = painter->deviceTransform();
+        const qreal pixelRatio = painter->device()->devicePixelRatioF();
+        return isWhole(pixelRatio) && place.type() <= QTransform::TxScale &&
+               qFuzzyCompare(place.m11(), pixelRatio) && qFuzzyCompare(place.m22(), pixelRatio) &&
+               isWhole(place.dx()) && isWhole(place.dy()) &&
+               (!box.border.isValid() || box.border.alpha() == 255) &&
+               (!box.border.isValid() || isWhole(box.borderWidth)) &&
+               box.fill.style() <= Qt::SolidPattern && rect.width() > least &&
+               rect.height() > least;
+    }
+
+    void paint(QPainter* painter, const QRect& rect) const
+    {
+        const QRect inside = rect.adjusted(m_corner, m_corner, -m_corner, -m_corner);
+        const QRect wide(rect.left(), inside.top(), rect.width(), inside.height());
+        const QRect high(inside.left(), rect.top(), inside.width(), rect.height());
+        if (m_box.fill.style() != Qt::NoBrush) {
+            painter->fillRect(wide.adjusted(m_width, 0, -m_width, 0), m_box.fill);
+            painter->fillRect(high.adjusted(0, m_width, 0, -inside.height() - m_corner),
+                              m_box.fill);
+            painter->fillRect(high.adjusted(0, inside.height() + m_corner, 0, -m_width),
+                              m_box.fill);
+        }
+        if (m_width > 0) {
+            painter->fillRect(QRect(wide.topLeft(), QSize(m_width, wide.height())), m_box.border);
+            painter->fillRect(wide.adjusted(wide.width() - m_width, 0, 0, 0), m_box.border);
+            painter->fillRect(QRect(high.topLeft(), QSize(high.width(), m_width)), m_box.border);
+            painter->fillRect(high.adjusted(0, high.height() - m_width, 0, 0), m_box.border);
+        }
+        if (m_corner > 0)
+            paintCorners(painter, rect);
+    }
+
+private:
+    void paintCorners(QPainter* painter, const QRect& rect) const
+    {
+        const QPixmap all = corners();
+        const int pixels = qRound(m_corner * m_pixelRatio);
+        for (const bool right : {false, true}) {
+            for (const bool bottom : {false, true}) {
+                const QPoint place(right ? rect.right() + 1 - m_corner : rect.left(),
+                                   bottom ? rect.bottom() + 1 - m_corner : rect.top());
+                painter->drawPixmap(place, all,
+                                    QRect(right ? pixels : 0, bottom ? pixels : 0, pixels, pixels));
+            }
+        }
+    }
+    // The four corners with nothing between them.
+    QPixmap corners() const
+    {
+        const QString key = QStringLiteral("ZELBox %1 %2 %3 %4 %5")
+                                .arg(m_box.fill.style() ? m_box.fill.color().rgba() : 0)
+                                .arg(m_width > 0 ? m_box.border.rgba() : 0)
+                                .arg(m_width)
+                                .arg(m_box.radius)
+                                .arg(m_pixelRatio);
+        QPixmap pixmap;
+        if (QPixmapCache::find(key, &pixmap))
+            return pixmap;
+        const int side = 2 * m_corner;
+        pixmap = QPixmap(QSize(side, side) * m_pixelRatio);
+        pixmap.setDevicePixelRatio(m_pixelRatio);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintRounded(&painter, m_box, QRectF(0, 0, side, side));
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+        return pixmap;
+    }
+
+    const ZELBox& m_box;
+    const int m_width;
+    const int m_corner;
+    const qreal m_pixelRatio;
+};
 
 } // namespace
 
@@ -40,14 +153,12 @@ void ZELBox::paint(QPainter* painter, const QRect& rect) const
 {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    const qreal width = border.isValid() ? borderWidth : 0;
-    const qreal half = width / 2;
-    const QRectF outline = QRectF(rect).adjusted(half, half, -half, -half);
-    const qreal corner = qMax<qreal>(0, radius - half);
-    painter->setBrush(fill);
-    painter->setPen(width > 0 ? QPen(border, width) : QPen(Qt::NoPen));
-    painter->drawRoundedRect(outline, corner, corner);
+    if (BoxParts::fit(*this, painter, rect))
+        BoxParts(*this, painter->device()->devicePixelRatioF()).paint(painter, rect);
+    else
+        paintRounded(painter, *this, rect);
     if (innerLine.isValid()) {
+        const qreal width = border.isValid() ? borderWidth : 0;
         const QRectF inner =
             QRectF(rect).adjusted(width + .5, width + .5, -width - .5, -width - .5);
         painter->setBrush(Qt::NoBrush);

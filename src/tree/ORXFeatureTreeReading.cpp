@@ -99,7 +99,7 @@ void ORXFeatureTree::requestStop()
 {
     m_pPartialThread->requestStop();
     m_pFullThread->requestStop();
-    stopAutoSoftwareTrig(false);
+    m_autoTrigger->requestStop();
 }
 
 void ORXFeatureTree::StopThread(bool stop)

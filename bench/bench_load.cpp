@@ -200,23 +200,8 @@ void printInvalidation()
                                    longest, loaded.index.GetFeatureInvalidatorList(name).size());
                            }));
     }
-    // What it costs without reverse maps: every feature's list is compared.
-    const QString asked = names.at(size.features / 2);
-    const double comparing = middleMs(3, [&] {
-        int found = 0;
-        for (const QString& name : names) {
-            const QStringList list = loaded.index.invalidatorsOf(name);
-            QStringList widened = list;
-            for (const QString& entry : list)
-                widened += loaded.index.GetFeaturesNameByPValue(entry);
-            found += widened.contains(asked) ? 1 : 0;
-        }
-        benchmark::DoNotOptimize(found);
-    });
     std::printf("invalidation list, slowest feature:   %.4f ms (%d names at the most)\n", slowest,
                 longest);
-    std::printf("comparing every feature's list:       %.2f ms, %.0f times as long\n", comparing,
-                comparing / slowest);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/FeatureNodeMap.h"
+#include "model/InvalidationGraph.h"
 
 #include <QHash>
 #include <QList>
@@ -16,8 +17,8 @@ class QDomElement;
 // get copies of the tables, which nobody changes afterwards.
 //
 // Order of building: GenerateDomElementMap, then (once the items exist) setItemNames and the
-// other Generate... operations. Every walk along references is bounded and survives cycles. Unknown
-// names give empty results.
+// other Generate... operations. Walks along references take linear time and survive circles.
+// Unknown names give empty results.
 class FeatureDescriptionIndex
 {
 public:
@@ -43,8 +44,6 @@ public:
     QList<QString> GetFeaturesNameByPValue(const QString& value) const;
     QList<QString> GetFeaturePVariableList(const QString& name) const;
     QList<QString> GetFeaturesHaveSamePVariable(const QString& name) const;
-    // The names whose change makes a feature stale, with repeats.
-    QList<QString> invalidatorsOf(const QString& name) const { return m_invalidators.value(name); }
 
     // Pairs and selectors -------------------------------------------------------------------------
     void GenerateFeaturePValueList();
@@ -64,18 +63,10 @@ public:
     const QMap<QString, int>& pollingMap() const { return m_polling; }
 
 private:
-    void InsertFeatureInvalidator(const FeatureNode& feature);
-    void GenerateInvalidatorListByProperty(const QString& name, QStringList& invalidators,
-                                           QStringList& variables) const;
-    void buildReverseMaps();
-
     FeatureNodeMap m_nodes;
     QStringList m_itemNames;
     QSet<QString> m_itemNameSet;
-    QHash<QString, QStringList> m_invalidators; // feature to names whose change makes it stale
-    QHash<QString, QStringList> m_variables;    // feature to names reached through pVariable
-    QHash<QString, QStringList> m_invalidatedBy;   // reverse of m_invalidators, each feature once
-    QHash<QString, QStringList> m_variableUsers;   // reverse of m_variables, each feature once
+    InvalidationGraph m_invalidation;
     QHash<QString, QString> m_pValues;
     QHash<QString, QStringList> m_namesByPValue; // reverse of m_pValues, in name order
     QHash<QString, QString> m_pairs;

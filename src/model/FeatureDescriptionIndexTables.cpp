@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The feature tables of FeatureDescriptionIndex: pValues, pairs, selectors, locks, polling.
 #include "model/FeatureDescriptionIndex.h"
+#include "model/PollingWalk.h"
 
 #include <QDebug>
 
@@ -8,82 +9,19 @@ namespace {
 
 constexpr int kPollingGridMs = 50;
 constexpr int kNoCacheIntervalMs = 2000;
-constexpr int kMaxPollingDepth = 500;
 
-// What a look at one reference means for the walk along a polling chain.
-enum class Walk { GoOn, LeaveNode, Found };
-
-// Walks a polling chain depth-first in the order of the description: `look` judges each reference
-// that does not lead on. Cycles are cut; the first node that closes one is kept in `cycleAt`.
-template <typename Look>
-class PollingWalk
+PollingWalk::Look pollingTimeIn(const FeatureReference& reference)
 {
-public:
-    PollingWalk(const FeatureNodeMap& nodes, QString& cycleAt, const Look& look)
-        : m_nodes(nodes)
-        , m_cycleAt(cycleAt)
-        , m_look(look)
-    {
-    }
-
-    bool follow(const QString& name)
-    {
-        const auto seen = m_onPath.constFind(name);
-        if (seen != m_onPath.constEnd() && *seen && m_cycleAt.isEmpty())
-            m_cycleAt = name;
-        if (seen != m_onPath.constEnd() || m_onPath.size() >= kMaxPollingDepth)
-            return false;
-        m_onPath.insert(name, true);
-        const FeatureNodePtr node = m_nodes.node(name);
-        const bool found = node && lookAt(*node);
-        m_onPath.insert(name, false);
-        return found;
-    }
-
-private:
-    bool lookAt(const FeatureNode& node)
-    {
-        for (const FeatureReference& reference : node.references) {
-            const bool leadsOn = reference.kind == FeatureReference::PValue
-                                 || reference.kind == FeatureReference::PVariable;
-            if (leadsOn) {
-                if (follow(reference.text))
-                    return true;
-                continue;
-            }
-            const Walk step = m_look(reference);
-            if (step != Walk::GoOn)
-                return step == Walk::Found;
-        }
-        return false;
-    }
-
-    const FeatureNodeMap& m_nodes;
-    QString& m_cycleAt;
-    const Look& m_look;
-    QHash<QString, bool> m_onPath; // every node met: whether the walk is still below it
-};
-
-int pollingTime(const FeatureNodeMap& nodes, const QString& name, QString& cycleAt)
-{
-    int result = 0;
-    const auto look = [&result](const FeatureReference& reference) {
-        if (reference.kind != FeatureReference::PollingTime)
-            return Walk::GoOn;
-        result = reference.text.toInt();
-        return result > 0 ? Walk::Found : Walk::LeaveNode;
-    };
-    return PollingWalk(nodes, cycleAt, look).follow(name) ? result : 0;
+    if (reference.kind != FeatureReference::PollingTime)
+        return {};
+    return {true, qMax(0, reference.text.toInt())};
 }
 
-bool isNoCache(const FeatureNodeMap& nodes, const QString& name, QString& cycleAt)
+PollingWalk::Look noCacheIn(const FeatureReference& reference)
 {
-    const auto look = [](const FeatureReference& reference) {
-        const bool noCache = reference.kind == FeatureReference::Cachable
-                             && reference.text == QLatin1String("NoCache");
-        return noCache ? Walk::Found : Walk::GoOn;
-    };
-    return PollingWalk(nodes, cycleAt, look).follow(name);
+    const bool noCache =
+        reference.kind == FeatureReference::Cachable && reference.text == QLatin1String("NoCache");
+    return {noCache, noCache ? 1 : 0};
 }
 
 // t brought to the nearest multiple of 50 ms, half upwards, 50 at the least.
@@ -114,8 +52,8 @@ void FeatureDescriptionIndex::GenerateFeaturePairList()
     for (const QString& name : qAsConst(m_itemNames)) {
         QString target;
         QString second;
-        if (!GetPValueText(m_nodes.node(name), target)
-            || !GetPValueText(m_nodes.node(target), second))
+        if (!GetPValueText(m_nodes.node(name), target) ||
+            !GetPValueText(m_nodes.node(target), second))
             continue;
         if (second == name || !m_itemNameSet.contains(second))
             continue;
@@ -173,29 +111,29 @@ void FeatureDescriptionIndex::GenerateFeaturesTLParamsLocked()
 
 int FeatureDescriptionIndex::GetPollingTime(const QString& name) const
 {
-    QString cycleAt;
-    return pollingTime(m_nodes, name, cycleAt);
+    return PollingWalk(m_nodes, pollingTimeIn).follow(name);
 }
 
 bool FeatureDescriptionIndex::IsNoCacheFeature(const QString& name) const
 {
-    QString cycleAt;
-    return isNoCache(m_nodes, name, cycleAt);
+    return PollingWalk(m_nodes, noCacheIn).follow(name) > 0;
 }
 
 void FeatureDescriptionIndex::GenerateFeatureNoCacheList()
 {
     m_polling.clear();
-    QString cycleAt;
+    PollingWalk times(m_nodes, pollingTimeIn);
+    PollingWalk caching(m_nodes, noCacheIn);
     for (const QString& name : qAsConst(m_itemNames)) {
-        const int time = pollingTime(m_nodes, name, cycleAt);
+        const int time = times.follow(name);
         if (time > 0)
             m_polling.insert(name, onPollingGrid(time));
-        else if (isNoCache(m_nodes, name, cycleAt))
+        else if (caching.follow(name) > 0)
             m_polling.insert(name, kNoCacheIntervalMs);
     }
-    if (!cycleAt.isEmpty())
-        qCritical().noquote()
-            << QStringLiteral("Feature description: node %1 refers to itself in a circle")
-                   .arg(cycleAt);
+    const QString& circle = times.circleAt();
+    if (!circle.isNull())
+        qCritical().noquote() << QStringLiteral(
+                                     "Feature description: node %1 refers to itself in a circle")
+                                     .arg(circle);
 }

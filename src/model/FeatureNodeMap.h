@@ -27,6 +27,7 @@ public:
     // Every feature element in the order of the description, also those that another one of the
     // same name replaced.
     const QVector<FeatureNodePtr>& featureElements() const { return m_featureElements; }
+    const QHash<QString, FeatureNodePtr>& nodes() const { return m_nodes; }
     int size() const { return m_nodes.size(); }
     bool isEmpty() const { return m_nodes.isEmpty(); }
 

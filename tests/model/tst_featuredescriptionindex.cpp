@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FeatureDescriptionIndex.h"
+#include "model/RandomDescription.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
 #include "support/TestMain.h"
@@ -211,17 +212,57 @@ private slots:
         QCOMPARE(sorted(index.GetFeatureInvalidatorList("A"_s)), words("A B"));
     }
 
-    void longChainsAreCutAndNamed()
+    // Each is followed to its end, and what is wrong with a description is told in one line.
+    void longChainsAndCircles_data()
     {
-        MessageGuard::expectMessage("refers to too many others"_s);
-        QString elements = element("Integer", "Start", ref("pValue", "N0"));
-        constexpr int kChain = 20000;
-        for (int i = 0; i < kChain; ++i)
-            elements +=
-                node("IntConverter"_s, "N%1"_s.arg(i), child("pValue"_s, "N%1"_s.arg(i + 1)));
-        const FeatureDescriptionIndex index = indexOf(elements, words("Start"));
-        QCOMPARE(index.GetPollingTime("Start"_s), 0);
-        QVERIFY(MessageGuard::contains("node N0 refers to too many others"_s));
+        const Rows<bool, int> row("circle", "lines");
+        row("chain", false, 0);
+        row("circle", true, 1);
+    }
+
+    void longChainsAndCircles()
+    {
+        QFETCH(bool, circle);
+        QFETCH(int, lines);
+        MessageGuard::expectMessage("refers to itself in a circle"_s);
+        constexpr int kNodes = 20000;
+        QStringList names;
+        for (int i = 0; i < kNodes; ++i)
+            names.append("N%1"_s.arg(i));
+        QString elements;
+        for (int i = 0; i < kNodes; ++i) {
+            const QString next = i + 1 < kNodes ? names.at(i + 1)
+                                 : circle       ? names.first()
+                                                : QString();
+            const QString content =
+                next.isNull() ? child("PollingTime"_s, "200"_s) : child("pValue"_s, next);
+            elements += node("Integer"_s, names.at(i), content);
+        }
+        const FeatureDescriptionIndex index = indexOf(elements, names);
+        QCOMPARE(index.pollingMap().size(), circle ? 0 : kNodes);
+        // A change of the last one makes all before it stale, but for the one whose value it is.
+        QVERIFY(index.GetFeatureInvalidatorList(names.last()).size() >= kNodes - 1);
+        QCOMPARE(MessageGuard::messages().filter("refers to itself"_s).size(), lines);
+    }
+
+    // What is kept in reverse tells the same as references that are followed forward.
+    void sameAsForward_data()
+    {
+        QTest::addColumn<unsigned>("seed");
+        for (unsigned seed = 1; seed <= 40; ++seed)
+            QTest::addRow("seed %u", seed) << seed;
+    }
+
+    void sameAsForward()
+    {
+        QFETCH(unsigned, seed);
+        MessageGuard::expectMessage("refers to itself in a circle"_s);
+        const RandomDescription description(seed);
+        const FeatureDescriptionIndex index = indexOf(description.elements(), {});
+        for (const QString& name : description.features()) {
+            QCOMPARE(sorted(index.GetFeatureInvalidatorList(name)),
+                     sorted(description.staleAfter(name)));
+        }
     }
 };
 

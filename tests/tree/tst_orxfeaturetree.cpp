@@ -102,6 +102,19 @@ private slots:
         QTRY_VERIFY(item("Detail")->visible());
     }
 
+    void cachesOfSomeDevicesAreDroppedByEveryFullRead()
+    {
+        readOnce();
+        _OB_FT_DEVICEINFO_ info = {};
+        info.deviceType = 8;
+        OBDeviceControl::SetDeviceInfo(&info);
+        m_tree->RefreshFeatures();
+        m_tree->UpdateFeatures(FEATURES_UPDATE_TL_LOCKED, QString(), {}, false, false);
+        info.deviceType = 0;
+        OBDeviceControl::SetDeviceInfo(&info);
+        QCOMPARE(m_host.count("invalidate"_s), 1);
+    }
+
     void refreshDropsTheHostsCache()
     {
         readOnce();
@@ -113,6 +126,38 @@ private slots:
         QTRY_COMPARE(item("Height")->value()->value().toInt(), 1); // the refresh was under way
         m_tree->UpdateFeatures(FEATURES_UPDATE_POLLING, QString(), {}, true, false);
         QCOMPARE(m_host.count("invalidate"_s), 2);
+    }
+
+    // The end of a pass that was stopped arrives when the first read is under way again.
+    void stoppedPassIsNotTheFirstRead()
+    {
+        const QString first = m_tree->AllTreeItemsMap().firstKey();
+        QSignalSpy fullReads(m_tree.get(), &ORXFeatureTree::SigFullReadEnded);
+        for (const bool stopped : {true, false}) {
+            m_host.pace().closeGate(first);
+            m_tree->StartUpdateThread();
+            QTRY_COMPARE(m_host.pace().waitingAt(first), 1);
+            QCoreApplication::processEvents();
+            QVERIFY(!m_tree->HadUpdatedOnce());
+            QVERIFY(fullReads.isEmpty());
+            m_host.pace().openGate(first);
+            if (stopped)
+                m_tree->PauseUpdateThread();
+        }
+        QTRY_VERIFY(m_tree->HadUpdatedOnce());
+        QCOMPARE(fullReads.size(), 1);
+    }
+
+    void polledChangeReadsWhatItInvalidates()
+    {
+        readOnce();
+        m_tree->PauseUpdateThread();
+        m_tree->StopThread(false);
+        m_host.clearCalls();
+        m_tree->EmitPollingFeatureChanged("Width"_s);
+        QTRY_COMPARE(m_host.count("get Height"_s), 1);
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(m_host.count("get Width"_s), 0); // polling has just read it
     }
 
     void pollingFollowsTheFirstRead()

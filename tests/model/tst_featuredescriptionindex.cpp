@@ -133,6 +133,12 @@ private slots:
             element("Integer", "A", ref("pValue", "Middle")) +
                 element("Converter", "Middle", ref("pValue", "B")) + element("Integer", "B"),
             "A B", "B", "A B");
+        row("partner of what it invalidates",
+            element("Integer", "A", ref("pMin", "Least") + ref("pValue", "Middle")) +
+                element("IntReg", "Least", ref("pInvalidator", "C")) +
+                element("Converter", "Middle", ref("pValue", "B")) + element("Integer", "B") +
+                element("Integer", "C"),
+            "A B C", "C", "A B C");
         row("acquisition", element("Command", "AcquisitionStart"), "AcquisitionStart",
             "AcquisitionStart", "AcquisitionStart AcquisitionStop");
         row("packet size", element("Integer", "GevSCPSPacketSize"), "GevSCPSPacketSize",

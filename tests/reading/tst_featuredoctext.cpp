@@ -10,7 +10,11 @@
 
 #include <QTextDocument>
 
+#include <functional>
+
 using namespace DescriptionBuilder;
+using Change = std::function<void(ORXPropertyTreeItem& item, FakeHost& host)>;
+Q_DECLARE_METATYPE(Change)
 
 namespace {
 
@@ -39,11 +43,14 @@ class TestFeatureDocText : public GuardedTest
 protected:
     void prepare() override
     {
-        FakeHost::uninstall();
+        m_host = std::make_unique<FakeHost>();
+        m_host->install();
         m_description =
             std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
         m_decider.setNodes(m_description->index.nodes());
+        m_decider.beginItem();
     }
+    void finish() override { FakeHost::uninstall(); }
 
 private:
     QString info(const char* name)
@@ -53,6 +60,7 @@ private:
             .trimmed();
     }
 
+    std::unique_ptr<FakeHost> m_host;
     std::unique_ptr<LoadedDescription> m_description;
     FeatureDecider m_decider;
     FeatureDocText m_text{m_decider};
@@ -76,6 +84,8 @@ private slots:
                  "Min: 4\nMax: 4096\nInc: 4"_s);
         QVERIFY(
             text("CH").startsWith("\u5bbd\u5ea6\n\u56fe\u50cf\u5bbd\u5ea6\n\nNode Name: Width"_s));
+        width->value()->setTranslatedDescription(QString());
+        QVERIFY(text("CH").startsWith("\u5bbd\u5ea6\nThe 'visible' width.\n"_s));
     }
 
     void ranges_data()
@@ -116,17 +126,56 @@ private slots:
         QVERIFY(text.startsWith("Load %1 of line\nDuty cycle at %3 of %4 line %2."_s));
     }
 
+    void rebuiltOnlyWhenAnInputChanged_data()
+    {
+        using Item = ORXPropertyTreeItem;
+        const auto integer = [](qint64 least, qint64 most, qint64 step) {
+            return [=](Item& item, FakeHost&) {
+                dynamic_cast<CTreeIntergerItemValue*>(item.value())
+                    ->setNumbers({8, least, most, step});
+            };
+        };
+        // shown: in one of the two texts afterwards
+        const Rows<QByteArray, Change, QString> row("name", "change", "shown");
+        row("minimum", "Width", integer(2, 4096, 4), "Min: 2");
+        row("maximum", "Width", integer(4, 5000, 4), "Max: 5000");
+        row("increment", "Width", integer(4, 4096, 8), "Inc: 8");
+        const auto range = [](Item& item, FakeHost&) {
+            dynamic_cast<CTreeFloatItemValue*>(item.value())->setNumbers({5.0F, 1.0F, 7.0F});
+        };
+        row("range of a float", "Gain", Change(range), "Max: 7.000000");
+        const auto visibility = [](Item& item, FakeHost&) { item.setVisibilityString("Guru"_s); };
+        row("visibility", "Width", Change(visibility), "Visibility: Guru");
+        const auto name = [](Item& item, FakeHost&) { item.value()->setDisplayName("Columns"_s); };
+        row("name", "Width", Change(name), "Columns");
+        const auto translated = [](Item& item, FakeHost&) {
+            item.value()->setTranslateName("\u5bbd\u5ea6"_s);
+        };
+        row("translated name", "Width", Change(translated), "\u5bbd\u5ea6");
+        const auto entry = [](Item&, FakeHost& host) {
+            host.set("Never"_s, FakeHost::integerFeature(1));
+        };
+        row("entry that comes", "Mode", Change(entry), "Enum Entry Name: Gone");
+    }
+
     void rebuiltOnlyWhenAnInputChanged()
     {
-        ORXPropertyTreeItem* width = m_description->item("Width");
-        const FeatureNode& node = *m_description->node("Width");
-        m_text.update(node, width);
-        width->value()->setDocText("kept"_s);
-        m_text.update(node, width);
-        QCOMPARE(width->value()->docText(), "kept"_s);
-        dynamic_cast<CTreeIntergerItemValue*>(width->value())->setNumbers({8, 4, 5000, 4});
-        m_text.update(node, width);
-        QVERIFY(plain(width->value()->docText()).contains("Max: 5000"_s));
+        QFETCH(QByteArray, name);
+        QFETCH(Change, change);
+        QFETCH(QString, shown);
+        ORXPropertyTreeItem* item = m_description->item(name.constData());
+        const FeatureNode& node = *m_description->node(name.constData());
+        if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(item->value()))
+            integer->setNumbers({8, 4, 4096, 4});
+        m_text.update(node, item);
+        item->value()->setDocText("kept"_s);
+        m_text.update(node, item);
+        QCOMPARE(item->value()->docText(), "kept"_s);
+        change(*item, *m_host);
+        m_decider.beginItem(); // another pass
+        m_text.update(node, item);
+        const CTreeItemValue* value = item->value();
+        QVERIFY(plain(value->docText() + value->docTextCN()).contains(shown));
     }
 };
 

@@ -178,6 +178,7 @@ private slots:
         QTEST(mode->displayList().join(QLatin1Char(' ')), "display");
         QCOMPARE(mode->displayListCN().size(), mode->displayList().size());
         QCOMPARE(mode->valueMap().size(), values);
+        QCOMPARE(mode->nameMap().size(), values);
         if (values == 4)
             QCOMPARE(mode->valueMap().value(4294967295), "Single"_s);
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
+#include "model/CTreeIntergerItemValue.h"
 #include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
@@ -9,6 +10,7 @@
 #include "support/TestMain.h"
 
 #include <QSemaphore>
+#include <QTimer>
 
 #include <thread>
 
@@ -21,11 +23,15 @@ const char kDescription[] = R"(
 <Category Name="Root"><pFeature>Device</pFeature></Category>
 <Category Name="Device"><pFeature>A</pFeature><pFeature>B</pFeature><pFeature>C</pFeature>
 <pFeature>Guru</pFeature><pFeature>Locked</pFeature><pFeature>Polled</pFeature>
-<pFeature>Gone</pFeature></Category>
-<Integer Name="A"/><Integer Name="B"/><Integer Name="C"/>
+<pFeature>Gone</pFeature><pFeature>Idle</pFeature><pFeature>Slow</pFeature>
+<pFeature>Closed</pFeature></Category>
+<Category Name="Closed"><pIsAvailable>Never</pIsAvailable></Category>
+<Integer Name="A"><Representation>HexNumber</Representation></Integer><Integer Name="B"/><Integer Name="C"/>
 <Integer Name="Guru"><Visibility>Guru</Visibility></Integer>
 <Integer Name="Locked"><pIsLocked>TLParamsLocked</pIsLocked></Integer>
 <Integer Name="Polled"><PollingTime>50</PollingTime></Integer>
+<Integer Name="Slow"><PollingTime>150</PollingTime></Integer>
+<Integer Name="Idle"><pIsAvailable>Never</pIsAvailable></Integer>
 <Integer Name="Gone"><pIsAvailable>Never</pIsAvailable><pIsImplemented>Never</pIsImplemented></Integer>
 <Integer Name="TLParamsLocked"/><Integer Name="Never"/>)";
 
@@ -33,7 +39,11 @@ class Owner : public IFeatureReadingOwner
 {
 public:
     FeatureMutex* GetFeatureMutex() override { return &mutex; }
-    void EmitPollingFeatureChanged(const QString&) override { ++polled; }
+    void EmitPollingFeatureChanged(const QString& name) override
+    {
+        if (name == QLatin1String("Polled"))
+            ++polled;
+    }
     FeatureMutex mutex;
     std::atomic<int> polled{0};
 };
@@ -50,9 +60,9 @@ protected:
         m_description =
             std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
         m_host = std::make_unique<FakeHost>();
-        for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled", "Gone"})
+        for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled", "Gone", "Idle", "Slow"})
             m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(1));
-        for (const char* name : {"Root", "Device"})
+        for (const char* name : {"Root", "Device", "Closed"})
             m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
         for (const char* name : {"TLParamsLocked", "Never"})
             m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
@@ -130,8 +140,11 @@ private slots:
             QCOMPARE(m_host->count("get "_s + text), 1);
         }
         QCOMPARE(m_host->count("get TLParamsLocked"_s), 1);
-        // Both references of one feature name the same decider: it is asked once for the item.
-        QCOMPARE(m_host->count("get Never"_s), 1);
+        const auto* hexadecimal =
+            dynamic_cast<const CTreeIntergerItemValue*>(m_description->item("A")->value());
+        QCOMPARE(hexadecimal->representation(), "HexNumber"_s);
+        // Three features name it, one of them twice: it is asked once for each item.
+        QCOMPARE(m_host->count("get Never"_s), 3);
     }
 
     void oneItemUpdate_data()
@@ -149,6 +162,9 @@ private slots:
         row("unlocked", "Locked", 4, 0, true, false, beginner);
         row("not implemented node", "Gone", 4, 0, false, true, invisible);
         row("other level", "Guru", 4, 0, false, false, "Guru");
+        row("not available by its node", "Idle", 4, 0, true, true, beginner);
+        row("category without access", "Device", 0, 0, true, false, beginner);
+        row("category that is not available", "Closed", 4, 0, false, true, invisible);
     }
 
     void oneItemUpdate()
@@ -199,6 +215,31 @@ private slots:
         request(FEATURES_UPDATE_ALL, {}, 4);
         QTRY_VERIFY(guru->visible());
         QCOMPARE(m_host->count("get Guru"_s), 1);
+    }
+
+    void rowThatBeginsToShowIsRead()
+    {
+        ORXPropertyTreeItem* guru = m_description->item("Guru");
+        m_thread->takeUserLevel();
+        m_thread->UpdateFeature(guru, Flags(4));
+        QVERIFY(!guru->visible() && !guru->wasRead());
+        OBDeviceControl::SetUserLevel(0);
+        m_thread->takeUserLevel();
+        m_thread->UpdateFeature(guru, Flags(4));
+        QVERIFY(guru->visible() && guru->wasRead());
+        QCOMPARE(m_host->count("get Guru"_s), 1);
+    }
+
+    // Polling never shows or hides by the level, but it tells a feature that is back.
+    void pollingTellsAccess()
+    {
+        ORXPropertyTreeItem* polled = m_description->item("Polled");
+        for (const bool there : {true, false, true}) {
+            m_host->failMode("Polled"_s, there ? 0 : 5);
+            m_thread->UpdateFeature(polled, Flags(10));
+            QCOMPARE(polled->visibilityString(), there ? "Beginner"_s : "Invisible"_s);
+            QVERIFY(there || polled->value()->lastRead() == CTreeItemValue::LastRead::Failed);
+        }
     }
 
     // A full read that comes when polling was asked for and the thread has not begun it.
@@ -254,26 +295,54 @@ private slots:
     void namesJoinTheRunningQueue()
     {
         holdAt("A");
-        request(FEATURES_UPDATE_INVALIDATED, {"A"_s, "B"_s}, 13);
+        request(FEATURES_UPDATE_INVALIDATED, {"A"_s, "B"_s, "Guru"_s}, 13);
         m_reached.acquire();
-        request(FEATURES_UPDATE_INVALIDATED, {"B"_s, "C"_s}, 13);
+        request(FEATURES_UPDATE_INVALIDATED, {"B"_s, "C"_s, "Guru"_s}, 14);
         release();
         QTRY_COMPARE(passesEnded(), 1);
         // B stood in both requests before it was read: once is enough.
         QCOMPARE(m_host->count("get B"_s), 1);
         QCOMPARE(m_host->count("get C"_s), 1);
+        // It is hidden, so only the first request wants its value.
+        QCOMPARE(m_host->count("get Guru"_s), 1);
+    }
+
+    void pollingKeepsEachPeriod()
+    {
+        request(FEATURES_UPDATE_POLLING, {}, 10);
+        QTRY_VERIFY(m_host->count("get Slow"_s) >= 2);
+        m_thread->StopThread(true, true);
+        QString order;
+        for (const QString& call : m_host->calls().filter("get "_s))
+            order += call.at(4);
+        QVERIFY2(order.startsWith("PPPSPPPS"_s), qPrintable(order));
+    }
+
+    void pollingReportsChanges_data()
+    {
+        const Rows<bool, bool, int> row("emits", "goes", "reports");
+        row("value", true, false, 3);
+        row("feature that goes", true, true, 1);
+        row("not wanted", false, false, 0);
     }
 
     void pollingReportsChanges()
     {
-        arm(true);
+        QFETCH(bool, emits);
+        QFETCH(bool, goes);
+        QFETCH(int, reports);
+        arm(emits);
+        if (goes)
+            m_host->failMode("Polled"_s, 5);
         std::atomic<qint64> value{0};
         m_host->beforeGet = [this, &value](const QString& name) {
             if (name == QLatin1String("Polled"))
                 m_host->set(name, FakeHost::integerFeature(++value));
         };
         request(FEATURES_UPDATE_POLLING, {}, 10);
-        QTRY_VERIFY(m_owner.polled >= 3);
+        QTRY_VERIFY(m_host->count("mode Polled"_s) > 3 && m_owner.polled >= reports);
+        if (reports < 3)
+            QCOMPARE(m_owner.polled.load(), reports);
         QCOMPARE(m_host->count("get A"_s), 0);
         m_thread->StopThread(true, true);
         QTRY_COMPARE(passesEnded(), 1);
@@ -309,6 +378,21 @@ private slots:
         QVERIFY(m_description->item("B")->visible());
         m_thread->SetDisableUpdateList({});
         QVERIFY(m_thread->UpdateFeature(m_description->item("B"), Flags(13)));
+        m_thread->SetDisableUpdateList({"B"_s}); // nothing to wait for
+    }
+
+    void disablingWaitsForTheFeatureUnderWay()
+    {
+        holdAt("B");
+        request(FEATURES_UPDATE_ALL, {}, 13);
+        m_reached.acquire();
+        bool released = false;
+        QTimer::singleShot(0, this, [&] {
+            released = true;
+            release();
+        });
+        m_thread->SetDisableUpdateList({"B"_s});
+        QVERIFY(released);
     }
 
     // Requests come exactly while passes end; each must be carried out.

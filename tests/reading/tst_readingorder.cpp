@@ -181,6 +181,17 @@ private slots:
         QCOMPARE(order(), "ABCDEFGHABCD"_s);
     }
 
+    // What waits takes over what the next request refreshes besides.
+    void levelAndRefreshDuringAPassAreOne()
+    {
+        requestAndHold(14, "C"_s);
+        request(4);
+        request(14);
+        end();
+        QCOMPARE(order(), "ABCDEFGHABC"_s);
+        QCOMPARE(m_host->count("get C"_s), 2);
+    }
+
     // A request that comes late in what another left to be read again.
     void requestDuringTheRest()
     {
@@ -189,6 +200,7 @@ private slots:
         m_host->pace().closeGate("B"_s);
         m_host->pace().openGate("F"_s);
         QTRY_COMPARE(m_host->pace().waitingAt("B"_s), 1);
+        QCOMPARE(m_thread->progress().total, 6);
         request(14);
         end();
         QCOMPARE(order(), "ABCDEFGHABCDEFABCDEFGH"_s);

@@ -61,6 +61,7 @@ void FeatureTreeTest::prepare()
 
 void FeatureTreeTest::finish()
 {
+    m_host.pace().openAllGates();
     m_tree.reset();
     m_finder.trees.clear();
     IFeatureTreeFinder::install(nullptr);

@@ -189,9 +189,10 @@ private slots:
     {
         const Rows<QString, QString, QStringList, QStringList> row("moved", "target", "list",
                                                                    "shown");
-        row("before another one", "Gain", "Height", "Width Gain Height Gain", "Width Gain Height");
-        row("to the end", "Width", "", "Height Gain Width", "Height Gain Width");
-        row("onto itself", "Width", "Width", "Width Height Gain", "Width Height Gain");
+        row("before another one", "Gain", "Height", "Width Alien Gain Height Gain",
+            "Width Gain Height");
+        row("to the end", "Width", "", "Alien Height Gain Width", "Height Gain Width");
+        row("onto itself", "Width", "Width", "Width Alien Height Gain", "Width Height Gain");
     }
 
     void movingFavorites()
@@ -201,7 +202,7 @@ private slots:
         QFETCH(QStringList, list);
         QFETCH(QStringList, shown);
         const auto copyOf = [this](const QString& name) { return group()->findChild(name); };
-        setFavorites(words("Width Height Gain"));
+        setFavorites(words("Width Alien Height Gain")); // one of another camera
         for (int i = 0; i < 2; ++i) { // moving it again changes nothing more
             m_tree->moveFavorteItem(copyOf(moved), copyOf(target));
             QCOMPARE(favorites(), list);
@@ -282,9 +283,13 @@ private slots:
     void favoritesOfAnotherTree()
     {
         const std::unique_ptr<ORXFeatureTree> other = makeTree(2);
-        setFavorites(words("Width Gain"));
-        m_tree->notifyFavoriteFeatureChange();
-        QCOMPARE(shownFavorites(other.get()), words("Width Gain"));
+        for (const char* name : {"Gain", "Height", "Width"})
+            menuOn(item(name))->actions().first()->trigger();
+        QCOMPARE(shownFavorites(other.get()), words("Gain Height Width"));
+        m_tree->moveFavorteItem(group()->child(2), group()->child(0));
+        QCOMPARE(shownFavorites(other.get()), words("Width Gain Height"));
+        menuOn(group()->child(1))->actions().at(1)->trigger();
+        QCOMPARE(shownFavorites(other.get()), words("Width Height"));
         QVERIFY(!other->rootItem()->child(0)->child(0)->wasRead());
         other->propertyItemByName("Width"_s)->setWasRead(true, 2);
         QTRY_VERIFY(other->treeView()->editorOf(other->rootItem()->child(0)->child(0)));

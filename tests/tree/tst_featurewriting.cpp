@@ -261,6 +261,9 @@ private slots:
         readOnce();
         if (!known)
             m_finder.trees.clear();
+        QSignalSpy trigger(m_tree.get(), &ORXFeatureTree::SigAutoSoftwareTrigChanged);
+        m_tree->SetAutoSoftwareTrig(true, 1000000);
+        QCOMPARE(trigger.size(), 1);
         QCOMPARE(m_tree->setFeatureValue("Command"_s, "DeviceReset"_s, {}), known);
         QVERIFY(overlay().isEmpty());
         QCOMPARE(messageBox()->cContent(),
@@ -268,6 +271,8 @@ private slots:
         QCOMPARE(messageBox()->cHintStyle(), int(ZELCustomMessageBox::Hint_Information));
         QVERIFY(!editor<ORXPropertySpinBox>("Width")->isEnabled());
         QVERIFY(!m_tree->isCanEdit());
+        QCOMPARE(trigger.size(), 2);
+        QVERIFY(!trigger.last().last().toBool());
     }
 
     void loadingASetKeepsTheShownRegion()
@@ -364,6 +369,19 @@ private slots:
         m_tree->ShowMessage(nullptr, "again"_s, QString(), QString(), 5);
         QCoreApplication::processEvents();
         QVERIFY(isShown());
+    }
+
+    void overlayStaysWhileTheEditIsReadAgain()
+    {
+        readWithoutPolling();
+        m_host.pace().closeGate("Height"_s);
+        QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
+        QTRY_COMPARE(m_host.pace().waitingAt("Height"_s), 1);
+        m_tree->ShowLoadingFeatures(false, true);
+        emit m_tree->findChildren<QGetFeaturesThread*>().last()->sigThreadEnd(); // the other pass
+        QVERIFY(!overlay().isEmpty());
+        m_host.pace().openGate("Height"_s);
+        QTRY_VERIFY(overlay().isEmpty());
     }
 
     void overlayIndex()

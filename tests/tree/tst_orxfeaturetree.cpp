@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "basetools/ORXInterface.h"
+#include "device/IORXListen.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
+#include "reading/FeatureMutex.h"
 #include "styledctl/ZELCustomCheckBox.h"
 #include "styledctl/ZELCustomComboBox.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
@@ -17,6 +19,24 @@
 #include <QSignalSpy>
 #include <QTextEdit>
 
+namespace {
+
+class FirstReads : public IORXListen
+{
+public:
+    FirstReads() { ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal); }
+    ~FirstReads() override { ORXListenTools::instance()->removeListener(this); }
+    int notify(int code, void* key) override
+    {
+        if (code == ListenCode::kFirstReadEnded)
+            cameras.append(*static_cast<qint64*>(key));
+        return 0;
+    }
+    QList<qint64> cameras;
+};
+
+} // namespace
+
 class TestORXFeatureTree : public FeatureTreeTest
 {
     Q_OBJECT
@@ -26,10 +46,12 @@ private slots:
     void firstReadFillsTheEditors()
     {
         QSignalSpy firstRead(m_tree.get(), &ORXFeatureTree::SigFirstEndUpdateFeature);
+        const FirstReads listener;
         QCOMPARE(m_tree->rootItem()->childCount(), 3); // favourites and two categories
         readOnce();
         QCOMPARE(firstRead.size(), 1);
         QCOMPARE(firstRead.first().first().toLongLong(), 1LL);
+        QCOMPARE(listener.cameras, QList<qint64>({1}));
         QCOMPARE(editor<ORXPropertySpinBox>("Width")->singleStep(), qlonglong(16));
         QTRY_COMPARE(editor<ZELCustomComboBox>("PixelFormat")->currentText(), "Mono16"_s);
         QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), "1.5000"_s);
@@ -58,6 +80,7 @@ private slots:
         const GuiThreadReads::ReadingHere reading;
         Item* feature = m_tree->propertyItemByName(name);
         QCOMPARE(m_tree->rereadFeatureValue(feature, true), !value.isEmpty());
+        QVERIFY(value.isEmpty() || feature->wasRead());
         const CTreeItemValue* read = feature->value();
         if (!value.isEmpty())
             QCOMPARE(read->displayValue().isEmpty() ? read->value().toString()
@@ -102,6 +125,36 @@ private slots:
         QTRY_VERIFY(item("Detail")->visible());
     }
 
+    void cachesOfSomeDevicesAreDroppedByEveryFullRead()
+    {
+        readOnce();
+        _OB_FT_DEVICEINFO_ info = {};
+        info.deviceType = 8;
+        OBDeviceControl::SetDeviceInfo(&info);
+        m_tree->RefreshFeatures();
+        m_tree->UpdateFeatures(FEATURES_UPDATE_TL_LOCKED, QString(), {}, false, false);
+        info.deviceType = 0;
+        OBDeviceControl::SetDeviceInfo(&info);
+        QCOMPARE(m_host.count("invalidate"_s), 1);
+    }
+
+    // A pass that began at the level before comes to a feature after the other thread.
+    void runningPassTakesTheNewLevel()
+    {
+        readOnce();
+        const QString first = m_tree->AllTreeItemsMap().firstKey();
+        m_host.pace().closeGate(first);
+        m_tree->RefreshFeatures();
+        QTRY_COMPARE(m_host.pace().waitingAt(first), 1);
+        m_tree->setInSight({"Detail"_s});
+        OBDeviceControl::SetUserLevel(1);
+        m_tree->OnUserLevelChanged();
+        QTRY_COMPARE(m_tree->GetFeatureMutex()->waiting(), 1);
+        m_host.pace().openGate(first);
+        QTRY_VERIFY(!m_tree->isReading());
+        QVERIFY(!item("Detail")->visible());
+    }
+
     void refreshDropsTheHostsCache()
     {
         readOnce();
@@ -113,6 +166,39 @@ private slots:
         QTRY_COMPARE(item("Height")->value()->value().toInt(), 1); // the refresh was under way
         m_tree->UpdateFeatures(FEATURES_UPDATE_POLLING, QString(), {}, true, false);
         QCOMPARE(m_host.count("invalidate"_s), 2);
+    }
+
+    // The end of a pass that was stopped arrives when the first read is under way again.
+    void stoppedPassIsNotTheFirstRead()
+    {
+        const QString first = m_tree->AllTreeItemsMap().firstKey();
+        QSignalSpy fullReads(m_tree.get(), &ORXFeatureTree::SigFullReadEnded);
+        for (const bool stopped : {true, false}) {
+            m_host.pace().closeGate(first);
+            m_tree->StartUpdateThread();
+            QTRY_COMPARE(m_host.pace().waitingAt(first), 1);
+            QCoreApplication::processEvents();
+            QVERIFY(!m_tree->HadUpdatedOnce());
+            QVERIFY(fullReads.isEmpty());
+            QVERIFY(m_tree->isReading());
+            m_host.pace().openGate(first);
+            if (stopped)
+                m_tree->PauseUpdateThread();
+        }
+        QTRY_VERIFY(m_tree->HadUpdatedOnce());
+        QCOMPARE(fullReads.size(), 1);
+    }
+
+    void polledChangeReadsWhatItInvalidates()
+    {
+        readOnce();
+        m_tree->PauseUpdateThread();
+        m_tree->StopThread(false);
+        m_host.clearCalls();
+        m_tree->EmitPollingFeatureChanged("Width"_s);
+        QTRY_COMPARE(m_host.count("get Height"_s), 1);
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(m_host.count("get Width"_s), 0); // polling has just read it
     }
 
     void pollingFollowsTheFirstRead()
@@ -224,6 +310,10 @@ private slots:
         emit view->pressed(view->treeModel()->indexFromItem(item("Width"), 0));
         QVERIFY(panel->toPlainText().contains("Columns of the image."_s));
         const QString english = panel->toPlainText();
+        QCOMPARE(panel->textCursor().position(), 0);
+        m_tree->findChild<QTextEdit*>()->selectAll();
+        m_tree->notifyEditorUpdate();
+        QVERIFY(panel->textCursor().hasSelection()); // the text has not changed
         ORXInterface::setLanguage("CH"_s);
         QEvent change(QEvent::LanguageChange);
         QCoreApplication::sendEvent(m_tree.get(), &change);

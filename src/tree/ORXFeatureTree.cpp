@@ -286,7 +286,8 @@ void ORXFeatureTree::RefreshWidgetInfo()
     m_pFavorites->retranslate();
     m_pDescription->setPlaceholderText(tr("Select a feature to read what it does."));
     treeView()->setPlaceholderText(
-        tr("Nothing to show here. Right-click a feature to add it to the favorites."));
+        tr("Nothing to show here. A right click, a long touch or the Menu key on a feature "
+           "adds it to the favorites."));
     showDescription();
 }
 

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int kPageHeight = 34;
-constexpr int kGroupHeight = 30;
+constexpr int kGroupHeight = 32;
 constexpr int kPageLeft = 10;
 constexpr int kGroupLeft = 22;
 constexpr int kArrowSpace = 18;

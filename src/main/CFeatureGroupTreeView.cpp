@@ -4,6 +4,7 @@
 #include "main/CFeatureGroupDelegate.h"
 #include "model/ItemSearch.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELTouchScrolling.h"
 #include "tree/ContextMenuKey.h"
 
 #include <QHeaderView>
@@ -48,6 +49,7 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
                   ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
     setContextMenuPolicy(Qt::CustomContextMenu);
     new ContextMenuKey(this);
+    new ZELTouchScrolling(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     header()->setSectionResizeMode(QHeaderView::Stretch);

@@ -4,6 +4,7 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELTouchScrolling.h"
 #include "tree/ContextMenuKey.h"
 #include "tree/EditorFocus.h"
 #include "tree/IORXFeatureWidget.h"
@@ -38,6 +39,7 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
     cSetStyleSheets({ZELCustom::Sheet_Tree, ZELCustom::Sheet_ScrollBar});
     setContextMenuPolicy(Qt::CustomContextMenu);
     new ContextMenuKey(this);
+    new ZELTouchScrolling(this);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_pModel->resetCamearID(m_lCameraID);
     m_pModel->bindingFeatureWidget(page);

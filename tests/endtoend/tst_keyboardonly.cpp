@@ -52,12 +52,11 @@ void type(const QString& text)
 
 QString describe(const QWidget* widget)
 {
-    return !widget ? "nothing"_s
-                   : "%1 \"%2\" in %3"_s.arg(QString::fromLatin1(widget->metaObject()->className()),
-                                             widget->objectName(),
-                                             widget->parentWidget()
-                                                 ? widget->parentWidget()->objectName()
-                                                 : QString());
+    return !widget
+               ? "nothing"_s
+               : "%1 \"%2\" in %3"_s.arg(
+                     QString::fromLatin1(widget->metaObject()->className()), widget->objectName(),
+                     widget->parentWidget() ? widget->parentWidget()->objectName() : QString());
 }
 
 // What is wrong with the place of the focus; empty when the user sees where it is. Nothing may be

@@ -2,6 +2,7 @@
 #include "styledctl/ZELCustomComboBox.h"
 
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELTouchScrolling.h"
 #include "styledctl/private/ZELColors.h"
 
 #include <QAbstractItemView>
@@ -111,6 +112,9 @@ void ZELCustomComboBox::showPopup()
         // Only this kind of delegate follows the sheet's item rules.
         setItemDelegate(new QStyledItemDelegate(list));
         list->setStyleSheet(sheet);
+        list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+        if (!list->findChild<ZELTouchScrolling*>(QString(), Qt::FindDirectChildrenOnly))
+            new ZELTouchScrolling(list);
         list->setPalette(palette());
         QWidget* frame = list->parentWidget();
         frame->setObjectName(QStringLiteral("ZELComboPopup"));

@@ -6,8 +6,11 @@
 #include "styledctl/private/ZELMetrics.h"
 
 #include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyleHints>
 #include <QStyleOptionButton>
 
 namespace {
@@ -45,6 +48,8 @@ ZELCustomPushButton::ZELCustomPushButton(const QString& text, QWidget* parent, S
     setFocusPolicy(Qt::StrongFocus);
     setCheckable(style == Style_Tab);
     cSetClickClock({});
+    m_holdTimer.setSingleShot(true);
+    connect(&m_holdTimer, &QTimer::timeout, this, &ZELCustomPushButton::onHeld);
     // First of all connections, so that the time stands before anybody handles the click.
     connect(this, &QPushButton::clicked, this, &ZELCustomPushButton::onClicked);
 }
@@ -111,8 +116,27 @@ bool ZELCustomPushButton::event(QEvent* event)
 
 void ZELCustomPushButton::mousePressEvent(QMouseEvent* event)
 {
-    if (!isBlocked())
-        QPushButton::mousePressEvent(event);
+    if (isBlocked())
+        return;
+    QPushButton::mousePressEvent(event);
+    if (event->source() != Qt::MouseEventNotSynthesized && !toolTip().isEmpty())
+        m_holdTimer.start(QGuiApplication::styleHints()->mousePressAndHoldInterval());
+}
+
+void ZELCustomPushButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_holdTimer.stop();
+    QPushButton::mouseReleaseEvent(event);
+}
+
+void ZELCustomPushButton::onHeld()
+{
+    if (!isDown())
+        return;
+    // A button that is not down is not clicked when the finger leaves it.
+    setDown(false);
+    QHelpEvent help(QEvent::ToolTip, rect().center(), mapToGlobal(rect().center()));
+    QCoreApplication::sendEvent(this, &help);
 }
 
 void ZELCustomPushButton::keyPressEvent(QKeyEvent* event)

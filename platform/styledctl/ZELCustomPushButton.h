@@ -4,11 +4,13 @@
 #include "styledctl/ZELCustomLook.h"
 
 #include <QPushButton>
+#include <QTimer>
 
 #include <functional>
 
 // Styled push button: framed, filled, flat, tab, or a picture per state. Space and Enter press it;
-// it is never a dialog's automatic default button.
+// it is never a dialog's automatic default button. A finger that is held on it reads its tool tip
+// instead of pressing it.
 class STYLEDCTL_EXPORT ZELCustomPushButton : public QPushButton, public ZELCustomLook
 {
     Q_OBJECT
@@ -54,6 +56,7 @@ public slots:
 protected:
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -61,11 +64,13 @@ private:
     QSize imageSize() const;
     bool isBlocked() const;
     void onClicked();
+    void onHeld();
 
     QIcon m_images[4]; // normal, hover, pressed, disabled; null without cSetImages().
     int m_iconAlign = Align_BesideText;
     bool m_guarded = false;
     bool m_clickedOnce = false;
     qint64 m_lastClickMs = 0;
+    QTimer m_holdTimer;
     std::function<qint64()> m_clock;
 };

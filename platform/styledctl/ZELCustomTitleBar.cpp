@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kTitleFontPx = 14;
 constexpr int kIconPx = 18;
-constexpr int kCloseButtonPx = 28;
+constexpr int kCloseButtonPx = 32;
 
 } // namespace
 

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int kPageHeight = 34;
-constexpr int kGroupHeight = 30;
+constexpr int kGroupHeight = 32;
 constexpr int kPageLeft = 10;
 constexpr int kGroupLeft = 22;
 constexpr int kArrowSpace = 18;
@@ -96,6 +96,12 @@ void CFeatureGroupDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
         painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, text.width()));
     if (page)
         paintArrow(painter, row, option.state & QStyle::State_Open);
+    if (option.state & QStyle::State_HasFocus) {
+        painter->setRenderHint(QPainter::Antialiasing, false);
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(colour("StyledCtlColor_Accent"));
+        painter->drawRect(row.adjusted(0, 0, -1, -1));
+    }
     painter->restore();
 }
 

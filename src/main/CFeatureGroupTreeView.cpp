@@ -4,6 +4,8 @@
 #include "main/CFeatureGroupDelegate.h"
 #include "model/ItemSearch.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELTouchScrolling.h"
+#include "tree/ContextMenuKey.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -46,6 +48,8 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tree) +
                   ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
     setContextMenuPolicy(Qt::CustomContextMenu);
+    new ContextMenuKey(this);
+    new ZELTouchScrolling(this);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     header()->setSectionResizeMode(QHeaderView::Stretch);

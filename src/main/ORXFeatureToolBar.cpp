@@ -50,12 +50,15 @@ bool ORXFeatureToolBar::InitWidget()
     return InitCtrl() && InitSignals() && InitLayout();
 }
 
-ZELCustomPushButton* ORXFeatureToolBar::makeButton(const char* objectName, int id)
+// The buttons do not take the focus: each has a key instead.
+ZELCustomPushButton* ORXFeatureToolBar::makeButton(const char* objectName, int id,
+                                                   const QKeySequence& key)
 {
     auto* button = new ZELCustomPushButton(this, ZELCustomPushButton::Style_Flat);
     button->setObjectName(QString::fromLatin1(objectName));
     button->setFixedSize(kButtonSize, kButtonSize);
     button->setFocusPolicy(Qt::NoFocus);
+    button->setShortcut(key);
     m_pButtons->addButton(button, id);
     return button;
 }
@@ -64,11 +67,11 @@ bool ORXFeatureToolBar::InitCtrl()
 {
     m_pButtons = new QButtonGroup(this);
     m_pButtons->setExclusive(false);
-    m_pLanguage = makeButton("ORXFeatureLangue", ToolBarIndex::kLanguage);
-    m_pSave = makeButton("ORXFeatureSave", ToolBarIndex::kSave);
+    m_pLanguage = makeButton("ORXFeatureLangue", ToolBarIndex::kLanguage, Qt::CTRL + Qt::Key_L);
+    m_pSave = makeButton("ORXFeatureSave", ToolBarIndex::kSave, Qt::CTRL + Qt::Key_S);
     m_pSave->cSetImages(picture("Save"), picture("Save_sel"), picture("Save_sel"),
                         picture("Save_dis"));
-    m_pRefresh = makeButton("ORXFeatureRefresh", ToolBarIndex::kRefresh);
+    m_pRefresh = makeButton("ORXFeatureRefresh", ToolBarIndex::kRefresh, Qt::Key_F5);
     m_pRefresh->cSetImages(picture("refresh"), picture("refresh_sel"), picture("refresh_sel"),
                            picture("refresh_dis"));
     m_pLevelLabel = new ZELCustomLabel(this);

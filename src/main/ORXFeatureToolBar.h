@@ -50,7 +50,7 @@ private:
     bool InitSignals();
     bool InitLayout();
     bool connectLevelBox();
-    ZELCustomPushButton* makeButton(const char* objectName, int id);
+    ZELCustomPushButton* makeButton(const char* objectName, int id, const QKeySequence& key);
 
     QButtonGroup* m_pButtons = nullptr;         // Owned (child).
     ZELCustomPushButton* m_pLanguage = nullptr; // Owned (child).

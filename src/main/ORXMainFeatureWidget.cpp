@@ -107,10 +107,11 @@ void ORXMainFeatureWidget::initUI()
     m_pDockTitleBar->setFixedHeight(kTitleBarHeight);
     m_pDockTitleBar->cSetBackgroundColor(
         QStringLiteral("ZEL_DB_COLOR_ORXMainFeatureWidgetColor_TitleBar_Background_Gradient"));
+    // Before the pages: Tab comes to widgets in the order in which they were made.
+    m_pTabs = new PageTabBar(kTabs, this);
     m_pCommonPage = new ORXCommonFeature(this);
     m_pTriggerPage = new ORXTriggerFeature(this);
     m_pImagePage = new ORXImgProcessingFeature(this);
-    m_pTabs = new PageTabBar(kTabs, this);
     m_pTreeStack = new QStackedWidget(this);
     m_pGroupStack = new QStackedWidget(this);
     m_pGroupStack->setFixedWidth(kGroupWidth);

@@ -41,6 +41,9 @@ void PageTabBar::setTab(int index, const QString& text, const QString& toolTip)
 void PageTabBar::setCurrent(int index)
 {
     m_tabs.at(index)->setChecked(true);
+    // Tab comes to the chosen one, the arrows go on from there.
+    for (int i = 0; i < m_tabs.size(); ++i)
+        m_tabs.at(i)->setFocusPolicy(i == index ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void PageTabBar::setTabEnabled(int index, bool enabled)

@@ -10,6 +10,7 @@
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomMessageBox.h"
+#include "styledctl/ZELTouchScrolling.h"
 #include "tree/FeatureFavorites.h"
 #include "tree/HostWaitLine.h"
 #include "tree/ORXFeatureTreeView.h"
@@ -63,6 +64,7 @@ void ORXFeatureTree::buildLayout()
 {
     m_pDescription->setObjectName(QStringLiteral("FeatureDescription"));
     m_pDescription->setReadOnly(true);
+    new ZELTouchScrolling(m_pDescription);
     QFont font(ZELCustom::globalFontFamily());
     font.setPixelSize(kDescriptionFontPx);
     m_pDescription->setFont(font);
@@ -286,7 +288,8 @@ void ORXFeatureTree::RefreshWidgetInfo()
     m_pFavorites->retranslate();
     m_pDescription->setPlaceholderText(tr("Select a feature to read what it does."));
     treeView()->setPlaceholderText(
-        tr("Nothing to show here. Right-click a feature to add it to the favorites."));
+        tr("Nothing to show here. A right click, a long touch or the Menu key on a feature "
+           "adds it to the favorites."));
     showDescription();
 }
 

@@ -4,6 +4,8 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELTouchScrolling.h"
+#include "tree/ContextMenuKey.h"
 #include "tree/EditorFocus.h"
 #include "tree/IORXFeatureWidget.h"
 #include "tree/ORXFeatureScrollBar.h"
@@ -36,6 +38,8 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     cSetStyleSheets({ZELCustom::Sheet_Tree, ZELCustom::Sheet_ScrollBar});
     setContextMenuPolicy(Qt::CustomContextMenu);
+    new ContextMenuKey(this);
+    new ZELTouchScrolling(this);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_pModel->resetCamearID(m_lCameraID);
     m_pModel->bindingFeatureWidget(page);
@@ -47,6 +51,7 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
     m_editorTimer.setSingleShot(true);
     m_editorTimer.setInterval(0);
     connect(&m_editorTimer, &QTimer::timeout, this, [this] {
+        keepCurrentShown();
         syncEditors();
         tellRowsInSight();
     });

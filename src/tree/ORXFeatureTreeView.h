@@ -30,7 +30,9 @@ class ORXPropertyTreeModel;
 //
 // With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
 // editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The rows
-// directly below the root are a line of one pixel, which is never the current row.
+// directly below the root are a line of one pixel, which is never the current row, nor is a row whose
+// picture stands elsewhere. The Menu key or Shift+F10 opens the row's menu, Alt+Up and Alt+Down move a
+// favourite.
 class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZELCustomQssHelper
 {
     Q_OBJECT
@@ -102,6 +104,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     void showEvent(QShowEvent* event) override;
@@ -133,6 +136,8 @@ private:
     void closeEditorsWithoutRow();
     void dropEditors();
     static bool isThin(const QModelIndex& index);
+    void keepCurrentShown();
+    bool moveFavorite(const QModelIndex& row, bool up);
     QWidget* editorAround(QWidget* widget) const;
     void onEditingEnded(QWidget* editor);
     void onFocusChanged(QWidget* old, QWidget* now);

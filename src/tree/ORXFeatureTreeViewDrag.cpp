@@ -129,6 +129,29 @@ void ORXFeatureTreeView::dropEvent(QDropEvent* event)
     viewport()->update();
 }
 
+// What dragging does, by one shown row; false when the row is no favourite.
+bool ORXFeatureTreeView::moveFavorite(const QModelIndex& row, bool up)
+{
+    ORXPropertyTreeItem* moved = ORXPropertyTreeModel::itemFromIndex(row);
+    auto* tree = dynamic_cast<ORXFeatureTree*>(m_pPage);
+    if (!tree || !moved || moved->itemType() != ORXPropertyTreeItem::FavoriteItem)
+        return false;
+    const auto sibling = [&](const QModelIndex& from, int step) {
+        QModelIndex next = from;
+        do
+            next = next.siblingAtRow(next.row() + step);
+        while (next.isValid() && isRowHidden(next.row(), next.parent()));
+        return next;
+    };
+    const QModelIndex passed = sibling(row.siblingAtColumn(0), up ? -1 : 1);
+    if (!passed.isValid())
+        return true;
+    tree->moveFavorteItem(moved,
+                          ORXPropertyTreeModel::itemFromIndex(up ? passed : sibling(passed, 1)));
+    scrollTo(currentIndex());
+    return true;
+}
+
 QPixmap ORXFeatureTreeView::dragPicture(const QModelIndex& index)
 {
     const QModelIndex name = index.siblingAtColumn(0);

@@ -124,10 +124,32 @@ bool ORXFeatureTreeView::edit(const QModelIndex& index, EditTrigger trigger, QEv
     return trigger != CurrentChanged && QTreeView::edit(index, trigger, event);
 }
 
-// Groups directly below the root are a thin line; the side column names them.
+// Groups directly below the root are a thin line; the side column names them. So is a row whose
+// picture stands below the rows.
 bool ORXFeatureTreeView::isThin(const QModelIndex& index)
 {
-    return index.isValid() && !index.parent().isValid();
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    return item && (!index.parent().isValid() || item->tag() == FeatureTag::Draw);
+}
+
+void ORXFeatureTreeView::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    keepCurrentShown();
+}
+
+// The focus of the view stands in its current row: in a row that has gone out of the view nobody would
+// see it.
+void ORXFeatureTreeView::keepCurrentShown()
+{
+    const QModelIndex current = currentIndex();
+    if (!hasFocus() || (!isThin(current) && visualRect(current).isValid()))
+        return;
+    QModelIndex row = indexAt(QPoint(0, 0));
+    while (isThin(row))
+        row = indexBelow(row);
+    if (row.isValid())
+        selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
 }
 
 // Rows are walked in the name column: a current value cell would give the focus to its editor.
@@ -140,7 +162,8 @@ QModelIndex ORXFeatureTreeView::moveCursor(CursorAction action, Qt::KeyboardModi
     QModelIndex row = to;
     if (action == MoveLeft)
         row = QModelIndex();
-    const bool up = action == MoveUp || action == MovePrevious;
+    const bool up = action == MoveUp || action == MovePrevious || action == MoveEnd
+                    || action == MovePageDown;
     while (isThin(row))
         row = up ? indexAbove(row) : indexBelow(row);
     if (row.isValid() || isThin(from))
@@ -163,6 +186,12 @@ void ORXFeatureTreeView::keyPressEvent(QKeyEvent* event)
         event->setAccepted(event->key() == Qt::Key_Escape);
         if (event->isAccepted())
             setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (moves && event->modifiers() == Qt::AltModifier
+        && moveFavorite(currentIndex(), event->key() == Qt::Key_Up)) {
+        event->accept();
         return;
     }
     const bool wantsEditor = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter

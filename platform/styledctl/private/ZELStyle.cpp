@@ -207,8 +207,7 @@ QSize ZELStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
         const int indicator = pixelMetric(PM_IndicatorWidth, option, widget);
         const bool label = contents.width() > 0;
         return QSize(indicator + 2 * kFocusRoom + (label ? kLabelGap + contents.width() : 0),
-                     qMax(pixelMetric(PM_IndicatorHeight, option, widget) + 2 * kFocusRoom,
-                          contents.height()));
+                     qMax(kControlHeight, contents.height())); // room for a finger
     }
     default:
         return QProxyStyle::sizeFromContents(type, option, contents, widget);

@@ -271,8 +271,8 @@ camera later.</source>
         <translation>选中一个参数，即可查看其说明。</translation>
     </message>
     <message>
-        <source>Nothing to show here. Right-click a feature to add it to the favorites.</source>
-        <translation>此处暂无内容。右键单击某个参数，可将其添加到收藏夹。</translation>
+        <source>Nothing to show here. A right click, a long touch or the Menu key on a feature adds it to the favorites.</source>
+        <translation>此处暂无内容。右键单击或长按某个参数，或选中后按菜单键，可将其添加到收藏夹。</translation>
     </message>
     <message>
         <source>Prompt</source>

@@ -8,6 +8,7 @@
 #include <QStyleOptionSpinBox>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -25,22 +26,23 @@ bool isSign(QChar c)
     return c == QLatin1Char('-') || c == QLatin1Char('+');
 }
 
-// Decimal digits with an optional sign; a number beyond 64 bits gives the nearer end.
+// Decimal digits with an optional sign, and nothing else.
+bool isNumber(const QString& trimmed)
+{
+    const int first = !trimmed.isEmpty() && isSign(trimmed.at(0)) ? 1 : 0;
+    return trimmed.size() > first &&
+           std::all_of(trimmed.cbegin() + first, trimmed.cend(), isDigit);
+}
+
+// None for what is no number, or one beyond 64 bits.
 std::optional<qlonglong> parse(const QString& text)
 {
     const QString trimmed = text.trimmed();
-    const int first = !trimmed.isEmpty() && isSign(trimmed.at(0)) ? 1 : 0;
-    if (trimmed.size() == first)
-        return std::nullopt;
-    for (int i = first; i < trimmed.size(); ++i) {
-        if (!isDigit(trimmed.at(i)))
-            return std::nullopt;
-    }
     bool fits = false;
     const qlonglong value = trimmed.toLongLong(&fits);
-    if (fits)
-        return value;
-    return trimmed.startsWith(QLatin1Char('-')) ? Limits::min() : Limits::max();
+    if (!fits || !isNumber(trimmed))
+        return std::nullopt;
+    return value;
 }
 
 qlonglong addSaturated(qlonglong value, qlonglong step, int count)
@@ -148,7 +150,10 @@ QValidator::State ZELCustomSpinBox64::validate(QString& input, int& pos) const
     const QString trimmed = input.trimmed();
     if (trimmed.isEmpty() || (trimmed.size() == 1 && isSign(trimmed.at(0))))
         return QValidator::Intermediate;
-    return parse(trimmed) ? QValidator::Acceptable : QValidator::Invalid;
+    if (!isNumber(trimmed))
+        return QValidator::Invalid;
+    // One that is too long is taken back in the end, not while it is typed.
+    return parse(trimmed) ? QValidator::Acceptable : QValidator::Intermediate;
 }
 
 void ZELCustomSpinBox64::keyPressEvent(QKeyEvent* event)

@@ -105,6 +105,11 @@ void CFeatureGroupDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
     painter->restore();
 }
 
+QRect CFeatureGroupDelegate::arrowPlace(const QRect& row)
+{
+    return row.adjusted(row.width() - 2 * kArrowSpace, 0, 0, 0); // room for a finger
+}
+
 QSize CFeatureGroupDelegate::sizeHint(const QStyleOptionViewItem& option,
                                       const QModelIndex& index) const
 {

@@ -14,5 +14,7 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+    // Where the arrow of a page row stands.
+    static QRect arrowPlace(const QRect& row);
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };

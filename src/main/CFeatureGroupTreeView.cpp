@@ -8,6 +8,7 @@
 #include "tree/ContextMenuKey.h"
 
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QThread>
 
@@ -262,6 +263,26 @@ void CFeatureGroupTreeView::OnExpanded(const QModelIndex& index)
             collapse(m_pModel->pageIndex(row));
     }
     OnChangedIndex(index);
+}
+
+// The arrow of an open page closes it; what is shown stays.
+void CFeatureGroupTreeView::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    m_bArrowPressed = event->button() == Qt::LeftButton && isExpanded(index) &&
+                      CFeatureGroupDelegate::arrowPlace(visualRect(index)).contains(event->pos());
+    if (m_bArrowPressed)
+        collapse(index);
+    else
+        QTreeView::mousePressEvent(event);
+}
+
+void CFeatureGroupTreeView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_bArrowPressed)
+        m_bArrowPressed = false;
+    else
+        QTreeView::mouseReleaseEvent(event);
 }
 
 // The keyboard walks through the groups as the mouse does.

@@ -65,6 +65,8 @@ public slots:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     // What a search may have to go back to.
@@ -96,6 +98,7 @@ private:
     QTimer m_keepTimer; // many changes of items turn the page once
     QTimer m_hitsTimer;
     bool m_bChanging = false;
+    bool m_bArrowPressed = false; // and the button is still down
     bool m_bSearchTurns = false;    // the search turns to a group, not the user
     bool m_bSearchNotifies = false; // items tell of a search, which changes no group's row
 };

@@ -52,6 +52,10 @@ void ORXMainFeatureWidget::ReleaseInstance()
     if (!widget || widget->m_bReleasing)
         return;
     widget->m_bReleasing = true;
+    // What the user was typing is written as when he closes the window.
+    ORXListenTools::instance()->notifyListeners(ListenCode::kCommitPendingEdit, nullptr);
+    if (!widget)
+        return;
     widget->PauseUpdateThread();
     for (ORXFeatureTree* tree : qAsConst(widget->m_trees))
         tree->readyForDelete();

@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QFocusEvent>
+#include <QRegularExpression>
 #include <QVariant>
 
 #include <cmath>
@@ -145,8 +146,14 @@ bool QPropertyLineEdit::saveFloat(QVariant& value)
 bool QPropertyLineEdit::saveDecimal(QVariant& value)
 {
     restoreIfEmpty();
-    // A text that is no number counts as 0 and is then brought into the range.
-    qint64 number = text().trimmed().toLongLong();
+    // A text that is no number counts as 0 and is then brought into the range; one of digits alone is
+    // a number that no integer holds, and is not guessed at.
+    const QString entered = text().trimmed();
+    bool ok = false;
+    qint64 number = entered.toLongLong(&ok);
+    static const QRegularExpression kDigits(QStringLiteral("^[-+]?[0-9]+$"));
+    if (!ok && kDigits.match(entered).hasMatch())
+        return false;
     number = qMin(number, m_nMaxValue);
     number = qMax(number, m_nMinValue);
     showText(QString::number(number));

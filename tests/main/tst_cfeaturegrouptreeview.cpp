@@ -103,6 +103,25 @@ private slots:
         QVERIFY(!pages.group(0, Analog).data(Qt::CheckStateRole).isValid());
     }
 
+    void theArrowClosesAnOpenPage()
+    {
+        Pages pages;
+        pages.view->OnChangedIndex(pages.group(0, Analog));
+        const QRect row = pages.view->visualRect(pages.page(0));
+        const auto click = [&](const QPoint& at) {
+            QTest::mouseClick(pages.view->viewport(), Qt::LeftButton, {}, at);
+        };
+        const QPoint arrow(row.right() - 9, row.center().y());
+        click(row.center());
+        QVERIFY(pages.view->isExpanded(pages.page(0)));
+        click(arrow);
+        QVERIFY(!pages.view->isExpanded(pages.page(0)));
+        QVERIFY(pages.item("AnalogControl")->groupVisible()); // what is shown stays
+        click(arrow);
+        QVERIFY(pages.view->isExpanded(pages.page(0)));
+        QCOMPARE(pages.current(), "AnalogControl"_s);
+    }
+
     void onlyTheSelectedGroupShows()
     {
         Pages pages;

@@ -4,6 +4,7 @@
 #include "support/OpenedWindow.h"
 #include "support/Rows.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
@@ -179,6 +180,40 @@ private slots:
         const qint64 calls = m_host->callCount();
         QTest::qWait(50);
         QCOMPARE(m_host->callCount(), calls);
+    }
+
+    // However the window goes.
+    void whatIsTypedIsWritten_data()
+    {
+        const Rows<bool, QByteArray, QString> row("released", "feature", "written");
+        row("closed, float", false, "ExposureTime", "set ExposureTime 12");
+        row("released, float", true, "ExposureTime", "set ExposureTime 12");
+        row("closed, integer", false, "Width", "set Width 12");
+        row("released, integer", true, "Width", "set Width 12");
+    }
+
+    void whatIsTypedIsWritten()
+    {
+        QFETCH(bool, released);
+        QFETCH(QByteArray, feature);
+        QFETCH(QString, written);
+        OpenedWindow window(*m_host, m_xml);
+        QVERIFY(window.waitForFirstRead());
+        window.showGroup("AcquisitionControl");
+        QWidget* editor = nullptr;
+        QTRY_VERIFY(editor = window.view()->editorOf(window.item(feature)));
+        QTRY_VERIFY(editor->isEnabled());
+        window.widget()->activateWindow();
+        editor->setFocus();
+        QTRY_VERIFY(QApplication::focusWidget());
+        QTest::keySequence(QApplication::focusWidget(), QKeySequence::SelectAll);
+        QTest::keyClicks(QApplication::focusWidget(), "12"_s);
+        QVERIFY(m_host->writes().isEmpty());
+        if (released)
+            OB_FT_Release();
+        else
+            OB_FT_Close();
+        QCOMPARE(m_host->writes(), QStringList(written));
     }
 
     void tabTextsAreCut()

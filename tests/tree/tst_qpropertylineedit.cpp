@@ -61,6 +61,7 @@ private slots:
         row("decimal above maximum", Kind::Decimal, "12", "99", number(20), "20");
         row("decimal below minimum", Kind::Decimal, "12", "-1", number(10), "10");
         row("decimal that is no number", Kind::Decimal, "12", "abc", number(10), "10");
+        row("decimal beyond 64 bits", Kind::Decimal, "12", "99999999999999999999", none);
         row("decimal emptied", Kind::Decimal, "12", "", number(12), "12");
 
         row("hexadecimal digits", Kind::Hexadecimal, "0x1", "1F", number(31));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraDescription.h"
+#include "pages/ORXCommonFeature.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
 #include "support/Rows.h"
@@ -62,6 +63,10 @@ private slots:
         m_host->clearCalls();
         window.widget()->onTabIndexChange(0);
         QTRY_VERIFY(m_host->count("get Width"_s) > 0);
+        // A page takes over what the tree may do, as after a reset of the camera.
+        window.tree()->setIsCanEdit(false);
+        window.widget()->onTabIndexChange(1);
+        QVERIFY(!window.widget()->findChild<ORXCommonFeature*>()->isCanEdit());
     }
 
     void tabsWithoutContentAreDisabled()

@@ -265,6 +265,18 @@ private slots:
         });
     }
 
+    // One may have been under way when the load began.
+    void theFirstReadingIsNotTrusted()
+    {
+        UserSetLoadWait one(nullptr, nullptr, {});
+        one.noteReading(false);
+        QVERIFY(one.run() == UserSetLoadWait::Outcome::Abandoned);
+        UserSetLoadWait more(nullptr, nullptr, {});
+        for (const bool loading : {false, true, false})
+            more.noteReading(loading);
+        QVERIFY(more.run() == UserSetLoadWait::Outcome::Ended);
+    }
+
     void waitEndsCleanly_data()
     {
         const Rows<End> row("end");

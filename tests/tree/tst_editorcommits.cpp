@@ -241,6 +241,9 @@ private slots:
         refill(item("Enumeration"));
         auto* combo = m_page->editor<ZELCustomComboBox>("Enumeration"_s);
         QCOMPARE(combo->itemText(2), chinese.at(2));
+        combo->setItemData(0, "marked"_s);
+        refill(item("Enumeration")); // an equal list may be open right now
+        QCOMPARE(combo->itemData(0).toString(), "marked"_s);
         combo->setCurrentIndex(2);
         QCOMPARE(m_page->lastWritten.toLongLong(), 4000000000LL);
         QCOMPARE(combo->currentIndex(), 2);

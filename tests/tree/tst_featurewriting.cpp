@@ -348,9 +348,17 @@ private slots:
 
     void messagesWithoutText()
     {
+        m_host.fail("Note"_s, 5);
+        MessageGuard::expectMessage("Note"_s);
+        QVERIFY(!m_tree->setFeatureValue("String"_s, "Note"_s, "a"_s));
+        messageBox()->hide();
         m_tree->ShowMessage(nullptr, "words"_s, QString(), QString(), 5);
         QCOMPARE(messageBox()->cContent(), "words"_s);
         QVERIFY(messageBox()->cTextTitle().isEmpty());
+        // The message before is not what is said in another language now.
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(m_tree.get(), &change);
+        QCOMPARE(messageBox()->cContent(), "words"_s);
     }
 
     // A box without its window would stand alone on the screen.

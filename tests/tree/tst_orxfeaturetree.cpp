@@ -329,6 +329,14 @@ private slots:
         m_tree->setDockTitleBar(&title);
         readOnce();
         QTRY_COMPARE(title.cTitleText(), "Bench 3"_s);
+        _OB_FT_DEVICEINFO_ info = {};
+        qstrncpy(info.deviceName, "Camera 7", sizeof(info.deviceName));
+        OBDeviceControl::SetDeviceInfo(&info);
+        m_host.set("DeviceUserID"_s, FakeHost::textFeature(""));
+        m_tree->RefreshFeatures();
+        QTRY_COMPARE(title.cTitleText(), "Camera 7"_s); // the user gave none
+        info = {};
+        OBDeviceControl::SetDeviceInfo(&info);
     }
 };
 

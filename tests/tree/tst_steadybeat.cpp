@@ -144,6 +144,20 @@ private slots:
         QCOMPARE(gate.entered.load(), 1);
     }
 
+    void heldBeatStillCountsAsRunning()
+    {
+        std::atomic<int> count{0};
+        SteadyBeat beat([&] { ++count; });
+        beat.start(milliseconds(1));
+        QTRY_VERIFY(count > 0);
+        beat.requestStop();
+        beat.waitForAction();
+        const int last = count;
+        QVERIFY(twentyPeriodsPass());
+        QCOMPARE(count.load(), last);
+        QVERIFY(beat.isRunning());
+    }
+
     void destructionWaitsForTheAction()
     {
         Gate gate;

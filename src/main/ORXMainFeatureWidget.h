@@ -92,6 +92,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void requestStop(ORXFeatureTree* tree);
     static constexpr int kTabs = 4;
 
     explicit ORXMainFeatureWidget(QWidget* parent);

@@ -145,11 +145,21 @@ void ORXMainFeatureWidget::StartUpdateThread()
         tree->StartUpdateThread();
 }
 
+// Everyone of this window is asked before the first is waited for.
+void ORXMainFeatureWidget::requestStop(ORXFeatureTree* tree)
+{
+    m_pImagePage->requestStop();
+    if (tree)
+        tree->requestStop();
+}
+
 void ORXMainFeatureWidget::PauseUpdateThread()
 {
+    ORXFeatureTree* tree = currentTree();
+    requestStop(tree);
     // First what may hold the tree's feature mutex for many calls of the host.
     m_pImagePage->stopHostCalls();
-    if (ORXFeatureTree* tree = currentTree())
+    if (tree)
         tree->PauseUpdateThread();
 }
 

@@ -202,10 +202,7 @@ int ORXMainFeatureWidget::notify(int code, void* payload)
 void ORXMainFeatureWidget::onBeforeDeleteFeature(qint64 key)
 {
     ORXFeatureTree* tree = m_trees.value(key, nullptr);
-    // Everyone of this window is asked before the first is waited for.
-    m_pImagePage->requestStop();
-    if (tree)
-        tree->requestStop();
+    requestStop(tree);
     m_pImagePage->stopHostCalls();
     if (tree)
         tree->StopThread(true);

@@ -291,9 +291,17 @@ private slots:
         QCOMPARE(read(kTransformation), 1);
     }
 
-    // While a removed camera's table is waited for, its read ends as well.
-    void removalAsksEveryoneFirst()
+    // While the table of a camera that goes is waited for, its read ends as well.
+    void everyoneIsAskedFirst_data()
     {
+        const Rows<bool> row("released");
+        row("camera removed", false);
+        row("window released", true);
+    }
+
+    void everyoneIsAskedFirst()
+    {
+        QFETCH(bool, released);
         const QString table = "set LUTIndex=5"_s;
         const QString read = "mode AaMany"_s;
         MessageGuard::expectMessage("LUT: "_s);
@@ -317,7 +325,10 @@ private slots:
             calls = m_held->calls();
             m_held->release();
         });
-        m_window->widget()->removeFeatureTree(1);
+        if (released)
+            OB_FT_Release();
+        else
+            m_window->widget()->removeFeatureTree(1);
         host.join();
         QVERIFY(MessageGuard::contains("LUT: waiting"_s));
         QCOMPARE(calls, QStringList());

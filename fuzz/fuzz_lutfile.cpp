@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A look-up table in a text file, as the user imports it; what was read is written and read again.
 #include "FuzzInput.h"
-#include "pages/LUTTextFile.h"
+#include "lut/LUTTextFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

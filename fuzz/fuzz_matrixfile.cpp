@@ -2,7 +2,7 @@
 // The settings file of a software colour correction matrix, which the host writes. A file with a
 // fault must stay as it was.
 #include "FuzzInput.h"
-#include "pages/ORXRWCCMValue.h"
+#include "ccm/ORXRWCCMValue.h"
 
 #include <QStandardPaths>
 

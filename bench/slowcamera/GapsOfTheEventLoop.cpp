@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "DemoCamera.h"
 #include "Measures.h"
 #include "SlowCamera.h"
+#include "demo/DemoCamera.h"
 #include "device/OBDeviceControl.h"
 #include "main/CFeatureGroupModel.h"
 #include "main/CFeatureGroupTreeView.h"

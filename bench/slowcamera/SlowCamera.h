@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Camera.h"
+#include "cameras/Camera.h"
 
 #include <QElapsedTimer>
 

@@ -8,10 +8,11 @@
  * device record and callbacks, and drives the window with the ten functions below. The header is
  * plain C and compiles as C and as C++.
  *
- * Threads: call all ten functions from the thread that runs the host's QApplication, also from inside
- * a callback on that thread; a call from another thread is logged and has no effect. The callbacks
- * are called from that thread and from threads of the library (reading, look-up table, colour
- * matrix, check boxes, automatic software trigger), reads and writes alike, also at the same time.
+ * Threads: call all ten functions from the thread that runs the host's QApplication, also from
+ * inside a callback on that thread; a call from another thread is logged and has no effect. The
+ * callbacks are called from that thread and from threads of the library (reading, look-up table,
+ * colour matrix, check boxes, automatic software trigger), reads and writes alike, also at the same
+ * time.
  *
  * Order of calls: OB_FT_Init, OB_FT_SetDeviceInfo, OB_FT_SetCallBackFunc, OB_FT_SetWidgetSize,
  * OB_FT_SetWidgetPosition, OB_FT_Start, OB_FT_UpdateFeatures (any number of times), OB_FT_Close,
@@ -100,8 +101,8 @@ typedef struct _ZDCC_STRINGVALUE_T
 /** The connected device. The library keeps a copy. */
 typedef struct _OB_FT_DEVICEINFO_
 {
-    uint32_t deviceType;    /**< transport; 256 means a GenTL interface */
-    char deviceName[128];   /**< local 8-bit code page, NUL-terminated within 127 characters */
+    uint32_t deviceType;  /**< transport; 256 means a GenTL interface */
+    char deviceName[128]; /**< local 8-bit code page, NUL-terminated within 127 characters */
     unsigned char reserved[16];
 } _OB_FT_DEVICEINFO_;
 
@@ -161,9 +162,9 @@ OB_FT_API int OB_FT_SetWidgetPosition(int x, int y);
 OB_FT_API int OB_FT_Start(void* unused, int language);
 
 /**
- * Closes (hides) the window; reading stops, the window keeps its state. Waits for callbacks that are
- * still running on threads of the library and for what puts the camera back; no callback is called
- * afterwards until OB_FT_Start.
+ * Closes (hides) the window; reading stops, the window keeps its state. Waits for callbacks that
+ * are still running on threads of the library and for what puts the camera back; no callback is
+ * called afterwards until OB_FT_Start.
  */
 OB_FT_API int OB_FT_Close(void);
 

@@ -10,8 +10,9 @@ class QTextEdit;
 class ZELCustomPushButton;
 
 // Message to the user, modal (exec()) or modeless (show()). Set the parts, then call
-// cEndSetParameter() once, then show. Texts are plain text, unless the body is told to be rich text,
-// and can be selected and copied. Escape answers with the last button, Enter with the first one.
+// cEndSetParameter() once, then show. Texts are plain text, unless the body is told to be rich
+// text, and can be selected and copied. Escape answers with the last button, Enter with the first
+// one.
 class STYLEDCTL_EXPORT ZELCustomMessageBox : public ZELCustomMainWindow
 {
     Q_OBJECT

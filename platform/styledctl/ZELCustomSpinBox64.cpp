@@ -30,8 +30,7 @@ bool isSign(QChar c)
 bool isNumber(const QString& trimmed)
 {
     const int first = !trimmed.isEmpty() && isSign(trimmed.at(0)) ? 1 : 0;
-    return trimmed.size() > first &&
-           std::all_of(trimmed.cbegin() + first, trimmed.cend(), isDigit);
+    return trimmed.size() > first && std::all_of(trimmed.cbegin() + first, trimmed.cend(), isDigit);
 }
 
 // None for what is no number, or one beyond 64 bits.

@@ -34,8 +34,8 @@ QList<FavoriteFeature> load()
     const QString text = QString::fromLocal8Bit(file.readAll());
     const QByteArray utf8 = text.toUtf8();
     QDomDocument document;
-    if (!XmlLimits::acceptable(utf8.constData(), static_cast<std::size_t>(utf8.size()))
-        || !document.setContent(text)) {
+    if (!XmlLimits::acceptable(utf8.constData(), static_cast<std::size_t>(utf8.size())) ||
+        !document.setContent(text)) {
         qCritical("%s", "loadFavoritesXml failed.333");
         return {};
     }
@@ -67,9 +67,9 @@ void save(const QList<FavoriteFeature>& favorites)
     // know; both stay as they are.
     QString text = QStringLiteral("<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>");
     for (const FavoriteFeature& favorite : favorites) {
-        text += QLatin1String("<Feature><Name>") + favorite.first
-                + QLatin1String("</Name><DisplayName>") + favorite.second
-                + QLatin1String("</DisplayName></Feature>");
+        text += QLatin1String("<Feature><Name>") + favorite.first +
+                QLatin1String("</Name><DisplayName>") + favorite.second +
+                QLatin1String("</DisplayName></Feature>");
     }
     text += QLatin1String("</Favorites>");
 

@@ -4,8 +4,9 @@
 #include <atomic>
 
 // From the moment at which the host gives its callbacks to the release of the library, which ends
-// all calls until the host gives callbacks again. A release may come from inside a callback, and so may the next opening; code that
-// stands below such a call holds a HostOpening and goes on without calling when it is over.
+// all calls until the host gives callbacks again. A release may come from inside a callback, and so
+// may the next opening; code that stands below such a call holds a HostOpening and goes on without
+// calling when it is over.
 //
 // | operation    | thread | lock          |
 // |--------------|--------|---------------|

@@ -9,9 +9,12 @@ QString htmlEscaped(const QString& text)
         QLatin1String from;
         QLatin1String to;
     } kEscapes[] = {
-        {QLatin1String("&"), QLatin1String("&amp;")},   {QLatin1String(">"), QLatin1String("&gt;")},
-        {QLatin1String("<"), QLatin1String("&lt;")},    {QLatin1String("\""), QLatin1String("&quot;")},
-        {QLatin1String("'"), QLatin1String("&#39;")},   {QLatin1String("\n"), QLatin1String("<br>")},
+        {QLatin1String("&"), QLatin1String("&amp;")},
+        {QLatin1String(">"), QLatin1String("&gt;")},
+        {QLatin1String("<"), QLatin1String("&lt;")},
+        {QLatin1String("\""), QLatin1String("&quot;")},
+        {QLatin1String("'"), QLatin1String("&#39;")},
+        {QLatin1String("\n"), QLatin1String("<br>")},
         {QLatin1String("\r"), QLatin1String("<br>")},
     };
     QString escaped = text;

@@ -93,8 +93,7 @@ void OBDeviceControl::SetCallBackFunc(OB_FT_GetFeatureFunc getFeature,
     const HostOpening opening;
     // A chunk mode that is readable but off still means that the device knows chunks.
     bool active = false;
-    const bool known =
-        GetBoolNodeValue(QStringLiteral("ChunkModeActive"), &active, nullptr, true);
+    const bool known = GetBoolNodeValue(QStringLiteral("ChunkModeActive"), &active, nullptr, true);
     if (!opening.isOver())
         s_bSupportChunk = known;
 }
@@ -217,8 +216,8 @@ bool OBDeviceControl::SetEnumNodeValue(const QString& name, unsigned int value, 
 
 bool OBDeviceControl::SetBoolNodeValue(const QString& name, bool value, int* err)
 {
-    return SetValue(FeatureType::Boolean, name,
-                    value ? QStringLiteral("1") : QStringLiteral("0"), err);
+    return SetValue(FeatureType::Boolean, name, value ? QStringLiteral("1") : QStringLiteral("0"),
+                    err);
 }
 
 bool OBDeviceControl::SetStringNodeValue(const QString& name, const QString& value, int* err)
@@ -249,8 +248,8 @@ int OBDeviceControl::GetNodeAccessMode(const QString& name, int* err)
 
 bool OBDeviceControl::isReadableMode(int mode)
 {
-    return mode == OB_FT_ACCESS_WRITE_ONLY || mode == OB_FT_ACCESS_READ_ONLY
-           || mode == OB_FT_ACCESS_READ_WRITE;
+    return mode == OB_FT_ACCESS_WRITE_ONLY || mode == OB_FT_ACCESS_READ_ONLY ||
+           mode == OB_FT_ACCESS_READ_WRITE;
 }
 
 bool OBDeviceControl::IsNodeReadable(const QString& name)
@@ -311,8 +310,8 @@ void OBDeviceControl::loadDeviceXml(const char* deviceXml)
     s_domFeaturesXml = QDomDocument();
     const std::size_t bytes = std::strlen(deviceXml);
     QDomDocument document;
-    if (XmlLimits::acceptable(deviceXml, bytes)
-        && document.setContent(QString::fromUtf8(deviceXml, static_cast<int>(bytes))))
+    if (XmlLimits::acceptable(deviceXml, bytes) &&
+        document.setContent(QString::fromUtf8(deviceXml, static_cast<int>(bytes))))
         s_domFeaturesXml = document;
     else
         qCritical("%s", "Create XML pDeviceXml DomDocument Failed");

@@ -48,8 +48,8 @@ void OBDeviceControl::Init(const char* deviceXml, const char* translateXml)
     if (!translateXml)
         return;
     QDomDocument document;
-    if (!XmlLimits::acceptable(translateXml, std::strlen(translateXml))
-        || !document.setContent(QString::fromUtf8(translateXml), false)) {
+    if (!XmlLimits::acceptable(translateXml, std::strlen(translateXml)) ||
+        !document.setContent(QString::fromUtf8(translateXml), false)) {
         qCritical("%s", "Create XML Translate DomDocument Failed");
         return;
     }
@@ -67,8 +67,8 @@ void OBDeviceControl::parsePropertyTransXml()
     // Decoded here like every other text, so that what is checked is what is parsed.
     const QByteArray bytes = file.readAll();
     QDomDocument document;
-    if (!XmlLimits::acceptable(bytes.constData(), static_cast<std::size_t>(bytes.size()))
-        || !document.setContent(QString::fromUtf8(bytes), false))
+    if (!XmlLimits::acceptable(bytes.constData(), static_cast<std::size_t>(bytes.size())) ||
+        !document.setContent(QString::fromUtf8(bytes), false))
         return;
     const std::lock_guard<std::mutex> lock(tablesMutex());
     TranslationTable::addDocument(document, s_AllPropertyTransItems);
@@ -82,18 +82,16 @@ void OBDeviceControl::parseOneFeature(const QDomElement& feature, TranslationTab
 QString OBDeviceControl::GetDisplayNameTrans(const QString& name)
 {
     const std::lock_guard<std::mutex> lock(tablesMutex());
-    const TranslationTable::Items& table = s_mapPropertyTransItems.contains(name)
-                                               ? s_mapPropertyTransItems
-                                               : s_AllPropertyTransItems;
+    const TranslationTable::Items& table =
+        s_mapPropertyTransItems.contains(name) ? s_mapPropertyTransItems : s_AllPropertyTransItems;
     return textOf(table, name, &CORXPropertyTransItem::m_strDisplayNameCN);
 }
 
 QString OBDeviceControl::GetDescriptionTrans(const QString& name)
 {
     const std::lock_guard<std::mutex> lock(tablesMutex());
-    const TranslationTable::Items& table = s_mapPropertyTransItems.contains(name)
-                                               ? s_mapPropertyTransItems
-                                               : s_AllPropertyTransItems;
+    const TranslationTable::Items& table =
+        s_mapPropertyTransItems.contains(name) ? s_mapPropertyTransItems : s_AllPropertyTransItems;
     return textOf(table, name, &CORXPropertyTransItem::m_strDescriptionCN);
 }
 
@@ -141,8 +139,7 @@ void OBDeviceControl::SaveFavoritesXml()
 
 QString OBDeviceControl::stringToHtmlFilter(const QString& text, const QColor& colour, bool bold)
 {
-    return QStringLiteral(
-               "<span style=\" color:#%1; font-size:13px;font-family:%4 ;%3\">%2</span>")
+    return QStringLiteral("<span style=\" color:#%1; font-size:13px;font-family:%4 ;%3\">%2</span>")
         .arg(colour.name(QColor::HexRgb).mid(1))
         .arg(htmlEscaped(text))
         .arg(bold ? QStringLiteral("font-weight:bold") : QString())

@@ -60,6 +60,6 @@ public:
     void notifySpecifiedListener(IORXListen* listener, int code, void* data);
 
 private:
-    static ORXListenTools* m_pInstance; // Owned.
+    static ORXListenTools* m_pInstance;                  // Owned.
     std::array<std::vector<IORXListen*>, 3> m_listeners; // Not owned.
 };

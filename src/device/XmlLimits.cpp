@@ -15,7 +15,8 @@ std::size_t behind(std::string_view text, std::size_t from, std::string_view end
     return found == std::string_view::npos ? text.size() : found + end.size();
 }
 
-// Position behind the tag that starts at `from`; ">" inside quoted attribute values does not end it.
+// Position behind the tag that starts at `from`; ">" inside quoted attribute values does not end
+// it.
 std::size_t behindTag(std::string_view text, std::size_t from)
 {
     char quote = 0;

@@ -4,9 +4,9 @@
 #include <cstddef>
 
 // Limits of XML that comes from outside, checked before a DOM is built: the DOM's own destructor
-// recurses, so a text nested without bound would end the host's process. A document type declaration
-// is refused as a whole: its entities grow without bound in the parser, and none of the texts that
-// the library reads has use for one.
+// recurses, so a text nested without bound would end the host's process. A document type
+// declaration is refused as a whole: its entities grow without bound in the parser, and none of the
+// texts that the library reads has use for one.
 namespace XmlLimits {
 
 constexpr std::size_t kMaxBytes = std::size_t{64} * 1024 * 1024;

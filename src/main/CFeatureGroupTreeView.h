@@ -98,7 +98,7 @@ private:
     QTimer m_keepTimer; // many changes of items turn the page once
     QTimer m_hitsTimer;
     bool m_bChanging = false;
-    bool m_bArrowPressed = false; // and the button is still down
+    bool m_bArrowPressed = false;   // and the button is still down
     bool m_bSearchTurns = false;    // the search turns to a group, not the user
     bool m_bSearchNotifies = false; // items tell of a search, which changes no group's row
 };

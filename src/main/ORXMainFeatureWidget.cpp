@@ -228,8 +228,8 @@ void ORXMainFeatureWidget::afterHide()
     OBDeviceControl::NotifyWindowsClose();
 }
 
-// Nobody looks at a window that waits: everyone who calls the host is asked to stop, the window goes,
-// and only then are the calls under way waited for. The host hears of it when none is left.
+// Nobody looks at a window that waits: everyone who calls the host is asked to stop, the window
+// goes, and only then are the calls under way waited for. The host hears of it when none is left.
 void ORXMainFeatureWidget::closeEvent(QCloseEvent* event)
 {
     const QPointer<ORXMainFeatureWidget> self(this);

@@ -11,12 +11,12 @@
 #include "main/ORXMainFeatureWidget.h"
 #include "main/PageTabBar.h"
 #include "pages/ORXCommonFeature.h"
-#include "pages/ORXFeatureSaveWidget.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
+#include "userset/ORXFeatureSaveWidget.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -189,8 +189,8 @@ void ORXMainFeatureWidget::clearFeatureTrees()
     m_trees.clear();
 }
 
-// A released window that waits for its end has a camera of the same key as the window after it: what
-// one of them removes is no business of the other.
+// A released window that waits for its end has a camera of the same key as the window after it:
+// what one of them removes is no business of the other.
 int ORXMainFeatureWidget::notify(int code, void* payload)
 {
     const bool ofAnotherWindow = s_pRemoving && s_pRemoving != this;

@@ -6,9 +6,15 @@ QString CTreeBooleanItemValue::displayValue() const
     return checked() ? QStringLiteral("True") : QStringLiteral("False");
 }
 
-QVariant CTreeBooleanItemValue::value() const { return checked(); }
+QVariant CTreeBooleanItemValue::value() const
+{
+    return checked();
+}
 
-void CTreeBooleanItemValue::setValue(const QVariant& value) { setChecked(value.toBool()); }
+void CTreeBooleanItemValue::setValue(const QVariant& value)
+{
+    setChecked(value.toBool());
+}
 
 QString CTreeBooleanItemValue::createCurrentStauts(bool readOnly) const
 {

@@ -7,7 +7,10 @@ QString CTreeCommandItemValue::displayValue() const
     return m_strText;
 }
 
-QVariant CTreeCommandItemValue::value() const { return displayValue(); }
+QVariant CTreeCommandItemValue::value() const
+{
+    return displayValue();
+}
 
 void CTreeCommandItemValue::setValue(const QVariant& value)
 {

@@ -7,7 +7,10 @@ QString CTreeEnumationItemValue::displayValue() const
     return m_valueMap.value(m_nValue);
 }
 
-QVariant CTreeEnumationItemValue::value() const { return number(); }
+QVariant CTreeEnumationItemValue::value() const
+{
+    return number();
+}
 
 // Entry numbers come and go as unsigned 32-bit; a number above 2^31 arrives as a negative int.
 void CTreeEnumationItemValue::setValue(const QVariant& value)

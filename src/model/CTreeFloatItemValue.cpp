@@ -10,18 +10,27 @@ QString fixed(float number, int decimals)
 
 } // namespace
 
-QString CTreeFloatItemValue::displayValue() const { return fixed(numbers().m_fValue, 4); }
+QString CTreeFloatItemValue::displayValue() const
+{
+    return fixed(numbers().m_fValue, 4);
+}
 
-QVariant CTreeFloatItemValue::value() const { return numbers().m_fValue; }
+QVariant CTreeFloatItemValue::value() const
+{
+    return numbers().m_fValue;
+}
 
-void CTreeFloatItemValue::setValue(const QVariant& value) { setNumber(value.toFloat()); }
+void CTreeFloatItemValue::setValue(const QVariant& value)
+{
+    setNumber(value.toFloat());
+}
 
 QString CTreeFloatItemValue::createCurrentStauts(bool readOnly) const
 {
     const Numbers n = numbers();
-    return readOnlyStatus(readOnly)
-           + QStringLiteral("m_fValue:%1; m_fMinValue:%2; m_fMaxValue:%3")
-                 .arg(fixed(n.m_fValue, 3), fixed(n.m_fMinValue, 3), fixed(n.m_fMaxValue, 3));
+    return readOnlyStatus(readOnly) +
+           QStringLiteral("m_fValue:%1; m_fMinValue:%2; m_fMaxValue:%3")
+               .arg(fixed(n.m_fValue, 3), fixed(n.m_fMinValue, 3), fixed(n.m_fMaxValue, 3));
 }
 
 void CTreeFloatItemValue::copy(const CTreeItemValue* from, bool all)

@@ -14,11 +14,13 @@ constexpr qint64 kLargestSpinBoxMaximum = 1125899906842623;
 
 bool isAddressFeature(const QString& nodeName)
 {
-    static const QSet<QString> names = {
-        QStringLiteral("GevCurrentIPAddress"),      QStringLiteral("GevCurrentSubnetMask"),
-        QStringLiteral("GevCurrentDefaultGateway"), QStringLiteral("GevPersistentIPAddress"),
-        QStringLiteral("GevPersistentSubnetMask"),  QStringLiteral("GevPersistentDefaultGateway"),
-        QStringLiteral("GevSCDA")};
+    static const QSet<QString> names = {QStringLiteral("GevCurrentIPAddress"),
+                                        QStringLiteral("GevCurrentSubnetMask"),
+                                        QStringLiteral("GevCurrentDefaultGateway"),
+                                        QStringLiteral("GevPersistentIPAddress"),
+                                        QStringLiteral("GevPersistentSubnetMask"),
+                                        QStringLiteral("GevPersistentDefaultGateway"),
+                                        QStringLiteral("GevSCDA")};
     return names.contains(nodeName);
 }
 
@@ -50,22 +52,28 @@ QString CTreeIntergerItemValue::displayValue() const
     return QString::number(shown);
 }
 
-QVariant CTreeIntergerItemValue::value() const { return numbers().m_nValue; }
+QVariant CTreeIntergerItemValue::value() const
+{
+    return numbers().m_nValue;
+}
 
-void CTreeIntergerItemValue::setValue(const QVariant& value) { setNumber(value.toLongLong()); }
+void CTreeIntergerItemValue::setValue(const QVariant& value)
+{
+    setNumber(value.toLongLong());
+}
 
 QString CTreeIntergerItemValue::createCurrentStauts(bool readOnly) const
 {
     const ItemStateLock lock;
     // The representation stands behind the marker on purpose: a change of it needs a new editor.
-    return readOnlyStatus(readOnly)
-           + QStringLiteral(
-                 "m_nValue:%1; m_nMinValue:%2; m_nMaxValue:%3; m_nIncrement:%4; NeedRecreateEditor:")
-                 .arg(m_numbers.m_nValue)
-                 .arg(m_numbers.m_nMinValue)
-                 .arg(m_numbers.m_nMaxValue)
-                 .arg(m_numbers.m_nIncrement)
-           + m_strRepresentation;
+    return readOnlyStatus(readOnly) +
+           QStringLiteral(
+               "m_nValue:%1; m_nMinValue:%2; m_nMaxValue:%3; m_nIncrement:%4; NeedRecreateEditor:")
+               .arg(m_numbers.m_nValue)
+               .arg(m_numbers.m_nMinValue)
+               .arg(m_numbers.m_nMaxValue)
+               .arg(m_numbers.m_nIncrement) +
+           m_strRepresentation;
 }
 
 void CTreeIntergerItemValue::copy(const CTreeItemValue* from, bool all)
@@ -112,9 +120,9 @@ void CTreeIntergerItemValue::setRepresentation(const QString& representation)
 
 bool CTreeIntergerItemValue::hasOwnForm() const
 {
-    return m_strRepresentation == QLatin1String("HexNumber")
-           || m_strRepresentation == QLatin1String("IPV4Address")
-           || m_strRepresentation == QLatin1String("MACAddress");
+    return m_strRepresentation == QLatin1String("HexNumber") ||
+           m_strRepresentation == QLatin1String("IPV4Address") ||
+           m_strRepresentation == QLatin1String("MACAddress");
 }
 
 bool CTreeIntergerItemValue::isEditedAsText() const
@@ -130,12 +138,12 @@ CTreeIntergerItemValue::Type CTreeIntergerItemValue::type() const
         return PureNumber;
     const QString name = nodeName(0);
     if (isAddressFeature(name) || m_strRepresentation == QLatin1String("IPV4Address")) {
-        const bool mask = name == QLatin1String("GevCurrentSubnetMask")
-                          || name == QLatin1String("GevPersistentSubnetMask");
+        const bool mask = name == QLatin1String("GevCurrentSubnetMask") ||
+                          name == QLatin1String("GevPersistentSubnetMask");
         return mask ? SubnetMask : IPV4Address;
     }
-    if (name == QLatin1String("GevMACAddress")
-        || m_strRepresentation == QLatin1String("MACAddress"))
+    if (name == QLatin1String("GevMACAddress") ||
+        m_strRepresentation == QLatin1String("MACAddress"))
         return MACAddress;
     return HexNumber;
 }

@@ -18,15 +18,30 @@ void assign(QString& target, const QString& text)
 
 } // namespace
 
-QString CTreeItemValue::displayValue() const { return {}; }
+QString CTreeItemValue::displayValue() const
+{
+    return {};
+}
 
-QString CTreeItemValue::nodeName(int) const { return locked(m_strNodeName); }
+QString CTreeItemValue::nodeName(int) const
+{
+    return locked(m_strNodeName);
+}
 
-void CTreeItemValue::setNodeName(const QString& name) { assign(m_strNodeName, name); }
+void CTreeItemValue::setNodeName(const QString& name)
+{
+    assign(m_strNodeName, name);
+}
 
-QString CTreeItemValue::toolTip(int) const { return locked(m_strToolTip); }
+QString CTreeItemValue::toolTip(int) const
+{
+    return locked(m_strToolTip);
+}
 
-QVariant CTreeItemValue::value() const { return {}; }
+QVariant CTreeItemValue::value() const
+{
+    return {};
+}
 
 void CTreeItemValue::setValue(const QVariant&) {}
 
@@ -71,12 +86,27 @@ void CTreeItemValue::copy(const CTreeItemValue* from, bool all)
     m_strDocInputs = from->m_strDocInputs;
 }
 
-void CTreeItemValue::setDisplayName(const QString& name) { assign(m_strDisplayName, name); }
-void CTreeItemValue::setTranslateName(const QString& name) { assign(m_strTranslateName, name); }
-void CTreeItemValue::setToolTip(const QString& text) { assign(m_strToolTip, text); }
+void CTreeItemValue::setDisplayName(const QString& name)
+{
+    assign(m_strDisplayName, name);
+}
+void CTreeItemValue::setTranslateName(const QString& name)
+{
+    assign(m_strTranslateName, name);
+}
+void CTreeItemValue::setToolTip(const QString& text)
+{
+    assign(m_strToolTip, text);
+}
 
-QString CTreeItemValue::description() const { return locked(m_strDescription); }
-void CTreeItemValue::setDescription(const QString& text) { assign(m_strDescription, text); }
+QString CTreeItemValue::description() const
+{
+    return locked(m_strDescription);
+}
+void CTreeItemValue::setDescription(const QString& text)
+{
+    assign(m_strDescription, text);
+}
 QString CTreeItemValue::translatedDescription() const
 {
     return locked(m_strTranslatedDescription);
@@ -85,14 +115,38 @@ void CTreeItemValue::setTranslatedDescription(const QString& text)
 {
     assign(m_strTranslatedDescription, text);
 }
-QString CTreeItemValue::unit() const { return locked(m_strUnit); }
-void CTreeItemValue::setUnit(const QString& unit) { assign(m_strUnit, unit); }
-QString CTreeItemValue::docText() const { return locked(m_strDocText); }
-void CTreeItemValue::setDocText(const QString& html) { assign(m_strDocText, html); }
-QString CTreeItemValue::docTextCN() const { return locked(m_strDocTextCN); }
-void CTreeItemValue::setDocTextCN(const QString& html) { assign(m_strDocTextCN, html); }
-QString CTreeItemValue::docInputs() const { return locked(m_strDocInputs); }
-void CTreeItemValue::setDocInputs(const QString& inputs) { assign(m_strDocInputs, inputs); }
+QString CTreeItemValue::unit() const
+{
+    return locked(m_strUnit);
+}
+void CTreeItemValue::setUnit(const QString& unit)
+{
+    assign(m_strUnit, unit);
+}
+QString CTreeItemValue::docText() const
+{
+    return locked(m_strDocText);
+}
+void CTreeItemValue::setDocText(const QString& html)
+{
+    assign(m_strDocText, html);
+}
+QString CTreeItemValue::docTextCN() const
+{
+    return locked(m_strDocTextCN);
+}
+void CTreeItemValue::setDocTextCN(const QString& html)
+{
+    assign(m_strDocTextCN, html);
+}
+QString CTreeItemValue::docInputs() const
+{
+    return locked(m_strDocInputs);
+}
+void CTreeItemValue::setDocInputs(const QString& inputs)
+{
+    assign(m_strDocInputs, inputs);
+}
 
 bool CTreeItemValue::enabled() const
 {
@@ -130,7 +184,10 @@ void CTreeItemValue::setLastRead(LastRead result)
     m_lastRead = result;
 }
 
-QString CTreeItemValue::currentStatus() const { return locked(m_strCurrentStatus); }
+QString CTreeItemValue::currentStatus() const
+{
+    return locked(m_strCurrentStatus);
+}
 
 QString CTreeItemValue::exchangeStatus(const QString& status)
 {

@@ -7,7 +7,10 @@ QString CTreeStringItemValue::displayValue() const
     return m_strValue;
 }
 
-QVariant CTreeStringItemValue::value() const { return displayValue(); }
+QVariant CTreeStringItemValue::value() const
+{
+    return displayValue();
+}
 
 void CTreeStringItemValue::setValue(const QVariant& value)
 {

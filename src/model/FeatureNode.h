@@ -61,7 +61,7 @@ struct FeatureNode
     QString visibility; // empty when not given
     QString streamable; // empty when not given
     QString representation;
-    QString unit; // of the value, as the description has it
+    QString unit;       // of the value, as the description has it
     QString accessMode; // first of "ImposedAccessMode" and "AccessMode"
     QString pIsImplemented;
     QString pIsAvailable;

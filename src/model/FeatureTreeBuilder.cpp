@@ -87,8 +87,7 @@ void FeatureTreeBuilder::creatItemRecursion(ORXPropertyTreeItem* parent,
         if (m_itemCount >= kMaxItems) {
             // Every category on the way back meets the limit, too; the first one is named.
             if (m_itemCount++ == kMaxItems)
-                reportOnce(category.name,
-                           QStringLiteral("lists more features than can be shown"));
+                reportOnce(category.name, QStringLiteral("lists more features than can be shown"));
             break;
         }
         ORXPropertyTreeItem* item = createItem(parent, name);

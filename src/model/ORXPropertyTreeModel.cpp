@@ -23,16 +23,25 @@ void ORXPropertyTreeModel::updateData(ORXPropertyTreeItem* root)
     endResetModel();
 }
 
-void ORXPropertyTreeModel::resetCamearID(qint64 cameraId) { m_lCameraID = cameraId; }
+void ORXPropertyTreeModel::resetCamearID(qint64 cameraId)
+{
+    m_lCameraID = cameraId;
+}
 
 void ORXPropertyTreeModel::bindingFeatureWidget(IFeatureValueWriter* page)
 {
     m_pFeatureWidget = page;
 }
 
-void ORXPropertyTreeModel::setIsCanEdit(bool canEdit) { m_bCanEdit = canEdit; }
+void ORXPropertyTreeModel::setIsCanEdit(bool canEdit)
+{
+    m_bCanEdit = canEdit;
+}
 
-bool ORXPropertyTreeModel::isCanEditable() const { return m_bCanEdit; }
+bool ORXPropertyTreeModel::isCanEditable() const
+{
+    return m_bCanEdit;
+}
 
 void ORXPropertyTreeModel::setTitle(const QStringList& titles)
 {
@@ -98,8 +107,8 @@ void ORXPropertyTreeModel::moveItem(ORXPropertyTreeItem* item, int row)
 
 QModelIndex ORXPropertyTreeModel::index(int row, int column, const QModelIndex& parent) const
 {
-    if (!m_pRootItem || row < 0 || column < 0 || column >= columnCount()
-        || (parent.isValid() && parent.column() != 0))
+    if (!m_pRootItem || row < 0 || column < 0 || column >= columnCount() ||
+        (parent.isValid() && parent.column() != 0))
         return {};
     const ORXPropertyTreeItem* above = itemFromIndex(parent);
     ORXPropertyTreeItem* item = (above ? above : m_pRootItem)->child(row);
@@ -124,7 +133,10 @@ int ORXPropertyTreeModel::rowCount(const QModelIndex& parent) const
     return item ? item->childCount() : 0;
 }
 
-int ORXPropertyTreeModel::columnCount(const QModelIndex&) const { return 2; }
+int ORXPropertyTreeModel::columnCount(const QModelIndex&) const
+{
+    return 2;
+}
 
 QVariant ORXPropertyTreeModel::displayText(const ORXPropertyTreeItem& item) const
 {
@@ -174,8 +186,8 @@ QVariant ORXPropertyTreeModel::data(const QModelIndex& index, int role) const
 
 QVariant ORXPropertyTreeModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0
-        || section >= m_titles.size())
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+        section >= m_titles.size())
         return {};
     return m_titles.at(section);
 }
@@ -241,9 +253,8 @@ bool ORXPropertyTreeModel::canDropMimeData(const QMimeData*, Qt::DropAction, int
                                            const QModelIndex& parent) const
 {
     const ORXPropertyTreeItem* item = itemFromIndex(parent);
-    return item
-           && (item->itemType() == ORXPropertyTreeItem::FavoriteItem
-               || item->itemType() == ORXPropertyTreeItem::FavoritesGroup);
+    return item && (item->itemType() == ORXPropertyTreeItem::FavoriteItem ||
+                    item->itemType() == ORXPropertyTreeItem::FavoritesGroup);
 }
 
 // The view carries the move out by itself.

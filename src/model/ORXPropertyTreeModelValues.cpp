@@ -94,23 +94,23 @@ const ValueRules kTwoBoxes = {neverSame, storeCheckState};
 
 // In the order of FeatureTag.
 const std::array<ValueRules, kFeatureTagCount> kRules = {
-    kNone,                                                                   // Category
+    kNone,                                                                           // Category
     ValueRules{same<CTreeBooleanItemValue, sameBool>, store<CTreeBooleanItemValue>}, // Boolean
-    kNone,                                                                   // Command
-    kInteger,                                                                // Integer
-    kInteger,                                                                // IntReg
-    kEntry,                                                                  // Enumeration
-    kFloat,                                                                  // Float
-    kFloat,                                                                  // Converter
-    kText,                                                                   // StringReg
-    kText,                                                                   // String
-    kNone,                                                                   // Draw
-    kTwoBoxes,                                                               // Watermark
-    kTwoBoxes,                                                               // Event
-    kNone,                                                                   // CCM
-    kEntry,                                                                  // PalettesMode
-    kNone,                                                                   // FlatFieldCorrection
-    kNone,                                                                   // Other
+    kNone,                                                                           // Command
+    kInteger,                                                                        // Integer
+    kInteger,                                                                        // IntReg
+    kEntry,                                                                          // Enumeration
+    kFloat,                                                                          // Float
+    kFloat,                                                                          // Converter
+    kText,                                                                           // StringReg
+    kText,                                                                           // String
+    kNone,                                                                           // Draw
+    kTwoBoxes,                                                                       // Watermark
+    kTwoBoxes,                                                                       // Event
+    kNone,                                                                           // CCM
+    kEntry,                                                                          // PalettesMode
+    kNone, // FlatFieldCorrection
+    kNone, // Other
 };
 
 const ValueRules& rulesOf(const QString& tagName)

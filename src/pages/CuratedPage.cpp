@@ -3,9 +3,9 @@
 
 #include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
-#include "pages/PageSupport.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
+#include "tree/PageSupport.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>

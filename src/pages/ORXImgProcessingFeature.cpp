@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/ORXImgProcessingFeature.h"
 
+#include "ccm/ColorMatrix.h"
+#include "ccm/ORXCCMWidget.h"
 #include "device/ORXListenTools.h"
-#include "pages/ColorMatrix.h"
+#include "lut/QLUTDrawWidget.h"
 #include "pages/ImgProcessingTable.h"
-#include "pages/ORXCCMWidget.h"
-#include "pages/QLUTDrawWidget.h"
-#include "pages/RegionDrawWidget.h"
+#include "region/RegionDrawWidget.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 

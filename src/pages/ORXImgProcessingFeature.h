@@ -3,8 +3,8 @@
 
 #include "device/IORXListen.h"
 #include "pages/CuratedPage.h"
-#include "pages/RegionArea.h"
-#include "pages/SelectorChecks.h"
+#include "region/RegionArea.h"
+#include "selector/SelectorChecks.h"
 #include "tree/SelectorRowsLock.h"
 
 #include <QTimer>
@@ -86,12 +86,12 @@ private:
     void writeRegion(const RegionArea::Target& target);
     QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }
 
-    SelectorChecks* m_pChunks;      // Owned (child).
-    SelectorChecks* m_pEvents;      // Owned (child).
-    QStackedWidget* m_pPanels;      // Owned (child).
-    RegionDrawWidget* m_pRegion;    // Owned (child).
-    QScrollArea* m_pLutPanel;       // Owned (child).
-    QLUTDrawWidget* m_pLut;         // Owned (child).
+    SelectorChecks* m_pChunks;   // Owned (child).
+    SelectorChecks* m_pEvents;   // Owned (child).
+    QStackedWidget* m_pPanels;   // Owned (child).
+    RegionDrawWidget* m_pRegion; // Owned (child).
+    QScrollArea* m_pLutPanel;    // Owned (child).
+    QLUTDrawWidget* m_pLut;      // Owned (child).
     std::unique_ptr<ColorMatrix> m_matrix;
     SelectorRowsLock m_tableLock;   // while a table is transferred
     QTimer m_refreshTimer;          // many changes of items are one refresh

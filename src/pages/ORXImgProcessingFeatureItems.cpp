@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // The items of ORXImgProcessingFeature that are its own: look-up table, matrix, palettes.
+#include "ccm/ColorMatrix.h"
+#include "ccm/ORXRWCCMValue.h"
+#include "lut/QLUTDrawWidget.h"
 #include "model/CTreeCustomCCMItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "pages/ColorMatrix.h"
 #include "pages/ImgProcessingTable.h"
 #include "pages/ORXImgProcessingFeature.h"
-#include "pages/ORXRWCCMValue.h"
-#include "pages/QLUTDrawWidget.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 

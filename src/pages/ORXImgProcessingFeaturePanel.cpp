@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 // What ORXImgProcessingFeature shows below its rows: the picture of the sensor or the curve.
+#include "ccm/ColorMatrix.h"
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
+#include "lut/QLUTDrawWidget.h"
 #include "model/CTreeCustomDrawItemValue.h"
-#include "pages/ColorMatrix.h"
 #include "pages/ImgProcessingTable.h"
 #include "pages/ORXImgProcessingFeature.h"
-#include "pages/QLUTDrawWidget.h"
-#include "pages/RegionDrawWidget.h"
+#include "region/RegionDrawWidget.h"
 #include "styledctl/ZELCustom.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"

@@ -149,8 +149,7 @@ void FeatureFavorites::removeContextItem()
 void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
 {
     ORXPropertyTreeItem* favoritesGroup = group();
-    if (!item || !item->value() || !favoritesGroup
-        || m_items.contains(item->value()->nodeName(0)))
+    if (!item || !item->value() || !favoritesGroup || m_items.contains(item->value()->nodeName(0)))
         return;
     ORXFeatureTreeView* view = m_pTree->treeView();
     auto* favorite = new ORXPropertyTreeItem(nullptr, ORXPropertyTreeItem::FeatureTreePage);
@@ -226,8 +225,8 @@ void FeatureFavorites::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTr
     m_pTree->notifyFavoriteFeatureChange();
 }
 
-// Moves the row to where the list has the name. All others stand in order, and what is being typed in
-// them stays.
+// Moves the row to where the list has the name. All others stand in order, and what is being typed
+// in them stays.
 void FeatureFavorites::orderItem(const QString& name)
 {
     QSet<QString> before;

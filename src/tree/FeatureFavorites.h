@@ -49,11 +49,11 @@ private:
     ORXPropertyTreeItem* group() const;
     void orderItem(const QString& name);
 
-    ORXFeatureTree* m_pTree; // Not owned.
-    QMap<QString, ORXPropertyTreeItem*> m_items; // Feature name to its copy. Owned by the group.
+    ORXFeatureTree* m_pTree;                       // Not owned.
+    QMap<QString, ORXPropertyTreeItem*> m_items;   // Feature name to its copy. Owned by the group.
     ORXPropertyTreeItem* m_pContextItem = nullptr; // Not owned.
-    QMenu* m_pMenu;       // Owned.
-    QAction* m_pAdd;       // Owned by the menu.
-    QAction* m_pRemove;    // Owned by the menu.
-    QAction* m_pRemoveAll; // Owned by the menu.
+    QMenu* m_pMenu;                                // Owned.
+    QAction* m_pAdd;                               // Owned by the menu.
+    QAction* m_pRemove;                            // Owned by the menu.
+    QAction* m_pRemoveAll;                         // Owned by the menu.
 };

@@ -30,7 +30,10 @@ void IORXFeatureWidget::itemExpandStateChanged(ORXPropertyTreeItem*, bool) {}
 void IORXFeatureWidget::itemSpecialInfoChanged(ORXPropertyTreeItem*, int) {}
 void IORXFeatureWidget::updateValue() {}
 void IORXFeatureWidget::createTransMap() {}
-ORXPropertyTreeItem* IORXFeatureWidget::creatRootItem() { return nullptr; }
+ORXPropertyTreeItem* IORXFeatureWidget::creatRootItem()
+{
+    return nullptr;
+}
 void IORXFeatureWidget::resetSpecialItemValue() {}
 
 ORXPropertyTreeItem* IORXFeatureWidget::getRootItem(qint64 cameraId, bool create)

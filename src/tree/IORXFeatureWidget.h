@@ -32,7 +32,8 @@ public:
     virtual void resetCamaraID(qint64 cameraId);
     // Destroys the camera's root; borrowed items are only detached.
     virtual void removeCameraID(qint64 cameraId);
-    // Root of the camera (a negative key: of the shown one), made when `create` is set; may be null.
+    // Root of the camera (a negative key: of the shown one), made when `create` is set; may be
+    // null.
     virtual ORXPropertyTreeItem* getRootItem(qint64 cameraId, bool create);
     virtual void setExpandedAll(bool expand);
     // True when a root was asked for, even if the page could make none.
@@ -73,6 +74,6 @@ private:
     ORXPropertyTreeItem::ParentType m_pageType;
     qint64 m_lCameraID = -1;
     bool m_bCanEdit = true;
-    ORXFeatureTreeView* m_pTreeView; // Owned (child).
+    ORXFeatureTreeView* m_pTreeView;                // Owned (child).
     QMap<qint64, ORXPropertyTreeItem*> m_rootItems; // Owned.
 };

@@ -70,8 +70,8 @@ void ORXFeatureTree::buildLayout()
     m_pDescription->setFont(font);
     m_pDescription->setFrameShape(QFrame::NoFrame);
     m_pDescription->setMinimumHeight(kDescriptionMinHeight);
-    m_pDescription->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel)
-                                  + ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
+    m_pDescription->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel) +
+                                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
 
     // What is waited for stands above the description.
     auto* below = new QWidget(this);
@@ -113,8 +113,7 @@ void ORXFeatureTree::connectSignals()
     connect(treeView(), &QWidget::customContextMenuRequested, this,
             &Tree::OnTreeFeaturesCustomContextMenuRequested);
     connect(m_pFavorites->addAction(), &QAction::triggered, this, &Tree::OnActionFavoriteAdd);
-    connect(m_pFavorites->removeAction(), &QAction::triggered, this,
-            &Tree::OnActionFavoriteRemove);
+    connect(m_pFavorites->removeAction(), &QAction::triggered, this, &Tree::OnActionFavoriteRemove);
     connect(m_pFavorites->removeAllAction(), &QAction::triggered, this,
             &Tree::OnActionFavoriteRemoveAll);
     connect(&m_pollingTimer, &QTimer::timeout, this, &Tree::OnTimerFeatureNoCache);
@@ -257,8 +256,8 @@ void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
 // The switch of the automatic trigger vanishes with the command: nobody else could end it.
 void ORXFeatureTree::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 {
-    if (!m_autoTrigger->isRunning() || item->visible()
-        || item->value()->nodeName(0) != kTriggerSoftware)
+    if (!m_autoTrigger->isRunning() || item->visible() ||
+        item->value()->nodeName(0) != kTriggerSoftware)
         return;
     qInfo("Automatic software trigger: switched off, %s is not available any more",
           kTriggerSoftware.data());
@@ -325,9 +324,15 @@ void ORXFeatureTree::showFavoritesMenu(const QPoint& globalPosition)
         menu->popup(globalPosition);
 }
 
-void ORXFeatureTree::OnActionFavoriteAdd() { m_pFavorites->addContextItem(); }
+void ORXFeatureTree::OnActionFavoriteAdd()
+{
+    m_pFavorites->addContextItem();
+}
 
-void ORXFeatureTree::OnActionFavoriteRemove() { m_pFavorites->removeContextItem(); }
+void ORXFeatureTree::OnActionFavoriteRemove()
+{
+    m_pFavorites->removeContextItem();
+}
 
 void ORXFeatureTree::OnActionFavoriteRemoveAll()
 {
@@ -346,7 +351,10 @@ void ORXFeatureTree::removeFavoriteItem(ORXPropertyTreeItem* favorite)
     m_pFavorites->removeFavoriteItem(favorite);
 }
 
-void ORXFeatureTree::removeAllFavoriteItems() { m_pFavorites->removeAllFavoriteItems(); }
+void ORXFeatureTree::removeAllFavoriteItems()
+{
+    m_pFavorites->removeAllFavoriteItems();
+}
 
 bool ORXFeatureTree::GenerateFavoritesItems()
 {
@@ -369,15 +377,14 @@ void ORXFeatureTree::notifyFavoriteFeatureChange()
 
 int ORXFeatureTree::notify(int code, void* payload)
 {
-    if (code == ListenCode::kFavoritesChanged && payload && cameraID() != -1
-        && *static_cast<qint64*>(payload) != cameraID()) {
+    if (code == ListenCode::kFavoritesChanged && payload && cameraID() != -1 &&
+        *static_cast<qint64*>(payload) != cameraID()) {
         GenerateFavoritesItems();
     } else if (code == ListenCode::kFeatureChanged && payload) {
         const auto* changed = static_cast<const NamedFeature*>(payload);
         if (changed->lCameraID == cameraID() && changed->pName)
             UpdateFeatures(FEATURES_UPDATE_INVALIDATED, QString::fromLocal8Bit(changed->pName),
-                           QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kRefresh), false,
-                           false);
+                           QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kRefresh), false, false);
     }
     return 0;
 }

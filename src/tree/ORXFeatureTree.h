@@ -58,8 +58,7 @@ public:
 
     // Reading -------------------------------------------------------------------------------------
     void UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& name,
-                        QGetFeaturesThread::UpdateFlags flags, bool forceInvalidate,
-                        bool skipSelf);
+                        QGetFeaturesThread::UpdateFlags flags, bool forceInvalidate, bool skipSelf);
     // Reads again what a write of the feature invalidates, and the feature itself.
     void rereadInvalidated(const QString& name);
     void StartUpdateThread();
@@ -121,11 +120,11 @@ public:
     void OnBtnRefresh();
     void OnCameraStartShot();
     void OnCameraStopShot();
-    // Executes "TriggerSoftware" every `intervalMs` milliseconds (1 to 1,000,000,000) while enabled,
-    // on a thread of its own: neither a busy window nor a slow camera shifts the beat, and a beat
-    // that falls due while the camera still works on the one before is dropped. Ends by itself when
-    // "TriggerSoftware" is no longer available, when reading pauses, the camera is closed or reset,
-    // and with the tree.
+    // Executes "TriggerSoftware" every `intervalMs` milliseconds (1 to 1,000,000,000) while
+    // enabled, on a thread of its own: neither a busy window nor a slow camera shifts the beat, and
+    // a beat that falls due while the camera still works on the one before is dropped. Ends by
+    // itself when "TriggerSoftware" is no longer available, when reading pauses, the camera is
+    // closed or reset, and with the tree.
     void SetAutoSoftwareTrig(bool enable, unsigned int intervalMs);
     int notify(int code, void* data) override;
     void ClearTreeViewInfo();
@@ -195,10 +194,10 @@ private:
 
     FeatureDescriptionIndex m_index;
     FeatureTreeBuilder m_builder;
-    ORXPropertyTreeItem* m_pCurrentItem = nullptr; // Shown in the description panel. Not owned.
-    FeatureFavorites* m_pFavorites; // Owned (child).
-    QTextEdit* m_pDescription;      // Owned (child).
-    QString m_strDescription;       // HTML that the panel shows.
+    ORXPropertyTreeItem* m_pCurrentItem = nullptr;    // Shown in the description panel. Not owned.
+    FeatureFavorites* m_pFavorites;                   // Owned (child).
+    QTextEdit* m_pDescription;                        // Owned (child).
+    QString m_strDescription;                         // HTML that the panel shows.
     ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Not owned.
     QPointer<ZELCustomMessageBox> m_pMessageBox;      // Owned (child).
     std::function<Message()> m_shownMessage;          // Null when its words stay as they are.

@@ -36,9 +36,8 @@ void ORXFeatureTree::UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& 
     if (m_bDeleting)
         return;
     const bool plainFullRead =
-        type == FEATURES_UPDATE_ALL
-        && !(m_bInvalidateOnFullRead
-             && OBDeviceControl::GetDeviceType() != kInvalidatingDeviceType);
+        type == FEATURES_UPDATE_ALL &&
+        !(m_bInvalidateOnFullRead && OBDeviceControl::GetDeviceType() != kInvalidatingDeviceType);
     if (forceInvalidate || plainFullRead)
         OBDeviceControl::InvalidateNodes();
     if (m_bDeleting) // released from there
@@ -52,8 +51,7 @@ void ORXFeatureTree::UpdateFeatures(_FEATURES_UPDATE_TYPE_ type, const QString& 
         if (names.isEmpty())
             return;
     }
-    const bool partial =
-        type == FEATURES_UPDATE_INVALIDATED || type == FEATURES_UPDATE_TL_LOCKED;
+    const bool partial = type == FEATURES_UPDATE_INVALIDATED || type == FEATURES_UPDATE_TL_LOCKED;
     QGetFeaturesThread* thread = partial ? m_pPartialThread : m_pFullThread;
     if (thread->SetThreadInfo(type, names, flags))
         m_bFullReadPending |= type == FEATURES_UPDATE_ALL;
@@ -83,8 +81,7 @@ void ORXFeatureTree::StartUpdateThread()
 
 void ORXFeatureTree::RefreshFeatures()
 {
-    UpdateFeatures(FEATURES_UPDATE_ALL, QString(), flagSet(UpdateFlagSets::kRefresh), false,
-                   false);
+    UpdateFeatures(FEATURES_UPDATE_ALL, QString(), flagSet(UpdateFlagSets::kRefresh), false, false);
 }
 
 void ORXFeatureTree::PauseUpdateThread()
@@ -148,8 +145,8 @@ void ORXFeatureTree::OnGetThreadEnd()
         return;
     }
     // The end of a pass that was stopped before may arrive when the first read is under way again.
-    const bool stillReading = m_pFullThread->isPassRunning()
-                              && m_pFullThread->FeaturesUpdateType() == FEATURES_UPDATE_ALL;
+    const bool stillReading = m_pFullThread->isPassRunning() &&
+                              m_pFullThread->FeaturesUpdateType() == FEATURES_UPDATE_ALL;
     if (m_bFullReadPending && !stillReading) {
         m_bFullReadPending = false;
         emit SigFullReadEnded(cameraID());
@@ -172,8 +169,8 @@ void ORXFeatureTree::OnUserLevelChanged()
     // A pass that began at the level before must not undo what the other thread does now.
     m_pPartialThread->takeUserLevel();
     m_pFullThread->takeUserLevel();
-    const bool fullBusy = m_pFullThread->isPassRunning()
-                          && m_pFullThread->FeaturesUpdateType() != FEATURES_UPDATE_POLLING;
+    const bool fullBusy = m_pFullThread->isPassRunning() &&
+                          m_pFullThread->FeaturesUpdateType() != FEATURES_UPDATE_POLLING;
     QGetFeaturesThread* thread = fullBusy ? m_pPartialThread : m_pFullThread;
     thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, flagSet(UpdateFlagSets::kUserLevel));
     thread->startPass();
@@ -276,8 +273,7 @@ void ORXFeatureTree::SetAutoSoftwareTrig(bool enable, unsigned int intervalMs)
     }
     if (m_bDeleting || cameraID() < 0)
         return;
-    m_autoTrigger->start(
-        std::chrono::milliseconds(qBound(1U, intervalMs, kLongestAutoTriggerMs)));
+    m_autoTrigger->start(std::chrono::milliseconds(qBound(1U, intervalMs, kLongestAutoTriggerMs)));
     emit SigAutoSoftwareTrigChanged(cameraID(), true);
 }
 
@@ -309,7 +305,10 @@ void ORXFeatureTree::OnTimeInvalidaterFeaturesUpdate()
         ShowLoadingDlg(false, QString());
 }
 
-void ORXFeatureTree::OnTimerRefreshFinished() { m_refreshTimer.stop(); }
+void ORXFeatureTree::OnTimerRefreshFinished()
+{
+    m_refreshTimer.stop();
+}
 
 void ORXFeatureTree::OnTimerAutoTrigger()
 {
@@ -385,8 +384,8 @@ const Reread kRereads[] = {rereadBoolean, rereadInteger, rereadEnumeration, rere
 
 bool ORXFeatureTree::rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyView)
 {
-    if (!item || !item->value() || item->value()->nodeName(0).isEmpty()
-        || !FeatureValueReader::hasReader(item->tag()))
+    if (!item || !item->value() || item->value()->nodeName(0).isEmpty() ||
+        !FeatureValueReader::hasReader(item->tag()))
         return false;
     const QString name = item->value()->nodeName(0);
     bool read = false;

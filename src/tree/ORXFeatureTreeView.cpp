@@ -98,7 +98,10 @@ void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
     scheduleEditors();
 }
 
-void ORXFeatureTreeView::setForbiddenUpdate(bool forbidden) { m_bForbiddenUpdate = forbidden; }
+void ORXFeatureTreeView::setForbiddenUpdate(bool forbidden)
+{
+    m_bForbiddenUpdate = forbidden;
+}
 
 void ORXFeatureTreeView::setDisableScroll()
 {
@@ -163,8 +166,7 @@ void ORXFeatureTreeView::itemSpecialInfoChanged(qint64 cameraId, ORXPropertyTree
 // A queued notification may arrive after its item has gone, or for a camera shown before.
 bool ORXFeatureTreeView::concerns(qint64 cameraId, ORXPropertyTreeItem* item) const
 {
-    return item && cameraId != -1 && cameraId == m_lCameraID
-           && ORXPropertyTreeItem::isAlive(item);
+    return item && cameraId != -1 && cameraId == m_lCameraID && ORXPropertyTreeItem::isAlive(item);
 }
 
 void ORXFeatureTreeView::onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* item, bool visible)
@@ -251,8 +253,8 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
         if (recreate) {
             const QWidget* editor = editorOf(item);
             // The rest of what is being typed must not land in the new editor.
-            const bool keepsFocus = editor && EditorFocus::isInside(editor)
-                                    && !EditorFocus::hasPendingEdit(editor);
+            const bool keepsFocus =
+                editor && EditorFocus::isInside(editor) && !EditorFocus::hasPendingEdit(editor);
             closeEditors(item);
             openEditors(item);
             if (keepsFocus)

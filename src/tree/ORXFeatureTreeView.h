@@ -25,14 +25,14 @@ class ORXPropertyTreeModel;
 // | item... (IORXFeatureNotify)      | GUI or reading; emits signals     | see the interface |
 // | everything else                  | GUI                               | none              |
 //
-// An editor closes before its row goes, for whatever reason. What is being typed in it is dropped, and
-// the focus comes to the view (see EditorFocus).
+// An editor closes before its row goes, for whatever reason. What is being typed in it is dropped,
+// and the focus comes to the view (see EditorFocus).
 //
 // With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
-// editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The rows
-// directly below the root are a line of one pixel, which is never the current row, nor is a row whose
-// picture stands elsewhere. The Menu key or Shift+F10 opens the row's menu, Alt+Up and Alt+Down move a
-// favourite.
+// editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The
+// rows directly below the root are a line of one pixel, which is never the current row, nor is a
+// row whose picture stands elsewhere. The Menu key or Shift+F10 opens the row's menu, Alt+Up and
+// Alt+Down move a favourite.
 class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZELCustomQssHelper
 {
     Q_OBJECT
@@ -158,11 +158,11 @@ private:
     bool m_bDropShown = false;
     bool m_bSyncing = false;
     bool m_bInGeometries = false;
-    bool m_bRowsChanged = true; // since m_shownFeatures were collected
+    bool m_bRowsChanged = true;         // since m_shownFeatures were collected
     bool m_bDirectNotification = false; // the running notification came on this thread
     qint64 m_lCameraID = -1;
-    ORXPropertyTreeModel* m_pModel;       // Owned (child).
-    ORXPropertyTreeDelegate* m_pDelegate; // Owned (child).
+    ORXPropertyTreeModel* m_pModel;             // Owned (child).
+    ORXPropertyTreeDelegate* m_pDelegate;       // Owned (child).
     ORXPropertyTreeItem* m_pRootItem = nullptr; // Not owned.
     QVector<ORXPropertyTreeItem*> m_inSight;    // Rows from top to bottom. Not owned.
     QSet<ORXPropertyTreeItem*> m_openEditors;   // Items whose editors are open. Not owned.

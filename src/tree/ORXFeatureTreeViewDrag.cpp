@@ -25,8 +25,8 @@ ORXPropertyTreeItem* movedItem(const QMimeData* data)
     bool ok = false;
     const auto address = static_cast<quintptr>(text.toULongLong(&ok));
     auto* item = reinterpret_cast<ORXPropertyTreeItem*>(address);
-    const bool valid = ok && ORXPropertyTreeItem::isAlive(item)
-                       && item->itemType() == ORXPropertyTreeItem::FavoriteItem;
+    const bool valid = ok && ORXPropertyTreeItem::isAlive(item) &&
+                       item->itemType() == ORXPropertyTreeItem::FavoriteItem;
     return valid ? item : nullptr;
 }
 
@@ -40,12 +40,12 @@ bool ORXFeatureTreeView::canIndexDrop(const QModelIndex& target, const QMimeData
     if (!item)
         return lastFavorite();
     const ORXPropertyTreeItem* parent = item->parent(m_pageType);
-    return item->itemType() == ORXPropertyTreeItem::FavoritesGroup
-           || (parent && parent->itemType() == ORXPropertyTreeItem::FavoritesGroup);
+    return item->itemType() == ORXPropertyTreeItem::FavoritesGroup ||
+           (parent && parent->itemType() == ORXPropertyTreeItem::FavoritesGroup);
 }
 
-// The last shown favourite when nothing else stands below the favourites, so that the empty space is
-// theirs.
+// The last shown favourite when nothing else stands below the favourites, so that the empty space
+// is theirs.
 ORXPropertyTreeItem* ORXFeatureTreeView::lastFavorite() const
 {
     ORXPropertyTreeItem* group = m_pRootItem ? m_pRootItem->child(0) : nullptr;

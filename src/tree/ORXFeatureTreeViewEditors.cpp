@@ -177,8 +177,8 @@ void ORXFeatureTreeView::closeEditorsOutOfSight()
     for (ORXPropertyTreeItem* item : qAsConst(left)) {
         const QWidget* editor = editorOf(item);
         const QWidget* nameEditor = editorOf(item, 0);
-        if ((editor && EditorFocus::isInside(editor))
-            || (nameEditor && EditorFocus::isInside(nameEditor)))
+        if ((editor && EditorFocus::isInside(editor)) ||
+            (nameEditor && EditorFocus::isInside(nameEditor)))
             continue;
         closeEditors(item);
     }
@@ -226,8 +226,8 @@ void ORXFeatureTreeView::closeEditorsWithoutRow()
 {
     const QSet<ORXPropertyTreeItem*> open = m_openEditors;
     for (ORXPropertyTreeItem* item : open) {
-        if (ORXPropertyTreeItem::isAlive(item)
-            && !visualRect(m_pModel->indexFromItem(item, 1)).isValid())
+        if (ORXPropertyTreeItem::isAlive(item) &&
+            !visualRect(m_pModel->indexFromItem(item, 1)).isValid())
             closeEditors(item);
     }
 }

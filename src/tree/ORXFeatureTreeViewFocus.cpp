@@ -112,13 +112,13 @@ void ORXFeatureTreeView::onFocusChanged(QWidget*, QWidget* now)
     setAutoScroll(false);
     // A current name cell leaves the focus where it is, unless it has an editor of its own.
     selectionModel()->setCurrentIndex(isTwoBoxes(cell) ? cell : cell.siblingAtColumn(0),
-                                      QItemSelectionModel::ClearAndSelect
-                                          | QItemSelectionModel::Rows);
+                                      QItemSelectionModel::ClearAndSelect |
+                                          QItemSelectionModel::Rows);
     setAutoScroll(scrolls);
 }
 
-// A row that becomes the current one does not take the focus into its editor: the one before may have
-// gone from under the user's hands.
+// A row that becomes the current one does not take the focus into its editor: the one before may
+// have gone from under the user's hands.
 bool ORXFeatureTreeView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
 {
     return trigger != CurrentChanged && QTreeView::edit(index, trigger, event);
@@ -138,8 +138,8 @@ void ORXFeatureTreeView::focusInEvent(QFocusEvent* event)
     keepCurrentShown();
 }
 
-// The focus of the view stands in its current row: in a row that has gone out of the view nobody would
-// see it.
+// The focus of the view stands in its current row: in a row that has gone out of the view nobody
+// would see it.
 void ORXFeatureTreeView::keepCurrentShown()
 {
     const QModelIndex current = currentIndex();
@@ -162,8 +162,8 @@ QModelIndex ORXFeatureTreeView::moveCursor(CursorAction action, Qt::KeyboardModi
     QModelIndex row = to;
     if (action == MoveLeft)
         row = QModelIndex();
-    const bool up = action == MoveUp || action == MovePrevious || action == MoveEnd
-                    || action == MovePageDown;
+    const bool up =
+        action == MoveUp || action == MovePrevious || action == MoveEnd || action == MovePageDown;
     while (isThin(row))
         row = up ? indexAbove(row) : indexBelow(row);
     if (row.isValid() || isThin(from))
@@ -189,17 +189,16 @@ void ORXFeatureTreeView::keyPressEvent(QKeyEvent* event)
         return;
     }
     const bool moves = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-    if (moves && event->modifiers() == Qt::AltModifier
-        && moveFavorite(currentIndex(), event->key() == Qt::Key_Up)) {
+    if (moves && event->modifiers() == Qt::AltModifier &&
+        moveFavorite(currentIndex(), event->key() == Qt::Key_Up)) {
         event->accept();
         return;
     }
-    const bool wantsEditor = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter
-                             || event->key() == Qt::Key_F2;
+    const bool wantsEditor = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                             event->key() == Qt::Key_F2;
     const QModelIndex row = currentIndex();
-    if (wantsEditor
-        && (focusCell(firstCell(row), Qt::TabFocusReason)
-            || focusCell(row.siblingAtColumn(1), Qt::TabFocusReason)))
+    if (wantsEditor && (focusCell(firstCell(row), Qt::TabFocusReason) ||
+                        focusCell(row.siblingAtColumn(1), Qt::TabFocusReason)))
         event->accept();
     else
         QTreeView::keyPressEvent(event);

@@ -128,16 +128,16 @@ bool ORXFeatureTree::writeFeature(FeatureTag tag, const QString& name, const QVa
             return false;
         }
         qCritical().noquote() << tr("Node '%1': Failed to execute Node. %2")
-                                         .arg(name, QString::number(outcome.error))
-                                     + errorText(outcome.error);
+                                         .arg(name, QString::number(outcome.error)) +
+                                     errorText(outcome.error);
         break;
     case FeatureWriter::State::Written:
         break;
     }
     if (isCommand) {
         qInfo().noquote() << QStringLiteral("NodeName:%1, [CameraID:%2]").arg(name, camera);
-        if (outcome.state == FeatureWriter::State::Written
-            && (name == kAcquisitionStart || name == kAcquisitionStop))
+        if (outcome.state == FeatureWriter::State::Written &&
+            (name == kAcquisitionStart || name == kAcquisitionStop))
             readLockable();
         return afterCommand(name);
     }
@@ -245,8 +245,8 @@ void ORXFeatureTree::showWriteFailure(const QString& name, const QString& value,
 {
     showTranslated([name, value, error] {
         return Message{tr("Failed to set the feature value."),
-                       tr("Node '%1':failed to save value '%2'").arg(quoted(name), quoted(value))
-                           + errorText(error),
+                       tr("Node '%1':failed to save value '%2'").arg(quoted(name), quoted(value)) +
+                           errorText(error),
                        ZELCustomMessageBox::Hint_Error, Qt::RichText};
     });
 }
@@ -266,8 +266,8 @@ void ORXFeatureTree::retranslateMessages()
 {
     if (m_pMessageBox && m_pMessageBox->isVisible() && m_shownMessage)
         fillMessageBox(m_shownMessage(), QString());
-    if (cameraID() != -1 && ZELCustomLoadingDialog::isLoading(getLoadingIndex(
-                                OBDeviceControl::GetDeviceType(), cameraID())))
+    if (cameraID() != -1 && ZELCustomLoadingDialog::isLoading(
+                                getLoadingIndex(OBDeviceControl::GetDeviceType(), cameraID())))
         ShowLoadingDlg(true, overlayText());
 }
 
@@ -298,9 +298,8 @@ void ORXFeatureTree::ShowLoadingFeatures(bool show, bool setting)
     if (!show && m_pPartialThread->isPassRunning())
         return;
     if (show)
-        ZELCustomLoadingDialog::setHostWindow(window(), getLoadingIndex(
-                                                            OBDeviceControl::GetDeviceType(),
-                                                            cameraID()));
+        ZELCustomLoadingDialog::setHostWindow(
+            window(), getLoadingIndex(OBDeviceControl::GetDeviceType(), cameraID()));
     if (show)
         m_bOverlayForSetting = setting;
     ShowLoadingDlg(show, overlayText());

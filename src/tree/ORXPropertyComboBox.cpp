@@ -20,9 +20,15 @@ ORXPropertyComboBox::ORXPropertyComboBox(QWidget* parent, StyleSelector style)
     cSetFontSize(kFontSize);
 }
 
-void ORXPropertyComboBox::SetNodeName(const QString& name) { m_strNodeName = name; }
+void ORXPropertyComboBox::SetNodeName(const QString& name)
+{
+    m_strNodeName = name;
+}
 
-void ORXPropertyComboBox::SetNoSigChangedFlage(bool silent) { m_bNoSigChanged = silent; }
+void ORXPropertyComboBox::SetNoSigChangedFlage(bool silent)
+{
+    m_bNoSigChanged = silent;
+}
 
 void ORXPropertyComboBox::AddItem(const QString& text, int value)
 {

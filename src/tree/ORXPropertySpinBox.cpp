@@ -18,10 +18,7 @@ ORXPropertySpinBox::~ORXPropertySpinBox()
 
 void ORXPropertySpinBox::resetToolTip()
 {
-    setToolTip(tr("Min:%1; Max:%2; Step Value:%3")
-                   .arg(minimum())
-                   .arg(maximum())
-                   .arg(singleStep()));
+    setToolTip(tr("Min:%1; Max:%2; Step Value:%3").arg(minimum()).arg(maximum()).arg(singleStep()));
 }
 
 int ORXPropertySpinBox::notify(int code, void*)

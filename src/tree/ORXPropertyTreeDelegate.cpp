@@ -50,21 +50,20 @@ const ORXPropertyTreeDelegate::EditorRow& ORXPropertyTreeDelegate::editorRow(Fea
     static const EditorRow kFloat = {&D::createFloatEditor, &D::setFloatEditorData,
                                      &D::readLineEdit};
     static const EditorRow kTwoBoxes = {&D::createCustomWaterMarkEditor,
-                                        &D::setCustomWaterMarkEditorData, &D::readCheckBox,
-                                        true};
+                                        &D::setCustomWaterMarkEditorData, &D::readCheckBox, true};
     // In the order of FeatureTag.
     static const std::array<EditorRow, kFeatureTagCount> kRows = {
-        kNone,                                                                         // Category
-        EditorRow{&D::createBoolEditor, &D::setBoolEditorData, &D::readCheckBox},      // Boolean
-        EditorRow{&D::createCommandEditor, &D::setCommandEditorData, &D::readButton},  // Command
-        kInteger,                                                                      // Integer
-        kInteger,                                                                      // IntReg
+        kNone,                                                                        // Category
+        EditorRow{&D::createBoolEditor, &D::setBoolEditorData, &D::readCheckBox},     // Boolean
+        EditorRow{&D::createCommandEditor, &D::setCommandEditorData, &D::readButton}, // Command
+        kInteger,                                                                     // Integer
+        kInteger,                                                                     // IntReg
         EditorRow{&D::createEnumationEditor, &D::setEnumationEditorData,
-                  &D::readComboBox}, // Enumeration
-        kFloat,                      // Float
-        kFloat,                      // Converter
-        kText,                       // StringReg
-        kText,                       // String
+                  &D::readComboBox},                                                 // Enumeration
+        kFloat,                                                                      // Float
+        kFloat,                                                                      // Converter
+        kText,                                                                       // StringReg
+        kText,                                                                       // String
         EditorRow{&D::createCustomDrawEditor, &D::setCustomDrawEditorData, nullptr}, // Draw
         kTwoBoxes,                                                                   // Watermark
         kTwoBoxes,                                                                   // Event
@@ -73,7 +72,7 @@ const ORXPropertyTreeDelegate::EditorRow& ORXPropertyTreeDelegate::editorRow(Fea
                   &D::readComboBox}, // PalettesMode
         EditorRow{&D::createCustomFFCorrectionEditor, &D::setCustomFFCorrectionEditorData,
                   &D::readButton, true}, // FlatFieldCorrection
-        kNone,                     // Other
+        kNone,                           // Other
     };
     return kRows[static_cast<std::size_t>(tag)];
 }
@@ -119,7 +118,10 @@ ORXPropertyTreeDelegate::~ORXPropertyTreeDelegate()
     clearInfo();
 }
 
-void ORXPropertyTreeDelegate::setIsCanEdit(bool canEdit) { m_bCanEdit = canEdit; }
+void ORXPropertyTreeDelegate::setIsCanEdit(bool canEdit)
+{
+    m_bCanEdit = canEdit;
+}
 
 void ORXPropertyTreeDelegate::setCurMoveItem(ORXPropertyTreeItem* item, bool below)
 {
@@ -127,7 +129,10 @@ void ORXPropertyTreeDelegate::setCurMoveItem(ORXPropertyTreeItem* item, bool bel
     m_bMoveBelow = below;
 }
 
-void ORXPropertyTreeDelegate::clearInfo() { m_nInfo = 0; }
+void ORXPropertyTreeDelegate::clearInfo()
+{
+    m_nInfo = 0;
+}
 
 // The page type 4 stands for pages with the roomier editors; no page of the library has it.
 bool ORXPropertyTreeDelegate::alternativeStyle() const
@@ -171,8 +176,8 @@ void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
     const ItemStateLock lock;
     CTreeItemValue* value = item->value();
     const QString published = value->currentStatus();
-    if (published.startsWith(kUnpublished)
-        || published == value->createCurrentStauts(item->readOnly()))
+    if (published.startsWith(kUnpublished) ||
+        published == value->createCurrentStauts(item->readOnly()))
         return;
     // The rest of the text stays: it tells a change of the representation.
     value->exchangeStatus(kUnpublished + published);
@@ -180,8 +185,8 @@ void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
 
 bool ORXPropertyTreeDelegate::isUsable(const ORXPropertyTreeItem& item) const
 {
-    return m_bCanEdit && item.value() && item.wasRead() && item.value()->enabled()
-           && hasEditor(item.tag()) && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
+    return m_bCanEdit && item.value() && item.wasRead() && item.value()->enabled() &&
+           hasEditor(item.tag()) && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
 }
 
 void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
@@ -218,12 +223,21 @@ void ORXPropertyTreeDelegate::commit()
     emit commitData(editor);
 }
 
-void ORXPropertyTreeDelegate::on_CommitData() { commit(); }
+void ORXPropertyTreeDelegate::on_CommitData()
+{
+    commit();
+}
 
-void ORXPropertyTreeDelegate::on_CommitData_Combox(int) { commit(); }
+void ORXPropertyTreeDelegate::on_CommitData_Combox(int)
+{
+    commit();
+}
 
 // Nothing waits for the timer; it must not wake the application for ever, though.
-void ORXPropertyTreeDelegate::on_CommandTimeout() { m_commandTimer.stop(); }
+void ORXPropertyTreeDelegate::on_CommandTimeout()
+{
+    m_commandTimer.stop();
+}
 
 bool ORXPropertyTreeDelegate::connectCommit(QWidget* editor) const
 {
@@ -246,8 +260,8 @@ bool ORXPropertyTreeDelegate::connectCommit(QWidget* editor) const
 bool ORXPropertyTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 {
     auto* editor = qobject_cast<QWidget*>(watched);
-    const bool escape = event->type() == QEvent::KeyPress
-                        && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    const bool escape = event->type() == QEvent::KeyPress &&
+                        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     if (editor && (escape || event->type() == QEvent::FocusOut))
         emit sigEditingEnded(editor);
     auto* lineEdit = qobject_cast<QPropertyLineEdit*>(watched);

@@ -25,8 +25,8 @@ const QSize kPaletteIconSize(182, 22);
 const QSize kToolIconSize(24, 24);
 
 const char* const kPaletteNames[] = {
-    "mode1_WhiteHot", "mode2_BlackHot", "mode3_Fusion1",  "mode4_Rainbow", "mode5_Fusion2",
-    "mode6_Ironbow1", "mode7_Ironbow2", "mode8_Sepia",    "mode9_Color1",  "mode10_Color2",
+    "mode1_WhiteHot", "mode2_BlackHot", "mode3_Fusion1",   "mode4_Rainbow", "mode5_Fusion2",
+    "mode6_Ironbow1", "mode7_Ironbow2", "mode8_Sepia",     "mode9_Color1",  "mode10_Color2",
     "mode11_IceFire", "mode12_Rain",    "mode13_GreenHot", "mode14_RedHot"};
 
 QIcon paletteIcon(int position)
@@ -66,9 +66,9 @@ QWidget* ORXPropertyTreeDelegate::prepared(QWidget* editor, const Cell& cell, bo
 
 QWidget* ORXPropertyTreeDelegate::makeLineEdit(QWidget* parent, const Cell& cell) const
 {
-    auto* editor = new QPropertyLineEdit(parent, alternativeStyle()
-                                                     ? ZELCustomLineEdit::Style_Panel
-                                                     : ZELCustomLineEdit::Style_Cell);
+    auto* editor =
+        new QPropertyLineEdit(parent, alternativeStyle() ? ZELCustomLineEdit::Style_Panel
+                                                         : ZELCustomLineEdit::Style_Cell);
     editor->setEnabled(false);
     return prepared(editor, cell, cell.item->value()->usesGlobalFont());
 }
@@ -80,9 +80,9 @@ QWidget* ORXPropertyTreeDelegate::createIntegerEditor(QWidget* parent, const Cel
         return nullptr;
     if (value->isEditedAsText())
         return makeLineEdit(parent, cell);
-    auto* editor = new ORXPropertySpinBox(parent, alternativeStyle()
-                                                      ? ZELCustomSpinBox64::Style_Panel
-                                                      : ZELCustomSpinBox64::Style_Cell);
+    auto* editor =
+        new ORXPropertySpinBox(parent, alternativeStyle() ? ZELCustomSpinBox64::Style_Panel
+                                                          : ZELCustomSpinBox64::Style_Cell);
     ORXListenTools::instance()->addListener(editor, ORXListenTools::PriorityNormal);
     editor->setEnabled(false);
     return prepared(editor, cell, value->usesGlobalFont());
@@ -118,8 +118,8 @@ void ORXPropertyTreeDelegate::setIntegerEditorData(QWidget* editor, const Cell& 
 QWidget* ORXPropertyTreeDelegate::createEnumationEditor(QWidget* parent, const Cell& cell) const
 {
     auto* editor = new ZELCustomComboBox(
-        parent,
-        alternativeStyle() ? ZELCustomComboBox::Style_Panel : ZELCustomComboBox::Style_Cell, 0);
+        parent, alternativeStyle() ? ZELCustomComboBox::Style_Panel : ZELCustomComboBox::Style_Cell,
+        0);
     editor->setEnabled(false);
     return prepared(editor, cell, cell.item->value()->usesGlobalFont());
 }
@@ -177,9 +177,9 @@ void ORXPropertyTreeDelegate::setCustomPalettesModeEditorData(QWidget* editor,
 
 QWidget* ORXPropertyTreeDelegate::createBoolEditor(QWidget* parent, const Cell& cell) const
 {
-    auto* editor = new ZELCustomCheckBox(parent, alternativeStyle()
-                                                     ? ZELCustomCheckBox::Style_Switch
-                                                     : ZELCustomCheckBox::Style_Cell);
+    auto* editor =
+        new ZELCustomCheckBox(parent, alternativeStyle() ? ZELCustomCheckBox::Style_Switch
+                                                         : ZELCustomCheckBox::Style_Cell);
     editor->setEnabled(false);
     editor->setFixedSize(editor->sizeHint());
     return prepared(editor, cell, cell.item->value()->usesGlobalFont());
@@ -220,8 +220,7 @@ void ORXPropertyTreeDelegate::fillLineEdit(QWidget* editor, const Cell& cell, co
     } else {
         const bool changed = lineEdit->text() != text;
         // The user is about to type over it: what he types must not be added to the new text.
-        const bool typesOver =
-            lineEdit->hasFocus() && lineEdit->selectedText() == lineEdit->text();
+        const bool typesOver = lineEdit->hasFocus() && lineEdit->selectedText() == lineEdit->text();
         lineEdit->SetText(text, kind);
         if (changed && typesOver)
             lineEdit->selectAll();

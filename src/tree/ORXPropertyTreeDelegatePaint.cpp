@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kLeafShift = 20;       // a leaf's name stands this far left of its place
+constexpr int kLeafShift = 20;        // a leaf's name stands this far left of its place
 constexpr int kCategoryOverhang = 50; // a category's name reaches into the value column
 constexpr int kEditorLeft = 5;
 constexpr int kEditorRight = 10;
@@ -31,8 +31,8 @@ QStyle* styleOf(const QStyleOptionViewItem& option)
 
 bool isCategory(const ORXPropertyTreeItem& item)
 {
-    return item.itemType() == ORXPropertyTreeItem::FavoritesGroup
-           || item.itemType() == ORXPropertyTreeItem::CategoryItem;
+    return item.itemType() == ORXPropertyTreeItem::FavoritesGroup ||
+           item.itemType() == ORXPropertyTreeItem::CategoryItem;
 }
 
 } // namespace
@@ -83,8 +83,7 @@ void ORXPropertyTreeDelegate::paintName(QPainter* painter, const QStyleOptionVie
     document.setHtml(html);
     painter->save();
     painter->translate(option.rect.left(), option.rect.top() + 4);
-    document.drawContents(painter,
-                          QRectF(0, 0, option.rect.width() + 1, option.rect.height() + 1));
+    document.drawContents(painter, QRectF(0, 0, option.rect.width() + 1, option.rect.height() + 1));
     painter->restore();
 }
 
@@ -98,8 +97,7 @@ void ORXPropertyTreeDelegate::paintUnit(QPainter* painter, const QStyleOptionVie
         return;
     painter->save();
     painter->setFont(option.font);
-    painter->setPen(
-        ZELCustom::getDataBaseColor(QStringLiteral("CommonColor_Font_Little_Black")));
+    painter->setPen(ZELCustom::getDataBaseColor(QStringLiteral("CommonColor_Font_Little_Black")));
     painter->drawText(QRect(left, name.top(), option.rect.right() - left, name.height()),
                       Qt::AlignLeft | Qt::AlignVCenter, unit);
     painter->restore();

@@ -23,8 +23,7 @@ qint64 onGrid(qint64 value, qint64 minimum, qint64 maximum, qint64 step)
         return value;
     const quint64 distance = static_cast<quint64>(value) - static_cast<quint64>(minimum);
     const quint64 steps = distance / static_cast<quint64>(step);
-    return static_cast<qint64>(static_cast<quint64>(minimum)
-                               + steps * static_cast<quint64>(step));
+    return static_cast<qint64>(static_cast<quint64>(minimum) + steps * static_cast<quint64>(step));
 }
 
 } // namespace
@@ -48,8 +47,8 @@ ORXPropertyTreeDelegate::Edited ORXPropertyTreeDelegate::readInteger(QWidget* ed
     auto* spinBox = qobject_cast<ORXPropertySpinBox*>(editor);
     if (!spinBox)
         return readLineEdit(editor, cell);
-    const qint64 value = onGrid(spinBox->value(), spinBox->minimum(), spinBox->maximum(),
-                                spinBox->singleStep());
+    const qint64 value =
+        onGrid(spinBox->value(), spinBox->minimum(), spinBox->maximum(), spinBox->singleStep());
     qInfo().noquote() << QStringLiteral("setModelData： %1").arg(value);
     return {true, value, false};
 }

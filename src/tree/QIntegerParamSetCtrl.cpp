@@ -47,14 +47,13 @@ bool QIntegerParamSetCtrl::InitWidget()
 
     using Self = QIntegerParamSetCtrl;
     return connect(m_pSpinBox, QOverload<int>::of(&QSpinBox::valueChanged), m_pSlider,
-                   &QSlider::setValue)
-           && connect(m_pSpinBox, &QSpinBox::editingFinished, this, &Self::OnSliderReleased)
-           && connect(m_pSpinBox, &ZELCustomSpinBox::SigSaveParam, this, &Self::OnSliderReleased)
-           && connect(m_pSlider, &QSlider::valueChanged, this, &Self::OnValueChanged)
-           && connect(m_pSlider, &QSlider::sliderReleased, this, &Self::OnSliderReleased)
-           && connect(m_pSlider, &ZELCustomSlider::SigSaveParam, this, &Self::OnSliderReleased)
-           && connect(m_pLineEdit, &QLineEdit::editingFinished, this,
-                      &Self::OnIntegerPropertyChanged);
+                   &QSlider::setValue) &&
+           connect(m_pSpinBox, &QSpinBox::editingFinished, this, &Self::OnSliderReleased) &&
+           connect(m_pSpinBox, &ZELCustomSpinBox::SigSaveParam, this, &Self::OnSliderReleased) &&
+           connect(m_pSlider, &QSlider::valueChanged, this, &Self::OnValueChanged) &&
+           connect(m_pSlider, &QSlider::sliderReleased, this, &Self::OnSliderReleased) &&
+           connect(m_pSlider, &ZELCustomSlider::SigSaveParam, this, &Self::OnSliderReleased) &&
+           connect(m_pLineEdit, &QLineEdit::editingFinished, this, &Self::OnIntegerPropertyChanged);
 }
 
 void QIntegerParamSetCtrl::Release()

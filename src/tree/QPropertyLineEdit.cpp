@@ -93,9 +93,9 @@ bool QPropertyLineEdit::SaveProperty(QVariant& value)
     using Save = bool (QPropertyLineEdit::*)(QVariant&);
     // In the order of ValueKind; addresses of network cards are only shown.
     static const Save kSave[] = {
-        &QPropertyLineEdit::saveText,        &QPropertyLineEdit::saveFloat,
-        &QPropertyLineEdit::saveDecimal,     &QPropertyLineEdit::saveHexadecimal,
-        &QPropertyLineEdit::saveAddress,     &QPropertyLineEdit::saveSubnetMask,
+        &QPropertyLineEdit::saveText,    &QPropertyLineEdit::saveFloat,
+        &QPropertyLineEdit::saveDecimal, &QPropertyLineEdit::saveHexadecimal,
+        &QPropertyLineEdit::saveAddress, &QPropertyLineEdit::saveSubnetMask,
     };
     constexpr int kKinds = sizeof(kSave) / sizeof(kSave[0]);
     if (text() == m_strLastText) {
@@ -146,8 +146,8 @@ bool QPropertyLineEdit::saveFloat(QVariant& value)
 bool QPropertyLineEdit::saveDecimal(QVariant& value)
 {
     restoreIfEmpty();
-    // A text that is no number counts as 0 and is then brought into the range; one of digits alone is
-    // a number that no integer holds, and is not guessed at.
+    // A text that is no number counts as 0 and is then brought into the range; one of digits alone
+    // is a number that no integer holds, and is not guessed at.
     const QString entered = text().trimmed();
     bool ok = false;
     qint64 number = entered.toLongLong(&ok);

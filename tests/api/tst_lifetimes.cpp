@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Every exported function from every place from which a host can call it, and the next opening
 // after it: what it does is the same everywhere, or it is refused and logged.
+#include "lut/QLUTDrawWidget.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "pages/QLUTDrawWidget.h"
 #include "support/ChildProcess.h"
 #include "support/DescriptionBuilder.h"
 #include "support/GuiThreadReads.h"
@@ -42,9 +42,10 @@ enum Function {
     UpdateFeatures,
     Release
 };
-const char* const kFunctions[] = {"Init",  "SetDeviceInfo",     "SetCallBackFunc",
+const char* const kFunctions[] = {"Init",          "SetDeviceInfo",   "SetCallBackFunc",
                                   "SetWidgetSize", "SetTitleVisible", "SetWidgetPosition",
-                                  "Start", "Close",             "UpdateFeatures", "Release"};
+                                  "Start",         "Close",           "UpdateFeatures",
+                                  "Release"};
 
 enum Place {
     Idle,
@@ -63,11 +64,21 @@ enum Place {
     ReadingThread, // refused
     OtherThread    // refused
 };
-const char* const kPlaces[] = {"idle",         "while reading",  "set callback",
-                               "invalidate callback", "action callback", "get callback",
-                               "access-mode callback", "event loop of the host", "message box",
-                               "file dialog",  "context menu",   "combo list",
-                               "drag",         "reading thread", "another thread"};
+const char* const kPlaces[] = {"idle",
+                               "while reading",
+                               "set callback",
+                               "invalidate callback",
+                               "action callback",
+                               "get callback",
+                               "access-mode callback",
+                               "event loop of the host",
+                               "message box",
+                               "file dialog",
+                               "context menu",
+                               "combo list",
+                               "drag",
+                               "reading thread",
+                               "another thread"};
 
 enum Reopening { InPlace, BeforeEvents, AfterEvents };
 const char* const kReopenings[] = {"opened in place", "opened before events run", "opened later"};
@@ -364,14 +375,15 @@ private:
     static QModelIndex rowOf(ORXFeatureTreeView* view, const char* name)
     {
         const QAbstractItemModel* model = view->model();
-        const QModelIndexList found =
-            model->match(model->index(0, 0), Qt::DisplayRole,
-                         tree()->propertyItemByName(QString::fromLatin1(name))->value()->displayName(),
-                         1, Qt::MatchRecursive | Qt::MatchExactly);
+        const QModelIndexList found = model->match(
+            model->index(0, 0), Qt::DisplayRole,
+            tree()->propertyItemByName(QString::fromLatin1(name))->value()->displayName(), 1,
+            Qt::MatchRecursive | Qt::MatchExactly);
         return found.isEmpty() ? QModelIndex() : found.first();
     }
 
-    // What a user of the opening has: a window with rows, read from that host, which alone is called.
+    // What a user of the opening has: a window with rows, read from that host, which alone is
+    // called.
     void checkOpening(Host& host)
     {
         QVERIFY(wasRead());
@@ -413,9 +425,9 @@ private slots:
             QVERIFY(wasRead());
         const bool refused = place >= ReadingThread;
         if (refused)
-            MessageGuard::ignoreMessage(QtCriticalMsg,
-                                        QRegularExpression("OB_FT_%1: called on another thread"_s.arg(
-                                            QLatin1String(kFunctions[function]))));
+            MessageGuard::ignoreMessage(
+                QtCriticalMsg, QRegularExpression("OB_FT_%1: called on another thread"_s.arg(
+                                   QLatin1String(kFunctions[function]))));
         const bool before = isDone(function);
         int code = 1;
         at(place, [&] { code = call(function); });

@@ -57,8 +57,8 @@ int useAndUnload(const char* library)
         std::fprintf(stderr, "%s\n", dlerror());
     EXPECT(handle);
     const auto init = reinterpret_cast<decltype(&OB_FT_Init)>(dlsym(handle, "OB_FT_Init"));
-    const auto callbacks = reinterpret_cast<decltype(&OB_FT_SetCallBackFunc)>(
-        dlsym(handle, "OB_FT_SetCallBackFunc"));
+    const auto callbacks =
+        reinterpret_cast<decltype(&OB_FT_SetCallBackFunc)>(dlsym(handle, "OB_FT_SetCallBackFunc"));
     const auto start = reinterpret_cast<decltype(&OB_FT_Start)>(dlsym(handle, "OB_FT_Start"));
     const auto release = reinterpret_cast<decltype(&OB_FT_Release)>(dlsym(handle, "OB_FT_Release"));
     EXPECT(init && callbacks && start && release);

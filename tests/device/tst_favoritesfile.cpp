@@ -83,8 +83,7 @@ private slots:
             "", 1);
         row("empty display name skipped", "<r><f><Name>a</Name><DisplayName/></f></r>", "", 0);
         row("no XML", "favourites", "loadFavoritesXml failed.333", 0);
-        row("document type",
-            "<!DOCTYPE r><r><f><Name>a</Name><DisplayName>b</DisplayName></f></r>",
+        row("document type", "<!DOCTYPE r><r><f><Name>a</Name><DisplayName>b</DisplayName></f></r>",
             "loadFavoritesXml failed.333", 0);
         row("100,000 levels",
             QByteArray("<a>").repeated(100000) + QByteArray("</a>").repeated(100000),

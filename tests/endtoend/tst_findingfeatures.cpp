@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // One sitting of a user who looks for features: by text, as favourites, in the other language, at
 // the other level, and again the next day.
-#include "DemoCamera.h"
 #include "basetools/ORXInterface.h"
+#include "demo/DemoCamera.h"
 #include "device/OBDeviceControl.h"
 #include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"

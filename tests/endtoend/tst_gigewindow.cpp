@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "RealCamera.h"
+#include "cameras/RealCamera.h"
 #include "host/FakeGigECamera.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // One sitting of a user without a mouse. Keys go to whatever has them at the moment, never to a
 // widget that the test has looked for; what the test knows of the window it only reads.
-#include "DemoCamera.h"
 #include "basetools/ORXInterface.h"
+#include "demo/DemoCamera.h"
 #include "device/OBDeviceControl.h"
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "FaultyCamera.h"
-#include "RealCamera.h"
+#include "cameras/RealCamera.h"
 #include "device/OBDeviceControl.h"
+#include "faults/FaultyCamera.h"
 #include "host/FakeGigECamera.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "FakeGigECamera.h"
 
-#include "CameraError.h"
-#include "DemoCamera.h"
-#include "DescriptionNodes.h"
-#include "ManualClock.h"
-#include "RealCamera.h"
+#include "cameras/CameraError.h"
+#include "cameras/ManualClock.h"
+#include "cameras/RealCamera.h"
+#include "demo/DemoCamera.h"
+#include "description/DescriptionNodes.h"
 #include "support/TestMain.h"
 
 #include <OBFeatureTree/OBFeatureTree.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "DemoCamera.h"
-#include "ExitCode.h"
 #include "FakeGigECamera.h"
+#include "demo/DemoCamera.h"
+#include "program/ExitCode.h"
 #include "support/ChildProcess.h"
 #include "support/TestMain.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraError.h"
-#include "DemoCamera.h"
-#include "ManualClock.h"
+#include "cameras/CameraError.h"
+#include "cameras/ManualClock.h"
+#include "demo/DemoCamera.h"
 #include "support/TestMain.h"
 
 #include <OBFeatureTree/OBFeatureTree.h>

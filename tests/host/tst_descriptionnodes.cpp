@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "DescriptionNodes.h"
+#include "description/DescriptionNodes.h"
 #include "support/TestMain.h"
 
 namespace {

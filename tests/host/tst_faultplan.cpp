@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "FaultPlan.h"
+#include "faults/FaultPlan.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>

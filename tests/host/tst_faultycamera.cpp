@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraError.h"
-#include "DemoCamera.h"
-#include "DescriptionNodes.h"
-#include "FaultyCamera.h"
-#include "FaultyRecords.h"
-#include "ManualClock.h"
+#include "cameras/CameraError.h"
+#include "cameras/ManualClock.h"
+#include "demo/DemoCamera.h"
+#include "description/DescriptionNodes.h"
+#include "faults/FaultyCamera.h"
+#include "faults/FaultyRecords.h"
 #include "support/TestMain.h"
 
 #include <OBFeatureTree/OBFeatureTree.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraError.h"
-#include "DemoCamera.h"
-#include "HostCallbacks.h"
+#include "cameras/CameraError.h"
+#include "demo/DemoCamera.h"
+#include "program/HostCallbacks.h"
 #include "support/TestMain.h"
 
 #include <atomic>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "HostOptions.h"
+#include "program/HostOptions.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>

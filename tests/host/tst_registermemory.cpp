@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "RegisterMemory.h"
+#include "cameras/RegisterMemory.h"
 #include "support/TestMain.h"
 
 #include <limits>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CameraError.h"
-#include "SimulatedCamera.h"
+#include "cameras/CameraError.h"
+#include "cameras/SimulatedCamera.h"
 #include "support/TestMain.h"
 
 #include <OBFeatureTree/OBFeatureTree.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "StepRunner.h"
+#include "steps/StepRunner.h"
 #include "support/TestMain.h"
 
 #include <QComboBox>

@@ -117,8 +117,7 @@ private slots:
         const auto answer = qScopeGuard([this] { m_host->pace().openAllGates(); });
         QTRY_COMPARE(m_host->pace().waitingAt("Width"_s), 1);
         auto* line = window.widget()->findChild<QWidget*>("ReadingProgressLine"_s);
-        const QRegularExpression told(
-            QRegularExpression::anchoredPattern(progress.arg("[1-8]"_s)));
+        const QRegularExpression told(QRegularExpression::anchoredPattern(progress.arg("[1-8]"_s)));
         QTRY_VERIFY2(told.match(line->toolTip()).hasMatch(), qPrintable(line->toolTip()));
         auto* wait = window.tree()->findChild<QLabel*>("HostWaitLine"_s);
         QVERIFY(!wait->isVisible());

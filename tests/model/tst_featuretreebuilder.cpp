@@ -93,8 +93,9 @@ private slots:
     {
         QFETCH(QString, tag);
         QFETCH(QString, visibility);
-        QString inner = "<DisplayName>Exposure Time</DisplayName><Description>How long.</Description>"
-                        "<Unit> us </Unit>"_s;
+        QString inner =
+            "<DisplayName>Exposure Time</DisplayName><Description>How long.</Description>"
+            "<Unit> us </Unit>"_s;
         if (!visibility.isEmpty())
             inner += child("Visibility"_s, visibility);
         QDomDocument document;

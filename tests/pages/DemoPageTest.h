@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "DemoCamera.h"
-#include "ManualClock.h"
+#include "cameras/ManualClock.h"
+#include "demo/DemoCamera.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
 #include "support/TestMain.h"

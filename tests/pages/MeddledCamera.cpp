@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "pages/MeddledCamera.h"
 
-#include "CameraError.h"
+#include "cameras/CameraError.h"
 
 #include <OBFeatureTree/OBFeatureTree.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Camera.h"
+#include "cameras/Camera.h"
 #include "main/ORXMainFeatureWidget.h"
 #include "pages/WatchedCallbacks.h"
 #include "support/Patience.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "basetools/ORXInterface.h"
-#include "pages/ORXRWCCMValue.h"
+#include "ccm/ORXRWCCMValue.h"
 #include "support/Literals.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "HostCallbacks.h"
+#include "program/HostCallbacks.h"
 
 // The callbacks of a host with a camera; the GUI thread's reads are told to GuiThreadReads. Must
 // outlive the window.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The common features page in the window, on the simulated camera.
-#include "CameraError.h"
+#include "cameras/CameraError.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "pages/CuratedPageTest.h"
 #include "pages/ORXCommonFeature.h"

@@ -2,14 +2,14 @@
 // The image processing page in the window, on the simulated camera: what it shows. The transfers of
 // tables and matrix are tst_orximgprocessingtransfers' subject, the region tst_regiondrawwidget's,
 // the check boxes tst_selectorchecks'.
-#include "CameraError.h"
+#include "cameras/CameraError.h"
+#include "lut/QLUTDrawWidget.h"
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
 #include "pages/CuratedPageTest.h"
 #include "pages/ORXImgProcessingFeature.h"
-#include "pages/QLUTDrawWidget.h"
-#include "pages/RegionDrawWidget.h"
 #include "pages/SettingsFile.h"
+#include "region/RegionDrawWidget.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -2,9 +2,9 @@
 // Tables and matrix of the image processing page on their way: drawn and written to the simulated
 // camera, to files that are bad, to disks that are full, to a camera that is unplugged meanwhile.
 #include "basetools/ORXInterface.h"
+#include "lut/QLUTDrawWidget.h"
 #include "pages/DemoPageTest.h"
 #include "pages/ORXImgProcessingFeature.h"
-#include "pages/QLUTDrawWidget.h"
 #include "pages/SettingsFile.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/FileSizeLimit.h"

@@ -209,10 +209,10 @@ private slots:
     // A level chosen while a pass runs holds for what it passed, and for what comes.
     void levelDuringAPass()
     {
-        const QByteArray xml = wrap(category("Root"_s, words("A B C"))
-                                    + node("Integer"_s, "A"_s, child("Visibility"_s, "Guru"_s))
-                                    + node("Integer"_s, "B"_s)
-                                    + node("Integer"_s, "C"_s, child("Visibility"_s, "Guru"_s)));
+        const QByteArray xml = wrap(category("Root"_s, words("A B C")) +
+                                    node("Integer"_s, "A"_s, child("Visibility"_s, "Guru"_s)) +
+                                    node("Integer"_s, "B"_s) +
+                                    node("Integer"_s, "C"_s, child("Visibility"_s, "Guru"_s)));
         m_description = std::make_unique<LoadedDescription>(xml);
         m_thread->SetInitThreadInfo(1, false, m_description->index.nodes(),
                                     m_description->builder.AllTreeItemsMap(), {}, {});

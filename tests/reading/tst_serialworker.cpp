@@ -77,7 +77,8 @@ private slots:
         QVERIFY(!worker.isBusy());
     }
 
-    // What waits never runs, the running one learns of it, and what comes later runs without a stop.
+    // What waits never runs, the running one learns of it, and what comes later runs without a
+    // stop.
     void stopEndsTheRunningJobAndDropsTheWaitingOnes()
     {
         Worker worker;

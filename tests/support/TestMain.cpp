@@ -30,8 +30,8 @@ void GuardedTest::cleanup()
 
 int runGuardedTest(int argc, char** argv, std::unique_ptr<GuardedTest> (*make)())
 {
-    // Every test program has a home of its own: tests never touch the user's files, nor each other's
-    // when they run at the same time. Only the font cache stays where it is.
+    // Every test program has a home of its own: tests never touch the user's files, nor each
+    // other's when they run at the same time. Only the font cache stays where it is.
     const QTemporaryDir home;
     if (qEnvironmentVariableIsEmpty("XDG_CACHE_HOME"))
         qputenv("XDG_CACHE_HOME", QDir::homePath().toLocal8Bit() + "/.cache");

@@ -33,8 +33,8 @@ QByteArray description()
         node(q("Boolean"), q("ReverseX"), child(q("pIsLocked"), q("TLParamsLocked"))) +
         node(q("StringReg"), q("Note")) + node(q("Integer"), q("Detail"), expert) +
         node(q("Command"), q("AcquisitionStart")) + node(q("Command"), q("AcquisitionStop")) +
-        node(q("Command"), q("UserSetLoad")) +
-        node(q("Command"), q("DeviceReset")) + node(q("Command"), q("TriggerSoftware")) +
+        node(q("Command"), q("UserSetLoad")) + node(q("Command"), q("DeviceReset")) +
+        node(q("Command"), q("TriggerSoftware")) +
         node(q("Integer"), q("Counter"), child(q("PollingTime"), q("50"))) +
         node(q("Enumeration"), q("RegionDisplaySelector"), entries) +
         node(q("StringReg"), q("DeviceUserID")) + node(q("Integer"), q("TLParamsLocked")));
@@ -67,8 +67,8 @@ void FeatureTreeTest::finish()
     IFeatureTreeFinder::install(nullptr);
     FakeHost::uninstall();
     m_host.clearCalls();
-    for (const char* name : {"Width", "PixelFormat", "Gain", "ReverseX", "Note", "UserSetLoad",
-                             "AcquisitionStart"})
+    for (const char* name :
+         {"Width", "PixelFormat", "Gain", "ReverseX", "Note", "UserSetLoad", "AcquisitionStart"})
         m_host.fail(QString::fromLatin1(name), 0);
     OBDeviceControl::GetFavoritesFeatureMap()->clear();
     OBDeviceControl::SetUserLevel(1);

@@ -45,7 +45,10 @@ class TestFeatureFavorites : public FeatureTreeTest
         menu->hide();
         return menu;
     }
-    QModelIndex indexOf(Item* item) { return m_tree->treeView()->treeModel()->indexFromItem(item, 0); }
+    QModelIndex indexOf(Item* item)
+    {
+        return m_tree->treeView()->treeModel()->indexFromItem(item, 0);
+    }
     // As when the side column shows the group.
     void showFavoritesOnly()
     {
@@ -203,7 +206,7 @@ private slots:
         QFETCH(QStringList, shown);
         const auto copyOf = [this](const QString& name) { return group()->findChild(name); };
         setFavorites(words("Width Alien Height Gain")); // one of another camera
-        for (int i = 0; i < 2; ++i) { // moving it again changes nothing more
+        for (int i = 0; i < 2; ++i) {                   // moving it again changes nothing more
             m_tree->moveFavorteItem(copyOf(moved), copyOf(target));
             QCOMPARE(favorites(), list);
             QCOMPARE(shownFavorites(m_tree.get()), shown);
@@ -275,8 +278,8 @@ private slots:
         QVERIFY(m_host.writes().isEmpty());
         // The rows stand as the list says.
         QCOMPARE(view->visualRect(indexOf(moved)).top() < view->visualRect(indexOf(edited)).top(),
-                 moved->indexInParent(Item::FeatureTreePage)
-                     < edited->indexInParent(Item::FeatureTreePage));
+                 moved->indexInParent(Item::FeatureTreePage) <
+                     edited->indexInParent(Item::FeatureTreePage));
         QVERIFY(shownFavorites(m_tree.get()) != words("Width Height Counter"));
     }
 

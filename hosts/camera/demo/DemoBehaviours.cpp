@@ -6,8 +6,8 @@ namespace DemoBehaviours {
 void install(DemoContext& demo)
 {
     constexpr void (*kAll[])(DemoContext&) = {
-        time,   acquisition, trigger,  autoFunctions, imageFormat, colour, colourMatrix,
-        inputs, encoders,    sequencer, userSets,     files,       slowCommands,
+        time,   acquisition, trigger,   autoFunctions, imageFormat, colour,       colourMatrix,
+        inputs, encoders,    sequencer, userSets,      files,       slowCommands,
     };
     for (auto* behaviour : kAll)
         behaviour(demo);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "CameraClock.h"
-#include "CameraNodeMap.h"
-#include "RegisterMemory.h"
+#include "cameras/CameraClock.h"
+#include "cameras/CameraNodeMap.h"
+#include "cameras/RegisterMemory.h"
 #include "demo/BehaviourTable.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Features of the demo camera that take their time: shading reference images, the common time of
 // the network, and what serves to test hosts.
-#include "CameraError.h"
+#include "cameras/CameraError.h"
 #include "demo/DemoBehaviours.h"
 #include "demo/DemoContext.h"
 

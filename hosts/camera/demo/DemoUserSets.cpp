@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // User sets of the demo camera: all settings lie in one part of its memory, and a set is a copy of
 // it. The sets survive a restart.
-#include "CameraError.h"
+#include "cameras/CameraError.h"
 #include "demo/DemoBehaviours.h"
 #include "demo/DemoContext.h"
 

@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: Apache-2.0
-#include "GObjectPointer.h"
-
-#include <glib-object.h>
-
-void GObjectDeleter::operator()(void* object) const
-{
-    g_object_unref(object);
-}

@@ -1,0 +1,481 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "basetools/ORXInterface.h"
+#include "cameras/CameraError.h"
+#include "ccm/ColorMatrix.h"
+#include "ccm/ORXCCMWidget.h"
+#include "ccm/ORXRWCCMValue.h"
+#include "model/CTreeCustomCCMItemValue.h"
+#include "pages/DemoPageTest.h"
+#include "pages/SettingsFile.h"
+#include "styledctl/ZELCustomMessageBox.h"
+#include "tree/QPropertyLineEdit.h"
+#include "tree/TestPage.h"
+
+#include <QTimer>
+
+namespace {
+
+using Item = ORXPropertyTreeItem;
+
+constexpr char kTransformation[] = "ColorTransformationEnable";
+constexpr char kSelector[] = "ColorTransformationValueSelector";
+constexpr char kValue[] = "ColorTransformationValue";
+const SettingsFile kFile{"DEMO000001"_s};
+
+// Makes of two items a matrix and its switch, as a page does it.
+CTreeCustomCCMItemValue* tie(Item& item, Item& enable)
+{
+    enable.setTagName("Boolean"_s);
+    item.setTagName("CustomTagNameCCM"_s);
+    auto* value = static_cast<CTreeCustomCCMItemValue*>(item.value());
+    value->m_lCameraID = 1;
+    value->m_pEnableItem = &enable;
+    return value;
+}
+
+// The widget over such items.
+class Matrix
+{
+public:
+    explicit Matrix(CTreeCustomCCMItemValue::State state)
+    {
+        auto* value = tie(item, enable);
+        value->m_nState = state;
+        matrix = std::make_unique<ColorMatrix>(1, state == CTreeCustomCCMItemValue::InCamera,
+                                               &enable, nullptr);
+        value->m_pMatrix = matrix.get();
+        widget = new ORXCCMWidget(&item, &window);
+        widget->resize(360, 122);
+        window.show();
+    }
+
+    QPropertyLineEdit* cell(int index) const
+    {
+        return window.findChild<QPropertyLineEdit*>("CCMValue%1"_s.arg(index));
+    }
+    QStringList texts() const
+    {
+        QStringList all;
+        for (int i = 0; i < ORXRWCCMValue::kCoefficients; ++i)
+            all += cell(i)->text();
+        return all;
+    }
+    bool isOn() const { return enable.value()->value().toBool(); }
+    bool read()
+    {
+        updateData();
+        return QTest::qWaitFor([this] { return cell(0)->isEnabled(); });
+    }
+    // As the page: when it comes into sight, and when the camera has changed.
+    void updateData()
+    {
+        if (m_bShown)
+            widget->updateData();
+        m_bShown = true;
+        matrix->setShown(true);
+    }
+    bool becomesKnown()
+    {
+        updateData();
+        return QTest::qWaitFor([this] { return matrix->isKnown(); });
+    }
+    // As the page writes a switch that the user pressed.
+    void userSwitches(bool on)
+    {
+        enable.value()->setValue(on);
+        matrix->switchTo(on);
+    }
+    void enter(int index, const char* text)
+    {
+        cell(index)->selectAll();
+        QTest::keyClicks(cell(index), QString::fromLatin1(text));
+        QTest::keyClick(cell(index), Qt::Key_Return);
+    }
+
+    Item enable{nullptr, Item::ImageProcessingPage};
+    Item item{nullptr, Item::ImageProcessingPage};
+    std::unique_ptr<ColorMatrix> matrix;
+    QWidget window;
+    QPointer<ORXCCMWidget> widget;
+
+private:
+    bool m_bShown = false;
+};
+
+} // namespace
+
+class TestORXCCMWidget : public DemoPageTest
+{
+    Q_OBJECT
+
+protected:
+    void prepare() override
+    {
+        SettingsFile::removeAll();
+        DemoPageTest::prepare();
+    }
+    void finish() override
+    {
+        DemoPageTest::finish();
+        SettingsFile::removeAll();
+    }
+
+private:
+    void setCoefficient(const char* index, const char* value)
+    {
+        write(kSelector, index);
+        write(kValue, value);
+    }
+    void openSwitchedOn()
+    {
+        write("CCMEnable", "1");
+        open();
+    }
+    // Opens with the transformation on; the reading of the matrix will be held at a coefficient.
+    void openAndHold()
+    {
+        write(kTransformation, "1");
+        open();
+        OB_FT_Close(); // nothing else reads
+        m_camera->closeGate(kValue, MeddledCamera::Reads);
+    }
+    QString shownMessage() const { return messageBox() ? messageBox()->cTextTitle() : QString(); }
+
+private slots:
+    void cellsShowTheCamera()
+    {
+        setCoefficient("1", "-0.25");
+        setCoefficient("8", "3.5");
+        write(kSelector, "6");
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        QVERIFY(matrix.read());
+        QCOMPARE(matrix.texts().join(QLatin1Char(' ')),
+                 "1.0000 -0.2500 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 3.5000"_s);
+        QVERIFY(matrix.isOn());
+        // The camera is as it was.
+        QCOMPARE(read(kSelector), 6);
+        QCOMPARE(read(kTransformation), 0);
+        QCOMPARE(read("CCMEnable"), 1);
+    }
+
+    void switchStatesDecide_data()
+    {
+        const Rows<bool, bool, QByteArray, bool> row("transformed", "matrix", "unreadable", "on");
+        row("matrix", false, true, "", true);
+        row("neither", false, false, "", false);
+        row("transformation", true, false, "", false);
+        row("matrix not told", false, false, "CCMEnable", true);
+        row("transformation, matrix not told", true, false, "CCMEnable", false);
+    }
+
+    void switchStatesDecide()
+    {
+        QFETCH(bool, transformed);
+        QFETCH(bool, matrix);
+        QFETCH(QByteArray, unreadable);
+        QFETCH(bool, on);
+        setCoefficient("2", "0.125");
+        write(kTransformation, transformed ? "1" : "0");
+        write("CCMEnable", matrix ? "1" : "0");
+        open();
+        if (!unreadable.isEmpty())
+            m_camera->fail(unreadable.constData(), CameraError::NotReadable, MeddledCamera::Reads);
+        Matrix cells(CTreeCustomCCMItemValue::InCamera);
+        cells.enable.value()->setValue(!on);
+        cells.updateData();
+        QTRY_COMPARE(cells.cell(2)->text(), "0.1250"_s);
+        QCOMPARE(cells.cell(2)->isEnabled(), on);
+        QCOMPARE(cells.isOn(), on);
+        QCOMPARE(read(kTransformation), transformed ? 1 : 0);
+    }
+
+    void editReachesTheCamera_data()
+    {
+        const Rows<int, QByteArray, QString, QStringList> row("index", "text", "shown", "writes");
+        const auto writes = [](int index, const char* value) {
+            return QStringList{"ColorTransformationValueSelector=%1"_s.arg(index),
+                               "ColorTransformationValue=%1"_s.arg(QLatin1String(value))};
+        };
+        row("number", 5, "1.5", "1.5000", writes(5, "1.5"));
+        row("exponent", 0, "-25e-2", "-0.2500", writes(0, "-0.25"));
+        row("too large", 8, "9", "4.0000", writes(8, "4"));
+        row("no number", 4, "one", "1.0000", QStringList());
+        row("unchanged", 4, "1.0000", "1.0000", QStringList());
+    }
+
+    void editReachesTheCamera()
+    {
+        QFETCH(int, index);
+        QFETCH(QByteArray, text);
+        QFETCH(QStringList, writes);
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.read());
+        m_camera->forget();
+        matrix.enter(index, text.constData());
+        QTEST(matrix.cell(index)->text(), "shown");
+        QCOMPARE(m_camera->writes(), writes);
+    }
+
+    void refusedEditShowsWhatTheCameraHas()
+    {
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.read());
+        m_camera->fail(kValue, CameraError::NotWritable, MeddledCamera::Writes);
+        matrix.enter(4, "2");
+        QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
+        QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
+        // A refused selector spares the value.
+        m_camera->fail(kSelector, CameraError::NotWritable, MeddledCamera::Writes);
+        m_camera->forget();
+        matrix.enter(4, "2");
+        QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
+        QCOMPARE(m_camera->writesOf(kValue), 0);
+    }
+
+    void switchingWritesBothFeatures()
+    {
+        open();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.becomesKnown());
+        for (const bool on : {true, false}) {
+            m_camera->forget();
+            matrix.userSwitches(on);
+            QCOMPARE(m_camera->writes(),
+                     (QStringList{"ColorTransformationEnable=%1"_s.arg(on ? 0 : 1),
+                                  "CCMEnable=%1"_s.arg(on ? 1 : 0)}));
+            QCOMPARE(matrix.cell(3)->isEnabled(), on);
+        }
+        // A refused switch goes back.
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        m_camera->fail(kTransformation, CameraError::NotWritable, MeddledCamera::Writes);
+        matrix.userSwitches(true);
+        QVERIFY(!matrix.isOn());
+        QVERIFY(!matrix.cell(3)->isEnabled());
+        QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
+    }
+
+    void switchingNeedsNoSwitchOfTheMatrix()
+    {
+        write(kTransformation, "1");
+        open({"CCMEnable"_s});
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.becomesKnown());
+        m_camera->forget();
+        matrix.userSwitches(true);
+        QCOMPARE(m_camera->writes(), QStringList("ColorTransformationEnable=0"_s));
+        QVERIFY(matrix.isOn() && !messageBox());
+    }
+
+    // While the coefficients are read no pass must take one for that of the selected entry.
+    void passesSeeTheirOwnCoefficient()
+    {
+        setCoefficient("6", "0.5");
+        watchSelection(kSelector, 6, kValue);
+        openSwitchedOn();
+        const auto* shown = m_window->item(kTree, kValue)->value();
+        const auto* selected = m_window->item(kTree, kSelector)->value();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        for (int i = 0; i < 10; ++i) {
+            OB_FT_UpdateFeatures();
+            do
+                QVERIFY(matrix.read());
+            while (m_window->tree()->isReading());
+            QCOMPARE(selected->value().toInt(), 6);
+            QCOMPARE(shown->value().toFloat(), 0.5F);
+        }
+        QCOMPARE(strangeReads(), 0);
+    }
+
+    void switchingWhileReadingWins()
+    {
+        openAndHold();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
+        QTRY_VERIFY(m_camera->isHolding());
+        matrix.userSwitches(true);
+        m_camera->openGate();
+        QTRY_VERIFY(matrix.cell(0)->isEnabled());
+        QVERIFY(matrix.isOn());
+        QCOMPARE(read(kTransformation), 0);
+        QCOMPARE(read("CCMEnable"), 1);
+    }
+
+    // The reading may not have begun when it is given up.
+    void switchingRightAfterShowingWins()
+    {
+        open();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        for (int i = 0; i < 20; ++i) {
+            const bool on = i % 2 == 0;
+            matrix.matrix->setShown(true);
+            matrix.matrix->switchTo(on);
+            QTRY_COMPARE(read("CCMEnable"), on ? 1 : 0);
+            QTRY_VERIFY(m_window->item(kTree, kSelector)->value()->enabled());
+            matrix.matrix->setShown(false);
+        }
+    }
+
+    void failureInTheMiddleLeavesTheCameraAsItWas()
+    {
+        MessageGuard::ignoreMessage(
+            QtCriticalMsg, "Reading the color correction matrix: coefficient 4 cannot be read");
+        write(kSelector, "7");
+        write(kTransformation, "1");
+        open();
+        OB_FT_Close();
+        std::atomic<int> reads{0};
+        m_camera->beforeRead = [&](const QString& name) {
+            if (name == QLatin1String(kValue) && ++reads == 5)
+                m_camera->fail(kValue, CameraError::NotReadable, MeddledCamera::Reads);
+        };
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
+        QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
+        QCOMPARE(read(kTransformation), 1);
+        QCOMPARE(read(kSelector), 7);
+        QVERIFY(!matrix.cell(0)->isEnabled());
+    }
+
+    // What cannot be put back is not moved.
+    void selectorThatCannotBeReadStays()
+    {
+        MessageGuard::expectMessage("ColorTransformationValueSelector cannot be read"_s);
+        write(kSelector, "7");
+        open();
+        OB_FT_Close();
+        m_camera->fail(kSelector, CameraError::NotReadable, MeddledCamera::Reads);
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
+        QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        m_camera->fail(kSelector, 0);
+        QCOMPARE(read(kSelector), 7);
+    }
+
+    // The editor may go while the host hangs: it returns, and the matrix is read to its end.
+    void editorGoesWhileTheHostHangs()
+    {
+        setCoefficient("3", "0.75");
+        openAndHold();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
+        QTRY_VERIFY(m_camera->isHolding());
+        delete matrix.widget;
+        m_camera->openGate();
+        QTRY_VERIFY(matrix.matrix->isKnown());
+        QCOMPARE(matrix.matrix->values()[3], 0.75);
+        QCOMPARE(read(kTransformation), 1);
+    }
+
+    // No further coefficient is read; what was changed is put back, and what is wanted again is
+    // read then.
+    void outOfSightEndsTheReading()
+    {
+        write(kSelector, "7");
+        openAndHold();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        matrix.updateData();
+        QTRY_VERIFY(m_camera->isHolding());
+        m_camera->forget();
+        matrix.matrix->setShown(false);
+        m_camera->openGate();
+        QTRY_COMPARE(m_camera->writes(), (QStringList{"ColorTransformationValueSelector=7"_s,
+                                                      "ColorTransformationEnable=1"_s}));
+        QVERIFY(!matrix.matrix->isKnown());
+        matrix.matrix->setShown(true);
+        QTRY_VERIFY(matrix.matrix->isKnown());
+    }
+
+    void itemsMayGoFirst()
+    {
+        openSwitchedOn();
+        auto enable = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
+        auto item = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
+        ColorMatrix matrix(1, true, enable.get(), nullptr);
+        tie(*item, *enable)->m_pMatrix = &matrix;
+        ORXCCMWidget widget(item.get(), nullptr);
+        matrix.setShown(true);
+        item.reset();
+        enable.reset();
+        QTRY_VERIFY(matrix.isKnown());
+        QVERIFY(widget.findChild<QPropertyLineEdit*>()->isEnabled());
+    }
+
+    void fileModeShowsTheFile()
+    {
+        open();
+        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        m_camera->forget();
+        matrix.updateData();
+        QTRY_COMPARE(matrix.texts().join(QLatin1Char(' ')),
+                     "1.0000 0.0000 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 1.0000"_s);
+        QVERIFY(!matrix.cell(0)->isEnabled());
+        QCOMPARE(kFile.stored(), QByteArray()); // made
+        kFile.store("[Common]\nCCMEnable=true\nCCMValue0=512\nCCMValue5=-1\n");
+        QVERIFY(matrix.read());
+        QCOMPARE(matrix.cell(0)->text(), "0.5000"_s);
+        QCOMPARE(matrix.cell(5)->text(), "-0.0010"_s);
+        QVERIFY(matrix.isOn());
+        // The host writes them: here they can be read and copied, but not edited.
+        QVERIFY(matrix.cell(0)->isReadOnly());
+        QVERIFY(m_camera->writes().isEmpty());
+    }
+
+    void fileModeSwitchesTheFile()
+    {
+        open();
+        kFile.store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
+        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        QVERIFY(matrix.becomesKnown());
+        matrix.userSwitches(true);
+        QTRY_COMPARE(matrix.cell(0)->text(), "2.0000"_s);
+        QVERIFY(kFile.stored().contains("CCMEnable=true"));
+        QVERIFY(kFile.stored().contains("CCMValue0=2048"));
+        matrix.userSwitches(false);
+        QVERIFY(kFile.stored().contains("CCMEnable=false"));
+        QTRY_VERIFY(!matrix.cell(0)->isEnabled());
+    }
+
+    void delegateMakesTheEditor()
+    {
+        openSwitchedOn();
+        TestPage page(Item::CommonPage);
+        page.makeRoot = [&page] { return page.addGroupOfTags({"CustomTagNameCCM"_s}); };
+        page.getRootItem(1, true);
+        Item* item = page.getRootItem(1, false)->child(0)->child(0);
+        Item enable(nullptr, Item::CommonPage);
+        ColorMatrix matrix(1, true, &enable, nullptr);
+        tie(*item, enable)->m_pMatrix = &matrix;
+        matrix.setShown(true);
+        page.open();
+        auto* editor = page.editor<ORXCCMWidget>("CustomTagNameCCM"_s);
+        QVERIFY(editor);
+        auto* first = editor->findChild<QPropertyLineEdit*>("CCMValue0"_s);
+        QTRY_VERIFY(first->isEnabled());
+        QCOMPARE(first->text(), "1.0000"_s);
+        // Every cell lies inside the editor.
+        for (const QPropertyLineEdit* cell : editor->findChildren<QPropertyLineEdit*>())
+            QVERIFY(
+                editor->rect().contains(QRect(cell->mapTo(editor, QPoint(0, 0)), cell->size())));
+    }
+
+    void cellsSayWhereTheyAre()
+    {
+        openSwitchedOn();
+        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.read());
+        QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3"_s);
+        QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3\nRange"_s));
+        m_window->widget()->SetLanguage(1);
+        QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列"_s);
+        QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列\n范围"_s));
+    }
+};
+
+OBFT_TEST_MAIN(TestORXCCMWidget)
+#include "tst_orxccmwidget.moc"

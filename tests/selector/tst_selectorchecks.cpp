@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: Apache-2.0
+// The check boxes of the image processing page in the window, on the simulated camera: embedded
+// information and events.
+#include "cameras/CameraError.h"
+#include "model/CTreeBooleanItemValue.h"
+#include "pages/DemoPageTest.h"
+#include "tree/IORXFeatureWidget.h"
+
+#include <QAbstractButton>
+
+namespace {
+
+constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
+const char kSelected[] = "3"; // entry that the user has selected elsewhere
+
+} // namespace
+
+class TestSelectorChecks : public DemoPageTest
+{
+    Q_OBJECT
+
+private:
+    // Opens the window at the boxes of the row of data.
+    void openBoxes(const QByteArray& selector = "ChunkSelector", const QStringList& lacking = {},
+                   int language = 0)
+    {
+        m_selector = selector;
+        for (const char* each : {"ChunkSelector", "FrameSpecInfoSelector", "EventSelector"})
+            QCOMPARE(write(each, kSelected), 0);
+        open(lacking, language);
+        QVERIFY(m_window->show(kPage, rowName(0)));
+    }
+    QByteArray rowName(int entry) const
+    {
+        return "Custom_" + m_selector + "_" + QByteArray::number(entry & ~1);
+    }
+    QAbstractButton* box(int entry) const
+    {
+        ORXPropertyTreeItem* row = m_window->item(kPage, rowName(entry));
+        return row ? qobject_cast<QAbstractButton*>(
+                         m_window->page(kPage)->treeView()->editorOf(row, entry % 2))
+                   : nullptr;
+    }
+    // "1" for each checked box, "0" for each that is not.
+    QByteArray states() const
+    {
+        QByteArray all;
+        while (const QAbstractButton* each = box(all.size()))
+            all += each->isChecked() ? '1' : '0';
+        return all;
+    }
+    void click(int entry) const
+    {
+        QTest::mouseClick(box(entry), Qt::LeftButton, {}, QPoint(10, box(entry)->height() / 2));
+    }
+
+    QByteArray m_selector;
+
+private slots:
+    void checkWritesBetweenSelections_data()
+    {
+        const Rows<QStringList, QByteArray, QByteArray, QByteArray> row("lacking", "selector",
+                                                                        "enable", "states");
+        row("chunks", "", "ChunkSelector", "ChunkEnable", "1110110");
+        row("frame information", "ChunkModeActive ChunkSelector ChunkEnable",
+            "FrameSpecInfoSelector", "FrameSpecInfo", "100001000");
+        row("events", "", "EventSelector", "EventNotification", "0000000");
+    }
+
+    void checkWritesBetweenSelections()
+    {
+        QFETCH(QStringList, lacking);
+        QFETCH(QByteArray, selector);
+        QFETCH(QByteArray, enable);
+        QFETCH(QByteArray, states);
+        openBoxes(selector, lacking);
+        OBFT_TRY_COMPARE(this->states(), states);
+        OBFT_TRY_COMPARE(read(selector), 3);
+        // One box has no neighbour when the entries are odd in number.
+        const ORXPropertyTreeItem* last = m_window->item(kPage, rowName(states.size() - 1));
+        QVERIFY(last->value()->nodeName(1).isEmpty());
+        for (const int entry : {6, 3, 6}) {
+            m_camera->forget();
+            const bool on = states.at(entry) == '0';
+            states[entry] = on ? '1' : '0';
+            click(entry);
+            // Of the selected entry the selector is left alone.
+            const QString write = QString::fromLatin1(enable + (on ? "=1" : "=0"));
+            const QString select = QString::fromLatin1(selector + '=') + QString::number(entry);
+            const QString back = QString::fromLatin1(selector + '=' + kSelected);
+            const QStringList expected =
+                entry == 3 ? QStringList{write} : QStringList{select, write, back};
+            OBFT_TRY_COMPARE(m_camera->writes().mid(0, expected.size()), expected);
+            // Read again afterwards, and on request.
+            QVERIFY(m_window->refresh());
+            OBFT_TRY_COMPARE(this->states(), states);
+            OBFT_TRY_COMPARE(read(selector), 3);
+        }
+    }
+
+    void refusedWriteIsTakenBack_data() { checkWritesBetweenSelections_data(); }
+    void refusedWriteIsTakenBack()
+    {
+        QFETCH(QStringList, lacking);
+        QFETCH(QByteArray, selector);
+        QFETCH(QByteArray, enable);
+        QFETCH(QByteArray, states);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        openBoxes(selector, lacking);
+        OBFT_TRY_COMPARE(this->states(), states);
+        m_camera->fail(enable, CameraError::NotWritable);
+        click(6);
+        OBFT_TRY_VERIFY(message().startsWith(
+            "Node '%1':failed to save value '1'"_s.arg(QString::fromLatin1(enable))));
+        OBFT_TRY_COMPARE(this->states(), states);
+        OBFT_TRY_COMPARE(read(selector), 3);
+    }
+
+    void failureInTheMiddlePutsTheSelectorBack_data()
+    {
+        const Rows<QByteArray> row("fails");
+        row("state", "ChunkEnable");
+        row("camera unplugged", "");
+    }
+
+    void failureInTheMiddlePutsTheSelectorBack()
+    {
+        QFETCH(QByteArray, fails);
+        MessageGuard::expectMessage("Feature Failed"_s);
+        openBoxes();
+        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        OBFT_TRY_COMPARE(read("ChunkSelector"), 3);
+        m_camera->forget();
+        m_camera->closeGate("ChunkSelector");
+        OB_FT_UpdateFeatures();
+        OBFT_TRY_VERIFY(m_camera->writesOf("ChunkSelector") > 0);
+        if (fails.isEmpty())
+            m_camera->unplug();
+        else
+            m_camera->fail(fails, CameraError::Timeout);
+        m_camera->openGate();
+        OBFT_TRY_COMPARE(m_camera->writes().last(), "ChunkSelector=3"_s);
+        QVERIFY(m_window->refresh());
+        // Of a camera that does not answer any more nothing needs to show.
+        if (fails.isEmpty())
+            return;
+        QCOMPARE(states(), QByteArray("1110110"));
+        OBFT_TRY_COMPARE(read("ChunkSelector"), 3);
+    }
+
+    // While the boxes are read and written the whole tree must not take another entry's value for
+    // that of the selected one.
+    void passesSeeTheirOwnSelection()
+    {
+        watchSelection("ChunkSelector", 3, "ChunkEnable");
+        openBoxes();
+        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        const auto* selector = m_window->item(kTree, "ChunkSelector")->value();
+        const auto* enable = m_window->item(kTree, "ChunkEnable")->value();
+        for (int i = 0; i < 10; ++i) {
+            OB_FT_UpdateFeatures();
+            click(i % 3);
+            OBFT_TRY_COMPARE(m_camera->writesOf("ChunkEnable"), i + 1);
+            // After each pass the states are read, while the next pass runs.
+            OBFT_TRY_VERIFY(!m_window->tree()->isReading());
+            QCOMPARE(selector->value().toInt(), 3);
+            QVERIFY(!enable->value().toBool());
+        }
+        QCOMPARE(strangeReads(), 0);
+        // Four times the first, three times the others.
+        OBFT_TRY_COMPARE(states(), QByteArray("1000110"));
+    }
+
+    void whatTheCameraChangesIsFollowed()
+    {
+        openBoxes();
+        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        // In the whole tree, of the entry that is selected there.
+        QVERIFY(m_window->click(kTree, "ChunkEnable"));
+        QVERIFY(m_window->show(kPage, rowName(0)));
+        OBFT_TRY_COMPARE(states(), QByteArray("1111110"));
+        // By the camera itself.
+        QCOMPARE(write("ChunkSelector", "6"), 0);
+        QCOMPARE(write("ChunkEnable", "1"), 0);
+        QVERIFY(m_window->refresh());
+        OBFT_TRY_COMPARE(states(), QByteArray("1111111"));
+        OBFT_TRY_COMPARE(read("ChunkSelector"), 6);
+        // When it has no chunks any more there is the frame information.
+        for (const char* name : {"ChunkModeActive", "ChunkSelector", "ChunkEnable"})
+            m_camera->hide(name, true);
+        QVERIFY(m_window->refresh());
+        m_selector = "FrameSpecInfoSelector";
+        OBFT_TRY_COMPARE(states(), QByteArray("100001000"));
+    }
+
+    void lockedWhileAcquiring()
+    {
+        openBoxes();
+        OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled());
+        QVERIFY(m_window->click(kTree, "AcquisitionStart"));
+        QVERIFY(m_window->show(kPage, rowName(0)));
+        OBFT_TRY_VERIFY(box(0) && !box(0)->isEnabled());
+        QVERIFY(m_window->click(kTree, "AcquisitionStop"));
+        QVERIFY(m_window->show(kPage, rowName(0)));
+        OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled());
+    }
+
+    void endsWithTheCamera_data()
+    {
+        const Rows<bool, int> row("writing", "end");
+        const char* const ends[] = {"window closed", "camera removed", "another camera shown",
+                                    "released"};
+        for (int end = 0; end < 4; ++end) {
+            row(qPrintable("reading, "_s + QLatin1String(ends[end])), false, end);
+            row(qPrintable("writing, "_s + QLatin1String(ends[end])), true, end);
+        }
+    }
+
+    void endsWithTheCamera()
+    {
+        QFETCH(bool, writing);
+        QFETCH(int, end);
+        openBoxes();
+        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        OBFT_TRY_COMPARE(read("ChunkSelector"), 3);
+        QVERIFY(m_window->refresh());
+        const char* gated = writing ? "ChunkEnable" : "ChunkSelector";
+        m_camera->closeGate(gated);
+        m_camera->forget();
+        if (writing)
+            click(6);
+        else
+            OB_FT_UpdateFeatures();
+        OBFT_TRY_VERIFY(m_camera->writesOf(gated) > 0);
+        // Lets the host go on while the window waits for it, or just before.
+        std::thread hanging([&] { m_camera->openGate(); });
+        const std::function<void()> ends[] = {
+            [] { OB_FT_Close(); },
+            [&] { m_window->widget()->removeFeatureTree(1); },
+            [&] {
+                m_window->page(kPage)->resetCamaraID(2);
+                m_window->widget()->removeFeatureTree(1);
+            },
+            [] { OB_FT_Release(); },
+        };
+        ends[end]();
+        const int writes = m_camera->writes().size();
+        hanging.join();
+        QApplication::processEvents();
+        // No host call afterwards, and the selector is where it was.
+        QCOMPARE(m_camera->writes().size(), writes);
+        QCOMPARE(read("ChunkSelector"), 3);
+    }
+
+    void textsInBothLanguages()
+    {
+        openBoxes("ChunkSelector", {}, 1);
+        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        QCOMPARE(box(2)->text(), "曝光时间"_s);
+        m_window->widget()->SetLanguage(0);
+        OBFT_TRY_COMPARE(box(2)->text(), "Exposure Time"_s);
+        QCOMPARE(states(), QByteArray("1110110"));
+    }
+};
+
+OBFT_TEST_MAIN(TestSelectorChecks)
+#include "tst_selectorchecks.moc"

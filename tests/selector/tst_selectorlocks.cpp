@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the user sees, types and clicks while a worker of the image processing page has a selector
+// of the camera elsewhere, and how workers and passes take turns.
+#include "cameras/CameraError.h"
+#include "main/ORXFeatureGroup.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
+#include "pages/DemoPageTest.h"
+#include "pages/HeldCamera.h"
+#include "pages/ORXImgProcessingFeature.h"
+#include "reading/FeatureMutex.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+
+namespace {
+
+constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
+const char kTransformation[] = "ColorTransformationEnable";
+const char kValue[] = "ColorTransformationValue";
+
+} // namespace
+
+class TestSelectorLocks : public DemoPageTest
+{
+    Q_OBJECT
+
+protected:
+    void prepare() override
+    {
+        DemoPageTest::prepare();
+        QCOMPARE(write("ChunkSelector", "3"), 0);
+        QCOMPARE(write("EventSelector", "3"), 0);
+    }
+    void finish() override
+    {
+        if (m_held)
+            m_held->release();
+        DemoPageTest::finish();
+        m_held.reset();
+    }
+
+private:
+    QAbstractButton* box(const QByteArray& selector, int entry) const
+    {
+        ORXPropertyTreeItem* row =
+            m_window->item(kPage, "Custom_" + selector + '_' + QByteArray::number(entry & ~1));
+        return row ? qobject_cast<QAbstractButton*>(
+                         m_window->page(kPage)->treeView()->editorOf(row, entry % 2))
+                   : nullptr;
+    }
+    QLineEdit* cell(int index) const
+    {
+        return imagePage()->findChild<QLineEdit*>("CCMValue%1"_s.arg(index));
+    }
+    bool cellShows(int index, const char* text) const
+    {
+        return cell(index) && cell(index)->text() == QLatin1String(text);
+    }
+    // Names of rows, on the pages and among the favourites, that the user cannot edit now.
+    QStringList locked(const QStringList& names) const
+    {
+        QStringList all;
+        for (const QString& name : names) {
+            const QByteArray latin = name.toLatin1();
+            ORXPropertyTreeItem* item = m_window->item(kTree, latin);
+            if (item && !item->value()->enabled())
+                all += name;
+            if (item && item->mappingItem() && !item->mappingItem()->value()->enabled())
+                all += "favourite "_s + name;
+        }
+        return all;
+    }
+
+    std::unique_ptr<HeldCamera> m_held;
+
+private slots:
+    // Locks ---------------------------------------------------------------------------------------
+
+    void rowsAreLockedMeanwhile_data()
+    {
+        const Rows<QByteArray, QStringList, QByteArray, QByteArray, QString> row(
+            "shown", "locked", "gated", "fails", "end");
+        const char* const ends[] = {"read", "page out of sight", "failure"};
+        for (const char* end : ends) {
+            const bool fails = qstrcmp(end, "failure") == 0;
+            row(qPrintable("matrix, "_s + QLatin1String(end)), "Custom_CCM",
+                "ColorTransformationValueSelector ColorTransformationValue",
+                "ColorTransformationValue", fails ? "ColorTransformationValue" : "", end);
+            row(qPrintable("chunks, "_s + QLatin1String(end)), "Custom_ChunkSelector_0",
+                "ChunkSelector ChunkEnable", "ChunkEnable", fails ? "ChunkSelector" : "", end);
+            row(qPrintable("events, "_s + QLatin1String(end)), "Custom_EventSelector_0",
+                "EventSelector EventNotification", "EventNotification",
+                fails ? "EventNotification" : "", end);
+        }
+    }
+
+    void rowsAreLockedMeanwhile()
+    {
+        QFETCH(QByteArray, shown);
+        QFETCH(QStringList, locked);
+        QFETCH(QByteArray, gated);
+        QFETCH(QByteArray, fails);
+        QFETCH(QString, end);
+        MessageGuard::expectMessage("Reading the color correction matrix"_s);
+        if (!fails.isEmpty())
+            MessageGuard::expectMessage("Feature Failed"_s);
+        write(kTransformation, "0");
+        open();
+        QStringList rows = locked;
+        const QString favourite = locked.last();
+        m_window->tree()->addFavoriteItem(m_window->item(kTree, favourite.toLatin1()));
+        rows += "favourite "_s + favourite;
+        QCOMPARE(this->locked(locked), QStringList());
+        m_camera->closeGate(gated, MeddledCamera::Reads);
+        QVERIFY(m_window->show(kPage, shown));
+        OBFT_TRY_VERIFY(m_camera->isHolding());
+        QStringList now = this->locked(locked);
+        now.sort();
+        rows.sort();
+        QCOMPARE(now, rows);
+        if (!fails.isEmpty())
+            m_camera->fail(fails, CameraError::Timeout);
+        if (end == QLatin1String("page out of sight")) {
+            // The user goes to edit in the whole tree what is being moved.
+            QVERIFY(!m_window->isEnabled(kTree, favourite.toLatin1()));
+        }
+        m_camera->openGate();
+        OBFT_TRY_COMPARE(this->locked(locked), QStringList());
+        if (fails.isEmpty())
+            QVERIFY(m_window->usableEditor(kTree, m_window->item(kTree, favourite.toLatin1())));
+    }
+
+    // A favourite that is made meanwhile is locked and unlocked as the others.
+    void favouriteMadeMeanwhile()
+    {
+        open();
+        m_camera->closeGate("ChunkEnable", MeddledCamera::Reads);
+        QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
+        OBFT_TRY_VERIFY(m_camera->isHolding());
+        m_window->tree()->addFavoriteItem(m_window->item(kTree, "ChunkEnable"));
+        QCOMPARE(locked(words("ChunkEnable")),
+                 words("ChunkEnable") + QStringList("favourite ChunkEnable"_s));
+        m_camera->openGate();
+        OBFT_TRY_COMPARE(locked(words("ChunkEnable")), QStringList());
+    }
+
+    // Of clicks that the camera refuses the box shows in the end what the camera has.
+    void refusedClicksInARow_data()
+    {
+        const Rows<int, int> row("entry", "clicks");
+        row("off, two clicks", 6, 2);
+        row("off, three clicks", 6, 3);
+        row("on, two clicks", 2, 2);
+    }
+
+    void refusedClicksInARow()
+    {
+        QFETCH(int, entry);
+        QFETCH(int, clicks);
+        MessageGuard::expectMessage("Feature Failed"_s);
+        open();
+        QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
+        OBFT_TRY_VERIFY(box("ChunkSelector", 2) && box("ChunkSelector", 2)->isChecked());
+        QAbstractButton* clicked = box("ChunkSelector", entry);
+        const bool before = clicked->isChecked();
+        m_camera->closeGate("ChunkEnable");
+        m_camera->fail("ChunkEnable", CameraError::NotWritable, MeddledCamera::Writes);
+        m_camera->forget();
+        for (int click = 0; click < clicks; ++click)
+            QTest::mouseClick(clicked, Qt::LeftButton, {}, QPoint(10, clicked->height() / 2));
+        OBFT_TRY_VERIFY(m_camera->isHolding());
+        m_camera->openGate();
+        OBFT_TRY_COMPARE(m_camera->writesOf("ChunkEnable"), clicks);
+        OBFT_TRY_COMPARE(locked(words("ChunkEnable")), QStringList());
+        QCOMPARE(box("ChunkSelector", entry)->isChecked(), before);
+    }
+
+    // Turns ---------------------------------------------------------------------------------------
+
+    void waitingPassHasItsTurnBetweenTwoEntries_data()
+    {
+        const Rows<QByteArray, QString, QString, QString> row("shown", "held", "back", "next");
+        row("boxes", "Custom_ChunkSelector_0", "get ChunkEnable", "set ChunkSelector=3",
+            "set ChunkSelector=1");
+        row("matrix", "Custom_CCM", "get ColorTransformationValue",
+            "set ColorTransformationValueSelector=6", "set ColorTransformationValueSelector=1");
+    }
+
+    void waitingPassHasItsTurnBetweenTwoEntries()
+    {
+        QFETCH(QByteArray, shown);
+        QFETCH(QString, held);
+        QFETCH(QString, back);
+        QFETCH(QString, next);
+        write(kTransformation, "0");
+        write("ColorTransformationValueSelector", "6");
+        m_held = std::make_unique<HeldCamera>(*m_demo);
+        m_window = std::make_unique<PageWindow>(*m_held);
+        m_held->forget();
+        m_held->hold(held);
+        QVERIFY(m_window->show(kPage, shown));
+        OBFT_TRY_COMPARE(m_held->held(), 1);
+        m_window->tree()->rereadInvalidated("GammaEnable"_s);
+        OBFT_TRY_VERIFY(m_window->tree()->GetFeatureMutex()->waiting() > 0);
+        m_held->release();
+        OBFT_TRY_VERIFY(m_held->calls().contains(next));
+        const QStringList calls = m_held->calls();
+        const int put = calls.indexOf(back);
+        const int on = calls.indexOf(next);
+        // The pass that was asked for, or polling: whoever waited first.
+        const QStringList turn = calls.mid(put + 1, on - put - 1).filter("mode "_s);
+        QVERIFY2(put >= 0 && put < on && !turn.isEmpty(),
+                 qPrintable(calls.join(QLatin1Char('\n'))));
+    }
+
+    // The matrix ----------------------------------------------------------------------------------
+
+    // The page switches it, whether or not the rows of its cells are shown.
+    void switchWorksWithoutItsEditor()
+    {
+        write(kTransformation, "1");
+        open();
+        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        auto* search = m_window->widget()->featureGroup(1)->findChild<QLineEdit*>();
+        QVERIFY(search);
+        search->setText("enable"_s);
+        ORXPropertyTreeItem* item = m_window->item(kPage, "Custom_CCMEnable");
+        OBFT_TRY_VERIFY(m_window->isRowShown(kPage, item) &&
+                        !m_window->isRowShown(kPage, "Custom_CCM"));
+        const ORXFeatureTreeView* view = m_window->page(kPage)->treeView();
+        const auto enable = [&] { return qobject_cast<QAbstractButton*>(view->editorOf(item)); };
+        OBFT_TRY_VERIFY(enable() && enable()->isEnabled());
+        m_camera->forget();
+        QTest::mouseClick(enable(), Qt::LeftButton, {}, QPoint(10, enable()->height() / 2));
+        OBFT_TRY_COMPARE(read("CCMEnable"), 1);
+        OBFT_TRY_COMPARE(read(kTransformation), 0);
+        OBFT_TRY_VERIFY(enable() && enable()->isChecked());
+    }
+
+    void refreshReadsTheMatrixAgain_data()
+    {
+        const Rows<bool> row("button");
+        row("button", true);
+        row("host", false);
+    }
+
+    void refreshReadsTheMatrixAgain()
+    {
+        QFETCH(bool, button);
+        write(kTransformation, "0");
+        write("CCMEnable", "1");
+        open();
+        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        OBFT_TRY_VERIFY(cellShows(0, "1.0000"));
+        // The camera changes by itself.
+        write("ColorTransformationValueSelector", "0");
+        write(kValue, "0.5");
+        if (button)
+            m_window->tree()->OnBtnRefresh();
+        else
+            OB_FT_UpdateFeatures();
+        OBFT_TRY_VERIFY(cellShows(0, "0.5000"));
+    }
+
+    // An interrupted or failed reading leaves nothing behind that the next one does not cure.
+    void cellsComeBack_data()
+    {
+        const Rows<QString> row("end");
+        row.of("page out of sight");
+        row.of("window closed");
+        row.of("camera failed");
+    }
+
+    void cellsComeBack()
+    {
+        QFETCH(QString, end);
+        MessageGuard::expectMessage("Reading the color correction matrix"_s);
+        write(kTransformation, "0");
+        write("CCMEnable", "1");
+        open();
+        m_camera->closeGate(kValue, MeddledCamera::Reads);
+        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        OBFT_TRY_VERIFY(m_camera->isHolding());
+        OBFT_TRY_VERIFY(cell(0) && !cell(0)->isEnabled());
+        if (end == QLatin1String("camera failed")) {
+            m_camera->fail(kValue, CameraError::Timeout, MeddledCamera::Reads);
+            m_camera->openGate();
+            OBFT_TRY_VERIFY(MessageGuard::contains("cannot be read"_s));
+            // Switching enables no cells that nobody knows.
+            QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
+            OBFT_TRY_COMPARE(locked({"ColorTransformationValue"_s}), QStringList());
+            QVERIFY(!cell(0)->isEnabled());
+            m_camera->fail(kValue, 0);
+            write("CCMEnable", "1");
+            write(kTransformation, "0");
+            OB_FT_UpdateFeatures();
+        } else if (end == QLatin1String("window closed")) {
+            std::thread host([this] { m_camera->openGate(); });
+            OB_FT_Close();
+            host.join();
+            OB_FT_Start(nullptr, 0);
+        } else {
+            QVERIFY(m_window->show(kTree, "Width"));
+            m_camera->openGate();
+            OBFT_TRY_COMPARE(locked({"ColorTransformationValue"_s}), QStringList());
+            QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        }
+        OBFT_TRY_VERIFY(cellShows(4, "1.0000") && cell(4)->isEnabled());
+    }
+};
+
+OBFT_TEST_MAIN(TestSelectorLocks)
+#include "tst_selectorlocks.moc"

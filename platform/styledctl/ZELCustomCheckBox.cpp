@@ -17,6 +17,13 @@ ZELCustomCheckBox::ZELCustomCheckBox(const QString& text, QWidget* parent, Style
     setFocusPolicy(Qt::StrongFocus);
 }
 
+ZELLook::Shape ZELCustomCheckBox::cShape() const
+{
+    return cStyle() == Style_Switch    ? Shape::Switch
+           : cStyle() == Style_Compact ? Shape::Compact
+                                       : Shape::Framed;
+}
+
 void ZELCustomCheckBox::cDrawControl(QPainter* painter, const QRect& rect) const
 {
     QStyleOptionButton option;

@@ -23,6 +23,7 @@ public:
 
     // Draws the box as it looks now into `rect`, for drag pictures.
     void cDrawControl(QPainter* painter, const QRect& rect) const;
+    Shape cShape() const override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -17,12 +17,25 @@ constexpr int kMaxPopupWidth = 420;
 constexpr int kMinChars = 6;
 constexpr int kMaxChars = 24;
 constexpr int kIconGap = 4;
+constexpr int kCaptionGap = 12;
+constexpr int kCaptionShare = 3; // of the room there is
 
-// Box and current entry, its text cut to the room there is.
-void drawBox(QStyleOptionComboBox& option, QPainter* painter, const QComboBox* box)
+// Box, caption and current entry, their texts cut to the room there is.
+void drawBox(QStyleOptionComboBox& option, QPainter* painter, const ZELCustomComboBox* box)
 {
     QStyle* style = box->style();
     style->drawComplexControl(QStyle::CC_ComboBox, &option, painter, box);
+    if (!box->cCaption().isEmpty()) {
+        const QRect all =
+            style->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);
+        const QString caption = option.fontMetrics.elidedText(box->cCaption(), Qt::ElideRight,
+                                                              all.width() / kCaptionShare);
+        painter->setPen(ZELColors::current().textMuted);
+        painter->drawText(QStyle::visualRect(option.direction, option.rect, all),
+                          Qt::AlignVCenter | Qt::AlignLeft, caption);
+        option.rect.setLeft(option.rect.left() + option.fontMetrics.horizontalAdvance(caption) +
+                            kCaptionGap);
+    }
     const QRect room =
         style->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);
     const int icon = option.currentIcon.isNull() ? 0 : option.iconSize.width() + kIconGap;
@@ -67,6 +80,12 @@ QSize ZELCustomComboBox::sizeHint() const
 QSize ZELCustomComboBox::minimumSizeHint() const
 {
     return hintFor(fontMetrics().averageCharWidth() * kMinChars);
+}
+
+void ZELCustomComboBox::cSetCaption(const QString& caption)
+{
+    m_caption = caption;
+    update();
 }
 
 void ZELCustomComboBox::changeEvent(QEvent* event)

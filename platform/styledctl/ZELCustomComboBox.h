@@ -22,6 +22,10 @@ public:
     explicit ZELCustomComboBox(QWidget* parent = nullptr, StyleSelector style = Style_Default,
                                int variant = 0);
 
+    // Text before the current entry, in the colour of secondary texts; empty for none.
+    void cSetCaption(const QString& caption);
+    QString cCaption() const { return m_caption; }
+
     // Draws the box as it looks now with its top left corner at `rect`, for drag pictures.
     void cDrawControl(QPainter* painter, const QRect& rect) const;
 
@@ -29,6 +33,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     void showPopup() override;
+    Shape cShape() const override { return cStyle() == Style_Flat ? Shape::Flat : Shape::Framed; }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -37,4 +42,6 @@ protected:
 
 private:
     QSize hintFor(int textWidth) const;
+
+    QString m_caption;
 };

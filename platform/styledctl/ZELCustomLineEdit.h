@@ -24,6 +24,7 @@ public:
 
     void cSetSearchEnabled(bool enable);
     bool cIsSearchEnabled() const { return m_search != nullptr; }
+    Shape cShape() const override { return cStyle() == Style_Flat ? Shape::Flat : Shape::Framed; }
 
 signals:
     void cSigSearchClicked();

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "styledctl/StyledCtlGlobal.h"
+#include "styledctl/private/ZELLook.h"
 
-#include <QBrush>
-#include <QColor>
 #include <QMetaObject>
 #include <QString>
 
@@ -13,7 +11,7 @@ class QWidget;
 // What one control changes about the common look: colours by theme key or fixed, border, font
 // size. A control without such changes follows the theme alone. Base of the ZELCustom controls;
 // GUI thread only.
-class STYLEDCTL_EXPORT ZELCustomLook
+class STYLEDCTL_EXPORT ZELCustomLook : public ZELLook
 {
 public:
     enum Install { InstallNow, InstallLater };
@@ -21,7 +19,7 @@ public:
     // `style` is the control's own StyleSelector value. A control that wants to see the change of
     // its style in changeEvent() asks for InstallLater and calls cInstall() in its constructor.
     ZELCustomLook(QWidget* widget, int style, Install install = InstallNow);
-    virtual ~ZELCustomLook();
+    ~ZELCustomLook() override;
     ZELCustomLook(const ZELCustomLook&) = delete;
     ZELCustomLook& operator=(const ZELCustomLook&) = delete;
 
@@ -44,12 +42,14 @@ public:
     // Family of ZELCustom::globalFontFamily(variant).
     void cSetFontFamily(int variant);
 
-    // What to draw with; an invalid colour, Qt::NoBrush or -1 means: as the theme says.
-    QBrush cBackground() const;
-    QColor cBorderColor() const;
-    QColor cTextColor() const;
-    int cBorderWidth() const { return m_borderWidth; }
-    int cBorderRadius() const { return m_borderRadius; }
+    // Framed, with the icon beside the text, unless the control says otherwise.
+    Shape cShape() const override { return Shape::Framed; }
+    IconPlace cIconPlace() const override { return IconPlace::BesideText; }
+    QBrush cBackground() const override;
+    QColor cBorderColor() const override;
+    QColor cTextColor() const override;
+    int cBorderWidth() const override { return m_borderWidth; }
+    int cBorderRadius() const override { return m_borderRadius; }
 
 protected:
     // Gives the widget the common style, font and palette.

@@ -70,6 +70,29 @@ void ZELCustomPushButton::cSetIconAlign(int align)
     update();
 }
 
+ZELLook::Shape ZELCustomPushButton::cShape() const
+{
+    switch (cStyle()) {
+    case Style_Primary:
+        return Shape::Primary;
+    case Style_Flat:
+        return Shape::Flat;
+    case Style_Tab:
+        return Shape::Tab;
+    case Style_Danger:
+        return Shape::Danger;
+    default:
+        return Shape::Framed;
+    }
+}
+
+ZELLook::IconPlace ZELCustomPushButton::cIconPlace() const
+{
+    return m_iconAlign == Align_Left    ? IconPlace::LeftEdge
+           : m_iconAlign == Align_Right ? IconPlace::RightEdge
+                                        : IconPlace::BesideText;
+}
+
 void ZELCustomPushButton::cSetImages(const QString& normal, const QString& hover,
                                      const QString& pressed, const QString& disabled)
 {

@@ -34,6 +34,8 @@ public:
     // An IconAlign: at the left edge, directly before the centred text, at the right edge.
     void cSetIconAlign(int align);
     int cIconAlign() const { return m_iconAlign; }
+    Shape cShape() const override;
+    IconPlace cIconPlace() const override;
 
     // Turns the button into a picture: one path per state, an empty or missing one is replaced by
     // the normal picture (dimmed for the disabled state).

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ccm/ORXCCMValueWidget.h"
 
+#include "styledctl/ZELCustomLabel.h"
 #include "tree/QPropertyLineEdit.h"
 
 #include <QEvent>
@@ -12,12 +13,21 @@ namespace {
 constexpr int kColumns = 3;
 constexpr int kDecimals = 4;
 constexpr int kMargin = 4;
+constexpr int kNameFontPx = 11;
+constexpr int kEditWidth = 72; // "-1.0000" with the frame of the line edit
+
+// The entry of "ColorTransformationValueSelector" that the cell stands for.
+QString entryName(int index)
+{
+    return QStringLiteral("Gain%1%2").arg(index / kColumns).arg(index % kColumns);
+}
 
 } // namespace
 
 ORXCCMValueWidget::ORXCCMValueWidget(QWidget* parent, int index)
     : QWidget(parent)
     , m_nIndex(index)
+    , m_pName(new ZELCustomLabel(entryName(index), this, ZELCustomLabel::Style_Muted))
     , m_pEdit(new QPropertyLineEdit(this, ZELCustomLineEdit::Style_Cell))
 {
     m_pEdit->setProperty(kIndexProperty, index);
@@ -25,7 +35,10 @@ ORXCCMValueWidget::ORXCCMValueWidget(QWidget* parent, int index)
     m_pEdit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    layout->addWidget(m_pEdit);
+    layout->setSpacing(kMargin);
+    m_pName->cSetFontSize(kNameFontPx);
+    layout->addWidget(m_pName);
+    layout->addWidget(m_pEdit, 1);
     setFocusProxy(m_pEdit);
     retranslate();
 }
@@ -51,7 +64,8 @@ void ORXCCMValueWidget::setReadOnly(bool readOnly)
 void ORXCCMValueWidget::retranslate()
 {
     const QString place =
-        tr("Row %1, column %2").arg(m_nIndex / kColumns + 1).arg(m_nIndex % kColumns + 1);
+        tr("Row %1, column %2").arg(m_nIndex / kColumns + 1).arg(m_nIndex % kColumns + 1) +
+        QStringLiteral(" (%1)").arg(entryName(m_nIndex));
     m_pEdit->setAccessibleName(place);
     QString more;
     if (m_pEdit->isReadOnly()) {
@@ -61,6 +75,12 @@ void ORXCCMValueWidget::retranslate()
         more = m_pEdit->toolTip();
     }
     m_pEdit->setToolTip(more.isEmpty() ? place : place + QLatin1Char('\n') + more);
+}
+
+void ORXCCMValueWidget::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_pName->setVisible(width() >= m_pName->sizeHint().width() + kEditWidth + 3 * kMargin);
 }
 
 void ORXCCMValueWidget::changeEvent(QEvent* event)

@@ -4,8 +4,10 @@
 #include <QWidget>
 
 class QPropertyLineEdit;
+class ZELCustomLabel;
 
-// One cell of the colour correction matrix. Owned by the table; GUI thread.
+// One cell of the colour correction matrix: the coefficient behind its name, "Gain00" to "Gain22"
+// (row, column), for which a narrow cell has no room. Owned by the table; GUI thread.
 class ORXCCMValueWidget : public QWidget
 {
     Q_OBJECT
@@ -22,6 +24,7 @@ public:
     void setReadOnly(bool readOnly);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -29,5 +32,6 @@ private:
 
     const int m_nIndex;
     bool m_bRanged = false;     // the camera's limits are known
+    ZELCustomLabel* m_pName;    // Owned (child).
     QPropertyLineEdit* m_pEdit; // Owned (child).
 };

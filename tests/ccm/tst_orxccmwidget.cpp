@@ -469,8 +469,8 @@ private slots:
         openSwitchedOn();
         Matrix matrix(CTreeCustomCCMItemValue::InCamera);
         QVERIFY(matrix.read());
-        QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3"_s);
-        QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3\nRange"_s));
+        QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3 (Gain12)"_s);
+        QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3 (Gain12)\nRange"_s));
         m_window->widget()->SetLanguage(1);
         QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列"_s);
         QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列\n范围"_s));

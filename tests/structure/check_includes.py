@@ -14,7 +14,7 @@ import sys
 HOUSES = [
     (["platform", "src"],
      [["basetools"], ["styledctl"], ["device"], ["model"], ["reading"], ["tree"],
-      ["lut", "ccm", "region", "selector", "userset"], ["pages"], ["main"], ["api"]]),
+      ["lut", "ccm", "region", "selector", "userset", "changes"], ["pages"], ["main"], ["api"]]),
     (["hosts/camera"],
      [["description"], ["cameras"], ["demo", "faults"], ["steps"], ["program"]]),
 ]
@@ -96,6 +96,8 @@ def check(roots, order):
             other = os.path.splitext(header)[0]
             if other in headers and other != own:
                 graph[own].add(other)
+    faults += ["these include each other in a circle: " + ", ".join(group)
+               for group in circles(graph)]
     if checked < 50:
         faults.append(f"only {checked} includes found below {', '.join(roots)}")
     return faults

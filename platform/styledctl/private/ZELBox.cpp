@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/private/ZELBox.h"
 
-#include "styledctl/ZELCustomLineEdit.h"
-#include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/private/ZELColors.h"
 #include "styledctl/private/ZELMetrics.h"
 
@@ -138,15 +136,15 @@ ZELState::ZELState(const QStyleOption& option)
 {
 }
 
-const ZELCustomLook* ZELBox::lookOf(const QWidget* widget)
+const ZELLook* ZELBox::lookOf(const QWidget* widget)
 {
-    return dynamic_cast<const ZELCustomLook*>(widget);
+    return dynamic_cast<const ZELLook*>(widget);
 }
 
-bool ZELBox::isFlatEdit(const QWidget* widget)
+ZELLook::Shape ZELBox::shapeOf(const QWidget* widget)
 {
-    const auto* edit = qobject_cast<const ZELCustomLineEdit*>(widget);
-    return edit && edit->cStyle() == ZELCustomLineEdit::Style_Flat;
+    const ZELLook* look = lookOf(widget);
+    return look ? look->cShape() : ZELLook::Shape::Framed;
 }
 
 void ZELBox::paint(QPainter* painter, const QRect& rect) const
@@ -174,7 +172,7 @@ void ZELBox::paint(QPainter* painter, const QRect& rect) const
     painter->restore();
 }
 
-void ZELBox::apply(const ZELState& state, const ZELCustomLook* look)
+void ZELBox::apply(const ZELState& state, const ZELLook* look)
 {
     if (!look)
         return;
@@ -197,7 +195,7 @@ void ZELBox::ring(const ZELState& state)
     borderWidth = kRingWidth;
 }
 
-ZELBox ZELBox::forEdit(const ZELState& state, const ZELCustomLook* look, bool flat)
+ZELBox ZELBox::forEdit(const ZELState& state, const ZELLook* look, bool flat)
 {
     const ZELColors& colors = ZELColors::current();
     ZELBox box;
@@ -215,7 +213,7 @@ ZELBox ZELBox::forEdit(const ZELState& state, const ZELCustomLook* look, bool fl
     return box;
 }
 
-ZELBox ZELBox::forButton(const ZELState& state, const ZELCustomLook* look, bool flat)
+ZELBox ZELBox::forButton(const ZELState& state, const ZELLook* look, bool flat)
 {
     const ZELColors& colors = ZELColors::current();
     ZELBox box;
@@ -233,22 +231,22 @@ ZELBox ZELBox::forButton(const ZELState& state, const ZELCustomLook* look, bool 
     return box;
 }
 
-ZELBox ZELBox::forPushButton(const ZELState& state, const ZELCustomLook* look)
+ZELBox ZELBox::forPushButton(const ZELState& state, const ZELLook* look)
 {
     const ZELColors& colors = ZELColors::current();
-    const int style = look ? look->cStyle() : int(ZELCustomPushButton::Style_Default);
-    const bool flat =
-        style == ZELCustomPushButton::Style_Flat || style == ZELCustomPushButton::Style_Tab;
+    using Shape = ZELLook::Shape;
+    const Shape shape = look ? look->cShape() : Shape::Framed;
+    const bool flat = shape == Shape::Flat || shape == Shape::Tab;
     ZELBox box = forButton(state, look, flat);
-    if (style == ZELCustomPushButton::Style_Primary && state.enabled) {
+    if (shape == Shape::Primary && state.enabled) {
         box.fill = state.pressed ? colors.accentPressed
                    : state.hover ? colors.accentHover
                                  : colors.accent;
         box.border = state.focus ? colors.text : QColor();
         box.innerLine = state.focus ? colors.onAccent : QColor();
-    } else if (style == ZELCustomPushButton::Style_Danger && state.enabled && !state.focus) {
+    } else if (shape == Shape::Danger && state.enabled && !state.focus) {
         box.border = colors.error;
-    } else if (style == ZELCustomPushButton::Style_Tab) {
+    } else if (shape == Shape::Tab) {
         box.radius = 0;
         if (state.on)
             box.underline = state.enabled ? colors.accent : colors.border;

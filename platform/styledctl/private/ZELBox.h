@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QBrush>
-#include <QColor>
+#include "styledctl/private/ZELLook.h"
+
 #include <QRect>
 
 class QPainter;
 class QStyleOption;
 class QWidget;
-class ZELCustomLook;
 
 // The states of a control that change how it is drawn.
 struct ZELState
@@ -36,19 +35,18 @@ struct ZELBox
 
     void paint(QPainter* painter, const QRect& rect) const;
 
-    static ZELBox forEdit(const ZELState& state, const ZELCustomLook* look, bool flat);
-    static ZELBox forButton(const ZELState& state, const ZELCustomLook* look, bool flat);
-    static ZELBox forPushButton(const ZELState& state, const ZELCustomLook* look);
+    static ZELBox forEdit(const ZELState& state, const ZELLook* look, bool flat);
+    static ZELBox forButton(const ZELState& state, const ZELLook* look, bool flat);
+    static ZELBox forPushButton(const ZELState& state, const ZELLook* look);
     static ZELBox forIndicator(const ZELState& state, bool filled);
     static ZELBox forSwitch(const ZELState& state, bool on);
 
     // The look of a control of this library, else null.
-    static const ZELCustomLook* lookOf(const QWidget* widget);
-    // Line edits without a frame of their own until they are hovered or focused.
-    static bool isFlatEdit(const QWidget* widget);
+    static const ZELLook* lookOf(const QWidget* widget);
+    static ZELLook::Shape shapeOf(const QWidget* widget);
 
 private:
     // What the control itself asks for; the focus ring stays.
-    void apply(const ZELState& state, const ZELCustomLook* look);
+    void apply(const ZELState& state, const ZELLook* look);
     void ring(const ZELState& state);
 };

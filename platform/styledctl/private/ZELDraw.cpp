@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/private/ZELDraw.h"
 
-#include "styledctl/ZELCustomCheckBox.h"
-#include "styledctl/ZELCustomComboBox.h"
 #include "styledctl/private/ZELBox.h"
 #include "styledctl/private/ZELColors.h"
 #include "styledctl/private/ZELGlyph.h"
@@ -19,7 +17,7 @@ QColor textColor(const ZELState& state, const QWidget* widget)
     const ZELColors& colors = ZELColors::current();
     if (!state.enabled)
         return colors.textDisabled;
-    const ZELCustomLook* look = ZELBox::lookOf(widget);
+    const ZELLook* look = ZELBox::lookOf(widget);
     const QColor own = look ? look->cTextColor() : QColor();
     return own.isValid() ? own : colors.text;
 }
@@ -48,7 +46,8 @@ namespace ZELDraw {
 
 void editFrame(const QStyleOption& option, QPainter* painter, const QWidget* widget)
 {
-    ZELBox::forEdit(ZELState(option), ZELBox::lookOf(widget), ZELBox::isFlatEdit(widget))
+    ZELBox::forEdit(ZELState(option), ZELBox::lookOf(widget),
+                    ZELBox::shapeOf(widget) == ZELLook::Shape::Flat)
         .paint(painter, option.rect);
 }
 
@@ -57,8 +56,8 @@ void comboBox(const QStyleOptionComboBox& option, QPainter* painter, const QWidg
 {
     const ZELColors& colors = ZELColors::current();
     const ZELState state(option);
-    const ZELCustomLook* look = ZELBox::lookOf(widget);
-    const bool flat = look && look->cStyle() == ZELCustomComboBox::Style_Flat;
+    const ZELLook* look = ZELBox::lookOf(widget);
+    const bool flat = look && look->cShape() == ZELLook::Shape::Flat;
     ZELBox::forButton(state, look, flat).paint(painter, option.rect);
     if (state.enabled) {
         ZELGlyph::paint(painter, ZELGlyph::ArrowDown,
@@ -125,11 +124,11 @@ void checkBox(const QStyleOptionButton& option, QPainter* painter, const QWidget
 {
     const ZELColors& colors = ZELColors::current();
     const ZELState state(option);
-    const ZELCustomLook* look = ZELBox::lookOf(widget);
+    const ZELLook* look = ZELBox::lookOf(widget);
     const bool checked = option.state & QStyle::State_On;
     const bool partial = option.state & QStyle::State_NoChange;
 
-    if (look && look->cStyle() == ZELCustomCheckBox::Style_Switch) {
+    if (look && look->cShape() == ZELLook::Shape::Switch) {
         ZELBox::forSwitch(state, checked).paint(painter, indicator);
         const int side = indicator.height() - 8;
         const QRect knob(checked ? indicator.right() - side - 3 : indicator.left() + 4,

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/private/ZELBox.h"
 #include "styledctl/private/ZELColors.h"
 #include "styledctl/private/ZELDraw.h"
@@ -11,21 +10,20 @@ namespace {
 
 using namespace ZELMetrics;
 
-QColor labelColor(const ZELState& state, const ZELCustomLook* look)
+QColor labelColor(const ZELState& state, const ZELLook* look)
 {
     const ZELColors& colors = ZELColors::current();
-    const int style = look ? look->cStyle() : int(ZELCustomPushButton::Style_Default);
     if (!state.enabled)
         return colors.textDisabled;
     QColor own = look ? look->cTextColor() : QColor();
     if (own.isValid())
         return own;
-    switch (style) {
-    case ZELCustomPushButton::Style_Primary:
+    switch (look ? look->cShape() : ZELLook::Shape::Framed) {
+    case ZELLook::Shape::Primary:
         return colors.onAccent;
-    case ZELCustomPushButton::Style_Danger:
+    case ZELLook::Shape::Danger:
         return colors.error;
-    case ZELCustomPushButton::Style_Tab:
+    case ZELLook::Shape::Tab:
         return state.on || state.hover ? colors.text : colors.textMuted;
     default:
         return colors.text;
@@ -39,9 +37,10 @@ namespace ZELDraw {
 void buttonLabel(const QStyleOptionButton& option, QPainter* painter, const QWidget* widget)
 {
     const ZELState state(option);
-    const auto* button = qobject_cast<const ZELCustomPushButton*>(widget);
-    const int align = button ? button->cIconAlign() : int(ZELCustomPushButton::Align_BesideText);
-    const bool tab = button && button->cStyle() == ZELCustomPushButton::Style_Tab;
+    using IconPlace = ZELLook::IconPlace;
+    const ZELLook* look = ZELBox::lookOf(widget);
+    const IconPlace place = look ? look->cIconPlace() : IconPlace::BesideText;
+    const bool tab = look && look->cShape() == ZELLook::Shape::Tab;
     const int inset = tab ? kTabInset : kEditInset;
     const QRect inside = option.rect.adjusted(inset, 0, -inset, 0);
     const bool hasIcon = !option.icon.isNull();
@@ -60,8 +59,8 @@ void buttonLabel(const QStyleOptionButton& option, QPainter* painter, const QWid
                    inside.height());
     if (hasIcon) {
         int left = blockLeft;
-        if (align == ZELCustomPushButton::Align_Left || align == ZELCustomPushButton::Align_Right) {
-            const bool atLeft = align == ZELCustomPushButton::Align_Left;
+        if (place != IconPlace::BesideText) {
+            const bool atLeft = place == IconPlace::LeftEdge;
             left = atLeft ? inside.left() : inside.right() + 1 - iconWidth;
             const int roomLeft = atLeft ? inside.left() + iconWidth + gap : inside.left();
             textRect.moveLeft(roomLeft + (textRoom - textWidth) / 2);
@@ -75,7 +74,7 @@ void buttonLabel(const QStyleOptionButton& option, QPainter* painter, const QWid
                           Qt::AlignCenter, mode, state.on ? QIcon::On : QIcon::Off);
         painter->setOpacity(1);
     }
-    painter->setPen(labelColor(state, ZELBox::lookOf(widget)));
+    painter->setPen(labelColor(state, look));
     painter->drawText(QStyle::visualRect(option.direction, option.rect, textRect),
                       Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine, text);
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/private/ZELStyle.h"
 
-#include "styledctl/ZELCustomCheckBox.h"
-#include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/private/ZELBox.h"
 #include "styledctl/private/ZELDraw.h"
 #include "styledctl/private/ZELMetrics.h"
@@ -14,12 +12,6 @@
 namespace {
 
 using namespace ZELMetrics;
-
-bool isSwitch(const QWidget* widget)
-{
-    const auto* box = qobject_cast<const ZELCustomCheckBox*>(widget);
-    return box && box->cStyle() == ZELCustomCheckBox::Style_Switch;
-}
 
 // Height of a control with one line of text.
 int lineHeight(const QStyleOption* option)
@@ -186,8 +178,7 @@ QSize ZELStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     case CT_PushButton: {
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
         const bool textless = button && button->text.isEmpty();
-        const auto* look = qobject_cast<const ZELCustomPushButton*>(widget);
-        const bool tab = look && look->cStyle() == ZELCustomPushButton::Style_Tab;
+        const bool tab = ZELBox::shapeOf(widget) == ZELLook::Shape::Tab;
         const int inset = tab ? kTabInset : textless ? kEditInset : kButtonInset;
         const int width = contents.width() + 2 * inset;
         return QSize(width, qMax(lineHeight(option), contents.height() + kEditInset));
@@ -220,12 +211,10 @@ int ZELStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     switch (metric) {
     case PM_IndicatorWidth:
     case PM_IndicatorHeight: {
-        if (isSwitch(widget))
+        const ZELLook::Shape shape = ZELBox::shapeOf(widget);
+        if (shape == ZELLook::Shape::Switch)
             return metric == PM_IndicatorWidth ? kSwitchWidth : kSwitchHeight;
-        const ZELCustomLook* look = ZELBox::lookOf(widget);
-        const bool compact = look && look->cStyle() == ZELCustomCheckBox::Style_Compact &&
-                             qobject_cast<const ZELCustomCheckBox*>(widget);
-        return compact ? kCompactIndicator : kIndicator;
+        return shape == ZELLook::Shape::Compact ? kCompactIndicator : kIndicator;
     }
     case PM_CheckBoxLabelSpacing:
         return kLabelGap;

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+// A value that a read found changed, or a command that was executed.
+struct ValueChange
+{
+    enum class Cause {
+        Camera,  // by itself, as far as the window knows
+        Edited,  // the user wrote this very feature
+        Follows, // the user wrote another feature, which invalidates this one
+        Executed // a command; no values
+    };
+
+    QString name; // of the feature
+    QVariant before;
+    QVariant now;
+    Cause cause = Cause::Camera;
+    QString causedBy; // the written feature; of Follows
+    qint64 when = 0;  // milliseconds since 1970
+};

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tree/ValueWatch.h"
+
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
+
+#include <QDateTime>
+
+#include <utility>
+
+ValueWatch::ValueWatch(QObject* parent)
+    : QObject(parent)
+{
+}
+
+ValueWatch::~ValueWatch()
+{
+    forget();
+}
+
+void ValueWatch::watch(const QVector<ORXPropertyTreeItem*>& items)
+{
+    forget();
+    for (ORXPropertyTreeItem* item : items) {
+        m_known.insert(item, {item->value()->nodeName(0), QVariant()});
+        item->registerView(this);
+    }
+}
+
+void ValueWatch::forget()
+{
+    for (auto item = m_known.keyBegin(); item != m_known.keyEnd(); ++item)
+        (*item)->removeView(this);
+    m_known.clear();
+    m_causes.clear();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_reads.clear();
+}
+
+void ValueWatch::noteWritten(const QString& name, const QStringList& invalidated)
+{
+    for (const QString& each : invalidated)
+        m_causes.insert(each, name);
+    m_causes.insert(name, name);
+}
+
+void ValueWatch::noteExecuted(const QString& command)
+{
+    ValueChange change;
+    change.name = command;
+    change.cause = ValueChange::Cause::Executed;
+    change.when = QDateTime::currentMSecsSinceEpoch();
+    emit SigChanged({change});
+}
+
+void ValueWatch::itemValueChanged(qint64, ORXPropertyTreeItem* item, int column, bool)
+{
+    // What the user has written is told as the camera has taken it, when it was read back.
+    constexpr int kAfterWrite = 2;
+    if (column == kAfterWrite || !item->wasRead())
+        return;
+    QVariant value = item->value()->value();
+    bool first = false;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        first = m_reads.isEmpty();
+        m_reads.append({item, std::move(value)});
+    }
+    if (first)
+        QMetaObject::invokeMethod(this, &ValueWatch::takeReads, Qt::QueuedConnection);
+}
+
+void ValueWatch::takeReads()
+{
+    QVector<Read> reads;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        reads.swap(m_reads);
+    }
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    QVector<ValueChange> changes;
+    for (const Read& read : qAsConst(reads)) {
+        const auto known = m_known.find(read.item);
+        if (known == m_known.end() || known->value == read.value)
+            continue;
+        const QVariant before = std::exchange(known->value, read.value);
+        if (!before.isValid())
+            continue;
+        ValueChange change;
+        change.name = known->name;
+        change.before = before;
+        change.now = read.value;
+        change.causedBy = m_causes.value(known->name);
+        change.cause = change.causedBy.isEmpty()        ? ValueChange::Cause::Camera
+                       : change.causedBy == known->name ? ValueChange::Cause::Edited
+                                                        : ValueChange::Cause::Follows;
+        change.when = now;
+        changes.append(change);
+    }
+    if (!changes.isEmpty())
+        emit SigChanged(changes);
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/IORXFeatureNotify.h"
+#include "tree/ValueChange.h"
+
+#include <QHash>
+#include <QObject>
+#include <QVector>
+
+#include <mutex>
+
+// Finds out which values of a tree's items change, and why: for the marks in the rows, the journal
+// and the trend. Reads nothing from the host. The first value that is read of a feature is no
+// change. Owned by the tree.
+//
+// | operation                         | thread                     | lock                        |
+// |-----------------------------------|----------------------------|-----------------------------|
+// | itemValueChanged                  | GUI or reading             | its own, below item state   |
+// | everything else                   | GUI                        | its own for moments, inside |
+class ValueWatch : public QObject, public IORXFeatureNotify
+{
+    Q_OBJECT
+public:
+    explicit ValueWatch(QObject* parent = nullptr);
+    ~ValueWatch() override;
+
+    // Watches the items from now on, in the place of those before. They must live until the next
+    // call or the end of the watch.
+    void watch(const QVector<ORXPropertyTreeItem*>& items);
+
+    // The user has written the feature; what changes next of these is its doing.
+    void noteWritten(const QString& name, const QStringList& invalidated);
+    // What the writes so far have invalidated was read.
+    void noteRereadEnded() { m_causes.clear(); }
+    void noteExecuted(const QString& command);
+
+    void itemValueChanged(qint64 cameraId, ORXPropertyTreeItem* item, int column,
+                          bool needRecreateEditor) override;
+
+signals:
+    // What changed since the last time, in the order of the reads.
+    void SigChanged(const QVector<ValueChange>& changes);
+
+private:
+    struct Read
+    {
+        ORXPropertyTreeItem* item; // Not owned; one of m_known.
+        QVariant value;
+    };
+    struct Known
+    {
+        QString name;
+        QVariant value; // invalid until it was read
+    };
+    void forget();
+    void takeReads();
+
+    std::mutex m_mutex;
+    QVector<Read> m_reads;                      // guarded by m_mutex
+    QHash<ORXPropertyTreeItem*, Known> m_known; // GUI thread only
+    QHash<QString, QString> m_causes;           // invalidated feature -> written one
+};

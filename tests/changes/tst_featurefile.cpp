@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: Apache-2.0
+// Feature files without a camera: their text, and the order in which features stand in them.
+#include "changes/ExactValue.h"
+#include "changes/FeatureFile.h"
+#include "changes/FeatureFileOrder.h"
+#include "support/DescriptionBuilder.h"
+#include "support/LoadedDescription.h"
+#include "support/Rows.h"
+#include "support/TestMain.h"
+
+using namespace DescriptionBuilder;
+
+namespace {
+
+QString streamable(const QString& more = QString())
+{
+    return child("Streamable"_s, "Yes"_s) + more;
+}
+
+QString selecting(const QStringList& names)
+{
+    QString text;
+    for (const QString& name : names)
+        text += child("pSelected"_s, name);
+    return streamable(text);
+}
+
+// "A,B: C,D" for a group of C and D behind the selectors A and B; plain groups have no colon.
+QString textOf(const QVector<FeatureFileGroup>& groups)
+{
+    QStringList texts;
+    for (const FeatureFileGroup& group : groups) {
+        const QString features = group.features.join(QLatin1Char(','));
+        texts.append(group.selectors.isEmpty()
+                         ? features
+                         : group.selectors.join(QLatin1Char(',')) + ": "_s + features);
+    }
+    return texts.join("; "_s);
+}
+
+} // namespace
+
+class TestFeatureFile : public GuardedTest
+{
+    Q_OBJECT
+
+private slots:
+    void valuesReadBackAsTheyWere_data()
+    {
+        const Rows<QString> row("value");
+        row("plain", "12");
+        row("empty", "");
+        row("blanks", "  a b ");
+        row("tab", "a\tb");
+        row("line breaks", "a\nb\r\nc\rd");
+        row("backslashes", "C:\\temp\\new\\");
+        row("looks like a comment", "# not one");
+        row("Chinese", "曝光 µs");
+        row("beyond 16 bits", "\U0001F4F7");
+    }
+
+    void valuesReadBackAsTheyWere()
+    {
+        QFETCH(QString, value);
+        FeatureFile file;
+        file.model = "Model 1\nX"_s;
+        file.append("Before"_s, "1"_s);
+        file.append("Text"_s, value);
+        file.append("After"_s, "2"_s);
+        const FeatureFile read = FeatureFile::parse(file.toBytes({"Two\nlines"_s}));
+        QVERIFY(read.faults.isEmpty());
+        QCOMPARE(read.model, "Model 1 X"_s);
+        QCOMPARE(read.lines.size(), 3);
+        QCOMPARE(read.lines.at(1).name, "Text"_s);
+        QCOMPARE(read.lines.at(1).value, value);
+        QCOMPARE(read.lines.at(2).value, "2"_s);
+    }
+
+    void faultyLinesAreNamed_data()
+    {
+        const Rows<QByteArray, int, int> row("bytes", "line", "kind");
+        using Kind = FeatureFile::FaultKind;
+        row("no tab", "A\t1\nWidth 640\n", 2, int(Kind::NoTab));
+        row("no name", "\t640\n", 1, int(Kind::NoName));
+        row("blank name", "A\t1\n\n  \t640", 3, int(Kind::NoName));
+        row("second tab", "A\t1\t2", 1, int(Kind::SecondTab));
+        row("unknown escape", "# x\nA\ta\\x", 2, int(Kind::BadEscape));
+        row("backslash at the end", "A\ta\\", 1, int(Kind::BadEscape));
+        row("not UTF-8", "A\t1\nB\t\xB5s\n", 2, int(Kind::NotUtf8));
+        row("half a character", "B\t\xC2", 1, int(Kind::NotUtf8));
+        row("too large", QByteArray(FeatureFile::kMaxBytes + 1, '#'), 0, int(Kind::TooLarge));
+    }
+
+    void faultyLinesAreNamed()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, line);
+        QFETCH(int, kind);
+        const FeatureFile file = FeatureFile::parse(bytes);
+        QCOMPARE(file.faults.size(), 1);
+        QCOMPARE(file.faults.first().number, line);
+        QCOMPARE(int(file.faults.first().kind), kind);
+        QCOMPARE(file.faults.first().text().contains(QString::number(line)), line > 0);
+    }
+
+    void filesOfOtherEditorsAreRead()
+    {
+        const FeatureFile file = FeatureFile::parse("\xEF\xBB\xBF# Model: M\r\n\r\nWidth\t640\r\n"
+                                                    " Height \t 480\r\nLast\t");
+        QVERIFY(file.faults.isEmpty());
+        QCOMPARE(file.model, "M"_s);
+        QCOMPARE(file.lines.size(), 3);
+        QCOMPARE(file.lines.at(0).value, "640"_s);
+        QCOMPARE(file.lines.at(0).number, 3);
+        QCOMPARE(file.lines.at(1).name, "Height"_s);
+        QCOMPARE(file.lines.at(1).value, " 480"_s);
+        QCOMPARE(file.lines.at(2).value, QString());
+    }
+
+    void order_data()
+    {
+        const Rows<QString, QString> row("elements", "groups");
+        const QString integer = "Integer"_s;
+        const QString entry = "Enumeration"_s;
+        const auto plain = [&](const char* name) {
+            return node(integer, QString::fromLatin1(name), streamable());
+        };
+        row("as described", plain("B") + plain("A"), "B,A");
+        row("not streamable, or without a value",
+            plain("A") + node(integer, "B"_s, child("Streamable"_s, "No"_s)) +
+                node(integer, "C"_s) + node("Command"_s, "D"_s, streamable()),
+            "A");
+        row("selector after what it selects",
+            plain("A") + plain("B") + node(entry, "S"_s, selecting({"A"_s})) + plain("C"),
+            "S: A; B,C");
+        row("a selector that is not streamable",
+            node(entry, "S"_s, child("pSelected"_s, "A"_s)) + plain("A"), "S: A");
+        row("two that share a selector, apart",
+            node(entry, "S"_s, selecting({"A"_s, "B"_s})) + plain("A") + plain("C") + plain("B"),
+            "S: A,B; C");
+        row("nested",
+            node(entry, "Inner"_s, selecting({"A"_s})) +
+                node(entry, "Outer"_s, selecting({"Inner"_s, "B"_s})) + plain("A") + plain("B"),
+            "Outer: B; Outer,Inner: A");
+        row("two side by side",
+            node(entry, "S"_s, selecting({"A"_s})) + node(entry, "T"_s, selecting({"A"_s})) +
+                plain("A"),
+            "S,T: A");
+        row("a circle",
+            node(entry, "S"_s, selecting({"T"_s})) + node(entry, "T"_s, selecting({"S"_s, "A"_s})) +
+                plain("A"),
+            "S,T: A");
+        row("selects itself", node(entry, "S"_s, selecting({"S"_s, "A"_s})) + plain("A"), "S: A");
+        row("selects nothing that is streamable",
+            node(entry, "S"_s, selecting({"A"_s})) + node(integer, "A"_s), "S");
+    }
+
+    void order()
+    {
+        QFETCH(QString, elements);
+        QFETCH(QString, groups);
+        const QStringList names = {"S"_s, "T"_s, "Inner"_s, "Outer"_s, "A"_s, "B"_s, "C"_s, "D"_s};
+        const LoadedDescription loaded(wrap(category("Root"_s, names) + elements));
+        QCOMPARE(textOf(FeatureFileOrder::groups(loaded.index.nodes(), names)), groups);
+        QVERIFY(FeatureFileOrder::groups(loaded.index.nodes(), {}).isEmpty());
+    }
+
+    void floatsKeepTheirLastDigit_data()
+    {
+        const Rows<float, QString> row("number", "text");
+        row("whole", 10000.0F, "10000");
+        row("fraction", 0.1F, "0.1");
+        row("third", 1.0F / 3, "0.33333334");
+        row("large", 3.4028235e38F, "3.4028235e+38");
+        row("tiny", 1e-45F, "1e-45");
+        row("minus zero", -0.0F, "0");
+    }
+
+    void floatsKeepTheirLastDigit()
+    {
+        QFETCH(float, number);
+        QFETCH(QString, text);
+        QCOMPARE(ExactValue::ofFloat(number), text);
+        FeatureNode feature;
+        feature.tag = FeatureTag::Float;
+        QVERIFY(ExactValue::areEqual(feature, text, ExactValue::ofFloat(number)));
+    }
+
+    void valuesAreOfTheirFeature_data()
+    {
+        const Rows<QString, QString, bool> row("tag", "text", "isValue");
+        row("integer", "Integer", "-9223372036854775808", true);
+        row("beyond 64 bits", "IntReg", "9223372036854775808", false);
+        row("no integer", "Integer", "1.5", false);
+        row("float", "Float", "-1.5e-3", true);
+        row("no number", "Converter", "nan", false);
+        row("too large a float", "Float", "1e39", false);
+        row("largest float", "Float", "3.4028235e+38", true);
+        row("boolean", "Boolean", "true", true);
+        row("boolean by number", "Boolean", "0", true);
+        row("no boolean", "Boolean", "yes", false);
+        row("entry", "Enumeration", "Off", true);
+        row("entry by number", "Enumeration", "7", true);
+        row("no entry", "Enumeration", "Of", false);
+        row("text", "String", "", true);
+        row("command", "Command", "", false);
+    }
+
+    void valuesAreOfTheirFeature()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, text);
+        QFETCH(bool, isValue);
+        FeatureNode feature;
+        feature.tag = featureTag(tag);
+        FeatureEnumEntry off;
+        off.name = "Off"_s;
+        off.value = 3;
+        feature.entries = {off};
+        QCOMPARE(ExactValue::isValue(feature, text), isValue);
+        QCOMPARE(ExactValue::areEqual(feature, text, text), isValue);
+    }
+};
+
+OBFT_TEST_MAIN(TestFeatureFile)
+#include "tst_featurefile.moc"

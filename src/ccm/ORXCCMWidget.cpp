@@ -7,8 +7,8 @@
 #include "model/CTreeCustomCCMItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustom.h"
-#include "tree/ORXPropertyTreeDelegate.h"
 #include "tree/QPropertyLineEdit.h"
+#include "tree/editors/ExternalEditor.h"
 
 #include <QHeaderView>
 #include <QPointer>
@@ -52,7 +52,7 @@ ORXCCMWidget::~ORXCCMWidget()
 
 void ORXCCMWidget::registerEditor()
 {
-    ORXPropertyTreeDelegate::registerExternalEditor(
+    ExternalEditor::registerEditor(
         FeatureTag::CCM,
         [](QWidget* parent, ORXPropertyTreeItem* item) { return new ORXCCMWidget(item, parent); },
         [](QWidget* editor, ORXPropertyTreeItem*) {

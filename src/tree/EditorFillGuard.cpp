@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/EditorFillGuard.h"
 
-#include "tree/ORXPropertyTreeDelegate.h"
+#include <QWidget>
 
-EditorFillGuard::EditorFillGuard(QWidget* editor, const ORXPropertyTreeDelegate* delegate)
+EditorFillGuard::EditorFillGuard(const QWidget* editor, const QMetaMethod& commit,
+                                 const QObject* receiver, const QMetaMethod& slot)
     : m_editor(editor)
-    , m_delegate(delegate)
+    , m_commit(commit)
+    , m_receiver(receiver)
+    , m_slot(slot)
 {
-    QObject::disconnect(m_editor, nullptr, m_delegate, nullptr);
+    QObject::disconnect(m_editor, nullptr, m_receiver, nullptr);
 }
 
 EditorFillGuard::~EditorFillGuard()
 {
-    m_delegate->connectCommit(m_editor);
+    if (m_commit.isValid())
+        QObject::connect(m_editor, m_commit, m_receiver, m_slot);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-class ORXPropertyTreeDelegate;
+#include <QMetaMethod>
+
 class QWidget;
 
 // Keeps an editor's commit signal disconnected while the editor is filled, so that filling never
@@ -9,12 +10,16 @@ class QWidget;
 class EditorFillGuard
 {
 public:
-    EditorFillGuard(QWidget* editor, const ORXPropertyTreeDelegate* delegate);
+    // `commit` is the editor's signal, `slot` the receiver's. An invalid signal stays unconnected.
+    EditorFillGuard(const QWidget* editor, const QMetaMethod& commit, const QObject* receiver,
+                    const QMetaMethod& slot);
     ~EditorFillGuard();
     EditorFillGuard(const EditorFillGuard&) = delete;
     EditorFillGuard& operator=(const EditorFillGuard&) = delete;
 
 private:
-    QWidget* m_editor;                         // Not owned.
-    const ORXPropertyTreeDelegate* m_delegate; // Not owned.
+    const QWidget* m_editor; // Not owned.
+    QMetaMethod m_commit;
+    const QObject* m_receiver; // Not owned.
+    QMetaMethod m_slot;
 };

@@ -9,14 +9,15 @@
 #include "tree/EditorFocus.h"
 #include "tree/IORXFeatureWidget.h"
 #include "tree/ORXFeatureScrollBar.h"
+#include "tree/ORXFeatureTree.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QScopedValueRollback>
 #include <QThread>
 #include <QWheelEvent>
@@ -26,9 +27,12 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
     : QTreeView(page)
     , ZELCustomQssHelper(this)
     , m_pPage(page)
-    , m_pageType(type)
     , m_pModel(new ORXPropertyTreeModel(type, this))
     , m_pDelegate(new ORXPropertyTreeDelegate(type, this))
+    , m_editors(this, m_pModel, m_pDelegate, type)
+    , m_rows(this, m_pModel, &m_editors, type)
+    , m_focus(this, &m_editors, m_pDelegate)
+    , m_favoriteMoves(this, m_pModel, m_pDelegate)
 {
     setObjectName(QStringLiteral("FeatureTree"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -48,13 +52,13 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
     header()->setSectionResizeMode(QHeaderView::Stretch);
     header()->hide();
 
-    m_editorTimer.setSingleShot(true);
-    m_editorTimer.setInterval(0);
-    connect(&m_editorTimer, &QTimer::timeout, this, [this] {
-        keepCurrentShown();
-        syncEditors();
-        tellRowsInSight();
-    });
+    connect(&m_editors, &OpenEditors::aboutToSync, this, [this] { m_focus.keepCurrentShown(); });
+    connect(&m_editors, &OpenEditors::synced, this, &ORXFeatureTreeView::tellRowsInSight);
+    connect(&m_favoriteMoves, &FavoriteMoves::SigFavoriteMoved, this,
+            [this](ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target) {
+                if (auto* tree = dynamic_cast<ORXFeatureTree*>(m_pPage))
+                    tree->moveFavorteItem(moved, target);
+            });
     connect(this, &ORXFeatureTreeView::sigSetItemVisible, this,
             &ORXFeatureTreeView::onSetItemVisible);
     connect(this, &ORXFeatureTreeView::sigSetItemExpended, this,
@@ -65,37 +69,32 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
             &ORXFeatureTreeView::onUpdateSpecialInfo);
     connect(this, &QTreeView::expanded, this, &ORXFeatureTreeView::OnSigExpanded);
     connect(this, &QTreeView::collapsed, this, &ORXFeatureTreeView::OnSigCollapsed);
-    // Later: the editor handles the event first. Its row, and with it the editor, may go meanwhile.
-    connect(m_pDelegate, &ORXPropertyTreeDelegate::sigEditingEnded, this, [this](QWidget* editor) {
-        const auto tell = [this, ended = QPointer<QWidget>(editor)] {
-            if (ended)
-                onEditingEnded(ended);
-        };
-        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
-    });
-    connect(qApp, &QApplication::focusChanged, this, &ORXFeatureTreeView::onFocusChanged);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { m_focus.followFocus(now); });
 }
 
 ORXFeatureTreeView::~ORXFeatureTreeView()
 {
     // A focused editor changes the focus when it is destroyed, after this object's own part.
     disconnect(qApp, nullptr, this, nullptr);
-    dropEditors();
+    m_editors.dropAll();
 }
 
 void ORXFeatureTreeView::resetData(qint64 cameraId, ORXPropertyTreeItem* root)
 {
-    dropEditors();
+    m_editors.dropAll();
     m_lCameraID = cameraId;
-    m_pRootItem = root;
-    m_inSight.clear();
-    m_openEditors.clear();
-    m_pDelegate->setCurMoveItem(nullptr);
+    m_pDelegate->clearInfo();
     m_pModel->resetCamearID(cameraId);
     m_pModel->updateData(root);
     updateRowsVisible(root, true);
-    m_bRowsChanged = true;
-    scheduleEditors();
+    m_shownFeatures.rowsChanged();
+    m_editors.schedule();
+}
+
+ORXPropertyTreeItem* ORXFeatureTreeView::rootTreeItem() const
+{
+    return m_pModel->rootItem();
 }
 
 void ORXFeatureTreeView::setForbiddenUpdate(bool forbidden)
@@ -115,6 +114,11 @@ void ORXFeatureTreeView::clearModelInfo()
     resetData(-1, nullptr);
 }
 
+void ORXFeatureTreeView::clearDelegateInfo()
+{
+    m_favoriteMoves.clearTarget();
+}
+
 void ORXFeatureTreeView::setIsCanEdit(bool canEdit)
 {
     m_pModel->setIsCanEdit(canEdit);
@@ -126,6 +130,36 @@ void ORXFeatureTreeView::setPlaceholderText(const QString& text)
 {
     m_strPlaceholder = text;
     viewport()->update();
+}
+
+QWidget* ORXFeatureTreeView::editorOf(ORXPropertyTreeItem* item, int column) const
+{
+    return m_editors.editorOf(item, column);
+}
+
+void ORXFeatureTreeView::openPersistentEdit(ORXPropertyTreeItem* item, bool reopen)
+{
+    if (reopen && item)
+        m_editors.closeBelow(item);
+    m_editors.schedule();
+}
+
+void ORXFeatureTreeView::updateAllEditorData()
+{
+    m_editors.refillAll();
+}
+
+void ORXFeatureTreeView::updateRowsVisible(ORXPropertyTreeItem* item, bool visible)
+{
+    if (!item)
+        return;
+    m_rows.update(item, visible);
+    m_editors.schedule();
+}
+
+int ORXFeatureTreeView::getVisibleHeight() const
+{
+    return m_rows.height();
 }
 
 // Notifications -----------------------------------------------------------------------------------
@@ -179,61 +213,18 @@ void ORXFeatureTreeView::onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* 
     // What a reading thread said may be overtaken by now: by a search, or by another group.
     if (!m_bDirectNotification)
         visible = item->visible() && item->groupVisible() && item->searchMatch();
-    if (setRowHiddenIfChanged(item, !visible)) {
-        doParentItemVisible(item->parent(m_pageType), item->indexInParent(m_pageType));
-        scheduleEditors();
-    } else if (visible) {
+    if (m_rows.setShown(item, visible))
+        m_editors.schedule();
+    else if (visible)
         repaintItem(item);
-    }
 }
 
 // Not by update(index): that lays a changed tree out at once, and one layout has to serve all the
 // changes of a pass or a search.
 void ORXFeatureTreeView::repaintItem(ORXPropertyTreeItem* item)
 {
-    if (m_editorTimer.isActive() || m_inSight.contains(item))
+    if (m_editors.isScheduled() || m_editors.inSight().contains(item))
         viewport()->update();
-}
-
-bool ORXFeatureTreeView::setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool hidden)
-{
-    const QModelIndex index = m_pModel->indexFromItem(item, 0);
-    if (!index.isValid() || isRowHidden(index.row(), index.parent()) == hidden)
-        return false;
-    if (hidden)
-        closeEditorsBelow(item);
-    setRowHidden(index.row(), index.parent(), hidden);
-    return true;
-}
-
-// The search for a shown row starts at the one that changed: rows are mostly hidden and shown in
-// order, and a whole group must not cost a scan of all its rows for each of them.
-void ORXFeatureTreeView::doParentItemVisible(ORXPropertyTreeItem* item, int changedRow)
-{
-    while (item && item != m_pRootItem) {
-        const QModelIndex index = m_pModel->indexFromItem(item, 0);
-        const int rows = item->childCount();
-        bool anyShown = false;
-        for (int i = 0; i < rows && !anyShown; ++i)
-            anyShown = !isRowHidden((qMax(0, changedRow) + i) % rows, index);
-        if (!setRowHiddenIfChanged(item, !anyShown))
-            return;
-        changedRow = item->indexInParent(m_pageType);
-        item = item->parent(m_pageType);
-    }
-}
-
-void ORXFeatureTreeView::updateRowsVisible(ORXPropertyTreeItem* item, bool visible)
-{
-    if (!item)
-        return;
-    const bool shown = item->visible() && visible && item->groupVisible();
-    const QVector<ORXPropertyTreeItem*> children = item->children();
-    for (ORXPropertyTreeItem* child : children)
-        updateRowsVisible(child, shown);
-    if (item != m_pRootItem)
-        setRowHiddenIfChanged(item, !shown);
-    scheduleEditors();
 }
 
 void ORXFeatureTreeView::onSetItemExpended(qint64 cameraId, ORXPropertyTreeItem* item,
@@ -249,30 +240,30 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
     if (!concerns(cameraId, item))
         return;
     repaintItem(item);
-    if (m_openEditors.contains(item)) {
-        if (recreate) {
-            const QWidget* editor = editorOf(item);
-            // The rest of what is being typed must not land in the new editor.
-            const bool keepsFocus =
-                editor && EditorFocus::isInside(editor) && !EditorFocus::hasPendingEdit(editor);
-            closeEditors(item);
-            openEditors(item);
-            if (keepsFocus)
-                focusCell(m_pModel->indexFromItem(item, 1), Qt::OtherFocusReason);
-        }
-        for (int column = 0; column < 2; ++column) {
-            if (QWidget* editor = editorOf(item, column))
-                m_pDelegate->setEditorData(editor, m_pModel->indexFromItem(item, column));
-        }
+    if (m_editors.isOpen(item)) {
+        if (recreate)
+            renewEditors(item);
+        m_editors.refill(item);
     } else {
         // The item's value may have come from its mirror, which the user edits.
         ORXPropertyTreeDelegate::noteShownState(item);
         // Its first value came.
-        if (m_inSight.contains(item) && hasEditor(*item))
-            scheduleEditors();
+        if (m_editors.inSight().contains(item) && OpenEditors::hasEditor(*item))
+            m_editors.schedule();
     }
     if (kind != 1)
         m_pPage->itemValueChanged(item);
+}
+
+void ORXFeatureTreeView::renewEditors(ORXPropertyTreeItem* item)
+{
+    const QWidget* editor = editorOf(item);
+    // The rest of what is being typed must not land in the new editor.
+    const bool keepsFocus =
+        editor && EditorFocus::isInside(editor) && !EditorFocus::hasPendingEdit(editor);
+    m_editors.renew(item);
+    if (keepsFocus)
+        m_focus.focusCell(m_pModel->indexFromItem(item, 1), Qt::OtherFocusReason);
 }
 
 void ORXFeatureTreeView::onUpdateSpecialInfo(qint64 cameraId, ORXPropertyTreeItem* item, int info)
@@ -285,42 +276,19 @@ void ORXFeatureTreeView::OnSigExpanded(const QModelIndex& index)
 {
     if (ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index))
         m_pPage->itemExpandStateChanged(item, true);
-    scheduleEditors();
+    m_editors.schedule();
 }
 
 void ORXFeatureTreeView::OnSigCollapsed(const QModelIndex& index)
 {
     if (ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index)) {
-        closeEditorsBelow(item);
+        m_editors.closeBelow(item);
         m_pPage->itemExpandStateChanged(item, false);
     }
-    scheduleEditors();
+    m_editors.schedule();
 }
 
-// Sizes and events --------------------------------------------------------------------------------
-
-int ORXFeatureTreeView::getVisibleHeight() const
-{
-    return m_pRootItem ? visibleHeightBelow(m_pRootItem) : 0;
-}
-
-int ORXFeatureTreeView::visibleHeightBelow(ORXPropertyTreeItem* item) const
-{
-    int height = 0;
-    const QVector<ORXPropertyTreeItem*> children = item->children();
-    for (ORXPropertyTreeItem* child : children) {
-        const QModelIndex index = m_pModel->indexFromItem(child, 0);
-        if (!child->value() || isRowHidden(index.row(), index.parent()))
-            continue;
-        if (child->tag() == FeatureTag::CCM)
-            height += ORXPropertyTreeDelegate::kMatrixRowHeight;
-        else if (item != m_pRootItem)
-            height += ORXPropertyTreeDelegate::kRowHeight;
-        if (child->childCount() > 0 && isExpanded(index))
-            height += visibleHeightBelow(child);
-    }
-    return height;
-}
+// Mouse and painting ------------------------------------------------------------------------------
 
 void ORXFeatureTreeView::wheelEvent(QWheelEvent* event)
 {
@@ -332,14 +300,14 @@ void ORXFeatureTreeView::wheelEvent(QWheelEvent* event)
 
 void ORXFeatureTreeView::mousePressEvent(QMouseEvent* event)
 {
-    if (!isThin(indexAt(event->pos())))
+    if (!RowFocus::isThin(indexAt(event->pos())))
         QTreeView::mousePressEvent(event);
     event->ignore();
 }
 
 void ORXFeatureTreeView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (!isThin(indexAt(event->pos())))
+    if (!RowFocus::isThin(indexAt(event->pos())))
         QTreeView::mouseDoubleClickEvent(event);
 }
 
@@ -384,6 +352,183 @@ void ORXFeatureTreeView::drawBranches(QPainter* painter, const QRect& rect,
                                       const QModelIndex& index) const
 {
     const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
-    if (item && item->tag() != FeatureTag::CCM && !isThin(index))
+    if (item && item->tag() != FeatureTag::CCM && !RowFocus::isThin(index))
         QTreeView::drawBranches(painter, rect, index);
+}
+
+// Rows in sight -----------------------------------------------------------------------------------
+
+void ORXFeatureTreeView::tellRowsInSight()
+{
+    QStringList names;
+    if (m_pModel->rootItem() && isVisible())
+        names = m_shownFeatures.namesFrom(*this, *m_pModel, m_editors.inSight());
+    if (names == m_toldInSight)
+        return;
+    m_toldInSight = names;
+    emit SigRowsInSight(names);
+}
+
+void ORXFeatureTreeView::updateGeometries()
+{
+    const QScopedValueRollback<bool> inGeometries(m_bInGeometries, true);
+    QTreeView::updateGeometries();
+    m_shownFeatures.rowsChanged();
+    m_editors.schedule();
+}
+
+// Rows may also go without a word from Qt, as when all branches close at once. Their editors go
+// before the layout hides them.
+void ORXFeatureTreeView::updateEditorGeometries()
+{
+    m_editors.closeWithoutRow();
+    QTreeView::updateEditorGeometries();
+}
+
+void ORXFeatureTreeView::scrollContentsBy(int dx, int dy)
+{
+    QTreeView::scrollContentsBy(dx, dy);
+    // At once, so that no row is ever seen without its editor while scrolling; but not in the
+    // middle of a layout, which moves the scroll bar, too.
+    if (!m_bInGeometries)
+        m_editors.sync();
+    m_editors.schedule();
+}
+
+void ORXFeatureTreeView::showEvent(QShowEvent* event)
+{
+    QTreeView::showEvent(event);
+    m_editors.sync();
+    m_editors.schedule();
+}
+
+void ORXFeatureTreeView::hideEvent(QHideEvent* event)
+{
+    QTreeView::hideEvent(event);
+    m_editors.schedule();
+}
+
+void ORXFeatureTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end)
+{
+    for (int row = start; row <= end; ++row) {
+        if (ORXPropertyTreeItem* item =
+                ORXPropertyTreeModel::itemFromIndex(m_pModel->index(row, 0, parent)))
+            m_editors.closeBelow(item);
+    }
+    m_editors.rowsGo();
+    m_shownFeatures.rowsChanged();
+    QTreeView::rowsAboutToBeRemoved(parent, start, end);
+    m_editors.schedule();
+}
+
+// Focus and keys ----------------------------------------------------------------------------------
+
+bool ORXFeatureTreeView::focusNextPrevChild(bool next)
+{
+    return m_focus.focusNext(next) || QTreeView::focusNextPrevChild(next);
+}
+
+void ORXFeatureTreeView::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    m_focus.keepCurrentShown();
+}
+
+// A row that becomes the current one does not take the focus into its editor: the one before may
+// have gone from under the user's hands.
+bool ORXFeatureTreeView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    return trigger != CurrentChanged && QTreeView::edit(index, trigger, event);
+}
+
+// Rows are walked in the name column: a current value cell would give the focus to its editor.
+QModelIndex ORXFeatureTreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex from = currentIndex().siblingAtColumn(0);
+    const QModelIndex to = QTreeView::moveCursor(action, modifiers).siblingAtColumn(0);
+    const bool up =
+        action == MoveUp || action == MovePrevious || action == MoveEnd || action == MovePageDown;
+    return m_focus.passThin(from, to, action == MoveLeft ? 0 : up ? -1 : 1);
+}
+
+void ORXFeatureTreeView::keyboardSearch(const QString& search)
+{
+    const QPersistentModelIndex before = currentIndex();
+    QTreeView::keyboardSearch(search);
+    if (RowFocus::isThin(currentIndex()))
+        setCurrentIndex(before);
+}
+
+void ORXFeatureTreeView::keyPressEvent(QKeyEvent* event)
+{
+    // Keys that an editor left over are not for the rows, but for the way back to them.
+    if (!hasFocus()) {
+        event->setAccepted(event->key() == Qt::Key_Escape);
+        if (event->isAccepted())
+            setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    const bool up = event->key() == Qt::Key_Up;
+    const bool moves = up || event->key() == Qt::Key_Down;
+    const bool wantsEditor = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                             event->key() == Qt::Key_F2;
+    if ((moves && event->modifiers() == Qt::AltModifier &&
+         m_favoriteMoves.moveByOne(currentIndex(), up)) ||
+        (wantsEditor && m_focus.focusRow(currentIndex())))
+        event->accept();
+    else
+        QTreeView::keyPressEvent(event);
+}
+
+// Dragging ----------------------------------------------------------------------------------------
+
+bool ORXFeatureTreeView::showDropTarget(const QDropEvent* event)
+{
+    const bool allowed = m_favoriteMoves.showTarget(event);
+    const int margin = autoScrollMargin();
+    const QRect inner = viewport()->rect().adjusted(margin, margin, -margin, -margin);
+    if (hasAutoScroll() && !inner.contains(event->pos()))
+        startAutoScroll();
+    return allowed;
+}
+
+void ORXFeatureTreeView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (showDropTarget(event)) {
+        event->accept();
+        setState(DraggingState);
+    } else {
+        // Not refused for good: the pointer may still reach a favourite.
+        event->setAccepted(FavoriteMoves::carriesFavorite(event->mimeData()));
+    }
+}
+
+void ORXFeatureTreeView::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (showDropTarget(event)) {
+        event->accept();
+        setState(DraggingState);
+    } else {
+        event->ignore();
+    }
+}
+
+void ORXFeatureTreeView::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    QTreeView::dragLeaveEvent(event);
+    m_favoriteMoves.clearTarget();
+}
+
+void ORXFeatureTreeView::dropEvent(QDropEvent* event)
+{
+    stopAutoScroll();
+    setState(NoState);
+    m_favoriteMoves.clearTarget();
+    event->setAccepted(m_favoriteMoves.drop(event));
+    viewport()->update();
+}
+
+void ORXFeatureTreeView::startDrag(Qt::DropActions)
+{
+    m_favoriteMoves.drag(currentIndex(), viewOptions());
 }

@@ -4,12 +4,13 @@
 #include "model/IORXFeatureNotify.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustomQssHelper.h"
+#include "tree/FavoriteMoves.h"
+#include "tree/OpenEditors.h"
+#include "tree/RowFocus.h"
+#include "tree/RowVisibility.h"
 #include "tree/ShownFeatures.h"
 
-#include <QSet>
-#include <QTimer>
 #include <QTreeView>
-#include <QVector>
 
 #include <atomic>
 
@@ -25,14 +26,13 @@ class ORXPropertyTreeModel;
 // | item... (IORXFeatureNotify)      | GUI or reading; emits signals     | see the interface |
 // | everything else                  | GUI                               | none              |
 //
-// An editor closes before its row goes, for whatever reason. What is being typed in it is dropped,
-// and the focus comes to the view (see EditorFocus).
+// What it does is divided: OpenEditors (which editors are open), RowVisibility (which rows are
+// hidden), RowFocus (rows, editors and the keyboard), FavoriteMoves (dragging), ShownFeatures (what
+// the user has before him). The view passes Qt's events and the items' notifications on to them.
 //
 // With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
 // editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The
-// rows directly below the root are a line of one pixel, which is never the current row, nor is a
-// row whose picture stands elsewhere. The Menu key or Shift+F10 opens the row's menu, Alt+Up and
-// Alt+Down move a favourite.
+// Menu key or Shift+F10 opens the row's menu, Alt+Up and Alt+Down move a favourite.
 class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZELCustomQssHelper
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ public:
     void updateAllEditorData();
     // Forgets the rows; the items stay.
     void clearModelInfo();
-    // Ends a drag and closes all editors.
+    // Forgets where a dragged favourite would land.
     void clearDelegateInfo();
     void setIsCanEdit(bool canEdit);
     // Text in the middle of an empty view.
@@ -63,7 +63,7 @@ public:
 
     ORXPropertyTreeModel* treeModel() const { return m_pModel; }
     ORXPropertyTreeDelegate* treeDelegate() const { return m_pDelegate; }
-    ORXPropertyTreeItem* rootTreeItem() const { return m_pRootItem; }
+    ORXPropertyTreeItem* rootTreeItem() const;
     qint64 cameraID() const { return m_lCameraID; }
     // The editor of an item's value (or, column 0, name) cell; null when it is out of sight.
     QWidget* editorOf(ORXPropertyTreeItem* item, int column = 1) const;
@@ -121,56 +121,24 @@ protected:
 
 private:
     bool concerns(qint64 cameraId, ORXPropertyTreeItem* item) const;
-    void doParentItemVisible(ORXPropertyTreeItem* item, int changedRow);
-    bool setRowHiddenIfChanged(ORXPropertyTreeItem* item, bool hidden);
     void repaintItem(ORXPropertyTreeItem* item);
-    int visibleHeightBelow(ORXPropertyTreeItem* item) const;
-    void scheduleEditors();
-    void syncEditors();
+    void renewEditors(ORXPropertyTreeItem* item);
     void tellRowsInSight();
-    static bool hasEditor(const ORXPropertyTreeItem& item);
-    void openEditors(ORXPropertyTreeItem* item);
-    void closeEditors(ORXPropertyTreeItem* item);
-    void closeEditorsBelow(ORXPropertyTreeItem* item);
-    void closeEditorsOutOfSight();
-    void closeEditorsWithoutRow();
-    void dropEditors();
-    static bool isThin(const QModelIndex& index);
-    void keepCurrentShown();
-    bool moveFavorite(const QModelIndex& row, bool up);
-    QWidget* editorAround(QWidget* widget) const;
-    void onEditingEnded(QWidget* editor);
-    void onFocusChanged(QWidget* old, QWidget* now);
-    QModelIndex cellOfEditor(QWidget* widget) const;
-    QModelIndex firstCell(const QModelIndex& row) const;
-    QModelIndex nextCell(const QModelIndex& cell, bool next) const;
-    bool focusCell(const QModelIndex& cell, Qt::FocusReason reason);
-    bool canIndexDrop(const QModelIndex& target, const QMimeData* mime) const;
-    ORXPropertyTreeItem* lastFavorite() const;
     bool showDropTarget(const QDropEvent* event);
-    void clearDropTarget();
-    QPixmap dragPicture(const QModelIndex& index);
 
-    IORXFeatureWidget* m_pPage; // Not owned.
-    ORXPropertyTreeItem::ParentType m_pageType;
+    IORXFeatureWidget* m_pPage;                  // Not owned.
     std::atomic<bool> m_bForbiddenUpdate{false}; // read by the notifying threads
     bool m_bDisableScroll = false;
-    bool m_bDropShown = false;
-    bool m_bSyncing = false;
     bool m_bInGeometries = false;
-    bool m_bRowsChanged = true;         // since m_shownFeatures were collected
     bool m_bDirectNotification = false; // the running notification came on this thread
     qint64 m_lCameraID = -1;
-    ORXPropertyTreeModel* m_pModel;             // Owned (child).
-    ORXPropertyTreeDelegate* m_pDelegate;       // Owned (child).
-    ORXPropertyTreeItem* m_pRootItem = nullptr; // Not owned.
-    QVector<ORXPropertyTreeItem*> m_inSight;    // Rows from top to bottom. Not owned.
-    QSet<ORXPropertyTreeItem*> m_openEditors;   // Items whose editors are open. Not owned.
+    ORXPropertyTreeModel* m_pModel;       // Owned (child).
+    ORXPropertyTreeDelegate* m_pDelegate; // Owned (child).
+    OpenEditors m_editors;
+    RowVisibility m_rows;
+    RowFocus m_focus;
+    FavoriteMoves m_favoriteMoves;
     ShownFeatures m_shownFeatures;
     QStringList m_toldInSight;
-    QTimer m_editorTimer;
     QString m_strPlaceholder;
 };
-
-// Deselects the text of an editor that shows one, and brings its start into sight.
-void showEditorTextStart(QWidget* editor);

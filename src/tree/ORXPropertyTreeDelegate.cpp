@@ -5,104 +5,40 @@
 #include "model/CTreeItemValue.h"
 #include "model/ItemStateLock.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "styledctl/ZELCustomCheckBox.h"
-#include "styledctl/ZELCustomComboBox.h"
-#include "styledctl/ZELCustomPushButton.h"
 #include "tree/EditorFillGuard.h"
 #include "tree/EditorFocus.h"
-#include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
+#include "tree/editors/EditorKind.h"
+#include "tree/editors/EditorKinds.h"
 
+#include <QAbstractItemView>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-
-#include <array>
-#include <map>
 
 namespace {
 
 constexpr int kCommandTimerMs = 150;
 const QLatin1Char kUnpublished('!');
 
-struct ExternalEditor
-{
-    ORXPropertyTreeDelegate::ExternalCreator create;
-    ORXPropertyTreeDelegate::ExternalFiller fill;
-};
+constexpr int kEditorLeft = 5;
+constexpr int kEditorRight = 10;
+constexpr int kEditorHeight = 32;
+constexpr int kNameEditorShift = 18;
+constexpr int kWideEditorLeft = 20;
+constexpr int kDrawRowHeight = 1; // its picture stands outside the rows
+constexpr int kGroupRowHeight = 1;
 
-std::map<FeatureTag, ExternalEditor>& externalEditors()
+// The slot that takes what the signal tells.
+QMetaMethod commitSlot(const QMetaMethod& signal)
 {
-    static std::map<FeatureTag, ExternalEditor> editors;
-    return editors;
+    const QMetaObject& type = ORXPropertyTreeDelegate::staticMetaObject;
+    const bool tellsState = signal.parameterTypes() == QList<QByteArray>{"int"};
+    return type.method(
+        type.indexOfSlot(tellsState ? "on_CommitData_Combox(int)" : "on_CommitData()"));
 }
 
 } // namespace
-
-const ORXPropertyTreeDelegate::EditorRow& ORXPropertyTreeDelegate::editorRow(FeatureTag tag)
-{
-    using D = ORXPropertyTreeDelegate;
-    static const EditorRow kNone;
-    static const EditorRow kInteger = {&D::createIntegerEditor, &D::setIntegerEditorData,
-                                       &D::readInteger};
-    static const EditorRow kText = {&D::createStringEditor, &D::setStringEditorData,
-                                    &D::readLineEdit};
-    static const EditorRow kFloat = {&D::createFloatEditor, &D::setFloatEditorData,
-                                     &D::readLineEdit};
-    static const EditorRow kTwoBoxes = {&D::createCustomWaterMarkEditor,
-                                        &D::setCustomWaterMarkEditorData, &D::readCheckBox, true};
-    // In the order of FeatureTag.
-    static const std::array<EditorRow, kFeatureTagCount> kRows = {
-        kNone,                                                                        // Category
-        EditorRow{&D::createBoolEditor, &D::setBoolEditorData, &D::readCheckBox},     // Boolean
-        EditorRow{&D::createCommandEditor, &D::setCommandEditorData, &D::readButton}, // Command
-        kInteger,                                                                     // Integer
-        kInteger,                                                                     // IntReg
-        EditorRow{&D::createEnumationEditor, &D::setEnumationEditorData,
-                  &D::readComboBox},                                                 // Enumeration
-        kFloat,                                                                      // Float
-        kFloat,                                                                      // Converter
-        kText,                                                                       // StringReg
-        kText,                                                                       // String
-        EditorRow{&D::createCustomDrawEditor, &D::setCustomDrawEditorData, nullptr}, // Draw
-        kTwoBoxes,                                                                   // Watermark
-        kTwoBoxes,                                                                   // Event
-        EditorRow{&D::createCustomCCMEditor, &D::setCustomCCMEditorData, nullptr, true}, // CCM
-        EditorRow{&D::createCustomPalettesModeEditor, &D::setCustomPalettesModeEditorData,
-                  &D::readComboBox}, // PalettesMode
-        EditorRow{&D::createCustomFFCorrectionEditor, &D::setCustomFFCorrectionEditorData,
-                  &D::readButton, true}, // FlatFieldCorrection
-        kNone,                           // Other
-    };
-    return kRows[static_cast<std::size_t>(tag)];
-}
-
-bool ORXPropertyTreeDelegate::hasEditor(FeatureTag tag)
-{
-    const Create create = editorRow(tag).create;
-    return create && create != &ORXPropertyTreeDelegate::createCustomDrawEditor;
-}
-
-void ORXPropertyTreeDelegate::registerExternalEditor(FeatureTag tag, const ExternalCreator& create,
-                                                     const ExternalFiller& fill)
-{
-    externalEditors()[tag] = {create, fill};
-}
-
-QWidget* ORXPropertyTreeDelegate::createCustomCCMEditor(QWidget* parent, const Cell& cell) const
-{
-    const auto found = externalEditors().find(cell.item->tag());
-    return found == externalEditors().end() ? nullptr : found->second.create(parent, cell.item);
-}
-
-void ORXPropertyTreeDelegate::setCustomCCMEditorData(QWidget* editor, const Cell& cell) const
-{
-    // Before the filler, which may disable the editor for reasons of its own.
-    editor->setEnabled(isUsable(*cell.item));
-    const auto found = externalEditors().find(cell.item->tag());
-    if (found != externalEditors().end() && found->second.fill)
-        found->second.fill(editor, cell.item);
-}
 
 ORXPropertyTreeDelegate::ORXPropertyTreeDelegate(ORXPropertyTreeItem::ParentType type,
                                                  QObject* parent)
@@ -115,7 +51,6 @@ ORXPropertyTreeDelegate::ORXPropertyTreeDelegate(ORXPropertyTreeItem::ParentType
 ORXPropertyTreeDelegate::~ORXPropertyTreeDelegate()
 {
     m_bDestroying = true;
-    clearInfo();
 }
 
 void ORXPropertyTreeDelegate::setIsCanEdit(bool canEdit)
@@ -123,49 +58,64 @@ void ORXPropertyTreeDelegate::setIsCanEdit(bool canEdit)
     m_bCanEdit = canEdit;
 }
 
-void ORXPropertyTreeDelegate::setCurMoveItem(ORXPropertyTreeItem* item, bool below)
+void ORXPropertyTreeDelegate::setCurMoveItem(const ORXPropertyTreeItem* item, bool below)
 {
-    m_pCurMoveItem = item;
-    m_bMoveBelow = below;
+    m_rowPainter.setDropLine(item, below);
 }
 
 void ORXPropertyTreeDelegate::clearInfo()
 {
-    m_nInfo = 0;
+    setCurMoveItem(nullptr);
 }
 
-// The page type 4 stands for pages with the roomier editors; no page of the library has it.
-bool ORXPropertyTreeDelegate::alternativeStyle() const
+// Editors -----------------------------------------------------------------------------------------
+
+bool ORXPropertyTreeDelegate::hasEditor(FeatureTag tag)
 {
-    constexpr int kRoomierPage = 4;
-    return static_cast<int>(m_pageType) == kRoomierPage;
+    return EditorKinds::of(tag);
+}
+
+const EditorKind* ORXPropertyTreeDelegate::kindOf(const ORXPropertyTreeItem* item)
+{
+    return item && item->value() ? EditorKinds::of(item->tag()) : nullptr;
+}
+
+bool ORXPropertyTreeDelegate::isUsable(const ORXPropertyTreeItem& item) const
+{
+    const EditorKind* kind = kindOf(&item);
+    return m_bCanEdit && kind && item.wasRead() && item.value()->enabled() &&
+           (!item.readOnly() || !kind->followsReadOnly());
 }
 
 QWidget* ORXPropertyTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                                const QModelIndex& index) const
 {
     ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
-    if (!item || !item->value())
+    const EditorKind* kind = kindOf(item);
+    QWidget* editor =
+        kind ? kind->create(parent, {item, index.column(), m_pageType, isUsable(*item)}) : nullptr;
+    const QMetaMethod signal = editor ? kind->commitSignal(*editor) : QMetaMethod();
+    if (signal.isValid() && !connect(editor, signal, this, commitSlot(signal))) {
+        delete editor;
         return nullptr;
-    const Create create = editorRow(item->tag()).create;
-    return create ? (this->*create)(parent, {item, index.column()}) : nullptr;
+    }
+    return editor;
 }
 
 void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
     ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
-    if (!editor || !item || !item->value())
+    const EditorKind* kind = kindOf(item);
+    if (!editor || !kind)
         return;
-    const Fill fill = editorRow(item->tag()).fill;
-    if (!fill)
-        return;
-    const EditorFillGuard guard(editor, this);
+    const QMetaMethod signal = kind->commitSignal(*editor);
+    const EditorFillGuard guard(editor, signal, this, commitSlot(signal));
     noteShownState(item);
-    const Cell cell = {item, index.column()};
+    const EditorCell cell = {item, index.column(), m_pageType, isUsable(*item)};
     const bool focused = EditorFocus::isInside(editor);
-    if (!isUsable(*item))
+    if (!cell.usable)
         EditorFocus::drop(editor);
-    (this->*fill)(editor, cell);
+    kind->fill(editor, cell);
     // A part of it was disabled that had the focus.
     if (focused && !editor->window()->focusWidget())
         editor->parentWidget()->setFocus(Qt::OtherFocusReason);
@@ -183,26 +133,20 @@ void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
     value->exchangeStatus(kUnpublished + published);
 }
 
-bool ORXPropertyTreeDelegate::isUsable(const ORXPropertyTreeItem& item) const
-{
-    return m_bCanEdit && item.value() && item.wasRead() && item.value()->enabled() &&
-           hasEditor(item.tag()) && (!item.readOnly() || editorRow(item.tag()).whenReadOnly);
-}
-
 void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                            const QModelIndex& index) const
 {
     ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
-    if (!m_bCommitting || !editor || !model || !index.isValid() || !item)
+    const EditorKind* kind = kindOf(item);
+    if (!m_bCommitting || !editor || !model || !index.isValid() || !kind)
         return;
     // Its row is about to go.
     if (!item->visible())
         return;
-    // The tool behind the flat-field button works whatever the camera allows to write.
-    if (item->readOnly() && item->tag() != FeatureTag::FlatFieldCorrection)
+    if (item->readOnly() && !kind->writesReadOnly())
         return;
-    const Read read = editorRow(item->tag()).read;
-    const Edited edited = read ? (this->*read)(editor, {item, index.column()}) : Edited();
+    const EditedValue edited =
+        kind->read(editor, {item, index.column(), m_pageType, isUsable(*item)});
     if (!edited.write)
         return;
     model->setData(index, edited.value, Qt::EditRole);
@@ -239,23 +183,6 @@ void ORXPropertyTreeDelegate::on_CommandTimeout()
     m_commandTimer.stop();
 }
 
-bool ORXPropertyTreeDelegate::connectCommit(QWidget* editor) const
-{
-    using D = ORXPropertyTreeDelegate;
-    if (auto* lineEdit = qobject_cast<QPropertyLineEdit*>(editor))
-        return connect(lineEdit, &QLineEdit::editingFinished, this, &D::on_CommitData);
-    if (auto* spinBox = qobject_cast<ORXPropertySpinBox*>(editor))
-        return connect(spinBox, &ZELCustomSpinBox64::valueChanged, this, &D::on_CommitData);
-    if (auto* button = qobject_cast<ZELCustomPushButton*>(editor))
-        return connect(button, &QPushButton::clicked, this, &D::on_CommitData);
-    if (auto* checkBox = qobject_cast<ZELCustomCheckBox*>(editor))
-        return connect(checkBox, &QCheckBox::stateChanged, this, &D::on_CommitData_Combox);
-    if (auto* comboBox = qobject_cast<ZELCustomComboBox*>(editor))
-        return connect(comboBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-                       &D::on_CommitData_Combox);
-    return false;
-}
-
 // Editors stay open whatever key is pressed; Escape takes back what was typed.
 bool ORXPropertyTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 {
@@ -269,4 +196,69 @@ bool ORXPropertyTreeDelegate::eventFilter(QObject* watched, QEvent* event)
         return false;
     lineEdit->Rollback();
     return true;
+}
+
+// Rows --------------------------------------------------------------------------------------------
+
+void ORXPropertyTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    // Groups directly below the root are named by the side column; what is drawn stands elsewhere.
+    if (!item || !index.parent().isValid() || item->tag() == FeatureTag::Draw)
+        return;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    m_rowPainter.paint(painter, cell, *item, index.column());
+}
+
+QSize ORXPropertyTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const
+{
+    // A view that lays itself out wants heights only, and says so by a width of -1. Measuring the
+    // texts would be the greater part of its time.
+    const bool measuresText = option.rect.width() >= 0;
+    QSize size = measuresText ? QStyledItemDelegate::sizeHint(option, index) : QSize(0, 0);
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    if (!index.parent().isValid())
+        size.setHeight(kGroupRowHeight);
+    else if (item && item->tag() == FeatureTag::CCM)
+        size.setHeight(kMatrixRowHeight);
+    else if (item && item->tag() == FeatureTag::Draw)
+        size.setHeight(kDrawRowHeight);
+    else
+        size.setHeight(kRowHeight);
+    return size;
+}
+
+void ORXPropertyTreeDelegate::updateEditorGeometry(QWidget* editor,
+                                                   const QStyleOptionViewItem& option,
+                                                   const QModelIndex& index) const
+{
+    const EditorKind* kind = kindOf(ORXPropertyTreeModel::itemFromIndex(index));
+    if (!kind)
+        return;
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    if (index.column() == 0) {
+        cell.rect.setLeft(cell.rect.left() - kNameEditorShift);
+        editor->setGeometry(cell.rect);
+        return;
+    }
+    cell.rect.adjust(kEditorLeft, 0, -kEditorRight, 0);
+    // The value column has no text of its own; its text rectangle is the whole cell.
+    cell.features |= QStyleOptionViewItem::HasDisplay;
+    QRect rect = RowPainter::styleOf(option)->subElementRect(QStyle::SE_ItemViewItemText, &cell,
+                                                             option.widget);
+    if (!kind->fillsHeight()) {
+        // Editors of a fixed, smaller size (check boxes) are centred by their own height.
+        const int height = qMin(kEditorHeight, editor->maximumHeight());
+        rect.setTop(rect.top() + (rect.height() - (height - 1)) / 2);
+        rect.setBottom(rect.top() + height - 1);
+    }
+    if (editor->sizeHint().width() > rect.width())
+        rect.setWidth(cell.rect.width());
+    if (kind->beginsAtName())
+        rect.setLeft(kWideEditorLeft);
+    editor->setGeometry(rect);
 }

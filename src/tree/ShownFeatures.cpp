@@ -47,8 +47,13 @@ int ShownFeatures::position(const ORXPropertyTreeItem* item) const
     return -1;
 }
 
-QStringList ShownFeatures::namesFrom(const QVector<ORXPropertyTreeItem*>& inSight) const
+QStringList ShownFeatures::namesFrom(const QTreeView& view, const ORXPropertyTreeModel& model,
+                                     const QVector<ORXPropertyTreeItem*>& inSight)
 {
+    // Scrolling only shifts where the list begins.
+    if (m_bRowsChanged)
+        collect(view, model);
+    m_bRowsChanged = false;
     int first = -1;
     for (int i = 0; i < inSight.size() && first < 0; ++i)
         first = position(inSight.at(i));

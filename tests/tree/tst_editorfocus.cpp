@@ -7,8 +7,8 @@
 #include "tree/EditorFocus.h"
 #include "tree/EditorTest.h"
 #include "tree/ORXPropertySpinBox.h"
-#include "tree/ORXPropertyTreeDelegate.h"
 #include "tree/QPropertyLineEdit.h"
+#include "tree/editors/ExternalEditor.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -32,7 +32,7 @@ protected:
     {
         EditorTest::prepare();
         // An editor of several widgets that writes by itself.
-        ORXPropertyTreeDelegate::registerExternalEditor(
+        ExternalEditor::registerEditor(
             FeatureTag::CCM,
             [this](QWidget* parent, Item* item) {
                 auto* matrix = new QWidget(parent);
@@ -49,7 +49,7 @@ protected:
     }
     void finish() override
     {
-        ORXPropertyTreeDelegate::registerExternalEditor(FeatureTag::CCM, nullptr, nullptr);
+        ExternalEditor::registerEditor(FeatureTag::CCM, nullptr, nullptr);
         EditorTest::finish();
     }
 

@@ -15,6 +15,8 @@
 #include "support/TestMain.h"
 #include "tree/FeatureWriter.h"
 #include "tree/ORXPropertyTreeDelegate.h"
+#include "tree/editors/EditorKinds.h"
+#include "tree/editors/ExternalEditor.h"
 
 #include <QLabel>
 
@@ -87,7 +89,7 @@ private slots:
         const TagRow& expected = kRows[row];
         const auto tag = static_cast<FeatureTag>(row);
         ApplicationSetup::runOnce();
-        ORXPropertyTreeDelegate::registerExternalEditor(
+        ExternalEditor::registerEditor(
             FeatureTag::CCM,
             [](QWidget* parent, ORXPropertyTreeItem*) { return new QLabel(parent); }, {});
 
@@ -108,6 +110,11 @@ private slots:
             delegate.createEditor(&parent, {}, model.indexFromItem(item, 1)));
         QCOMPARE(editor ? editor->metaObject()->className() : "", expected.editor);
         QCOMPARE(ORXPropertyTreeDelegate::hasEditor(tag), *expected.editor != '\0');
+        // Each editor of ours says when the user acted on it.
+        if (editor)
+            QCOMPARE(EditorKinds::of(tag)->commitSignal(*editor).isValid(), tag != FeatureTag::CCM);
+        else
+            QVERIFY(!EditorKinds::of(tag));
     }
 };
 

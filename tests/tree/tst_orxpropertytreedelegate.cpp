@@ -11,6 +11,7 @@
 #include "tree/EditorTest.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 #include "tree/QPropertyLineEdit.h"
+#include "tree/editors/ExternalEditor.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -260,7 +261,7 @@ private slots:
 
     void externalEditorIsFilled()
     {
-        ORXPropertyTreeDelegate::registerExternalEditor(
+        ExternalEditor::registerEditor(
             FeatureTag::CCM, [](QWidget* parent, Item*) { return new QLabel(parent); },
             [](QWidget* label, Item* matrix) {
                 qobject_cast<QLabel*>(label)->setText(matrix->value()->displayName());

@@ -7,9 +7,10 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
-#include "tree/ORXFeatureTree.h"
+#include "tree/IFeatureItems.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include <QCoreApplication>
 #include <QMenu>
 #include <QSet>
 
@@ -64,10 +65,12 @@ void removeFromList(const QString& name)
 
 } // namespace
 
-FeatureFavorites::FeatureFavorites(ORXFeatureTree* tree)
-    : QObject(tree)
-    , m_pTree(tree)
-    , m_pMenu(new QMenu(tree))
+FeatureFavorites::FeatureFavorites(ORXFeatureTreeView* view, const IFeatureItems& items,
+                                   QWidget* parent)
+    : QObject(parent)
+    , m_pView(view)
+    , m_features(items)
+    , m_pMenu(new QMenu(parent))
     , m_pAdd(m_pMenu->addAction(QString()))
     , m_pRemove(m_pMenu->addAction(QString()))
     , m_pRemoveAll(m_pMenu->addAction(QString()))
@@ -86,14 +89,14 @@ bool FeatureFavorites::IsFavoritesItem(const QString& name)
 
 void FeatureFavorites::retranslate()
 {
-    m_pAdd->setText(ORXFeatureTree::tr("Add to Favorites"));
-    m_pRemove->setText(ORXFeatureTree::tr("Remove from Favorites"));
-    m_pRemoveAll->setText(ORXFeatureTree::tr("Remove All"));
+    m_pAdd->setText(QCoreApplication::translate("ORXFeatureTree", "Add to Favorites"));
+    m_pRemove->setText(QCoreApplication::translate("ORXFeatureTree", "Remove from Favorites"));
+    m_pRemoveAll->setText(QCoreApplication::translate("ORXFeatureTree", "Remove All"));
 }
 
 QMenu* FeatureFavorites::menuAt(const QPoint& position)
 {
-    return menuFor(ORXPropertyTreeModel::itemFromIndex(m_pTree->treeView()->indexAt(position)));
+    return menuFor(ORXPropertyTreeModel::itemFromIndex(m_pView->indexAt(position)));
 }
 
 QMenu* FeatureFavorites::menuFor(ORXPropertyTreeItem* item)
@@ -122,7 +125,7 @@ ORXPropertyTreeItem* FeatureFavorites::contextItem() const
 
 ORXPropertyTreeItem* FeatureFavorites::group() const
 {
-    ORXPropertyTreeItem* root = m_pTree->rootItem();
+    ORXPropertyTreeItem* root = m_pView->rootTreeItem();
     return root ? root->child(0) : nullptr;
 }
 
@@ -133,7 +136,7 @@ void FeatureFavorites::addContextItem()
         return;
     addFavoriteItem(item);
     favorites().append(favoriteOf(*item));
-    m_pTree->notifyFavoriteFeatureChange();
+    emit SigListChanged();
 }
 
 void FeatureFavorites::removeContextItem()
@@ -143,7 +146,7 @@ void FeatureFavorites::removeContextItem()
         return;
     removeFromList(item->value()->nodeName(0));
     removeFavoriteItem(item);
-    m_pTree->notifyFavoriteFeatureChange();
+    emit SigListChanged();
 }
 
 void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
@@ -151,7 +154,6 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
     ORXPropertyTreeItem* favoritesGroup = group();
     if (!item || !item->value() || !favoritesGroup || m_items.contains(item->value()->nodeName(0)))
         return;
-    ORXFeatureTreeView* view = m_pTree->treeView();
     auto* favorite = new ORXPropertyTreeItem(nullptr, ORXPropertyTreeItem::FeatureTreePage);
     {
         // Nothing that a reading thread publishes falls between the copy and the link.
@@ -160,18 +162,18 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
         favorite->setVisible(true, -1);
         item->setMappingItem(favorite);
     }
-    favorite->registerView(view);
+    favorite->registerView(m_pView);
     favorite->setItemType(ORXPropertyTreeItem::FavoriteItem);
     m_items.insert(item->value()->nodeName(0), favorite);
 
-    view->treeModel()->addItems(favoritesGroup, {favorite});
-    view->openPersistentEdit(favorite, false);
-    favorite->setVisible(item->visible(), m_pTree->cameraID());
-    favorite->setGroupVisible(favoritesGroup->groupVisible(), m_pTree->cameraID());
-    favoritesGroup->setExpanded(true, m_pTree->cameraID());
+    m_pView->treeModel()->addItems(favoritesGroup, {favorite});
+    m_pView->openPersistentEdit(favorite, false);
+    favorite->setVisible(item->visible(), m_pView->cameraID());
+    favorite->setGroupVisible(favoritesGroup->groupVisible(), m_pView->cameraID());
+    favoritesGroup->setExpanded(true, m_pView->cameraID());
     // The row appears by the running search and the shown group, and its group with it.
-    view->updateRowsVisible(favorite, false);
-    favorite->setSearchText(item->searchText(), m_pTree->cameraID());
+    m_pView->updateRowsVisible(favorite, false);
+    favorite->setSearchText(item->searchText(), m_pView->cameraID());
 }
 
 void FeatureFavorites::removeFavoriteItem(ORXPropertyTreeItem* favorite)
@@ -184,7 +186,7 @@ void FeatureFavorites::removeFavoriteItem(ORXPropertyTreeItem* favorite)
     if (shown == m_items.end() || *shown != favorite)
         return;
     m_items.erase(shown);
-    m_pTree->treeView()->treeModel()->removeItems(favoritesGroup, favorite);
+    m_pView->treeModel()->removeItems(favoritesGroup, favorite);
     // Ends the link to the feature's own item, too.
     delete favorite;
 }
@@ -196,8 +198,15 @@ void FeatureFavorites::removeAllFavoriteItems()
         return;
     m_items.clear();
     const QVector<ORXPropertyTreeItem*> children = favoritesGroup->children();
-    m_pTree->treeView()->treeModel()->removeItems(favoritesGroup, nullptr);
+    m_pView->treeModel()->removeItems(favoritesGroup, nullptr);
     qDeleteAll(children);
+}
+
+void FeatureFavorites::clearFavorites()
+{
+    favorites().clear();
+    removeAllFavoriteItems();
+    emit SigListChanged();
 }
 
 void FeatureFavorites::GenerateFavoritesItems()
@@ -205,7 +214,7 @@ void FeatureFavorites::GenerateFavoritesItems()
     removeAllFavoriteItems();
     const QList<FavoriteFeature> list = favorites();
     for (const FavoriteFeature& favorite : list) {
-        if (ORXPropertyTreeItem* item = m_pTree->propertyItemByName(favorite.first))
+        if (ORXPropertyTreeItem* item = m_features.propertyItemByName(favorite.first))
             addFavoriteItem(item);
     }
 }
@@ -222,7 +231,7 @@ void FeatureFavorites::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTr
     // The moved favourite also stays at the end of the list; the group shows each name once.
     favorites().append(pair);
     orderItem(pair.first);
-    m_pTree->notifyFavoriteFeatureChange();
+    emit SigListChanged();
 }
 
 // Moves the row to where the list has the name. All others stand in order, and what is being typed
@@ -237,7 +246,7 @@ void FeatureFavorites::orderItem(const QString& name)
         if (m_items.contains(favorite.first))
             before.insert(favorite.first);
     }
-    m_pTree->treeView()->treeModel()->moveItem(m_items.value(name, nullptr), before.size());
+    m_pView->treeModel()->moveItem(m_items.value(name, nullptr), before.size());
 }
 
 void FeatureFavorites::forgetItems()

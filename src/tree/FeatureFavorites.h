@@ -6,19 +6,22 @@
 #include <QPoint>
 #include <QString>
 
-class ORXFeatureTree;
+class IFeatureItems;
+class ORXFeatureTreeView;
 class ORXPropertyTreeItem;
 class QAction;
 class QMenu;
+class QWidget;
 
 // The favourites group at the top of a tree and its context menu. The list of favourites itself is
-// the process's (OBDeviceControl); each tree shows those that its camera has. Owned by its tree;
-// GUI thread.
+// the process's (OBDeviceControl); each tree shows those that its camera has. GUI thread.
 class FeatureFavorites : public QObject
 {
     Q_OBJECT
 public:
-    explicit FeatureFavorites(ORXFeatureTree* tree);
+    // Shows the favourites of `items` in the view, whose root's first child is their group.
+    // `parent` owns it; view and items outlive its last operation.
+    FeatureFavorites(ORXFeatureTreeView* view, const IFeatureItems& items, QWidget* parent);
     ~FeatureFavorites() override;
 
     static bool IsFavoritesItem(const QString& name);
@@ -31,6 +34,8 @@ public:
     void addFavoriteItem(ORXPropertyTreeItem* item);
     void removeFavoriteItem(ORXPropertyTreeItem* favorite);
     void removeAllFavoriteItems();
+    // Empties the list, too.
+    void clearFavorites();
     // Rebuilds the group from the list.
     void GenerateFavoritesItems();
     // Moves a favourite before `target`; to the end without one.
@@ -45,11 +50,16 @@ public:
     void addContextItem();
     void removeContextItem();
 
+signals:
+    // The user has changed the list.
+    void SigListChanged();
+
 private:
     ORXPropertyTreeItem* group() const;
     void orderItem(const QString& name);
 
-    ORXFeatureTree* m_pTree;                       // Not owned.
+    ORXFeatureTreeView* m_pView;                   // Not owned.
+    const IFeatureItems& m_features;               // Not owned.
     QMap<QString, ORXPropertyTreeItem*> m_items;   // Feature name to its copy. Owned by the group.
     ORXPropertyTreeItem* m_pContextItem = nullptr; // Not owned.
     QMenu* m_pMenu;                                // Owned.

@@ -41,7 +41,7 @@ void triggerSoftware()
 
 ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     : IORXFeatureWidget(ORXPropertyTreeItem::FeatureTreePage, parent)
-    , m_pFavorites(new FeatureFavorites(this))
+    , m_pFavorites(new FeatureFavorites(treeView(), *this, this))
     , m_pDescription(new QTextEdit(this))
     , m_pPartialThread(new QGetFeaturesThread(this, this))
     , m_pFullThread(new QGetFeaturesThread(this, this))
@@ -112,6 +112,9 @@ void ORXFeatureTree::connectSignals()
             &Tree::OnChangeItem);
     connect(treeView(), &QWidget::customContextMenuRequested, this,
             &Tree::OnTreeFeaturesCustomContextMenuRequested);
+    connect(treeView(), &ORXFeatureTreeView::SigFavoriteMoved, this, &Tree::moveFavorteItem);
+    connect(m_pFavorites, &FeatureFavorites::SigListChanged, this,
+            &Tree::notifyFavoriteFeatureChange);
     connect(m_pFavorites->addAction(), &QAction::triggered, this, &Tree::OnActionFavoriteAdd);
     connect(m_pFavorites->removeAction(), &QAction::triggered, this, &Tree::OnActionFavoriteRemove);
     connect(m_pFavorites->removeAllAction(), &QAction::triggered, this,
@@ -336,9 +339,7 @@ void ORXFeatureTree::OnActionFavoriteRemove()
 
 void ORXFeatureTree::OnActionFavoriteRemoveAll()
 {
-    OBDeviceControl::GetFavoritesFeatureMap()->clear();
-    m_pFavorites->removeAllFavoriteItems();
-    notifyFavoriteFeatureChange();
+    m_pFavorites->clearFavorites();
 }
 
 void ORXFeatureTree::addFavoriteItem(ORXPropertyTreeItem* item)

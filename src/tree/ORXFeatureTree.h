@@ -8,6 +8,7 @@
 #include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
+#include "tree/IFeatureItems.h"
 #include "tree/IORXFeatureWidget.h"
 
 #include <QPointer>
@@ -30,7 +31,10 @@ class ZELCustomMessageBox;
 // |-----------------------------------------------|---------|---------------------|
 // | GetFeatureMutex, EmitPollingFeatureChanged    | any     | none                |
 // | everything else                               | GUI     | none                |
-class ORXFeatureTree : public IORXFeatureWidget, public IORXListen, public IFeatureReadingOwner
+class ORXFeatureTree : public IORXFeatureWidget,
+                       public IORXListen,
+                       public IFeatureReadingOwner,
+                       public IFeatureItems
 {
     Q_OBJECT
 public:
@@ -46,7 +50,7 @@ public:
     // Items ---------------------------------------------------------------------------------------
     ORXPropertyTreeItem* rootItem() { return getRootItem(-1, false); }
     const QMap<QString, ORXPropertyTreeItem*>& AllTreeItemsMap() const;
-    ORXPropertyTreeItem* propertyItemByName(const QString& name) const;
+    ORXPropertyTreeItem* propertyItemByName(const QString& name) const override;
     const FeatureDescriptionIndex& descriptionIndex() const { return m_index; }
     QList<QString> GetFeatureInvalidatorList(const QString& name) const
     {

@@ -7,7 +7,7 @@
 #include "styledctl/ZELTouchScrolling.h"
 #include "tree/ContextMenuKey.h"
 #include "tree/EditorFocus.h"
-#include "tree/IORXFeatureWidget.h"
+#include "tree/IFeatureViewPage.h"
 #include "tree/ORXFeatureScrollBar.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
@@ -21,9 +21,9 @@
 #include <QThread>
 #include <QWheelEvent>
 
-ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
-                                       IORXFeatureWidget* page)
-    : QTreeView(page)
+ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IFeatureViewPage* page,
+                                       QWidget* parent)
+    : QTreeView(parent)
     , ZELCustomQssHelper(this)
     , m_pPage(page)
     , m_pageType(type)

@@ -13,7 +13,7 @@
 
 #include <atomic>
 
-class IORXFeatureWidget;
+class IFeatureViewPage;
 class ORXPropertyTreeDelegate;
 class ORXPropertyTreeModel;
 
@@ -37,7 +37,8 @@ class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZE
 {
     Q_OBJECT
 public:
-    ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IORXFeatureWidget* page);
+    ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IFeatureViewPage* page,
+                       QWidget* parent);
     ~ORXFeatureTreeView() override;
 
     void resetData(qint64 cameraId, ORXPropertyTreeItem* root);
@@ -82,6 +83,8 @@ signals:
     // The features that the user has before him, when they changed: those in sight from top to
     // bottom, then what the view shows below, then above them. Empty when the view is hidden.
     void SigRowsInSight(const QStringList& names);
+    // The user has moved a favourite before `target`, or to the end without one.
+    void SigFavoriteMoved(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target);
 
 public slots:
     void onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* item, bool visible);
@@ -151,7 +154,7 @@ private:
     void clearDropTarget();
     QPixmap dragPicture(const QModelIndex& index);
 
-    IORXFeatureWidget* m_pPage; // Not owned.
+    IFeatureViewPage* m_pPage; // Not owned.
     ORXPropertyTreeItem::ParentType m_pageType;
     std::atomic<bool> m_bForbiddenUpdate{false}; // read by the notifying threads
     bool m_bDisableScroll = false;

@@ -4,8 +4,6 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomCheckBox.h"
 #include "styledctl/ZELCustomComboBox.h"
-#include "tree/IORXFeatureWidget.h"
-#include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
@@ -119,10 +117,9 @@ void ORXFeatureTreeView::dropEvent(QDropEvent* event)
     clearDropTarget();
     const QModelIndex index = indexAt(event->pos());
     ORXPropertyTreeItem* moved = movedItem(event->mimeData());
-    auto* tree = dynamic_cast<ORXFeatureTree*>(m_pPage);
-    if (moved && tree && canIndexDrop(index, event->mimeData())) {
+    if (moved && canIndexDrop(index, event->mimeData())) {
         event->accept();
-        tree->moveFavorteItem(moved, ORXPropertyTreeModel::itemFromIndex(index));
+        emit SigFavoriteMoved(moved, ORXPropertyTreeModel::itemFromIndex(index));
     } else {
         event->ignore();
     }
@@ -133,8 +130,7 @@ void ORXFeatureTreeView::dropEvent(QDropEvent* event)
 bool ORXFeatureTreeView::moveFavorite(const QModelIndex& row, bool up)
 {
     ORXPropertyTreeItem* moved = ORXPropertyTreeModel::itemFromIndex(row);
-    auto* tree = dynamic_cast<ORXFeatureTree*>(m_pPage);
-    if (!tree || !moved || moved->itemType() != ORXPropertyTreeItem::FavoriteItem)
+    if (!moved || moved->itemType() != ORXPropertyTreeItem::FavoriteItem)
         return false;
     const auto sibling = [&](const QModelIndex& from, int step) {
         QModelIndex next = from;
@@ -146,7 +142,7 @@ bool ORXFeatureTreeView::moveFavorite(const QModelIndex& row, bool up)
     const QModelIndex passed = sibling(row.siblingAtColumn(0), up ? -1 : 1);
     if (!passed.isValid())
         return true;
-    tree->moveFavorteItem(moved,
+    emit SigFavoriteMoved(moved,
                           ORXPropertyTreeModel::itemFromIndex(up ? passed : sibling(passed, 1)));
     scrollTo(currentIndex());
     return true;

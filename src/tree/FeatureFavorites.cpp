@@ -94,15 +94,22 @@ void FeatureFavorites::retranslate()
     m_pRemoveAll->setText(QCoreApplication::translate("ORXFeatureTree", "Remove All"));
 }
 
-QMenu* FeatureFavorites::menuAt(const QPoint& position)
+void FeatureFavorites::showMenu(const QPoint& position)
 {
-    return menuFor(ORXPropertyTreeModel::itemFromIndex(m_pView->indexAt(position)));
+    showMenuOf(ORXPropertyTreeModel::itemFromIndex(m_pView->indexAt(position)),
+               m_pView->viewport()->mapToGlobal(position));
 }
 
-QMenu* FeatureFavorites::menuFor(ORXPropertyTreeItem* item)
+void FeatureFavorites::showGroupMenu(const QPoint& globalPosition)
+{
+    showMenuOf(group(), globalPosition);
+}
+
+// Fits the menu to the item.
+void FeatureFavorites::showMenuOf(ORXPropertyTreeItem* item, const QPoint& globalPosition)
 {
     if (!item || !item->value())
-        return nullptr;
+        return;
     for (const MenuRow& row : kMenuRows) {
         if (row.type != item->itemType())
             continue;
@@ -115,7 +122,7 @@ QMenu* FeatureFavorites::menuFor(ORXPropertyTreeItem* item)
         if (row.remembersItem)
             m_pContextItem = item;
     }
-    return m_pMenu;
+    m_pMenu->popup(globalPosition);
 }
 
 ORXPropertyTreeItem* FeatureFavorites::contextItem() const

@@ -27,9 +27,10 @@ public:
     static bool IsFavoritesItem(const QString& name);
     // Renews the menu's texts.
     void retranslate();
-    // Fits the menu to the item at the position; returns the menu, null without an item there.
-    QMenu* menuAt(const QPoint& position);
-    QMenu* menuFor(ORXPropertyTreeItem* item);
+    // The menu of the item at a position in the view; none without an item there.
+    void showMenu(const QPoint& position);
+    // The menu of the group, for whoever shows its name.
+    void showGroupMenu(const QPoint& globalPosition);
 
     void addFavoriteItem(ORXPropertyTreeItem* item);
     void removeFavoriteItem(ORXPropertyTreeItem* favorite);
@@ -46,7 +47,7 @@ public:
     QAction* addAction() const { return m_pAdd; }
     QAction* removeAction() const { return m_pRemove; }
     QAction* removeAllAction() const { return m_pRemoveAll; }
-    ORXPropertyTreeItem* contextItem() const;
+    // For the item whose menu was shown last.
     void addContextItem();
     void removeContextItem();
 
@@ -55,6 +56,8 @@ signals:
     void SigListChanged();
 
 private:
+    void showMenuOf(ORXPropertyTreeItem* item, const QPoint& globalPosition);
+    ORXPropertyTreeItem* contextItem() const;
     ORXPropertyTreeItem* group() const;
     void orderItem(const QString& name);
 

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+class ORXFeatureTree;
+
 // Base of the curated pages: builds groups and items from the page's table, translates them in the
 // page's context, and passes writes on to the camera's whole tree. Features of the camera are the
 // whole tree's own items, shown a second time, so that both pages always show the same; only the

@@ -152,3 +152,75 @@ void FeatureValueReader::addEnumerationEntry(const FeatureEnumEntry& entry,
     const QString translated = OBDeviceControl::GetEnumerationTrans(featureName, entry.name);
     lists.translated.append(translated.isEmpty() ? display : translated);
 }
+
+// Direct read -------------------------------------------------------------------------------------
+
+namespace {
+
+using DirectRead = bool (*)(const QString& name, CTreeItemValue* value);
+
+bool readBooleanOf(const QString& name, CTreeItemValue* value)
+{
+    bool checked = false;
+    auto* typed = dynamic_cast<CTreeBooleanItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetBoolNodeValue(name, &checked, nullptr, true))
+        return false;
+    typed->setChecked(checked);
+    return true;
+}
+
+bool readIntegerOf(const QString& name, CTreeItemValue* value)
+{
+    _ZDCC_INTVALUE_EX_T record = {};
+    auto* typed = dynamic_cast<CTreeIntergerItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetIntegerNodeValue(name, &record, nullptr, true))
+        return false;
+    typed->setNumbers({record.value, record.minimum, record.maximum, record.increment});
+    return true;
+}
+
+bool readEnumerationOf(const QString& name, CTreeItemValue* value)
+{
+    _ZDCC_ENUMVALUE_T record = {};
+    auto* typed = dynamic_cast<CTreeEnumationItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetEnumNodeValue(name, &record, nullptr, true))
+        return false;
+    typed->setNumber(record.value);
+    return true;
+}
+
+bool readFloatOf(const QString& name, CTreeItemValue* value)
+{
+    _ZDCC_FLOATVALUE_T record = {};
+    auto* typed = dynamic_cast<CTreeFloatItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetFloatNodeValue(name, &record, nullptr, true))
+        return false;
+    typed->setNumbers({record.value, record.minimum, record.maximum});
+    return true;
+}
+
+bool readStringOf(const QString& name, CTreeItemValue* value)
+{
+    QString text;
+    auto* typed = dynamic_cast<CTreeStringItemValue*>(value);
+    if (!typed || !OBDeviceControl::GetStringNodeValue(name, text, nullptr, nullptr, true))
+        return false;
+    typed->setText(text, typed->maxLength());
+    return true;
+}
+
+// The first reader whose value class fits reads; values without one have nothing to read.
+const DirectRead kDirectReads[] = {readBooleanOf, readIntegerOf, readEnumerationOf, readFloatOf,
+                                   readStringOf};
+
+} // namespace
+
+bool FeatureValueReader::readDirectly(ORXPropertyTreeItem* item)
+{
+    const QString name = item->value()->nodeName(0);
+    for (const DirectRead read : kDirectReads) {
+        if (read(name, item->value()))
+            return true;
+    }
+    return false;
+}

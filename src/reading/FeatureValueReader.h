@@ -33,6 +33,9 @@ public:
     void addEnumerationEntry(const FeatureEnumEntry& entry, const QString& featureName,
                              EntryLists& lists);
 
+    // Reads the value alone into the item, as the camera reports it, in the calling thread; true on
+    // success. A failed read leaves the value as it was.
+    static bool readDirectly(ORXPropertyTreeItem* item);
     // Whether features of the tag have a value to read.
     static bool hasReader(FeatureTag tag);
 

@@ -7,9 +7,10 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
-#include "tree/ORXFeatureTree.h"
+#include "tree/IFeatureItems.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include <QCoreApplication>
 #include <QMenu>
 #include <QSet>
 
@@ -64,10 +65,12 @@ void removeFromList(const QString& name)
 
 } // namespace
 
-FeatureFavorites::FeatureFavorites(ORXFeatureTree* tree)
-    : QObject(tree)
-    , m_pTree(tree)
-    , m_pMenu(new QMenu(tree))
+FeatureFavorites::FeatureFavorites(ORXFeatureTreeView* view, const IFeatureItems& items,
+                                   QWidget* parent)
+    : QObject(parent)
+    , m_pView(view)
+    , m_features(items)
+    , m_pMenu(new QMenu(parent))
     , m_pAdd(m_pMenu->addAction(QString()))
     , m_pRemove(m_pMenu->addAction(QString()))
     , m_pRemoveAll(m_pMenu->addAction(QString()))
@@ -86,20 +89,27 @@ bool FeatureFavorites::IsFavoritesItem(const QString& name)
 
 void FeatureFavorites::retranslate()
 {
-    m_pAdd->setText(ORXFeatureTree::tr("Add to Favorites"));
-    m_pRemove->setText(ORXFeatureTree::tr("Remove from Favorites"));
-    m_pRemoveAll->setText(ORXFeatureTree::tr("Remove All"));
+    m_pAdd->setText(QCoreApplication::translate("ORXFeatureTree", "Add to Favorites"));
+    m_pRemove->setText(QCoreApplication::translate("ORXFeatureTree", "Remove from Favorites"));
+    m_pRemoveAll->setText(QCoreApplication::translate("ORXFeatureTree", "Remove All"));
 }
 
-QMenu* FeatureFavorites::menuAt(const QPoint& position)
+void FeatureFavorites::showMenu(const QPoint& position)
 {
-    return menuFor(ORXPropertyTreeModel::itemFromIndex(m_pTree->treeView()->indexAt(position)));
+    showMenuOf(ORXPropertyTreeModel::itemFromIndex(m_pView->indexAt(position)),
+               m_pView->viewport()->mapToGlobal(position));
 }
 
-QMenu* FeatureFavorites::menuFor(ORXPropertyTreeItem* item)
+void FeatureFavorites::showGroupMenu(const QPoint& globalPosition)
+{
+    showMenuOf(group(), globalPosition);
+}
+
+// Fits the menu to the item.
+void FeatureFavorites::showMenuOf(ORXPropertyTreeItem* item, const QPoint& globalPosition)
 {
     if (!item || !item->value())
-        return nullptr;
+        return;
     for (const MenuRow& row : kMenuRows) {
         if (row.type != item->itemType())
             continue;
@@ -112,7 +122,7 @@ QMenu* FeatureFavorites::menuFor(ORXPropertyTreeItem* item)
         if (row.remembersItem)
             m_pContextItem = item;
     }
-    return m_pMenu;
+    m_pMenu->popup(globalPosition);
 }
 
 ORXPropertyTreeItem* FeatureFavorites::contextItem() const
@@ -122,7 +132,7 @@ ORXPropertyTreeItem* FeatureFavorites::contextItem() const
 
 ORXPropertyTreeItem* FeatureFavorites::group() const
 {
-    ORXPropertyTreeItem* root = m_pTree->rootItem();
+    ORXPropertyTreeItem* root = m_pView->rootTreeItem();
     return root ? root->child(0) : nullptr;
 }
 
@@ -133,7 +143,7 @@ void FeatureFavorites::addContextItem()
         return;
     addFavoriteItem(item);
     favorites().append(favoriteOf(*item));
-    m_pTree->notifyFavoriteFeatureChange();
+    emit SigListChanged();
 }
 
 void FeatureFavorites::removeContextItem()
@@ -143,7 +153,7 @@ void FeatureFavorites::removeContextItem()
         return;
     removeFromList(item->value()->nodeName(0));
     removeFavoriteItem(item);
-    m_pTree->notifyFavoriteFeatureChange();
+    emit SigListChanged();
 }
 
 void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
@@ -151,7 +161,6 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
     ORXPropertyTreeItem* favoritesGroup = group();
     if (!item || !item->value() || !favoritesGroup || m_items.contains(item->value()->nodeName(0)))
         return;
-    ORXFeatureTreeView* view = m_pTree->treeView();
     auto* favorite = new ORXPropertyTreeItem(nullptr, ORXPropertyTreeItem::FeatureTreePage);
     {
         // Nothing that a reading thread publishes falls between the copy and the link.
@@ -160,18 +169,18 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
         favorite->setVisible(true, -1);
         item->setMappingItem(favorite);
     }
-    favorite->registerView(view);
+    favorite->registerView(m_pView);
     favorite->setItemType(ORXPropertyTreeItem::FavoriteItem);
     m_items.insert(item->value()->nodeName(0), favorite);
 
-    view->treeModel()->addItems(favoritesGroup, {favorite});
-    view->openPersistentEdit(favorite, false);
-    favorite->setVisible(item->visible(), m_pTree->cameraID());
-    favorite->setGroupVisible(favoritesGroup->groupVisible(), m_pTree->cameraID());
-    favoritesGroup->setExpanded(true, m_pTree->cameraID());
+    m_pView->treeModel()->addItems(favoritesGroup, {favorite});
+    m_pView->openPersistentEdit(favorite, false);
+    favorite->setVisible(item->visible(), m_pView->cameraID());
+    favorite->setGroupVisible(favoritesGroup->groupVisible(), m_pView->cameraID());
+    favoritesGroup->setExpanded(true, m_pView->cameraID());
     // The row appears by the running search and the shown group, and its group with it.
-    view->updateRowsVisible(favorite, false);
-    favorite->setSearchText(item->searchText(), m_pTree->cameraID());
+    m_pView->updateRowsVisible(favorite, false);
+    favorite->setSearchText(item->searchText(), m_pView->cameraID());
 }
 
 void FeatureFavorites::removeFavoriteItem(ORXPropertyTreeItem* favorite)
@@ -184,7 +193,7 @@ void FeatureFavorites::removeFavoriteItem(ORXPropertyTreeItem* favorite)
     if (shown == m_items.end() || *shown != favorite)
         return;
     m_items.erase(shown);
-    m_pTree->treeView()->treeModel()->removeItems(favoritesGroup, favorite);
+    m_pView->treeModel()->removeItems(favoritesGroup, favorite);
     // Ends the link to the feature's own item, too.
     delete favorite;
 }
@@ -196,8 +205,15 @@ void FeatureFavorites::removeAllFavoriteItems()
         return;
     m_items.clear();
     const QVector<ORXPropertyTreeItem*> children = favoritesGroup->children();
-    m_pTree->treeView()->treeModel()->removeItems(favoritesGroup, nullptr);
+    m_pView->treeModel()->removeItems(favoritesGroup, nullptr);
     qDeleteAll(children);
+}
+
+void FeatureFavorites::clearFavorites()
+{
+    favorites().clear();
+    removeAllFavoriteItems();
+    emit SigListChanged();
 }
 
 void FeatureFavorites::GenerateFavoritesItems()
@@ -205,7 +221,7 @@ void FeatureFavorites::GenerateFavoritesItems()
     removeAllFavoriteItems();
     const QList<FavoriteFeature> list = favorites();
     for (const FavoriteFeature& favorite : list) {
-        if (ORXPropertyTreeItem* item = m_pTree->propertyItemByName(favorite.first))
+        if (ORXPropertyTreeItem* item = m_features.propertyItemByName(favorite.first))
             addFavoriteItem(item);
     }
 }
@@ -222,7 +238,7 @@ void FeatureFavorites::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTr
     // The moved favourite also stays at the end of the list; the group shows each name once.
     favorites().append(pair);
     orderItem(pair.first);
-    m_pTree->notifyFavoriteFeatureChange();
+    emit SigListChanged();
 }
 
 // Moves the row to where the list has the name. All others stand in order, and what is being typed
@@ -237,7 +253,7 @@ void FeatureFavorites::orderItem(const QString& name)
         if (m_items.contains(favorite.first))
             before.insert(favorite.first);
     }
-    m_pTree->treeView()->treeModel()->moveItem(m_items.value(name, nullptr), before.size());
+    m_pView->treeModel()->moveItem(m_items.value(name, nullptr), before.size());
 }
 
 void FeatureFavorites::forgetItems()

@@ -6,31 +6,37 @@
 #include <QPoint>
 #include <QString>
 
-class ORXFeatureTree;
+class IFeatureItems;
+class ORXFeatureTreeView;
 class ORXPropertyTreeItem;
 class QAction;
 class QMenu;
+class QWidget;
 
 // The favourites group at the top of a tree and its context menu. The list of favourites itself is
-// the process's (OBDeviceControl); each tree shows those that its camera has. Owned by its tree;
-// GUI thread.
+// the process's (OBDeviceControl); each tree shows those that its camera has. GUI thread.
 class FeatureFavorites : public QObject
 {
     Q_OBJECT
 public:
-    explicit FeatureFavorites(ORXFeatureTree* tree);
+    // Shows the favourites of `items` in the view, whose root's first child is their group.
+    // `parent` owns it; view and items outlive its last operation.
+    FeatureFavorites(ORXFeatureTreeView* view, const IFeatureItems& items, QWidget* parent);
     ~FeatureFavorites() override;
 
     static bool IsFavoritesItem(const QString& name);
     // Renews the menu's texts.
     void retranslate();
-    // Fits the menu to the item at the position; returns the menu, null without an item there.
-    QMenu* menuAt(const QPoint& position);
-    QMenu* menuFor(ORXPropertyTreeItem* item);
+    // The menu of the item at a position in the view; none without an item there.
+    void showMenu(const QPoint& position);
+    // The menu of the group, for whoever shows its name.
+    void showGroupMenu(const QPoint& globalPosition);
 
     void addFavoriteItem(ORXPropertyTreeItem* item);
     void removeFavoriteItem(ORXPropertyTreeItem* favorite);
     void removeAllFavoriteItems();
+    // Empties the list, too.
+    void clearFavorites();
     // Rebuilds the group from the list.
     void GenerateFavoritesItems();
     // Moves a favourite before `target`; to the end without one.
@@ -41,15 +47,22 @@ public:
     QAction* addAction() const { return m_pAdd; }
     QAction* removeAction() const { return m_pRemove; }
     QAction* removeAllAction() const { return m_pRemoveAll; }
-    ORXPropertyTreeItem* contextItem() const;
+    // For the item whose menu was shown last.
     void addContextItem();
     void removeContextItem();
 
+signals:
+    // The user has changed the list.
+    void SigListChanged();
+
 private:
+    void showMenuOf(ORXPropertyTreeItem* item, const QPoint& globalPosition);
+    ORXPropertyTreeItem* contextItem() const;
     ORXPropertyTreeItem* group() const;
     void orderItem(const QString& name);
 
-    ORXFeatureTree* m_pTree;                       // Not owned.
+    ORXFeatureTreeView* m_pView;                   // Not owned.
+    const IFeatureItems& m_features;               // Not owned.
     QMap<QString, ORXPropertyTreeItem*> m_items;   // Feature name to its copy. Owned by the group.
     ORXPropertyTreeItem* m_pContextItem = nullptr; // Not owned.
     QMenu* m_pMenu;                                // Owned.

@@ -12,7 +12,8 @@ class IFeatureTreeFinder
 public:
     virtual ~IFeatureTreeFinder() = default;
 
-    // The camera's tree, made when there is none and `create` asks for it; may be null.
+    // The camera's tree. Where there is none it is made, whatever `create` says: who wants none
+    // asks hasFeatureTree() first.
     virtual ORXFeatureTree* featureTree(qint64 cameraId, bool create) = 0;
     // Whether the camera has a tree; makes none.
     virtual bool hasFeatureTree(qint64 cameraId) const = 0;

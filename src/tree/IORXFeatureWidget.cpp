@@ -2,13 +2,13 @@
 #include "tree/IORXFeatureWidget.h"
 
 #include "model/CTreeItemValue.h"
-#include "tree/ORXFeatureTree.h"
+#include "tree/IFeatureItems.h"
 #include "tree/ORXFeatureTreeView.h"
 
 IORXFeatureWidget::IORXFeatureWidget(ORXPropertyTreeItem::ParentType type, QWidget* parent)
     : ZELCustomWidget(parent)
     , m_pageType(type)
-    , m_pTreeView(new ORXFeatureTreeView(type, this))
+    , m_pTreeView(new ORXFeatureTreeView(type, this, this))
 {
     cSetBackgroundColor(QStringLiteral("ZEL_DB_COLOR_IORXFeatureWidgetColor_Background"));
 }
@@ -129,8 +129,9 @@ void IORXFeatureWidget::setIsCanEdit(bool canEdit)
 }
 
 ORXPropertyTreeItem* IORXFeatureWidget::createOneItem(bool create, ORXPropertyTreeItem* parent,
-                                                      const QString& name, ORXFeatureTree* tree,
-                                                      bool isCategory, bool keepVisible)
+                                                      const QString& name,
+                                                      const IFeatureItems* tree, bool isCategory,
+                                                      bool keepVisible)
 {
     ORXPropertyTreeItem* item = nullptr;
     if (create) {

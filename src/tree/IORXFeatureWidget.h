@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/IFeatureValueWriter.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustomWidget.h"
+#include "tree/IFeatureViewPage.h"
 
 #include <QMap>
 #include <QString>
 
-class ORXFeatureTree;
+class IFeatureItems;
 class ORXFeatureTreeView;
 
 // Base of every page of features: one root item per camera, the page's tree view, the switch of the
 // shown camera. A page owns its roots and the items that it makes itself; items of the whole tree
 // are only borrowed. GUI thread.
-class IORXFeatureWidget : public ZELCustomWidget, public IFeatureValueWriter
+class IORXFeatureWidget : public ZELCustomWidget, public IFeatureViewPage
 {
     Q_OBJECT
 public:
@@ -23,10 +23,10 @@ public:
 
     // Hooks of the page's view; nothing in the base.
     void afterSetFeatureValue(const QString& nodeName) override;
-    virtual void itemValueChanged(ORXPropertyTreeItem* item);
-    virtual void itemVisibleStateChanged(ORXPropertyTreeItem* item);
-    virtual void itemExpandStateChanged(ORXPropertyTreeItem* item, bool expanded);
-    virtual void itemSpecialInfoChanged(ORXPropertyTreeItem* item, int info);
+    void itemValueChanged(ORXPropertyTreeItem* item) override;
+    void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    void itemExpandStateChanged(ORXPropertyTreeItem* item, bool expanded) override;
+    void itemSpecialInfoChanged(ORXPropertyTreeItem* item, int info) override;
 
     // Shows another camera, making its root if needed.
     virtual void resetCamaraID(qint64 cameraId);
@@ -49,8 +49,8 @@ public:
     // Makes an own item (`create`) or borrows the one of `name` from `tree`; null when there is
     // none. The item is hidden at first unless `keepVisible`.
     ORXPropertyTreeItem* createOneItem(bool create, ORXPropertyTreeItem* parent,
-                                       const QString& name, ORXFeatureTree* tree, bool isCategory,
-                                       bool keepVisible);
+                                       const QString& name, const IFeatureItems* tree,
+                                       bool isCategory, bool keepVisible);
     // Depth-first below `start` (null: the camera's root); null when there is none.
     ORXPropertyTreeItem* getItemByNodeName(const QString& name, ORXPropertyTreeItem* start,
                                            qint64 cameraId);

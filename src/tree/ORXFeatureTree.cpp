@@ -4,52 +4,43 @@
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
-#include "model/CTreeStringItemValue.h"
+#include "device/ReentrancyScope.h"
+#include "model/CTreeEnumationItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
-#include "reading/FeatureDocText.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
-#include "styledctl/ZELCustomMessageBox.h"
-#include "styledctl/ZELTouchScrolling.h"
-#include "tree/FeatureFavorites.h"
+#include "tree/FeatureDescriptionPanel.h"
 #include "tree/HostWaitLine.h"
 #include "tree/ORXFeatureTreeView.h"
-#include "tree/SteadyBeat.h"
 
-#include <QDebug>
+#include <QAction>
 #include <QEvent>
-#include <QMenu>
 #include <QSplitter>
-#include <QTextEdit>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int kTreeShare = 3; // of the height, against 1 of the description
-constexpr int kDescriptionMinHeight = 90;
-constexpr int kDescriptionFontPx = 13;
 
 const QLatin1String kDeviceUserId("DeviceUserID");
-const QLatin1String kTriggerSoftware("TriggerSoftware");
-
-void triggerSoftware()
-{
-    OBDeviceControl::SetCommandNodeValue(kTriggerSoftware);
-}
+const QLatin1String kRegionDisplaySelector("RegionDisplaySelector");
 
 } // namespace
 
 ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     : IORXFeatureWidget(ORXPropertyTreeItem::FeatureTreePage, parent)
-    , m_pFavorites(new FeatureFavorites(this))
-    , m_pDescription(new QTextEdit(this))
-    , m_pPartialThread(new QGetFeaturesThread(this, this))
-    , m_pFullThread(new QGetFeaturesThread(this, this))
-    , m_autoTrigger(std::make_unique<SteadyBeat>(triggerSoftware))
+    , m_pFavorites(new FeatureFavorites(treeView(), *this, this))
+    , m_pDescription(new FeatureDescriptionPanel(this))
+    , m_pMessages(new FeatureMessages(this))
+    , m_overlay(this)
+    , m_reading(m_index, this)
+    , m_autoTrigger(this)
+    , m_edits(this, m_reading, *m_pMessages, m_overlay)
 {
     setCameraID(cameraId);
     buildLayout();
     connectSignals();
+    connectReading();
     RefreshWidgetInfo();
     ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal);
 }
@@ -62,17 +53,6 @@ ORXFeatureTree::~ORXFeatureTree()
 
 void ORXFeatureTree::buildLayout()
 {
-    m_pDescription->setObjectName(QStringLiteral("FeatureDescription"));
-    m_pDescription->setReadOnly(true);
-    new ZELTouchScrolling(m_pDescription);
-    QFont font(ZELCustom::globalFontFamily());
-    font.setPixelSize(kDescriptionFontPx);
-    m_pDescription->setFont(font);
-    m_pDescription->setFrameShape(QFrame::NoFrame);
-    m_pDescription->setMinimumHeight(kDescriptionMinHeight);
-    m_pDescription->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel) +
-                                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
-
     // What is waited for stands above the description.
     auto* below = new QWidget(this);
     auto* belowLayout = new QVBoxLayout(below);
@@ -105,21 +85,35 @@ void ORXFeatureTree::buildLayout()
 void ORXFeatureTree::connectSignals()
 {
     using Tree = ORXFeatureTree;
-    connect(m_pPartialThread, &QGetFeaturesThread::sigThreadEnd, this, &Tree::OnGetThreadEnd);
-    connect(m_pFullThread, &QGetFeaturesThread::sigThreadEnd, this, &Tree::OnGetThreadEnd);
     connect(treeView(), &QTreeView::pressed, this, &Tree::OnChangeItem);
     connect(treeView()->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &Tree::OnChangeItem);
     connect(treeView(), &QWidget::customContextMenuRequested, this,
             &Tree::OnTreeFeaturesCustomContextMenuRequested);
+    connect(treeView(), &ORXFeatureTreeView::SigFavoriteMoved, this, &Tree::moveFavorteItem);
+    connect(m_pFavorites, &FeatureFavorites::SigListChanged, this,
+            &Tree::notifyFavoriteFeatureChange);
     connect(m_pFavorites->addAction(), &QAction::triggered, this, &Tree::OnActionFavoriteAdd);
     connect(m_pFavorites->removeAction(), &QAction::triggered, this, &Tree::OnActionFavoriteRemove);
     connect(m_pFavorites->removeAllAction(), &QAction::triggered, this,
             &Tree::OnActionFavoriteRemoveAll);
-    connect(&m_pollingTimer, &QTimer::timeout, this, &Tree::OnTimerFeatureNoCache);
-    connect(&m_invalidationTimer, &QTimer::timeout, this, &Tree::OnTimeInvalidaterFeaturesUpdate);
-    connect(&m_refreshTimer, &QTimer::timeout, this, &Tree::OnTimerRefreshFinished);
+    connect(&m_edits, &FeatureEdits::SigDeviceReset, this, &Tree::afterDeviceReset);
+    connect(&m_edits, &FeatureEdits::SigSettingsLoaded, this, &Tree::afterSettingsLoaded);
     connect(this, &Tree::SigFeatureChangeOsd, this, &Tree::OnSigFeatureChangeOsd);
+    connect(&m_autoTrigger, &AutoSoftwareTrigger::SigChanged, this,
+            [this](bool enabled) { emit SigAutoSoftwareTrigChanged(cameraID(), enabled); });
+}
+
+void ORXFeatureTree::connectReading()
+{
+    using Tree = ORXFeatureTree;
+    using Reading = FeatureReadingControl;
+    connect(&m_reading, &Reading::SigPassEnded, this, &Tree::OnGetThreadEnd);
+    connect(&m_reading, &Reading::SigFullReadEnded, this,
+            [this] { emit SigFullReadEnded(cameraID()); });
+    connect(&m_reading, &Reading::SigFirstReadEnded, this, &Tree::afterFirstRead);
+    connect(&m_reading, &Reading::SigWaitEnded, this, [this] { m_overlay.hide(); });
+    connect(&m_reading, &Reading::SigPollingFeatureChanged, this, &Tree::SigPollingFeatureChanged);
     connect(this, &Tree::SigPollingFeatureChanged, this, &Tree::OnPollingFeatureChanged);
 }
 
@@ -148,7 +142,6 @@ void ORXFeatureTree::CreateFeature()
     m_index.GenerateFeaturesTLParamsLocked();
     m_index.GeneratePSelectedList();
     m_index.GenerateFeatureNoCacheList();
-    showDescription();
     GenerateFavoritesItems();
 }
 
@@ -159,7 +152,7 @@ void ORXFeatureTree::createItems()
     root->value()->setDisplayName(QStringLiteral("Feature Tree"));
     root->value()->setTranslateName(QStringLiteral("属性树"));
     m_pFavorites->forgetItems();
-    m_pCurrentItem = nullptr;
+    m_pDescription->showItem(nullptr);
     m_builder.createItems(root, m_index.nodes(), treeView());
     setRootItem(cameraID(), root);
     treeView()->resetData(cameraID(), root);
@@ -180,9 +173,9 @@ void ORXFeatureTree::removeCameraID(qint64 cameraId)
 {
     if (isInitialized(cameraId)) {
         StopThread(true);
-        stopTimersForReset();
-        stopAutoSoftwareTrig(true);
-        m_pCurrentItem = nullptr;
+        m_reading.stopTimers();
+        m_autoTrigger.stopAndWait();
+        m_pDescription->showItem(nullptr);
         m_pFavorites->forgetItems();
         m_builder.clear();
     }
@@ -191,54 +184,25 @@ void ORXFeatureTree::removeCameraID(qint64 cameraId)
 
 void ORXFeatureTree::readyForDelete()
 {
-    m_bDeleting = true;
-    ShowLoadingDlg(false, QString());
-    StopThread(true);
-    stopAutoSoftwareTrig(true);
+    m_overlay.hide();
+    m_reading.end();
+    m_autoTrigger.stopAndWait();
 }
 
 void ORXFeatureTree::Release()
 {
-    m_pollingTimer.stop();
-    m_invalidationTimer.stop();
-    m_refreshTimer.stop();
-    stopAutoSoftwareTrig(true);
+    m_reading.stopTimers();
+    m_autoTrigger.stopAndWait();
     ORXListenTools::instance()->removeListener(this);
 }
 
-// Description panel and title ---------------------------------------------------------------------
+// Description panel, title, language --------------------------------------------------------------
 
 void ORXFeatureTree::OnChangeItem(const QModelIndex& index)
 {
-    ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
-    if (!item || !item->value())
-        return;
-    m_pCurrentItem = item;
-    showDescription();
-}
-
-void ORXFeatureTree::showDescription()
-{
-    QString html;
-    if (ORXPropertyTreeItem::isAlive(m_pCurrentItem) && m_pCurrentItem->value()) {
-        const bool chinese = ORXInterface::language() == QLatin1String("CH");
-        html = chinese ? m_pCurrentItem->value()->docTextCN() : m_pCurrentItem->value()->docText();
-        if (html.isEmpty())
-            html = FeatureDocText::GetFeatureTitleText(*m_pCurrentItem->value(),
-                                                       ORXInterface::language());
-    }
-    // An unchanged text stays as the user scrolled or marked it.
-    if (html == m_strDescription)
-        return;
-    m_strDescription = html;
-    m_pDescription->clear();
-    m_pDescription->insertHtml(html);
-    m_pDescription->moveCursor(QTextCursor::Start);
-}
-
-void ORXFeatureTree::setDockTitleBar(ZELCustomDockTitleBar* titleBar)
-{
-    m_pDockTitleBar = titleBar;
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    if (item && item->value())
+        m_pDescription->showItem(item);
 }
 
 void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
@@ -246,22 +210,15 @@ void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
     if (!item || !item->value())
         return;
     // The whole text comes with the first read.
-    if (item == m_pCurrentItem)
-        showDescription();
-    const QString name = item->value()->nodeName(0);
-    if (name == kDeviceUserId)
+    m_pDescription->refreshIfShown(item);
+    if (item->value()->nodeName(0) == kDeviceUserId)
         refreshCameraItemName();
 }
 
-// The switch of the automatic trigger vanishes with the command: nobody else could end it.
 void ORXFeatureTree::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 {
-    if (!m_autoTrigger->isRunning() || item->visible() ||
-        item->value()->nodeName(0) != kTriggerSoftware)
-        return;
-    qInfo("Automatic software trigger: switched off, %s is not available any more",
-          kTriggerSoftware.data());
-    stopAutoSoftwareTrig(false);
+    if (!item->visible() && item->value())
+        m_autoTrigger.featureWent(item->value()->nodeName(0));
 }
 
 void ORXFeatureTree::refreshCameraItemName()
@@ -273,30 +230,31 @@ void ORXFeatureTree::refreshCameraItemName()
         m_pDockTitleBar->cSetTitleText(name);
 }
 
+// Whatever the tree has on screen says the same in the other language.
 void ORXFeatureTree::changeEvent(QEvent* event)
 {
     IORXFeatureWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
         RefreshWidgetInfo();
-        retranslateMessages();
+        m_pMessages->retranslate();
+        m_overlay.retranslate();
     }
 }
 
 void ORXFeatureTree::RefreshWidgetInfo()
 {
     m_pFavorites->retranslate();
-    m_pDescription->setPlaceholderText(tr("Select a feature to read what it does."));
+    m_pDescription->retranslate();
     treeView()->setPlaceholderText(
         tr("Nothing to show here. A right click, a long touch or the Menu key on a feature "
            "adds it to the favorites."));
-    showDescription();
 }
 
 void ORXFeatureTree::notifyEditorUpdate()
 {
     treeView()->viewport()->update();
     treeView()->updateAllEditorData();
-    showDescription();
+    m_pDescription->refresh();
 }
 
 void ORXFeatureTree::ClearTreeViewInfo()
@@ -306,67 +264,12 @@ void ORXFeatureTree::ClearTreeViewInfo()
 
 // Favourites --------------------------------------------------------------------------------------
 
-bool ORXFeatureTree::IsFavoritesItem(const QString& name) const
-{
-    return FeatureFavorites::IsFavoritesItem(name);
-}
-
-void ORXFeatureTree::OnTreeFeaturesCustomContextMenuRequested(const QPoint& position)
-{
-    if (QMenu* menu = m_pFavorites->menuAt(position))
-        menu->popup(treeView()->viewport()->mapToGlobal(position));
-}
-
-void ORXFeatureTree::showFavoritesMenu(const QPoint& globalPosition)
-{
-    ORXPropertyTreeItem* root = rootItem();
-    if (QMenu* menu = m_pFavorites->menuFor(root ? root->child(0) : nullptr))
-        menu->popup(globalPosition);
-}
-
-void ORXFeatureTree::OnActionFavoriteAdd()
-{
-    m_pFavorites->addContextItem();
-}
-
-void ORXFeatureTree::OnActionFavoriteRemove()
-{
-    m_pFavorites->removeContextItem();
-}
-
-void ORXFeatureTree::OnActionFavoriteRemoveAll()
-{
-    OBDeviceControl::GetFavoritesFeatureMap()->clear();
-    m_pFavorites->removeAllFavoriteItems();
-    notifyFavoriteFeatureChange();
-}
-
-void ORXFeatureTree::addFavoriteItem(ORXPropertyTreeItem* item)
-{
-    m_pFavorites->addFavoriteItem(item);
-}
-
-void ORXFeatureTree::removeFavoriteItem(ORXPropertyTreeItem* favorite)
-{
-    m_pFavorites->removeFavoriteItem(favorite);
-}
-
-void ORXFeatureTree::removeAllFavoriteItems()
-{
-    m_pFavorites->removeAllFavoriteItems();
-}
-
 bool ORXFeatureTree::GenerateFavoritesItems()
 {
     if (!treeView())
         return false;
     m_pFavorites->GenerateFavoritesItems();
     return true;
-}
-
-void ORXFeatureTree::moveFavorteItem(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target)
-{
-    m_pFavorites->moveFavorteItem(moved, target);
 }
 
 void ORXFeatureTree::notifyFavoriteFeatureChange()
@@ -387,4 +290,174 @@ int ORXFeatureTree::notify(int code, void* payload)
                            QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kRefresh), false, false);
     }
     return 0;
+}
+
+// Reading -----------------------------------------------------------------------------------------
+
+void ORXFeatureTree::StartUpdateThread()
+{
+    if (cameraID() < 0)
+        return;
+    ShowLoadingFeatures(true, false);
+    m_reading.start(cameraID(), AllTreeItemsMap());
+    refreshCameraItemName();
+}
+
+void ORXFeatureTree::PauseUpdateThread()
+{
+    m_autoTrigger.requestStop();
+    m_reading.pause();
+    m_autoTrigger.stopAndWait();
+}
+
+void ORXFeatureTree::requestStop()
+{
+    m_reading.requestStop();
+    m_autoTrigger.requestStop();
+}
+
+void ORXFeatureTree::OnGetThreadEnd()
+{
+    treeView()->viewport()->update();
+    m_pDescription->refresh();
+}
+
+void ORXFeatureTree::afterFirstRead()
+{
+    qint64 key = cameraID();
+    emit SigFirstEndUpdateFeature(key);
+    ORXListenTools::instance()->notifyListeners(ListenCode::kFirstReadEnded, &key);
+}
+
+void ORXFeatureTree::OnUserLevelChanged()
+{
+    if (cameraID() < 0)
+        return;
+    ShowLoadingFeatures(true, false);
+    m_reading.userLevelChanged();
+}
+
+void ORXFeatureTree::OnBtnRefresh()
+{
+    ShowLoadingFeatures(true, false);
+    OBDeviceControl::InvalidateNodes();
+    m_reading.refresh();
+}
+
+void ORXFeatureTree::OnCameraStartShot()
+{
+    ClearTreeViewInfo();
+    m_reading.readLockable();
+}
+
+void ORXFeatureTree::OnCameraStopShot()
+{
+    m_edits.skipNextStart();
+    OnCameraStartShot();
+}
+
+void ORXFeatureTree::OnCameraClose()
+{
+    StopThread(true);
+    m_reading.stopTimers();
+    m_autoTrigger.stopAndWait();
+    // Without a camera nothing would hide it any more.
+    m_overlay.hide();
+    treeView()->clearModelInfo();
+    setCameraID(-1);
+    m_pDescription->showItem(nullptr);
+}
+
+bool ORXFeatureTree::rereadFeatureValue(ORXPropertyTreeItem* item, bool notifyView)
+{
+    if (!item || !item->value() || item->value()->nodeName(0).isEmpty() ||
+        !FeatureValueReader::hasReader(item->tag()))
+        return false;
+    const bool read = FeatureValueReader::readDirectly(item);
+    item->setWasRead(true, cameraID());
+    if (notifyView)
+        item->notifyViewUpdate(cameraID(), -1, false);
+    return read;
+}
+
+void ORXFeatureTree::SetAutoSoftwareTrig(bool enable, unsigned int intervalMs)
+{
+    if (!enable)
+        m_autoTrigger.stop();
+    else if (!m_reading.hasEnded() && cameraID() >= 0)
+        m_autoTrigger.start(intervalMs);
+}
+
+void ORXFeatureTree::OnSigFeatureChangeOsd()
+{
+    ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChangedOsd, nullptr);
+}
+
+// Writing -----------------------------------------------------------------------------------------
+
+bool ORXFeatureTree::setFeatureValue(const QString& tagName, const QString& nodeName,
+                                     const QVariant& value)
+{
+    return m_edits.edit(featureTag(tagName), nodeName, value);
+}
+
+bool ORXFeatureTree::setFeatureValue(ORXPropertyTreeItem* item, const QVariant& value,
+                                     bool updateView)
+{
+    if (!item || !item->value())
+        return false;
+    const bool written = setFeatureValue(item->tagName(), item->value()->nodeName(0), value);
+    if (updateView && ORXPropertyTreeItem::isAlive(item)) {
+        item->value()->setValue(value);
+        item->notifyViewUpdate(cameraID(), -1, false);
+    }
+    return written;
+}
+
+void ORXFeatureTree::afterDeviceReset()
+{
+    m_autoTrigger.stop();
+    ClearTreeViewInfo();
+    setIsCanEdit(false);
+}
+
+void ORXFeatureTree::afterSettingsLoaded()
+{
+    if (!GetOstSettingData())
+        qCritical("%s", "GetOstSettingData failed");
+    emit SigFeatureChangeOsd();
+}
+
+bool ORXFeatureTree::GetOstSettingData()
+{
+    const ORXPropertyTreeItem* item = propertyItemByName(kRegionDisplaySelector);
+    const auto* value =
+        item ? dynamic_cast<const CTreeEnumationItemValue*>(item->value()) : nullptr;
+    if (!value)
+        return false;
+    const qint64 number = value->number();
+    {
+        const ReentrancyScope scope;
+        m_reading.waitUntilNotRereading(kRegionDisplaySelector);
+    }
+    if (m_reading.hasEnded()) // released meanwhile
+        return false;
+    return OBDeviceControl::SetEnumNodeValue(kRegionDisplaySelector,
+                                             static_cast<unsigned int>(number));
+}
+
+void ORXFeatureTree::ShowLoadingDlg(bool show, const QString& text)
+{
+    if (show)
+        m_overlay.show(text);
+    else
+        m_overlay.hide();
+}
+
+void ORXFeatureTree::ShowLoadingFeatures(bool show, bool setting)
+{
+    if (show)
+        m_overlay.showFor(setting);
+    else if (!m_reading.isRereading())
+        m_overlay.hideFor(setting);
 }

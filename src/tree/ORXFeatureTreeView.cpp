@@ -7,9 +7,8 @@
 #include "styledctl/ZELTouchScrolling.h"
 #include "tree/ContextMenuKey.h"
 #include "tree/EditorFocus.h"
-#include "tree/IORXFeatureWidget.h"
+#include "tree/IFeatureViewPage.h"
 #include "tree/ORXFeatureScrollBar.h"
-#include "tree/ORXFeatureTree.h"
 #include "tree/ORXPropertyTreeDelegate.h"
 
 #include <QApplication>
@@ -22,9 +21,9 @@
 #include <QThread>
 #include <QWheelEvent>
 
-ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
-                                       IORXFeatureWidget* page)
-    : QTreeView(page)
+ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IFeatureViewPage* page,
+                                       QWidget* parent)
+    : QTreeView(parent)
     , ZELCustomQssHelper(this)
     , m_pPage(page)
     , m_pModel(new ORXPropertyTreeModel(type, this))
@@ -55,10 +54,7 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type,
     connect(&m_editors, &OpenEditors::aboutToSync, this, [this] { m_focus.keepCurrentShown(); });
     connect(&m_editors, &OpenEditors::synced, this, &ORXFeatureTreeView::tellRowsInSight);
     connect(&m_favoriteMoves, &FavoriteMoves::SigFavoriteMoved, this,
-            [this](ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target) {
-                if (auto* tree = dynamic_cast<ORXFeatureTree*>(m_pPage))
-                    tree->moveFavorteItem(moved, target);
-            });
+            &ORXFeatureTreeView::SigFavoriteMoved);
     connect(this, &ORXFeatureTreeView::sigSetItemVisible, this,
             &ORXFeatureTreeView::onSetItemVisible);
     connect(this, &ORXFeatureTreeView::sigSetItemExpended, this,

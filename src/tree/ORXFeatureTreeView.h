@@ -14,7 +14,7 @@
 
 #include <atomic>
 
-class IORXFeatureWidget;
+class IFeatureViewPage;
 class ORXPropertyTreeDelegate;
 class ORXPropertyTreeModel;
 
@@ -37,7 +37,8 @@ class ORXFeatureTreeView : public QTreeView, public IORXFeatureNotify, public ZE
 {
     Q_OBJECT
 public:
-    ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IORXFeatureWidget* page);
+    ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IFeatureViewPage* page,
+                       QWidget* parent);
     ~ORXFeatureTreeView() override;
 
     void resetData(qint64 cameraId, ORXPropertyTreeItem* root);
@@ -82,6 +83,8 @@ signals:
     // The features that the user has before him, when they changed: those in sight from top to
     // bottom, then what the view shows below, then above them. Empty when the view is hidden.
     void SigRowsInSight(const QStringList& names);
+    // The user has moved a favourite before `target`, or to the end without one.
+    void SigFavoriteMoved(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target);
 
 public slots:
     void onSetItemVisible(qint64 cameraId, ORXPropertyTreeItem* item, bool visible);
@@ -126,7 +129,7 @@ private:
     void tellRowsInSight();
     bool showDropTarget(const QDropEvent* event);
 
-    IORXFeatureWidget* m_pPage;                  // Not owned.
+    IFeatureViewPage* m_pPage;                   // Not owned.
     std::atomic<bool> m_bForbiddenUpdate{false}; // read by the notifying threads
     bool m_bDisableScroll = false;
     bool m_bInGeometries = false;

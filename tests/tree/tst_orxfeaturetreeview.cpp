@@ -331,7 +331,7 @@ private slots:
     void onePassCostsOneLayout()
     {
         TestPage page;
-        CountingView counted(page.pageType(), &page);
+        CountingView counted(page.pageType(), &page, &page);
         Item* root = page.addGroupOfTags({});
         m_group = root->child(0);
         for (int i = 0; i < 1000; ++i)

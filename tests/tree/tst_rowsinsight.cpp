@@ -159,7 +159,7 @@ private slots:
     void aFirstReadCostsFewLayouts()
     {
         TestPage page;
-        CountingView counted(page.pageType(), &page);
+        CountingView counted(page.pageType(), &page, &page);
         makeRows(1000);
         Item* root = m_page->makeRoot();
         for (int i = 0; i < 1000; ++i)
@@ -188,7 +188,7 @@ private slots:
         makeRows(3);
         m_page->getRootItem(1, true);
         row(1)->setVisible(false, -1);
-        ORXFeatureTreeView other(m_page->pageType(), m_page);
+        ORXFeatureTreeView other(m_page->pageType(), m_page, m_page);
         other.resetData(1, m_page->getRootItem(1, false));
         const QModelIndex group = other.treeModel()->indexFromItem(m_group, 0);
         QVERIFY(!other.isRowHidden(0, group));
@@ -275,7 +275,7 @@ private slots:
     void scrollingCostsNoLayout()
     {
         TestPage page;
-        CountingView counted(page.pageType(), &page);
+        CountingView counted(page.pageType(), &page, &page);
         makeRows(5000);
         Item* root = m_page->makeRoot();
         counted.resetData(1, root);

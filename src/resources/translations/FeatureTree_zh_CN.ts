@@ -3,6 +3,76 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>LUTCameraTransfer</name>
+    <message>
+        <source>LUT Operating...</source>
+        <translation>正在操作查找表…</translation>
+    </message>
+    <message>
+        <source>LUT Updating...</source>
+        <translation>正在更新查找表…</translation>
+    </message>
+    <message>
+        <source>Loading from camera failed after %1 of %2 points. The curve is unchanged.</source>
+        <translation>从相机加载失败：共 %2 点，已读取 %1 点。曲线未改变。</translation>
+    </message>
+    <message>
+        <source>Loading from camera failed. The curve is unchanged.</source>
+        <translation>从相机加载失败。曲线未改变。</translation>
+    </message>
+    <message>
+        <source>Loading from camera completed.</source>
+        <translation>从相机加载完成。</translation>
+    </message>
+    <message>
+        <source>Applying to camera was stopped after %1 of %2 points. The table in the camera is incomplete.</source>
+        <translation>应用到相机已中止：共 %2 点，已写入 %1 点。相机中的查找表不完整。</translation>
+    </message>
+    <message>
+        <source>Applied to camera successfully.</source>
+        <translation>已成功应用到相机。</translation>
+    </message>
+    <message>
+        <source>Only %1 of %2 points were applied to the camera.</source>
+        <translation>共 %2 点，只有 %1 点成功应用到相机。</translation>
+    </message>
+</context>
+<context>
+    <name>LUTFileDialogs</name>
+    <message>
+        <source>Open txt File</source>
+        <translation>打开 txt 文件</translation>
+    </message>
+    <message>
+        <source>txt Files (*.txt)</source>
+        <translation>txt 文件 (*.txt)</translation>
+    </message>
+    <message>
+        <source>Save as txt File</source>
+        <translation>另存为 txt 文件</translation>
+    </message>
+    <message>
+        <source>txt File (*.txt)</source>
+        <translation>txt 文件 (*.txt)</translation>
+    </message>
+    <message>
+        <source>Failed to import file. Incorrect file format.</source>
+        <translation>导入文件失败，文件格式不正确。</translation>
+    </message>
+    <message>
+        <source>Importing from file completed.</source>
+        <translation>从文件导入完成。</translation>
+    </message>
+    <message>
+        <source>Exporting to file completed.</source>
+        <translation>导出到文件完成。</translation>
+    </message>
+    <message>
+        <source>File opreation failed, possable storage disk is full.</source>
+        <translation>文件操作失败，存储磁盘可能已满。</translation>
+    </message>
+</context>
+<context>
     <name>ORXCommonFeature</name>
     <message>
         <source>Common Features</source>
@@ -400,74 +470,10 @@ camera later.</source>
         <translation>第 %1 点，共 %2 点</translation>
     </message>
     <message>
-        <source>Open txt File</source>
-        <translation>打开 txt 文件</translation>
-    </message>
-    <message>
-        <source>txt Files (*.txt)</source>
-        <translation>txt 文件 (*.txt)</translation>
-    </message>
-    <message>
-        <source>Save as txt File</source>
-        <translation>另存为 txt 文件</translation>
-    </message>
-    <message>
-        <source>txt File (*.txt)</source>
-        <translation>txt 文件 (*.txt)</translation>
-    </message>
-    <message>
-        <source>Failed to import file. Incorrect file format.</source>
-        <translation>导入文件失败，文件格式不正确。</translation>
-    </message>
-    <message>
-        <source>Importing from file completed.</source>
-        <translation>从文件导入完成。</translation>
-    </message>
-    <message>
-        <source>Exporting to file completed.</source>
-        <translation>导出到文件完成。</translation>
-    </message>
-    <message>
-        <source>File opreation failed, possable storage disk is full.</source>
-        <translation>文件操作失败，存储磁盘可能已满。</translation>
-    </message>
-    <message>
         <source>Index: %1
 Value: %2</source>
         <translation>索引：%1
 值：%2</translation>
-    </message>
-    <message>
-        <source>LUT Operating...</source>
-        <translation>正在操作查找表…</translation>
-    </message>
-    <message>
-        <source>LUT Updating...</source>
-        <translation>正在更新查找表…</translation>
-    </message>
-    <message>
-        <source>Loading from camera failed after %1 of %2 points. The curve is unchanged.</source>
-        <translation>从相机加载失败：共 %2 点，已读取 %1 点。曲线未改变。</translation>
-    </message>
-    <message>
-        <source>Loading from camera failed. The curve is unchanged.</source>
-        <translation>从相机加载失败。曲线未改变。</translation>
-    </message>
-    <message>
-        <source>Loading from camera completed.</source>
-        <translation>从相机加载完成。</translation>
-    </message>
-    <message>
-        <source>Applying to camera was stopped after %1 of %2 points. The table in the camera is incomplete.</source>
-        <translation>应用到相机已中止：共 %2 点，已写入 %1 点。相机中的查找表不完整。</translation>
-    </message>
-    <message>
-        <source>Applied to camera successfully.</source>
-        <translation>已成功应用到相机。</translation>
-    </message>
-    <message>
-        <source>Only %1 of %2 points were applied to the camera.</source>
-        <translation>共 %2 点，只有 %1 点成功应用到相机。</translation>
     </message>
 </context>
 <context>

@@ -203,48 +203,8 @@
         <translation>配置成功。相机重启后将加载用户集 3。</translation>
     </message>
     <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message>
-        <source>Load</source>
-        <translation>加载</translation>
-    </message>
-    <message>
-        <source>Power-up</source>
-        <translation>上电加载</translation>
-    </message>
-    <message>
-        <source>Device Reset</source>
-        <translation>设备复位</translation>
-    </message>
-    <message>
-        <source>Save the settings in %1</source>
-        <translation>将当前设置保存到%1</translation>
-    </message>
-    <message>
-        <source>Load the settings of %1</source>
-        <translation>加载%1的设置</translation>
-    </message>
-    <message>
-        <source>Load %1 whenever the camera starts</source>
-        <translation>相机上电时加载%1</translation>
-    </message>
-    <message>
-        <source>Restart the camera</source>
-        <translation>重启相机</translation>
-    </message>
-    <message>
         <source>User Set Control</source>
         <translation>用户集控制</translation>
-    </message>
-    <message>
-        <source>Current settings:</source>
-        <translation>当前用户集：</translation>
-    </message>
-    <message>
-        <source>Loaded at power-up:</source>
-        <translation>上电加载：</translation>
     </message>
     <message>
         <source>Setting ...</source>
@@ -481,6 +441,49 @@ Value: %2</source>
     <message>
         <source>Range: %1 to %2</source>
         <translation>范围：%1 至 %2</translation>
+    </message>
+</context>
+<context>
+    <name>UserSetPanel</name>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>加载</translation>
+    </message>
+    <message>
+        <source>Power-up</source>
+        <translation>上电加载</translation>
+    </message>
+    <message>
+        <source>Device Reset</source>
+        <translation>设备复位</translation>
+    </message>
+    <message>
+        <source>Save the settings in %1</source>
+        <translation>将当前设置保存到%1</translation>
+    </message>
+    <message>
+        <source>Load the settings of %1</source>
+        <translation>加载%1的设置</translation>
+    </message>
+    <message>
+        <source>Load %1 whenever the camera starts</source>
+        <translation>相机上电时加载%1</translation>
+    </message>
+    <message>
+        <source>Restart the camera</source>
+        <translation>重启相机</translation>
+    </message>
+    <message>
+        <source>Current settings:</source>
+        <translation>当前用户集：</translation>
+    </message>
+    <message>
+        <source>Loaded at power-up:</source>
+        <translation>上电加载：</translation>
     </message>
 </context>
 <context>

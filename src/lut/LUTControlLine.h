@@ -4,7 +4,7 @@
 #include "lut/LUTLine.h"
 
 // A line that runs through a few control points, which are what the user moves. The control points
-// stand in order of their indexes. Owned by QLUTDrawWidget, GUI thread.
+// stand in order of their indexes. Owned by LUTCurve, GUI thread.
 class LUTControlLine : public LUTLine
 {
 public:

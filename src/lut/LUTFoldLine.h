@@ -4,7 +4,7 @@
 #include "lut/LUTControlLine.h"
 
 // The fold line: straight pieces between five points. The outer two only change their value; an
-// inner one is taken wherever the line is pressed near it. Owned by QLUTDrawWidget, GUI thread.
+// inner one is taken wherever the line is pressed near it. Owned by LUTCurve, GUI thread.
 class LUTFoldLine : public LUTControlLine
 {
 public:

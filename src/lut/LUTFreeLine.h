@@ -4,7 +4,7 @@
 #include "lut/LUTLine.h"
 
 // The free line: each point of the table by itself, drawn by hand. What the mouse skips between two
-// samples is filled by a straight line. Owned by QLUTDrawWidget, GUI thread.
+// samples is filled by a straight line. Owned by LUTCurve, GUI thread.
 class LUTFreeLine : public LUTLine
 {
 public:

@@ -7,7 +7,7 @@
 #include <QPoint>
 
 // One way of drawing a look-up table: a whole table of points and the rules by which mouse and
-// keyboard change it. Knows neither widgets nor the camera; owned by QLUTDrawWidget, GUI thread.
+// keyboard change it. Knows neither widgets nor the camera; owned by LUTCurve, GUI thread.
 //
 // Pixels are those of the plot. Operations that return a bool tell whether the line or its
 // selection changed and must be drawn again.

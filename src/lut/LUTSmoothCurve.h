@@ -7,7 +7,7 @@
 
 // The smooth curve: it passes through its control points in quadratic Bézier pieces, two between
 // neighbours, joined without a kink. Between two points it never leaves their values, so it has
-// neither loops nor overshoot. Owned by QLUTDrawWidget, GUI thread.
+// neither loops nor overshoot. Owned by LUTCurve, GUI thread.
 class LUTSmoothCurve : public LUTControlLine
 {
 public:

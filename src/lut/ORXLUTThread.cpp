@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "lut/ORXLUTThread.h"
 
+#include "lut/LUTPlot.h"
+#include "lut/LUTTransfer.h"
+
+#include <QDebug>
+
 #include <algorithm>
 
 ORXLUTThread::ORXLUTThread(QObject* parent)
@@ -82,17 +87,25 @@ LUTTransferReport ORXLUTThread::takeReport()
 
 void ORXLUTThread::work(LUTJob& job)
 {
-    m_pJob = &job;
-    m_report = {job.type, job.cameraId, 0, 0, LUTTransferReport::Failed};
-    if (job.type == SetToCamera) {
-        SetPointToCamera();
-        fileReport();
+    LUTTransfer transfer(stopRequest(),
+                         [this](int done, int total) { emit SigProgress(done, total); });
+    const bool sets = job.type == SetToCamera;
+    if (sets)
+        transfer.SetPointToCamera(job.points);
+    else
+        transfer.GetPointFromCamera();
+    LUTTransferReport report = transfer.report();
+    report.type = job.type;
+    report.cameraId = job.cameraId;
+    if (!sets && report.outcome == LUTTransferReport::Completed && !publish(job, transfer))
+        report.outcome = LUTTransferReport::Stopped;
+    if (!sets && report.outcome == LUTTransferReport::Stopped)
+        qInfo("LUT: reading stopped after %d of %d points", report.done, report.total);
+    locked([&](Waiting&, LUTJob*) { m_reports.push_back(report); });
+    emit SigReport();
+    if (sets)
         emit SigSetToCameraFinished();
-        return;
-    }
-    GetPointFromCamera();
-    fileReport();
-    if (job.type == LoadFromCamera)
+    else if (job.type == LoadFromCamera)
         emit SigLoadFromCameraFinished();
 }
 
@@ -101,8 +114,19 @@ void ORXLUTThread::jobEnded()
     emit SigThreadEnd();
 }
 
-void ORXLUTThread::fileReport()
+// False when the table is that of a camera that is no longer shown.
+bool ORXLUTThread::publish(const LUTJob& job, const LUTTransfer& read)
 {
-    locked([this](Waiting&, LUTJob*) { m_reports.push_back(m_report); });
-    emit SigReport();
+    const bool isShown = locked([&](Waiting&, LUTJob*) {
+        if (job.cameraId != m_lCameraID)
+            return false;
+        m_points = read.points();
+        return true;
+    });
+    constexpr float kScaledPx = LUTPlot::kSizePx - 1.0F;
+    if (isShown)
+        emit SigUpdateLUTInfo(read.maximumIndex(), read.maximumValue(),
+                              kScaledPx / static_cast<float>(read.maximumIndex()),
+                              kScaledPx / static_cast<float>(read.maximumValue()));
+    return isShown;
 }

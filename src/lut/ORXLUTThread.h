@@ -5,6 +5,8 @@
 #include "lut/LUTTransferReport.h"
 #include "reading/SerialWorker.h"
 
+class LUTTransfer;
+
 // One table to be read or written.
 struct LUTJob
 {
@@ -13,15 +15,15 @@ struct LUTJob
     LUTPoints points; // to be written
 };
 
-// Carries look-up tables from and to the camera, point by point over "LUTIndex" and "LUTValue".
-// Owned by QLUTDrawWidget.
+// The worker that carries look-up tables from and to the camera, each by a LUTTransfer. Owned by
+// LUTCameraTransfer.
 //
 // | operation                                    | thread | lock                             |
 // |----------------------------------------------|--------|----------------------------------|
 // | SetThreadType, setPointVector, startJob,     | GUI    | the worker's, inside             |
 // | resetCameraID, requestStop, StopThread       |        |                                  |
 // | points, takeReport, isBusy                   | any    | the worker's, inside             |
-// | everything else                              | worker | none while it calls the host     |
+// | work, jobEnded                               | worker | none while it calls the host     |
 // | signals                                      | emitted by the worker; connect queued     |
 //
 // A job never holds up the GUI thread: what has to wait for the running job is kept and run after
@@ -59,12 +61,6 @@ public:
     // The oldest report that nobody has taken; one for each SigReport.
     LUTTransferReport takeReport();
 
-    // Device access; false when the host refuses. The values are the host's, unchecked.
-    bool GetLutIndex(long long& value, long long& maximum, long long& minimum);
-    bool SetLutIndex(long long value);
-    bool GetLutValue(long long& value, long long& maximum, long long& minimum);
-    bool SetLutValue(long long value);
-
 signals:
     // First that there is a report of a job, then the signals of its kind.
     void SigReport();
@@ -79,22 +75,11 @@ protected:
     void jobEnded() override;
 
 private:
-    void GetPointFromCamera();
-    void GetPointGroup(int maximumIndex, int maximumValue);
-    void SetPointToCamera();
-    bool publish(const LUTPoints& points);
-    void countPoint();
-    void fileReport();
+    bool publish(const LUTJob& job, const LUTTransfer& read);
 
     // Guarded by the worker's lock.
     LUTJob m_prepared;
     qint64 m_lCameraID = -1;
     LUTPoints m_points;
     std::deque<LUTTransferReport> m_reports; // not taken yet
-
-    // The worker's own.
-    const LUTJob* m_pJob = nullptr; // the running one. Not owned.
-    LUTTransferReport m_report;
-    float m_fXScale = 0.0F; // pixels for each index and value
-    float m_fYScale = 0.0F;
 };

@@ -1,41 +1,46 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "lut/QLUTDrawWidget.h"
 
-#include "basetools/ORXInterface.h"
-#include "device/ReentrancyScope.h"
+#include "lut/LUTKeys.h"
 #include "lut/LUTPainter.h"
-#include "lut/LUTTextFile.h"
-#include "lut/ORXLUTThread.h"
-#include "styledctl/ZELCustomMessageBox.h"
 #include "styledctl/ZELTheme.h"
+#include "tree/IFeatureTreeFinder.h"
+#include "tree/ORXFeatureTree.h"
 
-#include <QDebug>
-#include <QEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
+#include <QWheelEvent>
 
-int QLUTDrawWidget::s_nPointCount = LUTLimits::kDefaultPoints;
+namespace {
+
+const QPoint kOffset(LUTPlot::kOffsetPx, LUTPlot::kOffsetPx);
+
+} // namespace
 
 QLUTDrawWidget::QLUTDrawWidget(QWidget* parent)
     : QWidget(parent)
-    , m_pThread(new ORXLUTThread(this))
+    , m_message(this)
+    , m_files(this, m_curve, m_message)
+    , m_transfer(this, m_message)
 {
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(sizeHint());
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setRange(s_nPointCount - 1, m_plot.maxValue());
-    ClearDraw();
-    connectThread();
-    connect(ZELTheme::instance(), &ZELTheme::cSigThemeChanged, this, [this] { update(); });
+    const auto repaint = [this] { update(); };
+    connect(&m_transfer, &LUTCameraTransfer::SigProgress, this, repaint);
+    connect(&m_transfer, &LUTCameraTransfer::SigTransferring, this, repaint);
+    connect(&m_transfer, &LUTCameraTransfer::SigTransferring, this,
+            &QLUTDrawWidget::SigTransferring);
+    connect(&m_transfer, &LUTCameraTransfer::SigUpdateLUTInfo, this,
+            &QLUTDrawWidget::UpdateLutInfo);
+    connect(&m_transfer, &LUTCameraTransfer::SigWritten, this, &QLUTDrawWidget::UpdateFeatureTree);
+    connect(ZELTheme::instance(), &ZELTheme::cSigThemeChanged, this, repaint);
 }
 
-QLUTDrawWidget::~QLUTDrawWidget()
-{
-    // The page may be half gone already.
-    blockSignals(true);
-    endTransfer();
-    // Before the members go: afterwards no call of the host is under way.
-    delete m_pThread;
-}
+QLUTDrawWidget::~QLUTDrawWidget() = default;
 
 QSize QLUTDrawWidget::sizeHint() const
 {
@@ -44,32 +49,17 @@ QSize QLUTDrawWidget::sizeHint() const
 
 // Line --------------------------------------------------------------------------------------------
 
-void QLUTDrawWidget::setRange(int maximumIndex, int maximumValue)
-{
-    m_plot.setRange(maximumIndex + 1, maximumValue);
-    s_nPointCount = m_plot.pointCount();
-    for (LUTLine* each : m_lines)
-        each->setRange(s_nPointCount, maximumValue);
-}
-
 void QLUTDrawWidget::SetDrawLineChanged(int type)
 {
-    if (type == m_nDrawLine || type < FoldLine || type > FreeLine)
-        return;
-    line().clearSelection();
-    m_nDrawLine = type;
-    line().clearSelection();
-    update();
+    if (m_curve.setType(type))
+        update();
 }
 
 void QLUTDrawWidget::ClearDraw()
 {
-    if (m_bTransferring)
+    if (isTransferring())
         return;
-    m_freeLine.ClearFreePoints();
-    const LUTPoints table = m_freeLine.boundedTable();
-    m_foldLine.rebuildFrom(table);
-    m_smoothCurve.rebuildFrom(table);
+    m_curve.clear();
     update();
 }
 
@@ -80,11 +70,69 @@ LUTPoints QLUTDrawWidget::GetSettinngPoints() const
 
 void QLUTDrawWidget::SetLUTInfo(int, int, const LUTPoints& points, int lineType)
 {
-    if (lineType < FoldLine || lineType > FreeLine)
+    if (m_curve.replaceBy(points, lineType))
+        update();
+}
+
+// Camera and files --------------------------------------------------------------------------------
+
+void QLUTDrawWidget::LoadFromCamera()
+{
+    m_curve.line().clearSelection();
+    m_transfer.LoadFromCamera(PointCount());
+}
+
+void QLUTDrawWidget::SetToCamera()
+{
+    m_curve.line().clearSelection();
+    m_transfer.SetToCamera(GetSettinngPoints());
+}
+
+void QLUTDrawWidget::resetCameraID(qint64 cameraId)
+{
+    m_transfer.resetCameraID(cameraId);
+}
+
+void QLUTDrawWidget::StopTransfer(bool wait)
+{
+    m_transfer.StopTransfer(wait);
+}
+
+void QLUTDrawWidget::UpdateLutInfo(int maximumIndex, int maximumValue, float xScale, float yScale)
+{
+    const LUTPoints points = m_transfer.points();
+    // Another camera was chosen meanwhile, or a later table is on its way already.
+    if (points.size() != maximumIndex + 1)
         return;
-    LUTLine* target = m_lines[lineType];
-    target->replaceBy(LUTTable::expand(points, target->pointCount()));
+    m_curve.showTable(points, maximumValue, xScale, yScale);
     update();
+    UpdateFeatureTree();
+}
+
+void QLUTDrawWidget::UpdateFeatureTree()
+{
+    const qint64 cameraId = m_transfer.cameraID();
+    IFeatureTreeFinder* finder = IFeatureTreeFinder::instance();
+    if (finder && finder->hasFeatureTree(cameraId)) {
+        ORXFeatureTree* tree = finder->featureTree(cameraId, false);
+        for (const auto& name : {QStringLiteral("LUTIndex"), QStringLiteral("LUTValue")})
+            tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, name,
+                                 QGetFeaturesThread::UpdateFlags(UpdateFlagSets::kRefresh), false,
+                                 false);
+    }
+    emit SigUpdateFeatureTree();
+}
+
+void QLUTDrawWidget::LoadFromFile()
+{
+    // The table on its way would replace what was imported.
+    if (!isTransferring() && m_files.OnLoadFromFile())
+        update();
+}
+
+void QLUTDrawWidget::SaveToFile()
+{
+    m_files.OnSaveToFile();
 }
 
 // Painting ----------------------------------------------------------------------------------------
@@ -92,7 +140,7 @@ void QLUTDrawWidget::SetLUTInfo(int, int, const LUTPoints& points, int lineType)
 void QLUTDrawWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    LUTPainter picture(painter, m_plot);
+    LUTPainter picture(painter, plot());
     picture.InitBackground(rect(), {tr("Index"), tr("Value")});
     if (!isEnabled())
         painter.setOpacity(0.45);
@@ -100,87 +148,98 @@ void QLUTDrawWidget::paintEvent(QPaintEvent*)
     picture.drawHandles(currentLine(), hasFocus());
     if (hasFocus())
         picture.drawFocusFrame();
-    if (m_bTransferring && m_nProgressTotal > 0)
-        picture.drawProgress(tr("%1 of %2 points").arg(m_nProgressDone).arg(m_nProgressTotal),
-                             m_nProgressDone, m_nProgressTotal);
+    const int done = m_transfer.done();
+    const int total = m_transfer.total();
+    if (isTransferring() && total > 0)
+        picture.drawProgress(tr("%1 of %2 points").arg(done).arg(total), done, total);
 }
 
 void QLUTDrawWidget::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange || event->type() == QEvent::EnabledChange) {
-        line().clearSelection();
+        m_curve.line().clearSelection();
         update();
     }
 }
 
-// Files -------------------------------------------------------------------------------------------
+// Mouse and keyboard ------------------------------------------------------------------------------
 
-void QLUTDrawWidget::LoadFromFile()
+void QLUTDrawWidget::mousePressEvent(QMouseEvent* event)
 {
-    // The table on its way would replace what was imported.
-    if (!m_bTransferring)
-        OnLoadFromFile();
+    if (event->button() != Qt::LeftButton || isTransferring())
+        return;
+    if (m_curve.line().press(event->pos() - kOffset, plot()))
+        update();
 }
 
-void QLUTDrawWidget::SaveToFile()
+void QLUTDrawWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    OnSaveToFile();
+    if (!m_curve.line().drag(event->pos() - kOffset, plot()))
+        return;
+    update();
+    showReading(event->pos());
 }
 
-void QLUTDrawWidget::OnLoadFromFile()
+void QLUTDrawWidget::mouseReleaseEvent(QMouseEvent* event)
 {
-    QString path;
-    {
-        const ReentrancyScope scope;
-        path =
-            ORXInterface::getOpenFileName(window(), tr("Open txt File"), tr("txt Files (*.txt)"));
-    }
-    LUTPoints points;
-    // One more than the last index is let through, as the plot has it.
-    const int maximumIndex = s_nPointCount;
-    switch (LUTTextFile::read(path, maximumIndex, m_plot.maxValue(), s_nPointCount, &points)) {
-    case LUTTextFile::ReadResult::NotOpened:
-        return;
-    case LUTTextFile::ReadResult::BadFormat:
-        showMessage(tr("Failed to import file. Incorrect file format."),
-                    ZELCustomMessageBox::Hint_Error);
-        return;
-    case LUTTextFile::ReadResult::Read:
-        SetLUTInfo(maximumIndex, m_plot.maxValue(), points, m_nDrawLine);
-        showMessage(tr("Importing from file completed."), ZELCustomMessageBox::Hint_Information);
-        return;
-    }
+    if (event->button() == Qt::LeftButton && m_curve.line().release(event->pos() - kOffset, plot()))
+        update();
 }
 
-void QLUTDrawWidget::OnSaveToFile()
+void QLUTDrawWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    QString path;
-    {
-        const ReentrancyScope scope;
-        path = ORXInterface::getSaveFileName(window(), tr("Save as txt File"),
-                                             tr("txt File (*.txt)"), QStringLiteral("txt"));
-    }
-    if (path.isEmpty())
+    if (event->button() != Qt::LeftButton || isTransferring())
         return;
-    if (LUTTextFile::write(path, GetSettinngPoints())) {
-        showMessage(tr("Exporting to file completed."), ZELCustomMessageBox::Hint_Information);
-        return;
-    }
-    // Log filters know the line. The failed file is gone, the one it was to replace is not.
-    qCritical("%s", "Save success,but file is error.");
-    showMessage(tr("File opreation failed, possable storage disk is full."),
-                ZELCustomMessageBox::Hint_Error);
+    // The second press of a quick pair of presses, unless it makes a point.
+    if (!m_curve.line().addPoint(event->pos() - kOffset, plot()))
+        mousePressEvent(event);
+    update();
 }
 
-// One box at a time; it does not hold up the caller, which may be the end of a transfer.
-void QLUTDrawWidget::showMessage(const QString& text, int hintStyle)
+// The wheel scrolls the page; it never changes the curve.
+void QLUTDrawWidget::wheelEvent(QWheelEvent* event)
 {
-    delete m_pMessageBox;
-    m_pMessageBox = new ZELCustomMessageBox(this);
-    m_pMessageBox->cSetButtons(ZELCustomMessageBox::Buttons_Ok);
-    m_pMessageBox->cSetContent(text);
-    m_pMessageBox->cSetHintStyle(hintStyle);
-    m_pMessageBox->cEndSetParameter();
-    m_pMessageBox->show();
+    event->ignore();
+}
+
+void QLUTDrawWidget::keyPressEvent(QKeyEvent* event)
+{
+    const bool editable = !isTransferring() && !currentLine().isDragging();
+    if (editable && LUTKeys::press(m_curve.line(), *event))
+        update();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void QLUTDrawWidget::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void QLUTDrawWidget::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+bool QLUTDrawWidget::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    showReading(static_cast<QHelpEvent*>(event)->pos());
+    return true;
+}
+
+void QLUTDrawWidget::showReading(const QPoint& position)
+{
+    const QPoint pixel = position - kOffset;
+    if (!LUTPlot::contains(pixel)) {
+        QToolTip::hideText();
+        return;
+    }
+    const int index = qMin(plot().indexAt(pixel.x()), PointCount() - 1);
+    QToolTip::showText(mapToGlobal(position),
+                       tr("Index: %1\nValue: %2").arg(index).arg(plot().valueAt(pixel.y())), this);
 }

@@ -28,10 +28,7 @@ public:
     ORXPropertyTreeItem* creatRootItem() override;
     void translate() override;
 
-protected:
-    // `table` is not owned and must outlive the page.
-    CuratedPage(const CuratedPageTable& table, ORXPropertyTreeItem::ParentType type,
-                QWidget* parent);
+    // For the page and the objects that it consists of:
 
     // The whole tree of the shown camera; null when there is none.
     ORXFeatureTree* tree() const;
@@ -39,10 +36,6 @@ protected:
     ORXPropertyTreeItem* pageItem(const char* name, ORXPropertyTreeItem* start = nullptr);
     // The camera's feature, shown by the page or not; may be null.
     ORXPropertyTreeItem* cameraItem(const char* name) const;
-    // Adds one line of a table to a group that is being built; null when the camera lacks it.
-    ORXPropertyTreeItem* addItem(ORXPropertyTreeItem* group, const CuratedItem& line);
-    // Hook at the end of creatRootItem(): `root` is not yet shown.
-    virtual void afterItemsCreated(ORXPropertyTreeItem* root);
 
     // What the user's edit of an own item does; its result is the write's. An own item without a
     // handler keeps the value to itself.
@@ -52,6 +45,16 @@ protected:
     // Whether the page's hooks hear of changes of a feature that it does not show.
     void observe(ORXPropertyTreeItem* item);
     void unobserve(ORXPropertyTreeItem* item);
+
+protected:
+    // `table` is not owned and must outlive the page.
+    CuratedPage(const CuratedPageTable& table, ORXPropertyTreeItem::ParentType type,
+                QWidget* parent);
+
+    // Adds one line of a table to a group that is being built; null when the camera lacks it.
+    ORXPropertyTreeItem* addItem(ORXPropertyTreeItem* group, const CuratedItem& line);
+    // Hook at the end of creatRootItem(): `root` is not yet shown.
+    virtual void afterItemsCreated(ORXPropertyTreeItem* root);
 
     // For createTransMap(): the texts (node name to English), translated.
     void fillTransMap(const QMap<QString, QString>& texts);

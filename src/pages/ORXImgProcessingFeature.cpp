@@ -10,9 +10,6 @@
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
-#include <QScrollArea>
-#include <QStackedWidget>
-
 using namespace ImgProcessing;
 
 ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
@@ -22,20 +19,25 @@ ORXImgProcessingFeature::ORXImgProcessingFeature(QWidget* parent)
           FeatureTag::Watermark, this))
     , m_pEvents(
           new SelectorChecks({{"EventSelector", "EventNotification"}}, FeatureTag::Event, this))
-    , m_pPanels(new QStackedWidget(this))
-    , m_pRegion(new RegionDrawWidget(m_pPanels))
-    , m_pLutPanel(new QScrollArea(m_pPanels))
-    , m_pLut(new QLUTDrawWidget(m_pLutPanel))
+    , m_pPanel(new ImgProcessingPanel(treeView(), this))
+    , m_region(*this, *m_pPanel->region())
+    , m_lut(*this, *m_pPanel->lut())
+    , m_matrix(*this)
+    , m_palette(*this)
 {
     ORXCCMWidget::registerEditor();
-    buildLayout();
     m_refreshTimer.setSingleShot(true);
-    m_areasTimer.setSingleShot(true);
     connect(&m_refreshTimer, &QTimer::timeout, this, &ORXImgProcessingFeature::refresh);
-    connect(&m_areasTimer, &QTimer::timeout, this, &ORXImgProcessingFeature::scheduleRefresh);
-    connect(m_pRegion, &RegionDrawWidget::SigEdited, this, &ORXImgProcessingFeature::writeRegion);
-    connect(m_pLut, &QLUTDrawWidget::SigTransferring, this, &ORXImgProcessingFeature::lockTable);
-    connectLUTItems();
+    connect(&m_region, &RegionPicture::SigOutdated, this,
+            &ORXImgProcessingFeature::scheduleRefresh);
+    connect(&m_region, &RegionPicture::SigDrawModeChange, this,
+            &ORXImgProcessingFeature::notifyDrawModeChange);
+    connect(lutEditor(), &QLUTDrawWidget::SigUpdateFeatureTree, this,
+            &ORXImgProcessingFeature::scheduleRefresh);
+    connect(lutEditor(), &QLUTDrawWidget::SigTransferring, this, [this](bool running) {
+        m_lut.lockTable(running);
+        scheduleRefresh();
+    });
     ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal);
 }
 
@@ -49,17 +51,23 @@ ORXImgProcessingFeature::~ORXImgProcessingFeature()
 
 void ORXImgProcessingFeature::afterItemsCreated(ORXPropertyTreeItem* root)
 {
-    createLUTItems(root);
-    createMatrixItems(root);
-    attachMatrix(root);
+    m_lut.createLUTItems(root);
+    m_matrix.create(root);
+    m_palette.create(root);
     connect(tree(), &ORXFeatureTree::SigFullReadEnded, this,
             &ORXImgProcessingFeature::rereadBehindSelectors);
-    createPaletteItem(root);
-    m_pChunks->attach(tree(), pageItem(kEmbeddedInfoGroup, root), treeView(), cameraID());
-    m_pEvents->attach(tree(), pageItem(kEventGroup, root), treeView(), cameraID());
+    attach(root);
     for (const char* name : {"ChunkSelector", "ChunkEnable", "FrameSpecInfoSelector",
                              "FrameSpecInfo", "EventSelector", "EventNotification"})
         observe(cameraItem(name));
+}
+
+// Turns what stands behind selectors to the camera whose page is shown.
+void ORXImgProcessingFeature::attach(ORXPropertyTreeItem* root)
+{
+    m_matrix.attach(root);
+    m_pChunks->attach(tree(), pageItem(kEmbeddedInfoGroup, root), treeView(), cameraID());
+    m_pEvents->attach(tree(), pageItem(kEventGroup, root), treeView(), cameraID());
 }
 
 void ORXImgProcessingFeature::createTransMap()
@@ -76,12 +84,9 @@ void ORXImgProcessingFeature::resetCamaraID(qint64 cameraId)
     forgetCamera();
     const bool known = getRootItem(cameraId, false) != nullptr;
     CuratedPage::resetCamaraID(cameraId);
-    m_pLut->resetCameraID(cameraID());
-    if (known && tree()) {
-        m_pChunks->attach(tree(), pageItem(kEmbeddedInfoGroup), treeView(), cameraID());
-        m_pEvents->attach(tree(), pageItem(kEventGroup), treeView(), cameraID());
-        attachMatrix(getRootItem(cameraID(), false));
-    }
+    lutEditor()->resetCameraID(cameraID());
+    if (known && tree())
+        attach(getRootItem(cameraID(), false));
     if (cameraID() != -1)
         scheduleRefresh();
 }
@@ -97,37 +102,35 @@ void ORXImgProcessingFeature::removeCameraID(qint64 cameraId)
 void ORXImgProcessingFeature::forgetCamera()
 {
     m_refreshTimer.stop();
-    m_areasTimer.stop();
     stopHostCalls();
-    lockTable(false);
-    m_pLut->resetCameraID(-1);
+    m_lut.lockTable(false);
+    lutEditor()->resetCameraID(-1);
     for (SelectorChecks* each : checks())
         each->clear();
-    m_matrix.reset();
-    setDrawMode(RegionDrawWidget::DrawNothing);
+    m_matrix.detach();
+    m_region.clear();
     m_bDrawnElsewhere = false;
-    m_pRegion->setAreas(std::nullopt, std::nullopt);
-    m_pPanels->hide();
+    m_pPanel->hide();
 }
 
 void ORXImgProcessingFeature::requestStop()
 {
-    m_pLut->StopTransfer(false);
+    lutEditor()->StopTransfer(false);
     for (SelectorChecks* each : checks())
         each->requestStop();
-    if (m_matrix)
-        m_matrix->requestStop();
+    if (ColorMatrix* matrix = colorMatrix())
+        matrix->requestStop();
 }
 
 // Everyone is asked before the first is waited for.
 void ORXImgProcessingFeature::stopHostCalls()
 {
     requestStop();
-    m_pLut->StopTransfer(true);
+    lutEditor()->StopTransfer(true);
     for (SelectorChecks* each : checks())
         each->stopHostCalls();
-    if (m_matrix)
-        m_matrix->stopHostCalls();
+    if (ColorMatrix* matrix = colorMatrix())
+        matrix->stopHostCalls();
 }
 
 // Following the camera ----------------------------------------------------------------------------
@@ -141,7 +144,7 @@ void ORXImgProcessingFeature::itemValueChanged(ORXPropertyTreeItem* item)
         if (each->concerns(name))
             each->requestStates();
     }
-    m_bMatrixChanged |= concernsMatrix(name);
+    m_matrix.noteChange(name);
     scheduleRefresh();
 }
 
@@ -154,8 +157,12 @@ void ORXImgProcessingFeature::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 // The camera was read anew: what stands behind the selectors may be another, too.
 void ORXImgProcessingFeature::itemSpecialInfoChanged(ORXPropertyTreeItem*, int info)
 {
-    if (info != static_cast<int>(NotifyViewSpecial::ChunkSelectionChanged))
-        return;
+    if (info == static_cast<int>(NotifyViewSpecial::ChunkSelectionChanged))
+        requestStates();
+}
+
+void ORXImgProcessingFeature::requestStates()
+{
     for (SelectorChecks* each : checks())
         each->requestStates();
 }
@@ -163,10 +170,9 @@ void ORXImgProcessingFeature::itemSpecialInfoChanged(ORXPropertyTreeItem*, int i
 // The whole camera was read: what no pass can see is read, too.
 void ORXImgProcessingFeature::rereadBehindSelectors()
 {
-    for (SelectorChecks* each : checks())
-        each->requestStates();
-    if (m_matrix)
-        m_matrix->read();
+    requestStates();
+    if (ColorMatrix* matrix = colorMatrix())
+        matrix->read();
 }
 
 void ORXImgProcessingFeature::scheduleRefresh()
@@ -179,12 +185,12 @@ void ORXImgProcessingFeature::refresh()
 {
     if (!tree() || !getRootItem(-1, false))
         return;
-    updateLUTItems();
-    updatePalette();
-    updateMatrix();
+    m_lut.update();
+    m_palette.update();
+    m_matrix.update();
     for (SelectorChecks* each : checks())
         each->refresh();
-    updateAreas();
+    m_region.update();
     updatePanel();
 }
 
@@ -210,9 +216,9 @@ void ORXImgProcessingFeature::hideEvent(QHideEvent* event)
     CuratedPage::hideEvent(event);
     for (SelectorChecks* each : checks())
         each->setShown(false);
-    if (m_matrix)
-        m_matrix->setShown(false);
-    setDrawMode(RegionDrawWidget::DrawNothing);
+    if (ColorMatrix* matrix = colorMatrix())
+        matrix->setShown(false);
+    m_region.setDrawMode(RegionDrawWidget::DrawNothing);
 }
 
 void ORXImgProcessingFeature::translate()
@@ -224,7 +230,7 @@ void ORXImgProcessingFeature::translate()
 void ORXImgProcessingFeature::resizeEvent(QResizeEvent* event)
 {
     CuratedPage::resizeEvent(event);
-    fitPanel();
+    m_pPanel->fit(width());
 }
 
 int ORXImgProcessingFeature::notify(int code, void* payload)
@@ -251,4 +257,41 @@ bool ORXImgProcessingFeature::setFeatureValue(const QString& tagName, const QStr
             return each->write(nodeName, value.toBool());
     }
     return CuratedPage::setFeatureValue(tagName, nodeName, value);
+}
+
+// Panel -------------------------------------------------------------------------------------------
+
+bool ORXImgProcessingFeature::showsGroup(const char* group)
+{
+    const ORXPropertyTreeItem* item = pageItem(group);
+    return item && item->groupVisible() && item->visible();
+}
+
+// What belongs to the shown group stands below its rows.
+void ORXImgProcessingFeature::updatePanel()
+{
+    ImgProcessingPanel::Content content = ImgProcessingPanel::Nothing;
+    int mode = RegionDrawWidget::DrawNothing;
+    if (showsGroup(kROIGroup) && regionPicture()->hasAreas()) {
+        content = ImgProcessingPanel::Region;
+        mode = RegionDrawWidget::DrawImageRegion;
+    } else if (showsGroup(kAOIGroup) && regionPicture()->hasAreas()) {
+        content = ImgProcessingPanel::Region;
+        mode = RegionDrawWidget::DrawAutoFunctionArea;
+    } else if (showsGroup(kLUTGroup) && pageItem(kLUTClear)) {
+        content = ImgProcessingPanel::Curve;
+    }
+    m_pChunks->setShown(isVisible() && showsGroup(kEmbeddedInfoGroup));
+    m_pEvents->setShown(isVisible() && showsGroup(kEventGroup));
+    if (ColorMatrix* matrix = colorMatrix())
+        matrix->setShown(isVisible() && showsGroup(kCCMGroup));
+    m_pPanel->setContent(content, width());
+    m_region.setDrawMode(isVisible() && !m_bDrawnElsewhere ? mode : RegionDrawWidget::DrawNothing);
+}
+
+void ORXImgProcessingFeature::notifyDrawModeChange(int mode, bool on)
+{
+    DrawModeChange change = {
+        0, static_cast<quint8>(on), static_cast<qint32>(pageType()), mode, cameraID(), this};
+    ORXListenTools::instance()->notifyListeners(ListenCode::kDrawModeChanged, &change);
 }

@@ -3,19 +3,14 @@
 
 #include "device/IORXListen.h"
 #include "pages/CuratedPage.h"
-#include "region/RegionArea.h"
+#include "pages/ImgProcessingPanel.h"
+#include "pages/LUTItems.h"
+#include "pages/MatrixItems.h"
+#include "pages/PaletteItem.h"
+#include "pages/RegionPicture.h"
 #include "selector/SelectorChecks.h"
-#include "tree/SelectorRowsLock.h"
 
 #include <QTimer>
-
-#include <memory>
-
-class ColorMatrix;
-class QLUTDrawWidget;
-class QScrollArea;
-class QStackedWidget;
-class RegionDrawWidget;
 
 // The page of image processing: region and automatics' areas with a picture to draw in, embedded
 // information, events, look-up table with its curve editor, colour correction matrix, palettes. The
@@ -49,10 +44,10 @@ public:
     // Tells every listener that drawing in a mode (RegionDrawWidget::DrawMode) begins or ends.
     void notifyDrawModeChange(int mode, bool on);
 
-    RegionDrawWidget* regionPicture() const { return m_pRegion; }
-    QLUTDrawWidget* lutEditor() const { return m_pLut; }
+    RegionDrawWidget* regionPicture() const { return m_pPanel->region(); }
+    QLUTDrawWidget* lutEditor() const { return m_pPanel->lut(); }
     // The camera's colour correction matrix; null when it has none.
-    ColorMatrix* colorMatrix() const { return m_matrix.get(); }
+    ColorMatrix* colorMatrix() const { return m_matrix.matrix(); }
 
 protected:
     void afterItemsCreated(ORXPropertyTreeItem* root) override;
@@ -61,41 +56,23 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void buildLayout();
-    void createLUTItems(ORXPropertyTreeItem* root);
-    void connectLUTItems();
-    void updateLUTItems();
-    void lockTable(bool lock);
-    void createMatrixItems(ORXPropertyTreeItem* root);
-    void attachMatrix(ORXPropertyTreeItem* root);
-    static bool concernsMatrix(const QString& nodeName);
-    void updateMatrix();
-    void settleMatrixOfFile(ORXPropertyTreeItem* matrix);
-    void createPaletteItem(ORXPropertyTreeItem* root);
-    void updatePalette();
-
+    void attach(ORXPropertyTreeItem* root);
+    void requestStates();
+    void rereadBehindSelectors();
     void scheduleRefresh();
     void refresh();
     void forgetCamera();
     bool showsGroup(const char* group);
-    void updateAreas();
     void updatePanel();
-    void fitPanel();
-    void setDrawMode(int mode);
-    void rereadBehindSelectors();
-    void writeRegion(const RegionArea::Target& target);
     QVector<SelectorChecks*> checks() { return {m_pChunks, m_pEvents}; }
 
-    SelectorChecks* m_pChunks;   // Owned (child).
-    SelectorChecks* m_pEvents;   // Owned (child).
-    QStackedWidget* m_pPanels;   // Owned (child).
-    RegionDrawWidget* m_pRegion; // Owned (child).
-    QScrollArea* m_pLutPanel;    // Owned (child).
-    QLUTDrawWidget* m_pLut;      // Owned (child).
-    std::unique_ptr<ColorMatrix> m_matrix;
-    SelectorRowsLock m_tableLock;   // while a table is transferred
+    SelectorChecks* m_pChunks;    // Owned (child).
+    SelectorChecks* m_pEvents;    // Owned (child).
+    ImgProcessingPanel* m_pPanel; // Owned (child).
+    RegionPicture m_region;
+    LUTItems m_lut;
+    MatrixItems m_matrix;
+    PaletteItem m_palette;
     QTimer m_refreshTimer;          // many changes of items are one refresh
-    QTimer m_areasTimer;            // waits for the end of a pass
-    bool m_bMatrixChanged = false;  // in the camera, since the last refresh
     bool m_bDrawnElsewhere = false; // another page draws in the same camera
 };

@@ -4,7 +4,9 @@
 #include "region/RegionGeometry.h"
 #include "region/RegionPainter.h"
 
-#include <QEvent>
+#include <QKeyEvent>
+#include <QMap>
+#include <QMouseEvent>
 #include <QPainter>
 
 RegionDrawWidget::RegionDrawWidget(QWidget* parent)
@@ -117,7 +119,7 @@ void RegionDrawWidget::paintEvent(QPaintEvent*)
 
 RegionArea::Target RegionDrawWidget::shownTarget(const RegionArea& area) const
 {
-    return &area == edited() && m_target ? *m_target : area.current();
+    return &area == edited() && m_edit.target() ? *m_edit.target() : area.current();
 }
 
 QString RegionDrawWidget::caption(int width) const
@@ -136,4 +138,104 @@ QString RegionDrawWidget::caption(int width) const
     if (!area->isWritable())
         text = tr("%1, locked").arg(text);
     return fontMetrics().horizontalAdvance(text) <= width ? text : place;
+}
+
+// Mouse and keyboard ------------------------------------------------------------------------------
+
+int RegionDrawWidget::sidesAt(const QPointF& position) const
+{
+    const RegionArea* area = edited();
+    return area ? RegionEdit::sidesAt(position, toWidget(area->current())) : RegionEdit::NoSide;
+}
+
+void RegionDrawWidget::mousePressEvent(QMouseEvent* event)
+{
+    const int sides = sidesAt(event->localPos());
+    if (event->button() != Qt::LeftButton || m_edit.target() || sides == RegionEdit::NoSide)
+        return;
+    m_edit.press(sides, event->localPos(), *edited());
+    update();
+}
+
+void RegionDrawWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_edit.isDragging()) {
+        showCursor(event->localPos());
+        return;
+    }
+    m_edit.drag(event->localPos(), place().scale(), *edited());
+    update();
+}
+
+void RegionDrawWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton || !m_edit.isDragging())
+        return;
+    m_edit.drag(event->localPos(), place().scale(), *edited());
+    finishEdit();
+}
+
+void RegionDrawWidget::showCursor(const QPointF& position)
+{
+    using Edit = RegionEdit;
+    static const QMap<int, Qt::CursorShape> kShapes = {
+        {Edit::AllSides, Qt::SizeAllCursor},
+        {Edit::Left, Qt::SizeHorCursor},
+        {Edit::Right, Qt::SizeHorCursor},
+        {Edit::Top, Qt::SizeVerCursor},
+        {Edit::Bottom, Qt::SizeVerCursor},
+        {Edit::Left | Edit::Top, Qt::SizeFDiagCursor},
+        {Edit::Right | Edit::Bottom, Qt::SizeFDiagCursor},
+        {Edit::Right | Edit::Top, Qt::SizeBDiagCursor},
+        {Edit::Left | Edit::Bottom, Qt::SizeBDiagCursor}};
+    setCursor(kShapes.value(sidesAt(position), Qt::ArrowCursor));
+}
+
+void RegionDrawWidget::keyPressEvent(QKeyEvent* event)
+{
+    static const QMap<int, QPoint> kSteps = {{Qt::Key_Left, {-1, 0}},
+                                             {Qt::Key_Right, {1, 0}},
+                                             {Qt::Key_Up, {0, -1}},
+                                             {Qt::Key_Down, {0, 1}}};
+    const QPoint step = kSteps.value(event->key());
+    if (event->key() == Qt::Key_Escape && m_edit.target()) {
+        cancelEdit();
+    } else if (!edited() || step.isNull() || m_edit.isDragging()) {
+        QWidget::keyPressEvent(event);
+    } else {
+        m_edit.step(step, event->modifiers().testFlag(Qt::ShiftModifier), *edited());
+        update();
+    }
+}
+
+// A held key repeats; the camera hears of the last step only.
+void RegionDrawWidget::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->isAutoRepeat() || !m_edit.isByKeys())
+        QWidget::keyReleaseEvent(event);
+    else
+        finishEdit();
+}
+
+void RegionDrawWidget::focusOutEvent(QFocusEvent* event)
+{
+    if (m_edit.isByKeys())
+        finishEdit();
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+void RegionDrawWidget::finishEdit()
+{
+    const RegionArea* area = edited();
+    const std::optional<RegionArea::Target> target = m_edit.target();
+    cancelEdit();
+    if (area && target && !area->writesTo(*target).isEmpty())
+        emit SigEdited(*target);
+}
+
+void RegionDrawWidget::cancelEdit()
+{
+    m_edit = {};
+    update();
 }

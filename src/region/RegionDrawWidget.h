@@ -2,6 +2,7 @@
 #pragma once
 
 #include "region/RegionArea.h"
+#include "region/RegionEdit.h"
 
 #include <QWidget>
 
@@ -51,15 +52,11 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    // Which sides of the region follow the pointer; all together: it is moved.
-    enum Side { NoSide = 0, Left = 1, Right = 2, Top = 4, Bottom = 8, AllSides = 15 };
-
     const RegionArea* image() const { return m_image ? &*m_image : nullptr; }
     const RegionArea* autoArea() const { return m_autoArea ? &*m_autoArea : nullptr; }
     RegionGeometry place() const;
     RegionArea::Target shownTarget(const RegionArea& area) const;
     int sidesAt(const QPointF& position) const;
-    RegionArea::Target targetAt(const QPointF& position) const;
     void showCursor(const QPointF& position);
     void finishEdit();
     void cancelEdit();
@@ -69,11 +66,7 @@ private:
     std::optional<RegionArea> m_image;
     std::optional<RegionArea> m_autoArea;
     DrawMode m_mode = DrawNothing;
-
-    int m_sides = NoSide; // followed by the mouse now
-    bool m_byKeys = false;
-    QPointF m_pressed;
-    std::optional<RegionArea::Target> m_target; // of the edit under way
+    RegionEdit m_edit; // under way
 };
 
 Q_DECLARE_METATYPE(RegionArea::Target)

@@ -2,45 +2,39 @@
 #include "userset/ORXFeatureSaveWidget.h"
 
 #include "device/ORXListenTools.h"
+#include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
-#include "styledctl/ZELCustomLabel.h"
+#include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "tree/ORXFeatureTree.h"
-#include "tree/PageSupport.h"
-#include "userset/UserSetTable.h"
+#include "userset/UserSetPanel.h"
 
 #include <QKeyEvent>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <QVariant>
 
 namespace {
 
-struct NeededFeature
-{
-    const char* name;
-    bool required;
-};
-
-// In the order of ORXFeatureSaveWidget::Feature.
-const NeededFeature kNeeded[] = {
-    {"UserSetCurrent", true},     {"UserSetSelector", true}, {"UserSetLoad", true},
-    {"UserSetSave", true},        {"UserSetDefault", true},  {"DeviceReset", true},
-    {"UserSetLoadStatus", false},
-};
+constexpr QSize kSize{370, 438};
+// Trees take 1, or the camera's key + 3; see getLoadingIndex().
+constexpr int kLoadingIndex = 2;
 
 } // namespace
 
 ORXFeatureSaveWidget::ORXFeatureSaveWidget(qint64 key, QWidget* parent)
     : ZELCustomMainWindow(parent)
-    , m_lCameraID(key)
+    , m_features(key)
+    , m_work(m_features, this)
 {
     setObjectName(QStringLiteral("ORXFeatureSaveWidget"));
     initUI();
     if (!InitFeaturesControls()) {
         m_bSupport = false;
-        releaseControls();
+        delete m_pPanel;
+        m_pPanel = nullptr;
     }
     setWindowFlags(windowFlags() | Qt::WindowStaysOnTopHint);
     setWindowModality(Qt::WindowModal);
@@ -51,35 +45,35 @@ ORXFeatureSaveWidget::ORXFeatureSaveWidget(qint64 key, QWidget* parent)
 ORXFeatureSaveWidget::~ORXFeatureSaveWidget()
 {
     hideBusySign();
-    for (ORXPropertyTreeItem* each : m_items) {
-        if (each && ORXPropertyTreeItem::isAlive(each))
-            each->removeView(this);
-    }
+    m_features.removeView(this);
+}
+
+void ORXFeatureSaveWidget::initUI()
+{
+    m_pPanel = new UserSetPanel(cContentWidget());
+    cContentLayout()->addWidget(m_pPanel);
+    for (const ZELCustomPushButton* button : m_pPanel->buttons())
+        connect(button, &QPushButton::clicked, this, &ORXFeatureSaveWidget::onBtnClicked);
+    cEnableDefaultShadow(true);
+    setFixedSize(kSize);
+    retranslate();
 }
 
 bool ORXFeatureSaveWidget::InitFeaturesControls()
 {
-    m_pTree = PageSupport::treeOf(m_lCameraID);
-    if (!m_pTree || !m_pCurrent || !m_pPowerUp)
+    if (!m_pPanel || !m_features.isComplete())
         return false;
-    for (std::size_t i = 0; i < m_items.size(); ++i) {
-        m_items[i] = m_pTree->propertyItemByName(QString::fromLatin1(kNeeded[i].name));
-        if (!m_items[i] && kNeeded[i].required)
-            return false;
-    }
     connect(this, &ORXFeatureSaveWidget::sigSetItemVisible, this,
             &ORXFeatureSaveWidget::onSetItemVisible);
     connect(this, &ORXFeatureSaveWidget::sigUpdateEditorData, this,
             &ORXFeatureSaveWidget::onUpdateEditorData);
-    connect(m_pTree.data(), &QObject::destroyed, this, &QWidget::close);
-    for (ORXPropertyTreeItem* each : m_items) {
-        if (!each)
-            continue;
-        each->registerView(this);
-        onSetItemVisible(each, each->visible());
+    connect(m_features.tree(), &QObject::destroyed, this, &QWidget::close);
+    m_features.registerView(this);
+    for (int i = 0; i < UserSetTable::kFeatures; ++i) {
+        if (ORXPropertyTreeItem* item = m_features.item(UserSetTable::Feature(i)))
+            onSetItemVisible(item, item->visible());
     }
     showSetNames();
-    updateLoadEnable();
     return true;
 }
 
@@ -90,20 +84,6 @@ int ORXFeatureSaveWidget::getBtnMapSelector(int id)
 }
 
 // Items -------------------------------------------------------------------------------------------
-
-// Null when the camera's items have gone.
-ORXPropertyTreeItem* ORXFeatureSaveWidget::item(Feature feature) const
-{
-    ORXPropertyTreeItem* found = m_items[feature];
-    return m_pTree && found && ORXPropertyTreeItem::isAlive(found) ? found : nullptr;
-}
-
-// -1 without one.
-int ORXFeatureSaveWidget::number(Feature feature) const
-{
-    const ORXPropertyTreeItem* found = item(feature);
-    return found && found->value() ? found->value()->value().toInt() : -1;
-}
 
 // Whether a search hides the item in the tree does not matter here.
 void ORXFeatureSaveWidget::itemVisibleChanged(qint64, ORXPropertyTreeItem* changed, bool)
@@ -118,11 +98,10 @@ void ORXFeatureSaveWidget::itemValueChanged(qint64, ORXPropertyTreeItem* changed
 
 void ORXFeatureSaveWidget::onSetItemVisible(ORXPropertyTreeItem* changed, bool visible)
 {
-    for (int i = 0; i < kFeatures; ++i) {
-        if (!changed || item(Feature(i)) != changed)
-            continue;
-        for (QWidget* control : qAsConst(m_controls[static_cast<std::size_t>(i)]))
-            control->setVisible(visible);
+    for (int i = 0; i < UserSetTable::kFeatures; ++i) {
+        const auto feature = UserSetTable::Feature(i);
+        if (changed && m_features.item(feature) == changed)
+            m_pPanel->setFeatureShown(feature, visible);
     }
     updateLoadEnable();
 }
@@ -130,29 +109,99 @@ void ORXFeatureSaveWidget::onSetItemVisible(ORXPropertyTreeItem* changed, bool v
 void ORXFeatureSaveWidget::onUpdateEditorData(ORXPropertyTreeItem* changed)
 {
     showSetNames();
-    if (!changed || !m_pTree)
+    if (!changed || !m_features.tree())
         return;
-    if (changed == item(Load))
+    if (changed == m_features.item(UserSetTable::Load))
         updateLoadEnable();
-    if (m_pWait && changed == item(LoadStatus))
-        m_pWait->noteReading(changed->value()->displayValue().contains(QLatin1String("Load")));
+    if (changed == m_features.item(UserSetTable::LoadStatus))
+        m_work.noteLoadStatus(changed->value()->displayValue().contains(QLatin1String("Load")));
 }
 
 void ORXFeatureSaveWidget::updateLoadEnable()
 {
-    const ORXPropertyTreeItem* load = item(Load);
-    const bool enabled = load && load->visible() && !load->readOnly();
-    for (ZELCustomPushButton* button : qAsConst(m_loadButtons))
-        button->setEnabled(enabled);
+    const ORXPropertyTreeItem* load = m_features.item(UserSetTable::Load);
+    m_pPanel->setLoadEnabled(load && load->visible() && !load->readOnly());
 }
 
 void ORXFeatureSaveWidget::showSetNames()
 {
-    if (!m_pCurrent)
+    m_pPanel->showSetNames(m_features.number(UserSetTable::Current),
+                           m_features.number(UserSetTable::PowerUp));
+}
+
+void ORXFeatureSaveWidget::retranslate()
+{
+    cSetTitleText(tr("User Set Control"));
+    if (!m_pPanel)
         return;
-    const int current = number(Current);
-    m_pCurrent->setText(tr(UserSetTable::setName(current)));
-    m_pPowerUp->setText(tr(UserSetTable::setName(number(PowerUp))));
+    m_pPanel->retranslate();
+    showSetNames();
+}
+
+void ORXFeatureSaveWidget::changeEvent(QEvent* event)
+{
+    ZELCustomMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+// Buttons -----------------------------------------------------------------------------------------
+
+void ORXFeatureSaveWidget::onBtnClicked()
+{
+    const QObject* pressed = sender();
+    const UserSetTable::Button* button =
+        pressed ? UserSetTable::button(pressed->property(UserSetPanel::kIdProperty).toInt())
+                : nullptr;
+    if (!button || m_bBusy || !m_features.tree())
+        return;
+    // The host may release the library from inside the writes, the wait and the message.
+    const ReentrancyScope scope;
+    if (button->action == UserSetTable::Action::Reset) {
+        m_features.execute(UserSetTable::Reset);
+        close();
+        return;
+    }
+    setBusy(true);
+    const UserSetWork::Outcome outcome = m_work.run(*button);
+    setBusy(false);
+    if (outcome == UserSetWork::Outcome::Done)
+        showMessage(UserSetTable::translated(button->message),
+                    ZELCustomMessageBox::Hint_Information);
+    else if (outcome == UserSetWork::Outcome::NotConfirmed)
+        showMessage(tr("The camera did not confirm that the user set is loaded."),
+                    ZELCustomMessageBox::Hint_Warning);
+}
+
+// While something is under way only the way out works.
+void ORXFeatureSaveWidget::setBusy(bool busy)
+{
+    m_bBusy = busy;
+    if (busy) {
+        m_pPanel->setBusy(true);
+        ZELCustomLoadingDialog::setHostWindow(this, kLoadingIndex);
+        ZELCustomLoadingDialog::showLoading(tr("Setting ..."), kLoadingIndex);
+    } else {
+        ZELCustomLoadingDialog::hideLoading(kLoadingIndex);
+        m_pPanel->setBusy(false);
+    }
+}
+
+void ORXFeatureSaveWidget::showMessage(const QString& text, int hintStyle)
+{
+    m_pBox = new ZELCustomMessageBox(this);
+    m_pBox->cSetCaption(tr("Prompt"));
+    m_pBox->cSetContent(text);
+    m_pBox->cSetHintStyle(hintStyle);
+    m_pBox->cEndSetParameter();
+    m_pBox->exec();
+    delete m_pBox;
+}
+
+void ORXFeatureSaveWidget::hideBusySign()
+{
+    ZELCustomLoadingDialog::hideLoading(kLoadingIndex);
+    ZELCustomLoadingDialog::setHostWindow(nullptr, kLoadingIndex);
 }
 
 // Closing -----------------------------------------------------------------------------------------
@@ -160,7 +209,7 @@ void ORXFeatureSaveWidget::showSetNames()
 int ORXFeatureSaveWidget::notify(int code, void* payload)
 {
     if (code == ListenCode::kBeforeTreeRemoved && payload &&
-        *static_cast<qint64*>(payload) == m_lCameraID)
+        *static_cast<qint64*>(payload) == m_features.cameraID())
         close();
     return 0;
 }
@@ -181,7 +230,7 @@ void ORXFeatureSaveWidget::closeWithWindow()
 
 void ORXFeatureSaveWidget::showEvent(QShowEvent* event)
 {
-    m_bClosed = false;
+    m_work.setClosed(false);
     ZELCustomMainWindow::showEvent(event);
 }
 
@@ -191,9 +240,7 @@ void ORXFeatureSaveWidget::hideEvent(QHideEvent* event)
     if (event->spontaneous())
         return;
     // The event loops that stand above this dialog's own on the stack have to end first.
-    m_bClosed = true;
-    if (m_pWait)
-        m_pWait->abandon();
+    m_work.setClosed(true);
     if (m_pBox)
         m_pBox->reject();
 }

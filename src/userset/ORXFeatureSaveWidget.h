@@ -4,19 +4,13 @@
 #include "device/IORXListen.h"
 #include "model/IORXFeatureNotify.h"
 #include "styledctl/ZELCustomMainWindow.h"
-#include "userset/UserSetLoadWait.h"
+#include "userset/UserSetFeatures.h"
+#include "userset/UserSetWork.h"
 
-#include <QList>
 #include <QPointer>
 
-#include <array>
-
-class QGridLayout;
-class ORXFeatureTree;
-class ORXPropertyTreeItem;
-class ZELCustomLabel;
+class UserSetPanel;
 class ZELCustomMessageBox;
-class ZELCustomPushButton;
 
 // The dialog in which the user saves and loads the camera's user sets, chooses the one for power-up
 // and resets the device. Works through items of the camera's whole tree. Lives on the stack of its
@@ -33,9 +27,6 @@ class ORXFeatureSaveWidget : public ZELCustomMainWindow, public IORXListen, publ
 {
     Q_OBJECT
 public:
-    // Buttons carry their id (see UserSetTable) in this property.
-    static constexpr char kIdProperty[] = "userData";
-
     ORXFeatureSaveWidget(qint64 key, QWidget* parent);
     ~ORXFeatureSaveWidget() override;
 
@@ -45,7 +36,7 @@ public:
     // Set value of a button: 0 for ids that are none.
     static int getBtnMapSelector(int id);
     void updateLoadEnable();
-    void setLoadLimits(const UserSetLoadWait::Limits& limits) { m_limits = limits; }
+    void setLoadLimits(const UserSetLoadWait::Limits& limits) { m_work.setLimits(limits); }
 
     // Closes on ListenCode::kBeforeTreeRemoved of its camera. The dialog does not register itself;
     // its caller may pass the code on.
@@ -72,51 +63,18 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    // In the order of the table of their names.
-    enum Feature { Current, Selector, Load, Save, PowerUp, Reset, LoadStatus };
-    static constexpr int kFeatures = 7;
-
     void initUI();
-    QWidget* makeLine();
-    void tieToFeatures(QWidget* resetLine);
-    void orderByRows(const QGridLayout& sets);
-    ZELCustomLabel* makeLabel(const char* colorKey);
-    ZELCustomPushButton* makeButton(int id);
-    void releaseControls();
     void retranslate();
     void showSetNames();
     void closeWithWindow();
-
-    ORXPropertyTreeItem* item(Feature feature) const;
-    int number(Feature feature) const;
-    bool write(Feature feature, int value);
-    bool execute(Feature feature);
-    bool setPowerUp(int setValue);
-    bool saveOrLoad(Feature command, int setValue);
-    bool waitForLoad();
     void setBusy(bool busy);
     static void hideBusySign();
-    void showMessage(const char* text, int hintStyle);
+    void showMessage(const QString& text, int hintStyle);
 
-    const qint64 m_lCameraID;
+    UserSetFeatures m_features;
+    UserSetWork m_work;
     bool m_bSupport = true;
     bool m_bBusy = false;
-    bool m_bClosed = false;
-    QPointer<ORXFeatureTree> m_pTree;                      // Not owned.
-    std::array<ORXPropertyTreeItem*, kFeatures> m_items{}; // Not owned.
-    UserSetLoadWait::Limits m_limits;
-    UserSetLoadWait* m_pWait = nullptr;   // Not owned; on the stack while it waits.
+    UserSetPanel* m_pPanel = nullptr;     // Owned (child); null when there is nothing to show.
     QPointer<ZELCustomMessageBox> m_pBox; // Owned (child) while it is shown.
-    QPointer<QWidget> m_pFocusBeforeWork; // Not owned.
-
-    QWidget* m_pBody = nullptr;                        // Owned (child).
-    ZELCustomLabel* m_pCurrentCaption = nullptr;       // Owned (child).
-    ZELCustomLabel* m_pCurrent = nullptr;              // Owned (child).
-    ZELCustomLabel* m_pPowerUpCaption = nullptr;       // Owned (child).
-    ZELCustomLabel* m_pPowerUp = nullptr;              // Owned (child).
-    ZELCustomLabel* m_pResetNote = nullptr;            // Owned (child).
-    QList<ZELCustomLabel*> m_setLabels;                // Owned (children), by set value.
-    QList<ZELCustomPushButton*> m_buttons;             // Owned (children), by id.
-    QList<ZELCustomPushButton*> m_loadButtons;         // Some of the above.
-    std::array<QList<QWidget*>, kFeatures> m_controls; // Shown while the item is visible.
 };

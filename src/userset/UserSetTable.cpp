@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "userset/UserSetTable.h"
 
-#include <QtGlobal>
+#include <QCoreApplication>
 
 namespace UserSetTable {
 
@@ -15,6 +15,20 @@ const char* const kSetNames[kSets] = {
 };
 
 } // namespace
+
+const std::array<NeededFeature, kFeatures>& features()
+{
+    static const std::array<NeededFeature, kFeatures> kNeeded = {{
+        {"UserSetCurrent", true},
+        {"UserSetSelector", true},
+        {"UserSetLoad", true},
+        {"UserSetSave", true},
+        {"UserSetDefault", true},
+        {"DeviceReset", true},
+        {"UserSetLoadStatus", false},
+    }};
+    return kNeeded;
+}
 
 // The wording of the messages is fixed, the spelling of "suscceeded" included.
 const std::array<Button, 12>& buttons()
@@ -60,6 +74,11 @@ const Button* button(int id)
 const char* setName(int setValue)
 {
     return setValue >= 0 && setValue < kSets ? kSetNames[setValue] : "";
+}
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("ORXFeatureSaveWidget", text);
 }
 
 } // namespace UserSetTable

@@ -3,6 +3,76 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>LUTCameraTransfer</name>
+    <message>
+        <source>LUT Operating...</source>
+        <translation>正在操作查找表…</translation>
+    </message>
+    <message>
+        <source>LUT Updating...</source>
+        <translation>正在更新查找表…</translation>
+    </message>
+    <message>
+        <source>Loading from camera failed after %1 of %2 points. The curve is unchanged.</source>
+        <translation>从相机加载失败：共 %2 点，已读取 %1 点。曲线未改变。</translation>
+    </message>
+    <message>
+        <source>Loading from camera failed. The curve is unchanged.</source>
+        <translation>从相机加载失败。曲线未改变。</translation>
+    </message>
+    <message>
+        <source>Loading from camera completed.</source>
+        <translation>从相机加载完成。</translation>
+    </message>
+    <message>
+        <source>Applying to camera was stopped after %1 of %2 points. The table in the camera is incomplete.</source>
+        <translation>应用到相机已中止：共 %2 点，已写入 %1 点。相机中的查找表不完整。</translation>
+    </message>
+    <message>
+        <source>Applied to camera successfully.</source>
+        <translation>已成功应用到相机。</translation>
+    </message>
+    <message>
+        <source>Only %1 of %2 points were applied to the camera.</source>
+        <translation>共 %2 点，只有 %1 点成功应用到相机。</translation>
+    </message>
+</context>
+<context>
+    <name>LUTFileDialogs</name>
+    <message>
+        <source>Open txt File</source>
+        <translation>打开 txt 文件</translation>
+    </message>
+    <message>
+        <source>txt Files (*.txt)</source>
+        <translation>txt 文件 (*.txt)</translation>
+    </message>
+    <message>
+        <source>Save as txt File</source>
+        <translation>另存为 txt 文件</translation>
+    </message>
+    <message>
+        <source>txt File (*.txt)</source>
+        <translation>txt 文件 (*.txt)</translation>
+    </message>
+    <message>
+        <source>Failed to import file. Incorrect file format.</source>
+        <translation>导入文件失败，文件格式不正确。</translation>
+    </message>
+    <message>
+        <source>Importing from file completed.</source>
+        <translation>从文件导入完成。</translation>
+    </message>
+    <message>
+        <source>Exporting to file completed.</source>
+        <translation>导出到文件完成。</translation>
+    </message>
+    <message>
+        <source>File opreation failed, possable storage disk is full.</source>
+        <translation>文件操作失败，存储磁盘可能已满。</translation>
+    </message>
+</context>
+<context>
     <name>ORXCommonFeature</name>
     <message>
         <source>Common Features</source>
@@ -133,48 +203,8 @@
         <translation>配置成功。相机重启后将加载用户集 3。</translation>
     </message>
     <message>
-        <source>Save</source>
-        <translation>保存</translation>
-    </message>
-    <message>
-        <source>Load</source>
-        <translation>加载</translation>
-    </message>
-    <message>
-        <source>Power-up</source>
-        <translation>上电加载</translation>
-    </message>
-    <message>
-        <source>Device Reset</source>
-        <translation>设备复位</translation>
-    </message>
-    <message>
-        <source>Save the settings in %1</source>
-        <translation>将当前设置保存到%1</translation>
-    </message>
-    <message>
-        <source>Load the settings of %1</source>
-        <translation>加载%1的设置</translation>
-    </message>
-    <message>
-        <source>Load %1 whenever the camera starts</source>
-        <translation>相机上电时加载%1</translation>
-    </message>
-    <message>
-        <source>Restart the camera</source>
-        <translation>重启相机</translation>
-    </message>
-    <message>
         <source>User Set Control</source>
         <translation>用户集控制</translation>
-    </message>
-    <message>
-        <source>Current settings:</source>
-        <translation>当前用户集：</translation>
-    </message>
-    <message>
-        <source>Loaded at power-up:</source>
-        <translation>上电加载：</translation>
     </message>
     <message>
         <source>Setting ...</source>
@@ -400,74 +430,10 @@ camera later.</source>
         <translation>第 %1 点，共 %2 点</translation>
     </message>
     <message>
-        <source>Open txt File</source>
-        <translation>打开 txt 文件</translation>
-    </message>
-    <message>
-        <source>txt Files (*.txt)</source>
-        <translation>txt 文件 (*.txt)</translation>
-    </message>
-    <message>
-        <source>Save as txt File</source>
-        <translation>另存为 txt 文件</translation>
-    </message>
-    <message>
-        <source>txt File (*.txt)</source>
-        <translation>txt 文件 (*.txt)</translation>
-    </message>
-    <message>
-        <source>Failed to import file. Incorrect file format.</source>
-        <translation>导入文件失败，文件格式不正确。</translation>
-    </message>
-    <message>
-        <source>Importing from file completed.</source>
-        <translation>从文件导入完成。</translation>
-    </message>
-    <message>
-        <source>Exporting to file completed.</source>
-        <translation>导出到文件完成。</translation>
-    </message>
-    <message>
-        <source>File opreation failed, possable storage disk is full.</source>
-        <translation>文件操作失败，存储磁盘可能已满。</translation>
-    </message>
-    <message>
         <source>Index: %1
 Value: %2</source>
         <translation>索引：%1
 值：%2</translation>
-    </message>
-    <message>
-        <source>LUT Operating...</source>
-        <translation>正在操作查找表…</translation>
-    </message>
-    <message>
-        <source>LUT Updating...</source>
-        <translation>正在更新查找表…</translation>
-    </message>
-    <message>
-        <source>Loading from camera failed after %1 of %2 points. The curve is unchanged.</source>
-        <translation>从相机加载失败：共 %2 点，已读取 %1 点。曲线未改变。</translation>
-    </message>
-    <message>
-        <source>Loading from camera failed. The curve is unchanged.</source>
-        <translation>从相机加载失败。曲线未改变。</translation>
-    </message>
-    <message>
-        <source>Loading from camera completed.</source>
-        <translation>从相机加载完成。</translation>
-    </message>
-    <message>
-        <source>Applying to camera was stopped after %1 of %2 points. The table in the camera is incomplete.</source>
-        <translation>应用到相机已中止：共 %2 点，已写入 %1 点。相机中的查找表不完整。</translation>
-    </message>
-    <message>
-        <source>Applied to camera successfully.</source>
-        <translation>已成功应用到相机。</translation>
-    </message>
-    <message>
-        <source>Only %1 of %2 points were applied to the camera.</source>
-        <translation>共 %2 点，只有 %1 点成功应用到相机。</translation>
     </message>
 </context>
 <context>
@@ -475,6 +441,49 @@ Value: %2</source>
     <message>
         <source>Range: %1 to %2</source>
         <translation>范围：%1 至 %2</translation>
+    </message>
+</context>
+<context>
+    <name>UserSetPanel</name>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>加载</translation>
+    </message>
+    <message>
+        <source>Power-up</source>
+        <translation>上电加载</translation>
+    </message>
+    <message>
+        <source>Device Reset</source>
+        <translation>设备复位</translation>
+    </message>
+    <message>
+        <source>Save the settings in %1</source>
+        <translation>将当前设置保存到%1</translation>
+    </message>
+    <message>
+        <source>Load the settings of %1</source>
+        <translation>加载%1的设置</translation>
+    </message>
+    <message>
+        <source>Load %1 whenever the camera starts</source>
+        <translation>相机上电时加载%1</translation>
+    </message>
+    <message>
+        <source>Restart the camera</source>
+        <translation>重启相机</translation>
+    </message>
+    <message>
+        <source>Current settings:</source>
+        <translation>当前用户集：</translation>
+    </message>
+    <message>
+        <source>Loaded at power-up:</source>
+        <translation>上电加载：</translation>
     </message>
 </context>
 <context>

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The controls of ORXFeatureSaveWidget, and their texts.
+#include "userset/UserSetPanel.h"
+
 #include "styledctl/ZELCustomLabel.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomWidget.h"
-#include "userset/ORXFeatureSaveWidget.h"
-#include "userset/UserSetTable.h"
 
-#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -16,7 +14,6 @@ namespace {
 
 using UserSetTable::Action;
 
-constexpr QSize kSize{370, 438};
 constexpr int kMargin = 20;
 constexpr int kSpacing = 8;
 constexpr int kSectionSpacing = 16;
@@ -35,14 +32,14 @@ struct ActionText
 
 // In the order of UserSetTable::Action.
 const ActionText kActionTexts[] = {
-    {QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Save"),
-     QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Save the settings in %1")},
-    {QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Load"),
-     QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Load the settings of %1")},
-    {QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Power-up"),
-     QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Load %1 whenever the camera starts")},
-    {QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Device Reset"),
-     QT_TRANSLATE_NOOP("ORXFeatureSaveWidget", "Restart the camera")},
+    {QT_TRANSLATE_NOOP("UserSetPanel", "Save"),
+     QT_TRANSLATE_NOOP("UserSetPanel", "Save the settings in %1")},
+    {QT_TRANSLATE_NOOP("UserSetPanel", "Load"),
+     QT_TRANSLATE_NOOP("UserSetPanel", "Load the settings of %1")},
+    {QT_TRANSLATE_NOOP("UserSetPanel", "Power-up"),
+     QT_TRANSLATE_NOOP("UserSetPanel", "Load %1 whenever the camera starts")},
+    {QT_TRANSLATE_NOOP("UserSetPanel", "Device Reset"),
+     QT_TRANSLATE_NOOP("UserSetPanel", "Restart the camera")},
 };
 
 void keepPlace(QWidget* widget)
@@ -54,31 +51,30 @@ void keepPlace(QWidget* widget)
 
 } // namespace
 
-ZELCustomLabel* ORXFeatureSaveWidget::makeLabel(const char* colorKey)
+ZELCustomLabel* UserSetPanel::makeLabel(const char* colorKey)
 {
-    auto* label = new ZELCustomLabel(m_pBody);
+    auto* label = new ZELCustomLabel(this);
     label->cSetFontSize(kFontSize);
     label->cSetTextColor(QString::fromLatin1(colorKey));
     return label;
 }
 
-ZELCustomPushButton* ORXFeatureSaveWidget::makeButton(int id)
+ZELCustomPushButton* UserSetPanel::makeButton(int id)
 {
     const bool resets = UserSetTable::button(id)->action == Action::Reset;
-    auto* button = new ZELCustomPushButton(m_pBody, resets ? ZELCustomPushButton::Style_Danger
-                                                           : ZELCustomPushButton::Style_Default);
+    auto* button = new ZELCustomPushButton(this, resets ? ZELCustomPushButton::Style_Danger
+                                                        : ZELCustomPushButton::Style_Default);
     button->setObjectName(QStringLiteral("UserSetButton%1").arg(id));
     button->setProperty(kIdProperty, id);
     if (!resets)
         keepPlace(button);
-    connect(button, &QPushButton::clicked, this, &ORXFeatureSaveWidget::onBtnClicked);
     m_buttons.append(button);
     return button;
 }
 
-void ORXFeatureSaveWidget::initUI()
+UserSetPanel::UserSetPanel(QWidget* parent)
+    : QWidget(parent)
 {
-    m_pBody = new QWidget(cContentWidget());
     m_pCurrentCaption = makeLabel(kGray);
     m_pCurrent = makeLabel(kOrange);
     m_pCurrent->setObjectName(QStringLiteral("UserSetCurrentName"));
@@ -116,7 +112,7 @@ void ORXFeatureSaveWidget::initUI()
     reset->addWidget(m_pResetNote, 1);
     reset->addWidget(m_buttons.last());
 
-    auto* layout = new QVBoxLayout(m_pBody);
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kSectionSpacing);
     layout->addLayout(names);
@@ -129,34 +125,33 @@ void ORXFeatureSaveWidget::initUI()
     layout->addWidget(resetLine);
     layout->addStretch(1);
     layout->addLayout(reset);
-    cContentLayout()->addWidget(m_pBody);
 
     tieToFeatures(resetLine);
     orderByRows(*sets);
-    cEnableDefaultShadow(true);
-    setFixedSize(kSize);
     retranslate();
 }
 
 // Which controls are shown while a feature is visible.
-void ORXFeatureSaveWidget::tieToFeatures(QWidget* resetLine)
+void UserSetPanel::tieToFeatures(QWidget* resetLine)
 {
     for (const UserSetTable::Button& each : UserSetTable::buttons()) {
         ZELCustomPushButton* button = m_buttons.at(each.id);
-        static const std::array<Feature, 4> kFeatureOfAction = {Save, Load, PowerUp, Reset};
-        const Feature feature = kFeatureOfAction[static_cast<std::size_t>(each.action)];
+        static const std::array<UserSetTable::Feature, 4> kFeatureOfAction = {
+            UserSetTable::Save, UserSetTable::Load, UserSetTable::PowerUp, UserSetTable::Reset};
+        const UserSetTable::Feature feature =
+            kFeatureOfAction[static_cast<std::size_t>(each.action)];
         // A load that cannot be done now is disabled, not hidden.
-        if (feature == Load)
+        if (feature == UserSetTable::Load)
             m_loadButtons.append(button);
         else
             m_controls[feature].append(button);
     }
-    m_controls[Current] += {m_pCurrentCaption, m_pCurrent};
-    m_controls[PowerUp] += {m_pPowerUpCaption, m_pPowerUp};
-    m_controls[Reset] += {m_pResetNote, resetLine};
+    m_controls[UserSetTable::Current] += {m_pCurrentCaption, m_pCurrent};
+    m_controls[UserSetTable::PowerUp] += {m_pPowerUpCaption, m_pPowerUp};
+    m_controls[UserSetTable::Reset] += {m_pResetNote, resetLine};
 }
 
-void ORXFeatureSaveWidget::orderByRows(const QGridLayout& sets)
+void UserSetPanel::orderByRows(const QGridLayout& sets)
 {
     // The keyboard goes row by row, as the eye does.
     QWidget* before = nullptr;
@@ -173,52 +168,56 @@ void ORXFeatureSaveWidget::orderByRows(const QGridLayout& sets)
     setTabOrder(before, m_buttons.last());
 }
 
-QWidget* ORXFeatureSaveWidget::makeLine()
+QWidget* UserSetPanel::makeLine()
 {
-    auto* line = new ZELCustomWidget(m_pBody);
+    auto* line = new ZELCustomWidget(this);
     line->cSetBackgroundColor(QStringLiteral("StyledCtlColor_Separator"));
     line->setFixedHeight(1);
     return line;
 }
 
-// Nothing of them is shown when the camera lacks a feature.
-void ORXFeatureSaveWidget::releaseControls()
+void UserSetPanel::setFeatureShown(UserSetTable::Feature feature, bool shown)
 {
-    delete m_pBody;
-    m_pBody = nullptr;
-    m_pCurrentCaption = m_pCurrent = m_pPowerUpCaption = m_pPowerUp = m_pResetNote = nullptr;
-    m_setLabels.clear();
-    m_buttons.clear();
-    m_loadButtons.clear();
-    m_controls.fill({});
+    for (QWidget* control : qAsConst(m_controls[feature]))
+        control->setVisible(shown);
 }
 
-void ORXFeatureSaveWidget::retranslate()
+void UserSetPanel::setLoadEnabled(bool enabled)
 {
-    cSetTitleText(tr("User Set Control"));
-    if (!m_pBody)
-        return;
+    for (ZELCustomPushButton* button : qAsConst(m_loadButtons))
+        button->setEnabled(enabled);
+}
+
+void UserSetPanel::showSetNames(int current, int powerUp)
+{
+    m_pCurrent->setText(UserSetTable::translated(UserSetTable::setName(current)));
+    m_pPowerUp->setText(UserSetTable::translated(UserSetTable::setName(powerUp)));
+}
+
+void UserSetPanel::setBusy(bool busy)
+{
+    if (busy)
+        m_pFocusBefore = window()->focusWidget();
+    setEnabled(!busy);
+    if (!busy && m_pFocusBefore && m_pFocusBefore->isEnabled())
+        m_pFocusBefore->setFocus(Qt::OtherFocusReason);
+}
+
+void UserSetPanel::retranslate()
+{
     m_pCurrentCaption->setText(tr("Current settings:"));
     m_pPowerUpCaption->setText(tr("Loaded at power-up:"));
     m_pResetNote->setText(tr("Restart the camera"));
     for (int set = 0; set < m_setLabels.size(); ++set)
-        m_setLabels.at(set)->setText(tr(UserSetTable::setName(set)));
+        m_setLabels.at(set)->setText(UserSetTable::translated(UserSetTable::setName(set)));
     for (const UserSetTable::Button& each : UserSetTable::buttons()) {
         const ActionText& texts = kActionTexts[static_cast<std::size_t>(each.action)];
         QString toolTip = tr(texts.toolTip);
         if (each.action != Action::Reset)
-            toolTip = toolTip.arg(tr(UserSetTable::setName(each.setValue)));
+            toolTip = toolTip.arg(UserSetTable::translated(UserSetTable::setName(each.setValue)));
         ZELCustomPushButton* button = m_buttons.at(each.id);
         button->setText(tr(texts.text));
         button->setToolTip(toolTip);
         button->setAccessibleName(toolTip);
     }
-    showSetNames();
-}
-
-void ORXFeatureSaveWidget::changeEvent(QEvent* event)
-{
-    ZELCustomMainWindow::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        retranslate();
 }

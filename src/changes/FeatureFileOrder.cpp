@@ -65,6 +65,13 @@ QStringList FeatureFileOrder::Selectors::selectedBy(const QString& selector) con
     return leftLast(m_selectors, selector);
 }
 
+QStringList FeatureFileOrder::Selectors::allConcerned() const
+{
+    QStringList names = m_selectors.keys() + m_selectedBy.keys();
+    names.removeDuplicates();
+    return names;
+}
+
 QVector<FeatureFileGroup> FeatureFileOrder::groups(const FeatureNodeMap& nodes,
                                                    const QStringList& names)
 {

@@ -32,6 +32,8 @@ public:
     bool isSelector(const QString& name) const { return m_selectors.contains(name); }
     // What a selector selects, directly and through others.
     QStringList selectedBy(const QString& selector) const;
+    // All selectors and all that they select.
+    QStringList allConcerned() const;
 
 private:
     QHash<QString, QStringList> m_selectedBy; // feature -> selectors, in the description's order

@@ -274,6 +274,24 @@ private slots:
         QVERIFY(box.sizeHint().width() < 4 * large);
     }
 
+    void comboBoxShowsItsCaptionBeforeTheEntry()
+    {
+        ZELCustomComboBox box;
+        box.addItem("Mono8"_s);
+        box.resize(300, 32);
+        const auto picture = [&box] { return box.grab().toImage(); };
+        const QImage plain = picture();
+        box.cSetCaption("Palette"_s);
+        const QImage named = picture();
+        QVERIFY(named != plain);
+        // The entry has moved aside; its pixels are the same further to the right.
+        const int shift = box.fontMetrics().horizontalAdvance("Palette"_s) + 12;
+        const QRect entry(8, 4, box.fontMetrics().horizontalAdvance("Mono8"_s), 24);
+        QCOMPARE(named.copy(entry.translated(shift, 0)), plain.copy(entry));
+        box.cSetCaption(QString());
+        QCOMPARE(picture(), plain);
+    }
+
     void treeRowsHaveTheFixedHeight()
     {
         class Tree : public QTreeWidget, public ZELCustomQssHelper

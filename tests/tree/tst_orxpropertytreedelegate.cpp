@@ -237,6 +237,7 @@ private slots:
             QVERIFY2(!combo->itemIcon(i).availableSizes().isEmpty(), qPrintable(english.at(i)));
         QVERIFY(combo->itemIcon(14).availableSizes().isEmpty());
         QVERIFY(!combo->itemData(0).isValid());
+        QCOMPARE(combo->cCaption(), m_page->item(name)->value()->displayName());
         combo->setCurrentIndex(4);
         QCOMPARE(m_page->writes, QStringList(name + " 4"_s));
     }

@@ -28,6 +28,14 @@ QWidget* PaletteEditor::create(QWidget* parent, const EditorCell& cell) const
     return editor;
 }
 
+void PaletteEditor::fill(QWidget* editor, const EditorCell& cell) const
+{
+    EntryEditor::fill(editor, cell);
+    const CTreeItemValue* value = cell.item->value();
+    if (auto* comboBox = qobject_cast<ZELCustomComboBox*>(editor))
+        comboBox->cSetCaption(isChinese() ? value->translateName() : value->displayName());
+}
+
 QIcon PaletteEditor::icon(int position) const
 {
     constexpr int kCount = sizeof(kNames) / sizeof(kNames[0]);

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QTabWidget>
+
+#include <functional>
+
+// What stands below the rows of the whole tree: the description of the current feature first, and
+// beside it what folders above add. Owned by its parent; GUI thread.
+class FeatureInfoTabs : public QTabWidget
+{
+    Q_OBJECT
+public:
+    explicit FeatureInfoTabs(QWidget* parent);
+
+    // Appends a panel, which belongs to the tabs from now on; `title` gives its words in the
+    // interface language.
+    void addPanel(QWidget* panel, const std::function<QString()>& title);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    QVector<std::function<QString()>> m_titles;
+};

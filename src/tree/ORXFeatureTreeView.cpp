@@ -246,7 +246,7 @@ void ORXFeatureTreeView::onUpdateEditorData(qint64 cameraId, ORXPropertyTreeItem
         m_editors.refill(item);
     } else {
         // The item's value may have come from its mirror, which the user edits.
-        ORXPropertyTreeDelegate::noteShownState(item);
+        item->noteShownState();
         // Its first value came.
         if (m_editors.inSight().contains(item) && OpenEditors::hasEditor(*item))
             m_editors.schedule();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FeatureDescriptionIndex.h"
 
-#include <QDebug>
+#include "model/FeaturePolling.h"
+
 #include <QDomElement>
 
 #include <utility>
@@ -109,4 +110,99 @@ QList<QString> FeatureDescriptionIndex::GetFeaturePVariableList(const QString& n
 QList<QString> FeatureDescriptionIndex::GetFeaturesHaveSamePVariable(const QString& name) const
 {
     return m_invalidation.sharersOfVariables(name).values();
+}
+
+// Pairs and selectors -----------------------------------------------------------------------------
+
+void FeatureDescriptionIndex::GenerateFeaturePValueList()
+{
+    m_pValues.clear();
+    m_namesByPValue.clear();
+    for (const QString& name : qAsConst(m_itemNames)) {
+        QString text;
+        if (!GetPValueText(m_nodes.node(name), text))
+            continue;
+        m_pValues.insert(name, text);
+        m_namesByPValue[text].append(name);
+    }
+}
+
+void FeatureDescriptionIndex::GenerateFeaturePairList()
+{
+    m_pairs.clear();
+    for (const QString& name : qAsConst(m_itemNames)) {
+        QString target;
+        QString second;
+        if (!GetPValueText(m_nodes.node(name), target) ||
+            !GetPValueText(m_nodes.node(target), second))
+            continue;
+        if (second == name || !m_itemNameSet.contains(second))
+            continue;
+        m_pairs.insert(name, second);
+        m_pairs.insert(second, name);
+    }
+}
+
+bool FeatureDescriptionIndex::GetFeatureInPair(const QString& name, QString& partner) const
+{
+    const auto found = m_pairs.constFind(name);
+    if (found == m_pairs.constEnd())
+        return false;
+    partner = *found;
+    return true;
+}
+
+void FeatureDescriptionIndex::GenerateFeaturePSelectedList(const QString& name,
+                                                           QList<QString>& list) const
+{
+    const FeatureNodePtr node = m_nodes.node(name);
+    list = node ? node->texts(FeatureReference::PSelected) : QStringList();
+}
+
+void FeatureDescriptionIndex::GeneratePSelectedList()
+{
+    m_selected.clear();
+    for (const QString& name : qAsConst(m_itemNames)) {
+        QList<QString> list;
+        GenerateFeaturePSelectedList(name, list);
+        if (!list.isEmpty())
+            m_selected.insert(name, list);
+    }
+}
+
+bool FeatureDescriptionIndex::GetFeaturePSelectedList(const QString& name,
+                                                      QList<QString>& list) const
+{
+    const auto found = m_selected.constFind(name);
+    if (found == m_selected.constEnd())
+        return false;
+    list = *found;
+    return true;
+}
+
+// Locks and polling -------------------------------------------------------------------------------
+
+void FeatureDescriptionIndex::GenerateFeaturesTLParamsLocked()
+{
+    m_lockable.clear();
+    for (const QString& name : qAsConst(m_itemNames)) {
+        QString text;
+        if (GetPIsLockedText(m_nodes.node(name), text))
+            m_lockable.append(name);
+    }
+}
+
+int FeatureDescriptionIndex::GetPollingTime(const QString& name) const
+{
+    return FeaturePolling::pollingTime(m_nodes, name);
+}
+
+bool FeatureDescriptionIndex::IsNoCacheFeature(const QString& name) const
+{
+    return FeaturePolling::isNoCache(m_nodes, name);
+}
+
+void FeatureDescriptionIndex::GenerateFeatureNoCacheList()
+{
+    m_polling = FeaturePolling::intervals(m_nodes, m_itemNames);
 }

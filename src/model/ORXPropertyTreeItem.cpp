@@ -2,21 +2,23 @@
 #include "model/ORXPropertyTreeItem.h"
 
 #include "basetools/ORXInterface.h"
-#include "model/ItemStateLock.h"
+#include "device/GuiThread.h"
+#include "model/CTreeItemValue.h"
+#include "model/IORXFeatureNotify.h"
 #include "model/ItemValueFactory.h"
-
-#include <unordered_set>
+#include "model/KeywordHtml.h"
 
 namespace {
 
-std::unordered_set<const ORXPropertyTreeItem*>& liveItems()
-{
-    // Never destroyed: items may outlive the other statics of the process.
-    static auto* const items = new std::unordered_set<const ORXPropertyTreeItem*>;
-    return *items;
-}
+const QLatin1String kRecreateMarker("NeedRecreateEditor:");
 
-quint64 destroyedItems = 0; // guarded by ItemStateLock
+// True when both statuses carry the marker and differ behind it.
+bool needsNewEditor(const QString& before, const QString& after)
+{
+    const int oldAt = before.indexOf(kRecreateMarker);
+    const int newAt = after.indexOf(kRecreateMarker);
+    return oldAt >= 0 && newAt >= 0 && before.midRef(oldAt) != after.midRef(newAt);
+}
 
 } // namespace
 
@@ -24,81 +26,29 @@ ORXPropertyTreeItem::ORXPropertyTreeItem(ORXPropertyTreeItem* parent, ParentType
     : m_pValue(makeItemValue(FeatureTag::Other))
 {
     const ItemStateLock lock;
-    liveItems().insert(this);
-    if (!parent || type >= kParentTypes)
-        return;
-    m_parents[type] = parent;
-    m_rowHints[type] = parent->m_children.size();
-    parent->m_children.append(this);
+    LiveItems::insert(this);
+    joinNew(parent, type);
 }
 
 ORXPropertyTreeItem::~ORXPropertyTreeItem()
 {
     const ItemStateLock lock;
-    liveItems().erase(this);
-    ++destroyedItems;
+    LiveItems::erase(this);
     setMappingItem(nullptr);
     clear();
-    removeFromParents();
-    m_views.clear();
-}
-
-// A page may have borrowed the item; its list must not keep a pointer to it.
-void ORXPropertyTreeItem::removeFromParents()
-{
-    for (ORXPropertyTreeItem*& parent : m_parents) {
-        if (parent)
-            parent->m_children.removeOne(this);
-        parent = nullptr;
-    }
-}
-
-bool ORXPropertyTreeItem::isAlive(const ORXPropertyTreeItem* item)
-{
-    const ItemStateLock lock;
-    return liveItems().count(item) > 0;
-}
-
-quint64 ORXPropertyTreeItem::destroyedCount()
-{
-    const ItemStateLock lock;
-    return destroyedItems;
+    leaveParents();
 }
 
 bool ORXPropertyTreeItem::visible() const
 {
     const ItemStateLock lock;
-    if (m_children.isEmpty())
+    if (lockedChildren().isEmpty())
         return m_bVisible;
-    for (const ORXPropertyTreeItem* child : m_children) {
+    for (const ORXPropertyTreeItem* child : lockedChildren()) {
         if (child->visible())
             return true;
     }
     return false;
-}
-
-bool ORXPropertyTreeItem::groupVisible() const
-{
-    const ItemStateLock lock;
-    return m_bGroupVisible;
-}
-
-bool ORXPropertyTreeItem::searchMatch() const
-{
-    const ItemStateLock lock;
-    return m_bSearchMatch;
-}
-
-bool ORXPropertyTreeItem::isExpanded() const
-{
-    const ItemStateLock lock;
-    return m_bExpanded;
-}
-
-bool ORXPropertyTreeItem::isDefaultExpanded() const
-{
-    const ItemStateLock lock;
-    return m_bDefaultExpanded;
 }
 
 void ORXPropertyTreeItem::setDefaultExpanded(bool expanded)
@@ -108,30 +58,12 @@ void ORXPropertyTreeItem::setDefaultExpanded(bool expanded)
     m_bExpanded = expanded;
 }
 
-bool ORXPropertyTreeItem::readOnly() const
-{
-    const ItemStateLock lock;
-    return m_bReadOnly;
-}
-
 void ORXPropertyTreeItem::setReadOnly(bool readOnly)
 {
     const ItemStateLock lock;
     m_bReadOnly = readOnly;
     if (m_pMappingItem)
         m_pMappingItem->m_bReadOnly = readOnly;
-}
-
-QString ORXPropertyTreeItem::tagName() const
-{
-    const ItemStateLock lock;
-    return m_strTagName;
-}
-
-FeatureTag ORXPropertyTreeItem::tag() const
-{
-    const ItemStateLock lock;
-    return m_tag;
 }
 
 void ORXPropertyTreeItem::setTagName(const QString& tagName)
@@ -152,22 +84,10 @@ CTreeItemValue* ORXPropertyTreeItem::value() const
     return m_pValue.get();
 }
 
-ORXPropertyTreeItem::ITEM_TYEP ORXPropertyTreeItem::itemType() const
-{
-    const ItemStateLock lock;
-    return m_itemType;
-}
-
 void ORXPropertyTreeItem::setItemType(ITEM_TYEP type)
 {
     const ItemStateLock lock;
     m_itemType = type;
-}
-
-QString ORXPropertyTreeItem::visibilityString() const
-{
-    const ItemStateLock lock;
-    return m_strVisibility;
 }
 
 void ORXPropertyTreeItem::setVisibilityString(const QString& visibility)
@@ -177,28 +97,10 @@ void ORXPropertyTreeItem::setVisibilityString(const QString& visibility)
         m_strVisibility = visibility;
 }
 
-bool ORXPropertyTreeItem::wasRead() const
-{
-    const ItemStateLock lock;
-    return m_bWasRead;
-}
-
-bool ORXPropertyTreeItem::isFeatureTreeItem() const
-{
-    const ItemStateLock lock;
-    return m_bIsFeatureTreeItem;
-}
-
 void ORXPropertyTreeItem::setIsFeatureTreeItem(bool is)
 {
     const ItemStateLock lock;
     m_bIsFeatureTreeItem = is;
-}
-
-ORXPropertyTreeItem* ORXPropertyTreeItem::mappingItem() const
-{
-    const ItemStateLock lock;
-    return m_pMappingItem;
 }
 
 void ORXPropertyTreeItem::setMappingItem(ORXPropertyTreeItem* item)
@@ -215,33 +117,6 @@ void ORXPropertyTreeItem::setMappingItem(ORXPropertyTreeItem* item)
     item->m_bWasRead = m_bWasRead;
 }
 
-QString ORXPropertyTreeItem::searchText() const
-{
-    const ItemStateLock lock;
-    return m_strSearchText;
-}
-
-QString ORXPropertyTreeItem::getHighlightSerachText() const
-{
-    const ItemStateLock lock;
-    // Made when a row is painted: most hits of a search are never in sight.
-    return m_bSearchMatch && !m_strSearchText.isEmpty() ? toKeywordHtml(searchedName()) : QString();
-}
-
-int ORXPropertyTreeItem::searchChildCount() const
-{
-    const ItemStateLock lock;
-    int count = 0;
-    for (const ORXPropertyTreeItem* child : m_children)
-        count += child->searchChildCount();
-    // A group directly below a page's root counts by its children only.
-    const ORXPropertyTreeItem* above = parentLocked(AnyParent);
-    const bool countsItself = !above || above->m_itemType != CustomItem;
-    if (countsItself && m_bSearchMatch && !m_strSearchText.isEmpty() && visible())
-        ++count;
-    return count;
-}
-
 void ORXPropertyTreeItem::copy(const ORXPropertyTreeItem* from)
 {
     if (!from)
@@ -256,6 +131,229 @@ void ORXPropertyTreeItem::copy(const ORXPropertyTreeItem* from)
     m_strVisibility = from->m_strVisibility;
     m_bVisible = from->m_bVisible;
     m_bWasRead = from->m_bWasRead;
+}
+
+ORXPropertyTreeItem* ORXPropertyTreeItem::findChild(const QString& nodeName) const
+{
+    const ItemStateLock lock;
+    for (ORXPropertyTreeItem* child : lockedChildren()) {
+        if (child->m_pValue && child->m_pValue->nodeName(0) == nodeName)
+            return child;
+    }
+    return nullptr;
+}
+
+// Views -------------------------------------------------------------------------------------------
+
+void ORXPropertyTreeItem::callMappingViews(bool copyValue, const ItemViews::Call& call)
+{
+    if (!onGuiThread()) {
+        // One lock over copy and calls, so that the mirror cannot go in between.
+        const ItemStateLock lock;
+        if (!m_pMappingItem)
+            return;
+        if (copyValue && m_pMappingItem->m_pValue)
+            m_pMappingItem->m_pValue->copy(m_pValue.get(), false);
+        m_pMappingItem->m_views.call(m_pMappingItem, call);
+        return;
+    }
+    ORXPropertyTreeItem* mirror = nullptr;
+    {
+        const ItemStateLock lock;
+        mirror = m_pMappingItem;
+        if (mirror && copyValue && mirror->m_pValue)
+            mirror->m_pValue->copy(m_pValue.get(), false);
+    }
+    if (mirror)
+        mirror->m_views.call(mirror, call);
+}
+
+void ORXPropertyTreeItem::callAllViews(bool copyValue, const ItemViews::Call& call)
+{
+    if (m_views.call(this, call))
+        callMappingViews(copyValue, call);
+}
+
+void ORXPropertyTreeItem::notifyViewUpdate(qint64 cameraId, int column, bool needRecreateEditor)
+{
+    callAllViews(true, [=](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
+        view->itemValueChanged(cameraId, item, column, needRecreateEditor);
+    });
+}
+
+void ORXPropertyTreeItem::notifiViewSpecialUpdate(NotifyViewSpecial info, qint64 cameraId)
+{
+    const ItemViews::Call call = [=](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
+        view->itemSpecialInfoChanged(cameraId, item, static_cast<int>(info));
+    };
+    ORXPropertyTreeItem* mirror = mappingItem();
+    const ItemViews::Call callBoth = [&](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
+        call(view, item);
+        if (mirror && isAlive(mirror))
+            call(view, mirror);
+    };
+    if (m_views.call(this, callBoth))
+        callMappingViews(true, call);
+}
+
+bool ORXPropertyTreeItem::endUpdateItem(qint64 cameraId)
+{
+    bool recreate = false;
+    {
+        const ItemStateLock lock;
+        if (!m_pValue)
+            return false;
+        const QString status = m_pValue->createCurrentStauts(m_bReadOnly);
+        const QString before = m_pValue->exchangeStatus(status);
+        if (before == status && !m_bShownUnpublished)
+            return false;
+        m_bShownUnpublished = false;
+        recreate = needsNewEditor(before, status);
+        if (m_pMappingItem && m_pMappingItem->m_pValue)
+            m_pMappingItem->m_pValue->copy(m_pValue.get(), true);
+    }
+    notifyViewUpdate(cameraId, -1, recreate);
+    return true;
+}
+
+void ORXPropertyTreeItem::noteShownState()
+{
+    const ItemStateLock lock;
+    if (!m_bShownUnpublished && m_pValue)
+        m_bShownUnpublished =
+            m_pValue->currentStatus() != m_pValue->createCurrentStauts(m_bReadOnly);
+}
+
+void ORXPropertyTreeItem::setVisible(bool visible, qint64 cameraId)
+{
+    bool shown = false;
+    {
+        const ItemStateLock lock;
+        if (!lockedChildren().isEmpty() || m_bVisible == visible)
+            return;
+        m_bVisible = visible;
+        shown = visible && m_bGroupVisible && m_bSearchMatch;
+    }
+    const bool alive = m_views.call(this, [=](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
+        view->itemVisibleChanged(cameraId, item, shown);
+    });
+    if (!alive)
+        return;
+    bool mirrorShown = false;
+    {
+        const ItemStateLock lock;
+        if (!m_pMappingItem)
+            return;
+        m_pMappingItem->m_bVisible = visible;
+        // This item's search match together with the mirror's group: views were built on that.
+        mirrorShown = visible && m_bSearchMatch && m_pMappingItem->m_bGroupVisible;
+    }
+    callMappingViews(false, [=](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
+        view->itemVisibleChanged(cameraId, item, mirrorShown);
+    });
+}
+
+void ORXPropertyTreeItem::setWasRead(bool read, qint64 cameraId)
+{
+    {
+        const ItemStateLock lock;
+        if (m_bWasRead == read)
+            return;
+        m_bWasRead = read;
+        if (m_pMappingItem)
+            m_pMappingItem->m_bWasRead = read;
+    }
+    // The cell changes, but not the value: pages need not know.
+    constexpr int kCellOnly = 1;
+    notifyViewUpdate(cameraId, kCellOnly, false);
+}
+
+void ORXPropertyTreeItem::setGroupVisible(bool visible, qint64 cameraId)
+{
+    bool shown = false;
+    {
+        const ItemStateLock lock;
+        if (m_bGroupVisible == visible)
+            return;
+        m_bGroupVisible = visible;
+        if (!lockedChildren().isEmpty())
+            return;
+        shown = visible && m_bVisible && m_bSearchMatch;
+    }
+    tellVisible(shown, cameraId);
+}
+
+void ORXPropertyTreeItem::setExpanded(bool expanded, qint64 cameraId)
+{
+    {
+        const ItemStateLock lock;
+        if (lockedChildren().isEmpty())
+            return;
+        m_bExpanded = expanded;
+    }
+    callAllViews(false, [=](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
+        view->itemExpanded(cameraId, item, expanded);
+    });
+}
+
+// Search ------------------------------------------------------------------------------------------
+
+QString ORXPropertyTreeItem::searchedName() const
+{
+    return getMatchLangue(AnyParent) == QLatin1String("ENG") ? m_pValue->displayName()
+                                                             : m_pValue->translateName();
+}
+
+ORXPropertyTreeItem::SearchEffect ORXPropertyTreeItem::applySearchText(const QString& text)
+{
+    const ItemStateLock lock;
+    const bool canShow = m_bGroupVisible && visible();
+    SearchEffect effect;
+    effect.wasShown = canShow && m_bSearchMatch;
+    m_strSearchText = text.trimmed();
+    m_bSearchMatch = m_strSearchText.isEmpty() ||
+                     m_pValue->nodeName(0).contains(m_strSearchText, Qt::CaseInsensitive) ||
+                     searchedName().contains(m_strSearchText, Qt::CaseInsensitive);
+    effect.shown = canShow && m_bSearchMatch;
+    return effect;
+}
+
+void ORXPropertyTreeItem::tellVisible(bool shown, qint64 cameraId)
+{
+    m_views.call(this, [=](IORXFeatureNotify* view, ORXPropertyTreeItem* item) {
+        view->itemVisibleChanged(cameraId, item, shown);
+    });
+}
+
+void ORXPropertyTreeItem::setSearchText(const QString& text, qint64 cameraId)
+{
+    tellVisible(applySearchText(text).shown, cameraId);
+}
+
+QString ORXPropertyTreeItem::toKeywordHtml(const QString& text) const
+{
+    return KeywordHtml::mark(text, searchText());
+}
+
+QString ORXPropertyTreeItem::getHighlightSerachText() const
+{
+    const ItemStateLock lock;
+    // Made when a row is painted: most hits of a search are never in sight.
+    return m_bSearchMatch && !m_strSearchText.isEmpty() ? toKeywordHtml(searchedName()) : QString();
+}
+
+int ORXPropertyTreeItem::searchChildCount() const
+{
+    const ItemStateLock lock;
+    int count = 0;
+    for (const ORXPropertyTreeItem* child : lockedChildren())
+        count += child->searchChildCount();
+    // A group directly below a page's root counts by its children only.
+    const ORXPropertyTreeItem* above = parent(AnyParent);
+    const bool countsItself = !above || above->m_itemType != CustomItem;
+    if (countsItself && m_bSearchMatch && !m_strSearchText.isEmpty() && visible())
+        ++count;
+    return count;
 }
 
 bool isCanVisible(const QString&)

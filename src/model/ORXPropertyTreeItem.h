@@ -2,17 +2,15 @@
 #pragma once
 
 #include "model/FeatureTag.h"
+#include "model/ItemLinks.h"
+#include "model/ItemViews.h"
+#include "model/LiveItems.h"
 
-#include <QSet>
 #include <QString>
-#include <QVector>
 
-#include <array>
-#include <functional>
 #include <memory>
 
 class CTreeItemValue;
-class IORXFeatureNotify;
 
 // What a special update of an item is about.
 enum class NotifyViewSpecial : int {
@@ -33,18 +31,9 @@ enum class NotifyViewSpecial : int {
 //
 // On the GUI thread views are called without the lock; on a reading thread under it (see
 // IORXFeatureNotify). An item owns its children in the whole tree and the value.
-class ORXPropertyTreeItem
+class ORXPropertyTreeItem : public ItemLinks<ORXPropertyTreeItem>
 {
 public:
-    // Which page a parent link belongs to.
-    enum ParentType {
-        FeatureTreePage = 0,
-        CommonPage = 1,
-        TriggerPage = 2,
-        ImageProcessingPage = 3,
-        AnyParent = 5 // query only: the whole tree's parent, else the one of the lowest page
-    };
-
     enum ITEM_TYEP {
         FavoriteItem = 0, // a favourite's copy under the favourites group
         FavoritesGroup = 1,
@@ -55,54 +44,43 @@ public:
 
     ORXPropertyTreeItem(ORXPropertyTreeItem* parent, ParentType type);
     ~ORXPropertyTreeItem();
-    ORXPropertyTreeItem(const ORXPropertyTreeItem&) = delete;
-    ORXPropertyTreeItem& operator=(const ORXPropertyTreeItem&) = delete;
 
     // False once the item was destroyed. For pointers that travelled through a queued signal.
-    static bool isAlive(const ORXPropertyTreeItem* item);
+    static bool isAlive(const ORXPropertyTreeItem* item) { return LiveItems::contains(item); }
     // How many items were destroyed so far: while it stands still, all that were alive still are.
-    static quint64 destroyedCount();
+    static quint64 destroyedCount() { return LiveItems::destroyedCount(); }
 
     bool visible() const; // of an item with children: whether any child is visible
-    bool groupVisible() const;
-    bool searchMatch() const;
-    bool isExpanded() const;
-    bool isDefaultExpanded() const;
+    bool groupVisible() const { return locked(m_bGroupVisible); }
+    bool searchMatch() const { return locked(m_bSearchMatch); }
+    bool isExpanded() const { return locked(m_bExpanded); }
+    bool isDefaultExpanded() const { return locked(m_bDefaultExpanded); }
     void setDefaultExpanded(bool expanded); // sets the current expansion, too
-    bool readOnly() const;
+    bool readOnly() const { return locked(m_bReadOnly); }
     void setReadOnly(bool readOnly); // of the mapping item, too
-    QString tagName() const;
-    FeatureTag tag() const;
+    QString tagName() const { return locked(m_strTagName); }
+    FeatureTag tag() const { return locked(m_tag); }
     // Changes the class of the value; names and texts survive, typed values start again.
     void setTagName(const QString& tagName);
     CTreeItemValue* value() const; // Owned by the item.
-    ITEM_TYEP itemType() const;
+    ITEM_TYEP itemType() const { return locked(m_itemType); }
     void setItemType(ITEM_TYEP type);
-    QString visibilityString() const;
+    QString visibilityString() const { return locked(m_strVisibility); }
     void setVisibilityString(const QString& visibility);
     // False until the camera was asked for the value of a feature of the description; what is not
     // read has no value to show and no editor. Other items have their value from the start.
-    bool wasRead() const;
-    bool isFeatureTreeItem() const; // stems from the description
+    bool wasRead() const { return locked(m_bWasRead); }
+    bool isFeatureTreeItem() const
+    {
+        return locked(m_bIsFeatureTreeItem);
+    } // stems from the description
     void setIsFeatureTreeItem(bool is);
-    ORXPropertyTreeItem* mappingItem() const;
+    ORXPropertyTreeItem* mappingItem() const { return locked(m_pMappingItem); }
     void setMappingItem(ORXPropertyTreeItem* item); // both directions; null unties
-    QString searchText() const;
+    QString searchText() const { return locked(m_strSearchText); }
     QString getHighlightSerachText() const; // HTML; empty without a match
 
-    ORXPropertyTreeItem* parent(ParentType type) const;
-    void setParent(ORXPropertyTreeItem* parent, ParentType type);
-    ORXPropertyTreeItem* child(int index) const;
-    int childCount() const;
-    QVector<ORXPropertyTreeItem*> children() const;
-    int indexInParent(ParentType type) const;
-    void addChild(ORXPropertyTreeItem* item);
-    void insertChild(int index, ORXPropertyTreeItem* item);
-    void removeChild(ORXPropertyTreeItem* item);
-    void moveChild(ORXPropertyTreeItem* item, int index); // to that index among the children
-    void swapChild(ORXPropertyTreeItem* a, ORXPropertyTreeItem* b);
     ORXPropertyTreeItem* findChild(const QString& nodeName) const;
-    void clear(); // destroys every child
     // Items of the subtree that match a non-empty search text and are visible.
     int searchChildCount() const;
 
@@ -125,25 +103,30 @@ public:
     void notifiViewSpecialUpdate(NotifyViewSpecial info, qint64 cameraId);
     // Publishes what a read changed; returns false, and tells nobody, when nothing did.
     bool endUpdateItem(qint64 cameraId);
+    // Views show the item's state now. When it is not the one that was published last, but an edit
+    // or a read that is under way, the next endUpdateItem() tells all views, even if the camera
+    // took the edit back.
+    void noteShownState();
 
-    void registerView(IORXFeatureNotify* view);
-    void removeView(IORXFeatureNotify* view);
+    void registerView(IORXFeatureNotify* view) { m_views.add(view); }
+    void removeView(IORXFeatureNotify* view) { m_views.remove(view); }
 
     void copy(const ORXPropertyTreeItem* from);
     // Rich text of a name with the search text marked.
     QString toKeywordHtml(const QString& text) const;
 
 private:
-    using ViewCall = std::function<void(IORXFeatureNotify*, ORXPropertyTreeItem*)>;
-    static constexpr int kParentTypes = 5;
-
-    void removeFromParents();
+    template <typename T>
+    static T locked(const T& field)
+    {
+        const ItemStateLock lock;
+        return field;
+    }
     QString searchedName() const;
-    ORXPropertyTreeItem* parentLocked(ParentType type) const;
-    // Calls `call` for each view of the item; returns false when the item died meanwhile.
-    static bool callViews(ORXPropertyTreeItem* item, const ViewCall& call);
-    // The same for the mapping item, after its value took over this one's typed value.
-    void callMappingViews(bool copyValue, const ViewCall& call);
+    // Calls the views of the item and then those of the mapping item, after its value took over
+    // this one's typed value if `copyValue`.
+    void callAllViews(bool copyValue, const ItemViews::Call& call);
+    void callMappingViews(bool copyValue, const ItemViews::Call& call);
 
     bool m_bVisible = true;
     bool m_bGroupVisible = true;
@@ -153,16 +136,14 @@ private:
     bool m_bDefaultExpanded = true;
     bool m_bExpanded = true;
     bool m_bIsFeatureTreeItem = true;
+    bool m_bShownUnpublished = false; // since the last endUpdateItem()
     ITEM_TYEP m_itemType = CategoryItem;
     FeatureTag m_tag = FeatureTag::Other;
     QString m_strTagName;
     QString m_strVisibility = QStringLiteral("Beginner");
     std::unique_ptr<CTreeItemValue> m_pValue;
     ORXPropertyTreeItem* m_pMappingItem = nullptr; // Not owned.
-    QSet<IORXFeatureNotify*> m_views;              // Not owned.
-    QVector<ORXPropertyTreeItem*> m_children;      // Owned, but for borrowed children of pages.
-    std::array<ORXPropertyTreeItem*, kParentTypes> m_parents{}; // Not owned.
-    mutable std::array<int, kParentTypes> m_rowHints{};
+    ItemViews m_views;
     QString m_strSearchText;
 };
 

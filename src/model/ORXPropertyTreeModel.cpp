@@ -3,6 +3,7 @@
 
 #include "model/CTreeItemValue.h"
 #include "model/IFeatureValueWriter.h"
+#include "model/ItemValueRules.h"
 #include "styledctl/ZELCustom.h"
 
 #include <QColor>
@@ -231,6 +232,19 @@ bool ORXPropertyTreeModel::setData(const QModelIndex& index, const QVariant& val
     item->notifyViewUpdate(cameraId, 2, false);
     m_pFeatureWidget->afterSetFeatureValue(nodeName);
     return true;
+}
+
+bool ORXPropertyTreeModel::isSameValue(const QString& tagName, const CTreeItemValue* value,
+                                       const QVariant& edited)
+{
+    return ItemValueRules::isSame(tagName, value, edited);
+}
+
+void ORXPropertyTreeModel::setItemValue(ORXPropertyTreeItem* item, const QString& nodeName,
+                                        const QVariant& edited)
+{
+    if (item && item->value())
+        ItemValueRules::store(item->tagName(), item->value(), nodeName, edited);
 }
 
 QStringList ORXPropertyTreeModel::mimeTypes() const

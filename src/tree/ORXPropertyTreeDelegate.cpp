@@ -3,7 +3,6 @@
 
 #include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
-#include "model/ItemStateLock.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "tree/EditorFillGuard.h"
 #include "tree/EditorFocus.h"
@@ -19,7 +18,6 @@
 namespace {
 
 constexpr int kCommandTimerMs = 150;
-const QLatin1Char kUnpublished('!');
 
 constexpr int kEditorLeft = 5;
 constexpr int kEditorRight = 10;
@@ -70,11 +68,6 @@ void ORXPropertyTreeDelegate::clearInfo()
 
 // Editors -----------------------------------------------------------------------------------------
 
-bool ORXPropertyTreeDelegate::hasEditor(FeatureTag tag)
-{
-    return EditorKinds::of(tag);
-}
-
 const EditorKind* ORXPropertyTreeDelegate::kindOf(const ORXPropertyTreeItem* item)
 {
     return item && item->value() ? EditorKinds::of(item->tag()) : nullptr;
@@ -110,7 +103,7 @@ void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& 
         return;
     const QMetaMethod signal = kind->commitSignal(*editor);
     const EditorFillGuard guard(editor, signal, this, commitSlot(signal));
-    noteShownState(item);
+    item->noteShownState();
     const EditorCell cell = {item, index.column(), m_pageType, isUsable(*item)};
     const bool focused = EditorFocus::isInside(editor);
     if (!cell.usable)
@@ -119,18 +112,6 @@ void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& 
     // A part of it was disabled that had the focus.
     if (focused && !editor->window()->focusWidget())
         editor->parentWidget()->setFocus(Qt::OtherFocusReason);
-}
-
-void ORXPropertyTreeDelegate::noteShownState(ORXPropertyTreeItem* item)
-{
-    const ItemStateLock lock;
-    CTreeItemValue* value = item->value();
-    const QString published = value->currentStatus();
-    if (published.startsWith(kUnpublished) ||
-        published == value->createCurrentStauts(item->readOnly()))
-        return;
-    // The rest of the text stays: it tells a change of the representation.
-    value->exchangeStatus(kUnpublished + published);
 }
 
 void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,

@@ -29,14 +29,8 @@ public:
     void setCurMoveItem(const ORXPropertyTreeItem* item, bool below = false);
     // Forgets the row that shows the drop line.
     void clearInfo();
-    // Whether value cells of the tag have an editor.
-    static bool hasEditor(FeatureTag tag);
     // Whether the item's editors can be used now; a page may still disable its own.
     bool isUsable(const ORXPropertyTreeItem& item) const;
-    // Marks an item whose state, now shown, is not the one that was published last: an edit, or a
-    // read that is under way. Its next read then tells all views, even if the camera took the edit
-    // back.
-    static void noteShownState(ORXPropertyTreeItem* item);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-// How ORXPropertyTreeModel compares and stores edited values: one row per tag.
+#include "model/ItemValueRules.h"
+
 #include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/CTreeStringItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
+#include "model/FeatureTag.h"
+
+#include <QVariant>
 
 #include <array>
 #include <cmath>
@@ -120,15 +123,14 @@ const ValueRules& rulesOf(const QString& tagName)
 
 } // namespace
 
-bool ORXPropertyTreeModel::isSameValue(const QString& tagName, const CTreeItemValue* value,
-                                       const QVariant& edited)
+bool ItemValueRules::isSame(const QString& tagName, const CTreeItemValue* value,
+                            const QVariant& edited)
 {
     return rulesOf(tagName).same(value, edited);
 }
 
-void ORXPropertyTreeModel::setItemValue(ORXPropertyTreeItem* item, const QString& nodeName,
-                                        const QVariant& edited)
+void ItemValueRules::store(const QString& tagName, CTreeItemValue* value, const QString& nodeName,
+                           const QVariant& edited)
 {
-    if (item && item->value())
-        rulesOf(item->tagName()).store(item->value(), nodeName, edited);
+    rulesOf(tagName).store(value, nodeName, edited);
 }

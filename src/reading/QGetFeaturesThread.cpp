@@ -52,6 +52,7 @@ void QGetFeaturesThread::SetInitThreadInfo(qint64 cameraId, bool pollingEmits,
 
 // Requests ----------------------------------------------------------------------------------------
 
+// Under the lock.
 bool QGetFeaturesThread::DoThreadRunStatus(const ReadingPass& wanted, Waiting& waiting,
                                            const ReadingPass* running)
 {

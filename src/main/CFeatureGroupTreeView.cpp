@@ -15,13 +15,14 @@
 namespace {
 
 constexpr int kKeepMs = 20; // a whole camera may be lost item by item
-// A page row that is never hidden; no page of the library has it.
-constexpr int kAlwaysShownRow = 4;
-
-bool isEmptyFavorites(const ORXPropertyTreeItem& group)
+QVector<FeaturePage> pagesOf(const QList<ORXPropertyTreeItem*>& roots)
 {
-    return group.itemType() == ORXPropertyTreeItem::FavoritesGroup &&
-           (group.childCount() == 0 || !group.visible());
+    QVector<FeaturePage> pages;
+    for (int tab = 0; tab < roots.size(); ++tab) {
+        if (roots.at(tab))
+            pages.append({roots.at(tab), static_cast<ORXPropertyTreeItem::ParentType>(tab)});
+    }
+    return pages;
 }
 
 } // namespace
@@ -29,32 +30,15 @@ bool isEmptyFavorites(const ORXPropertyTreeItem& group)
 CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& roots,
                                              qint64 cameraId, QWidget* parent)
     : QTreeView(parent)
+    , m_pages(pagesOf(roots))
     , m_lCameraID(cameraId)
+    , m_pModel(new CFeatureGroupModel(m_pages, this))
+    , m_pDelegate(new CFeatureGroupDelegate(this))
+    , m_rows(this, m_pModel, m_pages)
 {
-    for (int tab = 0; tab < roots.size(); ++tab) {
-        if (roots.at(tab))
-            m_pages.append({roots.at(tab), static_cast<ORXPropertyTreeItem::ParentType>(tab)});
-    }
-    m_pModel = new CFeatureGroupModel(m_pages, this);
-    m_pDelegate = new CFeatureGroupDelegate(this);
     setModel(m_pModel);
     setItemDelegate(m_pDelegate);
-    setObjectName(QStringLiteral("FeatureTree"));
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setFrameShape(QFrame::NoFrame);
-    setRootIsDecorated(false);
-    setIndentation(0);
-    setExpandsOnDoubleClick(false);
-    setMouseTracking(true);
-    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tree) +
-                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
-    setContextMenuPolicy(Qt::CustomContextMenu);
-    new ContextMenuKey(this);
-    new ZELTouchScrolling(this);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    header()->setSectionResizeMode(QHeaderView::Stretch);
-    header()->hide();
+    setUpLook();
 
     const QModelIndex firstPage = m_pModel->pageIndex(0);
     expand(firstPage);
@@ -76,6 +60,26 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     setUpRows();
 }
 
+void CFeatureGroupTreeView::setUpLook()
+{
+    setObjectName(QStringLiteral("FeatureTree"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setFrameShape(QFrame::NoFrame);
+    setRootIsDecorated(false);
+    setIndentation(0);
+    setExpandsOnDoubleClick(false);
+    setMouseTracking(true);
+    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tree) +
+                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    new ContextMenuKey(this);
+    new ZELTouchScrolling(this);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    header()->setSectionResizeMode(QHeaderView::Stretch);
+    header()->hide();
+}
+
 CFeatureGroupTreeView::~CFeatureGroupTreeView()
 {
     for (const FeaturePage& page : qAsConst(m_pages)) {
@@ -89,22 +93,12 @@ void CFeatureGroupTreeView::setUpRows()
     for (int row = 0; row < m_pages.size(); ++row) {
         ORXPropertyTreeItem* root = m_pages.at(row).root;
         RegisterView(root, false);
-        m_selectedGroups.insert(row, 0);
+        m_places.select(row, 0);
         const QVector<ORXPropertyTreeItem*> groups = root->children();
         for (ORXPropertyTreeItem* group : groups)
-            setGroupShown(row, group);
+            m_rows.updateGroup(row, *group);
         ResetRootVisible(root, row);
     }
-}
-
-// The favourites group always shows, so that the user finds it.
-void CFeatureGroupTreeView::setGroupShown(int pageRow, ORXPropertyTreeItem* group)
-{
-    if (group->itemType() == ORXPropertyTreeItem::FavoritesGroup)
-        return;
-    const QModelIndex index = m_pModel->groupIndex(pageRow, group);
-    if (index.isValid())
-        setRowHidden(index.row(), index.parent(), !group->visible());
 }
 
 void CFeatureGroupTreeView::RegisterView(ORXPropertyTreeItem* item, bool remove)
@@ -118,18 +112,10 @@ void CFeatureGroupTreeView::RegisterView(ORXPropertyTreeItem* item, bool remove)
         item->registerView(this);
 }
 
-void CFeatureGroupTreeView::ResetRootVisible(ORXPropertyTreeItem* root, int row)
+void CFeatureGroupTreeView::ResetRootVisible(ORXPropertyTreeItem*, int row)
 {
-    if (row == kAlwaysShownRow)
-        return;
-    const QModelIndex page = m_pModel->pageIndex(row);
-    bool anyShown = false;
-    for (int group = 0; group < root->childCount() && !anyShown; ++group)
-        anyShown = !isRowHidden(group, page);
-    if (anyShown == !isRowHidden(row, QModelIndex()))
-        return;
-    setRowHidden(row, QModelIndex(), !anyShown);
-    emit SigPageShown(m_pages.at(row).type, anyShown);
+    if (m_rows.updatePage(row))
+        emit SigPageShown(m_pages.at(row).type, m_rows.isPageShown(row));
 }
 
 void CFeatureGroupTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool)
@@ -151,18 +137,11 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
         m_hitsTimer.start();
     }
     for (int row = 0; row < m_pages.size(); ++row) {
-        const FeaturePage& page = m_pages.at(row);
-        ORXPropertyTreeItem* group = item;
-        ORXPropertyTreeItem* above = group->parent(page.type);
-        while (above && above->itemType() != ORXPropertyTreeItem::CustomItem) {
-            group = above;
-            above = group->parent(page.type);
-        }
-        if (!above || above != page.root ||
-            group->itemType() == ORXPropertyTreeItem::FavoritesGroup)
+        const ORXPropertyTreeItem* group = m_rows.groupOf(row, item);
+        if (!group || group->itemType() == ORXPropertyTreeItem::FavoritesGroup)
             continue;
-        setGroupShown(row, group);
-        ResetRootVisible(page.root, row);
+        m_rows.updateGroup(row, *group);
+        ResetRootVisible(m_pages.at(row).root, row);
         if (row == m_nShownPage && !m_keepTimer.isActive())
             m_keepTimer.start();
     }
@@ -181,10 +160,10 @@ void CFeatureGroupTreeView::OnChangedIndex(const QModelIndex& index)
     if (!index.isValid() || m_bChanging)
         return;
     if (!m_bSearchTurns)
-        m_beforeSearch.valid = false;
+        m_places.forgetPlace();
     const int pageRow = m_pModel->pageRowOf(index);
     if (index.parent().isValid()) {
-        m_selectedGroups.insert(pageRow, index.row());
+        m_places.select(pageRow, index.row());
         showGroup(pageRow, index);
         return;
     }
@@ -192,7 +171,7 @@ void CFeatureGroupTreeView::OnChangedIndex(const QModelIndex& index)
         const QScopedValueRollback<bool> changing(m_bChanging, true);
         expand(index);
     }
-    showGroup(pageRow, groupToShow(pageRow));
+    showGroup(pageRow, m_rows.groupToShow(pageRow, m_places.selected(pageRow)));
 }
 
 // Shows a group of a page, or the page alone when it has none.
@@ -217,41 +196,16 @@ void CFeatureGroupTreeView::showGroup(int pageRow, const QModelIndex& group)
     emit SigGroupChanged(m_pages.at(pageRow).type);
 }
 
-bool CFeatureGroupTreeView::isGroupShown(const QModelIndex& group) const
-{
-    return group.isValid() && !isRowHidden(group.row(), group.parent());
-}
-
-// The group that was selected last, else the first one with something to show; invalid when there
-// is none.
-QModelIndex CFeatureGroupTreeView::groupToShow(int pageRow) const
-{
-    const QModelIndex page = m_pModel->pageIndex(pageRow);
-    const QModelIndex selected = m_pModel->index(m_selectedGroups.value(pageRow), 0, page);
-    if (isGroupShown(selected))
-        return selected;
-    QModelIndex noFavorites;
-    for (int row = 0; row < m_pModel->rowCount(page); ++row) {
-        const QModelIndex group = m_pModel->index(row, 0, page);
-        if (!isGroupShown(group))
-            continue;
-        if (!isEmptyFavorites(*CFeatureGroupModel::itemFromIndex(group)))
-            return group;
-        noFavorites = group;
-    }
-    return noFavorites;
-}
-
 // Groups come and go with what is read. What the user selected is not forgotten: the page comes
 // back to it when it is opened again.
 void CFeatureGroupTreeView::keepGroupShown(int pageRow)
 {
     if (pageRow != m_nShownPage || m_bChanging ||
-        (currentIndex().parent().isValid() && isGroupShown(currentIndex())))
+        (currentIndex().parent().isValid() && m_rows.isGroupShown(currentIndex())))
         return;
     const QScopedValueRollback<bool> searchTurns(m_bSearchTurns, m_pModel->isSearching());
     if (!m_pModel->isSearching() || !showNextHitGroup())
-        showGroup(pageRow, groupToShow(pageRow));
+        showGroup(pageRow, m_rows.groupToShow(pageRow, m_places.selected(pageRow)));
 }
 
 void CFeatureGroupTreeView::OnExpanded(const QModelIndex& index)
@@ -293,32 +247,38 @@ void CFeatureGroupTreeView::currentChanged(const QModelIndex& current, const QMo
         OnChangedIndex(current);
 }
 
-void CFeatureGroupTreeView::showTab(int tabIndex)
+int CFeatureGroupTreeView::pageRowOfTab(int tabIndex) const
 {
     for (int row = 0; row < m_pages.size(); ++row) {
-        if (m_pages.at(row).type != tabIndex)
-            continue;
-        const QModelIndex page = m_pModel->pageIndex(row);
-        if (isExpanded(page))
-            OnChangedIndex(page);
-        else
-            expand(page);
+        if (m_pages.at(row).type == tabIndex)
+            return row;
     }
+    return -1;
+}
+
+void CFeatureGroupTreeView::showTab(int tabIndex)
+{
+    const int row = pageRowOfTab(tabIndex);
+    if (row < 0)
+        return;
+    const QModelIndex page = m_pModel->pageIndex(row);
+    if (isExpanded(page))
+        OnChangedIndex(page);
+    else
+        expand(page);
+}
+
+bool CFeatureGroupTreeView::isPageShown(int tabIndex) const
+{
+    const int row = pageRowOfTab(tabIndex);
+    return row >= 0 && m_rows.isPageShown(row);
 }
 
 void CFeatureGroupTreeView::leaveEmptyGroup()
 {
-    const ORXPropertyTreeItem* shown = CFeatureGroupModel::itemFromIndex(currentIndex());
-    const QModelIndex page = currentIndex().parent();
-    if (!shown || !page.isValid() || !isEmptyFavorites(*shown))
-        return;
-    for (int row = 0; row < m_pModel->rowCount(page); ++row) {
-        const QModelIndex group = m_pModel->index(row, 0, page);
-        if (isGroupShown(group) && group != currentIndex()) {
-            OnChangedIndex(group);
-            return;
-        }
-    }
+    const QModelIndex group = m_rows.insteadOfEmpty(currentIndex());
+    if (group.isValid())
+        OnChangedIndex(group);
 }
 
 // Search ------------------------------------------------------------------------------------------
@@ -327,7 +287,7 @@ void CFeatureGroupTreeView::SetSearchText(const QString& text)
 {
     const bool search = !text.trimmed().isEmpty();
     if (search && !m_pModel->isSearching())
-        m_beforeSearch = {true, m_pModel->pageRowOf(currentIndex()), m_selectedGroups};
+        m_places.rememberPlace(m_pModel->pageRowOf(currentIndex()));
     QVector<ORXPropertyTreeItem*> roots;
     for (const FeaturePage& page : qAsConst(m_pages))
         roots.append(page.root);
@@ -354,40 +314,17 @@ int CFeatureGroupTreeView::allHits() const
     return m_pModel->hitCount();
 }
 
-bool CFeatureGroupTreeView::hasHits(int pageRow, int groupRow) const
-{
-    const QModelIndex page = m_pModel->pageIndex(pageRow);
-    return !isRowHidden(pageRow, QModelIndex()) && !isRowHidden(groupRow, page) &&
-           m_pModel->hitCount(m_pModel->index(groupRow, 0, page)) > 0;
-}
-
 bool CFeatureGroupTreeView::showNextHitGroup()
 {
-    const QModelIndex current = currentIndex();
-    const int pages = m_pages.size();
-    if (!m_pModel->isSearching() || !current.isValid() || pages == 0)
-        return false;
-    const int currentPage = m_pModel->pageRowOf(current);
-    const int currentGroup = current.parent().isValid() ? current.row() : -1;
-    // Round through all groups, starting behind the current one and ending before it.
-    for (int step = 0; step <= pages; ++step) {
-        const int page = (currentPage + step) % pages;
-        const int groups = m_pModel->rowCount(m_pModel->pageIndex(page));
-        const int first = step == 0 ? currentGroup + 1 : 0;
-        const int end = step == pages ? qMax(currentGroup, 0) : groups;
-        for (int group = first; group < end; ++group) {
-            if (!hasHits(page, group))
-                continue;
-            turnTo(m_pModel->index(group, 0, m_pModel->pageIndex(page)));
-            return true;
-        }
-    }
-    return false;
+    const QModelIndex next = m_rows.nextWithHits(currentIndex());
+    if (next.isValid())
+        turnTo(next);
+    return next.isValid();
 }
 
 void CFeatureGroupTreeView::turnTo(const QModelIndex& index)
 {
-    m_selectedGroups.insert(index.parent().row(), index.row());
+    m_places.select(index.parent().row(), index.row());
     // Opening a page shows its selected group.
     if (!isExpanded(index.parent()))
         expand(index.parent());
@@ -397,26 +334,12 @@ void CFeatureGroupTreeView::turnTo(const QModelIndex& index)
 
 void CFeatureGroupTreeView::leaveSearch()
 {
-    if (!m_beforeSearch.valid)
+    const int page = m_places.goBack(m_pModel->pageRowOf(currentIndex()));
+    if (page < 0)
         return;
-    m_beforeSearch.valid = false;
-    const int page = m_beforeSearch.pageRow;
-    if (m_selectedGroups == m_beforeSearch.selectedGroups &&
-        page == m_pModel->pageRowOf(currentIndex()))
-        return;
-    m_selectedGroups = m_beforeSearch.selectedGroups;
-    const QModelIndex group = groupToShow(page);
+    const QModelIndex group = m_rows.groupToShow(page, m_places.selected(page));
     if (group.isValid())
         turnTo(group);
-}
-
-bool CFeatureGroupTreeView::isPageShown(int tabIndex) const
-{
-    for (int row = 0; row < m_pages.size(); ++row) {
-        if (m_pages.at(row).type == tabIndex)
-            return !isRowHidden(row, QModelIndex());
-    }
-    return false;
 }
 
 void CFeatureGroupTreeView::retranslate()

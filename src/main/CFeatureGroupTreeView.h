@@ -2,6 +2,8 @@
 #pragma once
 
 #include "main/CFeatureGroupModel.h"
+#include "main/GroupPlaces.h"
+#include "main/GroupRows.h"
 #include "model/IORXFeatureNotify.h"
 
 #include <QMap>
@@ -69,21 +71,11 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    // What a search may have to go back to.
-    struct Place
-    {
-        bool valid = false;
-        int pageRow = 0;
-        QMap<int, int> selectedGroups;
-    };
-
+    void setUpLook();
     void setUpRows();
-    bool hasHits(int pageRow, int groupRow) const;
+    int pageRowOfTab(int tabIndex) const;
     void turnTo(const QModelIndex& index);
     void leaveSearch();
-    void setGroupShown(int pageRow, ORXPropertyTreeItem* group);
-    bool isGroupShown(const QModelIndex& group) const;
-    QModelIndex groupToShow(int pageRow) const;
     void keepGroupShown(int pageRow);
     void showGroup(int pageRow, const QModelIndex& group);
 
@@ -91,11 +83,11 @@ private:
     qint64 m_lCameraID;
     CFeatureGroupModel* m_pModel;       // Owned (child).
     CFeatureGroupDelegate* m_pDelegate; // Owned (child).
-    QMap<int, int> m_selectedGroups;    // page row to the row of its last selected group
+    GroupRows m_rows;
+    GroupPlaces m_places;
     QMap<int, const ORXPropertyTreeItem*> m_shownGroups; // by page row. Not owned.
     int m_nShownPage = 0;                                // its row
-    Place m_beforeSearch;
-    QTimer m_keepTimer; // many changes of items turn the page once
+    QTimer m_keepTimer;                                  // many changes of items turn the page once
     QTimer m_hitsTimer;
     bool m_bChanging = false;
     bool m_bArrowPressed = false;   // and the button is still down

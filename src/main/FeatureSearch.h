@@ -9,7 +9,7 @@ class ORXFeatureTreeView;
 class ORXPropertyTreeItem;
 
 // What a search means for the views of the pages: opens the branches that hold hits and closes them
-// again at its end, and takes the keyboard from hit to hit. Owned by the main widget; GUI thread.
+// again at its end, and takes the keyboard from hit to hit. Owned by a camera's column; GUI thread.
 class FeatureSearch : public QObject
 {
     Q_OBJECT

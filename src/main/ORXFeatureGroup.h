@@ -10,8 +10,8 @@ class ORXPropertyTreeItem;
 class ZELCustomLabel;
 class ZELCustomLineEdit;
 
-// The side column of one camera: a search box and below it the pages and their groups. Owned by the
-// main widget; GUI thread.
+// The side column of one camera: a search box and below it the pages and their groups. Owned by its
+// CameraColumn; GUI thread.
 class ORXFeatureGroup : public ZELCustomWidget
 {
     Q_OBJECT

@@ -2,25 +2,21 @@
 #pragma once
 
 #include "device/IORXListen.h"
+#include "main/FeaturePages.h"
+#include "main/InterfaceLanguage.h"
 #include "styledctl/ZELCustomMainWindow.h"
 #include "tree/IFeatureTreeFinder.h"
 
 #include <QMap>
-#include <QPointer>
-#include <QTranslator>
 
-class FeatureSearch;
-class IORXFeatureWidget;
+class CameraColumn;
 class ORXFeatureGroup;
 class ORXFeatureToolBar;
 class ORXFeatureTree;
-class ORXFeatureTreeView;
-class ORXImgProcessingFeature;
 class ORXPropertyTreeItem;
-class PageTabBar;
 class QStackedWidget;
+class SettingsAction;
 class ZELCustomDockTitleBar;
-class ZELCustomMessageBox;
 
 // The library's one window: tool bar, side column, pages, and a tree for each camera. The exported
 // functions drive it. One instance at a time; GUI thread. Cameras are named by a 64-bit key, -1
@@ -32,10 +28,10 @@ class ORXMainFeatureWidget final : public ZELCustomMainWindow,
     Q_OBJECT
 public:
     enum FeatureTabIndex {
-        WholeTreeTab = 0,
-        CommonTab = 1,
-        TriggerTab = 2,
-        ImageProcessingTab = 3
+        WholeTreeTab = FeaturePages::WholeTree,
+        CommonTab = FeaturePages::Common,
+        TriggerTab = FeaturePages::Trigger,
+        ImageProcessingTab = FeaturePages::ImageProcessing
     };
 
     // Makes the window on the first call; later calls ignore `parent`.
@@ -66,9 +62,9 @@ public:
     void ResetTitleText();
     void SetTitleVisible(bool visible);
     // Elided to 80 pixels.
-    QString GetTabCutString(const QString& text) const;
+    QString GetTabCutString(const QString& text) const { return FeaturePages::cutTabText(text); }
     void UpdateToolBarBtn(qint64 key);
-    void enabledSelfDefienedFeatures(bool enabled);
+    void enabledSelfDefienedFeatures(bool enabled) { m_pPages->setCuratedEnabled(enabled); }
     // The keyboard goes to the search box of the shown camera.
     void focusSearch();
     // A parentless window on top of others, whatever parent it had.
@@ -92,51 +88,31 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void requestStop(ORXFeatureTree* tree);
-    static constexpr int kTabs = 4;
-
     explicit ORXMainFeatureWidget(QWidget* parent);
     ~ORXMainFeatureWidget() override;
 
-    // Text of the context "ORXFeatureWidget", which several windows share.
-    static QString shared(const char* text);
     void initUI();
+    void layOut();
+    void connectSignals();
     void afterHide();
+    void requestStop(ORXFeatureTree* tree);
     void readFirst(const QStringList& names);
-    void retranslate();
-    void afterFirstRead(qint64 key);
-    void leaveEmptyGroup(qint64 key);
     void showTitle(qint64 key);
-    void fillPrompt(ZELCustomMessageBox* box) const;
-    void showTabs(qint64 key);
-    void showColumnMenu(qint64 key, const QPoint& position);
-    void afterSearch(qint64 key, const QString& text);
-    void showEmptyTexts(qint64 key);
-    void goToHit(qint64 key, bool next);
-    ORXFeatureTreeView* pageView(qint64 key, int tab) const;
-    QList<IORXFeatureWidget*> curatedPages() const;
+    CameraColumn* column(qint64 key);
     ORXFeatureTree* currentTree() const { return m_trees.value(m_lCameraID, nullptr); }
 
     static ORXMainFeatureWidget* s_pInstance;       // Owned.
     static const ORXMainFeatureWidget* s_pRemoving; // Tells of a tree that it removes. Not owned.
 
     qint64 m_lCameraID = -1;
-    bool m_bTemperatureTab = false;
-    bool m_bTranslatorInstalled = false;
     bool m_bReleasing = false;                        // ReleaseInstance() has begun
     bool m_bSilentHide = false;                       // the host is not told
-    IORXFeatureWidget* m_pCommonPage = nullptr;       // Owned (child).
-    IORXFeatureWidget* m_pTriggerPage = nullptr;      // Owned (child).
-    ORXImgProcessingFeature* m_pImagePage = nullptr;  // Owned (child).
     QMap<qint64, ORXFeatureTree*> m_trees;            // Owned.
-    QMap<qint64, ORXFeatureGroup*> m_groups;          // Owned.
+    QMap<qint64, CameraColumn*> m_columns;            // Owned.
     ORXFeatureToolBar* m_pToolBar = nullptr;          // Owned (child).
     ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Owned (child).
-    PageTabBar* m_pTabs = nullptr;                    // Owned (child).
-    QStackedWidget* m_pTreeStack = nullptr;           // Owned (child).
+    FeaturePages* m_pPages = nullptr;                 // Owned (child).
     QStackedWidget* m_pGroupStack = nullptr;          // Owned (child).
-    QStackedWidget* m_pPageStack = nullptr;           // Owned (child).
-    FeatureSearch* m_pSearch = nullptr;               // Owned (child).
-    QPointer<ZELCustomMessageBox> m_pPrompt;          // Not owned; on the stack while it is shown.
-    QTranslator m_translator;
+    SettingsAction* m_pSettings = nullptr;            // Owned (child).
+    InterfaceLanguage m_language;
 };

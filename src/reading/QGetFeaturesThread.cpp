@@ -3,8 +3,11 @@
 
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
+#include "model/FeatureVisibility.h"
 #include "model/ORXPropertyTreeItem.h"
+#include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
+#include "reading/PassAdmission.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -21,8 +24,7 @@ constexpr unsigned long kDisableWaitMs = 5;
 QGetFeaturesThread::QGetFeaturesThread(IFeatureReadingOwner* owner, QObject* parent)
     : SerialWorker("Reading thread", parent)
     , m_pOwner(owner)
-    , m_reader(m_decider)
-    , m_docText(m_decider)
+    , m_update(stopRequest())
 {
     qRegisterMetaType<QVariant>("QVariant");
 }
@@ -40,112 +42,26 @@ void QGetFeaturesThread::SetInitThreadInfo(qint64 cameraId, bool pollingEmits,
                                            const QMap<QString, int>& pollingMap)
 {
     m_lCameraID = cameraId;
-    m_lSavedCameraID = cameraId;
+    m_update.setCameraID(cameraId);
+    m_update.setNodes(nodes);
     m_bPollingEmits = pollingEmits;
-    m_nodes = nodes;
     m_items = items;
     m_tlLockedList = tlLockedList;
     m_pollingMap = pollingMap;
-    m_decider.setNodes(nodes);
 }
 
 // Requests ----------------------------------------------------------------------------------------
 
-namespace {
-
-// How a request meets the pass before it.
-enum class Admission { Refuse, Join, RunAfter, Abandon };
-
-// Polling gives way to everything else and is superfluous while something runs that ends; a pass
-// over lockable features starts again when acquisition changes once more. Whatever else comes waits
-// for its turn.
-Admission admission(_FEATURES_UPDATE_TYPE_ current, _FEATURES_UPDATE_TYPE_ wanted)
-{
-    using A = Admission;
-    constexpr int kTypes = 4;
-    static const A kTable[kTypes][kTypes] = {
-        // wanted: all, invalidated, lockable, polling
-        {A::Join, A::RunAfter, A::RunAfter, A::Refuse},      // all
-        {A::RunAfter, A::Join, A::RunAfter, A::RunAfter},    // invalidated
-        {A::RunAfter, A::RunAfter, A::Abandon, A::RunAfter}, // lockable
-        {A::Abandon, A::Abandon, A::Abandon, A::Refuse},     // polling
-    };
-    if (current < 0 || current >= kTypes || wanted < 0 || wanted >= kTypes)
-        return A::Abandon;
-    return kTable[current][wanted];
-}
-
-// What a pass over the whole tree leaves to be done for one that is wanted now: everything when it
-// refreshes less, else what it has begun already. Nothing is left when it has not begun anything.
-bool restAfter(const ReadingPass& running, const ReadingPass& wanted, QSet<QString>& rest)
-{
-    if (!running.only.isEmpty() || !running.covers(wanted.flags)) {
-        rest.clear();
-        return true;
-    }
-    rest = running.begun;
-    return !rest.isEmpty();
-}
-
-} // namespace
-
-// Under the lock. The same pass is not made twice: one that waits takes over what is asked for.
-bool QGetFeaturesThread::joinWaiting(const ReadingPass& wanted, Waiting& waiting,
-                                     const ReadingPass* running) const
-{
-    for (ReadingPass& pass : waiting) {
-        if (pass.type != wanted.type)
-            continue;
-        pass.flags |= wanted.flags;
-        // One that was to cover what the running pass has passed covers what that has passed now.
-        const bool follows = running && running->type == FEATURES_UPDATE_ALL;
-        if (!pass.only.isEmpty() && !(follows && restAfter(*running, pass, pass.only)))
-            pass.only.clear();
-        return true;
-    }
-    return false;
-}
-
-// Under the lock. The request meets the last pass that runs or waits.
+// Under the lock.
 bool QGetFeaturesThread::DoThreadRunStatus(const ReadingPass& wanted, Waiting& waiting,
                                            const ReadingPass* running)
 {
     if (m_bStop)
         return false;
-    if (joinWaiting(wanted, waiting, running))
-        return true;
-    ReadingPass pass = wanted;
-    if (!waiting.empty()) {
-        switch (admission(waiting.back().type, wanted.type)) {
-        case Admission::Refuse:
-            return false;
-        case Admission::Abandon:
-            // Polling ends only when it is abandoned: begun now, it would run before this for ever.
-            waiting.pop_back();
-            break;
-        case Admission::Join:
-        case Admission::RunAfter:
-            break;
-        }
-    } else if (running) {
-        switch (admission(running->type, wanted.type)) {
-        case Admission::Refuse:
-            return false;
-        case Admission::Join:
-            if (wanted.type == FEATURES_UPDATE_INVALIDATED && running->takesNames)
-                return true;
-            if (wanted.type == FEATURES_UPDATE_ALL && !restAfter(*running, wanted, pass.only))
-                return false;
-            break;
-        case Admission::Abandon:
-            stopRunningJob();
-            break;
-        case Admission::RunAfter:
-            break;
-        }
-    }
-    waiting.push_back(pass);
-    return true;
+    const PassAdmission::Answer answer = PassAdmission::admit(wanted, waiting, running);
+    if (answer == PassAdmission::Answer::Replaces)
+        stopRunningJob();
+    return answer != PassAdmission::Answer::Refused;
 }
 
 bool QGetFeaturesThread::SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<QString>& names,
@@ -161,19 +77,15 @@ bool QGetFeaturesThread::SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<
             return false;
         if (type != FEATURES_UPDATE_INVALIDATED)
             return true;
-        for (const QString& name : names) {
-            // A name that already waits is read once, with all that either request wants.
-            if (!m_queuedFlags.contains(name))
-                m_nameQueue.push_back(name);
-            m_queuedFlags[name] |= flags;
-        }
+        for (const QString& name : names)
+            m_names.add(name, flags);
         return true;
     });
 }
 
 void QGetFeaturesThread::takeUserLevel()
 {
-    m_nUserLevel = OBDeviceControl::GetUserLevel();
+    m_update.setUserLevel(OBDeviceControl::GetUserLevel());
 }
 
 void QGetFeaturesThread::setInSight(const QStringList& names)
@@ -194,8 +106,7 @@ void QGetFeaturesThread::requestStop()
 {
     locked([this](Waiting&, ReadingPass*) {
         m_bStop = true;
-        m_nameQueue.clear();
-        m_queuedFlags.clear();
+        m_names.clear();
     });
     SerialWorker::requestStop();
 }
@@ -206,14 +117,14 @@ void QGetFeaturesThread::StopThread(bool stop, bool setStopFlag)
 {
     if (!stop) {
         locked([this](Waiting&, ReadingPass*) { m_bStop = false; });
-        m_lCameraID = m_lSavedCameraID.load();
+        m_update.setCameraID(m_lCameraID);
         return;
     }
     if (setStopFlag)
         requestStop();
     waitUntilIdle();
     if (setStopFlag)
-        m_lCameraID = -1;
+        m_update.setCameraID(-1);
 }
 
 _FEATURES_UPDATE_TYPE_ QGetFeaturesThread::FeaturesUpdateType() const
@@ -328,16 +239,10 @@ void QGetFeaturesThread::runNames(const QList<QString>& names, UpdateFlags flags
 bool QGetFeaturesThread::takeName(QString& name, UpdateFlags& flags)
 {
     return locked([&](Waiting&, ReadingPass* running) {
-        if (m_nameQueue.empty()) {
-            // From here on a new name needs a pass of its own; deciding it under the lock loses
-            // none.
-            running->takesNames = false;
-            return false;
-        }
-        name = m_nameQueue.front();
-        m_nameQueue.pop_front();
-        flags = m_queuedFlags.take(name);
-        return true;
+        // When none waits, a new name needs a pass of its own; deciding it under the lock loses
+        // none.
+        running->takesNames = m_names.take(name, flags);
+        return running->takesNames;
     });
 }
 
@@ -377,4 +282,38 @@ void QGetFeaturesThread::pollOnce(int tick, UpdateFlags flags)
         if (m_bPollingEmits && m_pOwner && (changed || item->visible() != wasVisible))
             m_pOwner->EmitPollingFeatureChanged(item->value()->nodeName(0));
     }
+}
+
+// One item ----------------------------------------------------------------------------------------
+
+bool QGetFeaturesThread::beginFeature(const QString& name)
+{
+    return locked([&](Waiting&, ReadingPass*) {
+        if (m_disableUpdateList.contains(name))
+            return false;
+        m_strCurrentFeature = name;
+        return true;
+    });
+}
+
+bool QGetFeaturesThread::UpdateFeature(ORXPropertyTreeItem* item, UpdateFlags flags)
+{
+    if (!m_pOwner || !item || !item->value())
+        return false;
+    const FeatureLock lock(m_pOwner->GetFeatureMutex(), &stopRequest());
+    if (!lock.holds() || !beginFeature(item->value()->nodeName(0)))
+        return false;
+    const bool changed = m_update.update(item, flags);
+    locked([this](Waiting&, ReadingPass*) { m_strCurrentFeature.clear(); });
+    return changed;
+}
+
+bool QGetFeaturesThread::IsItemVisible(const QString& visibility, int level)
+{
+    return FeatureVisibility::isShownAt(visibility, level);
+}
+
+bool QGetFeaturesThread::IsTagNameItemVisible(const QString& tag)
+{
+    return tag.isEmpty() || isFeatureElement(featureTag(tag));
 }

@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FeatureNodeMap.h"
-#include "reading/FeatureDecider.h"
-#include "reading/FeatureDocText.h"
-#include "reading/FeatureValueReader.h"
+#include "reading/FeatureItemUpdate.h"
 #include "reading/FeaturesUpdateType.h"
-#include "reading/ReadingPass.h"
+#include "reading/QueuedNames.h"
 #include "reading/SerialWorker.h"
 
-#include <QHash>
 #include <QMap>
 #include <QStringList>
-
-#include <atomic>
-#include <deque>
 
 class IFeatureReadingOwner;
 class ORXPropertyTreeItem;
@@ -94,7 +87,7 @@ public:
     // Whether a tree shows elements of the tag name; an empty one is shown.
     static bool IsTagNameItemVisible(const QString& tag);
     // Whether the feature exists and is not "Invisible".
-    bool IsFeatureVisibility(const QString& name) const;
+    bool IsFeatureVisibility(const QString& name) const { return m_update.isKnownVisible(name); }
 
 signals:
     void sigThreadEnd();
@@ -105,7 +98,6 @@ protected:
 
 private:
     bool DoThreadRunStatus(const ReadingPass& wanted, Waiting& waiting, const ReadingPass* running);
-    bool joinWaiting(const ReadingPass& wanted, Waiting& waiting, const ReadingPass* running) const;
     bool takeName(QString& name, UpdateFlags& flags);
     QString takeInSight();
     void runNames(const QList<QString>& names, UpdateFlags flags);
@@ -114,39 +106,25 @@ private:
     void runPolling(UpdateFlags flags);
     void pollOnce(int tick, UpdateFlags flags);
     bool beginFeature(const QString& name);
-    bool updateLocked(ORXPropertyTreeItem* item, UpdateFlags flags);
-    bool updateVisibility(const FeatureNode& node, ORXPropertyTreeItem* item, bool available,
-                          const QString& visibility);
-    bool updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item, bool available,
-                          bool modeReadOnly);
 
     IFeatureReadingOwner* m_pOwner; // Not owned.
 
     // Set while no pass runs, read by the worker.
     bool m_bPollingEmits = false;
-    FeatureNodeMap m_nodes;
     QMap<QString, ORXPropertyTreeItem*> m_items; // Items not owned.
     QList<QString> m_tlLockedList;
     QMap<QString, int> m_pollingMap;
 
-    // Touched by both threads.
-    std::atomic<qint64> m_lCameraID{-1};
-    std::atomic<qint64> m_lSavedCameraID{-1};
-    std::atomic<int> m_nUserLevel{1};
+    qint64 m_lCameraID = -1; // the GUI thread's own
+    FeatureItemUpdate m_update;
 
     // Guarded by the worker's lock.
     bool m_bStop = false; // no pass is accepted
-    std::deque<QString> m_nameQueue;
-    QHash<QString, UpdateFlags> m_queuedFlags; // of each name in the queue
+    QueuedNames m_names;
     QStringList m_inSight;
     int m_nInSightTaken = 0; // of m_inSight, by the running pass
     QStringList m_disableUpdateList;
     QString m_strCurrentFeature;
-
-    // The worker's own.
-    FeatureDecider m_decider;
-    FeatureValueReader m_reader;
-    FeatureDocText m_docText;
 };
 
 // The combinations in use.

@@ -112,8 +112,8 @@ bool ChangesPanel::revert()
     if (row < 0 || !m_pJournal->change(row).before.isValid())
         return false;
     const ValueChange change = m_pJournal->change(row);
-    ORXPropertyTreeItem* item = m_pTree->propertyItemByName(change.name);
-    return item && m_pTree->setFeatureValue(item, change.before, true);
+    const ORXPropertyTreeItem* item = m_pTree->propertyItemByName(change.name);
+    return item && m_pTree->setFeatureValue(item->tagName(), change.name, change.before);
 }
 
 // Feature files -----------------------------------------------------------------------------------
@@ -128,8 +128,9 @@ FeatureFileDialog* ChangesPanel::dialog()
 void ChangesPanel::saveToFile()
 {
     const QPointer<ChangesPanel> self(this);
-    const QString path = ORXInterface::getSaveFileName(window(), tr("Save Features"),
-                                                       tr("Feature files (*.features)"));
+    const QString path =
+        ORXInterface::getSaveFileName(window(), tr("Save Features"),
+                                      tr("Feature files (*.features)"), QStringLiteral("features"));
     if (self && !path.isEmpty())
         saveTo(path);
 }

@@ -2,7 +2,7 @@
 #include "changes/FeatureFileDialog.h"
 
 #include "changes/FeatureFileTable.h"
-#include "device/OBDeviceControl.h"
+#include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomWidget.h"

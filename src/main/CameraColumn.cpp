@@ -5,6 +5,7 @@
 #include "main/FeaturePages.h"
 #include "main/ORXFeatureGroup.h"
 #include "main/PageTabBar.h"
+#include "model/ORXPropertyTreeModel.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
@@ -115,6 +116,25 @@ void CameraColumn::afterFirstRead()
 {
     m_pGroup->searchAgain();
     leaveEmptyGroup();
+}
+
+void CameraColumn::showFeature(const QString& name)
+{
+    ORXPropertyTreeItem* item = m_pTree ? m_pTree->propertyItemByName(name) : nullptr;
+    ORXFeatureTreeView* tree = view(FeaturePages::WholeTree);
+    if (!item || !tree || !item->visible())
+        return;
+    constexpr auto kPage = ORXPropertyTreeItem::FeatureTreePage;
+    const ORXPropertyTreeItem* group = item;
+    while (group->parent(kPage) && group->parent(kPage) != m_pTree->rootItem())
+        group = group->parent(kPage);
+    CFeatureGroupTreeView* groups = m_pGroup->groupView();
+    const auto* model = static_cast<const CFeatureGroupModel*>(groups->model());
+    groups->OnChangedIndex(model->groupIndex(FeaturePages::WholeTree, group));
+    const QModelIndex row = tree->treeModel()->indexFromItem(item, 0);
+    tree->setCurrentIndex(row);
+    tree->scrollTo(row);
+    tree->setFocus(Qt::OtherFocusReason);
 }
 
 void CameraColumn::leaveEmptyGroup()

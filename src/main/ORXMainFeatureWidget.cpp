@@ -2,6 +2,7 @@
 #include "main/ORXMainFeatureWidget.h"
 
 #include "basetools/ORXInterface.h"
+#include "changes/ChangesPanel.h"
 #include "device/HostCaller.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
@@ -15,6 +16,7 @@
 #include "main/SettingsAction.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomWidget.h"
+#include "tree/FeatureInfoTabs.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
@@ -288,6 +290,13 @@ ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
         });
         connect(tree->treeView(), &ORXFeatureTreeView::SigRowsInSight, this,
                 &ORXMainFeatureWidget::readFirst);
+        auto* changes = new ChangesPanel(tree, tree);
+        tree->infoTabs()->addPanel(changes, [] { return ChangesPanel::tr("Changes"); });
+        connect(changes, &ChangesPanel::SigShowFeature, this,
+                [this, cameraId](const QString& name) {
+                    if (CameraColumn* shown = m_columns.value(cameraId, nullptr))
+                        shown->showFeature(name);
+                });
     }
     return tree;
 }

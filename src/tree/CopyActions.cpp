@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/CopyActions.h"
 
+#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "tree/ItemText.h"

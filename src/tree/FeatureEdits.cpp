@@ -85,10 +85,13 @@ bool FeatureEdits::write(FeatureTag tag, const QString& name, const QVariant& va
         if (outcome.state == FeatureWriter::State::Written &&
             (name == kAcquisitionStart || name == kAcquisitionStop))
             m_reading.readLockable();
+        if (outcome.state == FeatureWriter::State::Written)
+            emit SigExecuted(name);
         return afterCommand(name);
     }
     qInfo().noquote() << QStringLiteral("NodeName:%1, NodeValue:%2, [CameraID:%3]")
                              .arg(name, outcome.text, camera);
+    emit SigWritten(name);
     m_reading.rereadSoon(name);
     return true;
 }

@@ -30,6 +30,10 @@ public:
     void skipNextStart() { m_bSkipAcquisitionStart = true; }
 
 signals:
+    // The camera has taken the value, and what it invalidates is not read yet.
+    void SigWritten(const QString& name);
+    // The camera has taken the command.
+    void SigExecuted(const QString& name);
     // The camera restarts: nothing is to be asked or edited any more.
     void SigDeviceReset();
     // A command has replaced the settings as a whole.

@@ -7,6 +7,7 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
+#include "tree/CopyActions.h"
 #include "tree/IFeatureItems.h"
 #include "tree/ORXFeatureTreeView.h"
 
@@ -74,6 +75,7 @@ FeatureFavorites::FeatureFavorites(ORXFeatureTreeView* view, const IFeatureItems
     , m_pAdd(m_pMenu->addAction(QString()))
     , m_pRemove(m_pMenu->addAction(QString()))
     , m_pRemoveAll(m_pMenu->addAction(QString()))
+    , m_pCopy(new CopyActions(m_pMenu, view, this))
 {
     m_pMenu->setObjectName(QStringLiteral("FavoritesMenu"));
     m_pMenu->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Menu));
@@ -92,6 +94,7 @@ void FeatureFavorites::retranslate()
     m_pAdd->setText(QCoreApplication::translate("ORXFeatureTree", "Add to Favorites"));
     m_pRemove->setText(QCoreApplication::translate("ORXFeatureTree", "Remove from Favorites"));
     m_pRemoveAll->setText(QCoreApplication::translate("ORXFeatureTree", "Remove All"));
+    m_pCopy->retranslate();
 }
 
 void FeatureFavorites::showMenu(const QPoint& position)
@@ -122,6 +125,7 @@ void FeatureFavorites::showMenuOf(ORXPropertyTreeItem* item, const QPoint& globa
         if (row.remembersItem)
             m_pContextItem = item;
     }
+    m_pCopy->setItem(item);
     m_pMenu->popup(globalPosition);
 }
 

@@ -10,6 +10,7 @@ class IFeatureItems;
 class ORXFeatureTreeView;
 class ORXPropertyTreeItem;
 class QAction;
+class CopyActions;
 class QMenu;
 class QWidget;
 
@@ -69,4 +70,5 @@ private:
     QAction* m_pAdd;                               // Owned by the menu.
     QAction* m_pRemove;                            // Owned by the menu.
     QAction* m_pRemoveAll;                         // Owned by the menu.
+    CopyActions* m_pCopy;                          // Owned (child).
 };

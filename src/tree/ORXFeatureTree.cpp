@@ -10,6 +10,7 @@
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "tree/FeatureDescriptionPanel.h"
+#include "tree/FeatureInfoTabs.h"
 #include "tree/HostWaitLine.h"
 #include "tree/ORXFeatureTreeView.h"
 
@@ -31,6 +32,7 @@ ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     : IORXFeatureWidget(ORXPropertyTreeItem::FeatureTreePage, parent)
     , m_pFavorites(new FeatureFavorites(treeView(), *this, this))
     , m_pDescription(new FeatureDescriptionPanel(this))
+    , m_pInfoTabs(new FeatureInfoTabs(this))
     , m_pMessages(new FeatureMessages(this))
     , m_overlay(this)
     , m_reading(m_index, this)
@@ -66,7 +68,8 @@ void ORXFeatureTree::buildLayout()
                                                                : item->value()->displayName();
     };
     belowLayout->addWidget(new HostWaitLine(nameOf, below));
-    belowLayout->addWidget(m_pDescription, 1);
+    m_pInfoTabs->addPanel(m_pDescription, [] { return tr("Description"); });
+    belowLayout->addWidget(m_pInfoTabs, 1);
 
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Splitter));
@@ -97,6 +100,13 @@ void ORXFeatureTree::connectSignals()
     connect(m_pFavorites->removeAction(), &QAction::triggered, this, &Tree::OnActionFavoriteRemove);
     connect(m_pFavorites->removeAllAction(), &QAction::triggered, this,
             &Tree::OnActionFavoriteRemoveAll);
+    connect(&m_edits, &FeatureEdits::SigWritten, this, [this](const QString& name) {
+        m_watch.noteWritten(name, GetFeatureInvalidatorList(name));
+    });
+    connect(&m_edits, &FeatureEdits::SigExecuted, this, [this](const QString& name) {
+        m_watch.noteExecuted(name);
+        m_watch.noteWritten(name, GetFeatureInvalidatorList(name));
+    });
     connect(&m_edits, &FeatureEdits::SigDeviceReset, this, &Tree::afterDeviceReset);
     connect(&m_edits, &FeatureEdits::SigSettingsLoaded, this, &Tree::afterSettingsLoaded);
     connect(this, &Tree::SigFeatureChangeOsd, this, &Tree::OnSigFeatureChangeOsd);
@@ -112,7 +122,10 @@ void ORXFeatureTree::connectReading()
     connect(&m_reading, &Reading::SigFullReadEnded, this,
             [this] { emit SigFullReadEnded(cameraID()); });
     connect(&m_reading, &Reading::SigFirstReadEnded, this, &Tree::afterFirstRead);
-    connect(&m_reading, &Reading::SigWaitEnded, this, [this] { m_overlay.hide(); });
+    connect(&m_reading, &Reading::SigWaitEnded, this, [this] {
+        m_overlay.hide();
+        m_watch.noteRereadEnded();
+    });
     connect(&m_reading, &Reading::SigPollingFeatureChanged, this, &Tree::SigPollingFeatureChanged);
     connect(this, &Tree::SigPollingFeatureChanged, this, &Tree::OnPollingFeatureChanged);
 }
@@ -155,6 +168,7 @@ void ORXFeatureTree::createItems()
     m_pDescription->showItem(nullptr);
     m_builder.createItems(root, m_index.nodes(), treeView());
     setRootItem(cameraID(), root);
+    m_watch.watch(AllTreeItemsMap().values().toVector());
     treeView()->resetData(cameraID(), root);
     treeView()->expandAll();
 }
@@ -177,6 +191,7 @@ void ORXFeatureTree::removeCameraID(qint64 cameraId)
         m_autoTrigger.stopAndWait();
         m_pDescription->showItem(nullptr);
         m_pFavorites->forgetItems();
+        m_watch.watch({});
         m_builder.clear();
     }
     IORXFeatureWidget::removeCameraID(cameraId);
@@ -185,6 +200,7 @@ void ORXFeatureTree::removeCameraID(qint64 cameraId)
 void ORXFeatureTree::readyForDelete()
 {
     m_overlay.hide();
+    emit SigReadyForDelete();
     m_reading.end();
     m_autoTrigger.stopAndWait();
 }

@@ -12,10 +12,12 @@
 #include "tree/FeatureMessages.h"
 #include "tree/IFeatureItems.h"
 #include "tree/IORXFeatureWidget.h"
+#include "tree/ValueWatch.h"
 
 #include <QVariant>
 
 class FeatureDescriptionPanel;
+class FeatureInfoTabs;
 class ZELCustomDockTitleBar;
 
 // The whole feature tree of one camera, and its coordinator: it owns the description's index, the
@@ -48,6 +50,10 @@ public:
     {
         return m_index.GetFeatureInvalidatorList(name);
     }
+    // What changes, for whoever shows it.
+    ValueWatch* valueWatch() { return &m_watch; }
+    // Where the description stands, with room for more.
+    FeatureInfoTabs* infoTabs() const { return m_pInfoTabs; }
     // The strip that shows the user's name for the device; not owned, may be null.
     void setDockTitleBar(ZELCustomDockTitleBar* titleBar) { m_pDockTitleBar = titleBar; }
     void refreshCameraItemName();
@@ -142,6 +148,8 @@ public:
     void removeCameraID(qint64 cameraId) override;
 
 signals:
+    // readyForDelete(): who works with the tree's items or mutex on a thread of its own ends now.
+    void SigReadyForDelete();
     void SigFirstEndUpdateFeature(qint64 cameraId);
     // The whole tree was read once more, the first time included.
     void SigFullReadEnded(qint64 cameraId);
@@ -209,10 +217,12 @@ private:
     FeatureTreeBuilder m_builder;
     FeatureFavorites* m_pFavorites;                   // Owned (child).
     FeatureDescriptionPanel* m_pDescription;          // Owned (child).
+    FeatureInfoTabs* m_pInfoTabs;                     // Owned (child).
     ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Not owned.
     FeatureMessages* m_pMessages;                     // Owned (child).
     FeatureLoadingOverlay m_overlay;
     FeatureReadingControl m_reading;
     AutoSoftwareTrigger m_autoTrigger;
     FeatureEdits m_edits;
+    ValueWatch m_watch;
 };

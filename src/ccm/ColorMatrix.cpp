@@ -21,7 +21,7 @@ const QLatin1String kSelector("ColorTransformationValueSelector");
 const QLatin1String kValue("ColorTransformationValue");
 const QLatin1String kMatrix("CCMEnable");
 
-// What was told of a settings file last; empty once it was read without a fault.
+// The fault of a settings file that the user was told last; empty once it was read without one.
 QString s_lastFileReport;
 
 } // namespace
@@ -65,7 +65,7 @@ void ColorMatrix::setShown(bool shown)
     }
 }
 
-// A reading that has not begun ends without a word of the worker.
+// The worker reports no end of a reading that it has not begun.
 void ColorMatrix::stopReading()
 {
     m_thread.requestStop();
@@ -74,7 +74,7 @@ void ColorMatrix::stopReading()
 
 void ColorMatrix::read()
 {
-    // What the user is typing goes before; the end of the edit comes back here.
+    // Not while the user is typing: editingEnded() comes back here.
     if (m_bReading || !m_bShown || (m_isEdited && m_isEdited())) {
         m_bReadAgain = true;
         return;
@@ -95,7 +95,7 @@ void ColorMatrix::editingEnded()
         read();
 }
 
-// Counts as out of sight: the end of the reading must not begin another one.
+// As if out of sight, so that the end of this reading does not begin another one.
 void ColorMatrix::requestStop()
 {
     m_bShown = false;
@@ -130,12 +130,12 @@ void ColorMatrix::onJobEnded()
 
 void ColorMatrix::take(const ORXCCMUpdateThread::Result& result)
 {
-    // One that was stopped tells nothing; what is known stays.
+    // A stopped reading has found nothing; what is known stays.
     if (result.stopped)
         return;
     reportReading(result);
     m_result = result;
-    // What the camera has is not known: it cannot be edited, and nothing is claimed.
+    // The camera's values are not known now, so they can be neither shown nor edited.
     m_bKnown = result.complete || !m_bDeviceMode;
     if (!m_bKnown)
         return;
@@ -151,7 +151,7 @@ void ColorMatrix::reportReading(const ORXCCMUpdateThread::Result& result)
         s_lastFileReport.clear();
     } else if (m_bDeviceMode) {
         qCritical("Reading the color correction matrix: %s", qUtf8Printable(result.fault));
-        // The selector may not be where it was.
+        // A failed reading may have left the selector elsewhere.
         rereadInTree(kSelector);
     } else {
         reportFile(ORXRWCCMValue::fileOf(result.settingsName), result.fault, true);
@@ -167,7 +167,7 @@ bool ColorMatrix::enabledInFile(const QString& name, int* values)
     return true;
 }
 
-// What was written here past the whole tree shows there, too.
+// The whole tree does not know of what was written here.
 void ColorMatrix::rereadInTree(const QString& feature)
 {
     ORXFeatureTree* whole = m_bDeviceMode ? tree() : nullptr;
@@ -205,8 +205,8 @@ bool ColorMatrix::writeCell(int index, float value)
 
 void ColorMatrix::switchTo(bool on)
 {
-    // The thread would switch the transformation back afterwards: it has to end first. And the name
-    // of the settings file is known only after the first reading.
+    // A running reading would switch the transformation back afterwards; and the name of the
+    // settings file is known only after the first reading.
     const bool nameless = !m_bDeviceMode && m_result.settingsName.isEmpty();
     if (m_bReading || nameless) {
         m_wanted = on;
@@ -227,8 +227,8 @@ void ColorMatrix::switchTo(bool on)
     rereadInTree(kMatrix);
     showSwitch(switched ? on : m_result.enabled);
     emit SigChanged();
-    // The coefficients of a file are read only when it is on; what a refusal has left is read, too,
-    // and so is a matrix that nobody could read before.
+    // The coefficients of a file are read only when it is on. After a refusal, or when nothing is
+    // known yet, the camera is read as well.
     if (self && (!switched || !m_bDeviceMode || !m_bKnown))
         read();
 }
@@ -262,7 +262,7 @@ bool ColorMatrix::enableInCamera(bool on)
         if (!self || opening.isOver())
             return false;
     }
-    // As for every other feature that cannot be written.
+    // The same message as for every feature that cannot be written.
     if (!written) {
         if (ORXFeatureTree* shown = tree())
             shown->showWriteFailure(feature, QString::number(int(value)), error);
@@ -279,7 +279,8 @@ void ColorMatrix::showSwitch(bool on)
     enable->notifyViewUpdate(m_lCameraID, 1, false);
 }
 
-// When the file is read, which happens whenever the matrix comes into sight, once for each fault.
+// With `once`, for readings, a fault is told only the first time: the file is read whenever the
+// matrix comes into sight.
 void ColorMatrix::reportFile(const QString& file, const QString& fault, bool once)
 {
     const QString report = file + QStringLiteral(": ") + fault;

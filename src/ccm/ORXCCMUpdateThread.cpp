@@ -33,7 +33,7 @@ ORXCCMUpdateThread::~ORXCCMUpdateThread()
 
 void ORXCCMUpdateThread::startReading(FeatureMutex* featureMutex)
 {
-    // One that is dropped before it begins leaves what a stopped one leaves.
+    // The result of a job that is dropped before it begins: nobody else sets it.
     locked([this](Waiting&, CCMJob*) {
         m_result = Result();
         m_result.stopped = true;
@@ -96,7 +96,7 @@ bool ORXCCMUpdateThread::readDevice(Result& result, FeatureMutex* featureMutex) 
         if (!OBDeviceControl::SetBoolNodeValue(kTransformation, false))
             return fail(result, QStringLiteral("ColorTransformationEnable cannot be switched off"));
         read = readCoefficients(result, lock, false);
-        // Whatever has happened: the camera is left as it was found, as far as it lets us.
+        // Also after a failure or a stop.
         const StopRequest::PuttingBack puttingBack;
         restored = OBDeviceControl::SetBoolNodeValue(kTransformation, true);
     } else {
@@ -122,7 +122,7 @@ bool ORXCCMUpdateThread::readCoefficients(Result& result, FeatureLock& lock, boo
             return false;
         {
             SelectorKeeper keeper(kSelector);
-            // One that could not be put back is not moved.
+            // The selector is moved only if it can be put back afterwards.
             if (!keeper.isKnown())
                 return fail(result, kSelector + QStringLiteral(" cannot be read"));
             do {

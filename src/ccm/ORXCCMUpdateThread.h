@@ -37,11 +37,11 @@ class ORXCCMUpdateThread : public SerialWorker<CCMJob>
 public:
     struct Result
     {
-        bool complete = false; // false: what is here is not what the camera or the file has
-        bool stopped = false;  // told to stop before it was complete
+        bool complete = false; // everything was read
+        bool stopped = false;  // told to stop before everything was read
         bool enabled = false;
         std::array<float, ORXRWCCMValue::kCoefficients> values{}; // of the camera
-        float minimum = 0.0F;                                     // of them
+        float minimum = 0.0F;                                     // of the values
         float maximum = 0.0F;
         ORXRWCCMValue::Coefficients coefficients = ORXRWCCMValue::identity(); // of the file
         QString settingsName; // of the file; empty until it was asked for

@@ -114,7 +114,7 @@ void ORXCCMWidget::showMatrix()
 {
     if (!d->m_pMatrix)
         return;
-    // What the user is typing stays; its end shows the rest.
+    // Not while the user is typing; the end of the edit comes back here.
     if (d->m_pMatrix->isKnown() && !isEdited())
         showCells();
     setCellsEnabled(d->m_pMatrix->isOn());

@@ -30,7 +30,7 @@ QString coefficientKey(int index)
     return QStringLiteral("Common/CCMValue%1").arg(index);
 }
 
-// Null when the text is no truth value.
+// Nothing when the text is neither true nor false.
 const bool* truth(const QString& text)
 {
     static const bool kTrue = true;
@@ -163,7 +163,7 @@ bool ORXRWCCMValue::makeFile()
     return true;
 }
 
-// What QSettings would pass over.
+// Faults that QSettings passes over in silence.
 bool ORXRWCCMValue::looksLikeSettings()
 {
     const QFileInfo info(m_strFile);
@@ -188,7 +188,7 @@ bool ORXRWCCMValue::looksLikeSettings()
 bool ORXRWCCMValue::readContent()
 {
     const QSettings settings(m_strFile, QSettings::IniFormat);
-    // Only now is the file taken apart; before, every status is a good one.
+    // QSettings reads the file at the first access only; before that, status() is always good.
     settings.allKeys();
     if (settings.status() != QSettings::NoError)
         return fail(QStringLiteral("it is no settings file"));

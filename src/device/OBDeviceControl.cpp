@@ -2,28 +2,20 @@
 #include "device/OBDeviceControl.h"
 
 #include "basetools/ORXInterface.h"
-#include "device/Guarded.h"
-#include "device/GuiThread.h"
-#include "device/HostCallWatch.h"
+#include "device/HostCallbacks.h"
 #include "device/HostOpening.h"
-#include "device/ReentrancyScope.h"
-#include "device/StopRequest.h"
+#include "device/HtmlEscape.h"
 #include "device/XmlLimits.h"
+#include "styledctl/ZELCustom.h"
 
 #include <QDebug>
 
 #include <cstdlib>
 #include <cstring>
-#include <optional>
 
-std::atomic<OB_FT_GetFeatureFunc> OBDeviceControl::s_pGetFeatureFunc{nullptr};
-std::atomic<OB_FT_SetFeatureFunc> OBDeviceControl::s_pSetFeatureFunc{nullptr};
-std::atomic<OB_FT_GetModeFunc> OBDeviceControl::s_pGetModeFunc{nullptr};
-std::atomic<OB_FT_InvalidateFunc> OBDeviceControl::s_pInvalidateFunc{nullptr};
-std::atomic<OB_FT_ActionFunc> OBDeviceControl::s_pActionFunc{nullptr};
-std::atomic<void*> OBDeviceControl::s_pUser{nullptr};
 _OB_FT_DEVICEINFO_* OBDeviceControl::s_pDeviceInfo = nullptr;
 QDomDocument OBDeviceControl::s_domFeaturesXml;
+QList<FavoriteFeature> OBDeviceControl::s_mapFavoritesFeature;
 QString OBDeviceControl::s_strDllPath;
 std::atomic<int> OBDeviceControl::s_nUserLevr{1};
 std::atomic<bool> OBDeviceControl::s_bSupportChunk{true};
@@ -39,36 +31,15 @@ void report(int* err, int code)
         *err = code;
 }
 
-// A worker that was told to stop makes no call of the host, and a released library makes none.
-bool isRefused()
-{
-    return StopRequest::isHere() || !HostOpening::isOpen();
-}
-
 bool isStopped(int* err)
 {
-    if (!isRefused())
+    if (!HostCallbacks::isRefused())
         return false;
     report(err, DeviceError::kStopped);
     return true;
 }
 
-// Every call of the host; `feature` is what it is about. From inside one on the GUI thread the host
-// may release the library: what would destroy widgets is put off. An exception of the host ends
-// here.
-template <typename Callback, typename... Arguments>
-int callHost(const QString& feature, Callback callback, Arguments... arguments)
-{
-    const HostCallWatch watch(feature);
-    std::optional<ReentrancyScope> scope;
-    if (onGuiThread())
-        scope.emplace();
-    int code = DeviceError::kCallbackThrew;
-    guarded("A callback of the host", [&] { code = callback(arguments...); });
-    return code;
-}
-
-// The code as the log has always shown it: sign-extended, in lower-case hexadecimal.
+// The code as log filters know it: sign-extended, in lower-case hexadecimal.
 QString signedHex(int code)
 {
     const auto wide = static_cast<qint64>(code);
@@ -78,17 +49,42 @@ QString signedHex(int code)
 
 } // namespace
 
+// Description and callbacks -----------------------------------------------------------------------
+
+void OBDeviceControl::Init(const char* deviceXml, const char* translateXml)
+{
+    parsePropertyTransXml();
+    LoadFavoritesXml();
+    if (deviceXml)
+        loadDeviceXml(deviceXml);
+    if (translateXml)
+        FeatureTexts::addHostXml(translateXml);
+}
+
+void OBDeviceControl::loadDeviceXml(const char* deviceXml)
+{
+    s_domFeaturesXml = QDomDocument();
+    const std::size_t bytes = std::strlen(deviceXml);
+    QDomDocument document;
+    if (XmlLimits::acceptable(deviceXml, bytes) &&
+        document.setContent(QString::fromUtf8(deviceXml, static_cast<int>(bytes))))
+        s_domFeaturesXml = document;
+    else
+        qCritical("%s", "Create XML pDeviceXml DomDocument Failed");
+}
+
+void OBDeviceControl::parsePropertyTransXml()
+{
+    FeatureTexts::loadOwn(GetDllPath() +
+                          QStringLiteral("/FeatureTreeResource/FeaturesTranslate.xml"));
+}
+
 void OBDeviceControl::SetCallBackFunc(OB_FT_GetFeatureFunc getFeature,
                                       OB_FT_SetFeatureFunc setFeature, OB_FT_GetModeFunc getMode,
                                       OB_FT_InvalidateFunc invalidate, OB_FT_ActionFunc action,
                                       void* user)
 {
-    s_pUser = user;
-    s_pGetFeatureFunc = getFeature;
-    s_pSetFeatureFunc = setFeature;
-    s_pGetModeFunc = getMode;
-    s_pInvalidateFunc = invalidate;
-    s_pActionFunc = action;
+    HostCallbacks::set(getFeature, setFeature, getMode, invalidate, action, user);
     HostOpening::begin();
     const HostOpening opening;
     // A chunk mode that is readable but off still means that the device knows chunks.
@@ -103,17 +99,18 @@ void OBDeviceControl::EndCalls()
     HostOpening::end();
 }
 
+// Reads -------------------------------------------------------------------------------------------
+
 bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buffer, int* err,
                                bool checkReadable)
 {
-    const OB_FT_GetFeatureFunc get = s_pGetFeatureFunc;
-    if (!get) {
+    if (!HostCallbacks::canGetFeature()) {
         report(err, DeviceError::kNoCallback);
         return false;
     }
     const HostOpening opening;
     const bool readable = !checkReadable || IsNodeReadable(name);
-    if (isRefused() || opening.isOver()) {
+    if (HostCallbacks::isRefused() || opening.isOver()) {
         report(err, DeviceError::kStopped);
         return false;
     }
@@ -121,9 +118,7 @@ bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buff
         report(err, DeviceError::kNotReadable);
         return false;
     }
-    QByteArray localName = name.toLocal8Bit();
-    const int code =
-        callHost(name, get, static_cast<int>(type), localName.data(), buffer, s_pUser.load());
+    const int code = HostCallbacks::getFeature(static_cast<int>(type), name, buffer);
     report(err, code);
     return code == 0;
 }
@@ -176,23 +171,18 @@ bool OBDeviceControl::GetStringNodeValue(const QString& name, QString& value, in
     return true;
 }
 
+// Writes ------------------------------------------------------------------------------------------
+
 bool OBDeviceControl::SetValue(FeatureType type, const QString& name, const QString& value,
                                int* err)
 {
     if (isStopped(err))
         return false;
-    const OB_FT_SetFeatureFunc set = s_pSetFeatureFunc;
-    int code = DeviceError::kNoCallback;
-    if (set) {
-        QByteArray localName = name.toLocal8Bit();
-        QByteArray localValue = value.toLocal8Bit();
-        code = callHost(name, set, static_cast<int>(type), localName.data(), localValue.data(),
-                        s_pUser.load());
-    }
+    const int code = HostCallbacks::setFeature(static_cast<int>(type), name, value);
     report(err, code);
     if (code == 0)
         return true;
-    // The line says "Read" although this is a write: log filters in the field know it so.
+    // The line says "Read" although this is a write: log filters know it so.
     qCritical().noquote() << QStringLiteral("Read Feature Failed; NodeName : %1;  ErrorCode : %2")
                                  .arg(name, signedHex(code));
     return false;
@@ -230,18 +220,18 @@ bool OBDeviceControl::SetCommandNodeValue(const QString& name, int* err)
     return SetValue(FeatureType::Command, name, QString(), err);
 }
 
+// Access and actions ------------------------------------------------------------------------------
+
 int OBDeviceControl::GetNodeAccessMode(const QString& name, int* err)
 {
-    const OB_FT_GetModeFunc getMode = s_pGetModeFunc;
-    if (!getMode) {
+    if (!HostCallbacks::canGetMode()) {
         report(err, DeviceError::kNoCallback);
         return OB_FT_ACCESS_NOT_IMPLEMENTED;
     }
     if (isStopped(err))
         return OB_FT_ACCESS_NOT_IMPLEMENTED;
-    QByteArray localName = name.toLocal8Bit();
     int mode = OB_FT_ACCESS_NOT_IMPLEMENTED;
-    const int code = callHost(name, getMode, localName.data(), &mode, s_pUser.load());
+    const int code = HostCallbacks::getMode(name, &mode);
     report(err, code);
     return code == 0 ? mode : OB_FT_ACCESS_NOT_IMPLEMENTED;
 }
@@ -259,17 +249,17 @@ bool OBDeviceControl::IsNodeReadable(const QString& name)
 
 void OBDeviceControl::InvalidateNodes()
 {
-    const OB_FT_InvalidateFunc invalidate = s_pInvalidateFunc;
-    if (invalidate && HostOpening::isOpen())
-        callHost(QString(), invalidate, s_pUser.load());
+    if (HostOpening::isOpen())
+        HostCallbacks::invalidate();
 }
 
 void OBDeviceControl::NotifyWindowsClose()
 {
-    const OB_FT_ActionFunc action = s_pActionFunc;
-    if (action && HostOpening::isOpen())
-        callHost(QString(), action, OB_FT_ACTION_WINDOW_HIDDEN, s_pUser.load());
+    if (HostOpening::isOpen())
+        HostCallbacks::act(OB_FT_ACTION_WINDOW_HIDDEN);
 }
+
+// Device and texts --------------------------------------------------------------------------------
 
 void OBDeviceControl::SetDeviceInfo(const _OB_FT_DEVICEINFO_* info)
 {
@@ -300,44 +290,11 @@ bool OBDeviceControl::IsGenTLInterface()
     return GetDeviceType() == kGenTLDeviceType;
 }
 
-QDomDocument* OBDeviceControl::GetDeviceXml()
+QString OBDeviceControl::stringToHtmlFilter(const QString& text, const QColor& colour, bool bold)
 {
-    return &s_domFeaturesXml;
-}
-
-void OBDeviceControl::loadDeviceXml(const char* deviceXml)
-{
-    s_domFeaturesXml = QDomDocument();
-    const std::size_t bytes = std::strlen(deviceXml);
-    QDomDocument document;
-    if (XmlLimits::acceptable(deviceXml, bytes) &&
-        document.setContent(QString::fromUtf8(deviceXml, static_cast<int>(bytes))))
-        s_domFeaturesXml = document;
-    else
-        qCritical("%s", "Create XML pDeviceXml DomDocument Failed");
-}
-
-bool OBDeviceControl::IsSupportChunk()
-{
-    return s_bSupportChunk;
-}
-
-int OBDeviceControl::GetUserLevel()
-{
-    return s_nUserLevr;
-}
-
-void OBDeviceControl::SetUserLevel(int level)
-{
-    s_nUserLevr = level;
-}
-
-void OBDeviceControl::SetDllPath(const QString& path)
-{
-    s_strDllPath = path;
-}
-
-QString OBDeviceControl::GetDllPath()
-{
-    return s_strDllPath;
+    return QStringLiteral("<span style=\" color:#%1; font-size:13px;font-family:%4 ;%3\">%2</span>")
+        .arg(colour.name(QColor::HexRgb).mid(1))
+        .arg(htmlEscaped(text))
+        .arg(bold ? QStringLiteral("font-weight:bold") : QString())
+        .arg(ZELCustom::globalFontFamily(1));
 }

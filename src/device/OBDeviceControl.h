@@ -2,7 +2,9 @@
 #pragma once
 
 #include "OBFeatureTree/OBFeatureTree.h"
+#include "device/DeviceError.h"
 #include "device/FavoritesFile.h"
+#include "device/FeatureTexts.h"
 #include "device/TranslationTable.h"
 
 #include <QColor>
@@ -20,15 +22,6 @@ enum class FeatureType {
     String = OB_FT_TYPE_STRING,
     Enumeration = OB_FT_TYPE_ENUMERATION
 };
-
-// Error codes of this layer; everything else that comes out of `err` is the host's own code.
-namespace DeviceError {
-constexpr int kNoCallback = static_cast<int>(0x80000000U);
-constexpr int kNotReadable = static_cast<int>(0x80000106U);
-constexpr int kCallbackThrew = -1; // also logged as critical
-constexpr int kStopped = -2;       // a worker's call after its stop (StopRequest), any call after
-                                   // the release (HostOpening); never logged
-} // namespace DeviceError
 
 // The one place where the library reaches the camera, through the callbacks that the host
 // registered. Static members only: one device per process at a time, kept for the process's life.
@@ -105,31 +98,53 @@ public:
     static QString GetDeviceName();
     static bool IsGenTLInterface();
 
-    static QDomDocument* GetDeviceXml();
-    static bool IsSupportChunk();
+    static QDomDocument* GetDeviceXml() { return &s_domFeaturesXml; }
+    static bool IsSupportChunk() { return s_bSupportChunk; }
 
-    static int GetUserLevel(); // 0 "Guru", 1 "Beginner"
-    static void SetUserLevel(int level);
+    // 0 "Guru", 1 "Beginner".
+    static int GetUserLevel() { return s_nUserLevr; }
+    static void SetUserLevel(int level) { s_nUserLevr = level; }
 
-    static void SetDllPath(const QString& path);
-    static QString GetDllPath();
+    static void SetDllPath(const QString& path) { s_strDllPath = path; }
+    static QString GetDllPath() { return s_strDllPath; }
 
     // Second-language texts; empty where there is none. The host's table comes first.
-    static QString GetDisplayNameTrans(const QString& name);
-    static QString GetDescriptionTrans(const QString& name);
-    static QString GetEnumerationTrans(const QString& feature, const QString& entry);
+    static QString GetDisplayNameTrans(const QString& name)
+    {
+        return FeatureTexts::displayName(name, FeatureTexts::HostFirst);
+    }
+    static QString GetDescriptionTrans(const QString& name)
+    {
+        return FeatureTexts::description(name, FeatureTexts::HostFirst);
+    }
+    static QString GetEnumerationTrans(const QString& feature, const QString& entry)
+    {
+        return FeatureTexts::entry(feature, entry, FeatureTexts::HostFirst);
+    }
     // The same, in the library's own table only.
-    static QString getPropDisplayNameTrans(const QString& name);
-    static QString getPropDescriptionTrans(const QString& name);
-    static QString getPropEnumerationTrans(const QString& feature, const QString& entry);
+    static QString getPropDisplayNameTrans(const QString& name)
+    {
+        return FeatureTexts::displayName(name, FeatureTexts::OwnOnly);
+    }
+    static QString getPropDescriptionTrans(const QString& name)
+    {
+        return FeatureTexts::description(name, FeatureTexts::OwnOnly);
+    }
+    static QString getPropEnumerationTrans(const QString& feature, const QString& entry)
+    {
+        return FeatureTexts::entry(feature, entry, FeatureTexts::OwnOnly);
+    }
     // Fills the library's own table from its file (UTF-8), unless it is filled.
     static void parsePropertyTransXml();
-    static void parseOneFeature(const QDomElement& feature, TranslationTable::Items& table);
+    static void parseOneFeature(const QDomElement& feature, TranslationTable::Items& table)
+    {
+        TranslationTable::addFeature(feature, table);
+    }
 
     // The favourites in the user's order; changed in place by the trees.
-    static QList<FavoriteFeature>* GetFavoritesFeatureMap();
-    static void LoadFavoritesXml();
-    static void SaveFavoritesXml();
+    static QList<FavoriteFeature>* GetFavoritesFeatureMap() { return &s_mapFavoritesFeature; }
+    static void LoadFavoritesXml() { s_mapFavoritesFeature = FavoritesFile::load(); }
+    static void SaveFavoritesXml() { FavoritesFile::save(s_mapFavoritesFeature); }
 
     // A coloured HTML span of plain text. A marker such as "%1" in the text is lost to the style
     // substitution, which callers rely on for nothing.
@@ -138,17 +153,8 @@ public:
 private:
     static void loadDeviceXml(const char* deviceXml);
 
-    static std::atomic<OB_FT_GetFeatureFunc> s_pGetFeatureFunc;
-    static std::atomic<OB_FT_SetFeatureFunc> s_pSetFeatureFunc;
-    static std::atomic<OB_FT_GetModeFunc> s_pGetModeFunc;
-    static std::atomic<OB_FT_InvalidateFunc> s_pInvalidateFunc;
-    static std::atomic<OB_FT_ActionFunc> s_pActionFunc;
-    static std::atomic<void*> s_pUser; // Not owned.
-
     static _OB_FT_DEVICEINFO_* s_pDeviceInfo; // Kept for the life of the process.
     static QDomDocument s_domFeaturesXml;
-    static TranslationTable::Items s_mapPropertyTransItems; // the host's
-    static TranslationTable::Items s_AllPropertyTransItems; // the library's own
     static QList<FavoriteFeature> s_mapFavoritesFeature;
     static QString s_strDllPath;
     static std::atomic<int> s_nUserLevr;

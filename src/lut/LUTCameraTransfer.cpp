@@ -9,7 +9,7 @@
 
 namespace {
 
-// Apart from the signs of the trees, whose passes must not hide it.
+// Not one of the trees' numbers: the end of a pass must not hide this sign.
 constexpr int kLoadingIndex = -2;
 
 } // namespace
@@ -123,7 +123,7 @@ void LUTCameraTransfer::OnProgress(int done, int total)
 void LUTCameraTransfer::OnReport()
 {
     m_report = m_thread.takeReport();
-    // After a failed write the user knows already what is wrong.
+    // Not over the message of the write before, which says what is wrong.
     if (m_report.type == ORXLUTThread::ReloadFromCamera &&
         m_report.outcome == LUTTransferReport::Failed && !m_message.showsError())
         showFailedRead();
@@ -151,7 +151,7 @@ void LUTCameraTransfer::OnFinshLoadFromCamera()
 void LUTCameraTransfer::OnFinishSetToCamera()
 {
     if (m_report.outcome == LUTTransferReport::Stopped) {
-        // To write the rest or the old table would take as long again, with nobody waiting for it.
+        // Neither the rest nor the old table is written: it would take as long again.
         m_message.show(tr("Applying to camera was stopped after %1 of %2 points. The table in the "
                           "camera is incomplete.")
                            .arg(m_report.done)
@@ -168,7 +168,7 @@ void LUTCameraTransfer::OnFinishSetToCamera()
                            .arg(m_report.done)
                            .arg(m_report.total),
                        ZELCustomMessageBox::Hint_Error);
-    // The last point may have been written just when the window was closed.
+    // The window may have been closed, or the camera left, while the last point was written.
     if (m_bStopped || m_report.cameraId != m_lCameraID ||
         !m_thread.SetThreadType(ORXLUTThread::ReloadFromCamera))
         return;
@@ -181,7 +181,7 @@ void LUTCameraTransfer::OnThreadEnd()
 {
     if (m_thread.isBusy())
         return;
-    // A short job may have run between its predecessor's end and this: what it brought comes first.
+    // Queued once more, behind the results of a job that has ended since.
     const auto endUnlessBusy = [this] {
         if (!m_thread.isBusy())
             end();

@@ -51,7 +51,7 @@ void LUTCurve::showTable(const LUTPoints& table, int maximumValue, float xScale,
         m_plot.maxValue() != maximumValue)
         setRange(points, maximumValue);
     m_plot.setScales(xScale, yScale);
-    // The fold line keeps to its five places, wherever the user had moved its points before.
+    // The fold line goes back to its five places, wherever the user had moved its points.
     for (LUTLine* each : m_lines)
         each->rebuildFrom(table);
 }

@@ -5,7 +5,7 @@ namespace {
 
 constexpr int kFirst = 0;
 constexpr int kLast = 4;
-// Beyond it the press belongs to whatever stands right of the plot.
+// A press farther right than this takes no point.
 constexpr int kRightmostPressPx = LUTPlot::kSizePx + LUTPlot::kBesidePx;
 
 } // namespace

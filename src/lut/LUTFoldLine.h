@@ -8,7 +8,7 @@
 class LUTFoldLine : public LUTControlLine
 {
 public:
-    // The five points of a table that stand for it: at 0 and just before each quarter.
+    // The five points that stand for a table: the first, and the last of each quarter.
     static LUTPoints GetFlodLineVector(const LUTPoints& table);
 
     bool press(const QPoint& pixel, const LUTPlot& plot) override;

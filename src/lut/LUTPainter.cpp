@@ -168,7 +168,7 @@ void LUTPainter::drawFocusFrame()
 
 void LUTPainter::drawProgress(const QString& text, int done, int total)
 {
-    // Above the plot: the busy sign lies over the lower middle of the window.
+    // Above the plot: the loading sign covers the lower middle of the window.
     m_painter.setPen(colour("Label_Font1"));
     m_painter.setFont(ZELCustom::font(kNumberFontPx));
     m_painter.drawText(QRect(kOffset, 4, kSize, 16), Qt::AlignRight | Qt::AlignVCenter, text);

@@ -18,7 +18,7 @@ LUTPoints LUTSmoothCurve::controlsOf(const LUTPoints& table) const
     const int last = table.size() - 1;
     const int quarter = table.size() / 4;
     for (const int position : {0, quarter - 1, 2 * quarter - 1, 3 * quarter - 1, last}) {
-        // Tables of a few points have fewer control points.
+        // A table of few points has fewer control points.
         if (controls.isEmpty() || position > controls.constLast().index)
             controls.append(table.value(position));
     }

@@ -47,8 +47,8 @@ bool write(const QString& path, const LUTPoints& points)
         bytes += QByteArray::number(point.value) + "\r\n";
     }
     QSaveFile file(path);
-    // Flushed before: commit() itself does not notice when the last bytes do not reach the disk.
-    // Without it only the new file is removed.
+    // commit() alone does not notice when the last bytes do not reach the disk. On failure only the
+    // new file is removed.
     return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) &&
            file.write(bytes) == bytes.size() && file.flush() && file.commit();
 }

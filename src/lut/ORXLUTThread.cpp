@@ -57,7 +57,7 @@ void ORXLUTThread::resetCameraID(qint64 cameraId)
         requestStop();
 }
 
-// Of jobs that are dropped before the worker came to them nobody else would tell the end.
+// The worker reports no end of jobs that are dropped before it came to them.
 void ORXLUTThread::requestStop()
 {
     const bool onlyWaiting = locked(

@@ -101,7 +101,7 @@ void QLUTDrawWidget::StopTransfer(bool wait)
 void QLUTDrawWidget::UpdateLutInfo(int maximumIndex, int maximumValue, float xScale, float yScale)
 {
     const LUTPoints points = m_transfer.points();
-    // Another camera was chosen meanwhile, or a later table is on its way already.
+    // Another camera was chosen since, or a table of another size was read since.
     if (points.size() != maximumIndex + 1)
         return;
     m_curve.showTable(points, maximumValue, xScale, yScale);
@@ -125,7 +125,7 @@ void QLUTDrawWidget::UpdateFeatureTree()
 
 void QLUTDrawWidget::LoadFromFile()
 {
-    // The table on its way would replace what was imported.
+    // The end of a transfer would replace what was imported.
     if (!isTransferring() && m_files.OnLoadFromFile())
         update();
 }
@@ -191,7 +191,7 @@ void QLUTDrawWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton || isTransferring())
         return;
-    // The second press of a quick pair of presses, unless it makes a point.
+    // Where it makes no point it is an ordinary press, the second of two quick ones.
     if (!m_curve.line().addPoint(event->pos() - kOffset, plot()))
         mousePressEvent(event);
     update();

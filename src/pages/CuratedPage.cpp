@@ -12,7 +12,7 @@
 
 namespace {
 
-// Puts a table's start value into an own item; the item's tag has made the value's class.
+// Puts a table's start value into a page item; its tag has decided the class of the value.
 struct StartValue
 {
     CTreeItemValue* value; // Not owned.
@@ -117,7 +117,7 @@ ORXPropertyTreeItem* CuratedPage::addItem(ORXPropertyTreeItem* group, const Cura
 
 void CuratedPage::afterItemsCreated(ORXPropertyTreeItem*) {}
 
-// Shows and hides the own items that follow `leader`; an empty name means every leader.
+// Shows and hides the page items that follow `leader`; an empty name means every leader.
 void CuratedPage::followVisibility(ORXPropertyTreeItem* root, const QString& leader,
                                    qint64 cameraId)
 {

@@ -10,16 +10,17 @@ class ORXFeatureTree;
 
 // Base of the curated pages: builds groups and items from the page's table, translates them in the
 // page's context, and passes writes on to the camera's whole tree. Features of the camera are the
-// whole tree's own items, shown a second time, so that both pages always show the same; only the
-// page's own items are made here. Owned by the main widget; GUI thread.
+// whole tree's own items, shown a second time, so that both pages always show the same; only
+// page items, whose names begin with "Custom_", are made here. Owned by the main widget; GUI
+// thread.
 class CuratedPage : public IORXFeatureWidget
 {
     Q_OBJECT
 public:
     ~CuratedPage() override;
 
-    // An own item's write runs the page's handler, any other goes through the whole tree; true when
-    // the camera has none, since nothing can fail then.
+    // The write of a page item runs its handler (onOwnWrite), any other goes through the whole
+    // tree. True when the camera has no whole tree: nothing was refused.
     bool setFeatureValue(const QString& tagName, const QString& nodeName,
                          const QVariant& value) override;
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
@@ -37,12 +38,12 @@ public:
     // The camera's feature, shown by the page or not; may be null.
     ORXPropertyTreeItem* cameraItem(const char* name) const;
 
-    // What the user's edit of an own item does; its result is the write's. An own item without a
-    // handler keeps the value to itself.
+    // What the user's edit of a page item does; returns false for a refusal. A page item without a
+    // handler just keeps the value.
     using OwnWrite = std::function<bool(const QVariant& value)>;
     void onOwnWrite(const char* name, const OwnWrite& write);
 
-    // Whether the page's hooks hear of changes of a feature that it does not show.
+    // The page's hooks hear, or hear no more, of changes of a feature that it does not show.
     void observe(ORXPropertyTreeItem* item);
     void unobserve(ORXPropertyTreeItem* item);
 

@@ -20,20 +20,21 @@
 //          CTreeIntergerItemValue::Numbers{5, 1, 10, 1}, "Gain"},
 //     }},
 
-// Entries of an own enumeration: English texts, numbered from 0, and the number at the start.
+// Entries of a page item that is an enumeration: English texts, numbered from 0, and the number at
+// the start.
 struct CuratedEntries
 {
     qint64 current = 0;
     QVector<const char*> texts;
 };
 
-// Value, and range where there is one, that an own item starts with. Nothing for commands and for
+// Value, and range where there is one, that a page item starts with. Nothing for commands and for
 // items that the page fills by itself.
 using CuratedValue = std::variant<std::monostate, bool, CTreeIntergerItemValue::Numbers,
                                   CTreeFloatItemValue::Numbers, CuratedEntries>;
 
-// One line of a group. A name that begins with "Custom_" is an own item of the page, any other the
-// feature of that name, which is left out when the camera lacks it.
+// One line of a group. A name that begins with "Custom_" is a page item, made by the page; any
+// other is the feature of that name, which is left out when the camera lacks it.
 struct CuratedItem
 {
     CuratedItem(const char* itemName) // implicit, for tables
@@ -62,10 +63,10 @@ struct CuratedItem
     bool isOwn() const { return isOwnName(QString::fromLatin1(name)); }
 
     const char* name;
-    const char* text = nullptr; // English display text of an own item
+    const char* text = nullptr; // English display text of a page item
     FeatureTag tag = FeatureTag::Other;
     CuratedValue value;
-    // Item of the page whose visibility the own item follows; hidden while the camera lacks it.
+    // Item of the page whose visibility the page item follows; hidden while the camera lacks it.
     // Null: hidden until the page shows it.
     const char* visibleWith = nullptr;
 };
@@ -83,6 +84,6 @@ struct CuratedPageTable
     const char* title;   // English
     QVector<CuratedGroup> groups;
 
-    // Node name to English text, of groups and own items.
+    // Node name to English text, of groups and page items.
     QMap<QString, QString> texts() const;
 };

@@ -3,7 +3,7 @@
 
 #include "pages/CuratedPageTable.h"
 
-// What the image processing page shows, and the names of its own items.
+// What the image processing page shows, and the names of its page items.
 namespace ImgProcessing {
 
 constexpr char kROIGroup[] = "Custom_ROIGroup";

@@ -35,5 +35,5 @@ private:
     WhiteBalance m_whiteBalance;
 };
 
-// Node name to English text of the page's groups and own items.
+// Node name to English text of the page's groups and page items.
 const QMap<QString, QString>& getCommonTransMap();

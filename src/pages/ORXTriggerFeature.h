@@ -26,5 +26,5 @@ private:
     void showAutoTrigger(qint64 cameraId, bool enabled);
 };
 
-// Node name to English text of the page's groups and own items.
+// Node name to English text of the page's groups and page items.
 const QMap<QString, QString>& getTriggerTransMap();

@@ -28,9 +28,9 @@ qint64 bounded(qint64 value)
     return qBound(qint64(0), value, RegionAxis::kLongest);
 }
 
-// Limits that depend on each other (the greatest size on the offset) and limits that do not both
-// tell how long the area is; a camera that says it by itself is believed, unless it contradicts
-// the region that it has.
+// Makes one direction of what the camera says. Its limits may depend on each other (the greatest
+// size on the offset) and may not tell how long the area is. Where the camera tells the length by
+// itself, that counts, unless the region would not fit into it.
 RegionAxis axisOf(const Reading& size, const Reading& offset, const std::optional<Reading>& extent)
 {
     const qint64 begin = bounded(offset.numbers.m_nValue);
@@ -50,7 +50,7 @@ RegionAxis axisOf(const Reading& size, const Reading& offset, const std::optiona
         limits.sizeMaximum = greatestSize;
     if (lastOffset + length + limits.offsetIncrement <= limits.extent)
         limits.offsetMaximum = lastOffset;
-    // What is locked stays where it is; the other one can be edited nevertheless.
+    // Of size and offset one may be locked: it keeps its value, the other can be edited.
     if (!size.writable) {
         limits.sizeMinimum = limits.sizeMaximum = size.numbers.m_nValue;
         limits.sizeIncrement = 1;

@@ -32,7 +32,7 @@ RegionAxis::RegionAxis(const Limits& limits, const Span& span)
     own.offsetMinimum = qBound(qint64(0), limits.offsetMinimum, lastOffset);
     own.offsetMaximum = qBound(own.offsetMinimum, limits.offsetMaximum, lastOffset);
     own.offsetIncrement = qBound(qint64(1), limits.offsetIncrement, kLongest);
-    // What the camera holds is shown as it is, as far as it can be shown.
+    // The camera's own values are shown even if they break its limits.
     m_span.offset = qBound(qint64(0), span.offset, own.extent - 1);
     m_span.size = qBound(qint64(1), span.size, own.extent - m_span.offset);
 }

@@ -2,22 +2,13 @@
 #include "selector/SelectorChecks.h"
 
 #include "basetools/ORXInterface.h"
-#include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "tree/ORXFeatureTree.h"
-#include "tree/ORXFeatureTreeView.h"
 
 #include <QDebug>
 
-#include <algorithm>
-
 namespace {
-
-CTreeCustomWaterMarkItemValue* boxesOf(ORXPropertyTreeItem* row)
-{
-    return dynamic_cast<CTreeCustomWaterMarkItemValue*>(row->value());
-}
 
 QString latin(const char* text)
 {
@@ -29,7 +20,7 @@ QString latin(const char* text)
 SelectorChecks::SelectorChecks(const QVector<Names>& choices, FeatureTag tag, QObject* parent)
     : QObject(parent)
     , m_choices(choices)
-    , m_tag(tag)
+    , m_rows(tag)
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &SelectorChecks::readStates);
@@ -54,7 +45,7 @@ void SelectorChecks::stopHostCalls()
     forgetWrites();
 }
 
-// What was checked and never reached the camera is not claimed to be there.
+// Boxes whose write was dropped show again what the camera has.
 void SelectorChecks::forgetWrites()
 {
     const QList<qint64> entries = m_underWay.keys();
@@ -87,17 +78,11 @@ void SelectorChecks::attach(ORXFeatureTree* tree, ORXPropertyTreeItem* group,
     clear();
     m_pTree = tree;
     m_lCameraID = cameraId;
-    const QVector<ORXPropertyTreeItem*> items = group->children();
-    for (ORXPropertyTreeItem* item : items) {
-        if (item->tag() == m_tag)
-            m_rows.append(item);
-    }
-    if (m_rows.isEmpty())
-        makeRows(group, view);
+    m_rows.attach(group, view, mostEntries(), cameraId);
     refresh();
 }
 
-// What the camera has, even if hidden now; what it shows comes first.
+// The first pair that the camera shows now, else the first that it has at all.
 const SelectorChecks::Names* SelectorChecks::chosen() const
 {
     const Names* first = nullptr;
@@ -113,25 +98,17 @@ const SelectorChecks::Names* SelectorChecks::chosen() const
     return first;
 }
 
-void SelectorChecks::makeRows(ORXPropertyTreeItem* group, ORXFeatureTreeView* view)
+// By the description: which entries the camera has is known after it was read.
+int SelectorChecks::mostEntries() const
 {
-    int boxes = 0;
+    int entries = 0;
     for (const Names& choice : m_choices) {
         const FeatureNodePtr node =
             m_pTree->descriptionIndex().GetDomElementNode(latin(choice.selector));
         if (node && cameraItem(choice.selector) && cameraItem(choice.enable))
-            boxes = qMax(boxes, node->entries.size());
+            entries = qMax(entries, node->entries.size());
     }
-    for (int first = 0; first < boxes; first += 2) {
-        auto* row = new ORXPropertyTreeItem(group, ORXPropertyTreeItem::ImageProcessingPage);
-        row->setIsFeatureTreeItem(false);
-        row->setItemType(ORXPropertyTreeItem::FeatureItem);
-        row->setReadOnly(false);
-        row->setTagName(featureTagName(m_tag));
-        row->registerView(view);
-        row->setVisible(false, -1);
-        m_rows.append(row);
-    }
+    return entries;
 }
 
 ORXPropertyTreeItem* SelectorChecks::cameraItem(const char* name) const
@@ -143,12 +120,6 @@ const CTreeEnumationItemValue* SelectorChecks::entries() const
 {
     const ORXPropertyTreeItem* item = m_names ? cameraItem(m_names->selector) : nullptr;
     return item ? dynamic_cast<const CTreeEnumationItemValue*>(item->value()) : nullptr;
-}
-
-QVector<qint64> SelectorChecks::numbers() const
-{
-    const CTreeEnumationItemValue* selector = entries();
-    return selector ? selector->valueMap().keys().toVector() : QVector<qint64>();
 }
 
 QString SelectorChecks::nodeName(qint64 entry) const
@@ -166,7 +137,7 @@ void SelectorChecks::refresh()
     const ORXPropertyTreeItem* enable = m_names ? cameraItem(m_names->enable) : nullptr;
     if (!selector || !enable)
         return;
-    const QVector<qint64> known = numbers().mid(0, 2 * m_rows.size());
+    const QVector<qint64> known = selector->valueMap().keys().toVector().mid(0, m_rows.boxes());
     const bool changed = known != m_numbers;
     m_numbers = known;
     const QMap<qint64, QString> texts = selector->valueMap();
@@ -174,19 +145,14 @@ void SelectorChecks::refresh()
     const QStringList chinese = selector->displayListCN();
     const bool inChinese = ORXInterface::language() == QLatin1String("CH");
     const bool visible = cameraItem(m_names->selector)->visible() && enable->visible();
-    for (int box = 0; box < 2 * m_rows.size(); ++box) {
-        CTreeCustomWaterMarkItemValue* boxes = boxesOf(m_rows.at(box / 2));
+    for (int box = 0; box < m_rows.boxes(); ++box) {
         const bool used = box < m_numbers.size();
         const QString text = used ? texts.value(m_numbers.at(box)) : QString();
         const QString translated = inChinese ? chinese.value(english.indexOf(text)) : QString();
-        boxes->setColumn(box % 2, used ? nodeName(m_numbers.at(box)) : QString(),
-                         translated.isEmpty() ? text : translated);
-        boxes->setColumnDisabled(box % 2, enable->readOnly());
+        m_rows.setBox(box, used ? nodeName(m_numbers.at(box)) : QString(),
+                      translated.isEmpty() ? text : translated, enable->readOnly());
     }
-    for (int row = 0; row < m_rows.size(); ++row) {
-        m_rows.at(row)->setVisible(visible && 2 * row < m_numbers.size(), m_lCameraID);
-        m_rows.at(row)->notifyViewUpdate(m_lCameraID, 1, changed);
-    }
+    m_rows.show(visible ? m_numbers.size() : 0, changed);
     if (changed)
         requestStates();
 }
@@ -225,7 +191,7 @@ void SelectorChecks::setShown(bool shown)
     } else if (!shown) {
         m_timer.stop();
         m_thread.stopReading();
-        // A reading that has not begun ends without a word of the worker.
+        // The worker reports no end of a reading that it has not begun.
         QMetaObject::invokeMethod(this, &SelectorChecks::onJobEnded, Qt::QueuedConnection);
     }
 }
@@ -266,31 +232,24 @@ void SelectorChecks::onJobEnded()
 
 void SelectorChecks::onStatesRead(const QString& selector, const QVector<int>& states)
 {
-    // A late answer may be about rows that have gone.
+    // The rows may have changed since the reading was asked for.
     if (!m_names || selector != latin(m_names->selector) || states.size() != m_numbers.size())
         return;
     for (int i = 0; i < states.size(); ++i) {
         if (states.at(i) < 0)
             continue;
         m_known[m_numbers.at(i)] = states.at(i) == 1;
-        // What the user has just checked is newer.
+        // The user has changed the box since.
         if (!m_underWay.contains(m_numbers.at(i)))
             showState(i);
     }
 }
 
-// What the camera told last about the entry of a box.
+// Shows what the camera told last about the entry of a box.
 void SelectorChecks::showState(int index)
 {
     if (index >= 0 && m_known.contains(m_numbers.at(index)))
-        setState(index, m_known.value(m_numbers.at(index)));
-}
-
-void SelectorChecks::setState(int index, bool on)
-{
-    ORXPropertyTreeItem* row = m_rows.at(index / 2);
-    boxesOf(row)->setCheckState(index % 2, on ? Qt::Checked : Qt::Unchecked);
-    row->notifyViewUpdate(m_lCameraID, 1, false);
+        m_rows.setChecked(index, m_known.value(m_numbers.at(index)));
 }
 
 bool SelectorChecks::write(const QString& nodeName, bool on)
@@ -299,7 +258,7 @@ bool SelectorChecks::write(const QString& nodeName, bool on)
         if (this->nodeName(entry) != nodeName)
             continue;
         ++m_underWay[entry];
-        // Of a state that nobody could read the click itself tells what it was.
+        // The state was never read: before the click it was the opposite.
         if (!m_known.contains(entry))
             m_known.insert(entry, !on);
         lockRows();
@@ -326,7 +285,7 @@ void SelectorChecks::onWritten(const QString& selector, qint64 entry, bool on,
                                  .arg(enable, QString::number(int(on)),
                                       QString::number(m_lCameraID));
     } else {
-        // Of several clicks that are refused the box stands at last where the camera does.
+        // After the last of several clicks the box shows the camera's state again.
         if (isLast)
             showState(index);
         m_pTree->showWriteFailure(

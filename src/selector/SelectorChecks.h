@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "model/FeatureTag.h"
+#include "selector/CheckRows.h"
 #include "selector/SelectorStateThread.h"
 #include "tree/SelectorRowsLock.h"
 
@@ -14,9 +14,9 @@ class ORXFeatureTree;
 class ORXFeatureTreeView;
 class ORXPropertyTreeItem;
 
-// The rows of check boxes that stand for what a selector selects: one box for each entry, two in a
-// row. Makes the rows under a group of a page, reads their states and writes what the user checks.
-// Owned by the page; GUI thread. The camera is asked by a SelectorStateThread.
+// Check boxes that stand for what a selector selects: one box for each entry, in rows below a group
+// of a page. Reads their states and writes what the user checks. Owned by the page; GUI thread. The
+// camera is asked by a SelectorStateThread.
 class SelectorChecks : public QObject
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ public:
     // Reads the states soon; many requests are one.
     void requestStates();
 
-    FeatureTag tag() const { return m_tag; }
+    FeatureTag tag() const { return m_rows.tag(); }
     // True when the name is that of the selector, or of what it selects.
     bool concerns(const QString& nodeName) const;
     // The user has changed a box; false for an unknown name.
@@ -62,11 +62,10 @@ public:
 
 private:
     const Names* chosen() const;
-    void makeRows(ORXPropertyTreeItem* group, ORXFeatureTreeView* view);
+    int mostEntries() const;
     ORXPropertyTreeItem* cameraItem(const char* name) const;
     const CTreeEnumationItemValue* entries() const;
     SelectorStateThread::Pair pair() const;
-    QVector<qint64> numbers() const;
     void readStates();
     void onJobEnded();
     void lockRows();
@@ -74,17 +73,15 @@ private:
     void onStatesRead(const QString& selector, const QVector<int>& states);
     void onWritten(const QString& selector, qint64 entry, bool on, const QString& feature,
                    int error);
-    void setState(int index, bool on);
     void showState(int index);
     QString nodeName(qint64 entry) const;
 
     const QVector<Names> m_choices;
-    const FeatureTag m_tag;
     const Names* m_names = nullptr;    // the choice for this camera; null without. Not owned.
     ORXFeatureTree* m_pTree = nullptr; // Not owned.
     qint64 m_lCameraID = -1;
-    QVector<ORXPropertyTreeItem*> m_rows; // Not owned.
-    QVector<qint64> m_numbers;            // entries in the order of the boxes
+    CheckRows m_rows;
+    QVector<qint64> m_numbers; // entries in the order of the boxes
     bool m_bShown = false;
     QMap<qint64, bool> m_known;   // state by entry as the camera told it last
     QMap<qint64, int> m_underWay; // number of writes by entry

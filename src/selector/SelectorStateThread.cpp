@@ -41,7 +41,7 @@ SelectorStateThread::~SelectorStateThread()
 void SelectorStateThread::read(FeatureMutex* featureMutex, const Pair& pair,
                                const QVector<qint64>& entries)
 {
-    // One that waits is as good as this; one that runs may have passed what has changed since.
+    // Takes the place of readings that wait. One that runs may have passed what has changed since.
     locked([](Waiting& waiting, SelectorJob*) { dropReadings(waiting); });
     post({featureMutex, pair, entries, false, false});
 }
@@ -122,7 +122,7 @@ void SelectorStateThread::writeState(const SelectorJob& job)
             refused = written ? QString() : pair.enable;
         }
     }
-    // What a stop kept from the camera was refused by nobody.
+    // Stopped before the camera was asked: that is no refusal.
     if (!refused.isEmpty() && stopRequested())
         return;
     answer({pair.selector, true, {}, job.entries.constFirst(), job.on, refused, error});

@@ -7,7 +7,7 @@
 
 namespace {
 
-// A reading that was under way when the load began may tell what was before it.
+// The first may have begun before the load.
 constexpr int kReadingsToTrust = 2;
 
 const QLatin1String kInvisible("Invisible");
@@ -102,8 +102,7 @@ void UserSetLoadWait::askAgain()
     m_sinceAsked.start();
     if (!m_pTree || !ORXPropertyTreeItem::isAlive(m_pStatus) || !m_pStatus->value())
         return;
-    // Views hear of a reading only when it differs from what was published before; here the next
-    // one counts in any case.
+    // Views hear only of readings that differ from the one before; here every reading counts.
     m_pStatus->value()->exchangeStatus(QString());
     m_pTree->rereadInvalidated(m_pStatus->value()->nodeName(0));
 }

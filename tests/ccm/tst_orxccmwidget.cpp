@@ -1,106 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "basetools/ORXInterface.h"
 #include "cameras/CameraError.h"
-#include "ccm/ColorMatrix.h"
-#include "ccm/ORXCCMWidget.h"
-#include "ccm/ORXRWCCMValue.h"
-#include "model/CTreeCustomCCMItemValue.h"
+#include "ccm/ShownMatrix.h"
 #include "pages/DemoPageTest.h"
 #include "pages/SettingsFile.h"
 #include "styledctl/ZELCustomMessageBox.h"
-#include "tree/QPropertyLineEdit.h"
 #include "tree/TestPage.h"
 
-#include <QTimer>
-
 namespace {
-
-using Item = ORXPropertyTreeItem;
 
 constexpr char kTransformation[] = "ColorTransformationEnable";
 constexpr char kSelector[] = "ColorTransformationValueSelector";
 constexpr char kValue[] = "ColorTransformationValue";
 const SettingsFile kFile{"DEMO000001"_s};
-
-// Makes of two items a matrix and its switch, as a page does it.
-CTreeCustomCCMItemValue* tie(Item& item, Item& enable)
-{
-    enable.setTagName("Boolean"_s);
-    item.setTagName("CustomTagNameCCM"_s);
-    auto* value = static_cast<CTreeCustomCCMItemValue*>(item.value());
-    value->m_lCameraID = 1;
-    value->m_pEnableItem = &enable;
-    return value;
-}
-
-// The widget over such items.
-class Matrix
-{
-public:
-    explicit Matrix(CTreeCustomCCMItemValue::State state)
-    {
-        auto* value = tie(item, enable);
-        value->m_nState = state;
-        matrix = std::make_unique<ColorMatrix>(1, state == CTreeCustomCCMItemValue::InCamera,
-                                               &enable, nullptr);
-        value->m_pMatrix = matrix.get();
-        widget = new ORXCCMWidget(&item, &window);
-        widget->resize(360, 122);
-        window.show();
-    }
-
-    QPropertyLineEdit* cell(int index) const
-    {
-        return window.findChild<QPropertyLineEdit*>("CCMValue%1"_s.arg(index));
-    }
-    QStringList texts() const
-    {
-        QStringList all;
-        for (int i = 0; i < ORXRWCCMValue::kCoefficients; ++i)
-            all += cell(i)->text();
-        return all;
-    }
-    bool isOn() const { return enable.value()->value().toBool(); }
-    bool read()
-    {
-        updateData();
-        return QTest::qWaitFor([this] { return cell(0)->isEnabled(); });
-    }
-    // As the page: when it comes into sight, and when the camera has changed.
-    void updateData()
-    {
-        if (m_bShown)
-            widget->updateData();
-        m_bShown = true;
-        matrix->setShown(true);
-    }
-    bool becomesKnown()
-    {
-        updateData();
-        return QTest::qWaitFor([this] { return matrix->isKnown(); });
-    }
-    // As the page writes a switch that the user pressed.
-    void userSwitches(bool on)
-    {
-        enable.value()->setValue(on);
-        matrix->switchTo(on);
-    }
-    void enter(int index, const char* text)
-    {
-        cell(index)->selectAll();
-        QTest::keyClicks(cell(index), QString::fromLatin1(text));
-        QTest::keyClick(cell(index), Qt::Key_Return);
-    }
-
-    Item enable{nullptr, Item::ImageProcessingPage};
-    Item item{nullptr, Item::ImageProcessingPage};
-    std::unique_ptr<ColorMatrix> matrix;
-    QWidget window;
-    QPointer<ORXCCMWidget> widget;
-
-private:
-    bool m_bShown = false;
-};
 
 } // namespace
 
@@ -148,7 +60,7 @@ private slots:
         setCoefficient("8", "3.5");
         write(kSelector, "6");
         openSwitchedOn();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         QVERIFY(!matrix.cell(0)->isEnabled());
         QVERIFY(matrix.read());
         QCOMPARE(matrix.texts().join(QLatin1Char(' ')),
@@ -182,7 +94,7 @@ private slots:
         open();
         if (!unreadable.isEmpty())
             m_camera->fail(unreadable.constData(), CameraError::NotReadable, MeddledCamera::Reads);
-        Matrix cells(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix cells(CTreeCustomCCMItemValue::InCamera);
         cells.enable.value()->setValue(!on);
         cells.updateData();
         QTRY_COMPARE(cells.cell(2)->text(), "0.1250"_s);
@@ -211,7 +123,7 @@ private slots:
         QFETCH(QByteArray, text);
         QFETCH(QStringList, writes);
         openSwitchedOn();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         QVERIFY(matrix.read());
         m_camera->forget();
         matrix.enter(index, text.constData());
@@ -223,24 +135,28 @@ private slots:
     {
         MessageGuard::expectMessage("Read Feature Failed"_s);
         openSwitchedOn();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         QVERIFY(matrix.read());
         m_camera->fail(kValue, CameraError::NotWritable, MeddledCamera::Writes);
         matrix.enter(4, "2");
         QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
         QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
+        QVERIFY(message().startsWith("Node 'ColorTransformationValue':failed to save value '2'"_s));
+        delete messageBox();
         // A refused selector spares the value.
         m_camera->fail(kSelector, CameraError::NotWritable, MeddledCamera::Writes);
         m_camera->forget();
         matrix.enter(4, "2");
         QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
         QCOMPARE(m_camera->writesOf(kValue), 0);
+        QVERIFY(message().startsWith(
+            "Node 'ColorTransformationValueSelector':failed to save value '4'"_s));
     }
 
     void switchingWritesBothFeatures()
     {
         open();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         QVERIFY(matrix.becomesKnown());
         for (const bool on : {true, false}) {
             m_camera->forget();
@@ -263,7 +179,7 @@ private slots:
     {
         write(kTransformation, "1");
         open({"CCMEnable"_s});
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         QVERIFY(matrix.becomesKnown());
         m_camera->forget();
         matrix.userSwitches(true);
@@ -279,7 +195,7 @@ private slots:
         openSwitchedOn();
         const auto* shown = m_window->item(kTree, kValue)->value();
         const auto* selected = m_window->item(kTree, kSelector)->value();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         for (int i = 0; i < 10; ++i) {
             OB_FT_UpdateFeatures();
             do
@@ -294,7 +210,7 @@ private slots:
     void switchingWhileReadingWins()
     {
         openAndHold();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         matrix.updateData();
         QTRY_VERIFY(m_camera->isHolding());
         matrix.userSwitches(true);
@@ -305,11 +221,11 @@ private slots:
         QCOMPARE(read("CCMEnable"), 1);
     }
 
-    // The reading may not have begun when it is given up.
+    // In some of these rounds the reading has not begun yet.
     void switchingRightAfterShowingWins()
     {
         open();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         for (int i = 0; i < 20; ++i) {
             const bool on = i % 2 == 0;
             matrix.matrix->setShown(true);
@@ -329,19 +245,22 @@ private slots:
         open();
         OB_FT_Close();
         std::atomic<int> reads{0};
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        QVERIFY(matrix.becomesKnown());
+        const QStringList before = matrix.texts();
         m_camera->beforeRead = [&](const QString& name) {
             if (name == QLatin1String(kValue) && ++reads == 5)
                 m_camera->fail(kValue, CameraError::NotReadable, MeddledCamera::Reads);
         };
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
         matrix.updateData();
         QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
         QCOMPARE(read(kTransformation), 1);
         QCOMPARE(read(kSelector), 7);
         QVERIFY(!matrix.cell(0)->isEnabled());
+        QCOMPARE(matrix.texts(), before);
     }
 
-    // What cannot be put back is not moved.
+    // The selector is moved only if it can be put back afterwards.
     void selectorThatCannotBeReadStays()
     {
         MessageGuard::expectMessage("ColorTransformationValueSelector cannot be read"_s);
@@ -349,7 +268,7 @@ private slots:
         open();
         OB_FT_Close();
         m_camera->fail(kSelector, CameraError::NotReadable, MeddledCamera::Reads);
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         matrix.updateData();
         QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
         QVERIFY(!matrix.cell(0)->isEnabled());
@@ -357,12 +276,12 @@ private slots:
         QCOMPARE(read(kSelector), 7);
     }
 
-    // The editor may go while the host hangs: it returns, and the matrix is read to its end.
+    // Its destruction does not wait for the host, and the matrix is read to its end.
     void editorGoesWhileTheHostHangs()
     {
         setCoefficient("3", "0.75");
         openAndHold();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         matrix.updateData();
         QTRY_VERIFY(m_camera->isHolding());
         delete matrix.widget;
@@ -372,13 +291,13 @@ private slots:
         QCOMPARE(read(kTransformation), 1);
     }
 
-    // No further coefficient is read; what was changed is put back, and what is wanted again is
-    // read then.
+    // No further coefficient is read, selector and transformation are put back. Seen again, the
+    // matrix is read again.
     void outOfSightEndsTheReading()
     {
         write(kSelector, "7");
         openAndHold();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         matrix.updateData();
         QTRY_VERIFY(m_camera->isHolding());
         m_camera->forget();
@@ -394,10 +313,12 @@ private slots:
     void itemsMayGoFirst()
     {
         openSwitchedOn();
-        auto enable = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
-        auto item = std::make_unique<Item>(nullptr, Item::ImageProcessingPage);
+        auto enable = std::make_unique<ORXPropertyTreeItem>(
+            nullptr, ORXPropertyTreeItem::ImageProcessingPage);
+        auto item = std::make_unique<ORXPropertyTreeItem>(nullptr,
+                                                          ORXPropertyTreeItem::ImageProcessingPage);
         ColorMatrix matrix(1, true, enable.get(), nullptr);
-        tie(*item, *enable)->m_pMatrix = &matrix;
+        ShownMatrix::tie(*item, *enable)->m_pMatrix = &matrix;
         ORXCCMWidget widget(item.get(), nullptr);
         matrix.setShown(true);
         item.reset();
@@ -409,7 +330,7 @@ private slots:
     void fileModeShowsTheFile()
     {
         open();
-        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
         m_camera->forget();
         matrix.updateData();
         QTRY_COMPARE(matrix.texts().join(QLatin1Char(' ')),
@@ -430,7 +351,7 @@ private slots:
     {
         open();
         kFile.store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
-        Matrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
         QVERIFY(matrix.becomesKnown());
         matrix.userSwitches(true);
         QTRY_COMPARE(matrix.cell(0)->text(), "2.0000"_s);
@@ -444,13 +365,13 @@ private slots:
     void delegateMakesTheEditor()
     {
         openSwitchedOn();
-        TestPage page(Item::CommonPage);
+        TestPage page(ORXPropertyTreeItem::CommonPage);
         page.makeRoot = [&page] { return page.addGroupOfTags({"CustomTagNameCCM"_s}); };
         page.getRootItem(1, true);
-        Item* item = page.getRootItem(1, false)->child(0)->child(0);
-        Item enable(nullptr, Item::CommonPage);
+        ORXPropertyTreeItem* item = page.getRootItem(1, false)->child(0)->child(0);
+        ORXPropertyTreeItem enable(nullptr, ORXPropertyTreeItem::CommonPage);
         ColorMatrix matrix(1, true, &enable, nullptr);
-        tie(*item, enable)->m_pMatrix = &matrix;
+        ShownMatrix::tie(*item, enable)->m_pMatrix = &matrix;
         matrix.setShown(true);
         page.open();
         auto* editor = page.editor<ORXCCMWidget>("CustomTagNameCCM"_s);
@@ -467,7 +388,7 @@ private slots:
     void cellsSayWhereTheyAre()
     {
         openSwitchedOn();
-        Matrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
         QVERIFY(matrix.read());
         QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3 (Gain12)"_s);
         QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3 (Gain12)\nRange"_s));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The worker that carries look-up tables: whole tables, cameras that fail, stopping, order of jobs.
+// The worker that carries look-up tables: whole tables, cameras that fail, order of jobs.
 #include "lut/LutCamera.h"
 #include "lut/ORXLUTThread.h"
 #include "support/TestMain.h"
@@ -228,24 +228,6 @@ private slots:
         m_camera->unplugAtCall(0);
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         QTRY_COMPARE(m_said->infos.size(), 1);
-    }
-
-    void stopLeavesThePointsThatWereWritten()
-    {
-        MessageGuard::ignoreMessage(QtCriticalMsg,
-                                    "LUT: writing stopped after 1000 of 4096 points");
-        const LUTPoints points = squares(kPoints);
-        m_camera->holdAtCall(2000); // the value of point 1000
-        QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-        QTRY_VERIFY(m_camera->isHolding());
-        m_thread->requestStop();
-        m_camera->release();
-        QTRY_COMPARE(m_said->ends, 1);
-        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Stopped);
-        QCOMPARE(m_said->reports.first().done, 1000);
-        QCOMPARE(m_said->reports.first().total, kPoints);
-        QCOMPARE(m_camera->written().size(), 1000);
-        QCOMPARE(m_camera->calls(), 2000);
     }
 
     void sameTypeIsRefusedWhileItRuns()

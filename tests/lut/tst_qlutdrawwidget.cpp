@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The curve editor as the user meets it: drawn with the mouse, moved with keys, exchanged with a
-// camera, closed in the middle of it all. Files and unplugged cameras are
-// tst_orximgprocessingtransfers' subject.
+// camera, closed in the middle of a transfer. Files and unplugged cameras: see
+// tst_orximgprocessingtransfers.
 #include "basetools/ORXInterface.h"
 #include "lut/LutCamera.h"
 #include "lut/QLUTDrawWidget.h"
@@ -211,7 +211,8 @@ private slots:
     void closingTheWindowEndsTheTransfer()
     {
         MessageGuard::ignoreMessage(QtCriticalMsg, "LUT: writing stopped after 300 of 1024 points");
-        m_camera->holdAtCall(m_camera->calls() + 2 * 300 + 1);
+        const int lastCall = m_camera->calls() + 2 * 300 + 1;
+        m_camera->holdAtCall(lastCall);
         m_widget->SetToCamera();
         QTRY_VERIFY(m_camera->isHolding());
         // Another page in front does not end it.
@@ -221,6 +222,7 @@ private slots:
         m_camera->release();
         QVERIFY(waitForEnd());
         QCOMPARE(m_camera->written().size(), 300);
+        QCOMPARE(m_camera->calls(), lastCall);
         QCOMPARE(
             message(),
             "Applying to camera was stopped after 300 of 1024 points. The table in the camera is incomplete."_s);

@@ -29,7 +29,7 @@ void CuratedPageTest::groupsHoldTheirFeatures()
     QStringList held = m_window->items(tab, QTest::currentDataTag());
     held.removeAll(QString());
     QCOMPARE(held, items);
-    // Of the camera's features each row is that of the whole tree; own items have rules of their
+    // Of the camera's features each row is that of the whole tree; page items have rules of their
     // own.
     for (const QString& name : qAsConst(items)) {
         const QByteArray latin = name.toLatin1();

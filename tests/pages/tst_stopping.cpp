@@ -19,8 +19,8 @@ constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
 const char kTransformation[] = "ColorTransformationEnable";
 const char kMatrixSelector[] = "ColorTransformationValueSelector";
 
-// Closes the window while the host holds calls, and lets them go when the window is hidden. Nobody
-// hides a window that waits before: then the calls are let go much later.
+// Closes the window while the host holds calls, and lets the calls go when the window is hidden,
+// or, if the window waits for them before it hides, much later.
 class Closing : public QObject
 {
 public:
@@ -281,8 +281,7 @@ private slots:
         closing.close(m_window->widget());
         QVERIFY(closing.hidBeforeTheWaiting());
         QTEST(closing.callsSince(), "afterwards");
-        // The window is closed: what ends later begins nothing, and nobody is told of what he ended
-        // himself.
+        // Nothing begins after the window was closed, and the user, who closed it, gets no message.
         QVERIFY(twentyPeriodsPass());
         QTEST(closing.callsSince(), "afterwards");
         QVERIFY(!messageBox());

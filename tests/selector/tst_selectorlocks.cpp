@@ -145,7 +145,7 @@ private slots:
         OBFT_TRY_COMPARE(locked(words("ChunkEnable")), QStringList());
     }
 
-    // Of clicks that the camera refuses the box shows in the end what the camera has.
+    // After several refused clicks the box shows what the camera has.
     void refusedClicksInARow_data()
     {
         const Rows<int, int> row("entry", "clicks");
@@ -263,7 +263,7 @@ private slots:
         OBFT_TRY_VERIFY(cellShows(0, "0.5000"));
     }
 
-    // An interrupted or failed reading leaves nothing behind that the next one does not cure.
+    // The reading after an interrupted or failed one shows the cells again.
     void cellsComeBack_data()
     {
         const Rows<QString> row("end");

@@ -2,17 +2,8 @@
 #include "cameras/CameraError.h"
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
-#include "pages/DemoPageTest.h"
 #include "styledctl/ZELCustomMessageBox.h"
-#include "styledctl/ZELCustomPushButton.h"
-#include "userset/ORXFeatureSaveWidget.h"
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QLabel>
-#include <QTimer>
-
-using namespace std::chrono_literals;
+#include "userset/UserSetDialogTest.h"
 
 namespace {
 
@@ -22,108 +13,12 @@ const QString kNotConfirmed = "The camera did not confirm that the user set is l
 } // namespace
 
 // How a load is interrupted.
-using End = std::function<void(const PageWindow&, ORXFeatureSaveWidget*)>;
+using End = std::function<void(ORXFeatureSaveWidget*)>;
 Q_DECLARE_METATYPE(End)
 
-class TestORXFeatureSaveWidget : public DemoPageTest
+class TestORXFeatureSaveWidget : public UserSetDialogTest
 {
     Q_OBJECT
-
-protected:
-    void prepare() override
-    {
-        DemoPageTest::prepare();
-        m_seen.clear();
-        m_bAnswer = true;
-        m_bTimeGoesOn = false;
-        m_boxes.setInterval(5);
-        m_boxes.callOnTimeout(this, [this] {
-            if (m_bTimeGoesOn)
-                m_clock->advance(100ms);
-            for (QWidget* window : QApplication::topLevelWidgets()) {
-                auto* box = qobject_cast<ZELCustomMessageBox*>(window);
-                if (!box || !box->isVisible() || !m_bAnswer)
-                    continue;
-                m_seen += box->cContent().isEmpty() ? box->cTextTitle() : box->cContent();
-                QTest::mouseClick(box->cButton(ZELCustomMessageBox::Result_Ok), Qt::LeftButton);
-                return;
-            }
-        });
-        m_boxes.start();
-    }
-    void finish() override
-    {
-        m_boxes.stop();
-        m_boxes.disconnect();
-        DemoPageTest::finish();
-    }
-
-private:
-    // Opens the dialog by the tool bar and runs the steps inside its event loop.
-    void inDialog(const std::function<void(ORXFeatureSaveWidget*)>& steps)
-    {
-        bool ran = false;
-        QTimer::singleShot(0, this, [&] {
-            const QPointer<ORXFeatureSaveWidget> dialog =
-                m_window->widget()->findChild<ORXFeatureSaveWidget*>();
-            QVERIFY(dialog && dialog->isVisible());
-            ran = true;
-            steps(dialog);
-            if (dialog)
-                dialog->close();
-        });
-        QTest::mouseClick(m_window->widget()->findChild<QAbstractButton*>("ORXFeatureSave"_s),
-                          Qt::LeftButton);
-        QVERIFY(ran);
-    }
-    void press(ORXFeatureSaveWidget* dialog, int id)
-    {
-        QTRY_VERIFY(button(dialog, id)->isEnabled());
-        QTest::mouseClick(button(dialog, id), Qt::LeftButton);
-    }
-    // Presses, and runs the steps in the dialog's inner event loop as soon as the condition holds.
-    void press(ORXFeatureSaveWidget* dialog, int id, const std::function<bool()>& condition,
-               const std::function<void()>& steps)
-    {
-        bool ran = false;
-        QTimer watch;
-        watch.callOnTimeout(this, [&] {
-            if (!condition())
-                return;
-            watch.stop();
-            QTimer::singleShot(0, this, [&] {
-                ran = true;
-                steps();
-            });
-        });
-        watch.start(5);
-        press(dialog, id);
-        QVERIFY(ran);
-    }
-    static QAbstractButton* button(const ORXFeatureSaveWidget* dialog, int id)
-    {
-        for (QAbstractButton* each : dialog->findChildren<QAbstractButton*>()) {
-            if (each->property("userData") == QVariant(id))
-                return each;
-        }
-        return nullptr;
-    }
-    static QString text(const ORXFeatureSaveWidget* dialog, const char* label)
-    {
-        return dialog->findChild<QLabel*>(QString::fromLatin1(label))->text();
-    }
-    bool isWaiting(const ORXFeatureSaveWidget* dialog) const
-    {
-        const ORXPropertyTreeItem* status =
-            m_window->tree()->propertyItemByName("UserSetLoadStatus"_s);
-        return !button(dialog, 0)->isEnabled() &&
-               status->value()->displayValue() == QLatin1String("Loading");
-    }
-
-    QTimer m_boxes;     // answers message boxes
-    QStringList m_seen; // their texts
-    bool m_bTimeGoesOn = false;
-    bool m_bAnswer = true;
 
 private slots:
     void everyButtonDoesItsWork_data()
@@ -227,13 +122,12 @@ private slots:
     {
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
-            const auto waiting = [&] { return isWaiting(dialog); };
-            press(dialog, 5, waiting, [&] {
+            pressAndWait(dialog, 5, [&] {
                 // Nothing can be pressed, but the window lives: what is read meanwhile arrives.
                 write("UserSetDefault", "2");
                 OB_FT_UpdateFeatures();
                 QTRY_COMPARE(text(dialog, "UserSetPowerUpName"), "User Set 2"_s);
-                QVERIFY(waiting());
+                QVERIFY(isWaiting(dialog));
                 QVERIFY(m_seen.isEmpty());
                 m_clock->advance(kLoadTime);
             });
@@ -251,7 +145,7 @@ private slots:
         });
     }
 
-    // The status never said "Loading" when it was read: nothing of it changes.
+    // No reading of the status says "Loading".
     void loadThatWasOverAtOnceEnds()
     {
         open();
@@ -265,7 +159,7 @@ private slots:
         });
     }
 
-    // One may have been under way when the load began.
+    // It may have begun before the load.
     void theFirstReadingIsNotTrusted()
     {
         UserSetLoadWait one(nullptr, nullptr, {});
@@ -280,16 +174,12 @@ private slots:
     void waitEndsCleanly_data()
     {
         const Rows<End> row("end");
-        row("release", End([](const PageWindow&, ORXFeatureSaveWidget*) { OB_FT_Release(); }));
-        row("close the window",
-            End([](const PageWindow&, ORXFeatureSaveWidget*) { OB_FT_Close(); }));
-        row("remove the tree", End([](const PageWindow& window, ORXFeatureSaveWidget*) {
-                window.widget()->removeFeatureTree(1);
-            }));
-        row("escape", End([](const PageWindow&, ORXFeatureSaveWidget* dialog) {
-                QTest::keyClick(dialog, Qt::Key_Escape);
-            }));
-        row("close and release", End([](const PageWindow&, ORXFeatureSaveWidget*) {
+        row("release", End([](auto*) { OB_FT_Release(); }));
+        row("close the window", End([](auto*) { OB_FT_Close(); }));
+        row("remove the tree",
+            End([](auto*) { ORXMainFeatureWidget::instance(nullptr)->removeFeatureTree(1); }));
+        row("escape", End([](auto* dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }));
+        row("close and release", End([](auto*) {
                 OB_FT_Close();
                 OB_FT_Release();
             }));
@@ -303,8 +193,7 @@ private slots:
         QPointer<ORXFeatureSaveWidget> dialog;
         inDialog([&](ORXFeatureSaveWidget* opened) {
             dialog = opened;
-            press(
-                opened, 4, [&] { return isWaiting(opened); }, [&] { end(*m_window, opened); });
+            pressAndWait(opened, 4, [&] { end(opened); });
         });
         QVERIFY(dialog.isNull());
         QVERIFY(m_seen.isEmpty());
@@ -329,12 +218,10 @@ private slots:
             UserSetLoadWait::Limits limits;
             (unplugged ? limits.lostMs : limits.longestMs) = unplugged ? 400 : 1500;
             dialog->setLoadLimits(limits);
-            press(
-                dialog, 4, [&] { return isWaiting(dialog); },
-                [&] {
-                    if (unplugged)
-                        m_camera->unplug();
-                });
+            pressAndWait(dialog, 4, [&] {
+                if (unplugged)
+                    m_camera->unplug();
+            });
             QCOMPARE(m_seen, QStringList{kNotConfirmed});
             QTRY_COMPARE(button(dialog, 4)->isEnabled(), !unplugged);
         });
@@ -393,13 +280,11 @@ private slots:
         write("AcquisitionStart", "");
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
-            for (const int id : {3, 4, 5, 6})
-                QVERIFY(!button(dialog, id)->isEnabled());
+            QVERIFY(canLoad(dialog, false));
             QVERIFY(button(dialog, 0)->isEnabled());
             write("AcquisitionStop", "");
             OB_FT_UpdateFeatures();
-            for (const int id : {3, 4, 5, 6})
-                QTRY_VERIFY(button(dialog, id)->isEnabled());
+            QTRY_VERIFY(canLoad(dialog, true));
         });
     }
 

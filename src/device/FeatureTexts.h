@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "device/TranslationTable.h"
+
+// Second-language texts of the features: the host's table and the library's own. Any thread; a lock
+// of its own, inside, since reading threads look texts up while a host may give another table.
+class FeatureTexts
+{
+public:
+    FeatureTexts() = delete;
+
+    // Which tables are asked: the library's only where the host's does not know the feature, or the
+    // library's alone.
+    enum Tables { HostFirst, OwnOnly };
+
+    // Adds to the host's table; a text that does not parse is logged as critical.
+    static void addHostXml(const char* xml);
+    // Fills the library's own table from a file (UTF-8), unless it is filled; nothing from a file
+    // that cannot be used.
+    static void loadOwn(const QString& path);
+
+    // Empty where there is none.
+    static QString displayName(const QString& feature, Tables tables);
+    static QString description(const QString& feature, Tables tables);
+    static QString entry(const QString& feature, const QString& entry, Tables tables);
+
+private:
+    using Item = std::shared_ptr<const CORXPropertyTransItem>;
+    static Item find(const QString& feature, Tables tables);
+
+    static TranslationTable::Items s_mapPropertyTransItems; // the host's
+    static TranslationTable::Items s_AllPropertyTransItems; // the library's own
+};

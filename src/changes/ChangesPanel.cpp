@@ -3,26 +3,22 @@
 
 #include "basetools/ORXInterface.h"
 #include "changes/FeatureFileDialog.h"
-#include "styledctl/ZELCustom.h"
+#include "changes/ThemedTable.h"
 #include "styledctl/ZELCustomPushButton.h"
-#include "styledctl/ZELTouchScrolling.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ValueWatch.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int kFontPx = 12;
 constexpr int kMargin = 4;
 
 ZELCustomPushButton* makeButton(const char* name, QWidget* parent)
 {
-    auto* button = new ZELCustomPushButton(QString(), parent);
+    auto* button = new ZELCustomPushButton(QString(), parent, ZELCustomPushButton::Style_Flat);
     button->setObjectName(QString::fromLatin1(name));
     return button;
 }
@@ -38,10 +34,11 @@ ChangesPanel::ChangesPanel(ORXFeatureTree* tree, QWidget* parent)
                                 return tree->descriptionIndex().pollingMap().contains(name);
                             },
                             this))
-    , m_pView(new QTreeView(this))
-    , m_pRevert(makeButton("ChangesRevert", this))
-    , m_pSave(makeButton("ChangesSave", this))
-    , m_pCompare(makeButton("ChangesCompare", this))
+    , m_pView(new ThemedTable(m_pJournal, this))
+    , m_pActions(new QWidget(this))
+    , m_pRevert(makeButton("ChangesRevert", m_pActions))
+    , m_pSave(makeButton("ChangesSave", m_pActions))
+    , m_pCompare(makeButton("ChangesCompare", m_pActions))
 {
     setObjectName(QStringLiteral("ChangesPanel"));
     buildLayout();
@@ -50,7 +47,7 @@ ChangesPanel::ChangesPanel(ORXFeatureTree* tree, QWidget* parent)
     connect(m_pJournal, &ChangeJournal::rowsInserted, this, &ChangesPanel::updateButtons);
     connect(m_pView->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &ChangesPanel::updateButtons);
-    connect(m_pView, &QTreeView::activated, this, [this](const QModelIndex& index) {
+    connect(m_pView, &QTableView::activated, this, [this](const QModelIndex& index) {
         emit SigShowFeature(m_pJournal->change(index.row()).name);
     });
     connect(m_pRevert, &QPushButton::clicked, this, &ChangesPanel::revert);
@@ -61,28 +58,16 @@ ChangesPanel::ChangesPanel(ORXFeatureTree* tree, QWidget* parent)
 void ChangesPanel::buildLayout()
 {
     m_pView->setObjectName(QStringLiteral("ChangesView"));
-    m_pView->setModel(m_pJournal);
-    m_pView->setRootIsDecorated(false);
-    m_pView->setUniformRowHeights(true);
-    m_pView->setFrameShape(QFrame::NoFrame);
-    m_pView->setFont(ZELCustom::font(kFontPx));
-    m_pView->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Table) +
-                           ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
-    m_pView->header()->setSectionResizeMode(QHeaderView::Stretch);
-    m_pView->setTabKeyNavigation(false);
-    new ZELTouchScrolling(m_pView);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->setContentsMargins(kMargin, 0, kMargin, kMargin);
-    buttons->addWidget(m_pRevert);
-    buttons->addStretch(1);
-    buttons->addWidget(m_pSave);
-    buttons->addWidget(m_pCompare);
+    m_pView->setShares({2, 4, 3, 3, 4});
+    auto* buttons = new QHBoxLayout(m_pActions);
+    buttons->setContentsMargins(0, 0, kMargin, 0);
+    buttons->setSpacing(kMargin);
+    for (ZELCustomPushButton* button : {m_pRevert, m_pSave, m_pCompare})
+        buttons->addWidget(button);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(kMargin);
+    layout->setSpacing(0);
     layout->addWidget(m_pView, 1);
-    layout->addLayout(buttons);
 }
 
 void ChangesPanel::retranslate()

@@ -8,7 +8,7 @@
 
 class FeatureFileDialog;
 class ORXFeatureTree;
-class QTreeView;
+class ThemedTable;
 class ZELCustomPushButton;
 
 // The list of changes of one camera, with what can be done with a line of it and with feature
@@ -21,6 +21,8 @@ public:
     ChangesPanel(ORXFeatureTree* tree, QWidget* parent);
 
     ChangeJournal* journal() const { return m_pJournal; }
+    // The buttons, for whoever has room for them beside the panel.
+    QWidget* actions() const { return m_pActions; }
     // Writes the current line's old value by the ordinary road of an edit; false when it has none.
     bool revert();
     // Ask the user for a file first. The dialogs work on while the window is used.
@@ -46,7 +48,8 @@ private:
 
     ORXFeatureTree* m_pTree;               // Not owned.
     ChangeJournal* m_pJournal;             // Owned (child).
-    QTreeView* m_pView;                    // Owned (child).
+    ThemedTable* m_pView;                  // Owned (child).
+    QWidget* m_pActions;                   // Owned by where it stands, at first the panel.
     ZELCustomPushButton* m_pRevert;        // Owned (child).
     ZELCustomPushButton* m_pSave;          // Owned (child).
     ZELCustomPushButton* m_pCompare;       // Owned (child).

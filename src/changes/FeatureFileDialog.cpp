@@ -2,11 +2,11 @@
 #include "changes/FeatureFileDialog.h"
 
 #include "changes/FeatureFileTable.h"
+#include "changes/ThemedTable.h"
 #include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomWidget.h"
-#include "styledctl/ZELTouchScrolling.h"
 #include "tree/ORXFeatureTree.h"
 
 #include <QDebug>
@@ -14,11 +14,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSaveFile>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -74,16 +72,9 @@ void FeatureFileDialog::buildLayout()
     m_pProgress->setStyleSheet(ZELCustom::resolveSheet(
         QStringLiteral("QProgressBar { background: @StyledCtlColor_Separator@; border: none; }"
                        "QProgressBar::chunk { background: @StyledCtlColor_Accent@; }")));
-    m_pView = new QTreeView(cContentWidget());
+    m_pView = new ThemedTable(m_pTable, cContentWidget());
     m_pView->setObjectName(QStringLiteral("FeatureFileRows"));
-    m_pView->setModel(m_pTable);
-    m_pView->setRootIsDecorated(false);
-    m_pView->setUniformRowHeights(true);
-    m_pView->setFrameShape(QFrame::NoFrame);
-    m_pView->setFont(ZELCustom::font(kFontPx));
-    m_pView->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Table) +
-                           ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
-    new ZELTouchScrolling(m_pView);
+    m_pView->setShares({5, 3, 3, 3});
     m_pApply =
         new ZELCustomPushButton(QString(), cContentWidget(), ZELCustomPushButton::Style_Primary);
     m_pApply->setObjectName(QStringLiteral("FeatureFileApply"));
@@ -230,7 +221,6 @@ void FeatureFileDialog::onEnded()
         break;
     }
     }
-    fitColumns();
 }
 
 // Written whole or not at all; what was ended on the way is not written.
@@ -323,14 +313,6 @@ void FeatureFileDialog::updateButtons()
     m_pApply->setVisible(m_outcome != Outcome::Saved && m_outcome != Outcome::NotSaved);
     m_pApply->setEnabled(!working && m_pTable->chosenCount() > 0);
     m_pClose->setText(working ? tr("End") : tr("Close"));
-}
-
-void FeatureFileDialog::fitColumns()
-{
-    const int width = m_pView->viewport()->width();
-    m_pView->setColumnWidth(FeatureFileTable::Feature, width * 2 / 5);
-    m_pView->setColumnWidth(FeatureFileTable::InCamera, width / 5);
-    m_pView->setColumnWidth(FeatureFileTable::InFile, width / 5);
 }
 
 void FeatureFileDialog::retranslate()

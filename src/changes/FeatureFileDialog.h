@@ -9,7 +9,7 @@ class FeatureFileTable;
 class ORXFeatureTree;
 class QLabel;
 class QProgressBar;
-class QTreeView;
+class ThemedTable;
 class ZELCustomPushButton;
 
 // Saves the camera's values to a file, or shows a file beside the camera and applies what the user
@@ -61,14 +61,13 @@ private:
     void afterSave(const FeatureFileJob& job);
     void tell(Outcome outcome, int first = 0, int second = 0);
     void updateButtons();
-    void fitColumns();
     QString outcomeText() const;
 
     ORXFeatureTree* m_pTree;       // Not owned.
     FeatureFileTable* m_pTable;    // Owned (child).
     QLabel* m_pSummary;            // Owned (child).
     QProgressBar* m_pProgress;     // Owned (child).
-    QTreeView* m_pView;            // Owned (child).
+    ThemedTable* m_pView;          // Owned (child).
     ZELCustomPushButton* m_pApply; // Owned (child).
     ZELCustomPushButton* m_pClose; // Owned (child).
     QString m_strPath;

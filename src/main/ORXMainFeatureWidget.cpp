@@ -291,7 +291,8 @@ ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
         connect(tree->treeView(), &ORXFeatureTreeView::SigRowsInSight, this,
                 &ORXMainFeatureWidget::readFirst);
         auto* changes = new ChangesPanel(tree, tree);
-        tree->infoTabs()->addPanel(changes, [] { return ChangesPanel::tr("Changes"); });
+        tree->infoTabs()->addPanel(
+            changes, [] { return ChangesPanel::tr("Changes"); }, changes->actions());
         connect(changes, &ChangesPanel::SigShowFeature, this,
                 [this, cameraId](const QString& name) {
                     if (CameraColumn* shown = m_columns.value(cameraId, nullptr))

@@ -14,12 +14,16 @@ public:
     explicit FeatureInfoTabs(QWidget* parent);
 
     // Appends a panel, which belongs to the tabs from now on; `title` gives its words in the
-    // interface language.
-    void addPanel(QWidget* panel, const std::function<QString()>& title);
+    // interface language. `actions` stands beside the tabs while the panel is shown; may be null.
+    void addPanel(QWidget* panel, const std::function<QString()>& title,
+                  QWidget* actions = nullptr);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void showActions();
+
     QVector<std::function<QString()>> m_titles;
+    QVector<QWidget*> m_actions; // Owned (children); null where a panel has none.
 };

@@ -186,19 +186,11 @@ QString StepActor::showTab(const QString& argument)
 {
     bool isNumber = false;
     const int number = argument.toInt(&isNumber);
-    for (QTabBar* bar : visibleWidgets<QTabBar>()) {
-        for (int i = 0; i < bar->count(); ++i) {
-            if (isNumber ? i != number : !isCalled(bar->tabText(i), argument))
-                continue;
-            click(bar, bar->tabRect(i).center());
-            return QString();
-        }
-    }
-    if (!isNumber)
-        return press(argument);
-    // Tabs may be buttons of which one is down.
+    // Tabs may be buttons of which one is down; the pages' are. A number means the first row of
+    // tabs.
     for (const QAbstractButton* button : visibleWidgets<QAbstractButton>()) {
-        if (!button->isCheckable() || !button->group() || !button->group()->exclusive())
+        if (!isNumber || !button->isCheckable() || !button->group() ||
+            !button->group()->exclusive())
             continue;
         const QList<QAbstractButton*> tabs = button->group()->buttons();
         if (number < 0 || number >= tabs.size())
@@ -208,7 +200,15 @@ QString StepActor::showTab(const QString& argument)
         tabs.at(number)->click();
         return QString();
     }
-    return notThere(argument);
+    for (QTabBar* bar : visibleWidgets<QTabBar>()) {
+        for (int i = 0; i < bar->count(); ++i) {
+            if (isNumber ? i != number : !isCalled(bar->tabText(i), argument))
+                continue;
+            click(bar, bar->tabRect(i).center());
+            return QString();
+        }
+    }
+    return isNumber ? notThere(argument) : press(argument);
 }
 
 QString StepActor::selectRow(const QString& argument)

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kRowHeight = 26;
+constexpr int kFontPx = 13;
 
 } // namespace
 
@@ -33,7 +34,7 @@ ThemedTable::ThemedTable(QAbstractItemModel* model, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(kRowHeight);
     verticalHeader()->setMinimumSectionSize(kRowHeight);
-    horizontalHeader()->setFont(font());
+    horizontalHeader()->setFont(ZELCustom::font(kFontPx));
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setFixedHeight(kRowHeight);

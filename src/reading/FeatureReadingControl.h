@@ -69,6 +69,8 @@ public:
     bool isReading() const;
     // True while the thread of writes and invalidated features is busy.
     bool isRereading() const { return m_partialThread.isPassRunning(); }
+    // True while that is so, or what was written is still to be read again.
+    bool isRereadDue() const { return m_invalidationTimer.isActive() || isRereading(); }
     // True unless the first read is still to end.
     bool hasReadOnce() const { return !m_bFirstReadPending; }
 

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QTabBar>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -17,7 +18,6 @@ FeatureInfoTabs::FeatureInfoTabs(QWidget* parent)
     : QTabWidget(parent)
 {
     setObjectName(QStringLiteral("FeatureInfoTabs"));
-    setDocumentMode(true);
     tabBar()->setObjectName(QStringLiteral("FeatureInfoTabBar"));
     tabBar()->setDrawBase(false);
     tabBar()->setExpanding(false);
@@ -34,20 +34,36 @@ FeatureInfoTabs::FeatureInfoTabs(QWidget* parent)
 void FeatureInfoTabs::addPanel(QWidget* panel, const std::function<QString()>& title,
                                QWidget* actions)
 {
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(panel, 1);
     m_titles.append(title);
     m_actions.append(actions);
-    if (actions)
-        cornerWidget()->layout()->addWidget(actions);
-    addTab(panel, title());
+    addTab(page, title());
     showActions();
 }
 
+// Beside the tabs, or below the panel where a narrow window has no room for both.
 void FeatureInfoTabs::showActions()
 {
     for (int i = 0; i < m_actions.size(); ++i) {
-        if (m_actions.at(i))
-            m_actions.at(i)->setVisible(i == currentIndex());
+        QWidget* actions = m_actions.at(i);
+        if (!actions)
+            continue;
+        const int needed = tabBar()->sizeHint().width() + actions->sizeHint().width();
+        QLayout* place = (width() < needed ? widget(i) : cornerWidget())->layout();
+        if (place->indexOf(actions) < 0)
+            place->addWidget(actions);
+        actions->setVisible(i == currentIndex());
     }
+}
+
+void FeatureInfoTabs::resizeEvent(QResizeEvent* event)
+{
+    QTabWidget::resizeEvent(event);
+    showActions();
 }
 
 void FeatureInfoTabs::changeEvent(QEvent* event)
@@ -57,4 +73,5 @@ void FeatureInfoTabs::changeEvent(QEvent* event)
         return;
     for (int i = 0; i < m_titles.size(); ++i)
         setTabText(i, m_titles.at(i)());
+    showActions();
 }

@@ -124,7 +124,8 @@ void ORXFeatureTree::connectReading()
     connect(&m_reading, &Reading::SigFirstReadEnded, this, &Tree::afterFirstRead);
     connect(&m_reading, &Reading::SigWaitEnded, this, [this] {
         m_overlay.hide();
-        m_watch.noteRereadEnded();
+        if (!m_reading.isRereadDue())
+            m_watch.noteRereadEnded();
     });
     connect(&m_reading, &Reading::SigPollingFeatureChanged, this, &Tree::SigPollingFeatureChanged);
     connect(this, &Tree::SigPollingFeatureChanged, this, &Tree::OnPollingFeatureChanged);

@@ -267,6 +267,10 @@
 <context>
     <name>ORXFeatureTree</name>
     <message>
+        <source>Description</source>
+        <translation>说明</translation>
+    </message>
+    <message>
         <source>Add to Favorites</source>
         <translation>添加到收藏夹</translation>
     </message>
@@ -649,6 +653,259 @@ Arrow keys move it, with Shift they resize it. Escape takes a drag back.</source
     <message>
         <source>AOI</source>
         <translation>自动功能区域</translation>
+    </message>
+</context>
+<context>
+    <name>CopyActions</name>
+    <message>
+        <source>Copy Value</source>
+        <translation>复制值</translation>
+    </message>
+    <message>
+        <source>Copy Name</source>
+        <translation>复制名称</translation>
+    </message>
+    <message>
+        <source>Copy as Text</source>
+        <translation>复制为文本</translation>
+    </message>
+</context>
+<context>
+    <name>ChangesPanel</name>
+    <message>
+        <source>Changes</source>
+        <translation>变更</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>恢复</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>保存…</translation>
+    </message>
+    <message>
+        <source>Compare...</source>
+        <translation>比较…</translation>
+    </message>
+    <message>
+        <source>Save Features</source>
+        <translation>保存参数</translation>
+    </message>
+    <message>
+        <source>Compare with Features</source>
+        <translation>与参数文件比较</translation>
+    </message>
+    <message>
+        <source>Feature files (*.features)</source>
+        <translation>参数文件 (*.features)</translation>
+    </message>
+</context>
+<context>
+    <name>ChangeJournal</name>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Feature</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>原值</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>现值</translation>
+    </message>
+    <message>
+        <source>Cause</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>camera</source>
+        <translation>相机</translation>
+    </message>
+    <message>
+        <source>camera, %1 times</source>
+        <translation>相机，%1 次</translation>
+    </message>
+    <message>
+        <source>edited</source>
+        <translation>已编辑</translation>
+    </message>
+    <message>
+        <source>after %1</source>
+        <translation>由“%1”引起</translation>
+    </message>
+    <message>
+        <source>executed</source>
+        <translation>已执行</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureFile</name>
+    <message>
+        <source>Line %1 is not UTF-8 text.</source>
+        <translation>第 %1 行不是 UTF-8 文本。</translation>
+    </message>
+    <message>
+        <source>Line %1 has no tab between a name and a value.</source>
+        <translation>第 %1 行的名称与值之间没有制表符。</translation>
+    </message>
+    <message>
+        <source>Line %1 has no name before the tab.</source>
+        <translation>第 %1 行的制表符前没有名称。</translation>
+    </message>
+    <message>
+        <source>Line %1 has a second tab; in a value it is written &quot;\t&quot;.</source>
+        <translation>第 %1 行有第二个制表符；值中的制表符应写作“\t”。</translation>
+    </message>
+    <message>
+        <source>Line %1 has a backslash without &quot;\&quot;, &quot;t&quot;, &quot;n&quot; or &quot;r&quot; behind it.</source>
+        <translation>第 %1 行的反斜杠后没有“\”、“t”、“n”或“r”。</translation>
+    </message>
+    <message>
+        <source>The file is too large for a feature file.</source>
+        <translation>文件过大，不是参数文件。</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureFileRow</name>
+    <message>
+        <source>%1 (code 0x%2)</source>
+        <translation>%1（代码 0x%2）</translation>
+    </message>
+    <message>
+        <source>Not reached</source>
+        <translation>未处理</translation>
+    </message>
+    <message>
+        <source>Different</source>
+        <translation>不同</translation>
+    </message>
+    <message>
+        <source>Not on this camera</source>
+        <translation>此相机没有该参数</translation>
+    </message>
+    <message>
+        <source>No value of this feature</source>
+        <translation>不是该参数的值</translation>
+    </message>
+    <message>
+        <source>Cannot be read</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>Cannot be written now</source>
+        <translation>当前无法写入</translation>
+    </message>
+    <message>
+        <source>The selector cannot be set</source>
+        <translation>无法设置选择器</translation>
+    </message>
+    <message>
+        <source>Written</source>
+        <translation>已写入</translation>
+    </message>
+    <message>
+        <source>The camera has changed it</source>
+        <translation>相机已更改该值</translation>
+    </message>
+    <message>
+        <source>Refused</source>
+        <translation>被拒绝</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureFileTable</name>
+    <message>
+        <source>Feature</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>相机</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+</context>
+<context>
+    <name>FeatureFileDialog</name>
+    <message>
+        <source>Feature %1 of %2</source>
+        <translation>第 %1 个参数，共 %2 个</translation>
+    </message>
+    <message>
+        <source>Working...</source>
+        <translation>正在处理…</translation>
+    </message>
+    <message>
+        <source>%1 values were saved to &quot;%2&quot;. These could not be saved:</source>
+        <translation>%1 个值已保存到“%2”。以下值无法保存：</translation>
+    </message>
+    <message>
+        <source>%1 values were saved to &quot;%2&quot;.</source>
+        <translation>%1 个值已保存到“%2”。</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; cannot be written.</source>
+        <translation>无法写入文件“%1”。</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; cannot be read.</source>
+        <translation>无法读取文件“%1”。</translation>
+    </message>
+    <message>
+        <source>The file &quot;%1&quot; is not understood; nothing was read or written.</source>
+        <translation>无法理解文件“%1”；没有读取或写入任何值。</translation>
+    </message>
+    <message>
+        <source>There is no feature in the file &quot;%1&quot;.</source>
+        <translation>文件“%1”中没有参数。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 values differ.</source>
+        <translation>%2 个值中有 %1 个不同。</translation>
+    </message>
+    <message>
+        <source>None of %1 values differs.</source>
+        <translation>%1 个值全部相同。</translation>
+    </message>
+    <message>
+        <source>The file is of another model, %1.</source>
+        <translation>文件来自另一型号 %1。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 values were written and read back.</source>
+        <translation>%2 个值中已写入并读回 %1 个。</translation>
+    </message>
+    <message>
+        <source>Ended before everything was done.</source>
+        <translation>在全部完成之前已结束。</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>结束</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Feature File</source>
+        <translation>参数文件</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>应用</translation>
     </message>
 </context>
 </TS>

@@ -2,9 +2,9 @@
 #include "device/OBDeviceControl.h"
 
 #include "basetools/ORXInterface.h"
-#include "device/HostCallbacks.h"
 #include "device/HostOpening.h"
 #include "device/HtmlEscape.h"
+#include "device/RegisteredCallbacks.h"
 #include "device/XmlLimits.h"
 #include "styledctl/ZELCustom.h"
 
@@ -33,7 +33,7 @@ void report(int* err, int code)
 
 bool isStopped(int* err)
 {
-    if (!HostCallbacks::isRefused())
+    if (!RegisteredCallbacks::isRefused())
         return false;
     report(err, DeviceError::kStopped);
     return true;
@@ -84,7 +84,7 @@ void OBDeviceControl::SetCallBackFunc(OB_FT_GetFeatureFunc getFeature,
                                       OB_FT_InvalidateFunc invalidate, OB_FT_ActionFunc action,
                                       void* user)
 {
-    HostCallbacks::set(getFeature, setFeature, getMode, invalidate, action, user);
+    RegisteredCallbacks::set(getFeature, setFeature, getMode, invalidate, action, user);
     HostOpening::begin();
     const HostOpening opening;
     // A chunk mode that is readable but off still means that the device knows chunks.
@@ -104,13 +104,13 @@ void OBDeviceControl::EndCalls()
 bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buffer, int* err,
                                bool checkReadable)
 {
-    if (!HostCallbacks::canGetFeature()) {
+    if (!RegisteredCallbacks::canGetFeature()) {
         report(err, DeviceError::kNoCallback);
         return false;
     }
     const HostOpening opening;
     const bool readable = !checkReadable || IsNodeReadable(name);
-    if (HostCallbacks::isRefused() || opening.isOver()) {
+    if (RegisteredCallbacks::isRefused() || opening.isOver()) {
         report(err, DeviceError::kStopped);
         return false;
     }
@@ -118,7 +118,7 @@ bool OBDeviceControl::GetValue(FeatureType type, const QString& name, void* buff
         report(err, DeviceError::kNotReadable);
         return false;
     }
-    const int code = HostCallbacks::getFeature(static_cast<int>(type), name, buffer);
+    const int code = RegisteredCallbacks::getFeature(static_cast<int>(type), name, buffer);
     report(err, code);
     return code == 0;
 }
@@ -178,7 +178,7 @@ bool OBDeviceControl::SetValue(FeatureType type, const QString& name, const QStr
 {
     if (isStopped(err))
         return false;
-    const int code = HostCallbacks::setFeature(static_cast<int>(type), name, value);
+    const int code = RegisteredCallbacks::setFeature(static_cast<int>(type), name, value);
     report(err, code);
     if (code == 0)
         return true;
@@ -224,14 +224,14 @@ bool OBDeviceControl::SetCommandNodeValue(const QString& name, int* err)
 
 int OBDeviceControl::GetNodeAccessMode(const QString& name, int* err)
 {
-    if (!HostCallbacks::canGetMode()) {
+    if (!RegisteredCallbacks::canGetMode()) {
         report(err, DeviceError::kNoCallback);
         return OB_FT_ACCESS_NOT_IMPLEMENTED;
     }
     if (isStopped(err))
         return OB_FT_ACCESS_NOT_IMPLEMENTED;
     int mode = OB_FT_ACCESS_NOT_IMPLEMENTED;
-    const int code = HostCallbacks::getMode(name, &mode);
+    const int code = RegisteredCallbacks::getMode(name, &mode);
     report(err, code);
     return code == 0 ? mode : OB_FT_ACCESS_NOT_IMPLEMENTED;
 }
@@ -250,13 +250,13 @@ bool OBDeviceControl::IsNodeReadable(const QString& name)
 void OBDeviceControl::InvalidateNodes()
 {
     if (HostOpening::isOpen())
-        HostCallbacks::invalidate();
+        RegisteredCallbacks::invalidate();
 }
 
 void OBDeviceControl::NotifyWindowsClose()
 {
     if (HostOpening::isOpen())
-        HostCallbacks::act(OB_FT_ACTION_WINDOW_HIDDEN);
+        RegisteredCallbacks::act(OB_FT_ACTION_WINDOW_HIDDEN);
 }
 
 // Device and texts --------------------------------------------------------------------------------

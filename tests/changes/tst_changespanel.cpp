@@ -41,7 +41,7 @@ private:
     QTableView* list() const { return panel()->findChild<QTableView*>("ChangesView"_s); }
     QPushButton* button(const char* name) const
     {
-        return m_window->widget()->findChild<QPushButton*>(QLatin1String(name));
+        return m_window->tree()->findChild<QPushButton*>(QLatin1String(name));
     }
     FeatureFileDialog* dialog() const { return panel()->findChild<FeatureFileDialog*>(); }
     void showPanel() const

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "device/HostCallbacks.h"
+#include "device/RegisteredCallbacks.h"
 
 #include "device/DeviceError.h"
 #include "device/Guarded.h"
@@ -11,12 +11,12 @@
 
 #include <optional>
 
-std::atomic<OB_FT_GetFeatureFunc> HostCallbacks::s_pGetFeatureFunc{nullptr};
-std::atomic<OB_FT_SetFeatureFunc> HostCallbacks::s_pSetFeatureFunc{nullptr};
-std::atomic<OB_FT_GetModeFunc> HostCallbacks::s_pGetModeFunc{nullptr};
-std::atomic<OB_FT_InvalidateFunc> HostCallbacks::s_pInvalidateFunc{nullptr};
-std::atomic<OB_FT_ActionFunc> HostCallbacks::s_pActionFunc{nullptr};
-std::atomic<void*> HostCallbacks::s_pUser{nullptr};
+std::atomic<OB_FT_GetFeatureFunc> RegisteredCallbacks::s_pGetFeatureFunc{nullptr};
+std::atomic<OB_FT_SetFeatureFunc> RegisteredCallbacks::s_pSetFeatureFunc{nullptr};
+std::atomic<OB_FT_GetModeFunc> RegisteredCallbacks::s_pGetModeFunc{nullptr};
+std::atomic<OB_FT_InvalidateFunc> RegisteredCallbacks::s_pInvalidateFunc{nullptr};
+std::atomic<OB_FT_ActionFunc> RegisteredCallbacks::s_pActionFunc{nullptr};
+std::atomic<void*> RegisteredCallbacks::s_pUser{nullptr};
 
 namespace {
 
@@ -37,9 +37,9 @@ int callHost(const QString& feature, Callback callback, Arguments... arguments)
 
 } // namespace
 
-void HostCallbacks::set(OB_FT_GetFeatureFunc getFeature, OB_FT_SetFeatureFunc setFeature,
-                        OB_FT_GetModeFunc getMode, OB_FT_InvalidateFunc invalidate,
-                        OB_FT_ActionFunc action, void* user)
+void RegisteredCallbacks::set(OB_FT_GetFeatureFunc getFeature, OB_FT_SetFeatureFunc setFeature,
+                              OB_FT_GetModeFunc getMode, OB_FT_InvalidateFunc invalidate,
+                              OB_FT_ActionFunc action, void* user)
 {
     s_pUser = user;
     s_pGetFeatureFunc = getFeature;
@@ -49,18 +49,18 @@ void HostCallbacks::set(OB_FT_GetFeatureFunc getFeature, OB_FT_SetFeatureFunc se
     s_pActionFunc = action;
 }
 
-bool HostCallbacks::isRefused()
+bool RegisteredCallbacks::isRefused()
 {
     return StopRequest::isHere() || !HostOpening::isOpen();
 }
 
-int HostCallbacks::getFeature(int type, const QString& name, void* buffer)
+int RegisteredCallbacks::getFeature(int type, const QString& name, void* buffer)
 {
     QByteArray localName = name.toLocal8Bit();
     return callHost(name, s_pGetFeatureFunc.load(), type, localName.data(), buffer, s_pUser.load());
 }
 
-int HostCallbacks::setFeature(int type, const QString& name, const QString& value)
+int RegisteredCallbacks::setFeature(int type, const QString& name, const QString& value)
 {
     QByteArray localName = name.toLocal8Bit();
     QByteArray localValue = value.toLocal8Bit();
@@ -68,18 +68,18 @@ int HostCallbacks::setFeature(int type, const QString& name, const QString& valu
                     s_pUser.load());
 }
 
-int HostCallbacks::getMode(const QString& name, int* mode)
+int RegisteredCallbacks::getMode(const QString& name, int* mode)
 {
     QByteArray localName = name.toLocal8Bit();
     return callHost(name, s_pGetModeFunc.load(), localName.data(), mode, s_pUser.load());
 }
 
-void HostCallbacks::invalidate()
+void RegisteredCallbacks::invalidate()
 {
     callHost(QString(), s_pInvalidateFunc.load(), s_pUser.load());
 }
 
-void HostCallbacks::act(int code)
+void RegisteredCallbacks::act(int code)
 {
     callHost(QString(), s_pActionFunc.load(), code, s_pUser.load());
 }

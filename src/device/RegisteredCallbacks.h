@@ -16,10 +16,10 @@
 // |------------|--------|---------------------------------------------------------|
 // | set        | GUI    | none                                                    |
 // | the others | any    | none; the host's callbacks must allow concurrent calls  |
-class HostCallbacks
+class RegisteredCallbacks
 {
 public:
-    HostCallbacks() = delete;
+    RegisteredCallbacks() = delete;
 
     // Any of them may be null.
     static void set(OB_FT_GetFeatureFunc getFeature, OB_FT_SetFeatureFunc setFeature,

@@ -49,6 +49,7 @@ private:
         auto* tabs = m_window->tree()->findChild<QTabWidget*>("FeatureInfoTabs"_s);
         tabs->setCurrentIndex(1);
         QVERIFY(list()->isVisible());
+        QTRY_VERIFY(!button("ChangesCompare")->visibleRegion().isEmpty());
     }
     // The lines of a feature, the latest first: "before > now, cause".
     QStringList lines(const QString& feature) const

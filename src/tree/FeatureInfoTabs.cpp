@@ -23,7 +23,9 @@ FeatureInfoTabs::FeatureInfoTabs(QWidget* parent)
     tabBar()->setExpanding(false);
     tabBar()->setFont(ZELCustom::font(kFontPx));
     setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tab) +
-                  QStringLiteral("QTabBar::tab { padding: 6px 12px; }"));
+                  ZELCustom::resolveSheet(QStringLiteral(
+                      "QTabBar::tab { padding: 6px 12px; }"
+                      "QTabBar::tab:focus { background: @StyledCtlColor_Hover@; }")));
     auto* corner = new QWidget(this);
     auto* layout = new QHBoxLayout(corner);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Every exported function from every place from which a host can call it, and the next opening
 // after it: what it does is the same everywhere, or it is refused and logged.
+#include "api/InterruptedHost.h"
+#include "api/RowDrag.h"
 #include "lut/QLUTDrawWidget.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
@@ -47,23 +49,6 @@ const char* const kFunctions[] = {"Init",          "SetDeviceInfo",   "SetCallBa
                                   "Start",         "Close",           "UpdateFeatures",
                                   "Release"};
 
-enum Place {
-    Idle,
-    WhileReading,
-    InSet,
-    InInvalidate,
-    InAction,
-    InGet,  // of the question that OB_FT_SetCallBackFunc asks
-    InMode, // the same
-    NestedLoop,
-    MessageBox,
-    FileDialog,
-    ContextMenu,
-    ComboList,
-    Drag,
-    ReadingThread, // refused
-    OtherThread    // refused
-};
 const char* const kPlaces[] = {"idle",
                                "while reading",
                                "set callback",
@@ -83,82 +68,6 @@ const char* const kPlaces[] = {"idle",
 enum Reopening { InPlace, BeforeEvents, AfterEvents };
 const char* const kReopenings[] = {"opened in place", "opened before events run", "opened later"};
 
-// A host whose callbacks do something more, once.
-struct Host
-{
-    explicit Host(const QByteArray& description) { fake.serve(description); }
-
-    void install()
-    {
-        const GuiThreadReads::InstallingCallbacks installing;
-        OB_FT_SetCallBackFunc(
-            [](int type, char* name, void* value, void* user) {
-                const int code = FakeHost::getFeature(type, name, value, fakeOf(user));
-                return enter(user, onGuiThread() ? InGet : ReadingThread, code);
-            },
-            [](int type, char* name, char* value, void* user) {
-                return enter(user, InSet, FakeHost::setFeature(type, name, value, fakeOf(user)));
-            },
-            [](char* name, int* mode, void* user) {
-                const int code = FakeHost::getMode(name, mode, fakeOf(user));
-                return onGuiThread() ? enter(user, InMode, code) : code;
-            },
-            [](void* user) {
-                return enter(user, InInvalidate, FakeHost::invalidate(fakeOf(user)));
-            },
-            [](int action, void* user) {
-                return enter(user, InAction, FakeHost::action(action, fakeOf(user)));
-            },
-            this);
-    }
-
-    // In the next call of that callback.
-    void inNext(Place place, const std::function<void()>& todo)
-    {
-        m_todo = todo;
-        m_place = place;
-    }
-
-    FakeHost fake;
-
-private:
-    static FakeHost* fakeOf(void* user) { return &static_cast<Host*>(user)->fake; }
-    static bool onGuiThread() { return QThread::currentThread() == qApp->thread(); }
-    static int enter(void* user, Place place, int code)
-    {
-        auto* host = static_cast<Host*>(user);
-        int expected = place;
-        if (host->m_place.compare_exchange_strong(expected, -1))
-            host->m_todo();
-        return code;
-    }
-
-    std::atomic<int> m_place{-1};
-    std::function<void()> m_todo; // read only by whoever took m_place
-};
-
-// Begins a drag as the mouse does; returns when it has ended.
-void dragRow(const ORXFeatureTreeView* view, const QModelIndex& row)
-{
-    const QPoint from = view->visualRect(row).center();
-    const QPoint way(2 * QApplication::startDragDistance(), 0);
-    QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, from);
-    const QPointer<QWidget> viewport(view->viewport());
-    for (int step = 1; step <= 2 && viewport; ++step) {
-        QMouseEvent move(QEvent::MouseMove, from + step * way, Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(viewport, &move);
-    }
-    if (viewport)
-        QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, from);
-}
-
-// Only this platform holds a drag up until it ends.
-bool dragsBlock()
-{
-    return QGuiApplication::platformName() == QLatin1String("minimal");
-}
-
 } // namespace
 
 class TestLifetimes : public OpenedWindowTest
@@ -174,15 +83,15 @@ public:
 protected:
     void prepare() override
     {
-        m_now = std::make_unique<Host>(m_xml);
-        m_next = std::make_unique<Host>(m_xml);
+        m_now = std::make_unique<InterruptedHost>(m_xml);
+        m_next = std::make_unique<InterruptedHost>(m_xml);
         m_now->fake.set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
     }
     // A chunk question that another one is asked in is no read without need.
     bool failsOnGuiThreadReads() const override { return false; }
 
 private:
-    void open(Host& host)
+    void open(InterruptedHost& host)
     {
         OB_FT_Init(m_xml.constData(), nullptr, nullptr);
         _OB_FT_DEVICEINFO_ info = {};
@@ -384,7 +293,7 @@ private:
 
     // What a user of the opening has: a window with rows, read from that host, which alone is
     // called.
-    void checkOpening(Host& host)
+    void checkOpening(InterruptedHost& host)
     {
         QVERIFY(wasRead());
         QVERIFY(window()->isVisible());
@@ -398,8 +307,8 @@ private:
         QCOMPARE(host.fake.count("action 1"_s), 0);
     }
 
-    std::unique_ptr<Host> m_now;
-    std::unique_ptr<Host> m_next;
+    std::unique_ptr<InterruptedHost> m_now;
+    std::unique_ptr<InterruptedHost> m_next;
     int m_invalidated = 0;
 
 private slots:
@@ -441,7 +350,7 @@ private slots:
         const QPointer<ORXMainFeatureWidget> old(window());
         OB_FT_Release();
         QTRY_VERIFY(!old);
-        const auto fresh = std::make_unique<Host>(m_xml);
+        const auto fresh = std::make_unique<InterruptedHost>(m_xml);
         open(*fresh);
         checkOpening(*fresh);
         OB_FT_Release();

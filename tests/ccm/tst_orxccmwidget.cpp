@@ -393,8 +393,8 @@ private slots:
         QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3 (Gain12)"_s);
         QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3 (Gain12)\nRange"_s));
         m_window->widget()->SetLanguage(1);
-        QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列"_s);
-        QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列\n范围"_s));
+        QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列 (Gain12)"_s);
+        QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列 (Gain12)\n范围"_s));
     }
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "changes/ChangesPanel.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
@@ -81,6 +82,13 @@ private slots:
         };
         const OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
+        // The list of changes is as long as it gets.
+        QVector<ValueChange> flood(ChangeJournal::kMaxLines);
+        for (ValueChange& change : flood) {
+            change.name = nameOf(0);
+            change.before = change.now = 0;
+        }
+        window.tree()->findChild<ChangesPanel*>()->journal()->append(flood);
         m_host->setLatencyMs(1);
         QStringList entered;
         qint64 before = 0;

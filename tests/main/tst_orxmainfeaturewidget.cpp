@@ -152,8 +152,8 @@ private slots:
             if (action->isVisible() && action->isEnabled())
                 offered += action->text();
         }
-        QCOMPARE(offered, QStringList("Remove All"_s));
-        menu->actions().last()->trigger();
+        QCOMPARE(offered.first(), "Remove All"_s);
+        menu->actions().at(2)->trigger();
         QVERIFY(OBDeviceControl::GetFavoritesFeatureMap()->isEmpty());
         QCOMPARE(window.tree()->rootItem()->child(0)->childCount(), 0);
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "api/ApplicationSetup.h"
+#include "changes/ExactValue.h"
 #include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeCommandItemValue.h"
 #include "model/CTreeCustomCCMItemValue.h"
@@ -96,6 +97,7 @@ private slots:
         QVERIFY(typeid(*makeItemValue(tag)) == *expected.value);
         QCOMPARE(FeatureValueReader::hasReader(tag), expected.reads);
         QCOMPARE(FeatureWriter::hasHandler(tag), expected.writes);
+        QCOMPARE(ExactValue::hasValue(tag), expected.reads);
 
         ORXPropertyTreeItem root(nullptr, ORXPropertyTreeItem::CommonPage);
         auto* item = new ORXPropertyTreeItem(&root, ORXPropertyTreeItem::CommonPage);

@@ -47,8 +47,11 @@ FeatureFileDialog::FeatureFileDialog(ORXFeatureTree* tree, QWidget* parent)
     connect(&m_thread, &FeatureFileThread::SigEnded, this, &FeatureFileDialog::onEnded,
             Qt::QueuedConnection);
     connect(m_pTable, &FeatureFileTable::SigChosenChanged, this, &FeatureFileDialog::updateButtons);
-    // Its job holds the tree's mutex.
-    connect(tree, &ORXFeatureTree::SigReadyForDelete, this, [this] { m_thread.stopAndWait(); });
+    // Its job holds the tree's mutex, and its rows are the tree's.
+    connect(tree, &ORXFeatureTree::SigReadyForDelete, this, [this] {
+        m_thread.stopAndWait();
+        m_rowsLock.unlock();
+    });
     parent->window()->installEventFilter(this);
 }
 
@@ -102,8 +105,6 @@ void FeatureFileDialog::buildLayout()
 
 void FeatureFileDialog::start(FeatureFileJob job)
 {
-    m_thread.stopAndWait();
-    m_thread.takeResult();
     job.nodes = m_pTree->descriptionIndex().nodes();
     job.mutex = m_pTree->GetFeatureMutex();
     // Before the worker moves a selector, so that no edit of the user can land on another entry.
@@ -113,12 +114,20 @@ void FeatureFileDialog::start(FeatureFileJob job)
     m_pProgress->setRange(0, 0);
     m_thread.start(job);
     tell(Outcome::Working);
+}
+
+// Shows the dialog; false while it is at work.
+bool FeatureFileDialog::isFree()
+{
     show();
     raise();
+    return !isWorking();
 }
 
 void FeatureFileDialog::save(const QString& path)
 {
+    if (!isFree())
+        return;
     m_strPath = path;
     m_pTable->setRows({}, false);
     FeatureFileJob job;
@@ -132,7 +141,8 @@ void FeatureFileDialog::save(const QString& path)
 
 void FeatureFileDialog::compare(const QString& path)
 {
-    m_thread.stopAndWait();
+    if (!isFree())
+        return;
     m_strPath = path;
     m_strModel.clear();
     m_pTable->setRows({}, false);
@@ -154,10 +164,7 @@ void FeatureFileDialog::compare(const QString& path)
     } else {
         m_strModel = job.file.model;
         start(job);
-        return;
     }
-    show();
-    raise();
 }
 
 void FeatureFileDialog::apply()

@@ -23,7 +23,8 @@ public:
     FeatureFileDialog(ORXFeatureTree* tree, QWidget* parent);
     ~FeatureFileDialog() override;
 
-    // Each shows the dialog, and ends what ran before.
+    // Each shows the dialog, and that is all while something runs: nothing here waits for the
+    // camera.
     void save(const QString& path);
     void compare(const QString& path);
     // Writes the chosen rows.
@@ -54,6 +55,7 @@ private:
     };
     void buildLayout();
     void retranslate();
+    bool isFree();
     void start(FeatureFileJob job);
     void stop();
     void onProgress();

@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr int kRowHeight = 26;
+constexpr int kRowHeight = 32; // room for a finger
+constexpr int kHeadHeight = 26;
 constexpr int kFontPx = 13;
 
 } // namespace
@@ -37,7 +38,7 @@ ThemedTable::ThemedTable(QAbstractItemModel* model, QWidget* parent)
     horizontalHeader()->setFont(ZELCustom::font(kFontPx));
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    horizontalHeader()->setFixedHeight(kRowHeight);
+    horizontalHeader()->setFixedHeight(kHeadHeight);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     new ZELTouchScrolling(this);
 }

@@ -23,10 +23,14 @@ void SelectorRowsLock::lockSelector(ORXFeatureTree* tree, const QString& selecto
     lock(tree, names);
 }
 
+// With nothing locked the tree is not touched: it may be in the middle of its own end.
 void SelectorRowsLock::unlock()
 {
+    if (m_names.isEmpty())
+        return;
     setEnabled(true);
     m_names.clear();
+    m_pTree.clear();
 }
 
 void SelectorRowsLock::setEnabled(bool enabled)

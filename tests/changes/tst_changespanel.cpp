@@ -255,6 +255,8 @@ private slots:
         m_camera->closeGate("TriggerSelector", MeddledCamera::Writes);
         panel()->saveTo(folder.filePath("a.features"_s));
         OBFT_TRY_VERIFY(m_camera->isHolding());
+        panel()->compareWith("/no/such.features"_s); // waits for nothing and changes nothing
+        QVERIFY(dialog()->isWorking());
         if (window)
             QMetaObject::invokeMethod(m_window->widget(), &QWidget::close, Qt::QueuedConnection);
         else
@@ -264,6 +266,19 @@ private slots:
         OBFT_TRY_VERIFY(m_window->item(kTree, "TriggerSelector")->value()->enabled());
         QCOMPARE(read("TriggerSelector"), selector);
         QVERIFY(!QFile::exists(folder.filePath("a.features"_s)));
+    }
+
+    void endsWithTheTree()
+    {
+        openWatched();
+        m_camera->closeGate("TriggerSelector", MeddledCamera::Writes);
+        panel()->saveTo("/proc/no/such.features"_s);
+        OBFT_TRY_VERIFY(m_camera->isHolding());
+        m_tester.reset();
+        // The release waits for the call under way.
+        std::thread opens([this] { m_camera->openGate(); });
+        m_window.reset();
+        opens.join();
     }
 
     void rowsAreCopied()

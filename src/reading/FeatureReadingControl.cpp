@@ -18,11 +18,6 @@ QGetFeaturesThread::UpdateFlags flagSet(int flags)
     return QGetFeaturesThread::UpdateFlags(flags);
 }
 
-bool readsMoreThanPolled(const QGetFeaturesThread& thread)
-{
-    return thread.isPassRunning() && thread.FeaturesUpdateType() != FEATURES_UPDATE_POLLING;
-}
-
 } // namespace
 
 FeatureReadingControl::FeatureReadingControl(const FeatureDescriptionIndex& index, QObject* parent)
@@ -146,7 +141,8 @@ void FeatureReadingControl::userLevelChanged()
     // A pass that began at the level before must not undo what the other thread does now.
     m_partialThread.takeUserLevel();
     m_fullThread.takeUserLevel();
-    QGetFeaturesThread& thread = readsMoreThanPolled(m_fullThread) ? m_partialThread : m_fullThread;
+    QGetFeaturesThread& thread =
+        m_fullThread.readsMoreThanPolled() ? m_partialThread : m_fullThread;
     thread.SetThreadInfo(FEATURES_UPDATE_ALL, {}, flagSet(UpdateFlagSets::kUserLevel));
     thread.startPass();
 }
@@ -206,7 +202,7 @@ void FeatureReadingControl::setInSight(const QStringList& names)
 
 bool FeatureReadingControl::isReading() const
 {
-    return readsMoreThanPolled(m_partialThread) || readsMoreThanPolled(m_fullThread);
+    return m_partialThread.readsMoreThanPolled() || m_fullThread.readsMoreThanPolled();
 }
 
 void FeatureReadingControl::EmitPollingFeatureChanged(const QString& name)
@@ -224,9 +220,7 @@ void FeatureReadingControl::fullPassEnded()
 {
     emit SigPassEnded();
     // The end of a pass that was stopped before may arrive when the first read is under way again.
-    const bool stillReading =
-        m_fullThread.isPassRunning() && m_fullThread.FeaturesUpdateType() == FEATURES_UPDATE_ALL;
-    if (!stillReading) {
+    if (!m_fullThread.hasPass(FEATURES_UPDATE_ALL)) {
         if (std::exchange(m_bFullReadPending, false))
             emit SigFullReadEnded();
         if (std::exchange(m_bFirstReadPending, false))

@@ -13,6 +13,8 @@
 #include <QElapsedTimer>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kPollingTicks = 10000;
@@ -139,6 +141,26 @@ _FEATURES_UPDATE_TYPE_ QGetFeaturesThread::FeaturesUpdateType() const
 bool QGetFeaturesThread::isPassRunning() const
 {
     return isBusy();
+}
+
+template <typename Is>
+bool QGetFeaturesThread::anyPass(Is is) const
+{
+    return locked([&](const Waiting& waiting, const ReadingPass* running) {
+        return (running && is(running->type)) ||
+               std::any_of(waiting.begin(), waiting.end(),
+                           [&](const ReadingPass& pass) { return is(pass.type); });
+    });
+}
+
+bool QGetFeaturesThread::hasPass(_FEATURES_UPDATE_TYPE_ type) const
+{
+    return anyPass([type](_FEATURES_UPDATE_TYPE_ each) { return each == type; });
+}
+
+bool QGetFeaturesThread::readsMoreThanPolled() const
+{
+    return anyPass([](_FEATURES_UPDATE_TYPE_ each) { return each != FEATURES_UPDATE_POLLING; });
 }
 
 QGetFeaturesThread::Progress QGetFeaturesThread::progress() const

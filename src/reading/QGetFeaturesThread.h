@@ -20,7 +20,8 @@ class ORXPropertyTreeItem;
 // | SetInitThreadInfo                               | GUI     | none; only while no pass runs   |
 // | SetThreadInfo, startPass, StopThread,           | GUI     | the worker's, inside            |
 // | requestStop, setInSight, SetDisableUpdateList   |         |                                 |
-// | isPassRunning, FeaturesUpdateType, progress     | any     | the worker's, inside            |
+// | isPassRunning, hasPass, readsMoreThanPolled,    | any     | the worker's, inside            |
+// | FeaturesUpdateType, progress                    |         |                                 |
 // | takeUserLevel                                   | GUI     | none                            |
 // | UpdateFeature                                   | worker  | the feature mutex for each item |
 // | sigThreadEnd                                    | emitted by the worker; connect queued     |
@@ -64,9 +65,14 @@ public:
     // What the user sees, in the order in which it is wanted: a pass over the whole tree takes
     // these features first, as far as it has not read them yet. Replaces what was wanted before.
     void setInSight(const QStringList& names);
+    // Of the running pass, else of the next one. Whether another waits behind it: hasPass().
     _FEATURES_UPDATE_TYPE_ FeaturesUpdateType() const;
     // Whether a pass runs or waits.
     bool isPassRunning() const;
+    // Whether a pass of the type runs or waits.
+    bool hasPass(_FEATURES_UPDATE_TYPE_ type) const;
+    // Whether a pass runs or waits that reads more than the polled features.
+    bool readsMoreThanPolled() const;
     // How far a pass over the whole tree is, in features; {0, 0} when none runs.
     struct Progress
     {
@@ -97,6 +103,9 @@ protected:
     void jobEnded() override;
 
 private:
+    // Whether one of the passes that run or wait has a type that `is` accepts.
+    template <typename Is>
+    bool anyPass(Is is) const;
     bool DoThreadRunStatus(const ReadingPass& wanted, Waiting& waiting, const ReadingPass* running);
     bool takeName(QString& name, UpdateFlags& flags);
     QString takeInSight();

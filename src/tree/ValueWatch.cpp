@@ -11,6 +11,7 @@
 ValueWatch::ValueWatch(QObject* parent)
     : QObject(parent)
 {
+    connect(this, &ValueWatch::SigRead, this, &ValueWatch::takeReads, Qt::QueuedConnection);
 }
 
 ValueWatch::~ValueWatch()
@@ -67,7 +68,7 @@ void ValueWatch::itemValueChanged(qint64, ORXPropertyTreeItem* item, int column,
         m_reads.append({item, std::move(value)});
     }
     if (first)
-        QMetaObject::invokeMethod(this, &ValueWatch::takeReads, Qt::QueuedConnection);
+        emit SigRead(QPrivateSignal());
 }
 
 void ValueWatch::takeReads()

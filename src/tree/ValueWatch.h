@@ -41,6 +41,8 @@ public:
 signals:
     // What changed since the last time, in the order of the reads.
     void SigChanged(const QVector<ValueChange>& changes);
+    // Values were read that nobody has looked at yet. Emitted on the thread that reads.
+    void SigRead(QPrivateSignal);
 
 private:
     struct Read

@@ -209,10 +209,10 @@ bool PageWindow::isEnabled(int tab, const char* name) const
 bool PageWindow::refresh() const
 {
     const QList<QGetFeaturesThread*> threads = tree()->findChildren<QGetFeaturesThread*>();
-    const auto isIdle = [](const QGetFeaturesThread* thread) {
-        return !thread->isPassRunning() || thread->FeaturesUpdateType() == FEATURES_UPDATE_POLLING;
+    const auto allIdle = [&] {
+        return std::none_of(threads.begin(), threads.end(),
+                            [](const auto* thread) { return thread->readsMoreThanPolled(); });
     };
-    const auto allIdle = [&] { return std::all_of(threads.begin(), threads.end(), isIdle); };
     // A pass under way would make the request superfluous.
     if (!QTest::qWaitFor(allIdle, kPatienceMs))
         return false;

@@ -189,6 +189,27 @@ private slots:
         QCOMPARE(fullReads.size(), 1);
     }
 
+    // A full pass that waits for polling to give way is reading already.
+    void passBehindPollingIsReading()
+    {
+        readOnce();
+        QSignalSpy fullReads(m_tree.get(), &ORXFeatureTree::SigFullReadEnded);
+        m_host.pace().closeGate("Counter"_s);
+        m_tree->OnTimerFeatureNoCache();
+        QTRY_COMPARE(m_host.pace().waitingAt("Counter"_s), 1);
+        QVERIFY(!m_tree->isReading());
+        m_tree->RefreshFeatures();
+        QVERIFY(m_tree->isReading());
+        const QString last = m_tree->AllTreeItemsMap().lastKey();
+        m_host.pace().closeGate(last);
+        m_host.pace().openGate("Counter"_s);
+        QTRY_COMPARE(m_host.pace().waitingAt(last), 1);
+        QCoreApplication::processEvents();
+        QVERIFY(fullReads.isEmpty());
+        m_host.pace().openGate(last);
+        QTRY_COMPARE(fullReads.size(), 1);
+    }
+
     void polledChangeReadsWhatItInvalidates()
     {
         readOnce();

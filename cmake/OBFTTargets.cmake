@@ -81,6 +81,11 @@ function(obft_add_folder name)
     cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
     add_library(obft_${name} OBJECT ${arg_SOURCES})
     obft_target_defaults(obft_${name})
+    if(OBFT_SHARED_TEST_OBJECTS)
+        # The library's own exports are those of its version script, whatever the objects show.
+        set_target_properties(obft_${name} PROPERTIES
+            CXX_VISIBILITY_PRESET default VISIBILITY_INLINES_HIDDEN OFF)
+    endif()
     target_include_directories(obft_${name} PUBLIC
         "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/include")
     target_link_libraries(obft_${name} PUBLIC

@@ -114,6 +114,28 @@ private slots:
         OBFT_TRY_COMPARE(lines("Height"_s), QStringList{"1200 > 480, 相机"_s});
     }
 
+    // The description says of each of them that it depends on the pixel format: reading everything
+    // again finds nothing more.
+    void oneWriteChangesManyFeatures()
+    {
+        openWatched();
+        QVERIFY(m_window->choose(kTree, "PixelFormat", "Mono 12"_s));
+        for (const char* name :
+             {"PixelSize", "PixelColorFilter", "PixelDynamicRangeMax", "LinePitch", "PayloadSize",
+              "ResultingFrameRate", "SensorReadoutTime", "DeviceLinkCurrentThroughput"}) {
+            OBFT_TRY_VERIFY(!lines(QLatin1String(name)).isEmpty());
+            QVERIFY2(lines(QLatin1String(name)).first().endsWith("after Pixel Format"_s), name);
+        }
+        QCOMPARE(read("LinePitch"), 2 * 1920);
+        const int before = panel()->journal()->rowCount();
+        QVERIFY(m_window->refresh());
+        QCOMPARE(panel()->journal()->rowCount(), before);
+        // What is polled changes without being asked to; nothing else has done so.
+        for (int row = 0; row < before; ++row)
+            QVERIFY2(panel()->journal()->change(row).cause != ValueChange::Cause::Camera,
+                     qPrintable(panel()->journal()->change(row).name));
+    }
+
     // However often it moves, and only as long as its line is kept.
     void aPolledFeatureKeepsOneLine()
     {
@@ -202,6 +224,8 @@ private slots:
         QTest::addColumn<int>("rows");
         QTest::newRow("two bad lines")
             << QByteArray("Width\t640\nHeight 480\n\t7\n") << "is not understood"_s << 2;
+        QTest::newRow("two values of one feature")
+            << QByteArray("Width\t640\nHeight\t480\nWidth\t672\n") << "is not understood"_s << 1;
         QTest::newRow("nothing in it") << QByteArray("# only a comment\n") << "no feature"_s << 0;
         QTest::newRow("no file") << QByteArray() << "cannot be read"_s << 0;
     }

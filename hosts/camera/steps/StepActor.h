@@ -27,7 +27,11 @@ private:
     };
 
     QString showTab(const QString& argument);
+    QString showTabOf(const QString& argument);
     QString selectRow(const QString& argument);
+    QString pressLine(const QString& argument);
+    QString checkLine(const QString& argument);
+    QString enterFile(const QString& argument);
     QString expandRow(const QString& argument);
     QString collapseRow(const QString& argument);
     QString setValue(const QString& argument);
@@ -41,5 +45,6 @@ private:
     QString resize(const QString& argument);
 
     static Row findRow(const QString& name);
+    static Row findLine(const QString& text);
     static QString notThere(const QString& name);
 };

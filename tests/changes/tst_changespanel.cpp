@@ -43,7 +43,10 @@ private:
     {
         return m_window->tree()->findChild<QPushButton*>(QLatin1String(name));
     }
-    FeatureFileDialog* dialog() const { return panel()->findChild<FeatureFileDialog*>(); }
+    FeatureFileDialog* dialog() const
+    {
+        return m_window->widget()->findChild<FeatureFileDialog*>();
+    }
     void showPanel() const
     {
         auto* tabs = m_window->tree()->findChild<QTabWidget*>("FeatureInfoTabs"_s);
@@ -251,6 +254,31 @@ private slots:
         QCOMPARE(dialog()->table()->rowCount(), rows);
         QVERIFY(!dialog()->isWorking());
         QVERIFY(m_camera->writes().isEmpty());
+    }
+
+    // What this camera has is compared and applied, and the rest is named.
+    void fileOfAnotherModelIsTold()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath("a.features"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("# Model: Another 5\nWidth\t640\nNoSuchFeature\t1\nGainAuto\tNoSuchEntry\n");
+        file.close();
+        openWatched();
+        panel()->compareWith(file.fileName());
+        OBFT_TRY_COMPARE(dialog()->summary(),
+                         "The file is of another model, Another 5. 3 of 3 values differ."_s);
+        const FeatureFileTable* table = dialog()->table();
+        const QStringList results = {"Different"_s, "Not on this camera"_s,
+                                     "No value of this feature"_s};
+        for (int row = 0; row < results.size(); ++row) {
+            const QModelIndex feature = table->index(row, FeatureFileTable::Feature);
+            QCOMPARE(feature.siblingAtColumn(FeatureFileTable::Result).data(), results.at(row));
+            QCOMPARE(feature.data(Qt::CheckStateRole).isValid(), row == 0);
+        }
+        QTest::mouseClick(dialog()->findChild<QPushButton*>("FeatureFileApply"_s), Qt::LeftButton);
+        OBFT_TRY_COMPARE(dialog()->summary(), "1 of 1 values were written and read back."_s);
+        QCOMPARE(read("Width"), 640);
     }
 
     // A folder in which nothing can be written.

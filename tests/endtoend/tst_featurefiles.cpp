@@ -122,7 +122,10 @@ class TestFeatureFiles : public GuardedTest
     }
 
     ChangesPanel* panel() const { return m_window->tree()->findChild<ChangesPanel*>(); }
-    FeatureFileDialog* dialog() const { return panel()->findChild<FeatureFileDialog*>(); }
+    FeatureFileDialog* dialog() const
+    {
+        return m_window->widget()->findChild<FeatureFileDialog*>();
+    }
     void save(Camera& camera, const QString& path)
     {
         m_window = std::make_unique<PageWindow>(camera);

@@ -169,7 +169,7 @@ private slots:
         OBFT_TRY_COMPARE(m_held->held(), 1);
         auto* changes = m_window->tree()->findChild<ChangesPanel*>();
         changes->saveTo(folder.filePath("a.features"_s));
-        auto* file = changes->findChild<FeatureFileDialog*>();
+        auto* file = m_window->widget()->findChild<FeatureFileDialog*>();
         QCOMPARE(locked(both + words("LineInverter")), both + words("LineInverter"));
         if (endsFirst) {
             // Far behind in the file, and read by nobody else now.

@@ -6,12 +6,14 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -167,6 +169,28 @@ private slots:
         connect(m_button, &QPushButton::clicked, this, [&] { result = dialog.exec(); });
         QCOMPARE(run("press=Save; press=Close"_s), QString());
         QTRY_COMPARE(result, int(QDialog::Accepted));
+    }
+
+    void waitsForAnEditor()
+    {
+        m_tabs->setCurrentIndex(1);
+        m_tree->expandAll();
+        m_editor->setEnabled(false);
+        QTimer::singleShot(700, m_editor, [this] { m_editor->setEnabled(true); });
+        QCOMPARE(run("set=Width:640"_s), QString());
+        QCOMPARE(m_editor->text(), "640"_s);
+    }
+
+    void waitsUntilALabelSaysIt()
+    {
+        QLabel label("Working"_s, m_window.get());
+        label.show();
+        connect(m_button, &QPushButton::clicked, this, [&] {
+            QTimer::singleShot(400, &label, [&] { label.setText("300 values were saved."_s); });
+        });
+        QCOMPARE(run("press=Save; until=were saved; select=Nowhere"_s),
+                 "select=Nowhere: nothing visible is called \"Nowhere\""_s);
+        QVERIFY(label.text().contains("saved"_s));
     }
 
     void waitsUntilSettled()

@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
@@ -83,6 +84,16 @@ void typeInto(QWidget* widget, const QString& text)
 {
     for (const QChar character : text)
         sendKey(widget, 0, Qt::NoModifier, QString(character));
+}
+
+QWidget* largestWindow()
+{
+    QWidget* largest = nullptr;
+    for (QWidget* widget : visibleWidgets<QWidget>()) {
+        if (widget->isWindow() && (!largest || widget->width() > largest->width()))
+            largest = widget;
+    }
+    return largest;
 }
 
 // The first row of that name that the view shows or can be scrolled to: none that is hidden or in a
@@ -164,10 +175,18 @@ QString StepActor::act(const StepScript::Step& step)
         {QStringLiteral("key"), &StepActor::key},
         {QStringLiteral("scroll"), &StepActor::scroll},
         {QStringLiteral("size"), &StepActor::resize},
+        {QStringLiteral("center"), &StepActor::center},
     };
     const Function function = functions.value(step.verb);
     return function ? (this->*function)(step.argument)
                     : QStringLiteral("\"%1\" is no step with the window").arg(step.verb);
+}
+
+bool StepActor::isSaid(const QString& text)
+{
+    const QList<QLabel*> labels = visibleWidgets<QLabel>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&text](const QLabel* label) { return label->text().contains(text); });
 }
 
 QString StepActor::notThere(const QString& name)
@@ -456,13 +475,21 @@ QString StepActor::resize(const QString& argument)
 {
     const QSize size(argument.section(QLatin1Char('x'), 0, 0).toInt(),
                      argument.section(QLatin1Char('x'), 1, 1).toInt());
-    QWidget* largest = nullptr;
-    for (QWidget* widget : visibleWidgets<QWidget>()) {
-        if (widget->isWindow() && (!largest || widget->width() > largest->width()))
-            largest = widget;
-    }
+    QWidget* largest = largestWindow();
     if (!largest)
         return QStringLiteral("no window is visible");
     largest->setFixedSize(size);
+    return QString();
+}
+
+QString StepActor::center(const QString&)
+{
+    const QWidget* largest = largestWindow();
+    QWidget* dialog = QApplication::activeWindow();
+    if (!largest || !dialog || dialog == largest)
+        return QStringLiteral("no dialog is open");
+    QRect place = dialog->frameGeometry();
+    place.moveCenter(largest->frameGeometry().center());
+    dialog->move(place.topLeft());
     return QString();
 }

@@ -18,6 +18,8 @@ public:
     // Empty when the step was done, else an English sentence. A step that opens a modal dialog
     // returns when the dialog was closed.
     QString act(const StepScript::Step& step);
+    // Whether a visible label has the text in it.
+    static bool isSaid(const QString& text);
 
 private:
     struct Row
@@ -43,6 +45,7 @@ private:
     QString key(const QString& argument);
     QString scroll(const QString& argument);
     QString resize(const QString& argument);
+    QString center(const QString& argument);
 
     static Row findRow(const QString& name);
     static Row findLine(const QString& text);

@@ -22,7 +22,8 @@ const QHash<QString, Argument>& verbs()
         {QStringLiteral("search"), Some},  {QStringLiteral("type"), Some},
         {QStringLiteral("key"), Some},     {QStringLiteral("scroll"), Some},
         {QStringLiteral("size"), Size},    {QStringLiteral("choose"), Assignment},
-        {QStringLiteral("settle"), None},  {QStringLiteral("wait"), Milliseconds},
+        {QStringLiteral("settle"), None},  {QStringLiteral("center"), None},
+        {QStringLiteral("until"), Some},   {QStringLiteral("wait"), Milliseconds},
         {QStringLiteral("picture"), Some},
     };
     return table;

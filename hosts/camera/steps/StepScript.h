@@ -7,7 +7,8 @@
 #include <vector>
 
 // A short list of things to do with the window, for pictures and trials. Steps are divided by ";"
-// or line breaks, "#" begins a comment to the end of the line:
+// or line breaks, "#" begins a comment to the end of the line. "set", "line" and "check" wait a
+// while for what they need: it may come when the camera was read.
 //
 //   tab=INDEX or TEXT      show the tab; a page by its number
 //   tab=NAME:INDEX         show that one of the tabs with that object name
@@ -26,7 +27,9 @@
 //   file=NAME              enter the name into the file dialog that is open, and accept it
 //   scroll=NAME            bring the row into sight; "top" and "bottom" scroll the lists
 //   size=WxH               resize the window
+//   center                 move the dialog that lies on top to the middle of the window
 //   wait=MS                wait
+//   until=TEXT             wait until a visible label has that text in it, for 30 s at the most
 //   settle                 wait until nothing new is read
 //   picture=FILE           save a picture of the window
 struct StepScript

@@ -157,6 +157,11 @@ private slots:
         const QString wanted = folder.filePath("a.features"_s);
         QCOMPARE(run("press=Save; file=%1; wait=1"_s.arg(wanted)), QString());
         QCOMPARE(chosen, wanted);
+        QFile existing(wanted);
+        QVERIFY(existing.open(QIODevice::WriteOnly));
+        chosen.clear();
+        QCOMPARE(run("press=Save; file=%1; wait=1"_s.arg(wanted)), QString());
+        QCOMPARE(chosen, wanted);
         QCOMPARE(run("file=%1"_s.arg(wanted)), "file=%1: no file dialog is open"_s.arg(wanted));
     }
 

@@ -313,10 +313,11 @@ QString StepActor::checkLine(const QString& argument)
 
 QString StepActor::enterFile(const QString& argument)
 {
-    const auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     auto* name = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
     if (!name)
         return QStringLiteral("no file dialog is open");
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
     name->setFocus();
     name->selectAll();
     typeInto(name, argument);

@@ -24,7 +24,8 @@
 //   search=TEXT            type into the search field
 //   type=TEXT              type into what has the focus
 //   key=KEY                press a key there, named as in "Return" or "Ctrl+A"
-//   file=NAME              enter the name into the file dialog that is open, and accept it
+//   file=NAME              enter the name into the file dialog that is open, and accept it; a file
+//                          of that name is replaced
 //   scroll=NAME            bring the row into sight; "top" and "bottom" scroll the lists
 //   size=WxH               resize the window
 //   center                 move the dialog that lies on top to the middle of the window

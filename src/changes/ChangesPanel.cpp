@@ -55,6 +55,11 @@ ChangesPanel::ChangesPanel(ORXFeatureTree* tree, QWidget* parent)
     connect(m_pCompare, &QPushButton::clicked, this, &ChangesPanel::compareWithFile);
 }
 
+ChangesPanel::~ChangesPanel()
+{
+    delete m_pDialog;
+}
+
 void ChangesPanel::buildLayout()
 {
     m_pView->setObjectName(QStringLiteral("ChangesView"));
@@ -103,10 +108,11 @@ bool ChangesPanel::revert()
 
 // Feature files -----------------------------------------------------------------------------------
 
+// A child of the window, since a dialog takes over the style sheets of those above it.
 FeatureFileDialog* ChangesPanel::dialog()
 {
     if (!m_pDialog)
-        m_pDialog = new FeatureFileDialog(m_pTree, this);
+        m_pDialog = new FeatureFileDialog(m_pTree, window());
     return m_pDialog;
 }
 

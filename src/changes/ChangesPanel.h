@@ -19,6 +19,7 @@ class ChangesPanel : public QWidget
 public:
     // `tree` is not owned, and outlives it.
     ChangesPanel(ORXFeatureTree* tree, QWidget* parent);
+    ~ChangesPanel() override;
 
     ChangeJournal* journal() const { return m_pJournal; }
     // The buttons, for whoever has room for them beside the panel.
@@ -53,5 +54,5 @@ private:
     ZELCustomPushButton* m_pRevert;        // Owned (child).
     ZELCustomPushButton* m_pSave;          // Owned (child).
     ZELCustomPushButton* m_pCompare;       // Owned (child).
-    QPointer<FeatureFileDialog> m_pDialog; // Owned (child).
+    QPointer<FeatureFileDialog> m_pDialog; // Owned, or gone with the window.
 };

@@ -168,7 +168,7 @@ const Kind* kindOf(FeatureTag tag)
     return kKinds[static_cast<std::size_t>(tag)];
 }
 
-std::optional<QString> canonical(const FeatureNode& node, const QString& text)
+std::optional<QString> valueOf(const FeatureNode& node, const QString& text)
 {
     const Kind* kind = kindOf(node.tag);
     return kind ? kind->canonical(node, text) : std::nullopt;
@@ -191,7 +191,7 @@ ExactValue::Read ExactValue::read(const FeatureNode& node)
 
 ExactValue::Written ExactValue::write(const FeatureNode& node, const QString& text, int* error)
 {
-    const std::optional<QString> value = canonical(node, text);
+    const std::optional<QString> value = valueOf(node, text);
     if (!value)
         return Written::NotAValue;
     const Kind* kind = kindOf(node.tag);
@@ -200,15 +200,20 @@ ExactValue::Written ExactValue::write(const FeatureNode& node, const QString& te
                : Written::Refused;
 }
 
+QString ExactValue::canonical(const FeatureNode& node, const QString& text)
+{
+    return valueOf(node, text).value_or(text);
+}
+
 bool ExactValue::areEqual(const FeatureNode& node, const QString& a, const QString& b)
 {
-    const std::optional<QString> first = canonical(node, a);
-    return first && first == canonical(node, b);
+    const std::optional<QString> first = valueOf(node, a);
+    return first && first == valueOf(node, b);
 }
 
 bool ExactValue::isValue(const FeatureNode& node, const QString& text)
 {
-    return canonical(node, text).has_value();
+    return valueOf(node, text).has_value();
 }
 
 QString ExactValue::ofFloat(float number)

@@ -29,6 +29,8 @@ enum class Written {
 };
 Written write(const FeatureNode& node, const QString& text, int* error);
 
+// The one text that stands for the value that a text means; the text itself when it means none.
+QString canonical(const FeatureNode& node, const QString& text);
 // Whether two texts mean the same value of the feature; one that means none equals nothing.
 bool areEqual(const FeatureNode& node, const QString& a, const QString& b);
 bool isValue(const FeatureNode& node, const QString& text);

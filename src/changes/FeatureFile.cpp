@@ -95,6 +95,9 @@ QString FeatureFile::Fault::text() const
     case FaultKind::BadEscape:
         return tr("Line %1 has a backslash without \"\\\", \"t\", \"n\" or \"r\" behind it.")
             .arg(number);
+    case FaultKind::Repeated:
+        return tr("Line %1 gives %2 a second value; the first one is in line %3.")
+            .arg(QString::number(number), name, QString::number(first));
     case FaultKind::TooLarge:
         return tr("The file is too large for a feature file.");
     }
@@ -104,8 +107,14 @@ QString FeatureFile::Fault::text() const
 FeatureFile FeatureFile::parse(const QByteArray& bytes)
 {
     FeatureFile file;
+    const auto addFault = [&file](int number, FaultKind kind) {
+        Fault fault;
+        fault.number = number;
+        fault.kind = kind;
+        file.faults.append(fault);
+    };
     if (bytes.size() > kMaxBytes) {
-        file.faults.append({0, FaultKind::TooLarge});
+        addFault(0, FaultKind::TooLarge);
         return file;
     }
     const QList<QByteArray> rawLines = bytes.split('\n');
@@ -118,7 +127,7 @@ FeatureFile FeatureFile::parse(const QByteArray& bytes)
             raw.chop(1);
         const std::optional<QString> text = fromUtf8(raw);
         if (!text) {
-            file.faults.append({number, FaultKind::NotUtf8});
+            addFault(number, FaultKind::NotUtf8);
             continue;
         }
         if (text->startsWith(kModel) && file.model.isEmpty())
@@ -128,15 +137,15 @@ FeatureFile FeatureFile::parse(const QByteArray& bytes)
         const int tab = text->indexOf(kTab);
         const QString name = text->left(tab).trimmed();
         if (tab < 0) {
-            file.faults.append({number, FaultKind::NoTab});
+            addFault(number, FaultKind::NoTab);
         } else if (name.isEmpty()) {
-            file.faults.append({number, FaultKind::NoName});
+            addFault(number, FaultKind::NoName);
         } else if (text->indexOf(kTab, tab + 1) >= 0) {
-            file.faults.append({number, FaultKind::SecondTab});
+            addFault(number, FaultKind::SecondTab);
         } else if (const std::optional<QString> value = unescaped(text->mid(tab + 1))) {
             file.lines.append({number, name, *value});
         } else {
-            file.faults.append({number, FaultKind::BadEscape});
+            addFault(number, FaultKind::BadEscape);
         }
     }
     return file;

@@ -25,12 +25,15 @@ public:
         NoName,
         SecondTab,
         BadEscape, // a backslash that nothing known follows
+        Repeated,  // a second value for the same place; see FeatureFileCheck
         TooLarge   // of the whole file, line 0
     };
     struct Fault
     {
         int number = 0;
         FaultKind kind = FaultKind::NotUtf8;
+        QString name;  // of Repeated
+        int first = 0; // of Repeated: the line with the other value
 
         QString text() const; // one sentence in the interface language, with the line's number
     };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "changes/FeatureFileDialog.h"
 
+#include "changes/FeatureFileCheck.h"
 #include "changes/FeatureFileTable.h"
 #include "changes/ThemedTable.h"
 #include "model/CTreeItemValue.h"
@@ -152,6 +153,10 @@ void FeatureFileDialog::compare(const QString& path)
     const bool opened = file.open(QIODevice::ReadOnly);
     if (opened)
         job.file = FeatureFile::parse(file.read(FeatureFile::kMaxBytes + 1));
+    // Only a file of which every line is understood says where its selectors stand.
+    if (job.file.faults.isEmpty())
+        job.file.faults =
+            FeatureFileCheck::repeatedLines(job.file, m_pTree->descriptionIndex().nodes());
     if (!opened || file.error() != QFileDevice::NoError) {
         qWarning().noquote()
             << QStringLiteral("Feature file %1 cannot be read: %2").arg(path, file.errorString());

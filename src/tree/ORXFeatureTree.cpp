@@ -30,6 +30,7 @@ const QLatin1String kRegionDisplaySelector("RegionDisplaySelector");
 
 ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     : IORXFeatureWidget(ORXPropertyTreeItem::FeatureTreePage, parent)
+    , m_lockedRows(*this)
     , m_pFavorites(new FeatureFavorites(treeView(), *this, this))
     , m_pDescription(new FeatureDescriptionPanel(this))
     , m_pInfoTabs(new FeatureInfoTabs(this))
@@ -107,6 +108,8 @@ void ORXFeatureTree::connectSignals()
         m_watch.noteExecuted(name);
         m_watch.noteWritten(name, GetFeatureInvalidatorList(name));
     });
+    connect(&m_lockedRows, &LockedRows::SigRowChanged, this,
+            [this](ORXPropertyTreeItem* item) { item->notifyViewUpdate(cameraID(), 1, false); });
     connect(&m_edits, &FeatureEdits::SigDeviceReset, this, &Tree::afterDeviceReset);
     connect(&m_edits, &FeatureEdits::SigSettingsLoaded, this, &Tree::afterSettingsLoaded);
     connect(this, &Tree::SigFeatureChangeOsd, this, &Tree::OnSigFeatureChangeOsd);

@@ -12,6 +12,7 @@
 #include "tree/FeatureMessages.h"
 #include "tree/IFeatureItems.h"
 #include "tree/IORXFeatureWidget.h"
+#include "tree/LockedRows.h"
 #include "tree/ValueWatch.h"
 
 #include <QVariant>
@@ -52,6 +53,8 @@ public:
     }
     // What changes, for whoever shows it.
     ValueWatch* valueWatch() { return &m_watch; }
+    // Rows that cannot be edited while a selector stands elsewhere; see SelectorRowsLock.
+    LockedRows* lockedRows() { return &m_lockedRows; }
     // Where the description stands, with room for more.
     FeatureInfoTabs* infoTabs() const { return m_pInfoTabs; }
     // The strip that shows the user's name for the device; not owned, may be null.
@@ -215,6 +218,7 @@ private:
 
     FeatureDescriptionIndex m_index;
     FeatureTreeBuilder m_builder;
+    LockedRows m_lockedRows;
     FeatureFavorites* m_pFavorites;                   // Owned (child).
     FeatureDescriptionPanel* m_pDescription;          // Owned (child).
     FeatureInfoTabs* m_pInfoTabs;                     // Owned (child).

@@ -1,17 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/SelectorRowsLock.h"
 
-#include "model/CTreeItemValue.h"
+#include "tree/LockedRows.h"
 #include "tree/ORXFeatureTree.h"
+
+#include <utility>
 
 void SelectorRowsLock::lock(ORXFeatureTree* tree, const QStringList& names)
 {
-    if (m_pTree == tree && m_names == names)
+    LockedRows* rows = tree ? tree->lockedRows() : nullptr;
+    const QStringList wanted = rows ? names : QStringList();
+    if (m_pRows == rows && m_names == wanted)
         return;
+    // The new ones first, so that a row of both is not usable in between.
+    if (rows)
+        rows->lock(wanted);
     unlock();
-    m_pTree = tree;
-    m_names = tree ? names : QStringList();
-    setEnabled(false);
+    m_pRows = rows;
+    m_names = wanted;
 }
 
 void SelectorRowsLock::lockSelector(ORXFeatureTree* tree, const QString& selector)
@@ -23,28 +29,10 @@ void SelectorRowsLock::lockSelector(ORXFeatureTree* tree, const QString& selecto
     lock(tree, names);
 }
 
-// With nothing locked the tree is not touched: it may be in the middle of its own end.
 void SelectorRowsLock::unlock()
 {
-    if (m_names.isEmpty())
-        return;
-    setEnabled(true);
-    m_names.clear();
-    m_pTree.clear();
-}
-
-void SelectorRowsLock::setEnabled(bool enabled)
-{
-    if (!m_pTree)
-        return;
-    for (const QString& name : qAsConst(m_names)) {
-        ORXPropertyTreeItem* item = m_pTree->propertyItemByName(name);
-        if (!item || !item->value())
-            continue;
-        item->value()->setEnabled(enabled);
-        // The favourite's copy has a switch of its own.
-        if (ORXPropertyTreeItem* mirror = item->mappingItem())
-            mirror->value()->setEnabled(enabled);
-        item->notifyViewUpdate(m_pTree->cameraID(), 1, false);
-    }
+    const QStringList names = std::exchange(m_names, {});
+    if (m_pRows)
+        m_pRows->unlock(names);
+    m_pRows.clear();
 }

@@ -4,11 +4,13 @@
 #include <QPointer>
 #include <QStringList>
 
+class LockedRows;
 class ORXFeatureTree;
 
 // Locks rows on every page while a worker has a selector elsewhere than where the user sees it:
 // what the user writes then would land on another entry. Passes go on updating the rows, and their
-// own read-only state is not touched. Owned by what owns the worker; GUI thread.
+// own read-only state is not touched; a row that others lock as well stays locked until they have
+// ended too. Owned by what owns the worker, and may outlive the tree; GUI thread.
 class SelectorRowsLock
 {
 public:
@@ -25,8 +27,6 @@ public:
     bool isLocked() const { return !m_names.isEmpty(); }
 
 private:
-    void setEnabled(bool enabled);
-
-    QPointer<ORXFeatureTree> m_pTree; // Not owned.
+    QPointer<LockedRows> m_pRows; // Not owned.
     QStringList m_names;
 };

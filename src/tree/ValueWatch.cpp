@@ -45,6 +45,13 @@ void ValueWatch::noteWritten(const QString& name, const QStringList& invalidated
     m_causes.insert(name, name);
 }
 
+// The end that is told may be that of the pass before: what the last pass has read waits behind it.
+void ValueWatch::noteRereadEnded()
+{
+    takeReads();
+    m_causes.clear();
+}
+
 void ValueWatch::noteExecuted(const QString& command)
 {
     ValueChange change;

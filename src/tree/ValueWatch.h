@@ -32,7 +32,7 @@ public:
     // The user has written the feature; what changes next of these is its doing.
     void noteWritten(const QString& name, const QStringList& invalidated);
     // What the writes so far have invalidated was read.
-    void noteRereadEnded() { m_causes.clear(); }
+    void noteRereadEnded();
     void noteExecuted(const QString& command);
 
     void itemValueChanged(qint64 cameraId, ORXPropertyTreeItem* item, int column,

@@ -43,7 +43,10 @@ private:
     {
         return m_window->tree()->findChild<QPushButton*>(QLatin1String(name));
     }
-    FeatureFileDialog* dialog() const { return panel()->findChild<FeatureFileDialog*>(); }
+    FeatureFileDialog* dialog() const
+    {
+        return m_window->widget()->findChild<FeatureFileDialog*>();
+    }
     void showPanel() const
     {
         auto* tabs = m_window->tree()->findChild<QTabWidget*>("FeatureInfoTabs"_s);
@@ -112,6 +115,28 @@ private slots:
         OBFT_TRY_COMPARE(lines("TriggerSoftware"_s), QStringList{" > , executed"_s});
         m_window->widget()->SetLanguage(1);
         OBFT_TRY_COMPARE(lines("Height"_s), QStringList{"1200 > 480, 相机"_s});
+    }
+
+    // The description says of each of them that it depends on the pixel format: reading everything
+    // again finds nothing more.
+    void oneWriteChangesManyFeatures()
+    {
+        openWatched();
+        QVERIFY(m_window->choose(kTree, "PixelFormat", "Mono 12"_s));
+        for (const char* name :
+             {"PixelSize", "PixelColorFilter", "PixelDynamicRangeMax", "LinePitch", "PayloadSize",
+              "ResultingFrameRate", "SensorReadoutTime", "DeviceLinkCurrentThroughput"}) {
+            OBFT_TRY_VERIFY(!lines(QLatin1String(name)).isEmpty());
+            QVERIFY2(lines(QLatin1String(name)).first().endsWith("after Pixel Format"_s), name);
+        }
+        QCOMPARE(read("LinePitch"), 2 * 1920);
+        const int before = panel()->journal()->rowCount();
+        QVERIFY(m_window->refresh());
+        QCOMPARE(panel()->journal()->rowCount(), before);
+        // What is polled changes without being asked to; nothing else has done so.
+        for (int row = 0; row < before; ++row)
+            QVERIFY2(panel()->journal()->change(row).cause != ValueChange::Cause::Camera,
+                     qPrintable(panel()->journal()->change(row).name));
     }
 
     // However often it moves, and only as long as its line is kept.
@@ -202,6 +227,8 @@ private slots:
         QTest::addColumn<int>("rows");
         QTest::newRow("two bad lines")
             << QByteArray("Width\t640\nHeight 480\n\t7\n") << "is not understood"_s << 2;
+        QTest::newRow("two values of one feature")
+            << QByteArray("Width\t640\nHeight\t480\nWidth\t672\n") << "is not understood"_s << 1;
         QTest::newRow("nothing in it") << QByteArray("# only a comment\n") << "no feature"_s << 0;
         QTest::newRow("no file") << QByteArray() << "cannot be read"_s << 0;
     }
@@ -227,6 +254,31 @@ private slots:
         QCOMPARE(dialog()->table()->rowCount(), rows);
         QVERIFY(!dialog()->isWorking());
         QVERIFY(m_camera->writes().isEmpty());
+    }
+
+    // What this camera has is compared and applied, and the rest is named.
+    void fileOfAnotherModelIsTold()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath("a.features"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("# Model: Another 5\nWidth\t640\nNoSuchFeature\t1\nGainAuto\tNoSuchEntry\n");
+        file.close();
+        openWatched();
+        panel()->compareWith(file.fileName());
+        OBFT_TRY_COMPARE(dialog()->summary(),
+                         "The file is of another model, Another 5. 3 of 3 values differ."_s);
+        const FeatureFileTable* table = dialog()->table();
+        const QStringList results = {"Different"_s, "Not on this camera"_s,
+                                     "No value of this feature"_s};
+        for (int row = 0; row < results.size(); ++row) {
+            const QModelIndex feature = table->index(row, FeatureFileTable::Feature);
+            QCOMPARE(feature.siblingAtColumn(FeatureFileTable::Result).data(), results.at(row));
+            QCOMPARE(feature.data(Qt::CheckStateRole).isValid(), row == 0);
+        }
+        QTest::mouseClick(dialog()->findChild<QPushButton*>("FeatureFileApply"_s), Qt::LeftButton);
+        OBFT_TRY_COMPARE(dialog()->summary(), "1 of 1 values were written and read back."_s);
+        QCOMPARE(read("Width"), 640);
     }
 
     // A folder in which nothing can be written.

@@ -2,6 +2,7 @@
 // Feature files without a camera: their text, and the order in which features stand in them.
 #include "changes/ExactValue.h"
 #include "changes/FeatureFile.h"
+#include "changes/FeatureFileCheck.h"
 #include "changes/FeatureFileOrder.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
@@ -101,6 +102,43 @@ private slots:
         QCOMPARE(file.faults.first().number, line);
         QCOMPARE(int(file.faults.first().kind), kind);
         QCOMPARE(file.faults.first().text().contains(QString::number(line)), line > 0);
+    }
+
+    // "3>1": line 3 repeats line 1.
+    void aSecondValueIsNamed_data()
+    {
+        const Rows<QByteArray, QString> row("bytes", "repeated");
+        row("none", "A\t1\nB\t1\nC\t1", "");
+        row("plain", "C\t1\nA\t1\nC\t2", "3>1");
+        row("the same value", "C\t1\n\nC\t1", "3>1");
+        row("three times", "C\t1\nC\t2\nC\t3", "2>1 3>1");
+        row("another entry between", "S\tOne\nA\t1\nS\tTwo\nA\t2\nS\tOne", "");
+        row("the same entry again", "S\tOne\nA\t1\nS\tTwo\nS\tOne\nA\t2", "5>2");
+        row("the same entry by number", "S\tOne\nA\t1\nS\t1\nA\t2", "4>2");
+        row("a selector of others between", "C\t1\nS\tOne\nC\t2", "3>1");
+        row("an outer selector between", "T\t0\nS\tOne\nA\t1\nT\t1\nS\tOne\nA\t2", "");
+        row("before any selector", "A\t1\nA\t2\nS\tOne\nA\t1", "2>1");
+        row("not on this camera", "X\t1\nX\t2", "2>1");
+    }
+
+    void aSecondValueIsNamed()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, repeated);
+        const QString entries = node("EnumEntry"_s, "One"_s, child("Value"_s, "1"_s)) +
+                                node("EnumEntry"_s, "Two"_s, child("Value"_s, "2"_s));
+        const LoadedDescription loaded(
+            wrap(category("Root"_s, words("T S A B C")) +
+                 node("Integer"_s, "T"_s, selecting(words("S"))) +
+                 node("Enumeration"_s, "S"_s, selecting(words("A B")) + entries) +
+                 node("Integer"_s, "A"_s) + node("Integer"_s, "B"_s) + node("Integer"_s, "C"_s)));
+        QStringList found;
+        for (const FeatureFile::Fault& fault :
+             FeatureFileCheck::repeatedLines(FeatureFile::parse(bytes), loaded.index.nodes())) {
+            found.append("%1>%2"_s.arg(fault.number).arg(fault.first));
+            QVERIFY(fault.text().contains(fault.name));
+        }
+        QCOMPARE(found.join(QLatin1Char(' ')), repeated);
     }
 
     void filesOfOtherEditorsAreRead()

@@ -93,6 +93,24 @@ private slots:
         QCOMPARE(QImage(m_directory.filePath("two.png"_s)).size(), QSize(700, 500));
     }
 
+    // The stories that the pictures of the documents come from.
+    void tellsItsStories_data()
+    {
+        const Rows<QString> row("language");
+        row.of("en");
+        row.of("zh");
+    }
+
+    void tellsItsStories()
+    {
+        QFETCH(QString, language);
+        QFile::remove(m_directory.filePath("tour.features"_s));
+        const Run result = run({"--size"_s, "1000x760"_s, "--language"_s, language, "--do"_s,
+                                OBFT_STORIES "/tour-%1.steps"_s.arg(language)});
+        QVERIFY2(result.code == 0, qPrintable(result.output));
+        QVERIFY(!QImage(m_directory.filePath("tour-applied-%1.png"_s.arg(language))).isNull());
+    }
+
     void leavesWithAnExitCode_data()
     {
         // arguments: divided by bars

@@ -4,12 +4,16 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QFileDialog>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -27,6 +31,7 @@ protected:
         m_search->setObjectName("searchLine"_s);
         m_button = new QPushButton("&Save"_s);
         m_tabs = new QTabWidget;
+        m_tabs->setObjectName("info"_s);
         m_tree = new QTreeWidget;
         m_tree->setColumnCount(2);
         auto* group = new QTreeWidgetItem(m_tree, {"Group"_s});
@@ -103,6 +108,7 @@ private slots:
         const Rows<QString, QString> row("steps", "error");
         row.of("press=Load; wait=1", "press=Load: nothing visible is called \"Load\"");
         row.of("tab=7", "tab=7: nothing visible is called \"7\"");
+        row.of("tab=info:1; tab=info:2", "tab=info:2: nothing visible is called \"info:2\"");
         row.of("select=Width",
                "select=Width: nothing visible is called \"Width\""); // on the other tab
         row.of("tab=1; expand=*; set=Pixel Format:Mono 9",
@@ -117,6 +123,48 @@ private slots:
         QTEST(run(steps), "error");
     }
 
+    // The lines of a table, by any of their cells, and their boxes.
+    void usesTables()
+    {
+        QTableWidget table(2, 2, m_window.get());
+        for (int row = 0; row < 2; ++row) {
+            table.setItem(row, 0, new QTableWidgetItem("%1:00"_s.arg(row)));
+            table.setItem(row, 1, new QTableWidgetItem(row == 0 ? "Width"_s : "Height"_s));
+            table.item(row, 0)->setCheckState(Qt::Checked);
+        }
+        table.item(0, 0)->setFlags(Qt::ItemIsEnabled);
+        table.resize(300, 200);
+        table.show();
+        QCOMPARE(run("line=Height"_s), QString());
+        QCOMPARE(table.currentRow(), 1);
+        QCOMPARE(run("check=Height:0"_s), QString());
+        QCOMPARE(table.item(1, 0)->checkState(), Qt::Unchecked);
+        QCOMPARE(run("check=Height:0; check=Height:1"_s), QString());
+        QCOMPARE(table.item(1, 0)->checkState(), Qt::Checked);
+        QCOMPARE(run("check=Width:0"_s), "check=Width:0: \"Width\" has no box"_s);
+        QCOMPARE(run("line=Gain"_s), "line=Gain: nothing visible is called \"Gain\""_s);
+    }
+
+    void answersFileDialogs()
+    {
+        const QTemporaryDir folder;
+        QString chosen;
+        connect(m_button, &QPushButton::clicked, this, [&] {
+            chosen =
+                QFileDialog::getSaveFileName(m_window.get(), QString(), folder.path(), QString(),
+                                             nullptr, QFileDialog::DontUseNativeDialog);
+        });
+        const QString wanted = folder.filePath("a.features"_s);
+        QCOMPARE(run("press=Save; file=%1; wait=1"_s.arg(wanted)), QString());
+        QCOMPARE(chosen, wanted);
+        QFile existing(wanted);
+        QVERIFY(existing.open(QIODevice::WriteOnly));
+        chosen.clear();
+        QCOMPARE(run("press=Save; file=%1; wait=1"_s.arg(wanted)), QString());
+        QCOMPARE(chosen, wanted);
+        QCOMPARE(run("file=%1"_s.arg(wanted)), "file=%1: no file dialog is open"_s.arg(wanted));
+    }
+
     void goesOnInsideADialog()
     {
         QDialog dialog(m_window.get());
@@ -126,6 +174,28 @@ private slots:
         connect(m_button, &QPushButton::clicked, this, [&] { result = dialog.exec(); });
         QCOMPARE(run("press=Save; press=Close"_s), QString());
         QTRY_COMPARE(result, int(QDialog::Accepted));
+    }
+
+    void waitsForAnEditor()
+    {
+        m_tabs->setCurrentIndex(1);
+        m_tree->expandAll();
+        m_editor->setEnabled(false);
+        QTimer::singleShot(700, m_editor, [this] { m_editor->setEnabled(true); });
+        QCOMPARE(run("set=Width:640"_s), QString());
+        QCOMPARE(m_editor->text(), "640"_s);
+    }
+
+    void waitsUntilALabelSaysIt()
+    {
+        QLabel label("Working"_s, m_window.get());
+        label.show();
+        connect(m_button, &QPushButton::clicked, this, [&] {
+            QTimer::singleShot(400, &label, [&] { label.setText("300 values were saved."_s); });
+        });
+        QCOMPARE(run("press=Save; until=were saved; select=Nowhere"_s),
+                 "select=Nowhere: nothing visible is called \"Nowhere\""_s);
+        QVERIFY(label.text().contains("saved"_s));
     }
 
     void waitsUntilSettled()

@@ -2,6 +2,8 @@
 // What the user sees, types and clicks while a worker of the image processing page has a selector
 // of the camera elsewhere, and how workers and passes take turns.
 #include "cameras/CameraError.h"
+#include "changes/ChangesPanel.h"
+#include "changes/FeatureFileDialog.h"
 #include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
@@ -12,6 +14,8 @@
 
 #include <QAbstractButton>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -143,6 +147,48 @@ private slots:
                  words("ChunkEnable") + QStringList("favourite ChunkEnable"_s));
         m_camera->openGate();
         OBFT_TRY_COMPARE(locked(words("ChunkEnable")), QStringList());
+    }
+
+    // Two workers have the same selector elsewhere: its rows wait for both, whoever ends first.
+    void rowsWaitForAllWhoMoveThem_data()
+    {
+        const Rows<bool> row("endsFirst");
+        row("boxes end first", true);
+        row("feature file ends first", false);
+    }
+
+    void rowsWaitForAllWhoMoveThem()
+    {
+        QFETCH(bool, endsFirst);
+        const QStringList both = words("ChunkSelector ChunkEnable");
+        const QTemporaryDir folder;
+        m_held = std::make_unique<HeldCamera>(*m_demo);
+        m_window = std::make_unique<PageWindow>(*m_held);
+        m_held->hold("get ChunkEnable"_s);
+        QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
+        OBFT_TRY_COMPARE(m_held->held(), 1);
+        auto* changes = m_window->tree()->findChild<ChangesPanel*>();
+        changes->saveTo(folder.filePath("a.features"_s));
+        auto* file = m_window->widget()->findChild<FeatureFileDialog*>();
+        QCOMPARE(locked(both + words("LineInverter")), both + words("LineInverter"));
+        if (endsFirst) {
+            // Far behind in the file, and read by nobody else now.
+            m_held->hold("get TestLongString"_s);
+            m_held->release("get ChunkEnable"_s);
+            OBFT_TRY_VERIFY(m_held->calls().contains("get TestLongString"_s));
+            OBFT_TRY_VERIFY(box("ChunkSelector", 2) && box("ChunkSelector", 2)->isChecked());
+            QVERIFY(file->isWorking());
+        } else {
+            // It waits for its turn.
+            QTest::mouseClick(file->findChild<QPushButton*>("FeatureFileClose"_s), Qt::LeftButton);
+            OBFT_TRY_VERIFY(!file->isWorking());
+            OBFT_TRY_COMPARE(locked(words("LineInverter")), QStringList());
+        }
+        QCOMPARE(locked(both), both);
+        QVERIFY(!m_window->isEnabled(kTree, "ChunkEnable"));
+        m_held->release();
+        OBFT_TRY_COMPARE(locked(both), QStringList());
+        QVERIFY(m_window->usableEditor(kTree, m_window->item(kTree, "ChunkEnable")));
     }
 
     // After several refused clicks the box shows what the camera has.

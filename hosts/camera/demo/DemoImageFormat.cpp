@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Image sizes of the demo camera: a region that no longer fits after binning or decimation shrinks.
+// Image sizes of the demo camera: a region that no longer fits after binning or decimation shrinks,
+// and the line pitch follows the width and the pixel format.
 #include "demo/DemoBehaviours.h"
 #include "demo/DemoContext.h"
 
@@ -20,6 +21,15 @@ void fit(DemoContext& demo, const char* size, const char* offset, std::int64_t r
     }
 }
 
+// Rows lie in memory without gaps unless the user has chosen a pitch.
+void followPitch(DemoContext& demo)
+{
+    constexpr std::int64_t kBitsPerByte = 8;
+    if (demo.integer("LinePitchEnable") == 0)
+        demo.setInteger("LinePitchReg",
+                        demo.integerAt("WidthReg", 0) * demo.integer("PixelBits") / kBitsPerByte);
+}
+
 } // namespace
 
 void imageFormat(DemoContext& demo)
@@ -32,6 +42,9 @@ void imageFormat(DemoContext& demo)
         demo.behaviours().afterWrite(
             feature, [&demo] { fit(demo, "HeightReg", "OffsetYReg", demo.integer("HeightMax")); });
     }
+    for (const char* feature :
+         {"Width", "PixelFormat", "BinningHorizontal", "DecimationHorizontal", "LinePitchEnable"})
+        demo.behaviours().afterWrite(feature, [&demo] { followPitch(demo); });
 }
 
 } // namespace DemoBehaviours

@@ -91,7 +91,7 @@ HostOptions::Outcome HostOptions::parse(const QStringList& arguments, HostOption
         QStringLiteral("Begin the steps at once, in the middle of the first read."));
     const QCommandLineOption steps(
         QStringLiteral("do"),
-        QStringLiteral("After the first read use the window in these steps, and end: "
+        QStringLiteral("After the first read use the window in these steps, and end: a file, or "
                        "\"tab=1; select=Width; picture=width.png\" (see StepScript.h)."),
         QStringLiteral("steps"));
     const QCommandLineOption timeout(
@@ -149,7 +149,7 @@ HostOptions::Outcome HostOptions::parse(const QStringList& arguments, HostOption
     if (!plan)
         return refuse(ExitCode::Usage, QStringLiteral("--faults: %1").arg(wrong));
     options->faults = *plan;
-    const auto script = StepScript::parse(parser.value(steps), &wrong);
+    const auto script = StepScript::load(parser.value(steps), &wrong);
     if (!script)
         return refuse(ExitCode::Usage, QStringLiteral("--do: %1").arg(wrong));
     options->steps = *script;

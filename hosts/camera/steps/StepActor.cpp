@@ -8,15 +8,19 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QFileDialog>
 #include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTreeView>
 
 #include <algorithm>
@@ -80,6 +84,16 @@ void typeInto(QWidget* widget, const QString& text)
 {
     for (const QChar character : text)
         sendKey(widget, 0, Qt::NoModifier, QString(character));
+}
+
+QWidget* largestWindow()
+{
+    QWidget* largest = nullptr;
+    for (QWidget* widget : visibleWidgets<QWidget>()) {
+        if (widget->isWindow() && (!largest || widget->width() > largest->width()))
+            largest = widget;
+    }
+    return largest;
 }
 
 // The first row of that name that the view shows or can be scrolled to: none that is hidden or in a
@@ -147,6 +161,9 @@ QString StepActor::act(const StepScript::Step& step)
     static const QHash<QString, Function> functions{
         {QStringLiteral("tab"), &StepActor::showTab},
         {QStringLiteral("select"), &StepActor::selectRow},
+        {QStringLiteral("line"), &StepActor::pressLine},
+        {QStringLiteral("check"), &StepActor::checkLine},
+        {QStringLiteral("file"), &StepActor::enterFile},
         {QStringLiteral("expand"), &StepActor::expandRow},
         {QStringLiteral("collapse"), &StepActor::collapseRow},
         {QStringLiteral("set"), &StepActor::setValue},
@@ -158,10 +175,18 @@ QString StepActor::act(const StepScript::Step& step)
         {QStringLiteral("key"), &StepActor::key},
         {QStringLiteral("scroll"), &StepActor::scroll},
         {QStringLiteral("size"), &StepActor::resize},
+        {QStringLiteral("center"), &StepActor::center},
     };
     const Function function = functions.value(step.verb);
     return function ? (this->*function)(step.argument)
                     : QStringLiteral("\"%1\" is no step with the window").arg(step.verb);
+}
+
+bool StepActor::isSaid(const QString& text)
+{
+    const QList<QLabel*> labels = visibleWidgets<QLabel>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&text](const QLabel* label) { return label->text().contains(text); });
 }
 
 QString StepActor::notThere(const QString& name)
@@ -182,8 +207,24 @@ StepActor::Row StepActor::findRow(const QString& name)
     return {};
 }
 
+// "NAME:INDEX", of the tabs with that object name.
+QString StepActor::showTabOf(const QString& argument)
+{
+    const QString name = argument.section(QLatin1Char(':'), 0, 0);
+    const int index = argument.section(QLatin1Char(':'), 1).toInt();
+    for (const QTabWidget* tabs : visibleWidgets<QTabWidget>()) {
+        if (tabs->objectName() != name || index >= tabs->count())
+            continue;
+        click(tabs->tabBar(), tabs->tabBar()->tabRect(index).center());
+        return QString();
+    }
+    return notThere(argument);
+}
+
 QString StepActor::showTab(const QString& argument)
 {
+    if (argument.contains(QLatin1Char(':')))
+        return showTabOf(argument);
     bool isNumber = false;
     const int number = argument.toInt(&isNumber);
     // Tabs may be buttons of which one is down; the pages' are. A number means the first row of
@@ -219,6 +260,68 @@ QString StepActor::selectRow(const QString& argument)
     row.view->scrollTo(row.index);
     click(row.view->viewport(), row.view->visualRect(row.index).center());
     row.view->setCurrentIndex(row.index);
+    return QString();
+}
+
+// A dialog's table goes before the window's below it.
+StepActor::Row StepActor::findLine(const QString& text)
+{
+    QList<QTableView*> tables = visibleWidgets<QTableView>();
+    std::stable_sort(tables.begin(), tables.end(), [](const QTableView* a, const QTableView* b) {
+        return a->isActiveWindow() && !b->isActiveWindow();
+    });
+    for (QTableView* table : qAsConst(tables)) {
+        const QAbstractItemModel* model = table->model();
+        for (int row = 0; model && row < model->rowCount(); ++row) {
+            for (int column = 0; column < model->columnCount(); ++column) {
+                if (isCalled(model->index(row, column).data().toString(), text))
+                    return {table, model->index(row, column)};
+            }
+        }
+    }
+    return {};
+}
+
+QString StepActor::pressLine(const QString& argument)
+{
+    const Row line = findLine(argument);
+    if (!line.view)
+        return notThere(argument);
+    line.view->scrollTo(line.index);
+    click(line.view->viewport(), line.view->visualRect(line.index).center());
+    line.view->setCurrentIndex(line.index);
+    return QString();
+}
+
+QString StepActor::checkLine(const QString& argument)
+{
+    const QString text = argument.section(QLatin1Char(':'), 0, 0);
+    const Row line = findLine(text);
+    if (!line.view)
+        return notThere(text);
+    const QModelIndex box = line.index.sibling(line.index.row(), 0);
+    if (!(box.flags() & Qt::ItemIsUserCheckable))
+        return QStringLiteral("\"%1\" has no box").arg(text);
+    const bool wanted = argument.section(QLatin1Char(':'), 1) == QLatin1String("1");
+    line.view->setCurrentIndex(box);
+    if ((box.data(Qt::CheckStateRole).toInt() == Qt::Checked) != wanted)
+        sendKey(line.view, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+    return (box.data(Qt::CheckStateRole).toInt() == Qt::Checked) == wanted
+               ? QString()
+               : QStringLiteral("the box of \"%1\" stays as it is").arg(text);
+}
+
+QString StepActor::enterFile(const QString& argument)
+{
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* name = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
+    if (!name)
+        return QStringLiteral("no file dialog is open");
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
+    name->setFocus();
+    name->selectAll();
+    typeInto(name, argument);
+    sendKey(name, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
     return QString();
 }
 
@@ -373,13 +476,21 @@ QString StepActor::resize(const QString& argument)
 {
     const QSize size(argument.section(QLatin1Char('x'), 0, 0).toInt(),
                      argument.section(QLatin1Char('x'), 1, 1).toInt());
-    QWidget* largest = nullptr;
-    for (QWidget* widget : visibleWidgets<QWidget>()) {
-        if (widget->isWindow() && (!largest || widget->width() > largest->width()))
-            largest = widget;
-    }
+    QWidget* largest = largestWindow();
     if (!largest)
         return QStringLiteral("no window is visible");
     largest->setFixedSize(size);
+    return QString();
+}
+
+QString StepActor::center(const QString&)
+{
+    const QWidget* largest = largestWindow();
+    QWidget* dialog = QApplication::activeWindow();
+    if (!largest || !dialog || dialog == largest)
+        return QStringLiteral("no dialog is open");
+    QRect place = dialog->frameGeometry();
+    place.moveCenter(largest->frameGeometry().center());
+    dialog->move(place.topLeft());
     return QString();
 }

@@ -18,6 +18,8 @@ public:
     // Empty when the step was done, else an English sentence. A step that opens a modal dialog
     // returns when the dialog was closed.
     QString act(const StepScript::Step& step);
+    // Whether a visible label has the text in it.
+    static bool isSaid(const QString& text);
 
 private:
     struct Row
@@ -27,7 +29,11 @@ private:
     };
 
     QString showTab(const QString& argument);
+    QString showTabOf(const QString& argument);
     QString selectRow(const QString& argument);
+    QString pressLine(const QString& argument);
+    QString checkLine(const QString& argument);
+    QString enterFile(const QString& argument);
     QString expandRow(const QString& argument);
     QString collapseRow(const QString& argument);
     QString setValue(const QString& argument);
@@ -39,7 +45,9 @@ private:
     QString key(const QString& argument);
     QString scroll(const QString& argument);
     QString resize(const QString& argument);
+    QString center(const QString& argument);
 
     static Row findRow(const QString& name);
+    static Row findLine(const QString& text);
     static QString notThere(const QString& name);
 };

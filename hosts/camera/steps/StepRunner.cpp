@@ -9,7 +9,16 @@
 
 namespace {
 
-constexpr int kPauseMs = 150; // between steps: time to lay out and paint
+constexpr int kPauseMs = 150;  // between steps: time to lay out and paint
+constexpr int kMostMs = 30000; // that a step "until" waits
+constexpr int kReadingMs = 4500;
+
+// What these need may come when the camera was read.
+bool comesWithReading(const QString& verb)
+{
+    return verb == QLatin1String("set") || verb == QLatin1String("line") ||
+           verb == QLatin1String("check");
+}
 
 } // namespace
 
@@ -38,6 +47,14 @@ void StepRunner::runNext()
         QTimer::singleShot(kPauseMs, this, &StepRunner::runNext);
         return;
     }
+    if (step.verb == QLatin1String("until") && !StepActor::isSaid(step.argument)) {
+        if (++m_tries * kPauseMs > kMostMs) {
+            end(QStringLiteral("until=%1: nobody says so").arg(step.argument));
+            return;
+        }
+        QTimer::singleShot(kPauseMs, this, &StepRunner::runNext);
+        return;
+    }
     ++m_next;
     // Before the step itself, which may not return for as long as a dialog is open.
     const bool wait = step.verb == QLatin1String("wait");
@@ -45,8 +62,13 @@ void StepRunner::runNext()
     QString error;
     if (step.verb == QLatin1String("picture"))
         WindowPicture::save(step.argument, &error);
-    else if (!wait && step.verb != QLatin1String("settle"))
+    else if (!wait && step.verb != QLatin1String("settle") && step.verb != QLatin1String("until"))
         error = m_actor.act(step);
+    if (!error.isEmpty() && comesWithReading(step.verb) && ++m_tries * kPauseMs <= kReadingMs) {
+        --m_next;
+        return;
+    }
+    m_tries = 0;
     if (!error.isEmpty())
         end(QStringLiteral("%1=%2: %3").arg(step.verb, step.argument, error));
 }

@@ -32,5 +32,6 @@ private:
     const std::function<bool()> m_isSettled;
     StepActor m_actor;
     std::size_t m_next = 0;
+    int m_tries = 0; // of the step that waits
     bool m_ended = false;
 };

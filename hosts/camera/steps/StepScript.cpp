@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "steps/StepScript.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
@@ -12,14 +14,17 @@ enum Argument { None, Some, Milliseconds, Size, Assignment };
 const QHash<QString, Argument>& verbs()
 {
     static const QHash<QString, Argument> table{
-        {QStringLiteral("tab"), Some},          {QStringLiteral("select"), Some},
-        {QStringLiteral("expand"), Some},       {QStringLiteral("collapse"), Some},
-        {QStringLiteral("set"), Assignment},    {QStringLiteral("menu"), Some},
-        {QStringLiteral("press"), Some},        {QStringLiteral("search"), Some},
-        {QStringLiteral("type"), Some},         {QStringLiteral("key"), Some},
-        {QStringLiteral("scroll"), Some},       {QStringLiteral("size"), Size},
-        {QStringLiteral("choose"), Assignment}, {QStringLiteral("settle"), None},
-        {QStringLiteral("wait"), Milliseconds}, {QStringLiteral("picture"), Some},
+        {QStringLiteral("tab"), Some},     {QStringLiteral("select"), Some},
+        {QStringLiteral("expand"), Some},  {QStringLiteral("collapse"), Some},
+        {QStringLiteral("line"), Some},    {QStringLiteral("check"), Assignment},
+        {QStringLiteral("file"), Some},    {QStringLiteral("set"), Assignment},
+        {QStringLiteral("menu"), Some},    {QStringLiteral("press"), Some},
+        {QStringLiteral("search"), Some},  {QStringLiteral("type"), Some},
+        {QStringLiteral("key"), Some},     {QStringLiteral("scroll"), Some},
+        {QStringLiteral("size"), Size},    {QStringLiteral("choose"), Assignment},
+        {QStringLiteral("settle"), None},  {QStringLiteral("center"), None},
+        {QStringLiteral("until"), Some},   {QStringLiteral("wait"), Milliseconds},
+        {QStringLiteral("picture"), Some},
     };
     return table;
 }
@@ -58,4 +63,17 @@ std::optional<StepScript> StepScript::parse(const QString& text, QString* error)
         }
     }
     return script;
+}
+
+std::optional<StepScript> StepScript::load(const QString& fileOrText, QString* error)
+{
+    if (!QFileInfo(fileOrText).isFile())
+        return parse(fileOrText, error);
+    QFile file(fileOrText);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = file.errorString();
+        return std::nullopt;
+    }
+    return parse(QString::fromUtf8(file.readAll()), error);
 }

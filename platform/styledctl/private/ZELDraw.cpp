@@ -119,6 +119,19 @@ void buttonFrame(const QStyleOptionButton& option, QPainter* painter, const QWid
     ZELBox::forPushButton(ZELState(option), ZELBox::lookOf(widget)).paint(painter, option.rect);
 }
 
+void checkIndicator(const QStyleOption& option, QPainter* painter, const QRect& indicator)
+{
+    const ZELColors& colors = ZELColors::current();
+    const ZELState state(option);
+    const bool partial = option.state & QStyle::State_NoChange;
+    const bool filled = partial || (option.state & QStyle::State_On);
+    ZELBox::forIndicator(state, filled).paint(painter, indicator);
+    if (filled)
+        ZELGlyph::paint(painter, partial ? ZELGlyph::Dash : ZELGlyph::Check,
+                        QRectF(indicator).adjusted(1, 1, -1, -1),
+                        state.enabled ? colors.onAccent : colors.window, 2.2);
+}
+
 void checkBox(const QStyleOptionButton& option, QPainter* painter, const QWidget* widget,
               const QRect& indicator, const QRect& label)
 {
@@ -126,7 +139,6 @@ void checkBox(const QStyleOptionButton& option, QPainter* painter, const QWidget
     const ZELState state(option);
     const ZELLook* look = ZELBox::lookOf(widget);
     const bool checked = option.state & QStyle::State_On;
-    const bool partial = option.state & QStyle::State_NoChange;
 
     if (look && look->cShape() == ZELLook::Shape::Switch) {
         ZELBox::forSwitch(state, checked).paint(painter, indicator);
@@ -139,12 +151,7 @@ void checkBox(const QStyleOptionButton& option, QPainter* painter, const QWidget
                            : (state.enabled ? colors.text : colors.borderStrong);
         dot.paint(painter, knob);
     } else {
-        ZELBox::forIndicator(state, checked || partial).paint(painter, indicator);
-        if (checked || partial) {
-            ZELGlyph::paint(painter, partial ? ZELGlyph::Dash : ZELGlyph::Check,
-                            QRectF(indicator).adjusted(1, 1, -1, -1),
-                            state.enabled ? colors.onAccent : colors.window, 2.2);
-        }
+        checkIndicator(option, painter, indicator);
     }
     if (!option.text.isEmpty()) {
         painter->setPen(textColor(state, widget));

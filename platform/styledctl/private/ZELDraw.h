@@ -22,6 +22,8 @@ void buttonFrame(const QStyleOptionButton& option, QPainter* painter, const QWid
 void buttonLabel(const QStyleOptionButton& option, QPainter* painter, const QWidget* widget);
 void checkBox(const QStyleOptionButton& option, QPainter* painter, const QWidget* widget,
               const QRect& indicator, const QRect& label);
+// The box itself, of a control or of a row.
+void checkIndicator(const QStyleOption& option, QPainter* painter, const QRect& indicator);
 // Expand sign of a tree row.
 void branch(const QStyleOption& option, QPainter* painter);
 

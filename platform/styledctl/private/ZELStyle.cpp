@@ -41,6 +41,9 @@ void ZELStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
     case PE_IndicatorBranch:
         ZELDraw::branch(*option, painter);
         return;
+    case PE_IndicatorItemViewItemCheck:
+        ZELDraw::checkIndicator(*option, painter, option->rect);
+        return;
     case PE_FrameFocusRect:
         // Controls draw a ring of their own.
         if (ZELBox::lookOf(widget))

@@ -767,6 +767,10 @@ Arrow keys move it, with Shift they resize it. Escape takes a drag back.</source
         <translation>第 %1 行的反斜杠后没有“\”、“t”、“n”或“r”。</translation>
     </message>
     <message>
+        <source>Line %1 gives %2 a second value; the first one is in line %3.</source>
+        <translation>第 %1 行再次给出 %2 的值，第一次出现在第 %3 行。</translation>
+    </message>
+    <message>
         <source>The file is too large for a feature file.</source>
         <translation>文件过大，不是参数文件。</translation>
     </message>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 // Loading a description: parse, index and tree, against the bare DOM parse of the same text, and
 // the list of features that a write invalidates, against comparing every feature with every list.
-#include "device/XmlLimits.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
 
 #include <benchmark/benchmark.h>
 
+#include <QDomDocument>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 
@@ -23,20 +23,11 @@ namespace {
 
 using DescriptionBuilder::Size;
 
-// As the library does it: text limits, UTF-8 to string, DOM.
-QDomDocument parse(const QByteArray& xml)
-{
-    QDomDocument document;
-    if (XmlLimits::acceptable(xml.constData(), static_cast<std::size_t>(xml.size())))
-        document.setContent(QString::fromUtf8(xml));
-    return document;
-}
-
 struct Loaded
 {
     explicit Loaded(const QByteArray& xml)
-        : document(parse(xml))
     {
+        document.setContent(xml);
         index.GenerateDomElementMap(document.documentElement());
         builder.createItems(&root, index.nodes(), nullptr);
         index.setItemNames(builder.AllTreeItemsMap().keys());
@@ -47,7 +38,7 @@ struct Loaded
         index.GeneratePSelectedList();
         index.GenerateFeatureNoCacheList();
     }
-    const QDomDocument document; // the library keeps it, too
+    XmlDocument document; // the library keeps it, too
     ORXPropertyTreeItem root{nullptr, ORXPropertyTreeItem::FeatureTreePage};
     FeatureDescriptionIndex index;
     FeatureTreeBuilder builder;

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "device/XmlLimits.h"
-
 #include <QByteArray>
 #include <QDir>
-#include <QDomDocument>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -28,15 +25,6 @@ inline QByteArray bytes(const std::uint8_t* data, std::size_t size)
 inline void beQuiet()
 {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-}
-
-// The input as an XML document, taken as the library takes those of the host; false when it is
-// none.
-inline bool parse(const std::uint8_t* data, std::size_t size, QDomDocument& document)
-{
-    const QByteArray xml = bytes(data, size);
-    return XmlLimits::acceptable(xml.constData(), size) &&
-           document.setContent(QString::fromUtf8(xml));
 }
 
 // Puts the input into a file, for readers that take a path.

@@ -8,8 +8,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     FuzzInput::beQuiet();
-    QDomDocument document;
-    if (!FuzzInput::parse(data, size, document))
+    XmlDocument document;
+    if (!document.setContent(FuzzInput::bytes(data, size)))
         return 0;
     FeatureDescriptionIndex index;
     FeatureTreeBuilder builder;

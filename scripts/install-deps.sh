@@ -6,13 +6,13 @@
 set -euo pipefail
 
 run_packages="cmake ninja-build g++ gcc ccache pkg-config qtbase5-dev qtbase5-dev-tools
-  qttools5-dev-tools libaravis-dev libusb-1.0-0-dev librsvg2-bin fonts-noto-cjk fonts-dejavu-core"
+  qttools5-dev-tools libaravis-dev libusb-1.0-0-dev libpugixml-dev librsvg2-bin fonts-noto-cjk fonts-dejavu-core"
 test_packages="$run_packages aravis-tools aravis-tools-cli binutils clang-format python3"
 bench_packages="$run_packages libbenchmark-dev"
 tidy_packages="$test_packages clang-tidy"
 fuzz_packages="$run_packages clang"
 aarch64_packages="$test_packages crossbuild-essential-arm64 qtbase5-dev:arm64 libaravis-dev:arm64
-  libusb-1.0-0-dev:arm64 qemu-user-static"
+  libpugixml-dev:arm64 libusb-1.0-0-dev:arm64 qemu-user-static"
 
 packages=""
 for group in "${@:-run}"; do

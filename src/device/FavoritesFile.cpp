@@ -2,15 +2,27 @@
 #include "device/FavoritesFile.h"
 
 #include "basetools/ORXInterface.h"
-#include "device/XmlLimits.h"
+#include "device/XmlDocument.h"
 
 #include <QDebug>
 #include <QDir>
-#include <QDomDocument>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 namespace FavoritesFile {
+
+namespace {
+
+// An ampersand that begins no reference: no XML, although the parser takes it for text.
+bool hasLoneAmpersand(const QString& text)
+{
+    static const QRegularExpression kLone(
+        QStringLiteral("&(?!(#[0-9]+|#x[0-9A-Fa-f]+|amp|lt|gt|quot|apos);)"));
+    return text.contains(kLone);
+}
+
+} // namespace
 
 QString path()
 {
@@ -32,28 +44,22 @@ QList<FavoriteFeature> load()
     // The declaration names another encoding than the one written, so the text is decoded here and
     // the parser gets it as a string.
     const QString text = QString::fromLocal8Bit(file.readAll());
-    const QByteArray utf8 = text.toUtf8();
-    QDomDocument document;
-    if (!XmlLimits::acceptable(utf8.constData(), static_cast<std::size_t>(utf8.size())) ||
-        !document.setContent(text)) {
-        qCritical("%s", "loadFavoritesXml failed.333");
-        return {};
-    }
-    const QDomElement root = document.documentElement();
-    if (root.isNull()) {
-        qCritical("%s", "loadFavoritesXml failed.444");
+    XmlDocument document;
+    if (hasLoneAmpersand(text) || !document.setContent(text.toUtf8())) {
+        qCritical("%s", document.lacksRoot() ? "loadFavoritesXml failed.444"
+                                             : "loadFavoritesXml failed.333");
         return {};
     }
     QList<FavoriteFeature> favorites;
-    for (QDomElement entry = root.firstChildElement(); !entry.isNull();
-         entry = entry.nextSiblingElement()) {
+    for (pugi::xml_node entry = XmlText::firstElement(document.documentElement()); entry;
+         entry = XmlText::nextElement(entry)) {
         FavoriteFeature favorite;
-        for (QDomElement field = entry.firstChildElement(); !field.isNull();
-             field = field.nextSiblingElement()) {
-            if (field.tagName() == QLatin1String("Name"))
-                favorite.first = field.text();
-            else if (field.tagName() == QLatin1String("DisplayName"))
-                favorite.second = field.text();
+        for (pugi::xml_node field = XmlText::firstElement(entry); field;
+             field = XmlText::nextElement(field)) {
+            if (XmlText::name(field) == "Name")
+                favorite.first = XmlText::of(field);
+            else if (XmlText::name(field) == "DisplayName")
+                favorite.second = XmlText::of(field);
         }
         if (!favorite.first.isEmpty() && !favorite.second.isEmpty())
             favorites.append(favorite);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/FeatureTexts.h"
 
-#include "device/XmlLimits.h"
+#include "device/XmlDocument.h"
 
 #include <QDebug>
-#include <QDomDocument>
 #include <QFile>
+#include <QHash>
 
 #include <cstring>
 #include <mutex>
@@ -21,19 +21,26 @@ std::mutex& tablesMutex()
     return mutex;
 }
 
-// Decoded here like every other text, so that what is checked is what is parsed.
-bool parse(const char* xml, std::size_t bytes, QDomDocument& document)
+// The library's own table, and the last element of each feature in it. Guarded by the tables'
+// mutex.
+struct OwnTable
 {
-    return XmlLimits::acceptable(xml, bytes) &&
-           document.setContent(QString::fromUtf8(xml, static_cast<int>(bytes)), false);
+    XmlDocument document;
+    QHash<QString, pugi::xml_node> features;
+};
+
+OwnTable& ownTable()
+{
+    static OwnTable table;
+    return table;
 }
 
 } // namespace
 
 void FeatureTexts::addHostXml(const char* xml)
 {
-    QDomDocument document;
-    if (!parse(xml, std::strlen(xml), document)) {
+    XmlDocument document;
+    if (!document.setContent(xml, std::strlen(xml))) {
         qCritical("%s", "Create XML Translate DomDocument Failed");
         return;
     }
@@ -43,24 +50,33 @@ void FeatureTexts::addHostXml(const char* xml)
 
 void FeatureTexts::loadOwn(const QString& path)
 {
-    if (!s_AllPropertyTransItems.isEmpty())
-        return;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    const QByteArray bytes = file.readAll();
-    QDomDocument document;
-    if (!parse(bytes.constData(), static_cast<std::size_t>(bytes.size()), document))
-        return;
     const std::lock_guard<std::mutex> lock(tablesMutex());
-    TranslationTable::addDocument(document, s_AllPropertyTransItems);
+    OwnTable& own = ownTable();
+    QFile file(path);
+    if (!own.features.isEmpty() || !file.open(QIODevice::ReadOnly) ||
+        !own.document.setContent(file.readAll()))
+        return;
+    for (const pugi::xml_node feature : own.document.documentElement().children("Feature"))
+        own.features.insert(XmlText::attribute(feature, "Name"), feature);
+}
+
+FeatureTexts::Item FeatureTexts::findOwn(const QString& feature)
+{
+    const auto known = s_AllPropertyTransItems.constFind(feature);
+    if (known != s_AllPropertyTransItems.constEnd())
+        return *known;
+    const pugi::xml_node element = ownTable().features.value(feature);
+    if (!element)
+        return nullptr;
+    TranslationTable::addFeature(element, s_AllPropertyTransItems);
+    return s_AllPropertyTransItems.value(feature);
 }
 
 FeatureTexts::Item FeatureTexts::find(const QString& feature, Tables tables)
 {
     const std::lock_guard<std::mutex> lock(tablesMutex());
     const bool byHost = tables == HostFirst && s_mapPropertyTransItems.contains(feature);
-    return (byHost ? s_mapPropertyTransItems : s_AllPropertyTransItems).value(feature);
+    return byHost ? s_mapPropertyTransItems.value(feature) : findOwn(feature);
 }
 
 QString FeatureTexts::displayName(const QString& feature, Tables tables)

@@ -16,8 +16,8 @@ public:
 
     // Adds to the host's table; a text that does not parse is logged as critical.
     static void addHostXml(const char* xml);
-    // Fills the library's own table from a file (UTF-8), unless it is filled; nothing from a file
-    // that cannot be used.
+    // Reads the library's own table (UTF-8), unless it was read; nothing from a file that cannot be
+    // used. Its texts are taken out as they are asked for: a camera has a part of them.
     static void loadOwn(const QString& path);
 
     // Empty where there is none.
@@ -28,7 +28,8 @@ public:
 private:
     using Item = std::shared_ptr<const CORXPropertyTransItem>;
     static Item find(const QString& feature, Tables tables);
+    static Item findOwn(const QString& feature);
 
     static TranslationTable::Items s_mapPropertyTransItems; // the host's
-    static TranslationTable::Items s_AllPropertyTransItems; // the library's own
+    static TranslationTable::Items s_AllPropertyTransItems; // the library's own, as asked for
 };

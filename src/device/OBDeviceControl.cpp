@@ -5,7 +5,6 @@
 #include "device/HostOpening.h"
 #include "device/HtmlEscape.h"
 #include "device/RegisteredCallbacks.h"
-#include "device/XmlLimits.h"
 #include "styledctl/ZELCustom.h"
 
 #include <QDebug>
@@ -14,7 +13,7 @@
 #include <cstring>
 
 _OB_FT_DEVICEINFO_* OBDeviceControl::s_pDeviceInfo = nullptr;
-QDomDocument OBDeviceControl::s_domFeaturesXml;
+XmlDocument OBDeviceControl::s_domFeaturesXml;
 QList<FavoriteFeature> OBDeviceControl::s_mapFavoritesFeature;
 QString OBDeviceControl::s_strDllPath;
 std::atomic<int> OBDeviceControl::s_nUserLevr{1};
@@ -63,13 +62,7 @@ void OBDeviceControl::Init(const char* deviceXml, const char* translateXml)
 
 void OBDeviceControl::loadDeviceXml(const char* deviceXml)
 {
-    s_domFeaturesXml = QDomDocument();
-    const std::size_t bytes = std::strlen(deviceXml);
-    QDomDocument document;
-    if (XmlLimits::acceptable(deviceXml, bytes) &&
-        document.setContent(QString::fromUtf8(deviceXml, static_cast<int>(bytes))))
-        s_domFeaturesXml = document;
-    else
+    if (!s_domFeaturesXml.setContent(deviceXml, std::strlen(deviceXml)))
         qCritical("%s", "Create XML pDeviceXml DomDocument Failed");
 }
 

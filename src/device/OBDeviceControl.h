@@ -6,9 +6,9 @@
 #include "device/FavoritesFile.h"
 #include "device/FeatureTexts.h"
 #include "device/TranslationTable.h"
+#include "device/XmlDocument.h"
 
 #include <QColor>
-#include <QDomDocument>
 #include <QString>
 
 #include <atomic>
@@ -98,7 +98,7 @@ public:
     static QString GetDeviceName();
     static bool IsGenTLInterface();
 
-    static QDomDocument* GetDeviceXml() { return &s_domFeaturesXml; }
+    static XmlDocument* GetDeviceXml() { return &s_domFeaturesXml; }
     static bool IsSupportChunk() { return s_bSupportChunk; }
 
     // 0 "Guru", 1 "Beginner".
@@ -136,7 +136,7 @@ public:
     }
     // Fills the library's own table from its file (UTF-8), unless it is filled.
     static void parsePropertyTransXml();
-    static void parseOneFeature(const QDomElement& feature, TranslationTable::Items& table)
+    static void parseOneFeature(pugi::xml_node feature, TranslationTable::Items& table)
     {
         TranslationTable::addFeature(feature, table);
     }
@@ -154,7 +154,7 @@ private:
     static void loadDeviceXml(const char* deviceXml);
 
     static _OB_FT_DEVICEINFO_* s_pDeviceInfo; // Kept for the life of the process.
-    static QDomDocument s_domFeaturesXml;
+    static XmlDocument s_domFeaturesXml;
     static QList<FavoriteFeature> s_mapFavoritesFeature;
     static QString s_strDllPath;
     static std::atomic<int> s_nUserLevr;

@@ -3,7 +3,6 @@
 
 #include "model/FeaturePolling.h"
 
-#include <QDomElement>
 
 #include <utility>
 
@@ -17,7 +16,7 @@ const std::pair<QLatin1String, QLatin1String> kCoupledFeatures[] = {
 
 } // namespace
 
-void FeatureDescriptionIndex::GenerateDomElementMap(const QDomElement& root)
+void FeatureDescriptionIndex::GenerateDomElementMap(pugi::xml_node root)
 {
     m_nodes = FeatureNodeMap(root);
 }

@@ -10,8 +10,6 @@
 #include <QSet>
 #include <QStringList>
 
-class QDomElement;
-
 // Look-up tables of one camera's description: what depends on what, so that a write to one feature
 // tells which others must be read again. Belongs to the camera's tree; GUI thread. Reading threads
 // get copies of the tables, which nobody changes afterwards.
@@ -23,7 +21,7 @@ class FeatureDescriptionIndex
 {
 public:
     // Nodes ---------------------------------------------------------------------------------------
-    void GenerateDomElementMap(const QDomElement& root);
+    void GenerateDomElementMap(pugi::xml_node root);
     const FeatureNodeMap& nodes() const { return m_nodes; }
     FeatureNodePtr GetDomElementNode(const QString& name) const { return m_nodes.node(name); }
     // Text of the first "ImposedAccessMode" or "AccessMode".

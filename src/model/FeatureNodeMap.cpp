@@ -3,28 +3,25 @@
 
 #include "model/FeatureNodeReader.h"
 
-#include <QDomElement>
-
-FeatureNodeMap::FeatureNodeMap(const QDomElement& root)
+FeatureNodeMap::FeatureNodeMap(pugi::xml_node root)
 {
-    if (root.isNull())
+    if (!root)
         return;
     FeatureNodeReader reader;
     addChildren(root, reader);
 }
 
 // The nesting is bounded: deeper descriptions are refused before they are parsed.
-void FeatureNodeMap::addChildren(const QDomElement& parent, FeatureNodeReader& reader)
+void FeatureNodeMap::addChildren(pugi::xml_node parent, FeatureNodeReader& reader)
 {
-    for (QDomElement child = parent.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        if (child.tagName() == QLatin1String("EnumEntry"))
+    constexpr std::string_view kEntry = "EnumEntry";
+    for (pugi::xml_node child = XmlText::firstElement(parent); child;
+         child = XmlText::nextElement(child)) {
+        if (child.name() == kEntry)
             continue;
-        if (child.hasAttribute(QStringLiteral("Name")))
+        if (child.attribute("Name"))
             addNode(reader.read(child));
-        // Elements that hold only text, the most by far, need no walk.
-        if (!child.firstChildElement().isNull())
-            addChildren(child, reader);
+        addChildren(child, reader);
     }
 }
 

@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/XmlDocument.h"
 #include "model/FeatureNode.h"
 
 #include <QHash>
 #include <QVector>
 
 class FeatureNodeReader;
-class QDomElement;
 
-// All nodes of a description, taken out of the DOM in one pass. Copies share the records; a copy
-// may be read by any thread.
+// All nodes of a description, taken out of the document in one pass. Copies share the records; a
+// copy may be read by any thread.
 class FeatureNodeMap
 {
 public:
     FeatureNodeMap() = default;
     // Reads the subtree of `root`; the root itself is no node. Wrappers such as "Group" are walked
     // through, enumeration entries stay inside their enumeration.
-    explicit FeatureNodeMap(const QDomElement& root);
+    explicit FeatureNodeMap(pugi::xml_node root);
 
     // The node that describes a name: a feature wins over a register of the same name, a later
     // feature over an earlier one. Null when the name is unknown.
@@ -32,7 +32,7 @@ public:
     bool isEmpty() const { return m_nodes.isEmpty(); }
 
 private:
-    void addChildren(const QDomElement& parent, FeatureNodeReader& reader);
+    void addChildren(pugi::xml_node parent, FeatureNodeReader& reader);
     void addNode(const FeatureNodePtr& node);
 
     QHash<QString, FeatureNodePtr> m_nodes;

@@ -3,13 +3,14 @@
 
 #include "basetools/ORXInterface.h"
 
-#include <QDomElement>
-#include <QHash>
-
 namespace {
 
-const QString kName = QStringLiteral("Name");
-const QString kNameSpace = QStringLiteral("NameSpace");
+constexpr char kName[] = "Name";
+constexpr char kNameSpace[] = "NameSpace";
+
+// A table by the bytes of an element's name.
+template <typename Value>
+using ByName = std::unordered_map<std::string_view, Value>;
 
 // Child elements whose text is a field of the record. The first of "ImposedAccessMode" and
 // "AccessMode" counts; of every other element the last one does.
@@ -20,129 +21,132 @@ struct NodeField
     bool firstCounts;
 };
 
-const QHash<QString, NodeField>& nodeFields()
+const ByName<NodeField>& nodeFields()
 {
-    static const QHash<QString, NodeField> fields = {
-        {QStringLiteral("DisplayName"), {&FeatureNode::displayName, false, false}},
-        {QStringLiteral("Description"), {&FeatureNode::description, false, false}},
-        {QStringLiteral("Visibility"), {&FeatureNode::visibility, true, false}},
-        {QStringLiteral("Streamable"), {&FeatureNode::streamable, true, false}},
-        {QStringLiteral("Representation"), {&FeatureNode::representation, true, false}},
-        {QStringLiteral("Unit"), {&FeatureNode::unit, true, false}},
-        {QStringLiteral("ImposedAccessMode"), {&FeatureNode::accessMode, true, true}},
-        {QStringLiteral("AccessMode"), {&FeatureNode::accessMode, true, true}},
-        {QStringLiteral("pIsImplemented"), {&FeatureNode::pIsImplemented, true, false}},
-        {QStringLiteral("pIsAvailable"), {&FeatureNode::pIsAvailable, true, false}},
-        {QStringLiteral("pIsLocked"), {&FeatureNode::pIsLocked, true, false}},
+    static const ByName<NodeField> fields = {
+        {"DisplayName", {&FeatureNode::displayName, false, false}},
+        {"Description", {&FeatureNode::description, false, false}},
+        {"Visibility", {&FeatureNode::visibility, true, false}},
+        {"Streamable", {&FeatureNode::streamable, true, false}},
+        {"Representation", {&FeatureNode::representation, true, false}},
+        {"Unit", {&FeatureNode::unit, true, false}},
+        {"ImposedAccessMode", {&FeatureNode::accessMode, true, true}},
+        {"AccessMode", {&FeatureNode::accessMode, true, true}},
+        {"pIsImplemented", {&FeatureNode::pIsImplemented, true, false}},
+        {"pIsAvailable", {&FeatureNode::pIsAvailable, true, false}},
+        {"pIsLocked", {&FeatureNode::pIsLocked, true, false}},
     };
     return fields;
 }
 
-const QHash<QString, FeatureReference::Kind>& referenceKinds()
+const ByName<FeatureReference::Kind>& referenceKinds()
 {
-    static const QHash<QString, FeatureReference::Kind> kinds = {
-        {QStringLiteral("pValue"), FeatureReference::PValue},
-        {QStringLiteral("pVariable"), FeatureReference::PVariable},
-        {QStringLiteral("pInvalidator"), FeatureReference::PInvalidator},
-        {QStringLiteral("pMin"), FeatureReference::PMin},
-        {QStringLiteral("pMax"), FeatureReference::PMax},
-        {QStringLiteral("pInc"), FeatureReference::PInc},
-        {QStringLiteral("pIsLocked"), FeatureReference::PIsLocked},
-        {QStringLiteral("pIsImplemented"), FeatureReference::PIsImplemented},
-        {QStringLiteral("pIsAvailable"), FeatureReference::PIsAvailable},
-        {QStringLiteral("pSelected"), FeatureReference::PSelected},
-        {QStringLiteral("pFeature"), FeatureReference::PFeature},
-        {QStringLiteral("PollingTime"), FeatureReference::PollingTime},
-        {QStringLiteral("Cachable"), FeatureReference::Cachable},
+    static const ByName<FeatureReference::Kind> kinds = {
+        {"pValue", FeatureReference::PValue},
+        {"pVariable", FeatureReference::PVariable},
+        {"pInvalidator", FeatureReference::PInvalidator},
+        {"pMin", FeatureReference::PMin},
+        {"pMax", FeatureReference::PMax},
+        {"pInc", FeatureReference::PInc},
+        {"pIsLocked", FeatureReference::PIsLocked},
+        {"pIsImplemented", FeatureReference::PIsImplemented},
+        {"pIsAvailable", FeatureReference::PIsAvailable},
+        {"pSelected", FeatureReference::PSelected},
+        {"pFeature", FeatureReference::PFeature},
+        {"PollingTime", FeatureReference::PollingTime},
+        {"Cachable", FeatureReference::Cachable},
     };
     return kinds;
 }
 
-const QHash<QString, QString FeatureEnumEntry::*>& entryFields()
+const ByName<QString FeatureEnumEntry::*>& entryFields()
 {
-    static const QHash<QString, QString FeatureEnumEntry::*> fields = {
-        {QStringLiteral("DisplayName"), &FeatureEnumEntry::displayName},
-        {QStringLiteral("Value"), &FeatureEnumEntry::valueText},
-        {QStringLiteral("Visibility"), &FeatureEnumEntry::visibility},
-        {QStringLiteral("pIsImplemented"), &FeatureEnumEntry::pIsImplemented},
-        {QStringLiteral("pIsAvailable"), &FeatureEnumEntry::pIsAvailable},
-        {QStringLiteral("pIsLocked"), &FeatureEnumEntry::pIsLocked},
+    static const ByName<QString FeatureEnumEntry::*> fields = {
+        {"DisplayName", &FeatureEnumEntry::displayName},
+        {"Value", &FeatureEnumEntry::valueText},
+        {"Visibility", &FeatureEnumEntry::visibility},
+        {"pIsImplemented", &FeatureEnumEntry::pIsImplemented},
+        {"pIsAvailable", &FeatureEnumEntry::pIsAvailable},
+        {"pIsLocked", &FeatureEnumEntry::pIsLocked},
     };
     return fields;
 }
 
-// Trimmed text of an element. What holds a single text, as nearly all elements do, is not copied.
-QString textOf(const QDomElement& element)
-{
-    const QDomNode only = element.firstChild();
-    if (only.nodeType() == QDomNode::TextNode && only.nextSibling().isNull())
-        return only.nodeValue().trimmed();
-    return element.text().trimmed();
-}
-
 } // namespace
 
-QString FeatureNodeReader::kept(const QString& text)
+QString FeatureNodeReader::kept(std::string_view utf8)
 {
-    if (text.isEmpty())
+    if (utf8.empty())
         return QStringLiteral("");
-    const auto known = m_texts.constFind(text);
-    if (known != m_texts.constEnd())
-        return *known;
-    // A copy, since a text of the DOM would keep a hole in the memory that the DOM leaves.
-    return *m_texts.insert(QString(text.constData(), text.size()));
+    const auto [place, isNew] = m_texts.try_emplace(utf8);
+    if (isNew)
+        place->second = XmlText::toString(utf8).trimmed();
+    return place->second;
 }
 
-FeatureEnumEntry FeatureNodeReader::readEntry(const QDomElement& element)
+// Trimmed text of an element. What holds a single text, as nearly all elements do, is kept.
+QString FeatureNodeReader::keptText(pugi::xml_node element)
+{
+    return XmlText::isOnePiece(element) ? kept(XmlText::trimmed(element))
+                                        : XmlText::of(element).trimmed();
+}
+
+QString FeatureNodeReader::keptAttribute(pugi::xml_node element, const char* name)
+{
+    return kept(element.attribute(name).value());
+}
+
+FeatureEnumEntry FeatureNodeReader::readEntry(pugi::xml_node element)
 {
     FeatureEnumEntry entry;
-    entry.name = kept(element.attribute(kName));
-    entry.nameSpace = kept(element.attribute(kNameSpace));
-    for (QDomElement child = element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        const auto field = entryFields().constFind(child.tagName());
-        if (field != entryFields().constEnd())
-            entry.*field.value() = kept(textOf(child));
+    entry.name = keptAttribute(element, kName);
+    entry.nameSpace = keptAttribute(element, kNameSpace);
+    for (pugi::xml_node child = XmlText::firstElement(element); child;
+         child = XmlText::nextElement(child)) {
+        const auto field = entryFields().find(child.name());
+        if (field != entryFields().end())
+            entry.*field->second = keptText(child);
     }
     entry.value = ORXInterface::string2Int(entry.valueText);
     return entry;
 }
 
-QStringList FeatureNodeReader::invalidatorsBefore(const QDomElement& element)
+QStringList FeatureNodeReader::invalidatorsBefore(pugi::xml_node element)
 {
     QStringList result;
-    const QString invalidator = QStringLiteral("pInvalidator");
-    for (QDomElement sibling = element.previousSiblingElement(invalidator); !sibling.isNull();
-         sibling = sibling.previousSiblingElement(invalidator))
-        result.append(kept(textOf(sibling)));
+    constexpr char kInvalidator[] = "pInvalidator";
+    for (pugi::xml_node sibling = element.previous_sibling(kInvalidator); sibling;
+         sibling = sibling.previous_sibling(kInvalidator))
+        result.append(keptText(sibling));
     return result;
 }
 
-void FeatureNodeReader::readChild(const QDomElement& child, FeatureNode& node)
+void FeatureNodeReader::readChild(pugi::xml_node child, FeatureNode& node)
 {
-    const QString tag = child.tagName();
-    const auto kind = referenceKinds().constFind(tag);
-    if (kind != referenceKinds().constEnd())
-        node.references.append({kind.value(), kept(textOf(child))});
-    const auto field = nodeFields().constFind(tag);
-    if (field == nodeFields().constEnd())
+    const std::string_view tag = child.name();
+    const auto kind = referenceKinds().find(tag);
+    if (kind != referenceKinds().end())
+        node.references.append({kind->second, keptText(child)});
+    const auto field = nodeFields().find(tag);
+    if (field == nodeFields().end())
         return;
-    QString& target = node.*field->text;
-    if (field->firstCounts && !target.isEmpty())
+    QString& target = node.*field->second.text;
+    if (field->second.firstCounts && !target.isEmpty())
         return;
-    target = field->trimmed ? kept(textOf(child)) : child.text();
+    target = field->second.trimmed ? keptText(child) : XmlText::of(child);
 }
 
-FeatureNodePtr FeatureNodeReader::read(const QDomElement& element)
+FeatureNodePtr FeatureNodeReader::read(pugi::xml_node element)
 {
+    constexpr std::string_view kEntry = "EnumEntry";
     auto node = std::make_shared<FeatureNode>();
-    node->name = kept(element.attribute(kName));
-    node->tagName = kept(element.tagName());
+    node->name = keptAttribute(element, kName);
+    node->tagName = kept(element.name());
     node->tag = featureTag(node->tagName);
-    node->nameSpace = kept(element.attribute(kNameSpace));
-    for (QDomElement child = element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        if (child.tagName() == QLatin1String("EnumEntry"))
+    node->nameSpace = keptAttribute(element, kNameSpace);
+    for (pugi::xml_node child = XmlText::firstElement(element); child;
+         child = XmlText::nextElement(child)) {
+        if (child.name() == kEntry)
             node->entries.append(readEntry(child));
         else
             readChild(child, *node);

@@ -1,24 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/XmlDocument.h"
 #include "model/FeatureNode.h"
 
-#include <QSet>
+#include <string_view>
+#include <unordered_map>
 
-class QDomElement;
-
-// Takes the records of nodes out of the DOM of one description. A text that occurs again, as names
-// and keywords do, is kept once, which spares most of the memory and of the time.
+// Takes the records of nodes out of one document, which outlives it. A text that occurs again, as
+// names and keywords do, is kept once, which spares most of the memory and of the time.
 class FeatureNodeReader
 {
 public:
-    FeatureNodePtr read(const QDomElement& element);
+    FeatureNodePtr read(pugi::xml_node element);
 
 private:
-    QString kept(const QString& text);
-    FeatureEnumEntry readEntry(const QDomElement& element);
-    QStringList invalidatorsBefore(const QDomElement& element);
-    void readChild(const QDomElement& child, FeatureNode& node);
+    QString kept(std::string_view utf8);
+    QString keptText(pugi::xml_node element);
+    QString keptAttribute(pugi::xml_node element, const char* name);
+    FeatureEnumEntry readEntry(pugi::xml_node element);
+    QStringList invalidatorsBefore(pugi::xml_node element);
+    void readChild(pugi::xml_node child, FeatureNode& node);
 
-    QSet<QString> m_texts;
+    std::unordered_map<std::string_view, QString> m_texts; // by their bytes in the document
 };

@@ -53,6 +53,8 @@ private slots:
         row("no XML", "Width=640");
         row("cut off", "<RegisterDescription><Category");
         row("100,000 levels", QByteArray("<a>").repeated(100000));
+        row("two roots", "<RegisterDescription/><RegisterDescription/>");
+        row("no root", "<?xml version='1.0'?><!-- nothing -->");
         row("document type", "<!DOCTYPE r><RegisterDescription/>");
         row("levels behind an apostrophe in the document type",
             "<!DOCTYPE r [<!-- it's -->]>" + QByteArray("<a>").repeated(100000) +
@@ -63,18 +65,42 @@ private slots:
     {
         QFETCH(QByteArray, text);
         OBDeviceControl::Init("<RegisterDescription/>", nullptr);
-        QVERIFY(!OBDeviceControl::GetDeviceXml()->documentElement().isNull());
+        QVERIFY(OBDeviceControl::GetDeviceXml()->documentElement());
         MessageGuard::ignoreMessage(QtCriticalMsg, "Create XML pDeviceXml DomDocument Failed");
         OBDeviceControl::Init(text.constData(), nullptr);
-        QVERIFY(OBDeviceControl::GetDeviceXml()->documentElement().isNull());
+        QVERIFY(!OBDeviceControl::GetDeviceXml()->documentElement());
+    }
+
+    void textOfAnElement_data()
+    {
+        const Rows<QByteArray, QString, QString> row("inner", "text", "inOnePiece");
+        row("blanks around it", " \n a b\t", " \n a b\t", "a b");
+        row("only blanks", "  ", "", "");
+        row("CDATA", "<![CDATA[ a<b ]]>", " a<b ", "a<b");
+        row("references", "&lt;&#181;&amp;&quot;", "<µ&\"", "<µ&\"");
+        row("of an entity that nobody declares", "&a;", "&a;", "&a;");
+        row("line breaks", "a\r\nb", "a\nb", "a\nb");
+        row("around a comment", "a<!-- c -->b", "ab", "");
+        row("around an element", "a<i>b<i>c</i></i>d", "abcd", "");
+        row("broken UTF-8", "a\xFF", "a\uFFFD", "a\uFFFD");
+    }
+
+    void textOfAnElement()
+    {
+        QFETCH(QByteArray, inner);
+        XmlDocument document;
+        QVERIFY(document.setContent("<r>" + inner + "</r>"));
+        QTEST(XmlText::of(document.documentElement()), "text");
+        QTEST(XmlText::toString(XmlText::trimmed(document.documentElement())), "inOnePiece");
     }
 
     void nullKeepsTheDescription()
     {
         OBDeviceControl::Init("\xEF\xBB\xBF<RegisterDescription ModelName='x'/>", nullptr);
         OBDeviceControl::Init(nullptr, nullptr);
-        QCOMPARE(OBDeviceControl::GetDeviceXml()->documentElement().attribute("ModelName"_s),
-                 "x"_s);
+        QCOMPARE(
+            XmlText::attribute(OBDeviceControl::GetDeviceXml()->documentElement(), "ModelName"),
+            "x"_s);
     }
 };
 

@@ -5,7 +5,6 @@
 #include "support/LoadedDescription.h"
 #include "support/TestMain.h"
 
-#include <QDomDocument>
 
 using namespace DescriptionBuilder;
 
@@ -24,7 +23,7 @@ QString element(const char* tag, const char* name, const QString& inner = QStrin
 // The index over the elements, with every name of `items` in the tree.
 FeatureDescriptionIndex indexOf(const QString& elements, const QStringList& items)
 {
-    QDomDocument document;
+    XmlDocument document;
     document.setContent(wrap(elements));
     FeatureDescriptionIndex index;
     fillIndex(index, document, [&] { return items; });

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
+#include "device/XmlDocument.h"
 #include "model/CTreeItemValue.h"
 #include "model/FeatureTreeBuilder.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestMain.h"
 
-#include <QDomDocument>
 
 using namespace DescriptionBuilder;
 using Item = ORXPropertyTreeItem;
@@ -36,7 +36,7 @@ void print(const Item& item, int depth, QStringList& lines)
 
 QString printed(const QString& elements, FeatureTreeBuilder& builder)
 {
-    QDomDocument document;
+    XmlDocument document;
     document.setContent(wrap(elements));
     Item root(nullptr, Item::FeatureTreePage);
     builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
@@ -98,7 +98,7 @@ private slots:
             "<Unit> us </Unit>"_s;
         if (!visibility.isEmpty())
             inner += child("Visibility"_s, visibility);
-        QDomDocument document;
+        XmlDocument document;
         document.setContent(wrap(cat("Root", "Control") + cat("Control", "Exposure") +
                                  node(tag, "Exposure"_s, inner)));
         QStringList levels;
@@ -123,7 +123,7 @@ private slots:
 
     void lastMentionWins()
     {
-        QDomDocument document;
+        XmlDocument document;
         document.setContent(wrap(cat("Root", "A B") + cat("A", "Gain") + cat("B", "Gain") +
                                  feature("Float", "Gain")));
         Item root(nullptr, Item::FeatureTreePage);

@@ -2,11 +2,11 @@
 #include "support/FakeHost.h"
 
 #include "device/OBDeviceControl.h"
+#include "device/XmlDocument.h"
 #include "model/FeatureTag.h"
 #include "support/GuiThreadReads.h"
 #include "support/Literals.h"
 
-#include <QDomDocument>
 #include <QRegularExpression>
 
 FakeHost::Feature FakeHost::integerFeature(qint64 value, qint64 minimum, qint64 maximum,
@@ -92,16 +92,16 @@ void FakeHost::set(const QString& name, const Feature& feature)
 
 void FakeHost::serve(const QByteArray& description)
 {
-    QDomDocument document;
+    XmlDocument document;
     document.setContent(description);
-    std::function<void(const QDomElement&)> walk = [&](const QDomElement& parent) {
-        for (QDomElement child = parent.firstChildElement(); !child.isNull();
-             child = child.nextSiblingElement()) {
-            const QString name = child.attribute("Name"_s);
-            if (child.tagName() == QLatin1String("EnumEntry"))
+    std::function<void(pugi::xml_node)> walk = [&](pugi::xml_node parent) {
+        for (pugi::xml_node child = XmlText::firstElement(parent); child;
+             child = XmlText::nextElement(child)) {
+            const QString name = XmlText::attribute(child, "Name");
+            if (XmlText::name(child) == "EnumEntry")
                 continue;
             if (!name.isEmpty())
-                set(name, featureOfTag(featureTag(child.tagName())));
+                set(name, featureOfTag(featureTag(QString::fromUtf8(child.name()))));
             walk(child);
         }
     };

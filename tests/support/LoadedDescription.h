@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/XmlDocument.h"
 #include "model/FeatureDescriptionIndex.h"
 #include "model/FeatureTreeBuilder.h"
 #include "model/ORXPropertyTreeItem.h"
-
-#include <QDomDocument>
 
 #include <functional>
 #include <stdexcept>
 
 // Fills the index from the description, with the items of these names in the tree.
-inline void fillIndex(FeatureDescriptionIndex& index, const QDomDocument& document,
+inline void fillIndex(FeatureDescriptionIndex& index, const XmlDocument& document,
                       const std::function<QStringList()>& itemNames)
 {
     index.GenerateDomElementMap(document.documentElement());
@@ -30,7 +29,7 @@ class LoadedDescription
 public:
     explicit LoadedDescription(const QByteArray& xml)
     {
-        QDomDocument document;
+        XmlDocument document;
         if (!document.setContent(xml))
             throw std::invalid_argument("description does not parse");
         fillIndex(index, document, [this] {

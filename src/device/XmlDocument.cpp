@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "device/XmlDocument.h"
+
+#include "device/XmlLimits.h"
+
+namespace {
+
+bool isText(pugi::xml_node node)
+{
+    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
+
+pugi::xml_node elementFrom(pugi::xml_node node)
+{
+    while (node && node.type() != pugi::node_element)
+        node = node.next_sibling();
+    return node;
+}
+
+} // namespace
+
+bool XmlDocument::setContent(const char* utf8, std::size_t bytes)
+{
+    m_document.reset();
+    m_bLacksRoot = false;
+    if (!XmlLimits::acceptable(utf8, bytes))
+        return false;
+    const pugi::xml_parse_result result =
+        m_document.load_buffer(utf8, bytes, pugi::parse_default, pugi::encoding_utf8);
+    const pugi::xml_node root = m_document.document_element();
+    if (result && root && !XmlText::nextElement(root))
+        return true;
+    m_document.reset();
+    // A text without any tag is no XML.
+    m_bLacksRoot = result.status == pugi::status_no_document_element &&
+                   std::string_view(utf8, bytes).find('<') != std::string_view::npos;
+    return false;
+}
+
+namespace XmlText {
+
+bool isOnePiece(pugi::xml_node element)
+{
+    const pugi::xml_node only = element.first_child();
+    return !only || (isText(only) && !only.next_sibling());
+}
+
+// The nesting is bounded: deeper documents are refused before they are parsed.
+QString of(pugi::xml_node element)
+{
+    if (isOnePiece(element))
+        return QString::fromUtf8(element.first_child().value());
+    QString text;
+    for (const pugi::xml_node child : element)
+        text += isText(child) ? QString::fromUtf8(child.value()) : of(child);
+    return text;
+}
+
+std::string_view trimmed(pugi::xml_node element)
+{
+    constexpr std::string_view kBlanks = " \t\n\v\f\r";
+    if (!isOnePiece(element))
+        return {};
+    const std::string_view text = element.first_child().value();
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+}
+
+QString attribute(pugi::xml_node element, const char* name)
+{
+    return QString::fromUtf8(element.attribute(name).value());
+}
+
+pugi::xml_node firstElement(pugi::xml_node parent)
+{
+    return elementFrom(parent.first_child());
+}
+
+pugi::xml_node nextElement(pugi::xml_node element)
+{
+    return elementFrom(element.next_sibling());
+}
+
+} // namespace XmlText

@@ -67,7 +67,8 @@ std::optional<QString> unescaped(const QString& text)
 
 std::optional<QString> fromUtf8(const QByteArray& bytes)
 {
-    QTextCodec::ConverterState state;
+    // A mark of the byte order is taken off the whole file, once.
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     const QString text =
         QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
     return state.invalidChars == 0 && state.remainingChars == 0 ? std::make_optional(text)
@@ -132,7 +133,8 @@ FeatureFile FeatureFile::parse(const QByteArray& bytes)
         }
         if (text->startsWith(kModel) && file.model.isEmpty())
             file.model = text->mid(kModel.size()).trimmed();
-        if (text->trimmed().isEmpty() || text->startsWith(QLatin1Char('#')))
+        const QString trimmed = text->trimmed();
+        if (trimmed.isEmpty() || trimmed.startsWith(QLatin1Char('#')))
             continue;
         const int tab = text->indexOf(kTab);
         const QString name = text->left(tab).trimmed();

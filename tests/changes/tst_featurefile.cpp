@@ -77,6 +77,31 @@ private slots:
         QCOMPARE(read.lines.at(2).value, "2"_s);
     }
 
+    void linesOfOtherEditors_data()
+    {
+        const Rows<QByteArray, QString> row("bytes", "name");
+        row("byte order mark",
+            "\xEF\xBB\xBF"
+            "A\t1",
+            "A");
+        row("one that stands elsewhere is text",
+            "# x\n\xEF\xBB\xBF"
+            "A\t1",
+            QChar(QChar::ByteOrderMark) + "A"_s);
+        row("comment behind blanks", " \t# B\t2\nA\t1", "A");
+        row("carriage returns", "A\t1\r\n\r\n", "A");
+    }
+
+    void linesOfOtherEditors()
+    {
+        QFETCH(QByteArray, bytes);
+        const FeatureFile file = FeatureFile::parse(bytes);
+        QVERIFY(file.faults.isEmpty());
+        QCOMPARE(file.lines.size(), 1);
+        QTEST(file.lines.first().name, "name");
+        QCOMPARE(file.lines.first().value, "1"_s);
+    }
+
     void faultyLinesAreNamed_data()
     {
         const Rows<QByteArray, int, int> row("bytes", "line", "kind");

@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QTabWidget>
@@ -202,6 +203,12 @@ private slots:
         // What a selector is moved for cannot be edited meanwhile.
         QVERIFY(!m_window->item(kTree, "TriggerSelector")->value()->enabled());
         OBFT_TRY_VERIFY(dialog()->summary().contains("were saved"_s));
+        // The list's style sheet, above the dialog's parents, takes no colours away.
+        const auto textColor = [](const QWidget* widget) {
+            return widget->palette().color(QPalette::WindowText);
+        };
+        QCOMPARE(textColor(dialog()->findChild<QLabel*>("FeatureFileSummary"_s)),
+                 textColor(m_window->widget()));
         QVERIFY(m_window->item(kTree, "TriggerSelector")->value()->enabled());
         QCOMPARE(read("TriggerSelector"), selector);
 

@@ -56,7 +56,7 @@ void tell(ValueWatch* watch)
 // For each item; what it takes without the watch stands beside it.
 void BM_Watched(benchmark::State& state)
 {
-    LoadedDescription description(
+    static const LoadedDescription description(
         DescriptionBuilder::generate(DescriptionBuilder::Size::ofFeatures(4000)));
     const Integers items = integersOf(description.builder.AllTreeItemsMap());
     ValueWatch watch;

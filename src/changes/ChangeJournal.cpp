@@ -5,6 +5,8 @@
 
 #include <QDateTime>
 
+#include <utility>
+
 ChangeJournal::ChangeJournal(const ItemOf& itemOf, const IsPolled& isPolled, QObject* parent)
     : QAbstractTableModel(parent)
     , m_itemOf(itemOf)
@@ -15,6 +17,7 @@ ChangeJournal::ChangeJournal(const ItemOf& itemOf, const IsPolled& isPolled, QOb
 void ChangeJournal::append(const QVector<ValueChange>& changes)
 {
     QVector<Line> fresh;
+    fresh.reserve(changes.size());
     for (const ValueChange& change : changes) {
         const bool counts = change.cause == ValueChange::Cause::Camera && m_isPolled(change.name);
         const auto known = counts ? m_polled.constFind(change.name) : m_polled.constEnd();
@@ -36,8 +39,8 @@ void ChangeJournal::append(const QVector<ValueChange>& changes)
     if (fresh.isEmpty())
         return;
     beginInsertRows({}, 0, fresh.size() - 1);
-    for (const Line& line : qAsConst(fresh))
-        m_lines.push_back(line);
+    for (Line& line : fresh)
+        m_lines.push_back(std::move(line));
     endInsertRows();
     const int surplus = rowCount() - kMaxLines;
     if (surplus <= 0)

@@ -19,6 +19,9 @@ constexpr int kRightMargin = 6;
 constexpr int kHitsFontSize = 11;
 constexpr int kHitsHeight = 18;
 constexpr int kHitsPadding = 7;
+constexpr int kDotSize = 6;
+constexpr int kDotGap = 4;
+constexpr int kDotSpace = 18;
 
 QColor colour(const char* key)
 {
@@ -57,6 +60,16 @@ int paintHits(QPainter* painter, const QRect& row, int right, int hits)
     return mark.left();
 }
 
+// Paints the dot that ends at `right`.
+void paintDot(QPainter* painter, const QRect& row, int right)
+{
+    QRectF dot(0, 0, kDotSize, kDotSize);
+    dot.moveCenter(QPointF(right - kDotSize / 2.0, row.center().y() + 0.5));
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(colour("StyledCtlColor_Accent"));
+    painter->drawEllipse(dot);
+}
+
 } // namespace
 
 CFeatureGroupDelegate::CFeatureGroupDelegate(QObject* parent)
@@ -88,6 +101,11 @@ void CFeatureGroupDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
         row.adjusted(page ? kPageLeft : kGroupLeft, 0, page ? -kArrowSpace : -kRightMargin, 0);
     if (hits > 0)
         text.setRight(paintHits(painter, row, text.right(), hits) - kRightMargin);
+    const bool shows = !page || !(option.state & QStyle::State_Open); // else its groups do
+    if (model && shows && model->hasDot(index)) {
+        paintDot(painter, row, text.right() - kDotGap);
+        text.setRight(text.right() - kDotSpace);
+    }
     painter->setFont(ZELCustom::font(kFontSize, page ? QFont::DemiBold : QFont::Normal));
     painter->setPen(searching && hits == 0 ? colour("ORXPropertyTreeModelColor_Foreground")
                                            : index.data(Qt::ForegroundRole).value<QColor>());

@@ -4,7 +4,8 @@
 #include <QStyledItemDelegate>
 
 // Paints the rows of the side column: pages in bold with an arrow, groups indented, the current
-// group with a bar. While a search is on, rows with hits show their number and the others step
+// group with a bar. A group with a change that was not seen has a dot; a closed page has it for
+// its groups. While a search is on, rows with hits show their number and the others step
 // back. Owned by its view; GUI thread.
 class CFeatureGroupDelegate : public QStyledItemDelegate
 {

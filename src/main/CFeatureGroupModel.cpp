@@ -88,6 +88,49 @@ int CFeatureGroupModel::hitCount() const
     return hits;
 }
 
+void CFeatureGroupModel::setDot(const ORXPropertyTreeItem* group, bool dot)
+{
+    if (m_dots.contains(group) == dot)
+        return;
+    if (dot)
+        m_dots.insert(group);
+    else
+        m_dots.remove(group);
+    for (int row = 0; row < m_pages.size(); ++row) {
+        const QModelIndex index = groupIndex(row, group);
+        if (!index.isValid())
+            continue;
+        emit dataChanged(index, index);
+        emit dataChanged(index.parent(), index.parent());
+        return;
+    }
+}
+
+void CFeatureGroupModel::clearDots()
+{
+    if (m_dots.isEmpty())
+        return;
+    m_dots.clear();
+    refreshTexts();
+}
+
+bool CFeatureGroupModel::hasDot(const QModelIndex& index) const
+{
+    if (m_dots.isEmpty() || !index.isValid())
+        return false;
+    for (int row = 0; row < rowCount(index); ++row) {
+        if (m_dots.contains(itemFromIndex(index)->child(row)))
+            return true;
+    }
+    return m_dots.contains(itemFromIndex(index));
+}
+
+QString CFeatureGroupModel::name(const ORXPropertyTreeItem& item) const
+{
+    return ORXInterface::language() == QLatin1String("CH") ? item.value()->translateName()
+                                                           : item.value()->displayName();
+}
+
 QModelIndex CFeatureGroupModel::index(int row, int column, const QModelIndex& parent) const
 {
     if (row < 0 || column != 0)
@@ -134,8 +177,9 @@ QVariant CFeatureGroupModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-        return ORXInterface::language() == QLatin1String("CH") ? item->value()->translateName()
-                                                               : item->value()->displayName();
+        return name(*item);
+    case Qt::AccessibleTextRole:
+        return hasDot(index) ? tr("%1, changed").arg(name(*item)) : name(*item);
     case Qt::TextAlignmentRole:
         return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::ForegroundRole:

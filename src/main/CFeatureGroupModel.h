@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModel>
 #include <QHash>
+#include <QSet>
 #include <QVector>
 
 // One page of the side column: its root and the tab it stands for.
@@ -39,6 +40,12 @@ public:
     // The hits have changed with the visibility of items.
     void forgetHits();
 
+    // Marks a group as one with a change that the user has not seen.
+    void setDot(const ORXPropertyTreeItem* group, bool dot);
+    void clearDots();
+    // Of a group; of a page, whether any of its groups has one.
+    bool hasDot(const QModelIndex& index) const;
+
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -48,8 +55,10 @@ public:
 
 private:
     int rowOfRoot(const ORXPropertyTreeItem* item) const;
+    QString name(const ORXPropertyTreeItem& item) const;
 
     QVector<FeaturePage> m_pages;
+    QSet<const ORXPropertyTreeItem*> m_dots; // groups. Not owned, only compared.
     bool m_bSearching = false;
     mutable QHash<const ORXPropertyTreeItem*, int> m_hits; // counted so far
 };

@@ -35,6 +35,7 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     , m_pModel(new CFeatureGroupModel(m_pages, this))
     , m_pDelegate(new CFeatureGroupDelegate(this))
     , m_rows(this, m_pModel, m_pages)
+    , m_dots(&m_rows, m_pModel)
 {
     setModel(m_pModel);
     setItemDelegate(m_pDelegate);
@@ -141,6 +142,8 @@ void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
         if (!group || group->itemType() == ORXPropertyTreeItem::FavoritesGroup)
             continue;
         m_rows.updateGroup(row, *group);
+        if (!group->visible())
+            m_dots.look(group);
         ResetRootVisible(m_pages.at(row).root, row);
         if (row == m_nShownPage && !m_keepTimer.isActive())
             m_keepTimer.start();
@@ -190,10 +193,16 @@ void CFeatureGroupTreeView::showGroup(int pageRow, const QModelIndex& group)
     for (ORXPropertyTreeItem* each : groups)
         SetItemGroupVisible(each, each == shown);
     shown->setExpanded(true, m_lCameraID);
+    m_dots.look(shown);
     if (m_shownGroups.value(pageRow) == shown)
         return;
     m_shownGroups.insert(pageRow, shown);
     emit SigGroupChanged(m_pages.at(pageRow).type);
+}
+
+void CFeatureGroupTreeView::noteChanges(const QVector<ORXPropertyTreeItem*>& items)
+{
+    m_dots.noteChanged(items, m_shownGroups.value(m_nShownPage));
 }
 
 // Groups come and go with what is read. What the user selected is not forgotten: the page comes

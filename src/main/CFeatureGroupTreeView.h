@@ -2,6 +2,7 @@
 #pragma once
 
 #include "main/CFeatureGroupModel.h"
+#include "main/GroupDots.h"
 #include "main/GroupPlaces.h"
 #include "main/GroupRows.h"
 #include "model/IORXFeatureNotify.h"
@@ -47,6 +48,10 @@ public:
     // Whether a tab's page has a group to show.
     bool isPageShown(int tabIndex) const;
     void retranslate();
+    // The values of these have changed; groups that are not shown say so until they are. See
+    // GroupDots.
+    void noteChanges(const QVector<ORXPropertyTreeItem*>& items);
+    void forgetChanges() { m_dots.clear(); }
 
     void itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool visible) override;
 
@@ -84,6 +89,7 @@ private:
     CFeatureGroupModel* m_pModel;       // Owned (child).
     CFeatureGroupDelegate* m_pDelegate; // Owned (child).
     GroupRows m_rows;
+    GroupDots m_dots;
     GroupPlaces m_places;
     QMap<int, const ORXPropertyTreeItem*> m_shownGroups; // by page row. Not owned.
     int m_nShownPage = 0;                                // its row

@@ -30,6 +30,9 @@ CameraColumn::CameraColumn(qint64 cameraId, ORXFeatureTree* tree, FeaturePages* 
             changed->scrollToTop();
     });
     connect(groups, &QWidget::customContextMenuRequested, this, &CameraColumn::showMenu);
+    connect(tree->valueWatch(), &ValueWatch::SigChanged, this, &CameraColumn::noteChanges);
+    connect(tree->changeMarks(), &ChangeMarks::SigCleared, m_pGroup->groupView(),
+            &CFeatureGroupTreeView::forgetChanges);
     connect(m_pGroup, &ORXFeatureGroup::SigSearched, this, &CameraColumn::afterSearch);
     connect(m_pGroup, &ORXFeatureGroup::SigGoToHits, this, [this] { goToHit(false); });
     connect(m_pGroup, &ORXFeatureGroup::SigNextHit, this, [this] { goToHit(true); });
@@ -110,6 +113,24 @@ void CameraColumn::showMenu(const QPoint& position)
     const ORXPropertyTreeItem* item = CFeatureGroupModel::itemFromIndex(groups->indexAt(position));
     if (m_pTree && item && item->itemType() == ORXPropertyTreeItem::FavoritesGroup)
         m_pTree->showFavoritesMenu(groups->viewport()->mapToGlobal(position));
+}
+
+// What is polled and changes of itself would keep its group's dot for ever, and say nothing with
+// it.
+void CameraColumn::noteChanges(const QVector<ValueChange>& changes)
+{
+    if (!m_pTree)
+        return;
+    const FeatureDescriptionIndex& index = m_pTree->descriptionIndex();
+    QVector<ORXPropertyTreeItem*> items;
+    for (const ValueChange& change : changes) {
+        const bool isRestless =
+            change.cause == ValueChange::Cause::Camera && index.pollingMap().contains(change.name);
+        if (ChangeMarks::isMarked(change) && !isRestless)
+            items.append(change.item);
+    }
+    if (!items.isEmpty())
+        m_pGroup->groupView()->noteChanges(items);
 }
 
 void CameraColumn::afterFirstRead()

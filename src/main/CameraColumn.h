@@ -6,6 +6,7 @@
 #include <QPointer>
 
 class FeaturePages;
+struct ValueChange;
 class ORXFeatureGroup;
 class ORXFeatureTree;
 class ORXFeatureTreeView;
@@ -40,6 +41,7 @@ private:
     void afterSearch(const QString& text);
     void goToHit(bool next);
     void showMenu(const QPoint& position);
+    void noteChanges(const QVector<ValueChange>& changes);
 
     qint64 m_lCameraID;
     QPointer<ORXFeatureTree> m_pTree; // Not owned.

@@ -73,6 +73,7 @@ void FeaturePages::showCamera(ORXFeatureTree* tree, qint64 key, int tab)
 {
     IORXFeatureWidget* page = curatedPage(tab);
     page->setIsCanEdit(tree->isCanEdit());
+    page->treeView()->setMarks(tree->changeMarks());
     page->resetCamaraID(key);
     if (page == m_pImagePage)
         m_pImagePage->afterCurrentTabShow();

@@ -3,6 +3,7 @@
 
 #include "basetools/ORXInterface.h"
 #include "changes/ChangesPanel.h"
+#include "changes/TrendPanel.h"
 #include "device/HostCaller.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
@@ -293,6 +294,8 @@ ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
         auto* changes = new ChangesPanel(tree, tree);
         tree->infoTabs()->addPanel(
             changes, [] { return ChangesPanel::tr("Changes"); }, changes->actions());
+        tree->infoTabs()->addPanel(new TrendPanel(tree, tree),
+                                   [] { return TrendPanel::tr("Trend"); });
         connect(changes, &ChangesPanel::SigShowFeature, this,
                 [this, cameraId](const QString& name) {
                     if (CameraColumn* shown = m_columns.value(cameraId, nullptr))

@@ -23,6 +23,7 @@ FeatureRowsView::FeatureRowsView(ORXPropertyTreeItem::ParentType type, QWidget* 
     , m_rows(this, m_pModel, &m_editors, type)
     , m_focus(this, &m_editors, m_pDelegate)
     , m_favoriteMoves(this, m_pModel, m_pDelegate)
+    , m_markedRows(this, m_pModel, m_pDelegate, &m_editors)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setFrameShape(QFrame::NoFrame);

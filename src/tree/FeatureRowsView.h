@@ -3,6 +3,7 @@
 
 #include "model/ORXPropertyTreeItem.h"
 #include "tree/FavoriteMoves.h"
+#include "tree/MarkedRows.h"
 #include "tree/OpenEditors.h"
 #include "tree/RowFocus.h"
 #include "tree/RowVisibility.h"
@@ -18,7 +19,7 @@ class ORXPropertyTreeModel;
 //
 // What it does is divided: OpenEditors (which editors are open), RowVisibility (which rows are
 // hidden), RowFocus (rows, editors and the keyboard), FavoriteMoves (dragging), ShownFeatures (what
-// the user has before him). The view passes Qt's events on to them.
+// the user has before him), MarkedRows (marks of changes). The view passes Qt's events on to them.
 //
 // With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
 // editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The
@@ -39,6 +40,8 @@ public:
     // Hides and shows the rows of `item` and below by the items' own flags.
     void updateRowsVisible(ORXPropertyTreeItem* item, bool visible);
     void updateAllEditorData();
+    // The marks that the rows carry; null for none. Not owned.
+    void setMarks(const ChangeMarks* marks) { m_markedRows.setMarks(marks); }
     // Forgets where a dragged favourite would land.
     void clearDelegateInfo();
     void setIsCanEdit(bool canEdit);
@@ -106,6 +109,7 @@ private:
     RowVisibility m_rows;
     RowFocus m_focus;
     FavoriteMoves m_favoriteMoves;
+    MarkedRows m_markedRows;
     ShownFeatures m_shownFeatures;
     QStringList m_toldInSight;
 };

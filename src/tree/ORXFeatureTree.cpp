@@ -39,8 +39,10 @@ ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     , m_reading(m_index, this)
     , m_autoTrigger(this)
     , m_edits(this, m_reading, *m_pMessages, m_overlay)
+    , m_marks(&m_watch)
 {
     setCameraID(cameraId);
+    treeView()->setMarks(&m_marks);
     buildLayout();
     connectSignals();
     connectReading();
@@ -172,6 +174,7 @@ void ORXFeatureTree::createItems()
     m_pDescription->showItem(nullptr);
     m_builder.createItems(root, m_index.nodes(), treeView());
     setRootItem(cameraID(), root);
+    m_marks.clear();
     m_watch.watch(AllTreeItemsMap().values().toVector());
     treeView()->resetData(cameraID(), root);
     treeView()->expandAll();
@@ -195,6 +198,7 @@ void ORXFeatureTree::removeCameraID(qint64 cameraId)
         m_autoTrigger.stopAndWait();
         m_pDescription->showItem(nullptr);
         m_pFavorites->forgetItems();
+        m_marks.clear();
         m_watch.watch({});
         m_builder.clear();
     }
@@ -383,6 +387,7 @@ void ORXFeatureTree::OnCameraClose()
     m_autoTrigger.stopAndWait();
     // Without a camera nothing would hide it any more.
     m_overlay.hide();
+    m_marks.clear();
     treeView()->clearModelInfo();
     setCameraID(-1);
     m_pDescription->showItem(nullptr);
@@ -437,6 +442,7 @@ bool ORXFeatureTree::setFeatureValue(ORXPropertyTreeItem* item, const QVariant& 
 void ORXFeatureTree::afterDeviceReset()
 {
     m_autoTrigger.stop();
+    m_marks.clear();
     ClearTreeViewInfo();
     setIsCanEdit(false);
 }

@@ -6,6 +6,7 @@
 #include "model/FeatureTreeBuilder.h"
 #include "reading/FeatureReadingControl.h"
 #include "tree/AutoSoftwareTrigger.h"
+#include "tree/ChangeMarks.h"
 #include "tree/FeatureEdits.h"
 #include "tree/FeatureFavorites.h"
 #include "tree/FeatureLoadingOverlay.h"
@@ -55,6 +56,8 @@ public:
     ValueWatch* valueWatch() { return &m_watch; }
     // Rows that cannot be edited while a selector stands elsewhere; see SelectorRowsLock.
     LockedRows* lockedRows() { return &m_lockedRows; }
+    // The marks of its rows, for every page that shows them.
+    ChangeMarks* changeMarks() { return &m_marks; }
     // Where the description stands, with room for more.
     FeatureInfoTabs* infoTabs() const { return m_pInfoTabs; }
     // The strip that shows the user's name for the device; not owned, may be null.
@@ -229,4 +232,5 @@ private:
     AutoSoftwareTrigger m_autoTrigger;
     FeatureEdits m_edits;
     ValueWatch m_watch;
+    ChangeMarks m_marks;
 };

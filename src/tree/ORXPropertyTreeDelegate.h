@@ -29,6 +29,8 @@ public:
     void setCurMoveItem(const ORXPropertyTreeItem* item, bool below = false);
     // Forgets the row that shows the drop line.
     void clearInfo();
+    // The marks of changes that the rows carry; null for none. Not owned.
+    void setMarks(const ChangeMarks* marks) { m_rowPainter.setMarks(marks); }
     // Whether the item's editors can be used now; a page may still disable its own.
     bool isUsable(const ORXPropertyTreeItem& item) const;
 

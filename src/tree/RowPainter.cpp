@@ -4,6 +4,7 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustom.h"
+#include "tree/ChangeMarks.h"
 #include "tree/editors/EditorKinds.h"
 
 #include <QApplication>
@@ -17,6 +18,9 @@ constexpr int kCategoryOverhang = 50; // a category's name reaches into the valu
 constexpr int kUnitGap = 12;
 constexpr int kNoValueLeft = 14; // where the text of an editor begins
 constexpr int kNoValueRight = 10;
+constexpr int kMarkLeft = 7; // clear of the bar of the current row
+constexpr int kMarkWidth = 4;
+constexpr int kMarkInset = 8;
 
 bool isCategory(const ORXPropertyTreeItem& item)
 {
@@ -77,6 +81,33 @@ void RowPainter::setDropLine(const ORXPropertyTreeItem* item, bool below)
     m_bDropBelow = below;
 }
 
+void RowPainter::setMarks(const ChangeMarks* marks)
+{
+    m_pMarks = marks;
+}
+
+// Near the left edge of the view, whatever the depth of the row.
+QRect RowPainter::markPlace(const QRect& row)
+{
+    return {kMarkLeft, row.top() + kMarkInset, kMarkWidth, row.height() - 2 * kMarkInset};
+}
+
+void RowPainter::paintMark(QPainter* painter, const QRect& row,
+                           const ORXPropertyTreeItem& item) const
+{
+    const qreal strength = m_pMarks ? m_pMarks->strength(&item) : 0;
+    if (strength <= 0)
+        return;
+    QColor colour = ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Accent"));
+    colour.setAlphaF(strength);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(colour);
+    painter->drawRoundedRect(markPlace(row), kMarkWidth / 2.0, kMarkWidth / 2.0);
+    painter->restore();
+}
+
 void RowPainter::paint(QPainter* painter, const QStyleOptionViewItem& cell,
                        const ORXPropertyTreeItem& item, int column) const
 {
@@ -105,6 +136,8 @@ void RowPainter::paint(QPainter* painter, const QStyleOptionViewItem& cell,
                   item.value()->unit());
     if (column == 1 && !item.wasRead() && EditorKinds::of(item.tag()))
         paintNoValue(painter, shifted);
+    if (column == 0)
+        paintMark(painter, cell.rect, item);
     if (&item == m_pDropItem)
         paintDropLine(painter, cell);
 }

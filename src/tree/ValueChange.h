@@ -4,6 +4,8 @@
 #include <QString>
 #include <QVariant>
 
+class ORXPropertyTreeItem;
+
 // A value that a read found changed, or a command that was executed.
 struct ValueChange
 {
@@ -20,4 +22,8 @@ struct ValueChange
     Cause cause = Cause::Camera;
     QString causedBy; // the written feature; of Follows
     qint64 when = 0;  // milliseconds since 1970
+    // By ValueWatch::steadyMs(): when it was read, and since when `before` had stood.
+    qint64 steadyMs = 0;
+    qint64 beforeSinceMs = 0;
+    ORXPropertyTreeItem* item = nullptr; // Not owned; lives while the change is told.
 };

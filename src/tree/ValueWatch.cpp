@@ -6,10 +6,34 @@
 
 #include <QDateTime>
 
+#include <chrono>
+#include <cmath>
 #include <utility>
+
+namespace {
+
+qint64 monotonicMs()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+// What is not a number stays what it is.
+bool areSame(const QVariant& a, const QVariant& b)
+{
+    const auto isNan = [](const QVariant& value) {
+        const bool isReal =
+            value.userType() == QMetaType::Float || value.userType() == QMetaType::Double;
+        return isReal && std::isnan(value.toDouble());
+    };
+    return a == b || (isNan(a) && isNan(b));
+}
+
+} // namespace
 
 ValueWatch::ValueWatch(QObject* parent)
     : QObject(parent)
+    , m_clock(&monotonicMs)
 {
     connect(this, &ValueWatch::SigRead, this, &ValueWatch::takeReads, Qt::QueuedConnection);
 }
@@ -23,7 +47,7 @@ void ValueWatch::watch(const QVector<ORXPropertyTreeItem*>& items)
 {
     forget();
     for (ORXPropertyTreeItem* item : items) {
-        m_known.insert(item, {item->value()->nodeName(0), QVariant()});
+        m_known.insert(item, {item->value()->nodeName(0), {}});
         item->registerView(this);
     }
 }
@@ -58,7 +82,26 @@ void ValueWatch::noteExecuted(const QString& command)
     change.name = command;
     change.cause = ValueChange::Cause::Executed;
     change.when = QDateTime::currentMSecsSinceEpoch();
+    change.steadyMs = steadyMs();
     emit SigChanged({change});
+}
+
+ValueWatch::Held ValueWatch::held(ORXPropertyTreeItem* item) const
+{
+    const auto known = m_known.constFind(item);
+    return known == m_known.constEnd() ? Held() : known->held;
+}
+
+qint64 ValueWatch::steadyMs() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_clock();
+}
+
+void ValueWatch::setClock(const Clock& clock)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_clock = clock;
 }
 
 void ValueWatch::itemValueChanged(qint64, ORXPropertyTreeItem* item, int column, bool)
@@ -72,7 +115,7 @@ void ValueWatch::itemValueChanged(qint64, ORXPropertyTreeItem* item, int column,
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         first = m_reads.isEmpty();
-        m_reads.append({item, std::move(value)});
+        m_reads.append({item, std::move(value), m_clock()});
     }
     if (first)
         emit SigRead(QPrivateSignal());
@@ -89,14 +132,17 @@ void ValueWatch::takeReads()
     QVector<ValueChange> changes;
     for (const Read& read : qAsConst(reads)) {
         const auto known = m_known.find(read.item);
-        if (known == m_known.end() || known->value == read.value)
+        if (known == m_known.end() || areSame(known->held.value, read.value))
             continue;
-        const QVariant before = std::exchange(known->value, read.value);
-        if (!before.isValid())
+        const Held before = std::exchange(known->held, {read.value, read.steadyMs});
+        if (!before.value.isValid())
             continue;
         ValueChange change;
         change.name = known->name;
-        change.before = before;
+        change.before = before.value;
+        change.beforeSinceMs = before.sinceMs;
+        change.steadyMs = read.steadyMs;
+        change.item = read.item;
         change.now = read.value;
         change.causedBy = m_causes.value(known->name);
         change.cause = change.causedBy.isEmpty()        ? ValueChange::Cause::Camera

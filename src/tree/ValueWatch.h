@@ -8,15 +8,18 @@
 #include <QObject>
 #include <QVector>
 
+#include <functional>
 #include <mutex>
 
 // Finds out which values of a tree's items change, and why: for the marks in the rows, the journal
 // and the trend. Reads nothing from the host. The first value that is read of a feature is no
-// change. Owned by the tree.
+// change. A value that is read again and has not changed is not told at all: it stands until a
+// change says otherwise. Owned by the tree.
 //
 // | operation                         | thread                     | lock                        |
 // |-----------------------------------|----------------------------|-----------------------------|
 // | itemValueChanged                  | GUI or reading             | its own, below item state   |
+// | steadyMs, setClock                | any                        | its own, inside             |
 // | everything else                   | GUI                        | its own for moments, inside |
 class ValueWatch : public QObject, public IORXFeatureNotify
 {
@@ -35,6 +38,20 @@ public:
     void noteRereadEnded();
     void noteExecuted(const QString& command);
 
+    // A value as it was read last, and since when it has stood; invalid until it was read.
+    struct Held
+    {
+        QVariant value;
+        qint64 sinceMs = 0; // by steadyMs()
+    };
+    Held held(ORXPropertyTreeItem* item) const;
+
+    // Milliseconds on a clock that nobody sets back; only differences mean something.
+    qint64 steadyMs() const;
+    // Another source for them, which is asked on every thread that reads.
+    using Clock = std::function<qint64()>;
+    void setClock(const Clock& clock);
+
     void itemValueChanged(qint64 cameraId, ORXPropertyTreeItem* item, int column,
                           bool needRecreateEditor) override;
 
@@ -49,16 +66,18 @@ private:
     {
         ORXPropertyTreeItem* item; // Not owned; one of m_known.
         QVariant value;
+        qint64 steadyMs;
     };
     struct Known
     {
         QString name;
-        QVariant value; // invalid until it was read
+        Held held;
     };
     void forget();
     void takeReads();
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
+    Clock m_clock;                              // guarded by m_mutex
     QVector<Read> m_reads;                      // guarded by m_mutex
     QHash<ORXPropertyTreeItem*, Known> m_known; // GUI thread only
     QHash<QString, QString> m_causes;           // invalidated feature -> written one

@@ -5,7 +5,9 @@
 #include "basetools/ORXInterface.h"
 #include "model/CTreeItemValue.h"
 #include "model/IORXFeatureNotify.h"
+#include "styledctl/ZELCustom.h"
 #include "support/LoadedDescription.h"
+#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QAbstractItemModelTester>
@@ -303,6 +305,84 @@ private slots:
         recorder.log.clear();
         pages.view->SetSearchText("gain"_s);
         QCOMPARE(recorder.log, words("Gain+ GainAuto+"));
+    }
+
+    // Until the group is shown. What the shown group shows was seen.
+    void aChangeLeavesADot_data()
+    {
+        const Rows<int, QString, QStringList> row("shown", "changed", "dotted");
+        row("in another group", Analog, "ExposureTime", "AcquisitionControl");
+        row("in the shown group", Acquisition, "ExposureTime", "");
+        row("in the shown group and on another page", Analog, "Gain", "");
+        row("on two pages", Device, "Gain", "AnalogControl GroupGain");
+        row("below a branch", Device, "BlackLevel", "AnalogControl");
+        row("of a feature that does not show", Analog, "ExposureMode", "");
+    }
+
+    void aChangeLeavesADot()
+    {
+        QFETCH(int, shown);
+        QFETCH(QString, changed);
+        QFETCH(QStringList, dotted);
+        Pages pages;
+        const auto* model = static_cast<const CFeatureGroupModel*>(pages.view->model());
+        const auto dots = [&] {
+            QStringList names;
+            for (int page = 0; page < model->rowCount(); ++page) {
+                for (int row = 0; row < model->rowCount(pages.page(page)); ++row) {
+                    const QModelIndex group = pages.group(page, row);
+                    if (model->hasDot(group))
+                        names.append(
+                            CFeatureGroupModel::itemFromIndex(group)->value()->nodeName(0));
+                }
+            }
+            return names;
+        };
+        pages.item("ExposureMode")->setVisible(false, kCamera);
+        pages.view->OnChangedIndex(pages.group(0, shown));
+        QSignalSpy told(model, &QAbstractItemModel::dataChanged);
+        pages.view->noteChanges({pages.item(qPrintable(changed))});
+        QCOMPARE(dots(), dotted);
+        // Of each group and its page, and only for the first change.
+        QCOMPARE(told.size(), 2 * dotted.size());
+        pages.view->noteChanges({pages.item(qPrintable(changed))});
+        QCOMPARE(told.size(), 2 * dotted.size());
+        QCOMPARE(model->hasDot(pages.page(1)), dotted.contains("GroupGain"_s));
+
+        pages.view->OnChangedIndex(pages.group(0, Analog));
+        dotted.removeOne("AnalogControl"_s);
+        QCOMPARE(dots(), dotted);
+        pages.view->forgetChanges();
+        QCOMPARE(dots(), QStringList());
+    }
+
+    void dotsAreSeenAndReadAloud()
+    {
+        Pages pages;
+        const QAbstractItemModel* model = pages.view->model();
+        pages.view->OnChangedIndex(pages.group(0, Device));
+        const auto shows = [&](const QModelIndex& row) {
+            const QRect place = pages.view->visualRect(row);
+            const QImage image = pages.view->viewport()->grab(place).toImage();
+            const QColor accent = ZELCustom::getDataBaseColor("StyledCtlColor_Accent"_s);
+            for (int x = image.width() / 2; x < image.width(); ++x) {
+                if (image.pixelColor(x, image.height() / 2) == accent)
+                    return true;
+            }
+            return false;
+        };
+        QVERIFY(!shows(pages.group(0, Analog)) && !shows(pages.page(1)));
+        pages.view->noteChanges({pages.item("Gain")});
+        QVERIFY(shows(pages.group(0, Analog)) && shows(pages.page(1)));
+        QVERIFY(!shows(pages.page(0))); // its groups do
+        QVERIFY(!shows(pages.group(0, Acquisition)));
+        QCOMPARE(model->data(pages.group(0, Analog), Qt::AccessibleTextRole).toString(),
+                 "AnalogControl, changed"_s);
+        QCOMPARE(model->data(pages.group(0, Acquisition), Qt::AccessibleTextRole).toString(),
+                 "AcquisitionControl"_s);
+        // A group that nobody can look at any more does not keep its page's dot.
+        pages.item("Gain")->setVisible(false, kCamera);
+        QTRY_VERIFY(!shows(pages.page(1)));
     }
 };
 

@@ -912,4 +912,46 @@ Arrow keys move it, with Shift they resize it. Escape takes a drag back.</source
         <translation>应用</translation>
     </message>
 </context>
+<context>
+    <name>TrendPanel</name>
+    <message>
+        <source>Trend</source>
+        <translation>趋势</translation>
+    </message>
+    <message>
+        <source>Trend of %1</source>
+        <translation>%1 的趋势</translation>
+    </message>
+    <message>
+        <source>Select a feature with a number.</source>
+        <translation>请选择数值类参数。</translation>
+    </message>
+    <message>
+        <source>Nothing was read yet.</source>
+        <translation>尚未读取。</translation>
+    </message>
+    <message>
+        <source>-%1 min</source>
+        <translation>-%1 分钟</translation>
+    </message>
+    <message>
+        <source>-%1 s</source>
+        <translation>-%1 秒</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>现在</translation>
+    </message>
+    <message>
+        <source>min %1   mean %2   max %3</source>
+        <translation>最小 %1   平均 %2   最大 %3</translation>
+    </message>
+</context>
+<context>
+    <name>CFeatureGroupModel</name>
+    <message>
+        <source>%1, changed</source>
+        <translation>%1，有变更</translation>
+    </message>
+</context>
 </TS>

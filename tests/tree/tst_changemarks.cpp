@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "tree/ChangeMarks.h"
+
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "styledctl/ZELCustom.h"
+#include "support/Rows.h"
+#include "tree/FeatureTreeTest.h"
+#include "tree/ORXPropertySpinBox.h"
+#include "tree/RowPainter.h"
+
+#include <QPaintEvent>
+
+#include <atomic>
+
+namespace {
+
+// What is painted of a widget.
+class PaintedRegion : public QObject
+{
+public:
+    explicit PaintedRegion(QWidget* widget) { widget->installEventFilter(this); }
+    QRegion region;
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            region += static_cast<QPaintEvent*>(event)->region();
+            ++count;
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+class TestChangeMarks : public FeatureTreeTest
+{
+    Q_OBJECT
+
+private:
+    void prepare() override
+    {
+        FeatureTreeTest::prepare();
+        m_now = 1000;
+        m_tree->valueWatch()->setClock([this] { return m_now.load(); });
+    }
+    ChangeMarks* marks() const { return m_tree->changeMarks(); }
+    QWidget* viewport() const { return m_tree->treeView()->viewport(); }
+    // The features whose rows carry a mark.
+    QStringList marked() const
+    {
+        QStringList names;
+        const auto& items = m_tree->AllTreeItemsMap();
+        for (auto each = items.begin(); each != items.end(); ++each) {
+            if (marks()->strength(each.value()) > 0)
+                names.append(each.key());
+        }
+        return names;
+    }
+    // Has a value change at the camera, and the window read it.
+    void change(const char* name, qint64 value)
+    {
+        m_host.set(QString::fromLatin1(name), FakeHost::integerFeature(value, 0, 4096, 1));
+        m_tree->RefreshFeatures();
+        QTRY_COMPARE(item(name)->value()->value(), QVariant(value));
+        QTRY_COMPARE(marks()->strength(item(name)), 1.0);
+        QTRY_VERIFY(!m_tree->isReading());
+    }
+    QRect rowOf(Item* of) const
+    {
+        return m_tree->treeView()->visualRect(
+            m_tree->treeView()->treeModel()->indexFromItem(of, 0));
+    }
+    QColor colourOf(const char* name)
+    {
+        const QPoint at = RowPainter::markPlace(rowOf(item(name))).center();
+        return viewport()->grab().toImage().pixelColor(at);
+    }
+
+    std::atomic<qint64> m_now{0};
+
+private slots:
+    void whatTheUserDidNotDoHimself_data()
+    {
+        const Rows<QString, QString, QStringList> row("write", "value", "marked");
+        row("the camera", "", "", "Height");
+        row("it follows from an edit", "Width", "640", "Height");
+        row("a command", "TriggerSoftware", "", "Height");
+    }
+
+    void whatTheUserDidNotDoHimself()
+    {
+        QFETCH(QString, write);
+        QFETCH(QString, value);
+        QFETCH(QStringList, marked);
+        readOnce();
+        QCOMPARE(this->marked(), QStringList()); // the first read changes nothing
+        m_host.set("Height"_s, FakeHost::integerFeature(480, 0, 4096, 1));
+        if (!write.isEmpty())
+            QVERIFY(m_tree->setFeatureValue(m_tree->propertyItemByName(write)->tagName(), write,
+                                            value));
+        else
+            m_tree->RefreshFeatures();
+        if (write == "TriggerSoftware"_s)
+            m_tree->RefreshFeatures();
+        QTRY_COMPARE(this->marked(), marked);
+        if (!value.isEmpty())
+            QTRY_COMPARE(item("Width")->value()->value(), QVariant(value.toLongLong()));
+        QTRY_VERIFY(!m_tree->isReading());
+        QCoreApplication::processEvents();
+        QCOMPARE(this->marked(), marked);
+    }
+
+    void fadesWithinThreeSeconds()
+    {
+        readOnce();
+        QTRY_VERIFY(!m_tree->isReading());
+        const QColor before = colourOf("Height");
+        change("Height", 480);
+        const QColor accent = ZELCustom::getDataBaseColor("StyledCtlColor_Accent"_s);
+        QCOMPARE(colourOf("Height"), accent);
+        QCOMPARE(colourOf("Width"), before);
+        m_now += 1000;
+        QCOMPARE(colourOf("Height"), accent);
+        m_now += 1000;
+        const QColor faded = colourOf("Height");
+        QVERIFY(faded != accent && faded != before);
+        // Another change makes it new.
+        change("Height", 490);
+        QCOMPARE(colourOf("Height"), accent);
+        QVERIFY(marks()->isRunning());
+        m_now += ChangeMarks::kFadeMs;
+        QCOMPARE(colourOf("Height"), before);
+        QTRY_VERIFY(!marks()->isRunning());
+        QVERIFY(!marks()->has(item("Height")));
+    }
+
+    // While a mark fades nothing else is painted, and where no row is in sight nothing at all.
+    void paintsOnlyTheMarks_data()
+    {
+        const Rows<bool, bool> row("branchOpen", "painted");
+        row("in sight", true, true);
+        row("in a closed branch", false, false);
+    }
+
+    void paintsOnlyTheMarks()
+    {
+        QFETCH(bool, branchOpen);
+        QFETCH(bool, painted);
+        readOnce();
+        change("Height", 480);
+        const QRect mark = RowPainter::markPlace(rowOf(item("Height")));
+        ORXFeatureTreeView* view = m_tree->treeView();
+        view->setExpanded(view->treeModel()->indexFromItem(item("Image"), 0), branchOpen);
+        // Until all that is due is painted.
+        PaintedRegion spy(viewport());
+        int ticks = 0;
+        const auto quietFor = [&](int count) {
+            const auto ticked = connect(marks(), &ChangeMarks::SigFaded, [&ticks] { ++ticks; });
+            const int before = ticks;
+            const bool done = QTest::qWaitFor([&] { return ticks >= before + count; });
+            disconnect(ticked);
+            return done;
+        };
+        QVERIFY(quietFor(3));
+        spy.region = QRegion();
+        spy.count = 0;
+        QVERIFY(quietFor(3));
+        QCOMPARE(spy.count > 0, painted);
+        QCOMPARE(spy.region.subtracted(mark), QRegion());
+        // What has ended is taken away, too.
+        QCoreApplication::sendPostedEvents();
+        spy.count = 0;
+        m_now += ChangeMarks::kFadeMs;
+        QTRY_VERIFY(!marks()->isRunning());
+        QCoreApplication::processEvents();
+        QCOMPARE(spy.count > 0, painted);
+        QCOMPARE(spy.region.subtracted(mark), QRegion());
+    }
+
+    // The copy among the favourites is the same feature.
+    void favoritesAreMarked()
+    {
+        readOnce();
+        m_tree->addFavoriteItem(item("Height"));
+        QTRY_VERIFY(item("Height")->mappingItem());
+        change("Height", 480);
+        QCOMPARE(marks()->strength(item("Height")->mappingItem()), 1.0);
+    }
+
+    void endsWithWhatItMarks_data()
+    {
+        const Rows<QString> row("how");
+        row.of("the camera is reset");
+        row.of("the camera is closed");
+        row.of("the tree is destroyed");
+    }
+
+    void endsWithWhatItMarks()
+    {
+        QFETCH(QString, how);
+        readOnce();
+        change("Height", 480);
+        Item* const height = item("Height");
+        if (how == "the tree is destroyed"_s) {
+            const QPointer<ChangeMarks> gone(marks());
+            m_finder.trees.clear();
+            m_tree.reset();
+            QVERIFY(!gone);
+            return;
+        }
+        if (how == "the camera is closed"_s)
+            m_tree->OnCameraClose();
+        else
+            m_tree->OnCommandNodeBtnClicked("DeviceReset"_s);
+        QCOMPARE(marks()->strength(height), 0.0);
+        QVERIFY(!marks()->isRunning());
+    }
+};
+
+OBFT_TEST_MAIN(TestChangeMarks)
+#include "tst_changemarks.moc"

@@ -5,6 +5,8 @@
 
 #include <QDeadlineTimer>
 
+#include <cmath>
+
 class TestValueWatch : public FeatureTreeTest
 {
     Q_OBJECT
@@ -41,6 +43,20 @@ private slots:
         m_tree->rereadInvalidated("Width"_s);
         QTRY_COMPARE(changes.size(), 2);
         QVERIFY(changes.last().cause == ValueChange::Cause::Camera);
+    }
+
+    // It compares unequal even to itself.
+    void notANumberIsOneChange()
+    {
+        readOnce();
+        QSignalSpy changes(m_tree->valueWatch(), &ValueWatch::SigChanged);
+        m_host.set("Gain"_s, FakeHost::floatFeature(std::nanf(""), 0.0F, 24.0F));
+        for (int i = 0; i < 2; ++i) {
+            m_tree->rereadInvalidated("Gain"_s);
+            QVERIFY(readingEnds());
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(changes.size(), 1);
     }
 };
 

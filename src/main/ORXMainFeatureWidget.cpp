@@ -293,11 +293,12 @@ ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
         auto* changes = new ChangesPanel(tree, tree);
         tree->infoTabs()->addPanel(
             changes, [] { return ChangesPanel::tr("Changes"); }, changes->actions());
-        connect(changes, &ChangesPanel::SigShowFeature, this,
-                [this, cameraId](const QString& name) {
-                    if (CameraColumn* shown = m_columns.value(cameraId, nullptr))
-                        shown->showFeature(name);
-                });
+        const auto showFeature = [this, cameraId](const QString& name) {
+            if (CameraColumn* shown = m_columns.value(cameraId, nullptr))
+                shown->showFeature(name);
+        };
+        connect(changes, &ChangesPanel::SigShowFeature, this, showFeature);
+        connect(tree, &ORXFeatureTree::SigShowFeature, this, showFeature);
     }
     return tree;
 }

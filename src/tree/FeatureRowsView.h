@@ -39,6 +39,8 @@ public:
     // Hides and shows the rows of `item` and below by the items' own flags.
     void updateRowsVisible(ORXPropertyTreeItem* item, bool visible);
     void updateAllEditorData();
+    // What the editors tell assistive technology, without the values.
+    void describeEditors() { m_editors.describeAll(); }
     // Forgets where a dragged favourite would land.
     void clearDelegateInfo();
     void setIsCanEdit(bool canEdit);

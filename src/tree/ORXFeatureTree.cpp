@@ -13,6 +13,7 @@
 #include "tree/FeatureInfoTabs.h"
 #include "tree/HostWaitLine.h"
 #include "tree/ORXFeatureTreeView.h"
+#include "tree/ReadOnlyReasonLine.h"
 
 #include <QAction>
 #include <QEvent>
@@ -32,6 +33,8 @@ ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     : IORXFeatureWidget(ORXPropertyTreeItem::FeatureTreePage, parent)
     , m_pFavorites(new FeatureFavorites(treeView(), *this, this))
     , m_pDescription(new FeatureDescriptionPanel(this))
+    , m_reason([this](const QString& name) { return propertyItemByName(name); })
+    , m_pReasonLine(new ReadOnlyReasonLine(m_reason, this))
     , m_pInfoTabs(new FeatureInfoTabs(this))
     , m_pMessages(new FeatureMessages(this))
     , m_overlay(this)
@@ -68,7 +71,13 @@ void ORXFeatureTree::buildLayout()
                                                                : item->value()->displayName();
     };
     belowLayout->addWidget(new HostWaitLine(nameOf, below));
-    m_pInfoTabs->addPanel(m_pDescription, [] { return tr("Description"); });
+    auto* description = new QWidget(this);
+    auto* descriptionLayout = new QVBoxLayout(description);
+    descriptionLayout->setContentsMargins(0, 0, 0, 0);
+    descriptionLayout->setSpacing(0);
+    descriptionLayout->addWidget(m_pDescription, 1);
+    descriptionLayout->addWidget(m_pReasonLine);
+    m_pInfoTabs->addPanel(description, [] { return tr("Description"); });
     belowLayout->addWidget(m_pInfoTabs, 1);
 
     auto* splitter = new QSplitter(Qt::Vertical, this);
@@ -109,6 +118,9 @@ void ORXFeatureTree::connectSignals()
     });
     connect(&m_edits, &FeatureEdits::SigDeviceReset, this, &Tree::afterDeviceReset);
     connect(&m_edits, &FeatureEdits::SigSettingsLoaded, this, &Tree::afterSettingsLoaded);
+    connect(m_pDescription, &FeatureDescriptionPanel::SigShown, m_pReasonLine,
+            &ReadOnlyReasonLine::showItem);
+    connect(m_pReasonLine, &ReadOnlyReasonLine::SigShowFeature, this, &Tree::SigShowFeature);
     connect(this, &Tree::SigFeatureChangeOsd, this, &Tree::OnSigFeatureChangeOsd);
     connect(&m_autoTrigger, &AutoSoftwareTrigger::SigChanged, this,
             [this](bool enabled) { emit SigAutoSoftwareTrigChanged(cameraID(), enabled); });
@@ -169,6 +181,7 @@ void ORXFeatureTree::createItems()
     m_pDescription->showItem(nullptr);
     m_builder.createItems(root, m_index.nodes(), treeView());
     setRootItem(cameraID(), root);
+    m_reason.setNodes(m_index.nodes());
     m_watch.watch(AllTreeItemsMap().values().toVector());
     treeView()->resetData(cameraID(), root);
     treeView()->expandAll();
@@ -228,12 +241,14 @@ void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
         return;
     // The whole text comes with the first read.
     m_pDescription->refreshIfShown(item);
+    m_pReasonLine->itemChanged(*item);
     if (item->value()->nodeName(0) == kDeviceUserId)
         refreshCameraItemName();
 }
 
 void ORXFeatureTree::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 {
+    m_pReasonLine->itemChanged(*item);
     if (!item->visible() && item->value())
         m_autoTrigger.featureWent(item->value()->nodeName(0));
 }
@@ -336,7 +351,9 @@ void ORXFeatureTree::requestStop()
 void ORXFeatureTree::OnGetThreadEnd()
 {
     treeView()->viewport()->update();
+    treeView()->describeEditors();
     m_pDescription->refresh();
+    emit SigPassEnded();
 }
 
 void ORXFeatureTree::afterFirstRead()

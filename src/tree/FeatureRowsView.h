@@ -20,9 +20,10 @@ class ORXPropertyTreeModel;
 // hidden), RowFocus (rows, editors and the keyboard), FavoriteMoves (dragging), ShownFeatures (what
 // the user has before him). The view passes Qt's events on to them.
 //
-// With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
-// editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The
-// Menu key or Shift+F10 opens the row's menu, Alt+Up and Alt+Down move a favourite.
+// With the keyboard: Enter or F2 goes from a row to its editor (SigNotEditable without one), Tab
+// and Backtab go from editor to editor in the order of the rows, scrolling where needed, and Escape
+// goes back to the row. The Menu key or Shift+F10 opens the row's menu, Alt+Up and Alt+Down move a
+// favourite.
 class FeatureRowsView : public QTreeView
 {
     Q_OBJECT
@@ -57,6 +58,8 @@ signals:
     void SigRowsInSight(const QStringList& names);
     // The user has moved a favourite before `target`, or to the end without one.
     void SigFavoriteMoved(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target);
+    // The user wants to go to the editor of the current row, which cannot be used.
+    void SigNotEditable();
 
 protected:
     // Before showRowsBelow(): all editors give up.

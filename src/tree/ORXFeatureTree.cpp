@@ -121,6 +121,14 @@ void ORXFeatureTree::connectSignals()
     connect(m_pDescription, &FeatureDescriptionPanel::SigShown, m_pReasonLine,
             &ReadOnlyReasonLine::showItem);
     connect(m_pReasonLine, &ReadOnlyReasonLine::SigShowFeature, this, &Tree::SigShowFeature);
+    connect(m_pReasonLine, &ReadOnlyReasonLine::SigLeft, treeView(),
+            [this] { treeView()->setFocus(Qt::OtherFocusReason); });
+    connect(treeView(), &ORXFeatureTreeView::SigNotEditable, this, [this] {
+        if (!m_pReasonLine->hasLinks())
+            return;
+        m_pInfoTabs->setCurrentIndex(0);
+        m_pReasonLine->setFocus(Qt::TabFocusReason);
+    });
     connect(this, &Tree::SigFeatureChangeOsd, this, &Tree::OnSigFeatureChangeOsd);
     connect(&m_autoTrigger, &AutoSoftwareTrigger::SigChanged, this,
             [this](bool enabled) { emit SigAutoSoftwareTrigChanged(cameraID(), enabled); });

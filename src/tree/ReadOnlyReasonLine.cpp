@@ -8,6 +8,7 @@
 #include "tree/ReadOnlyReason.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -126,8 +127,20 @@ void ReadOnlyReasonLine::selectLink(const QString& href)
 void ReadOnlyReasonLine::focusInEvent(QFocusEvent* event)
 {
     QTextBrowser::focusInEvent(event);
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
-        focusNextPrevChild(event->reason() == Qt::TabFocusReason);
+    const bool tab = event->reason() == Qt::TabFocusReason;
+    if (!tab && event->reason() != Qt::BacktabFocusReason)
+        return;
+    // Not on from the link that had the focus before.
+    moveCursor(tab ? QTextCursor::Start : QTextCursor::End);
+    focusNextPrevChild(tab);
+}
+
+void ReadOnlyReasonLine::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit SigLeft();
+    else
+        QTextBrowser::keyPressEvent(event);
 }
 
 void ReadOnlyReasonLine::resizeEvent(QResizeEvent* event)

@@ -21,6 +21,7 @@ public:
     void showItem(const ORXPropertyTreeItem* item);
     // What the item says may have changed; matters when the line names it.
     void itemChanged(const ORXPropertyTreeItem& item);
+    bool hasLinks() const { return focusPolicy() != Qt::NoFocus; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -28,9 +29,12 @@ public:
 signals:
     // The user wants to see the feature in its group.
     void SigShowFeature(const QString& name);
+    // The user has pressed Escape.
+    void SigLeft();
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -6,6 +6,7 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "tree/FeatureDescriptionPanel.h"
+#include "tree/FeatureInfoTabs.h"
 #include "tree/FeatureTreeTest.h"
 #include "tree/ReadOnlyReasonLine.h"
 
@@ -219,6 +220,26 @@ private slots:
         QCOMPARE(focusedLink(), "Mode"_s);
         press(Qt::Key_Backtab);
         QVERIFY(!line()->hasFocus());
+    }
+
+    // Tab would go on through the editors of other rows.
+    void fromTheRowByEnter()
+    {
+        showLocked("Both"_s);
+        QTRY_VERIFY(line()->isVisible());
+        auto* rows = m_tree->treeView();
+        m_tree->infoTabs()->addPanel(new QWidget, [] { return "Other"_s; });
+        m_tree->infoTabs()->setCurrentIndex(1);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) {
+            rows->setFocus();
+            QTRY_VERIFY(rows->hasFocus());
+            QTest::keyClick(rows, key);
+            QVERIFY(line()->hasFocus());
+            QCOMPARE(focusedLink(), "Mode"_s);
+            QTest::keyClick(line(), Qt::Key_Tab);
+            QTest::keyClick(line(), Qt::Key_Escape);
+            QVERIFY(rows->hasFocus());
+        }
     }
 
     // The user is about to follow a link.

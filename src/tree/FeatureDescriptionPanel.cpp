@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kMinHeight = 90;
+constexpr int kMinHeight = 60;
 constexpr int kFontPx = 13;
 
 } // namespace

@@ -22,7 +22,8 @@
 
 namespace {
 
-constexpr int kTreeShare = 3; // of the height, against 1 of the description
+constexpr int kDescriptionHeight = 90; // at least, with a line that says why it is read-only
+constexpr int kTreeShare = 3;          // of the height, against 1 of the description
 
 const QLatin1String kDeviceUserId("DeviceUserID");
 const QLatin1String kRegionDisplaySelector("RegionDisplaySelector");
@@ -72,6 +73,7 @@ void ORXFeatureTree::buildLayout()
     };
     belowLayout->addWidget(new HostWaitLine(nameOf, below));
     auto* description = new QWidget(this);
+    description->setMinimumHeight(kDescriptionHeight);
     auto* descriptionLayout = new QVBoxLayout(description);
     descriptionLayout->setContentsMargins(0, 0, 0, 0);
     descriptionLayout->setSpacing(0);

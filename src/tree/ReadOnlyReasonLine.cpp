@@ -17,7 +17,9 @@
 namespace {
 
 constexpr int kFontPx = 13;
-constexpr int kMostLines = 3; // what is more scrolls
+constexpr int kPaddingPx = 2; // above and below
+constexpr int kBorderPx = 1;  // above; see the style sheet
+constexpr int kMostLines = 2; // what is more scrolls
 
 QString styled(const QString& html)
 {
@@ -54,7 +56,7 @@ ReadOnlyReasonLine::ReadOnlyReasonLine(const ReadOnlyReason& reason, QWidget* pa
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel) +
                   ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar) +
-                  QStringLiteral("QTextEdit { padding: 2px 10px; }"));
+                  QStringLiteral("QTextEdit { padding: %1px 10px; }").arg(kPaddingPx));
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
         emit SigShowFeature(ReadOnlyReason::featureOf(link.toString(QUrl::FullyEncoded)));
     });
@@ -151,10 +153,11 @@ void ReadOnlyReasonLine::resizeEvent(QResizeEvent* event)
 
 void ReadOnlyReasonLine::fitHeight()
 {
-    const int margins = height() - viewport()->height();
+    if (m_strShown.isEmpty())
+        return;
     const int wanted = int(std::ceil(document()->size().height()));
     const int most = fontMetrics().lineSpacing() * kMostLines + int(document()->documentMargin());
-    setFixedHeight(qMin(wanted, most) + margins);
+    setFixedHeight(qMin(wanted, most) + 2 * kPaddingPx + kBorderPx);
 }
 
 QSize ReadOnlyReasonLine::sizeHint() const

@@ -78,7 +78,6 @@ private slots:
                  "Right"_s);
     }
 
-    // What the camera allows comes and goes; the reason alone may change, too.
     void numbersOfASpinBox()
     {
         open({"Integer"_s});

@@ -3,6 +3,7 @@
 
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELTouchScrolling.h"
+#include "styledctl/private/ZELAccessibleComboBox.h"
 #include "styledctl/private/ZELColors.h"
 
 #include <QAbstractItemView>
@@ -52,6 +53,7 @@ ZELCustomComboBox::ZELCustomComboBox(QWidget* parent, StyleSelector style, int v
 {
     Q_UNUSED(variant)
     cInstall();
+    ZELAccessibleComboBox::install();
     setFocusPolicy(Qt::StrongFocus);
 }
 

@@ -15,6 +15,11 @@
 class STYLEDCTL_EXPORT ZELCustomSpinBox64 : public QAbstractSpinBox, public ZELCustomLook
 {
     Q_OBJECT
+    // Assistive technology reads and sets them by these names.
+    Q_PROPERTY(qlonglong value READ value WRITE setValue NOTIFY valueChanged)
+    Q_PROPERTY(qlonglong minimum READ minimum)
+    Q_PROPERTY(qlonglong maximum READ maximum)
+    Q_PROPERTY(qlonglong singleStep READ singleStep WRITE setSingleStep)
 public:
     enum StyleSelector { Style_Default = 0, Style_Panel = 1, Style_Cell = 2 };
 

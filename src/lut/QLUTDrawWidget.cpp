@@ -27,6 +27,7 @@ QLUTDrawWidget::QLUTDrawWidget(QWidget* parent)
     , m_transfer(this, m_message)
 {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Curve of the look-up table"));
     setMinimumSize(sizeHint());
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     const auto repaint = [this] { update(); };
@@ -157,6 +158,8 @@ void QLUTDrawWidget::paintEvent(QPaintEvent*)
 void QLUTDrawWidget::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        setAccessibleName(tr("Curve of the look-up table"));
     if (event->type() == QEvent::LanguageChange || event->type() == QEvent::EnabledChange) {
         m_curve.line().clearSelection();
         update();

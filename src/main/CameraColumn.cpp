@@ -145,6 +145,9 @@ void CameraColumn::showFeature(const QString& name)
     ORXFeatureTreeView* tree = view(FeaturePages::WholeTree);
     if (!item || !tree || !item->visible())
         return;
+    // Who wants to see a feature that the search does not show has done with the search.
+    if (!item->searchMatch())
+        m_pGroup->ClearSearch();
     constexpr auto kPage = ORXPropertyTreeItem::FeatureTreePage;
     const ORXPropertyTreeItem* group = item;
     while (group->parent(kPage) && group->parent(kPage) != m_pTree->rootItem())

@@ -31,7 +31,8 @@ public:
     void showTabs();
     // What is available is known only now.
     void afterFirstRead();
-    // Goes to the feature in its group of the whole tree, if it is shown there at all.
+    // Goes to the feature in its group of the whole tree, if it is shown there at all. Ends a
+    // search that the feature does not match.
     void showFeature(const QString& name);
     // A new user has no favourites yet; the first look should not fall on an empty page.
     void leaveEmptyGroup();

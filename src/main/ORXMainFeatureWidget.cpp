@@ -296,11 +296,12 @@ ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
             changes, [] { return ChangesPanel::tr("Changes"); }, changes->actions());
         tree->infoTabs()->addPanel(new TrendPanel(tree, tree),
                                    [] { return TrendPanel::tr("Trend"); });
-        connect(changes, &ChangesPanel::SigShowFeature, this,
-                [this, cameraId](const QString& name) {
-                    if (CameraColumn* shown = m_columns.value(cameraId, nullptr))
-                        shown->showFeature(name);
-                });
+        const auto showFeature = [this, cameraId](const QString& name) {
+            if (CameraColumn* shown = m_columns.value(cameraId, nullptr))
+                shown->showFeature(name);
+        };
+        connect(changes, &ChangesPanel::SigShowFeature, this, showFeature);
+        connect(tree, &ORXFeatureTree::SigShowFeature, this, showFeature);
     }
     return tree;
 }

@@ -74,6 +74,7 @@ void CTreeItemValue::copy(const CTreeItemValue* from, bool all)
     const ItemStateLock lock;
     m_bEnabled = from->m_bEnabled;
     m_bUsesGlobalFont = from->m_bUsesGlobalFont;
+    m_readOnlyCause = from->m_readOnlyCause;
     m_strNodeName = from->m_strNodeName;
     m_strDescription = from->m_strDescription;
     m_strTranslatedDescription = from->m_strTranslatedDescription;
@@ -182,6 +183,18 @@ void CTreeItemValue::setLastRead(LastRead result)
 {
     const ItemStateLock lock;
     m_lastRead = result;
+}
+
+ReadOnlyCause CTreeItemValue::readOnlyCause() const
+{
+    const ItemStateLock lock;
+    return m_readOnlyCause;
+}
+
+void CTreeItemValue::setReadOnlyCause(ReadOnlyCause cause)
+{
+    const ItemStateLock lock;
+    m_readOnlyCause = cause;
 }
 
 QString CTreeItemValue::currentStatus() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/ItemStateLock.h"
+#include "model/ReadOnlyCause.h"
 
 #include <QString>
 #include <QVariant>
@@ -71,6 +72,10 @@ public:
     LastRead lastRead() const;
     void setLastRead(LastRead result);
 
+    // Why the last pass found the feature read-only; see ORXPropertyTreeItem::setReadOnly().
+    ReadOnlyCause readOnlyCause() const;
+    void setReadOnlyCause(ReadOnlyCause cause);
+
     // The status text that views were last told of.
     QString currentStatus() const;
     // Stores a status text; returns the one it replaces.
@@ -89,6 +94,7 @@ private:
     bool m_bEnabled = true;
     bool m_bUsesGlobalFont = true;
     LastRead m_lastRead = LastRead::None;
+    ReadOnlyCause m_readOnlyCause = ReadOnlyCause::None;
     QString m_strNodeName;
     QString m_strDescription;
     QString m_strTranslatedDescription;

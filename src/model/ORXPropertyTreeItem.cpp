@@ -58,12 +58,18 @@ void ORXPropertyTreeItem::setDefaultExpanded(bool expanded)
     m_bExpanded = expanded;
 }
 
-void ORXPropertyTreeItem::setReadOnly(bool readOnly)
+void ORXPropertyTreeItem::setReadOnly(bool readOnly, ReadOnlyCause cause)
 {
     const ItemStateLock lock;
-    m_bReadOnly = readOnly;
-    if (m_pMappingItem)
-        m_pMappingItem->m_bReadOnly = readOnly;
+    if (m_pValue && m_pValue->readOnlyCause() != cause)
+        m_bShownUnpublished = true;
+    for (ORXPropertyTreeItem* item : {this, m_pMappingItem}) {
+        if (!item)
+            continue;
+        item->m_bReadOnly = readOnly;
+        if (item->m_pValue)
+            item->m_pValue->setReadOnlyCause(cause);
+    }
 }
 
 void ORXPropertyTreeItem::setTagName(const QString& tagName)
@@ -126,7 +132,7 @@ void ORXPropertyTreeItem::copy(const ORXPropertyTreeItem* from)
         return;
     setTagName(from->m_strTagName);
     m_pValue->copy(from->m_pValue.get(), true);
-    setReadOnly(from->m_bReadOnly);
+    setReadOnly(from->m_bReadOnly, from->m_pValue->readOnlyCause());
     m_itemType = from->m_itemType;
     m_strVisibility = from->m_strVisibility;
     m_bVisible = from->m_bVisible;

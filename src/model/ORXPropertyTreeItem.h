@@ -5,6 +5,7 @@
 #include "model/ItemLinks.h"
 #include "model/ItemViews.h"
 #include "model/LiveItems.h"
+#include "model/ReadOnlyCause.h"
 
 #include <QString>
 
@@ -57,7 +58,9 @@ public:
     bool isDefaultExpanded() const { return locked(m_bDefaultExpanded); }
     void setDefaultExpanded(bool expanded); // sets the current expansion, too
     bool readOnly() const { return locked(m_bReadOnly); }
-    void setReadOnly(bool readOnly); // of the mapping item, too
+    // Of the mapping item, too. A new cause is told to the views by the next endUpdateItem(), also
+    // when nothing else has changed.
+    void setReadOnly(bool readOnly, ReadOnlyCause cause = ReadOnlyCause::None);
     QString tagName() const { return locked(m_strTagName); }
     FeatureTag tag() const { return locked(m_tag); }
     // Changes the class of the value; names and texts survive, typed values start again.

@@ -98,6 +98,8 @@ ORXPropertyTreeItem* CuratedPage::creatRootItem()
     }
     followVisibility(root, QString(), -1);
     afterItemsCreated(root);
+    connect(tree(), &ORXFeatureTree::SigPassEnded, treeView(), &ORXFeatureTreeView::describeEditors,
+            Qt::UniqueConnection);
     // Only a group that got no item at all is hidden by this.
     const QVector<ORXPropertyTreeItem*> groups = root->children();
     for (ORXPropertyTreeItem* group : groups)
@@ -137,6 +139,12 @@ void CuratedPage::itemVisibleStateChanged(ORXPropertyTreeItem* item)
     ORXPropertyTreeItem* root = getRootItem(-1, false);
     if (root && item->isFeatureTreeItem())
         followVisibility(root, item->value()->nodeName(0), cameraID());
+}
+
+QString CuratedPage::readOnlyReason(const ORXPropertyTreeItem& item) const
+{
+    const ORXFeatureTree* whole = tree();
+    return whole ? whole->readOnlyReason(item) : QString();
 }
 
 void CuratedPage::removeCameraID(qint64 cameraId)

@@ -24,6 +24,7 @@ public:
     bool setFeatureValue(const QString& tagName, const QString& nodeName,
                          const QVariant& value) override;
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    QString readOnlyReason(const ORXPropertyTreeItem& item) const override;
     void removeCameraID(qint64 cameraId) override;
     // Null when the camera has no whole tree or the table no groups.
     ORXPropertyTreeItem* creatRootItem() override;

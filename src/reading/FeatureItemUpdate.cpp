@@ -114,6 +114,11 @@ bool FeatureItemUpdate::updateAttributes(const FeatureNode& node, ORXPropertyTre
         return false;
     if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(item->value()))
         integer->setRepresentation(node.representation);
-    item->setReadOnly(lockedNow || !available || modeReadOnly);
+    // What unlocks it does not help while it is not available.
+    const ReadOnlyCause cause = !available     ? ReadOnlyCause::NotAvailable
+                                : lockedNow    ? ReadOnlyCause::Locked
+                                : modeReadOnly ? ReadOnlyCause::AccessMode
+                                               : ReadOnlyCause::None;
+    item->setReadOnly(cause != ReadOnlyCause::None, cause);
     return m_docText.update(node, item);
 }

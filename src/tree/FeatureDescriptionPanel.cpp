@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kMinHeight = 90;
+constexpr int kMinHeight = 60;
 constexpr int kFontPx = 13;
 
 } // namespace
@@ -49,12 +49,13 @@ void FeatureDescriptionPanel::refresh()
             html = FeatureDocText::GetFeatureTitleText(*m_pItem->value(), language);
     }
     // An unchanged text stays as the user scrolled or marked it.
-    if (html == m_strShown)
-        return;
-    m_strShown = html;
-    clear();
-    insertHtml(html);
-    moveCursor(QTextCursor::Start);
+    if (html != m_strShown) {
+        m_strShown = html;
+        clear();
+        insertHtml(html);
+        moveCursor(QTextCursor::Start);
+    }
+    emit SigShown(m_pItem);
 }
 
 void FeatureDescriptionPanel::refreshIfShown(const ORXPropertyTreeItem* item)

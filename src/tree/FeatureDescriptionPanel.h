@@ -8,6 +8,7 @@ class ORXPropertyTreeItem;
 // Says what a feature does, in the interface language. Owned by its parent; GUI thread.
 class FeatureDescriptionPanel : public QTextEdit
 {
+    Q_OBJECT
 public:
     explicit FeatureDescriptionPanel(QWidget* parent);
 
@@ -18,6 +19,10 @@ public:
     void refreshIfShown(const ORXPropertyTreeItem* item);
     // The language has changed.
     void retranslate();
+
+signals:
+    // The panel shows the item, or shows it anew; null, or gone, for none.
+    void SigShown(const ORXPropertyTreeItem* item);
 
 private:
     const ORXPropertyTreeItem* m_pItem = nullptr; // Not owned.

@@ -293,6 +293,8 @@ void FeatureRowsView::keyPressEvent(QKeyEvent* event)
         event->accept();
     else
         QTreeView::keyPressEvent(event);
+    if (wantsEditor && hasFocus())
+        emit SigNotEditable();
 }
 
 // Mouse and painting ------------------------------------------------------------------------------

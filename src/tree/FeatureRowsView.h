@@ -21,9 +21,10 @@ class ORXPropertyTreeModel;
 // hidden), RowFocus (rows, editors and the keyboard), FavoriteMoves (dragging), ShownFeatures (what
 // the user has before him), MarkedRows (marks of changes). The view passes Qt's events on to them.
 //
-// With the keyboard: Enter or F2 goes from a row to its editor, Tab and Backtab go from editor to
-// editor in the order of the rows, scrolling where needed, and Escape goes back to the row. The
-// Menu key or Shift+F10 opens the row's menu, Alt+Up and Alt+Down move a favourite.
+// With the keyboard: Enter or F2 goes from a row to its editor (SigNotEditable without one), Tab
+// and Backtab go from editor to editor in the order of the rows, scrolling where needed, and Escape
+// goes back to the row. The Menu key or Shift+F10 opens the row's menu, Alt+Up and Alt+Down move a
+// favourite.
 class FeatureRowsView : public QTreeView
 {
     Q_OBJECT
@@ -42,6 +43,8 @@ public:
     void updateAllEditorData();
     // The marks that the rows carry; null for none. Not owned.
     void setMarks(const ChangeMarks* marks) { m_markedRows.setMarks(marks); }
+    // What the editors tell assistive technology, without the values.
+    void describeEditors() { m_editors.describeAll(); }
     // Forgets where a dragged favourite would land.
     void clearDelegateInfo();
     void setIsCanEdit(bool canEdit);
@@ -58,6 +61,8 @@ signals:
     void SigRowsInSight(const QStringList& names);
     // The user has moved a favourite before `target`, or to the end without one.
     void SigFavoriteMoved(ORXPropertyTreeItem* moved, ORXPropertyTreeItem* target);
+    // The user wants to go to the editor of the current row, which cannot be used.
+    void SigNotEditable();
 
 protected:
     // Before showRowsBelow(): all editors give up.

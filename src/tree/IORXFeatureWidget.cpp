@@ -28,6 +28,10 @@ void IORXFeatureWidget::itemValueChanged(ORXPropertyTreeItem*) {}
 void IORXFeatureWidget::itemVisibleStateChanged(ORXPropertyTreeItem*) {}
 void IORXFeatureWidget::itemExpandStateChanged(ORXPropertyTreeItem*, bool) {}
 void IORXFeatureWidget::itemSpecialInfoChanged(ORXPropertyTreeItem*, int) {}
+QString IORXFeatureWidget::readOnlyReason(const ORXPropertyTreeItem&) const
+{
+    return {};
+}
 void IORXFeatureWidget::updateValue() {}
 void IORXFeatureWidget::createTransMap() {}
 ORXPropertyTreeItem* IORXFeatureWidget::creatRootItem()

@@ -27,6 +27,7 @@ public:
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
     void itemExpandStateChanged(ORXPropertyTreeItem* item, bool expanded) override;
     void itemSpecialInfoChanged(ORXPropertyTreeItem* item, int info) override;
+    QString readOnlyReason(const ORXPropertyTreeItem& item) const override;
 
     // Shows another camera, making its root if needed.
     virtual void resetCamaraID(qint64 cameraId);

@@ -13,6 +13,7 @@
 #include "tree/FeatureInfoTabs.h"
 #include "tree/HostWaitLine.h"
 #include "tree/ORXFeatureTreeView.h"
+#include "tree/ReadOnlyReasonLine.h"
 
 #include <QAction>
 #include <QEvent>
@@ -21,7 +22,8 @@
 
 namespace {
 
-constexpr int kTreeShare = 3; // of the height, against 1 of the description
+constexpr int kDescriptionHeight = 90; // at least, with a line that says why it is read-only
+constexpr int kTreeShare = 3;          // of the height, against 1 of the description
 
 const QLatin1String kDeviceUserId("DeviceUserID");
 const QLatin1String kRegionDisplaySelector("RegionDisplaySelector");
@@ -33,6 +35,8 @@ ORXFeatureTree::ORXFeatureTree(qint64 cameraId, QWidget* parent)
     , m_lockedRows(*this)
     , m_pFavorites(new FeatureFavorites(treeView(), *this, this))
     , m_pDescription(new FeatureDescriptionPanel(this))
+    , m_reason([this](const QString& name) { return propertyItemByName(name); })
+    , m_pReasonLine(new ReadOnlyReasonLine(m_reason, this))
     , m_pInfoTabs(new FeatureInfoTabs(this))
     , m_pMessages(new FeatureMessages(this))
     , m_overlay(this)
@@ -71,7 +75,14 @@ void ORXFeatureTree::buildLayout()
                                                                : item->value()->displayName();
     };
     belowLayout->addWidget(new HostWaitLine(nameOf, below));
-    m_pInfoTabs->addPanel(m_pDescription, [] { return tr("Description"); });
+    auto* description = new QWidget(this);
+    description->setMinimumHeight(kDescriptionHeight);
+    auto* descriptionLayout = new QVBoxLayout(description);
+    descriptionLayout->setContentsMargins(0, 0, 0, 0);
+    descriptionLayout->setSpacing(0);
+    descriptionLayout->addWidget(m_pDescription, 1);
+    descriptionLayout->addWidget(m_pReasonLine);
+    m_pInfoTabs->addPanel(description, [] { return tr("Description"); });
     belowLayout->addWidget(m_pInfoTabs, 1);
 
     auto* splitter = new QSplitter(Qt::Vertical, this);
@@ -114,6 +125,17 @@ void ORXFeatureTree::connectSignals()
             [this](ORXPropertyTreeItem* item) { item->notifyViewUpdate(cameraID(), 1, false); });
     connect(&m_edits, &FeatureEdits::SigDeviceReset, this, &Tree::afterDeviceReset);
     connect(&m_edits, &FeatureEdits::SigSettingsLoaded, this, &Tree::afterSettingsLoaded);
+    connect(m_pDescription, &FeatureDescriptionPanel::SigShown, m_pReasonLine,
+            &ReadOnlyReasonLine::showItem);
+    connect(m_pReasonLine, &ReadOnlyReasonLine::SigShowFeature, this, &Tree::SigShowFeature);
+    connect(m_pReasonLine, &ReadOnlyReasonLine::SigLeft, treeView(),
+            [this] { treeView()->setFocus(Qt::OtherFocusReason); });
+    connect(treeView(), &ORXFeatureTreeView::SigNotEditable, this, [this] {
+        if (!m_pReasonLine->hasLinks())
+            return;
+        m_pInfoTabs->setCurrentIndex(0);
+        m_pReasonLine->setFocus(Qt::TabFocusReason);
+    });
     connect(this, &Tree::SigFeatureChangeOsd, this, &Tree::OnSigFeatureChangeOsd);
     connect(&m_autoTrigger, &AutoSoftwareTrigger::SigChanged, this,
             [this](bool enabled) { emit SigAutoSoftwareTrigChanged(cameraID(), enabled); });
@@ -175,6 +197,7 @@ void ORXFeatureTree::createItems()
     m_builder.createItems(root, m_index.nodes(), treeView());
     setRootItem(cameraID(), root);
     m_marks.clear();
+    m_reason.setNodes(m_index.nodes());
     m_watch.watch(AllTreeItemsMap().values().toVector());
     treeView()->resetData(cameraID(), root);
     treeView()->expandAll();
@@ -235,12 +258,14 @@ void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)
         return;
     // The whole text comes with the first read.
     m_pDescription->refreshIfShown(item);
+    m_pReasonLine->itemChanged(*item);
     if (item->value()->nodeName(0) == kDeviceUserId)
         refreshCameraItemName();
 }
 
 void ORXFeatureTree::itemVisibleStateChanged(ORXPropertyTreeItem* item)
 {
+    m_pReasonLine->itemChanged(*item);
     if (!item->visible() && item->value())
         m_autoTrigger.featureWent(item->value()->nodeName(0));
 }
@@ -343,7 +368,9 @@ void ORXFeatureTree::requestStop()
 void ORXFeatureTree::OnGetThreadEnd()
 {
     treeView()->viewport()->update();
+    treeView()->describeEditors();
     m_pDescription->refresh();
+    emit SigPassEnded();
 }
 
 void ORXFeatureTree::afterFirstRead()

@@ -14,12 +14,14 @@
 #include "tree/IFeatureItems.h"
 #include "tree/IORXFeatureWidget.h"
 #include "tree/LockedRows.h"
+#include "tree/ReadOnlyReason.h"
 #include "tree/ValueWatch.h"
 
 #include <QVariant>
 
 class FeatureDescriptionPanel;
 class FeatureInfoTabs;
+class ReadOnlyReasonLine;
 class ZELCustomDockTitleBar;
 
 // The whole feature tree of one camera, and its coordinator: it owns the description's index, the
@@ -150,6 +152,10 @@ public:
 
     void itemValueChanged(ORXPropertyTreeItem* item) override;
     void itemVisibleStateChanged(ORXPropertyTreeItem* item) override;
+    QString readOnlyReason(const ORXPropertyTreeItem& item) const override
+    {
+        return m_reason.text(item);
+    }
     ORXPropertyTreeItem* getRootItem(qint64 cameraId, bool create) override;
     void removeCameraID(qint64 cameraId) override;
 
@@ -159,6 +165,10 @@ signals:
     void SigFirstEndUpdateFeature(qint64 cameraId);
     // The whole tree was read once more, the first time included.
     void SigFullReadEnded(qint64 cameraId);
+    // What rows say of other features may be new: any pass has ended.
+    void SigPassEnded();
+    // The user wants to see the feature in its group.
+    void SigShowFeature(const QString& name);
     void SigPollingFeatureChanged(const QString& name);
     void SigFeatureChangeOsd();
     // The automatic software trigger was switched on, or off by whatever reason.
@@ -222,8 +232,10 @@ private:
     FeatureDescriptionIndex m_index;
     FeatureTreeBuilder m_builder;
     LockedRows m_lockedRows;
-    FeatureFavorites* m_pFavorites;                   // Owned (child).
-    FeatureDescriptionPanel* m_pDescription;          // Owned (child).
+    FeatureFavorites* m_pFavorites;          // Owned (child).
+    FeatureDescriptionPanel* m_pDescription; // Owned (child).
+    ReadOnlyReason m_reason;
+    ReadOnlyReasonLine* m_pReasonLine;                // Owned (child).
     FeatureInfoTabs* m_pInfoTabs;                     // Owned (child).
     ZELCustomDockTitleBar* m_pDockTitleBar = nullptr; // Not owned.
     FeatureMessages* m_pMessages;                     // Owned (child).

@@ -4,6 +4,7 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
 #include "tree/IFeatureViewPage.h"
+#include "tree/ORXPropertyTreeDelegate.h"
 
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -19,6 +20,8 @@ ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IFe
     cSetStyleSheets({ZELCustom::Sheet_Tree, ZELCustom::Sheet_ScrollBar});
     treeModel()->resetCamearID(m_lCameraID);
     treeModel()->bindingFeatureWidget(page);
+    treeDelegate()->setReasonOf(
+        [page](const ORXPropertyTreeItem& item) { return page->readOnlyReason(item); });
 
     connect(this, &ORXFeatureTreeView::sigSetItemVisible, this,
             &ORXFeatureTreeView::onSetItemVisible);

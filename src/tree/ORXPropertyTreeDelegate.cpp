@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/ORXPropertyTreeDelegate.h"
 
+#include "device/HtmlEscape.h"
 #include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "tree/EditorFillGuard.h"
 #include "tree/EditorFocus.h"
+#include "tree/ItemText.h"
 #include "tree/QPropertyLineEdit.h"
 #include "tree/editors/EditorKind.h"
 #include "tree/editors/EditorKinds.h"
 
 #include <QAbstractItemView>
-#include <QEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QToolTip>
 
 namespace {
 
@@ -34,6 +37,15 @@ QMetaMethod commitSlot(const QMetaMethod& signal)
     const bool tellsState = signal.parameterTypes() == QList<QByteArray>{"int"};
     return type.method(
         type.indexOfSlot(tellsState ? "on_CommitData_Combox(int)" : "on_CommitData()"));
+}
+
+// The reason first, then what the editor says anyway. Rich text, since only that is wrapped.
+void showHelp(const QHelpEvent* event, const QString& reason, const QString& own, QWidget* at)
+{
+    const QString html = own.isEmpty()
+                             ? htmlEscaped(reason)
+                             : htmlEscaped(reason) + QLatin1String("<br>") + htmlEscaped(own);
+    QToolTip::showText(event->globalPos(), QStringLiteral("<qt>%1</qt>").arg(html), at);
 }
 
 } // namespace
@@ -109,9 +121,31 @@ void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& 
     if (!cell.usable)
         EditorFocus::drop(editor);
     kind->fill(editor, cell);
+    describe(editor, index);
     // A part of it was disabled that had the focus.
     if (focused && !editor->window()->focusWidget())
         editor->parentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+QString ORXPropertyTreeDelegate::reasonOf(const ORXPropertyTreeItem& item) const
+{
+    return m_reasonOf && !isUsable(item) ? m_reasonOf(item) : QString();
+}
+
+void ORXPropertyTreeDelegate::describe(QWidget* editor, const QModelIndex& index) const
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    const EditorKind* kind = kindOf(item);
+    if (!kind)
+        return;
+    const QString name =
+        kind->editsName() ? item->value()->toolTip(index.column()) : ItemText::name(*item);
+    const QString reason = reasonOf(*item);
+    // Each of these is told to whoever listens.
+    if (editor->accessibleName() != name)
+        editor->setAccessibleName(name);
+    if (editor->accessibleDescription() != reason)
+        editor->setAccessibleDescription(reason);
 }
 
 void ORXPropertyTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
@@ -164,10 +198,16 @@ void ORXPropertyTreeDelegate::on_CommandTimeout()
     m_commandTimer.stop();
 }
 
-// Editors stay open whatever key is pressed; Escape takes back what was typed.
+// Editors stay open whatever key is pressed; Escape takes back what was typed. One that cannot be
+// used says why.
 bool ORXPropertyTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 {
     auto* editor = qobject_cast<QWidget*>(watched);
+    if (editor && event->type() == QEvent::ToolTip && !editor->accessibleDescription().isEmpty()) {
+        showHelp(static_cast<QHelpEvent*>(event), editor->accessibleDescription(),
+                 editor->toolTip(), editor);
+        return true;
+    }
     const bool escape = event->type() == QEvent::KeyPress &&
                         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     if (editor && (escape || event->type() == QEvent::FocusOut))
@@ -176,6 +216,21 @@ bool ORXPropertyTreeDelegate::eventFilter(QObject* watched, QEvent* event)
     if (!escape || !lineEdit || !lineEdit->hasPendingEdit())
         return false;
     lineEdit->Rollback();
+    return true;
+}
+
+// Around an editor that does not fill its cell, too.
+bool ORXPropertyTreeDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                        const QStyleOptionViewItem& option,
+                                        const QModelIndex& index)
+{
+    const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
+    const QString reason = event->type() == QEvent::ToolTip && index.column() == 1 && item
+                               ? reasonOf(*item)
+                               : QString();
+    if (reason.isEmpty())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    showHelp(event, reason, QString(), view->viewport());
     return true;
 }
 

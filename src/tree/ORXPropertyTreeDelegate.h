@@ -7,6 +7,8 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 
+#include <functional>
+
 class EditorKind;
 
 // Delegate of every page's view: has the value editors made, filled and read by the kind that the
@@ -33,6 +35,12 @@ public:
     void setMarks(const ChangeMarks* marks) { m_rowPainter.setMarks(marks); }
     // Whether the item's editors can be used now; a page may still disable its own.
     bool isUsable(const ORXPropertyTreeItem& item) const;
+    // Who says why an item's value cannot be edited, in the interface language; empty for nothing.
+    using ReasonOf = std::function<QString(const ORXPropertyTreeItem& item)>;
+    void setReasonOf(const ReasonOf& reasonOf) { m_reasonOf = reasonOf; }
+    // Gives assistive technology the name of the editor of a cell, and the reason why it cannot be
+    // used.
+    void describe(QWidget* editor, const QModelIndex& index) const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -44,6 +52,8 @@ public:
                       const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 
 signals:
     // The user is about to leave the editor or takes back what was typed; values that were held
@@ -62,11 +72,14 @@ private:
     // The kind of the item's editors; null without an item, a value or a kind.
     static const EditorKind* kindOf(const ORXPropertyTreeItem* item);
     void commit();
+    // Why the item's value cannot be edited; empty when it can.
+    QString reasonOf(const ORXPropertyTreeItem& item) const;
 
     bool m_bCommitting = false;
     bool m_bCanEdit = true;
     ORXPropertyTreeItem::ParentType m_pageType;
     mutable QTimer m_commandTimer;
     RowPainter m_rowPainter;
+    ReasonOf m_reasonOf;
     bool m_bDestroying = false;
 };

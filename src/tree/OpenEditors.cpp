@@ -189,6 +189,16 @@ void OpenEditors::refillAll()
         refill(item);
 }
 
+void OpenEditors::describeAll()
+{
+    for (ORXPropertyTreeItem* item : qAsConst(m_open)) {
+        for (int column = 0; column < 2; ++column) {
+            if (QWidget* editor = editorOf(item, column))
+                m_delegate->describe(editor, m_model->indexFromItem(item, column));
+        }
+    }
+}
+
 void OpenEditors::closeBelow(ORXPropertyTreeItem* item)
 {
     if (item->childCount() == 0) {

@@ -51,6 +51,8 @@ public:
     // Shows the items' values in the editors that are open.
     void refill(ORXPropertyTreeItem* item);
     void refillAll();
+    // Tells assistive technology anew what the open editors are, without filling them.
+    void describeAll();
     // Makes the item's editors anew.
     void renew(ORXPropertyTreeItem* item);
     // Closes the editors of the item, or of all items below it.

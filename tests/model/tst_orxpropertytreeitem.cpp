@@ -86,6 +86,13 @@ private slots:
         QCOMPARE(view.log, QStringList("value -1 0"_s));
         item.setReadOnly(false);
         QVERIFY(item.endUpdateItem(kCamera));
+        // The row looks the same, but says another reason.
+        item.setReadOnly(true, ReadOnlyCause::Locked);
+        QVERIFY(item.endUpdateItem(kCamera));
+        item.setReadOnly(true, ReadOnlyCause::NotAvailable);
+        QVERIFY(item.endUpdateItem(kCamera));
+        item.setReadOnly(true, ReadOnlyCause::NotAvailable);
+        QVERIFY(!item.endUpdateItem(kCamera));
     }
 
     void representationNeedsANewEditor()
@@ -117,6 +124,8 @@ private slots:
         QCOMPARE(integer(mirror)->numbers().m_nValue, qint64(8));
         QCOMPARE(view.log, QStringList("value -1 0"_s));
         QCOMPARE(view.items.first(), &mirror);
+        item.setReadOnly(true, ReadOnlyCause::Locked);
+        QCOMPARE(mirror.value()->readOnlyCause(), ReadOnlyCause::Locked);
         item.setReadOnly(false);
         QVERIFY(!mirror.readOnly());
         // Edits through the mirror come back the same way.

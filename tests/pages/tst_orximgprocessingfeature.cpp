@@ -277,6 +277,8 @@ private slots:
             QCOMPARE(m_window->titles(kPage).value(1), chinese ? "感兴趣区域（ROI）"_s : "ROI"_s);
             OBFT_TRY_COMPARE(imagePage()->regionPicture()->accessibleName(),
                              chinese ? "传感器区域示意图"_s : "Picture of the sensor area"_s);
+            QCOMPARE(imagePage()->lutEditor()->accessibleName(),
+                     chinese ? "查找表曲线"_s : "Curve of the look-up table"_s);
             QCOMPARE(imagePage()->lutEditor()->GetCurrentDrawLine(),
                      int(QLUTDrawWidget::SmoothCurve));
         }

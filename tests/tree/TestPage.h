@@ -38,6 +38,7 @@ public:
     Item* creatRootItem() override;
     void itemValueChanged(Item* item) override;
     void itemVisibleStateChanged(Item* item) override;
+    QString readOnlyReason(const Item&) const override { return reason; }
     void updateValue() override { log.append("updateValue"_s); }
     void resetSpecialItemValue() override { log.append("resetSpecial"_s); }
     void createTransMap() override { m_transMap = translations; }
@@ -48,5 +49,6 @@ public:
     QStringList writes; // "name value"
     QVariant lastWritten;
     QStringList log;
+    QString reason; // why no item can be edited
     QMap<QString, QString> translations;
 };

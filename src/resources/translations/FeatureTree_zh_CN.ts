@@ -322,6 +322,21 @@ camera later.</source>
     </message>
 </context>
 <context>
+    <name>ReadOnlyReason</name>
+    <message>
+        <source>Read-only on this camera.</source>
+        <translation>此参数在该相机上为只读。</translation>
+    </message>
+    <message>
+        <source>Not available because of %1</source>
+        <translation>当前不可用，取决于：%1</translation>
+    </message>
+    <message>
+        <source>Locked by %1</source>
+        <translation>已锁定，取决于：%1</translation>
+    </message>
+</context>
+<context>
     <name>ORXFeatureWidget</name>
     <message>
         <source>Please select a connected camera.</source>
@@ -421,6 +436,10 @@ camera later.</source>
 </context>
 <context>
     <name>QLUTDrawWidget</name>
+    <message>
+        <source>Curve of the look-up table</source>
+        <translation>查找表曲线</translation>
+    </message>
     <message>
         <source>Index</source>
         <translation>索引</translation>

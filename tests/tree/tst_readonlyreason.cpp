@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: Apache-2.0
+// Why a feature cannot be edited, as the window tells it: what passes find at the host, in words,
+// below the description, with links.
+#include "device/OBDeviceControl.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "support/DescriptionBuilder.h"
+#include "tree/FeatureDescriptionPanel.h"
+#include "tree/FeatureInfoTabs.h"
+#include "tree/FeatureTreeTest.h"
+#include "tree/ReadOnlyReasonLine.h"
+
+#include <QSignalSpy>
+#include <QTextBlock>
+#include <QToolTip>
+
+using namespace DescriptionBuilder;
+
+namespace {
+
+QString ref(const char* tag, const char* text)
+{
+    return child(QString::fromLatin1(tag), QString::fromUtf8(text));
+}
+
+QString element(const char* tag, const char* name, const QString& inner = QString())
+{
+    return node(QString::fromLatin1(tag), QString::fromLatin1(name), inner);
+}
+
+// The feature that is read-only, and three that may decide.
+QString description(const QString& width)
+{
+    const QString entries = "<EnumEntry Name=\"Off\"><Value>0</Value></EnumEntry>"
+                            "<EnumEntry Name=\"Fast\"><Value>7</Value></EnumEntry>"_s;
+    return category("Root"_s, {"Image"_s, "Other"_s}) + category("Image"_s, {"Width"_s}) +
+           category("Other"_s, {"Mode"_s, "Level"_s, "Inner"_s}) +
+           element("Integer", "Width", ref("Description", "Columns.") + width) +
+           element("Enumeration", "Mode", ref("DisplayName", "Scan &lt;Mode&gt;") + entries) +
+           element("Integer", "Level") +
+           element("Integer", "Inner", ref("Visibility", "Invisible")) +
+           "<IntSwissKnife Name=\"Both\"><pVariable Name=\"A\">Mode</pVariable>"
+           "<pVariable Name=\"B\">Level</pVariable></IntSwissKnife>"
+           "<IntSwissKnife Name=\"Circle\"><pVariable Name=\"A\">Circle</pVariable>"
+           "</IntSwissKnife>"_s +
+           element("Integer", "Alias", ref("pValue", "Level")) + element("IntReg", "Reg") +
+           element("Integer", "WidthReg", ref("pIsLocked", "Level"));
+}
+
+} // namespace
+
+class TestReadOnlyReason : public FeatureTreeTest
+{
+    Q_OBJECT
+
+    void setAnswer(const QString& name, const QString& answer)
+    {
+        FakeHost::Feature feature = m_host.feature(name);
+        if (answer == "fails"_s)
+            m_host.fail(name, 3);
+        else if (answer == "ro"_s)
+            feature.mode = OB_FT_ACCESS_READ_ONLY;
+        else
+            feature.integer = answer.toInt();
+        m_host.set(name, feature);
+    }
+    // A tree over the host, not read.
+    void build(const QString& width)
+    {
+        const QByteArray xml = wrap(description(width));
+        m_tree.reset();
+        m_host.serve(xml);
+        m_host.set("Mode"_s, FakeHost::enumFeature(7));
+        m_host.set("Level"_s, FakeHost::integerFeature(3));
+        m_host.set("Inner"_s, FakeHost::integerFeature(1));
+        m_host.set("Both"_s, FakeHost::integerFeature(1));
+        OBDeviceControl::Init(xml.constData(), nullptr);
+        m_tree = makeTree(1);
+        m_tree->activateWindow();
+    }
+    void read()
+    {
+        m_tree->StartUpdateThread();
+        QTRY_VERIFY(m_tree->HadUpdatedOnce());
+    }
+    void reread(const char* name)
+    {
+        QSignalSpy ended(m_tree.get(), &ORXFeatureTree::SigPassEnded);
+        m_tree->rereadInvalidated(QString::fromLatin1(name));
+        QTRY_VERIFY(!ended.isEmpty());
+    }
+    // Width, locked by Level, is read and described.
+    void showLocked(const QString& lock = QStringLiteral("Level"))
+    {
+        build(child("pIsLocked"_s, lock));
+        read();
+        select("Width");
+    }
+    void select(const char* name)
+    {
+        m_tree->treeView()->setCurrentIndex(
+            m_tree->treeView()->treeModel()->indexFromItem(item(name), 0));
+    }
+    QString reason() { return m_tree->readOnlyReason(*item("Width")); }
+    ReadOnlyReasonLine* line() { return m_tree->findChild<ReadOnlyReasonLine*>(); }
+    QString focusedLink()
+    {
+        QTextCursor cursor = line()->textCursor();
+        cursor.setPosition(cursor.selectionEnd());
+        return cursor.charFormat().anchorHref();
+    }
+    QPoint placeOf(const QString& link)
+    {
+        const QRect all = line()->viewport()->rect();
+        for (int y = all.top(); y < all.bottom(); ++y) {
+            for (int x = all.left(); x < all.right(); ++x) {
+                if (line()->anchorAt({x, y}) == link)
+                    return {x + 2, y + 2};
+            }
+        }
+        return {-1, -1};
+    }
+
+    QStringList links()
+    {
+        QStringList names;
+        const QTextDocument* document = line()->document();
+        for (auto part = document->begin().begin(); !part.atEnd(); ++part) {
+            if (part.fragment().charFormat().isAnchor())
+                names.append(part.fragment().charFormat().anchorHref());
+        }
+        return names;
+    }
+
+private slots:
+    void reasons_data()
+    {
+        // What the host answers: "feature value", "feature ro" or "feature fails".
+        const Rows<QString, QString, QString, QStringList> row("width", "host", "text", "links");
+        const QString locked = ref("pIsLocked", "Level");
+        const QString below = ref("pValue", "WidthReg");
+        const char* const readOnly = "Read-only on this camera.";
+        row("nothing", locked, "Level 0", "", "");
+        row("locked", locked, "", "Locked by Level (3)", "Level");
+        row("locked without a shown row", ref("pIsLocked", "Inner"), "", "Locked by Inner (1)", "");
+        row("locked by a formula", ref("pIsLocked", "Both"), "",
+            "Locked by Scan <Mode> (Fast), Level (3)", "Mode Level");
+        row("locked through a value", ref("pIsLocked", "Alias"), "", "Locked by Level (3)",
+            "Level");
+        row("a decider that cannot be read", ref("pIsLocked", "Both"), "Level fails",
+            "Locked by Scan <Mode> (Fast), Level", "Mode Level");
+        row("locked by nobody to show", ref("pIsLocked", "Reg"), "", readOnly, "");
+        row("a circle", ref("pIsLocked", "Circle"), "", readOnly, "");
+        row("not available", ref("pIsAvailable", "Level"), "Level 0",
+            "Not available because of Level (0)", "Level");
+        row("neither available nor unlocked",
+            ref("pIsAvailable", "Level") + ref("pIsLocked", "Mode"), "Level 0",
+            "Not available because of Level (0)", "Level");
+        row("by the camera's mode", locked, "Level 0,Width ro", readOnly, "");
+        row("locked where its value comes from", below, "Width ro", "Locked by Level (3)", "Level");
+        row("not locked there", below, "Width ro,Level 0", readOnly, "");
+        row("never written", below + ref("ImposedAccessMode", "RO"), "Width ro", readOnly, "");
+    }
+
+    void reasons()
+    {
+        QFETCH(QString, width);
+        QFETCH(QString, host);
+        QFETCH(QString, text);
+        build(width);
+        const QStringList answers = host.split(QLatin1Char(','), Qt::SkipEmptyParts);
+        for (const QString& answer : answers)
+            setAnswer(answer.section(QLatin1Char(' '), 0, 0), answer.section(QLatin1Char(' '), 1));
+        read();
+        m_host.fail("Level"_s, 0);
+        select("Width");
+        QTRY_COMPARE(line()->toPlainText(), text);
+        QCOMPARE(reason(), text);
+        QCOMPARE(line()->isVisible(), !text.isEmpty());
+        QTEST(links(), "links");
+    }
+
+    // The value that decides was read before the lock was: it says the contrary.
+    void olderValue()
+    {
+        showLocked();
+        QTRY_COMPARE(reason(), "Locked by Level (3)"_s);
+        item("Level")->value()->setValue(0);
+        QCOMPARE(reason(), "Locked by Level"_s);
+    }
+
+    void linkByMouse()
+    {
+        showLocked("Both"_s);
+        QTRY_VERIFY(line()->isVisible());
+        QSignalSpy shown(m_tree.get(), &ORXFeatureTree::SigShowFeature);
+        const QPoint place = placeOf("Level"_s);
+        QVERIFY(place.x() > 0);
+        QTest::mouseClick(line()->viewport(), Qt::LeftButton, {}, place);
+        QCOMPARE(shown, QList<QVariantList>({{"Level"_s}}));
+    }
+
+    void linksByKeyboard()
+    {
+        showLocked("Both"_s);
+        QTRY_VERIFY(line()->isVisible());
+        QSignalSpy shown(m_tree.get(), &ORXFeatureTree::SigShowFeature);
+        auto* panel = m_tree->findChild<FeatureDescriptionPanel*>();
+        panel->setFocus();
+        QTRY_VERIFY(panel->hasFocus());
+        const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+        press(Qt::Key_Tab);
+        QVERIFY(line()->hasFocus());
+        QCOMPARE(focusedLink(), "Mode"_s);
+        press(Qt::Key_Tab);
+        QCOMPARE(focusedLink(), "Level"_s);
+        press(Qt::Key_Return);
+        QCOMPARE(shown, QList<QVariantList>({{"Level"_s}}));
+        press(Qt::Key_Backtab);
+        QCOMPARE(focusedLink(), "Mode"_s);
+        press(Qt::Key_Backtab);
+        QVERIFY(!line()->hasFocus());
+    }
+
+    // Tab would go on through the editors of other rows.
+    void fromTheRowByEnter()
+    {
+        showLocked("Both"_s);
+        QTRY_VERIFY(line()->isVisible());
+        auto* rows = m_tree->treeView();
+        m_tree->infoTabs()->addPanel(new QWidget, [] { return "Other"_s; });
+        m_tree->infoTabs()->setCurrentIndex(1);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) {
+            rows->setFocus();
+            QTRY_VERIFY(rows->hasFocus());
+            QTest::keyClick(rows, key);
+            QVERIFY(line()->hasFocus());
+            QCOMPARE(focusedLink(), "Mode"_s);
+            QTest::keyClick(line(), Qt::Key_Tab);
+            QTest::keyClick(line(), Qt::Key_Escape);
+            QVERIFY(rows->hasFocus());
+        }
+    }
+
+    // The user is about to follow a link.
+    void decidersChange()
+    {
+        showLocked("Both"_s);
+        QTRY_VERIFY(line()->isVisible());
+        line()->setFocus(Qt::BacktabFocusReason);
+        QTRY_COMPARE(focusedLink(), "Level"_s);
+        m_host.set("Level"_s, FakeHost::integerFeature(4));
+        reread("Level");
+        QTRY_COMPARE(line()->toPlainText(), "Locked by Scan <Mode> (Fast), Level (4)"_s);
+        QCOMPARE(focusedLink(), "Level"_s);
+        QSignalSpy shown(m_tree.get(), &ORXFeatureTree::SigShowFeature);
+        QTest::keyClick(line(), Qt::Key_Return);
+        QCOMPARE(shown, QList<QVariantList>({{"Level"_s}}));
+        // The lock goes, and the line with it; not the focus.
+        m_host.set("Both"_s, FakeHost::integerFeature(0));
+        reread("Level");
+        QTRY_VERIFY(!line()->isVisible());
+        QVERIFY(m_tree->findChild<FeatureDescriptionPanel*>()->hasFocus());
+        QCOMPARE(reason(), QString());
+    }
+
+    void levelOfTheUser()
+    {
+        build(ref("pIsLocked", "Level"));
+        read();
+        select("Width");
+        QTRY_COMPARE(links(), QStringList{"Level"_s});
+        item("Level")->setVisible(false, 1);
+        QTRY_COMPARE(links(), QStringList());
+        QCOMPARE(line()->toPlainText(), "Locked by Level (3)"_s);
+    }
+
+    void longNames()
+    {
+        showLocked();
+        QTRY_VERIFY(line()->isVisible());
+        const int width = m_tree->minimumSizeHint().width();
+        item("Level")->value()->setDisplayName(QString(500, QLatin1Char('W')));
+        m_tree->notifyEditorUpdate();
+        QVERIFY(line()->toPlainText().contains(QString(50, QLatin1Char('W'))));
+        QCOMPARE(m_tree->minimumSizeHint().width(), width);
+        QVERIFY(line()->height() < m_tree->height() / 8);
+        QTRY_COMPARE(line()->document()->idealWidth() <= line()->viewport()->width(), true);
+    }
+
+    void toolTips()
+    {
+        showLocked("Both"_s);
+        QWidget* spinBox = nullptr;
+        QTRY_VERIFY((spinBox = m_tree->treeView()->editorOf(item("Width"))) &&
+                    !spinBox->accessibleDescription().isEmpty());
+        const auto tipAt = [](QWidget* widget, const QPoint& at) {
+            QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
+            QApplication::sendEvent(widget, &event);
+            const QString text = QToolTip::text();
+            QToolTip::hideText();
+            return text;
+        };
+        const QString why = "Locked by Scan &lt;Mode&gt; (Fast), Level (3)"_s;
+        QVERIFY(tipAt(spinBox, QPoint(5, 5)).contains(why + "<br>Min:"_s));
+        QWidget* rows = m_tree->treeView()->viewport();
+        const QPoint edge = spinBox->geometry().topRight() + QPoint(4, 4);
+        QVERIFY(tipAt(rows, edge).contains(why));
+        m_host.set("Both"_s, FakeHost::integerFeature(0));
+        reread("Level");
+        QTRY_VERIFY(spinBox->isEnabled());
+        QVERIFY(!tipAt(spinBox, QPoint(5, 5)).contains("Locked"_s));
+        QVERIFY(!tipAt(rows, edge).contains("Locked"_s));
+    }
+};
+
+OBFT_TEST_MAIN(TestReadOnlyReason)
+#include "tst_readonlyreason.moc"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "main/CFeatureGroupModel.h"
 
-#include "basetools/ORXInterface.h"
 #include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustom.h"
+#include "tree/ItemText.h"
 
 #include <QColor>
 
@@ -125,12 +125,6 @@ bool CFeatureGroupModel::hasDot(const QModelIndex& index) const
     return m_dots.contains(itemFromIndex(index));
 }
 
-QString CFeatureGroupModel::name(const ORXPropertyTreeItem& item) const
-{
-    return ORXInterface::language() == QLatin1String("CH") ? item.value()->translateName()
-                                                           : item.value()->displayName();
-}
-
 QModelIndex CFeatureGroupModel::index(int row, int column, const QModelIndex& parent) const
 {
     if (row < 0 || column != 0)
@@ -177,9 +171,9 @@ QVariant CFeatureGroupModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-        return name(*item);
+        return ItemText::name(*item);
     case Qt::AccessibleTextRole:
-        return hasDot(index) ? tr("%1, changed").arg(name(*item)) : name(*item);
+        return hasDot(index) ? tr("%1, changed").arg(ItemText::name(*item)) : ItemText::name(*item);
     case Qt::TextAlignmentRole:
         return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::ForegroundRole:

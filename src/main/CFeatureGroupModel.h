@@ -55,7 +55,6 @@ public:
 
 private:
     int rowOfRoot(const ORXPropertyTreeItem* item) const;
-    QString name(const ORXPropertyTreeItem& item) const;
 
     QVector<FeaturePage> m_pages;
     QSet<const ORXPropertyTreeItem*> m_dots; // groups. Not owned, only compared.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/ORXFeatureTree.h"
 
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
@@ -12,6 +11,7 @@
 #include "tree/FeatureDescriptionPanel.h"
 #include "tree/FeatureInfoTabs.h"
 #include "tree/HostWaitLine.h"
+#include "tree/ItemText.h"
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/ReadOnlyReasonLine.h"
 
@@ -69,10 +69,7 @@ void ORXFeatureTree::buildLayout()
     belowLayout->setSpacing(0);
     const auto nameOf = [this](const QString& feature) {
         const ORXPropertyTreeItem* item = propertyItemByName(feature);
-        if (!item || !item->value())
-            return feature;
-        return ORXInterface::language() == QLatin1String("CH") ? item->value()->translateName()
-                                                               : item->value()->displayName();
+        return item && item->value() ? ItemText::name(*item) : feature;
     };
     belowLayout->addWidget(new HostWaitLine(nameOf, below));
     auto* description = new QWidget(this);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "device/XmlDocument.h"
 #include "model/FeatureDeciders.h"
 #include "support/DescriptionBuilder.h"
 #include "support/TestMain.h"
-
-#include <QDomDocument>
 
 using namespace DescriptionBuilder;
 
@@ -29,7 +28,7 @@ QString formula(const char* name, const char* variables)
 
 FeatureNodeMap nodesOf(const QString& elements)
 {
-    QDomDocument document;
+    XmlDocument document;
     document.setContent(wrap(elements));
     return FeatureNodeMap(document.documentElement());
 }

@@ -4,6 +4,7 @@
 #include "tree/FeatureTreeTest.h"
 
 #include <QDeadlineTimer>
+#include <QSignalSpy>
 
 #include <cmath>
 

@@ -4,7 +4,6 @@
 #include "tree/FeatureTreeTest.h"
 
 #include <QDeadlineTimer>
-#include <QSignalSpy>
 
 #include <cmath>
 
@@ -50,14 +49,16 @@ private slots:
     void notANumberIsOneChange()
     {
         readOnce();
-        QSignalSpy changes(m_tree->valueWatch(), &ValueWatch::SigChanged);
+        int changes = 0;
+        connect(m_tree->valueWatch(), &ValueWatch::SigChanged, this,
+                [&](const QVector<ValueChange>& some) { changes += some.size(); });
         m_host.set("Gain"_s, FakeHost::floatFeature(std::nanf(""), 0.0F, 24.0F));
         for (int i = 0; i < 2; ++i) {
             m_tree->rereadInvalidated("Gain"_s);
             QVERIFY(readingEnds());
             QCoreApplication::processEvents();
         }
-        QCOMPARE(changes.size(), 1);
+        QCOMPARE(changes, 1);
     }
 };
 

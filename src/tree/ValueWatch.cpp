@@ -7,7 +7,6 @@
 #include <QDateTime>
 
 #include <chrono>
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -16,17 +15,6 @@ qint64 monotonicMs()
 {
     using namespace std::chrono;
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
-// What is not a number stays what it is.
-bool areSame(const QVariant& a, const QVariant& b)
-{
-    const auto isNan = [](const QVariant& value) {
-        const bool isReal =
-            value.userType() == QMetaType::Float || value.userType() == QMetaType::Double;
-        return isReal && std::isnan(value.toDouble());
-    };
-    return a == b || (isNan(a) && isNan(b));
 }
 
 } // namespace
@@ -132,7 +120,7 @@ void ValueWatch::takeReads()
     QVector<ValueChange> changes;
     for (const Read& read : qAsConst(reads)) {
         const auto known = m_known.find(read.item);
-        if (known == m_known.end() || areSame(known->held.value, read.value))
+        if (known == m_known.end() || known->held.value == read.value)
             continue;
         const Held before = std::exchange(known->held, {read.value, read.steadyMs});
         if (!before.value.isValid())

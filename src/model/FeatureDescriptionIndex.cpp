@@ -3,7 +3,6 @@
 
 #include "model/FeaturePolling.h"
 
-
 #include <utility>
 
 namespace {

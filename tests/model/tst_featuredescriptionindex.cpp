@@ -5,7 +5,6 @@
 #include "support/LoadedDescription.h"
 #include "support/TestMain.h"
 
-
 using namespace DescriptionBuilder;
 
 namespace {

@@ -7,7 +7,6 @@
 #include "support/DescriptionBuilder.h"
 #include "support/TestMain.h"
 
-
 using namespace DescriptionBuilder;
 using Item = ORXPropertyTreeItem;
 

@@ -34,4 +34,5 @@ for language in en zh; do
     (cd docs/images && "$host" --size 1000x760 --language "$language" \
         --do "$stories/tour-$language.steps" >/dev/null 2>&1)
 done
+(cd docs/images && "$host" --size 1000x760 --do "$stories/trend.steps" >/dev/null 2>&1)
 rm -f docs/images/tour.features

@@ -25,8 +25,6 @@ picture page-image-roi-en en "choose=ORXFeatureUserLevel:Guru; settle; tab=3; se
 picture page-image-roi-zh zh "choose=ORXFeatureUserLevel:资深; settle; tab=3; select=感兴趣区域（ROI）; wait=400"
 picture page-image-lut-en en "tab=3; select=LUT; set=LUT Enable:1; wait=400; set=Line Type:Curve"
 picture page-image-lut-zh zh "tab=3; select=查找表（LUT）; set=查找表使能:1; wait=400; set=曲线类型:曲线"
-picture changes-en en "select=Image Format Control; wait=400; set=Width:640; settle; wait=600; tab=Changes"
-picture changes-zh zh "select=图像格式控制; wait=400; set=宽度:640; settle; wait=600; tab=变更"
 # What changed and why, and feature files; each story takes pictures of its own.
 stories="$PWD/hosts/camera/stories"
 host="$(realpath "$host")"

@@ -42,6 +42,9 @@ bool press(LUTLine& line, const QKeyEvent& event)
     case Qt::Key_End:
         line.selectNeighbour(line.pointCount());
         return true;
+    case Qt::Key_Insert:
+        line.addBehindSelected();
+        return true;
     case Qt::Key_Delete:
         line.removeSelected();
         return true;

@@ -35,6 +35,8 @@ public:
     virtual bool drag(const QPoint& pixel, const LUTPlot& plot) = 0;
     virtual bool release(const QPoint& pixel, const LUTPlot& plot) = 0;
     virtual bool addPoint(const QPoint& pixel, const LUTPlot& plot);
+    // Halfway from the selected point to the next one, where the line is already.
+    virtual bool addBehindSelected() { return false; }
     virtual bool removeSelected();
     // Steps of index and value; without a selection the first point becomes selected instead.
     virtual bool moveSelected(int indexStep, int valueStep) = 0;

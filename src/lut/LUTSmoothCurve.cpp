@@ -126,11 +126,29 @@ bool LUTSmoothCurve::addPoint(const QPoint& pixel, const LUTPlot& plot)
     // One value for an index, and nothing outside the first and the last control point.
     if (place == m_controls.begin() || place == m_controls.end() || place->index == added.index)
         return false;
-    m_nSelected = static_cast<int>(place - m_controls.begin());
-    m_bDragging = false;
-    m_controls.insert(place, added);
-    redraw();
+    insertControl(static_cast<int>(place - m_controls.begin()), added);
     return true;
+}
+
+bool LUTSmoothCurve::addBehindSelected()
+{
+    if (m_controls.size() < 2 || m_controls.size() >= kMostControls)
+        return false;
+    const int before = qBound(0, m_nSelected, m_controls.size() - 2);
+    const int first = m_controls.at(before).index;
+    const int index = first + (m_controls.at(before + 1).index - first) / 2;
+    if (index == first) // no room
+        return false;
+    insertControl(before + 1, {index, valueAt(index)});
+    return true;
+}
+
+void LUTSmoothCurve::insertControl(int number, const LUTPoint& point)
+{
+    m_nSelected = number;
+    m_bDragging = false;
+    m_controls.insert(number, point);
+    redraw();
 }
 
 bool LUTSmoothCurve::removeSelected()

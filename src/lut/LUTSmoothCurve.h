@@ -19,6 +19,8 @@ public:
     bool press(const QPoint& pixel, const LUTPlot& plot) override;
     // A new control point at the position, unless one is near or there are kMostControls.
     bool addPoint(const QPoint& pixel, const LUTPlot& plot) override;
+    // The same, for the keyboard; before the last point where that one is selected.
+    bool addBehindSelected() override;
     // The first and the last control point stay.
     bool removeSelected() override;
 
@@ -36,6 +38,7 @@ protected:
     LUTPoint droppedAt(const QPoint& pixel, const LUTPlot& plot) const override;
 
 private:
+    void insertControl(int number, const LUTPoint& point);
     QVector<double> slopes() const;
     void drawPiece(const QPointF& start, const QPointF& control, const QPointF& end);
 };

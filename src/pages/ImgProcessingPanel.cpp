@@ -4,6 +4,7 @@
 #include "lut/QLUTDrawWidget.h"
 #include "region/RegionDrawWidget.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELSplitterKeys.h"
 
 #include <QLayout>
 #include <QScrollArea>
@@ -37,6 +38,7 @@ ImgProcessingPanel::ImgProcessingPanel(QWidget* rows, QWidget* page)
     hide();
     auto* splitter = new QSplitter(Qt::Vertical, page);
     splitter->setChildrenCollapsible(false);
+    new ZELSplitterKeys(splitter);
     splitter->addWidget(rows);
     splitter->addWidget(this);
     splitter->setStretchFactor(0, kRowsShare);

@@ -8,6 +8,7 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
+#include "styledctl/ZELSplitterKeys.h"
 #include "tree/FeatureDescriptionPanel.h"
 #include "tree/FeatureInfoTabs.h"
 #include "tree/HostWaitLine.h"
@@ -85,6 +86,7 @@ void ORXFeatureTree::buildLayout()
     auto* splitter = new QSplitter(Qt::Vertical, this);
     splitter->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Splitter));
     splitter->setChildrenCollapsible(false);
+    new ZELSplitterKeys(splitter);
     splitter->addWidget(treeView());
     splitter->addWidget(below);
     splitter->setStretchFactor(0, kTreeShare);

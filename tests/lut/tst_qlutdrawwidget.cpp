@@ -3,6 +3,7 @@
 // camera, closed in the middle of a transfer. Files and unplugged cameras: see
 // tst_orximgprocessingtransfers.
 #include "basetools/ORXInterface.h"
+#include "lut/LUTSmoothCurve.h"
 #include "lut/LutCamera.h"
 #include "lut/QLUTDrawWidget.h"
 #include "model/CTreeItemValue.h"
@@ -335,6 +336,31 @@ private slots:
         QTest::keyClick(m_widget, Qt::Key_Delete);
         QCOMPARE(m_widget->currentLine().handles().size(), 5);
         QCOMPARE(m_widget->GetSettinngPoints(), before);
+    }
+
+    void insertAddsBehindTheSelectedPoint()
+    {
+        m_widget->SetDrawLineChanged(QLUTDrawWidget::SmoothCurve);
+        const auto indexes = [this] {
+            QVector<int> list;
+            for (const LUTPoint& point : m_widget->currentLine().handles())
+                list.append(point.index);
+            return list;
+        };
+        const LUTPoints before = m_widget->GetSettinngPoints();
+        QCOMPARE(indexes(), (QVector<int>{0, 255, 511, 767, 1023}));
+        QTest::keyClick(m_widget, Qt::Key_Insert); // nothing is selected
+        QTest::keyClick(m_widget, Qt::Key_End);
+        QTest::keyClick(m_widget, Qt::Key_Insert);
+        QCOMPARE(indexes(), (QVector<int>{0, 127, 255, 511, 767, 895, 1023}));
+        // Where the curve was, and the keys go on with it.
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+        QTest::keyClick(m_widget, Qt::Key_Up);
+        QCOMPARE(m_widget->currentLine().handles().at(5).value, before.at(895).value + 1);
+        // Until there is no room, or there are enough.
+        for (int i = 0; i < 100; ++i)
+            QTest::keyClick(m_widget, Qt::Key_Insert);
+        QVERIFY(indexes().size() <= LUTSmoothCurve::kMostControls);
     }
 
     void toolTipTellsIndexAndValue()

@@ -10,6 +10,7 @@
 #include "styledctl/ZELCustomSpinBox.h"
 #include "styledctl/ZELCustomSpinBox64.h"
 #include "styledctl/ZELCustomWidget.h"
+#include "styledctl/ZELSplitterKeys.h"
 #include "support/Rows.h"
 #include "support/TestMain.h"
 
@@ -18,6 +19,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -118,6 +120,33 @@ private slots:
         stage.control->setFocus();
         QVERIFY(sendWheel(stage.control));
         QVERIFY(valueOf(stage.control) != before);
+    }
+
+    void keysMoveASplitter()
+    {
+        QSplitter splitter(Qt::Vertical);
+        splitter.setChildrenCollapsible(false);
+        auto* above = new QTreeWidget(&splitter);
+        new QTreeWidget(&splitter);
+        new ZELSplitterKeys(&splitter);
+        splitter.resize(300, 600);
+        splitter.show();
+        QVERIFY(QTest::qWaitForWindowActive(&splitter));
+        above->setFocus();
+        const auto press = [&](Qt::Key key, int times) {
+            for (int i = 0; i < times; ++i)
+                QTest::keyClick(above, key, Qt::ControlModifier | Qt::ShiftModifier);
+            return splitter.sizes();
+        };
+        const QList<int> before = splitter.sizes();
+        constexpr int kStep = ZELSplitterKeys::kStepPx;
+        QCOMPARE(press(Qt::Key_Down, 2),
+                 (QList<int>{before.at(0) + 2 * kStep, before.at(1) - 2 * kStep}));
+        QCOMPARE(press(Qt::Key_Up, 2), before);
+        // Neither side goes.
+        const int least = press(Qt::Key_Up, 40).at(0);
+        QVERIFY(least > 0 && least < before.at(0));
+        QVERIFY(press(Qt::Key_Down, 40).at(1) > 0);
     }
 
     void focusIsVisible_data() { controls(); }

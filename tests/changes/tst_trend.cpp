@@ -167,7 +167,8 @@ private slots:
         TrendStore store;
         for (qint64 ms = 0; ms < 20 * kMinute; ms += 100)
             store.append({changeOf("Temperature"_s, ms, 1.5F, float(ms % 7))});
-        const auto& samples = store.series("Temperature"_s, {}).samples();
+        const TrendSeries series = store.series("Temperature"_s, {});
+        const auto& samples = series.samples();
         QVERIFY(samples.size() > 590);
         QVERIFY(samples.size() <= std::size_t(TrendSeries::kMaxSamples));
 

@@ -75,6 +75,21 @@ private:
                                PageWindow::kPatienceMs);
     }
 
+    // The picture takes over what was read a moment after the reading has ended.
+    bool hasLimitsAsRead(const QStringList& names) const
+    {
+        const auto read =
+            RegionArea::read(*m_window->tree(), names == kArea ? RegionArea::autoFunctionNames()
+                                                               : RegionArea::imageNames());
+        const RegionArea* shown = picture()->edited();
+        const auto areSame = [](const RegionAxis::Limits& a, const RegionAxis::Limits& b) {
+            return a.extent == b.extent && a.sizeMaximum == b.sizeMaximum &&
+                   a.offsetMaximum == b.offsetMaximum;
+        };
+        return read && shown && areSame(read->x().limits(), shown->x().limits()) &&
+               areSame(read->y().limits(), shown->y().limits());
+    }
+
     // Puts the camera's region there and waits until the page has seen it.
     void startAt(const QStringList& names, const QRect& rect)
     {
@@ -89,6 +104,7 @@ private:
         QVERIFY(m_window->refresh());
         OBFT_TRY_COMPARE(shownRect(names), rect);
         OBFT_TRY_COMPARE(picture()->edited() ? picture()->edited()->rect() : QRect(), rect);
+        OBFT_TRY_VERIFY(hasLimitsAsRead(names));
         m_camera->forget();
     }
 

@@ -81,6 +81,15 @@ void ZELCustomSpinBox64::setSingleStep(qlonglong step)
     m_step = qMax<qlonglong>(1, step);
 }
 
+void ZELCustomSpinBox64::setBehindText(qlonglong minimum, qlonglong maximum, qlonglong value)
+{
+    m_minimum = minimum;
+    m_maximum = qMax(minimum, maximum);
+    m_value = qBound(m_minimum, value, m_maximum);
+    updateGeometry();
+    update();
+}
+
 void ZELCustomSpinBox64::setValue(qlonglong value)
 {
     const qlonglong bounded = qBound(m_minimum, value, m_maximum);
@@ -105,12 +114,13 @@ void ZELCustomSpinBox64::showValue()
         else
             edit->setCursorPosition(0);
     }
+    edit->setModified(false);
     update();
 }
 
 bool ZELCustomSpinBox64::hasPendingEdit() const
 {
-    return lineEdit()->text() != QString::number(m_value);
+    return lineEdit()->isModified() || lineEdit()->text() != QString::number(m_value);
 }
 
 qlonglong ZELCustomSpinBox64::typedValue() const

@@ -34,8 +34,12 @@ public:
     void setRange(qlonglong minimum, qlonglong maximum);
     // 0 and negative steps count as 1.
     void setSingleStep(qlonglong step);
+    // The value changed while the user was typing: what he types stays, and is judged by this range
+    // and against this value when it is committed. The value is moved into the range. No signal.
+    void setBehindText(qlonglong minimum, qlonglong maximum, qlonglong value);
 
-    // The user typed something that is not the value yet.
+    // The user typed something that was neither committed nor taken back, be it what the value is:
+    // he may not be done.
     bool hasPendingEdit() const;
     // Makes the typed text the value, as Enter does.
     void commitText();

@@ -85,7 +85,7 @@ void QPropertyLineEdit::Rollback()
 
 bool QPropertyLineEdit::hasPendingEdit() const
 {
-    return isModified() && text() != m_strLastText;
+    return isModified();
 }
 
 bool QPropertyLineEdit::SaveProperty(QVariant& value)
@@ -100,6 +100,7 @@ bool QPropertyLineEdit::SaveProperty(QVariant& value)
     constexpr int kKinds = sizeof(kSave) / sizeof(kSave[0]);
     if (text() == m_strLastText) {
         value = m_strLastText;
+        setModified(false);
         return false;
     }
     if (m_nKind < 0 || m_nKind >= kKinds)

@@ -42,8 +42,9 @@ public:
     bool SaveProperty(QVariant& value);
     void Rollback();
     void resetToolTip();
-    // True while the user has typed something that was neither saved nor rolled back. Also without
-    // the focus, which another window may have for a while.
+    // True while the user has typed something that was neither saved nor rolled back, be it what
+    // was there before: he may not be done. Also without the focus, which another window may have
+    // for a while.
     bool hasPendingEdit() const;
 
     int notify(int code, void* data) override;

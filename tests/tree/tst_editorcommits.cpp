@@ -75,6 +75,42 @@ private slots:
         QCOMPARE(m_page->writes, QStringList(tag + " 7"_s));
     }
 
+    void typingThroughTheShownValue_data()
+    {
+        const Rows<QString, QString, QVariant> row("tag", "shown", "read");
+        row("text", "String", "6", "other"_s);
+        row("integer", "Integer", "6", 50);
+    }
+
+    // On its way to "64" the text is what the camera has: the user is not done with it.
+    void typingThroughTheShownValue()
+    {
+        QFETCH(QString, tag);
+        QFETCH(QString, shown);
+        QFETCH(QVariant, read);
+        open({tag});
+        Item* feature = m_page->item(tag);
+        QWidget* widget = m_page->anyEditor(tag);
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(widget, shown);
+        QTest::keyClick(widget, Qt::Key_Return);
+        m_page->writes.clear();
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(widget, shown);
+        feature->value()->setValue(read);
+        feature->endUpdateItem(1);
+        QTest::keyClicks(widget, "4"_s);
+        QTest::keyClick(widget, Qt::Key_Return);
+        QCOMPARE(m_page->writes, QStringList(tag + " 64"_s));
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(widget, "64"_s);
+        feature->value()->setValue(read);
+        feature->endUpdateItem(1);
+        QTest::keyClick(widget, Qt::Key_Return);
+        QCOMPARE(m_page->writes.size(), 2); // it is no longer what the camera has
+    }
+
     void escapeShowsWhatCameMeanwhile()
     {
         open({"String"_s, "Integer"_s});

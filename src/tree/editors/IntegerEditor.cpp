@@ -28,11 +28,13 @@ qint64 onGrid(qint64 value, qint64 minimum, qint64 maximum, qint64 step)
 void fillSpinBox(ORXPropertySpinBox* spinBox, const CTreeIntergerItemValue::Numbers& n, bool usable)
 {
     // What the user is typing must survive a value that arrives meanwhile.
-    if (!usable || !spinBox->hasPendingEdit()) {
+    if (usable && spinBox->hasPendingEdit()) {
+        spinBox->setBehindText(n.m_nMinValue, n.m_nMaxValue, n.m_nValue);
+    } else {
         spinBox->setRange(n.m_nMinValue, n.m_nMaxValue);
         spinBox->setValue(n.m_nValue);
-        spinBox->setSingleStep(n.m_nIncrement);
     }
+    spinBox->setSingleStep(n.m_nIncrement);
     spinBox->setEnabled(usable);
     spinBox->resetToolTip();
     if (!usable)

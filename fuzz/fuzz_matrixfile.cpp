@@ -10,9 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     FuzzInput::beQuiet();
     QStandardPaths::setTestModeEnabled(true);
-    // Never the same file twice: QSettings takes one of the same size and time for unchanged.
-    static int inputs = 0;
-    const QString name = QStringLiteral("fuzz%1").arg(++inputs);
+    const QString name = QStringLiteral("fuzz");
     const QString path = ORXRWCCMValue::fileOf(name);
     FuzzInput::put(path, data, size);
     ORXRWCCMValue file;

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSettings>
+#include <QTemporaryFile>
 #include <QUrl>
 #include <QVariant>
 
@@ -147,7 +148,8 @@ bool ORXRWCCMValue::createSetting(const QString& name)
     m_strFile = fileOf(name);
     m_strFault.clear();
     m_content = Content();
-    return makeFile() && looksLikeSettings() && readContent();
+    QByteArray text;
+    return makeFile() && readText(text) && looksLikeSettings(text) && readContent(text);
 }
 
 bool ORXRWCCMValue::makeFile()
@@ -163,8 +165,7 @@ bool ORXRWCCMValue::makeFile()
     return true;
 }
 
-// Faults that QSettings passes over in silence.
-bool ORXRWCCMValue::looksLikeSettings()
+bool ORXRWCCMValue::readText(QByteArray& text)
 {
     const QFileInfo info(m_strFile);
     if (!info.isFile())
@@ -174,7 +175,13 @@ bool ORXRWCCMValue::looksLikeSettings()
     QFile file(m_strFile);
     if (!file.open(QIODevice::ReadOnly))
         return fail(QStringLiteral("it cannot be read: ") + file.errorString());
-    const QByteArray text = file.readAll();
+    text = file.readAll();
+    return true;
+}
+
+// Faults that QSettings passes over in silence.
+bool ORXRWCCMValue::looksLikeSettings(const QByteArray& text)
+{
     if (text.contains('\0'))
         return fail(QStringLiteral("it is not a text"));
     const QList<QByteArray> lines = text.split('\n');
@@ -185,9 +192,14 @@ bool ORXRWCCMValue::looksLikeSettings()
     return true;
 }
 
-bool ORXRWCCMValue::readContent()
+// From a copy that nobody has read before: QSettings takes a file of the same name, size and time
+// for unchanged, which one that was written twice within a tick of the clock can be.
+bool ORXRWCCMValue::readContent(const QByteArray& text)
 {
-    const QSettings settings(m_strFile, QSettings::IniFormat);
+    QTemporaryFile copy;
+    if (!copy.open() || copy.write(text) != text.size() || !copy.flush())
+        return fail(QStringLiteral("no copy of it can be made: ") + copy.errorString());
+    const QSettings settings(copy.fileName(), QSettings::IniFormat);
     // QSettings reads the file at the first access only; before that, status() is always good.
     settings.allKeys();
     if (settings.status() != QSettings::NoError)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <array>
@@ -48,8 +49,9 @@ public:
 
 private:
     bool makeFile();
-    bool looksLikeSettings();
-    bool readContent();
+    bool readText(QByteArray& text);
+    bool looksLikeSettings(const QByteArray& text);
+    bool readContent(const QByteArray& text);
     bool fail(const QString& fault);
 
     QString m_strFile;

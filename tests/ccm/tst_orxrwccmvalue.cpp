@@ -39,6 +39,22 @@ private slots:
                  (ORXRWCCMValue::Coefficients{1024, 0, 0, 0, 1024, 0, 0, 0, 1024}));
     }
 
+    // As it is after two writes within a tick of the file system's clock.
+    void changeOfTheSameSizeAndTimeIsSeen()
+    {
+        const QDateTime moment = QDateTime::currentDateTime();
+        for (const bool on : {true, false}) {
+            kFile.store(on ? "[Common]\nCCMEnable=true \n" : "[Common]\nCCMEnable=false\n");
+            QFile file(ORXRWCCMValue::fileOf(kName));
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            QVERIFY(file.setFileTime(moment, QFileDevice::FileModificationTime));
+            file.close();
+            ORXRWCCMValue settings;
+            QVERIFY(settings.createSetting(kName));
+            QCOMPARE(settings.content().enabled, on);
+        }
+    }
+
     void coefficientsCountOnlyWhenOn()
     {
         int values[ORXRWCCMValue::kCoefficients] = {7, 7, 7, 7, 7, 7, 7, 7, 7};

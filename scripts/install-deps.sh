@@ -7,7 +7,8 @@ set -euo pipefail
 
 run_packages="cmake ninja-build g++ gcc ccache pkg-config qtbase5-dev qtbase5-dev-tools
   qttools5-dev-tools libaravis-dev libusb-1.0-0-dev libpugixml-dev librsvg2-bin fonts-noto-cjk fonts-dejavu-core"
-test_packages="$run_packages aravis-tools aravis-tools-cli binutils clang-format python3"
+test_packages="$run_packages aravis-tools aravis-tools-cli binutils clang-format python3
+  python3-pyqt5"
 bench_packages="$run_packages libbenchmark-dev"
 tidy_packages="$test_packages clang-tidy"
 fuzz_packages="$run_packages clang"

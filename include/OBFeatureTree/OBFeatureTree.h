@@ -126,7 +126,7 @@ typedef int (*OB_FT_ActionFunc)(int action, void* user);
 /**
  * Makes the window (hidden) and reads the description. The first call of a process also sets the
  * application's style and loads the resource packs from "FeatureTreeResource" beside the host's
- * executable. Needs a QApplication.
+ * executable, else beside the library, else from where it was installed. Needs a QApplication.
  * @param deviceXml feature description, UTF-8; NULL keeps the previous one. A text that does not
  *        parse is logged and leaves an empty window; so is one with a document type declaration.
  * @param translateXml the host's names and descriptions, UTF-8; they are added to those of earlier

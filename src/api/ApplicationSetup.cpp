@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "api/ApplicationSetup.h"
 
+#include "api/ResourcePlace.h"
 #include "device/OBDeviceControl.h"
 #include "styledctl/ZELCustom.h"
 
@@ -27,13 +28,14 @@ void runOnce()
     if (s_InitApp)
         return;
     s_InitApp = true;
-    const QString directory = QCoreApplication::applicationDirPath();
+    const QString directory = ResourcePlace::directory();
     OBDeviceControl::SetDllPath(directory);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     // A missing pack only leaves its pictures absent.
     for (const char* pack : kResourcePacks)
         QResource::registerResource(directory + QString::fromUtf8(pack));
-    QCoreApplication::addLibraryPath(directory + QStringLiteral("/plugins"));
+    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() +
+                                     QStringLiteral("/plugins"));
     ZELCustom::addXmlPath(QStringLiteral(":/ORX/QSS/CustomStyleSheet_ORX.xml"));
 }
 

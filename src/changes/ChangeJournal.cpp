@@ -47,9 +47,12 @@ void ChangeJournal::append(const QVector<ValueChange>& changes)
         return;
     beginRemoveRows({}, kMaxLines, rowCount() - 1);
     for (int i = 0; i < surplus; ++i) {
-        const auto polled = m_polled.find(m_lines.front().change.name);
-        if (polled != m_polled.end() && *polled == m_dropped)
-            m_polled.erase(polled);
+        // Only what is polled has a line that counts on.
+        if (!m_polled.isEmpty()) {
+            const auto polled = m_polled.find(m_lines.front().change.name);
+            if (polled != m_polled.end() && *polled == m_dropped)
+                m_polled.erase(polled);
+        }
         m_lines.pop_front();
         ++m_dropped;
     }

@@ -12,11 +12,11 @@ GroupDots::GroupDots(const GroupRows* rows, CFeatureGroupModel* model)
 }
 
 // Of all pages; a favourite stands in the favourites, too.
-QVector<const ORXPropertyTreeItem*> GroupDots::groupsOf(ORXPropertyTreeItem* item) const
+GroupDots::Groups GroupDots::groupsOf(ORXPropertyTreeItem* item) const
 {
     // Once for the whole way up on all pages.
     const ItemStateLock lock;
-    QVector<const ORXPropertyTreeItem*> groups;
+    Groups groups;
     ORXPropertyTreeItem* favorite = item->mappingItem();
     for (int page = 0; page < m_pModel->rowCount(); ++page) {
         for (ORXPropertyTreeItem* each : {item, favorite}) {
@@ -34,7 +34,7 @@ void GroupDots::noteChanged(const QVector<ORXPropertyTreeItem*>& items,
     for (ORXPropertyTreeItem* item : items) {
         if (!item->visible())
             continue;
-        const QVector<const ORXPropertyTreeItem*> groups = groupsOf(item);
+        const Groups groups = groupsOf(item);
         if (groups.contains(shown))
             continue;
         for (const ORXPropertyTreeItem* group : groups)

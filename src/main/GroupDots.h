@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QVarLengthArray>
 #include <QVector>
 
 class CFeatureGroupModel;
@@ -24,7 +25,9 @@ public:
     void clear();
 
 private:
-    QVector<const ORXPropertyTreeItem*> groupsOf(ORXPropertyTreeItem* item) const;
+    // One for each page at the most, and the favourites.
+    using Groups = QVarLengthArray<const ORXPropertyTreeItem*, 8>;
+    Groups groupsOf(ORXPropertyTreeItem* item) const;
 
     const GroupRows* m_pRows;     // Not owned.
     CFeatureGroupModel* m_pModel; // Not owned.

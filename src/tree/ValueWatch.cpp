@@ -118,26 +118,28 @@ void ValueWatch::takeReads()
     }
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
     QVector<ValueChange> changes;
-    for (const Read& read : qAsConst(reads)) {
+    changes.reserve(reads.size());
+    for (Read& read : reads) {
         const auto known = m_known.find(read.item);
         if (known == m_known.end() || known->held.value == read.value)
             continue;
-        const Held before = std::exchange(known->held, {read.value, read.steadyMs});
+        Held before = std::exchange(known->held, {read.value, read.steadyMs});
         if (!before.value.isValid())
             continue;
         ValueChange change;
         change.name = known->name;
-        change.before = before.value;
+        change.before = std::move(before.value);
         change.beforeSinceMs = before.sinceMs;
         change.steadyMs = read.steadyMs;
         change.item = read.item;
-        change.now = read.value;
-        change.causedBy = m_causes.value(known->name);
+        change.now = std::move(read.value);
+        if (!m_causes.isEmpty())
+            change.causedBy = m_causes.value(known->name);
         change.cause = change.causedBy.isEmpty()        ? ValueChange::Cause::Camera
                        : change.causedBy == known->name ? ValueChange::Cause::Edited
                                                         : ValueChange::Cause::Follows;
         change.when = now;
-        changes.append(change);
+        changes.append(std::move(change));
     }
     if (!changes.isEmpty())
         emit SigChanged(changes);

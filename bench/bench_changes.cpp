@@ -98,6 +98,10 @@ public:
     ValueWatch* watch() const { return tree()->valueWatch(); }
     void readOnce() { readAnew(m_items, ++m_value, watch()); }
     const Integers& items() const { return m_items; }
+    bool isPolled(const QString& name) const
+    {
+        return tree()->descriptionIndex().pollingMap().contains(name);
+    }
     CFeatureGroupTreeView* groups() const
     {
         return m_window->widget()->featureGroup(1)->groupView();
@@ -136,6 +140,7 @@ QVector<ValueChange> changesOf(const Integers& items, qint64 value)
         change.now = value;
         change.steadyMs = value * 1000;
         change.beforeSinceMs = change.steadyMs - 1000;
+        change.restless = s_window->isPolled(change.name);
         changes.append(change);
     }
     return changes;

@@ -7,10 +7,9 @@
 
 #include <utility>
 
-ChangeJournal::ChangeJournal(const ItemOf& itemOf, const IsPolled& isPolled, QObject* parent)
+ChangeJournal::ChangeJournal(const ItemOf& itemOf, QObject* parent)
     : QAbstractTableModel(parent)
     , m_itemOf(itemOf)
-    , m_isPolled(isPolled)
 {
 }
 
@@ -19,11 +18,11 @@ void ChangeJournal::append(const QVector<ValueChange>& changes)
     QVector<Line> fresh;
     fresh.reserve(changes.size());
     for (const ValueChange& change : changes) {
-        const bool counts = change.cause == ValueChange::Cause::Camera && m_isPolled(change.name);
-        const auto known = counts ? m_polled.constFind(change.name) : m_polled.constEnd();
-        if (known == m_polled.constEnd()) {
-            if (counts)
-                m_polled.insert(change.name, m_dropped + qint64(m_lines.size()) + fresh.size());
+        const auto known =
+            change.restless ? m_restless.constFind(change.name) : m_restless.constEnd();
+        if (known == m_restless.constEnd()) {
+            if (change.restless)
+                m_restless.insert(change.name, m_dropped + qint64(m_lines.size()) + fresh.size());
             fresh.append({change});
             continue;
         }
@@ -47,11 +46,11 @@ void ChangeJournal::append(const QVector<ValueChange>& changes)
         return;
     beginRemoveRows({}, kMaxLines, rowCount() - 1);
     for (int i = 0; i < surplus; ++i) {
-        // Only what is polled has a line that counts on.
-        if (!m_polled.isEmpty()) {
-            const auto polled = m_polled.find(m_lines.front().change.name);
-            if (polled != m_polled.end() && *polled == m_dropped)
-                m_polled.erase(polled);
+        // Only what is restless has a line that counts on.
+        if (!m_restless.isEmpty()) {
+            const auto line = m_restless.find(m_lines.front().change.name);
+            if (line != m_restless.end() && *line == m_dropped)
+                m_restless.erase(line);
         }
         m_lines.pop_front();
         ++m_dropped;
@@ -63,7 +62,7 @@ void ChangeJournal::clear()
 {
     beginResetModel();
     m_lines.clear();
-    m_polled.clear();
+    m_restless.clear();
     m_dropped = 0;
     endResetModel();
 }

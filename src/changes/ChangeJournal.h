@@ -21,8 +21,7 @@ public:
 
     // The item of a feature; null when there is none any more.
     using ItemOf = std::function<const ORXPropertyTreeItem*(const QString& name)>;
-    using IsPolled = std::function<bool(const QString& name)>;
-    ChangeJournal(const ItemOf& itemOf, const IsPolled& isPolled, QObject* parent);
+    ChangeJournal(const ItemOf& itemOf, QObject* parent);
 
     void append(const QVector<ValueChange>& changes);
     void clear();
@@ -48,8 +47,7 @@ private:
     QString text(const Line& line, int column) const;
 
     const ItemOf m_itemOf;
-    const IsPolled m_isPolled;
-    std::deque<Line> m_lines;        // the oldest first
-    QHash<QString, qint64> m_polled; // polled feature -> number of its line
-    qint64 m_dropped = 0;            // number of the first line
+    std::deque<Line> m_lines;          // the oldest first
+    QHash<QString, qint64> m_restless; // restless feature -> number of its line
+    qint64 m_dropped = 0;              // number of the first line
 };

@@ -28,12 +28,8 @@ ZELCustomPushButton* makeButton(const char* name, QWidget* parent)
 ChangesPanel::ChangesPanel(ORXFeatureTree* tree, QWidget* parent)
     : QWidget(parent)
     , m_pTree(tree)
-    , m_pJournal(
-          new ChangeJournal([tree](const QString& name) { return tree->propertyItemByName(name); },
-                            [tree](const QString& name) {
-                                return tree->descriptionIndex().pollingMap().contains(name);
-                            },
-                            this))
+    , m_pJournal(new ChangeJournal(
+          [tree](const QString& name) { return tree->propertyItemByName(name); }, this))
     , m_pView(new ThemedTable(m_pJournal, this))
     , m_pActions(new QWidget(this))
     , m_pRevert(makeButton("ChangesRevert", m_pActions))

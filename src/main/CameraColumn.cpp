@@ -121,12 +121,9 @@ void CameraColumn::noteChanges(const QVector<ValueChange>& changes)
 {
     if (!m_pTree)
         return;
-    const FeatureDescriptionIndex& index = m_pTree->descriptionIndex();
     QVector<ORXPropertyTreeItem*> items;
     for (const ValueChange& change : changes) {
-        const bool isRestless =
-            change.cause == ValueChange::Cause::Camera && index.pollingMap().contains(change.name);
-        if (ChangeMarks::isMarked(change) && !isRestless)
+        if (ChangeMarks::isMarked(change) && !change.restless)
             items.append(change.item);
     }
     if (!items.isEmpty())

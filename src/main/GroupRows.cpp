@@ -62,9 +62,9 @@ ORXPropertyTreeItem* GroupRows::groupOf(int pageRow, ORXPropertyTreeItem* item) 
 {
     const FeaturePage& page = m_pages.at(pageRow);
     ORXPropertyTreeItem* group = item;
-    const ORXPropertyTreeItem* above = group->parent(page.type);
+    ORXPropertyTreeItem* above = group->parent(page.type);
     while (above && above->itemType() != ORXPropertyTreeItem::CustomItem) {
-        group = group->parent(page.type);
+        group = above;
         above = group->parent(page.type);
     }
     return above && above == page.root ? group : nullptr;

@@ -182,6 +182,7 @@ void ORXFeatureTree::CreateFeature()
     m_index.GenerateFeaturesTLParamsLocked();
     m_index.GeneratePSelectedList();
     m_index.GenerateFeatureNoCacheList();
+    m_watch.watch(AllTreeItemsMap().values().toVector(), m_index.pollingMap());
     GenerateFavoritesItems();
 }
 
@@ -197,7 +198,6 @@ void ORXFeatureTree::createItems()
     setRootItem(cameraID(), root);
     m_marks.clear();
     m_reason.setNodes(m_index.nodes());
-    m_watch.watch(AllTreeItemsMap().values().toVector());
     treeView()->resetData(cameraID(), root);
     treeView()->expandAll();
 }

@@ -20,6 +20,8 @@ struct ValueChange
     QVariant before;
     QVariant now;
     Cause cause = Cause::Camera;
+    // Of a feature that is polled, by itself: there will be more of them.
+    bool restless = false;
     QString causedBy; // the written feature; of Follows
     qint64 when = 0;  // milliseconds since 1970
     // By ValueWatch::steadyMs(): when it was read, and since when `before` had stood.

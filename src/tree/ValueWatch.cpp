@@ -31,11 +31,13 @@ ValueWatch::~ValueWatch()
     forget();
 }
 
-void ValueWatch::watch(const QVector<ORXPropertyTreeItem*>& items)
+void ValueWatch::watch(const QVector<ORXPropertyTreeItem*>& items,
+                       const QMap<QString, int>& polling)
 {
     forget();
     for (ORXPropertyTreeItem* item : items) {
-        m_known.insert(item, {item->value()->nodeName(0), {}});
+        const QString name = item->value()->nodeName(0);
+        m_known.insert(item, {name, polling.contains(name), {}});
         item->registerView(this);
     }
 }
@@ -138,6 +140,7 @@ void ValueWatch::takeReads()
         change.cause = change.causedBy.isEmpty()        ? ValueChange::Cause::Camera
                        : change.causedBy == known->name ? ValueChange::Cause::Edited
                                                         : ValueChange::Cause::Follows;
+        change.restless = known->isPolled && change.cause == ValueChange::Cause::Camera;
         change.when = now;
         changes.append(std::move(change));
     }

@@ -5,6 +5,7 @@
 #include "tree/ValueChange.h"
 
 #include <QHash>
+#include <QMap>
 #include <QObject>
 #include <QVector>
 
@@ -29,8 +30,8 @@ public:
     ~ValueWatch() override;
 
     // Watches the items from now on, in the place of those before. They must live until the next
-    // call or the end of the watch.
-    void watch(const QVector<ORXPropertyTreeItem*>& items);
+    // call or the end of the watch. The names of those that are polled are the keys.
+    void watch(const QVector<ORXPropertyTreeItem*>& items, const QMap<QString, int>& polling = {});
 
     // The user has written the feature; what changes next of these is its doing.
     void noteWritten(const QString& name, const QStringList& invalidated);
@@ -71,6 +72,7 @@ private:
     struct Known
     {
         QString name;
+        bool isPolled;
         Held held;
     };
     void forget();

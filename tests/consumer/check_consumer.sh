@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: Apache-2.0
-# Installs a build, builds a small C program against the installed tree (once with the CMake
-# package, once with pkg-config) and runs it.
+# Installs a build, builds small programs against the installed tree (with the CMake package, one
+# also with pkg-config) and runs them: one of its own, and the hosts that the guide for hosts shows.
 set -euo pipefail
-build="$1" source="$2" cmake="$3" cc="$4" cxx="$5" sanitize="${6:-}" toolchain="${7:-}" emulator="${8:-}"
+build="$1" source="$2" guide="$3" cmake="$4" cc="$5" cxx="$6" sanitize="${7:-}" toolchain="${8:-}"
+emulator="${9:-}"
 
 work="$build/consumer"
 rm -rf "$work"
@@ -13,17 +14,29 @@ mv "$work/installed" "$work/moved"
 prefix="$work/moved"
 flags="${sanitize:+-fsanitize=$sanitize}"
 
-"$cmake" -S "$source" -B "$work/build" -DCMAKE_PREFIX_PATH="$prefix" \
+# Each text between fences that follows a line with a file's name, "`host.c`:".
+mkdir "$work/guide"
+awk -v folder="$work/guide" '
+    /^```/ { if (file && inside) file = ""; inside = !inside; next }
+    inside && file { print > (folder "/" file) }
+    !inside && /^`[a-z.]+`:$/ { file = substr($0, 2, length($0) - 3) }
+' "$guide"
+
+"$cmake" -S "$source" -DGUIDE_SOURCES="$work/guide" -B "$work/build" -DCMAKE_PREFIX_PATH="$prefix" \
     -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" \
     -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" \
     ${toolchain:+-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_FIND_ROOT_PATH="$prefix"} >/dev/null
 "$cmake" --build "$work/build" >/dev/null
 $emulator "$work/build/consumer"
+for host in guide_cpp guide_c; do
+    output="$($emulator "$work/build/$host" 2>&1)" || { echo "$host: $output"; exit 1; }
+    grep -q "shown and read" <<<"$output" || { echo "$host did not show its features: $output"; exit 1; }
+done
 
 pc="$(dirname "$(find "$prefix" -name obfeaturetree.pc)")"
 export PKG_CONFIG_PATH="$pc${PKG_CONFIG_PATH:+:$PKG_CONFIG_PATH}"
 resources="$(pkg-config --variable=resourcedir obfeaturetree)"
 [ -f "$resources/Client_Default.rcc" ] || { echo "no resources in $resources"; exit 1; }
-"$cc" $flags -Wall -Werror -std=c11 $(pkg-config --cflags obfeaturetree) -c "$source/main.c" \
+"$cc" $flags -Wall -Werror -std=c99 -pedantic-errors $(pkg-config --cflags obfeaturetree) -c "$source/main.c" \
     -o "$work/main.o"
 pkg-config --libs obfeaturetree | grep -q -- -lOBFeatureTree

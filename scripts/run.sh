@@ -6,15 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/install-deps.sh run
 
-log="$(mktemp)"
-trap 'rm -f "$log"' EXIT
-quietly() {
-    if ! "$@" >"$log" 2>&1; then
-        cat "$log" >&2
-        exit 1
-    fi
-}
-quietly cmake --preset release -DOBFT_BUILD_BENCH=OFF -DOBFT_BUILD_TESTS=OFF -B build/run
-quietly cmake --build build/run
-rm -f "$log"
+. scripts/quietly.sh
+quietly "configuring" cmake --preset release -DOBFT_BUILD_BENCH=OFF -DOBFT_BUILD_TESTS=OFF -B build/run
+quietly "building" cmake --build build/run
 exec build/run/bin/camera-host "$@"

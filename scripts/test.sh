@@ -18,14 +18,7 @@ release) group="test bench" ;;
 esac
 ./scripts/install-deps.sh $group
 
-log="$(mktemp)"
-trap 'rm -f "$log"' EXIT
-quietly() {
-    if ! "$@" >"$log" 2>&1; then
-        cat "$log" >&2
-        exit 1
-    fi
-}
-quietly cmake --preset "$preset"
-quietly cmake --build --preset "$preset" --parallel "$(nproc)"
+. scripts/quietly.sh
+quietly "configuring $preset" cmake --preset "$preset"
+quietly "building $preset" cmake --build --preset "$preset" --parallel "$(nproc)"
 ctest --preset "$preset" -j "$(nproc)" "$@"

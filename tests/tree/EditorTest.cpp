@@ -44,6 +44,22 @@ void EditorTest::open(const QStringList& tags)
     m_page->open();
 }
 
+void EditorTest::openRows(int rows, const char* tag)
+{
+    m_page->makeRoot = [=] {
+        Item* root = m_page->addGroupOfTags({});
+        for (int i = 0; i < rows; ++i)
+            m_page->add(root->child(0), rowName(i), tag);
+        return root;
+    };
+    m_page->open({500, 400});
+}
+
+QString EditorTest::rowName(int row)
+{
+    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
+}
+
 void EditorTest::setInteger(Item* item, qint64 value, qint64 minimum, qint64 maximum, qint64 step,
                             const char* representation)
 {

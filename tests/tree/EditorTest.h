@@ -6,6 +6,8 @@
 #include "tree/ORXFeatureTreeView.h"
 #include "tree/TestPage.h"
 
+#include <QLineEdit>
+
 // Base of tests of rows and their editors in a page with one group.
 class EditorTest : public GuardedTest
 {
@@ -31,6 +33,13 @@ protected:
     Item* current() { return ORXPropertyTreeModel::itemFromIndex(view()->currentIndex()); }
     Item* item(const char* name) { return m_page->item(QString::fromLatin1(name)); }
     QWidget* editor(const char* name) { return m_page->anyEditor(QString::fromLatin1(name)); }
+    // The text of an editor that is a line edit or holds one.
+    static QLineEdit* lineEdit(QWidget* editor);
+    // Types over all that the editor shows, with the focus in it; commits it, too.
+    static void type(QWidget* editor, const QString& text);
+    static void enter(QWidget* editor, const QString& text);
+    // A pass has read the value.
+    static void arrives(Item* item, const QVariant& value);
     void refill(Item* changed) { changed->notifyViewUpdate(1, -1, false); }
 
     TestPage* m_page = nullptr; // Owned.

@@ -91,6 +91,15 @@ void FeatureTreeTest::readOnce()
     m_host.clearCalls();
 }
 
+void FeatureTreeTest::readWithoutPolling()
+{
+    readOnce();
+    m_tree->PauseUpdateThread();
+    m_tree->StopThread(false);
+    QCoreApplication::processEvents();
+    m_host.clearCalls();
+}
+
 QString FeatureTreeTest::overlay()
 {
     return ZELCustomLoadingDialog::text(kOverlay);

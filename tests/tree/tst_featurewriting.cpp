@@ -16,24 +16,11 @@ class TestFeatureWriting : public FeatureTreeTest
     Q_OBJECT
 
 private:
-    // Reads everything once; afterwards nothing is polled, so that only what writes cause is read.
-    void readWithoutPolling()
-    {
-        readOnce();
-        m_tree->PauseUpdateThread();
-        m_tree->StopThread(false);
-        QCoreApplication::processEvents();
-        m_host.clearCalls();
-    }
     QStringList sortedReads() const
     {
         QStringList reads = m_host.calls().filter(QRegularExpression("^get "_s));
         reads.sort();
         return reads;
-    }
-    void lockByAcquisition(bool lock)
-    {
-        m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(lock ? 1 : 0));
     }
 
 private slots:
@@ -207,20 +194,33 @@ private slots:
         QVERIFY(MessageGuard::contains("NodeName:AcquisitionStart, [CameraID:1]"_s));
     }
 
-    void acquisitionCommandsReadWhatTheyLock()
+    void acquisitionReadsWhatItLocks_data()
     {
-        readOnce();
-        const auto isFree = [this] { return editor<ZELCustomCheckBox>("ReverseX")->isEnabled(); };
-        lockByAcquisition(true);
-        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
-        QTRY_VERIFY(!isFree());
-        lockByAcquisition(false);
-        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStop"_s, {}));
-        QTRY_VERIFY(isFree());
+        const Rows<bool> row("byCommand");
+        row("the host tells of it", false);
+        row("by command", true);
+    }
+
+    void acquisitionReadsWhatItLocks()
+    {
+        QFETCH(bool, byCommand);
+        readWithoutPolling();
+        const auto acquire = [&](bool on) {
+            m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(on ? 1 : 0));
+            const QString command = on ? "AcquisitionStart"_s : "AcquisitionStop"_s;
+            if (byCommand)
+                QVERIFY(m_tree->setFeatureValue("Command"_s, command, {}));
+            else
+                on ? m_tree->OnCameraStartShot() : m_tree->OnCameraStopShot();
+            QTRY_COMPARE(editor<ZELCustomCheckBox>("ReverseX")->isEnabled(), !on);
+        };
+        acquire(true);
+        QCOMPARE(m_host.count("get Gain"_s), 0);
+        acquire(false);
+        if (!byCommand)
+            return;
         // A stop by command does not swallow the next start.
-        lockByAcquisition(true);
-        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
-        QTRY_VERIFY(!isFree());
+        acquire(true);
         QCOMPARE(m_host.writes().filter("AcquisitionStart"_s).size(), 2);
     }
 

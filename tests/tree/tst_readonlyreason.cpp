@@ -3,7 +3,6 @@
 // below the description, with links.
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "tree/FeatureDescriptionPanel.h"
 #include "tree/FeatureInfoTabs.h"
@@ -84,13 +83,8 @@ class TestReadOnlyReason : public FeatureTreeTest
     {
         build(child("pIsLocked"_s, lock));
         read();
-        select("Width");
+        view()->setCurrentIndex(index(item("Width")));
         QTRY_VERIFY(line()->isVisible());
-    }
-    void select(const char* name)
-    {
-        m_tree->treeView()->setCurrentIndex(
-            m_tree->treeView()->treeModel()->indexFromItem(item(name), 0));
     }
     QString reason() { return m_tree->readOnlyReason(*item("Width")); }
     ReadOnlyReasonLine* line() { return m_tree->findChild<ReadOnlyReasonLine*>(); }
@@ -164,7 +158,7 @@ private slots:
             setAnswer(answer.section(QLatin1Char(' '), 0, 0), answer.section(QLatin1Char(' '), 1));
         read();
         m_host.fail("Level"_s, 0);
-        select("Width");
+        view()->setCurrentIndex(index(item("Width")));
         QTRY_COMPARE(line()->toPlainText(), text);
         QCOMPARE(reason(), text);
         QCOMPARE(line()->isVisible(), !text.isEmpty());
@@ -215,18 +209,17 @@ private slots:
     void fromTheRowByEnter()
     {
         showLocked("Both"_s);
-        auto* rows = m_tree->treeView();
         m_tree->infoTabs()->addPanel(new QWidget, [] { return "Other"_s; });
         m_tree->infoTabs()->setCurrentIndex(1);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) {
-            rows->setFocus();
-            QTRY_VERIFY(rows->hasFocus());
-            QTest::keyClick(rows, key);
+            view()->setFocus();
+            QTRY_VERIFY(view()->hasFocus());
+            QTest::keyClick(view(), key);
             QVERIFY(line()->hasFocus());
             QCOMPARE(focusedLink(), "Mode"_s);
             QTest::keyClick(line(), Qt::Key_Tab);
             QTest::keyClick(line(), Qt::Key_Escape);
-            QVERIFY(rows->hasFocus());
+            QVERIFY(view()->hasFocus());
         }
     }
 
@@ -276,7 +269,7 @@ private slots:
     {
         showLocked("Both"_s);
         QWidget* spinBox = nullptr;
-        QTRY_VERIFY((spinBox = m_tree->treeView()->editorOf(item("Width"))) &&
+        QTRY_VERIFY((spinBox = view()->editorOf(item("Width"))) &&
                     !spinBox->accessibleDescription().isEmpty());
         const auto tipAt = [](QWidget* widget, const QPoint& at) {
             QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
@@ -287,7 +280,7 @@ private slots:
         };
         const QString why = "Locked by Scan &lt;Mode&gt; (Fast), Level (3)"_s;
         QVERIFY(tipAt(spinBox, QPoint(5, 5)).contains(why + "<br>Min:"_s));
-        QWidget* rows = m_tree->treeView()->viewport();
+        QWidget* rows = view()->viewport();
         const QPoint edge = spinBox->geometry().topRight() + QPoint(4, 4);
         QVERIFY(tipAt(rows, edge).contains(why));
         m_host.set("Both"_s, FakeHost::integerFeature(0));

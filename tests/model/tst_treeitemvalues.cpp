@@ -15,38 +15,29 @@ class TestTreeItemValues : public GuardedTest
 private slots:
     void integerType_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("representation");
-        QTest::addColumn<int>("type");
-        const auto row = [](const char* name, const char* representation, int type) {
-            QTest::newRow(
-                qPrintable("%1 %2"_s.arg(QLatin1String(name), QLatin1String(representation))))
-                << QString::fromLatin1(name) << QString::fromLatin1(representation) << type;
-        };
-        row("Width", "", 2);
-        row("Width", "Linear", 2);
-        row("Width", "PureNumber", 2);
-        row("Width", "HexNumber", 3);
-        row("Width", "IPV4Address", 4);
-        row("Width", "MACAddress", 6);
-        row("GevCurrentIPAddress", "HexNumber", 4);
-        row("GevSCDA", "HexNumber", 4);
-        row("GevSCDA", "Linear", 2);
-        row("GevCurrentSubnetMask", "HexNumber", 5);
-        row("GevPersistentSubnetMask", "IPV4Address", 5);
-        row("GevMACAddress", "HexNumber", 6);
-        row("GevMACAddress", "IPV4Address", 4);
+        const Rows<QString, int> row("given", "type"); // name and representation
+        row.of("Width", 2);
+        row.of("Width Linear", 2);
+        row.of("Width PureNumber", 2);
+        row.of("Width HexNumber", 3);
+        row.of("Width IPV4Address", 4);
+        row.of("Width MACAddress", 6);
+        row.of("GevCurrentIPAddress HexNumber", 4);
+        row.of("GevSCDA HexNumber", 4);
+        row.of("GevSCDA Linear", 2);
+        row.of("GevCurrentSubnetMask HexNumber", 5);
+        row.of("GevPersistentSubnetMask IPV4Address", 5);
+        row.of("GevMACAddress HexNumber", 6);
+        row.of("GevMACAddress IPV4Address", 4);
     }
 
     void integerType()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, representation);
-        QFETCH(int, type);
+        QFETCH(QString, given);
         CTreeIntergerItemValue value;
-        value.setNodeName(name);
-        value.setRepresentation(representation);
-        QCOMPARE(static_cast<int>(value.type()), type);
+        value.setNodeName(given.section(QLatin1Char(' '), 0, 0));
+        value.setRepresentation(given.section(QLatin1Char(' '), 1));
+        QTEST(static_cast<int>(value.type()), "type");
     }
 
     void largeRangesArePureNumbers_data()

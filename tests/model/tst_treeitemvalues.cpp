@@ -40,28 +40,6 @@ private slots:
         QTEST(static_cast<int>(value.type()), "type");
     }
 
-    void largeRangesArePureNumbers_data()
-    {
-        const Rows<QString, qint64, QString> row("representation", "maximum", "result");
-        const qint64 limit = 1125899906842623;
-        row("at the limit", "Linear", limit, "Linear");
-        row("above", "Linear", limit + 1, "PureNumber");
-        row("none given", "", limit + 1, "PureNumber");
-        row("hexadecimal stays", "HexNumber", INT64_MAX, "HexNumber");
-    }
-
-    void largeRangesArePureNumbers()
-    {
-        QFETCH(QString, representation);
-        QFETCH(qint64, maximum);
-        QFETCH(QString, result);
-        CTreeIntergerItemValue value;
-        value.setNumbers({0, 0, maximum, 1});
-        value.setRepresentation(representation);
-        QCOMPARE(value.representation(), result);
-        QCOMPARE(value.isEditedAsText(), result != QLatin1String("Linear"));
-    }
-
     void integerText_data()
     {
         const Rows<QString, qint64, qint64, qint64, QString> row("representation", "number",
@@ -73,6 +51,7 @@ private slots:
         row("address", "IPV4Address", 0xC0A80001, 0, 0xFFFFFFFF, "192.168.0.1");
         row("card address", "MACAddress", 0x0011223344FF, 0, 0xFFFFFFFFFFFF, "00:11:22:33:44:FF");
         row("hexadecimal", "HexNumber", 255, 0, 1000, "0xFF");
+        row("hexadecimal of a large range", "HexNumber", 255, 0, INT64_MAX, "0xFF");
     }
 
     void integerText()

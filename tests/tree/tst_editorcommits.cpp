@@ -320,21 +320,6 @@ private slots:
         emit view()->treeDelegate()->commitData(edit);
         QVERIFY(m_page->writes.isEmpty());
     }
-
-    void closingAnEditorWritesNothing()
-    {
-        open({"String"_s, "Integer"_s});
-        for (const char* name : {"String", "Integer"}) {
-            editor(name)->setFocus();
-            QTest::keyClicks(editor(name), "7"_s);
-            m_page->treeView()->openPersistentEdit(item(name), true);
-            QTRY_VERIFY(editor(name) && !editor(name)->hasFocus());
-        }
-        editor("String")->setFocus();
-        QTest::keyClicks(editor("String"), "7"_s);
-        m_page->resetCamaraID(-1);
-        QVERIFY(m_page->writes.isEmpty());
-    }
 };
 
 OBFT_TEST_MAIN(TestEditorCommits)

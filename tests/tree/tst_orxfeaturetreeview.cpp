@@ -99,20 +99,6 @@ private slots:
         QTRY_VERIFY(!view()->editorOf(row(1)));
     }
 
-    void aNewRepresentationKeepsTheFocus()
-    {
-        openRows(3);
-        auto* value = dynamic_cast<CTreeIntergerItemValue*>(row(1)->value());
-        value->setNumbers({5, 0, 10, 1});
-        row(1)->endUpdateItem(1);
-        m_page->anyEditor(rowName(1))->setFocus();
-        value->setRepresentation("HexNumber"_s);
-        row(1)->endUpdateItem(1);
-        auto* edit = m_page->editor<QPropertyLineEdit>(rowName(1));
-        QVERIFY(edit);
-        QVERIFY(edit->hasFocus());
-    }
-
     void lastShownFeatureDecidesItsCategories()
     {
         m_page->makeRoot = [this] {

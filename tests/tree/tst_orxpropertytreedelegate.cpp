@@ -60,7 +60,10 @@ private slots:
         row("hexadecimal", "HexNumber", 100, true);
         row("address", "IPV4Address", 100, true);
         row("hardware address", "MACAddress", 100, true);
-        row("too large for a spin box", "Linear", INT64_MAX, true);
+        const qint64 largest = 1125899906842623; // in a spin box
+        row("at the limit of spin boxes", "Linear", largest, false);
+        row("above it", "Linear", largest + 1, true);
+        row("none, above it", "", largest + 1, true);
     }
 
     void editorsOfIntegers()

@@ -155,15 +155,8 @@ private slots:
     void rowsInSightAreTold_data()
     {
         using Act = std::function<void(TestRowsInSight&)>;
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("last"); // above what is in sight, nearest first
-        QTest::addColumn<int>("rows");
-        const auto row = [](const char* name, const Act& act, const char* first, const char* last,
-                            int rows) {
-            QTest::newRow(name) << act << QString::fromLatin1(first) << QString::fromLatin1(last)
-                                << rows;
-        };
+        // last: above what is in sight, nearest first
+        const Rows<Act, QString, QString, int> row("act", "first", "last", "rows");
         row(
             "shown", [](auto&) {}, "Row0000", "Other", 201);
         row(

@@ -214,6 +214,9 @@ private slots:
         QVERIFY(mime);
         QCOMPARE(mime->data("MoveFavoriteItem"_s),
                  QByteArray::number(reinterpret_cast<quintptr>(first)));
+        QVERIFY(m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0, a));
+        QVERIFY(!m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0,
+                                          m_model->indexFromItem(m_width, 0)));
         QVERIFY(!m_model->mimeData({m_model->indexFromItem(m_width, 0)}));
     }
 };

@@ -152,6 +152,17 @@ private slots:
         QVERIFY(counted.editorOf(row(0)));
     }
 
+    void hiddenItemsHaveNoRowFromTheStart()
+    {
+        makeRows(3);
+        m_page->getRootItem(1, true);
+        row(1)->setVisible(false, -1);
+        CountingView other(*m_page);
+        const QModelIndex shown = other.treeModel()->indexFromItem(group(), 0);
+        QVERIFY(!other.isRowHidden(0, shown));
+        QVERIFY(other.isRowHidden(1, shown));
+    }
+
     void rowsInSightAreTold_data()
     {
         using Act = std::function<void(TestRowsInSight&)>;

@@ -8,28 +8,10 @@ using namespace DescriptionBuilder;
 
 namespace {
 
-QString ref(const char* tag, const char* text)
-{
-    return child(QString::fromLatin1(tag), QString::fromLatin1(text));
-}
-
-QString element(const char* tag, const char* name, const QString& inner = QString())
-{
-    return node(QString::fromLatin1(tag), QString::fromLatin1(name), inner);
-}
-
-QString formula(const char* name, const char* variables)
-{
-    QString inner;
-    for (const QString& variable : words(variables))
-        inner += child("pVariable"_s, variable);
-    return element("IntSwissKnife", name, inner);
-}
-
-FeatureNodeMap nodesOf(const QString& elements)
+FeatureNodeMap nodesOf(const QString& description)
 {
     XmlDocument document;
-    document.setContent(wrap(elements));
+    document.setContent(wrap(description));
     return FeatureNodeMap(document.documentElement());
 }
 
@@ -61,132 +43,115 @@ class TestFeatureDeciders : public GuardedTest
 private slots:
     void deciders_data()
     {
-        const Rows<QString, QString, QStringList, QStringList> row("cause", "elements", "rows",
+        const Rows<QString, QString, QStringList, QStringList> row("cause", "description", "rows",
                                                                    "expected");
-        const QString lock = element("Integer", "Width", ref("pIsLocked", "Lock"));
-        const QString gate = element("Integer", "Width", ref("pIsAvailable", "Lock"));
-        row("a feature itself", "lock", lock + element("Integer", "Lock"), "Lock", "Lock=");
-        row("available by a feature", "available", gate + element("Integer", "Lock"), "Lock",
+        const QString lock = elements("Integer Width pIsLocked=Lock");
+        const QString gate = elements("Integer Width pIsAvailable=Lock");
+        const QString modeAndGain = elements("Enumeration Mode; Float Gain");
+        row("a feature itself", "lock", lock + elements("Integer Lock"), "Lock", "Lock=");
+        row("available by a feature", "available", gate + elements("Integer Lock"), "Lock",
             "Lock=");
-        row("nothing named", "lock", gate + element("Integer", "Lock"), "Lock", "");
+        row("nothing named", "lock", gate + elements("Integer Lock"), "Lock", "");
         row("two variables of a formula", "lock",
-            lock + formula("Lock", "Mode Gain") + element("Enumeration", "Mode") +
-                element("Float", "Gain"),
-            "Gain Mode", "Mode Gain");
+            lock + modeAndGain + elements("IntSwissKnife Lock pVariable=Mode,Gain"), "Gain Mode",
+            "Mode Gain");
         row("formulas of formulas", "lock",
-            lock + formula("Lock", "Inner Gain") + formula("Inner", "Mode Gain") +
-                element("Float", "Gain") + element("Boolean", "Mode"),
+            lock + modeAndGain +
+                elements("IntSwissKnife Lock pVariable=Inner,Gain;"
+                         "IntSwissKnife Inner pVariable=Mode,Gain"),
             "Gain Mode", "Mode Gain");
         row("through pValue", "lock",
-            lock + element("Integer", "Lock", ref("pValue", "Inner")) +
-                element("Integer", "Inner", ref("pValue", "Mode")) + element("Boolean", "Mode"),
+            lock + elements("Integer Lock pValue=Inner; Integer Inner pValue=Mode; Boolean Mode"),
             "Mode", "Mode=");
+        const QString ofRegister =
+            elements("IntSwissKnife Lock pVariable=Reg; IntReg Reg; Float Gain");
         row("who shows the register", "lock",
-            lock + formula("Lock", "ModeReg") + element("IntReg", "ModeReg") +
-                element("Enumeration", "Mode", ref("pValue", "ModeReg")),
-            "Mode", "Mode");
+            lock + ofRegister + elements("Enumeration Mode pValue=Reg"), "Mode", "Mode");
         row("who shows the register after some steps", "lock",
-            lock + formula("Lock", "ModeReg") + element("IntReg", "ModeReg") +
-                element("Converter", "Raw", ref("pValue", "ModeReg") + ref("pVariable", "Gain")) +
-                element("Enumeration", "Mode", ref("pValue", "Raw")) + element("Float", "Gain"),
+            lock + ofRegister +
+                elements("Enumeration Mode pValue=Raw; Converter Raw pValue=Reg pVariable=Gain"),
             "Gain Mode", "Mode");
         row("a register of the feature itself", "lock",
-            element("Integer", "Width", ref("pIsLocked", "Lock") + ref("pValue", "Reg")) +
-                formula("Lock", "Reg") + element("IntReg", "Reg"),
-            "Width", "");
+            ofRegister + elements("Integer Width pIsLocked=Lock pValue=Reg"), "Width", "");
+        row("no row at all", "lock", lock + ofRegister, "", "");
         row("a register itself", "available",
-            gate + element("MaskedIntReg", "Lock") +
-                element("Boolean", "Mode", ref("pValue", "Lock")),
-            "Mode", "Mode=");
+            gate + elements("MaskedIntReg Lock; Boolean Mode pValue=Lock"), "Mode", "Mode=");
         row("a converter", "lock",
-            lock + element("Converter", "Lock", ref("pVariable", "Gain") + ref("pValue", "Mode")) +
-                element("Integer", "Mode") + element("Integer", "Gain"),
-            "Gain Mode", "Gain Mode=");
-        row("without a shown row", "lock", lock + element("Integer", "Lock"), "(Lock)", "Lock=");
-        row("shown ones first", "lock",
-            lock + element("Integer", "Lock", ref("pValue", "Mode")) + element("Boolean", "Mode"),
-            "(Lock) Mode", "Mode=");
-        row("the nearest of hidden ones", "lock",
-            lock + element("Integer", "Lock", ref("pValue", "Mode")) + element("Boolean", "Mode"),
-            "(Lock) (Mode)", "Lock=");
+            lock + modeAndGain + elements("Converter Lock pVariable=Gain pValue=Mode"), "Gain Mode",
+            "Gain Mode=");
+        row("without a shown row", "lock", lock + elements("Integer Lock"), "(Lock)", "Lock=");
+        const QString chain = lock + elements("Integer Lock pValue=Mode; Boolean Mode");
+        row("shown ones first", "lock", chain, "(Lock) Mode", "Mode=");
+        row("the nearest of hidden ones", "lock", chain, "(Lock) (Mode)", "Lock=");
         row("hidden beside shown", "lock",
-            lock + formula("Lock", "Mode Gain") + element("Enumeration", "Mode") +
-                element("Float", "Gain"),
-            "(Gain) Mode", "Mode Gain");
+            lock + modeAndGain + elements("IntSwissKnife Lock pVariable=Mode,Gain"), "(Gain) Mode",
+            "Mode Gain");
         row("not by itself", "available",
-            gate + formula("Lock", "Width Mode") + element("Integer", "Mode"), "Width Mode",
+            gate + modeAndGain + elements("IntSwissKnife Lock pVariable=Width,Mode"), "Width Mode",
             "Mode");
-        row("a node that is missing", "lock", lock + element("Integer", "Mode"), "Mode", "");
+        row("a node that is missing", "lock", lock + modeAndGain, "Mode", "");
         row("a circle", "lock",
-            lock + formula("Lock", "Inner") + formula("Inner", "Lock Mode") +
-                element("Integer", "Mode"),
+            lock + modeAndGain +
+                elements("IntSwissKnife Lock pVariable=Inner;"
+                         "IntSwissKnife Inner pVariable=Lock,Mode"),
             "Mode", "Mode");
-        row("no row at all", "lock", lock + formula("Lock", "Reg") + element("IntReg", "Reg"), "",
-            "");
         row("locked where the value comes from", "mode",
-            element("Integer", "Width", ref("pIsLocked", "Own") + ref("pValue", "WidthReg")) +
-                element("Integer", "WidthReg", ref("pIsLocked", "Lock")) +
-                element("Integer", "Lock") + element("Integer", "Own"),
+            elements("Integer Width pIsLocked=Own pValue=WidthReg; Integer Own;"
+                     "Integer WidthReg pIsLocked=Lock; Integer Lock"),
             "Lock Own", "Lock=");
         row("value that comes from itself", "mode",
-            element("Integer", "Width", ref("pValue", "WidthReg")) +
-                element("Integer", "WidthReg", ref("pValue", "Width") + ref("pIsLocked", "Lock")) +
-                element("Integer", "Lock"),
+            elements("Integer Width pValue=WidthReg; Integer Lock;"
+                     "Integer WidthReg pValue=Width pIsLocked=Lock"),
             "Lock", "Lock=");
     }
 
     void deciders()
     {
         QFETCH(QString, cause);
-        QFETCH(QString, elements);
+        QFETCH(QString, description);
         QFETCH(QStringList, rows);
         static const QHash<QString, ReadOnlyCause> kCauses = {
             {"lock"_s, ReadOnlyCause::Locked},
             {"available"_s, ReadOnlyCause::NotAvailable},
             {"mode"_s, ReadOnlyCause::AccessMode}};
-        const FeatureDeciders deciders(nodesOf(elements));
+        const FeatureDeciders deciders(nodesOf(description));
         QTEST(written(deciders.of("Width"_s, kCauses.value(cause), rowsOf(rows))), "expected");
     }
 
     void longChains()
     {
         constexpr int kNodes = 20000;
-        QString elements = element("Integer", "Width", ref("pIsLocked", "N0"));
+        QString chain = elements("Integer Width pIsLocked=N0");
         for (int i = 0; i < kNodes; ++i)
-            elements +=
+            chain +=
                 node("IntSwissKnife"_s, "N%1"_s.arg(i), child("pVariable"_s, "N%1"_s.arg(i + 1)));
-        elements += node("Integer"_s, "N%1"_s.arg(kNodes));
         const QString last = "N%1"_s.arg(kNodes);
-        const FeatureDeciders deciders(nodesOf(elements));
+        const FeatureDeciders deciders(nodesOf(chain + node("Integer"_s, last)));
         QCOMPARE(written(deciders.of("Width"_s, ReadOnlyCause::Locked, rowsOf({last}))),
                  QStringList{last});
     }
 
     void roadOfWriting_data()
     {
-        const Rows<QString, bool> row("elements", "written");
-        const QString width = element("Integer", "Width", ref("pValue", "Reg"));
-        row("a register", width + element("IntReg", "Reg", ref("AccessMode", "RW")), true);
-        row("a value of its own", element("Integer", "Width", ref("Value", "3")), true);
-        row("a register to read", width + element("IntReg", "Reg", ref("AccessMode", "RO")), false);
-        row("imposed", element("Integer", "Width", ref("ImposedAccessMode", "RO")), false);
-        row("a formula", width + formula("Reg", "Other"), false);
-        row("a converter",
-            width + element("Converter", "Reg", ref("pValue", "Other")) +
-                element("IntReg", "Other"),
-            true);
-        row("a register behind a converter",
-            width + element("IntConverter", "Reg", ref("pValue", "Other")) +
-                element("IntReg", "Other", ref("AccessMode", "RO")),
+        const Rows<QString, bool> row("description", "written");
+        const QString width = elements("Integer Width pValue=Reg");
+        row("a register", width + elements("IntReg Reg AccessMode=RW"), true);
+        row("a value of its own", elements("Integer Width Value=3"), true);
+        row("a register to read", width + elements("IntReg Reg AccessMode=RO"), false);
+        row("imposed", elements("Integer Width ImposedAccessMode=RO"), false);
+        row("a formula", width + elements("IntSwissKnife Reg pVariable=Other"), false);
+        const QString converter = width + elements("Converter Reg pValue=Other");
+        row("a converter", converter + elements("IntReg Other"), true);
+        row("a register behind a converter", converter + elements("IntReg Other AccessMode=RO"),
             false);
         row("a node that is missing", width, true);
-        row("a circle", width + element("Integer", "Reg", ref("pValue", "Width")), true);
+        row("a circle", width + elements("Integer Reg pValue=Width"), true);
     }
 
     void roadOfWriting()
     {
-        QFETCH(QString, elements);
-        QTEST(FeatureDeciders(nodesOf(elements)).canEverBeWritten("Width"_s), "written");
+        QFETCH(QString, description);
+        QTEST(FeatureDeciders(nodesOf(description)).canEverBeWritten("Width"_s), "written");
     }
 };
 

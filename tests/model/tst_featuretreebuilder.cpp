@@ -12,16 +12,6 @@ using Item = ORXPropertyTreeItem;
 
 namespace {
 
-QString cat(const char* name, const char* features)
-{
-    return category(QString::fromLatin1(name), words(features));
-}
-
-QString feature(const char* tag, const char* name)
-{
-    return node(QString::fromLatin1(tag), QString::fromLatin1(name));
-}
-
 // One line an item: indentation, node name, type, tag.
 void print(const Item& item, int depth, QStringList& lines)
 {
@@ -33,16 +23,25 @@ void print(const Item& item, int depth, QStringList& lines)
     }
 }
 
-QString printed(const QString& elements, FeatureTreeBuilder& builder)
+// A tree built of a description.
+struct Built
 {
-    XmlDocument document;
-    document.setContent(wrap(elements));
-    Item root(nullptr, Item::FeatureTreePage);
-    builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
-    QStringList lines;
-    print(root, 0, lines);
-    return lines.join(QLatin1Char('\n'));
-}
+    explicit Built(const QString& description)
+    {
+        XmlDocument document;
+        document.setContent(wrap(description));
+        builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
+    }
+    QString printed() const
+    {
+        QStringList lines;
+        print(root, 0, lines);
+        return lines.join(QLatin1Char('\n'));
+    }
+
+    Item root{nullptr, Item::FeatureTreePage};
+    FeatureTreeBuilder builder;
+};
 
 } // namespace
 
@@ -53,28 +52,28 @@ class TestFeatureTreeBuilder : public GuardedTest
 private slots:
     void tree_data()
     {
-        const Rows<QString, QString> row("elements", "expected");
+        const Rows<QString, QString> row("description", "expected");
         const QString favorites = "ORXCustom_Favorites 1 "_s;
-        row("no root", cat("Device", "Width") + feature("Integer", "Width"), favorites);
+        row("no root", elements("Category Device pFeature=Width; Integer Width"), favorites);
         row("categories and features",
-            cat("Root", "Device Image") + cat("Image", "Width Mode") + cat("Device", "Id Empty") +
-                cat("Empty", "") + feature("IntReg", "Width") + feature("StringReg", "Id") +
-                feature("Enumeration", "Mode"),
+            elements("Category Root pFeature=Device,Image; Category Image pFeature=Width,Mode;"
+                     "Category Device pFeature=Id,Empty; Category Empty; IntReg Width;"
+                     "StringReg Id; Enumeration Mode"),
             favorites + "\nDevice 3 \n  Id 2 StringReg\n  Empty 3 \n"
                         "Image 3 \n  Width 2 IntReg\n  Mode 2 Enumeration"_s);
-        row("missing nodes keep a row", cat("Root", "Device Ghost") + cat("Device", "Phantom"),
+        row("missing nodes keep a row",
+            elements("Category Root pFeature=Device,Ghost; Category Device pFeature=Phantom"),
             favorites + "\nDevice 3 \n  Phantom 2 \nGhost 2 "_s);
         row("entries are no items",
-            cat("Root", "Mode") +
+            elements("Category Root pFeature=Mode") +
                 "<Enumeration Name=\"Mode\"><EnumEntry Name=\"On\"/></Enumeration>"_s,
             favorites + "\nMode 2 Enumeration"_s);
     }
 
     void tree()
     {
-        QFETCH(QString, elements);
-        FeatureTreeBuilder builder;
-        QTEST(printed(elements, builder), "expected");
+        QFETCH(QString, description);
+        QTEST(Built(description).printed(), "expected");
     }
 
     void theDescriptionAloneDecidesWhatShowsAtFirst_data()
@@ -97,22 +96,21 @@ private slots:
             "<Unit> us </Unit>"_s;
         if (!visibility.isEmpty())
             inner += child("Visibility"_s, visibility);
-        XmlDocument document;
-        document.setContent(wrap(cat("Root", "Control") + cat("Control", "Exposure") +
-                                 node(tag, "Exposure"_s, inner)));
+        const QString description =
+            elements("Category Root pFeature=Control; Category Control pFeature=Exposure") +
+            node(tag, "Exposure"_s, inner);
         QStringList levels;
         for (const int level : {0, 1}) {
             OBDeviceControl::SetUserLevel(level);
-            Item root(nullptr, Item::FeatureTreePage);
-            FeatureTreeBuilder builder;
-            builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
-            const Item* feature = root.child(1)->child(0);
+            const Built built(description);
+            const Item* category = built.root.child(1);
+            const Item* feature = category->child(0);
             QCOMPARE(feature->value()->displayName(), "Exposure Time"_s);
             QCOMPARE(feature->value()->unit(), "us"_s);
             QCOMPARE(feature->value()->description(), "How long."_s);
             QTEST(feature->visibilityString(), "word");
             QVERIFY(!feature->wasRead());
-            QCOMPARE(root.child(1)->visible(), feature->visible()); // its category
+            QCOMPARE(category->visible(), feature->visible());
             if (feature->visible())
                 levels.append(level == 0 ? "guru"_s : "beginner"_s);
         }
@@ -122,51 +120,47 @@ private slots:
 
     void lastMentionWins()
     {
-        XmlDocument document;
-        document.setContent(wrap(cat("Root", "A B") + cat("A", "Gain") + cat("B", "Gain") +
-                                 feature("Float", "Gain")));
-        Item root(nullptr, Item::FeatureTreePage);
-        FeatureTreeBuilder builder;
-        builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
+        const Built built(elements("Category Root pFeature=A,B; Category A pFeature=Gain;"
+                                   "Category B pFeature=Gain; Float Gain"));
         const QString gain = "Gain"_s;
-        QCOMPARE(builder.categoryOfFeature().value(gain), "B"_s);
-        QCOMPARE(builder.AllTreeItemsMap().value(gain), root.child(2)->child(0));
-        QCOMPARE(builder.featureList().count(gain), 2);
+        QCOMPARE(built.builder.categoryOfFeature().value(gain), "B"_s);
+        QCOMPARE(built.builder.AllTreeItemsMap().value(gain), built.root.child(2)->child(0));
+        QCOMPARE(built.builder.featureList().count(gain), 2);
     }
 
     void categoriesThatContainThemselves()
     {
         MessageGuard::ignoreMessage(QtCriticalMsg,
                                     "Feature description: category A contains itself");
-        FeatureTreeBuilder builder;
-        const QString tree = printed(
-            cat("Root", "A Z") + cat("A", "B Width") + cat("B", "A") + cat("Z", "Gain"), builder);
+        const QString tree =
+            Built(elements("Category Root pFeature=A,Z; Category A pFeature=B,Width;"
+                           "Category B pFeature=A; Category Z pFeature=Gain"))
+                .printed();
         QVERIFY(tree.contains("  Width 2"_s));
         QVERIFY(tree.contains("  Gain 2"_s));
     }
 
-    void deepNestingIsCut()
+    // A long chain of categories, and one where each holds the next three times.
+    void whatGrowsTooLargeIsCut_data()
     {
-        MessageGuard::expectMessage("is nested too deep"_s);
-        QString elements = category("Root"_s, {"C0"_s});
-        for (int i = 0; i < 5000; ++i)
-            elements += category("C%1"_s.arg(i), {"C%1"_s.arg(i + 1)});
-        FeatureTreeBuilder builder;
-        printed(elements, builder);
-        QVERIFY(MessageGuard::contains("is nested too deep"_s));
+        const Rows<int, int, QString> row("depth", "width", "message");
+        row("nested deep", 5000, 1, "is nested too deep");
+        row("exploding", 40, 3, "lists more features than can be shown");
     }
 
-    void explodingDescriptionsAreCut()
+    void whatGrowsTooLargeIsCut()
     {
-        MessageGuard::expectMessage("lists more features than can be shown"_s);
-        QString elements = category("Root"_s, {"C0"_s});
-        for (int i = 0; i < 40; ++i) {
-            const QString next = "C%1"_s.arg(i + 1);
-            elements += category("C%1"_s.arg(i), {next, next, next});
+        QFETCH(int, depth);
+        QFETCH(int, width);
+        QFETCH(QString, message);
+        MessageGuard::expectMessage(message);
+        QString description = category("Root"_s, {"C0"_s});
+        for (int i = 0; i < depth; ++i) {
+            const QStringList inner = QVector<QString>(width, "C%1"_s.arg(i + 1)).toList();
+            description += category("C%1"_s.arg(i), inner);
         }
-        FeatureTreeBuilder builder;
-        printed(elements, builder);
-        QVERIFY(MessageGuard::contains("lists more features than can be shown"_s));
+        const Built built(description);
+        QVERIFY(MessageGuard::contains(message));
     }
 };
 

@@ -139,4 +139,19 @@ QByteArray generate(const Size& size)
     return wrap(elements);
 }
 
+QString elements(const char* text)
+{
+    QString all;
+    for (const QString& element : QString::fromUtf8(text).split(QLatin1Char(';'))) {
+        const QStringList parts = words(element.toUtf8().constData());
+        QString inner;
+        for (const QString& part : parts.mid(2)) {
+            for (const QString& each : part.section(QLatin1Char('='), 1).split(QLatin1Char(',')))
+                inner += child(part.section(QLatin1Char('='), 0, 0), each);
+        }
+        all += node(parts.value(0), parts.value(1), inner);
+    }
+    return all;
+}
+
 } // namespace DescriptionBuilder

@@ -35,4 +35,8 @@ QByteArray generate(const Size& size);
 // Names of the features of a generated description.
 QStringList featureNames(const Size& size);
 
+// Elements in short, each a tag, a name and children of plain text: "Integer Width pIsLocked=Lock;
+// IntSwissKnife Lock pVariable=Mode,Gain" (a child for each of the two).
+QString elements(const char* text);
+
 } // namespace DescriptionBuilder

@@ -44,6 +44,47 @@ void EditorTest::open(const QStringList& tags)
     m_page->open();
 }
 
+void EditorTest::openRows(int rows, const char* tag)
+{
+    m_page->makeRoot = [=] {
+        Item* root = m_page->addGroupOfTags({});
+        for (int i = 0; i < rows; ++i)
+            m_page->add(root->child(0), rowName(i), tag);
+        return root;
+    };
+    m_page->open({500, 400});
+}
+
+QString EditorTest::rowName(int row)
+{
+    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
+}
+
+QLineEdit* EditorTest::lineEdit(QWidget* editor)
+{
+    auto* plain = qobject_cast<QLineEdit*>(editor);
+    return plain ? plain : editor->findChild<QLineEdit*>();
+}
+
+void EditorTest::type(QWidget* editor, const QString& text)
+{
+    editor->setFocus();
+    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(editor, text);
+}
+
+void EditorTest::enter(QWidget* editor, const QString& text)
+{
+    type(editor, text);
+    QTest::keyClick(editor, Qt::Key_Return);
+}
+
+void EditorTest::arrives(Item* item, const QVariant& value)
+{
+    item->value()->setValue(value);
+    item->endUpdateItem(1);
+}
+
 void EditorTest::setInteger(Item* item, qint64 value, qint64 minimum, qint64 maximum, qint64 step,
                             const char* representation)
 {

@@ -16,28 +16,24 @@ constexpr int kOverlay = 1; // index of the overlay for devices of type 0
 QByteArray description()
 {
     using namespace DescriptionBuilder;
-    const auto q = [](const char* text) { return QString::fromLatin1(text); };
-    const QString expert = child(q("Visibility"), q("Expert"));
-    const QString entries = q("<EnumEntry Name=\"Mono8\"><Value>0</Value></EnumEntry>"
-                              "<EnumEntry Name=\"Mono16\"><Value>7</Value></EnumEntry>");
+    const QString entries = "<EnumEntry Name=\"Mono8\"><Value>0</Value></EnumEntry>"
+                            "<EnumEntry Name=\"Mono16\"><Value>7</Value></EnumEntry>"_s;
     return wrap(
-        category(q("Root"), words("Image Control")) +
-        category(q("Image"), words("Width Height PixelFormat Gain ReverseX Note Detail")) +
-        category(q("Control"), words("AcquisitionStart AcquisitionStop UserSetLoad DeviceReset "
-                                     "TriggerSoftware Counter RegionDisplaySelector "
-                                     "DeviceUserID")) +
-        node(q("Integer"), q("Width"), child(q("Description"), q("Columns of the image."))) +
-        node(q("Integer"), q("Height"), child(q("pValue"), q("HeightReg"))) +
-        node(q("MaskedIntReg"), q("HeightReg"), child(q("pInvalidator"), q("Width"))) +
-        node(q("Enumeration"), q("PixelFormat"), entries) + node(q("Float"), q("Gain")) +
-        node(q("Boolean"), q("ReverseX"), child(q("pIsLocked"), q("TLParamsLocked"))) +
-        node(q("StringReg"), q("Note")) + node(q("Integer"), q("Detail"), expert) +
-        node(q("Command"), q("AcquisitionStart")) + node(q("Command"), q("AcquisitionStop")) +
-        node(q("Command"), q("UserSetLoad")) + node(q("Command"), q("DeviceReset")) +
-        node(q("Command"), q("TriggerSoftware")) +
-        node(q("Integer"), q("Counter"), child(q("PollingTime"), q("50"))) +
-        node(q("Enumeration"), q("RegionDisplaySelector"), entries) +
-        node(q("StringReg"), q("DeviceUserID")) + node(q("Integer"), q("TLParamsLocked")));
+        elements("Category Root pFeature=Image,Control;"
+                 "Category Image pFeature="
+                 "Width,Height,PixelFormat,Gain,ReverseX,Note,Detail;"
+                 "Category Control pFeature="
+                 "AcquisitionStart,AcquisitionStop,UserSetLoad,DeviceReset,"
+                 "TriggerSoftware,Counter,RegionDisplaySelector,DeviceUserID;"
+                 "Integer Height pValue=HeightReg; MaskedIntReg HeightReg pInvalidator=Width;"
+                 "Float Gain; Boolean ReverseX pIsLocked=TLParamsLocked; StringReg Note;"
+                 "Integer Detail Visibility=Expert; Command AcquisitionStart;"
+                 "Command AcquisitionStop; Command UserSetLoad; Command DeviceReset;"
+                 "Command TriggerSoftware; Integer Counter PollingTime=50;"
+                 "StringReg DeviceUserID; Integer TLParamsLocked") +
+        node("Integer"_s, "Width"_s, child("Description"_s, "Columns of the image."_s)) +
+        node("Enumeration"_s, "PixelFormat"_s, entries) +
+        node("Enumeration"_s, "RegionDisplaySelector"_s, entries));
 }
 
 } // namespace
@@ -92,6 +88,15 @@ void FeatureTreeTest::readOnce()
     QTRY_VERIFY(m_tree->HadUpdatedOnce());
     QTRY_VERIFY(editor<ORXPropertySpinBox>("Width"));
     QTRY_COMPARE(editor<ORXPropertySpinBox>("Width")->value(), qlonglong(320));
+    m_host.clearCalls();
+}
+
+void FeatureTreeTest::readWithoutPolling()
+{
+    readOnce();
+    m_tree->PauseUpdateThread();
+    m_tree->StopThread(false);
+    QCoreApplication::processEvents();
     m_host.clearCalls();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "model/ORXPropertyTreeModel.h"
 #include "support/FakeHost.h"
 #include "support/TestMain.h"
 #include "tree/IFeatureTreeFinder.h"
@@ -38,6 +39,14 @@ protected:
     {
         return qobject_cast<Editor*>(m_tree->treeView()->editorOf(item(name)));
     }
+    ORXFeatureTreeView* view() const { return m_tree->treeView(); }
+    QModelIndex index(Item* of) const { return view()->treeModel()->indexFromItem(of, 0); }
+    bool isHidden(Item* of) const
+    {
+        return view()->isRowHidden(index(of).row(), index(of).parent());
+    }
+    // Reads everything once; afterwards only what is asked for is read, and nothing is polled.
+    void readWithoutPolling();
     // Text of the loading overlay; empty when it is not shown.
     static QString overlay();
     ZELCustomMessageBox* messageBox();

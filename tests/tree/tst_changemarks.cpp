@@ -2,14 +2,15 @@
 #include "tree/ChangeMarks.h"
 
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
-#include "support/Rows.h"
+#include "support/Patience.h"
 #include "tree/FeatureTreeTest.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/RowPainter.h"
 
+#include <QDeadlineTimer>
 #include <QPaintEvent>
+#include <QSignalSpy>
 
 #include <atomic>
 
@@ -48,7 +49,6 @@ private:
         m_tree->valueWatch()->setClock([this] { return m_now.load(); });
     }
     ChangeMarks* marks() const { return m_tree->changeMarks(); }
-    QWidget* viewport() const { return m_tree->treeView()->viewport(); }
     // The features whose rows carry a mark.
     QStringList marked() const
     {
@@ -69,15 +69,21 @@ private:
         QTRY_COMPARE(marks()->strength(item(name)), 1.0);
         QTRY_VERIFY(!m_tree->isReading());
     }
-    QRect rowOf(Item* of) const
+    QRect markOf(const char* name)
     {
-        return m_tree->treeView()->visualRect(
-            m_tree->treeView()->treeModel()->indexFromItem(of, 0));
+        return RowPainter::markPlace(view()->visualRect(index(item(name))));
     }
     QColor colourOf(const char* name)
     {
-        const QPoint at = RowPainter::markPlace(rowOf(item(name))).center();
-        return viewport()->grab().toImage().pixelColor(at);
+        return view()->viewport()->grab().toImage().pixelColor(markOf(name).center());
+    }
+    // Waits for the reading threads alone: what they tell this thread stays in its queue.
+    bool readingEnds() const
+    {
+        const QDeadlineTimer patience(kWindowPatienceMs);
+        while (m_tree->isReading() && !patience.hasExpired())
+            QThread::yieldCurrentThread();
+        return !m_tree->isReading();
     }
 
     std::atomic<qint64> m_now{0};
@@ -152,18 +158,13 @@ private slots:
         QFETCH(bool, painted);
         readOnce();
         change("Height", 480);
-        const QRect mark = RowPainter::markPlace(rowOf(item("Height")));
-        ORXFeatureTreeView* view = m_tree->treeView();
-        view->setExpanded(view->treeModel()->indexFromItem(item("Image"), 0), branchOpen);
+        const QRect mark = markOf("Height");
+        view()->setExpanded(index(item("Image")), branchOpen);
         // Until all that is due is painted.
-        PaintedRegion spy(viewport());
-        int ticks = 0;
-        const auto quietFor = [&](int count) {
-            const auto ticked = connect(marks(), &ChangeMarks::SigFaded, [&ticks] { ++ticks; });
-            const int before = ticks;
-            const bool done = QTest::qWaitFor([&] { return ticks >= before + count; });
-            disconnect(ticked);
-            return done;
+        PaintedRegion spy(view()->viewport());
+        const auto quietFor = [this](int count) {
+            const QSignalSpy ticks(marks(), &ChangeMarks::SigFaded);
+            return QTest::qWaitFor([&] { return ticks.size() >= count; });
         };
         QVERIFY(quietFor(3));
         spy.region = QRegion();
@@ -218,6 +219,29 @@ private slots:
             m_tree->OnCommandNodeBtnClicked("DeviceReset"_s);
         QCOMPARE(marks()->strength(height), 0.0);
         QVERIFY(!marks()->isRunning());
+    }
+
+    // The end of an earlier pass is heard when the one that reads the edit has ended, too.
+    void editIsTheCauseAlsoBehindAnEarlierPass()
+    {
+        readOnce();
+        QVector<ValueChange> changes;
+        connect(m_tree->valueWatch(), &ValueWatch::SigChanged, this,
+                [&](const QVector<ValueChange>& some) { changes += some; });
+        m_tree->rereadInvalidated("Gain"_s);
+        QVERIFY(readingEnds());
+        QVERIFY(m_tree->OnIntegerNodeValueChanged("Width"_s, 640));
+        m_tree->OnTimeInvalidaterFeaturesUpdate();
+        QVERIFY(readingEnds());
+        QTRY_COMPARE(changes.size(), 1);
+        QCOMPARE(changes.first().name, "Width"_s);
+        QCOMPARE(changes.first().now.toLongLong(), 640);
+        QVERIFY(changes.first().cause == ValueChange::Cause::Edited);
+        // That is over: now it is the camera.
+        m_host.set("Width"_s, FakeHost::integerFeature(320));
+        m_tree->rereadInvalidated("Width"_s);
+        QTRY_COMPARE(changes.size(), 2);
+        QVERIFY(changes.last().cause == ValueChange::Cause::Camera);
     }
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+// The widgets that stand in value cells, each by itself.
 #include "api/ApplicationSetup.h"
 #include "device/ORXListenTools.h"
 #include "styledctl/ZELCustomSlider.h"
@@ -8,9 +9,34 @@
 #include "tree/QIntegerParamSetCtrl.h"
 #include "tree/QPropertyLineEdit.h"
 
-#include <QLineEdit>
 #include <QSignalSpy>
 #include <QWheelEvent>
+
+#include <clocale>
+#include <limits>
+
+using Kind = QPropertyLineEdit::ValueKind;
+Q_DECLARE_METATYPE(Kind)
+
+namespace {
+
+class LineEdit : public QPropertyLineEdit
+{
+public:
+    LineEdit()
+        : QPropertyLineEdit(nullptr, ZELCustomLineEdit::Style_Cell)
+    {
+    }
+    // What is saved of the text; invalid when nothing is.
+    QVariant enter(const QString& text)
+    {
+        setText(text);
+        QVariant value;
+        return SaveProperty(value) ? value : QVariant();
+    }
+};
+
+} // namespace
 
 class TestEditorWidgets : public GuardedTest
 {
@@ -20,6 +46,198 @@ protected:
     void prepare() override { ApplicationSetup::runOnce(); }
 
 private slots:
+    // QPropertyLineEdit ---------------------------------------------------------------------------
+    void saving_data()
+    {
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<QString>("last");
+        QTest::addColumn<QString>("entered");
+        QTest::addColumn<QVariant>("saved"); // invalid: nothing is saved
+        QTest::addColumn<QString>("shown");
+        const auto row = [](const char* name, Kind kind, const char* last, const char* entered,
+                            const QVariant& saved, const char* shown = nullptr) {
+            QTest::newRow(name) << kind << QString::fromUtf8(last) << QString::fromUtf8(entered)
+                                << saved << QString::fromUtf8(shown ? shown : entered);
+        };
+        const QVariant none;
+        const auto number = [](qint64 value) { return QVariant::fromValue(value); };
+
+        row("text", Kind::Text, "a", "b", "b"_s);
+        row("text may be emptied", Kind::Text, "a", "", ""_s);
+
+        row("float", Kind::Float, "1.0000", "2.5", 2.5F);
+        row("float with exponent", Kind::Float, "1.0000", " 2.5e1 ", 25.0F);
+        row("float at maximum", Kind::Float, "1.0000", "100", 100.0F - 1e-6F);
+        row("float above maximum", Kind::Float, "1.0000", "1e30", 100.0F - 1e-6F);
+        row("float below minimum", Kind::Float, "1.0000", "-5", 1e-6F);
+        row("float emptied takes the last text", Kind::Float, "1.0000", "", 1.0F, "1.0000");
+        for (const char* bad : {"nan", "inf", "-inf", "1e99", "1,500", "2,5", "abc", "1.0.0"})
+            row(bad, Kind::Float, "1.0000", bad, none);
+
+        row("decimal", Kind::Decimal, "12", "15", number(15));
+        row("decimal above maximum", Kind::Decimal, "12", "99", number(20), "20");
+        row("decimal below minimum", Kind::Decimal, "12", "-1", number(10), "10");
+        row("decimal that is no number", Kind::Decimal, "12", "abc", number(10), "10");
+        row("decimal beyond 64 bits", Kind::Decimal, "12", "99999999999999999999", none);
+        row("decimal emptied", Kind::Decimal, "12", "", number(12), "12");
+
+        row("hexadecimal digits", Kind::Hexadecimal, "0x1", "1F", number(31));
+        row("hexadecimal reads decimal first", Kind::Hexadecimal, "0x1", "12", number(12));
+        row("hexadecimal as shown", Kind::Hexadecimal, "0x1", "0x12", number(18));
+        row("hexadecimal of 64 bits", Kind::Hexadecimal, "0x1", "0xFFFFFFFFFFFFFFFF", number(-1));
+        row("hexadecimal too long", Kind::Hexadecimal, "0x1", "0x1FFFFFFFFFFFFFFFF", none);
+        row("hexadecimal emptied", Kind::Hexadecimal, "0x1", "", none);
+        row("hexadecimal that is no number", Kind::Hexadecimal, "0x1", "xyz", none);
+
+        row("address", Kind::IPv4Address, "10.0.0.1", "192.168.0.10", number(0xC0A8000ALL));
+        row("address out of range", Kind::IPv4Address, "10.0.0.1", "10.0.0.256", none, "10.0.0.1");
+        row("address emptied", Kind::IPv4Address, "10.0.0.1", "", number(0x0A000001), "10.0.0.1");
+        row("mask", Kind::SubnetMask, "255.255.0.0", "255.255.255.0", number(0xFFFFFF00LL));
+        row("mask with a gap", Kind::SubnetMask, "255.255.0.0", "255.0.255.0", none, "255.255.0.0");
+        row("hardware address", Kind::MACAddress, "00:11:22:33:44:55", "00:11:22:33:44:56", none);
+    }
+
+    void saving()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QString, last);
+        QFETCH(QString, entered);
+        QFETCH(QVariant, saved);
+        LineEdit edit;
+        if (kind == Kind::Float)
+            edit.SetRange(100.0F, 0.0F);
+        else if (kind == Kind::Decimal)
+            edit.SetRange(qint64(20), qint64(10));
+        edit.SetText(last, kind);
+        const QVariant value = edit.enter(entered);
+        QCOMPARE(value, saved);
+        QCOMPARE(value.userType(), saved.userType());
+        QTEST(edit.text(), "shown");
+        if (!saved.isValid()) {
+            edit.Rollback();
+            QCOMPARE(edit.text(), last);
+        }
+    }
+
+    void savedTextIsTheNewLastGoodText()
+    {
+        LineEdit edit;
+        edit.SetText("a"_s, Kind::Text);
+        QCOMPARE(edit.enter("b"_s), QVariant("b"_s));
+        QCOMPARE(edit.enter("b"_s), QVariant()); // Enter, then losing the focus: one write
+        edit.setText("c"_s);
+        edit.Rollback();
+        QCOMPARE(edit.text(), "b"_s);
+    }
+
+    void decimalRange_data()
+    {
+        using Limits = std::numeric_limits<qint64>;
+        const Rows<qint64, qint64, QString, qint64> row("minimum", "maximum", "entered", "saved");
+        row("whole range, largest", Limits::min(), Limits::max(), QString::number(Limits::max()),
+            Limits::max());
+        row("whole range, smallest", Limits::min(), Limits::max(), QString::number(Limits::min()),
+            Limits::min());
+        row("minimum wins over maximum", 20, 10, "15", 20);
+    }
+
+    void decimalRange()
+    {
+        QFETCH(qint64, minimum);
+        QFETCH(qint64, maximum);
+        QFETCH(QString, entered);
+        QFETCH(qint64, saved);
+        LineEdit edit;
+        edit.SetRange(maximum, minimum);
+        QCOMPARE(edit.enter(entered), QVariant::fromValue(saved));
+        QCOMPARE(edit.text(), QString::number(saved));
+    }
+
+    void stringLengthCutsBytes_data()
+    {
+        const Rows<int, QString> row("length", "saved");
+        const QString text = "ab\u4e2d\u6587"_s; // 2 + 3 + 3 bytes
+        row("fits with the terminator", 9, text);
+        row("a character is never cut in two", 8, text.left(3));
+        row("room for the terminator only", 1, "");
+        row("unknown length", 0, text);
+    }
+
+    void stringLengthCutsBytes()
+    {
+        QFETCH(int, length);
+        QFETCH(QString, saved);
+        LineEdit edit;
+        edit.SetText("old"_s, Kind::Text);
+        edit.SetStringLength(length);
+        QCOMPARE(edit.enter("ab\u4e2d\u6587"_s), QVariant(saved));
+        QCOMPARE(edit.text(), saved);
+    }
+
+    void numbersIgnoreTheLocale()
+    {
+        const QByteArray before = std::setlocale(LC_ALL, nullptr);
+        QLocale::setDefault(QLocale(QLocale::German));
+        std::setlocale(LC_ALL, "de_DE.UTF-8");
+        LineEdit edit;
+        edit.SetRange(5000.0F, -5000.0F);
+        edit.SetText("1.0000"_s, Kind::Float);
+        const QVariant saved = edit.enter("1234.5"_s);
+        const QString toolTip = edit.toolTip();
+        QLocale::setDefault(QLocale::c());
+        std::setlocale(LC_ALL, before.constData());
+        QCOMPARE(saved, QVariant(1234.5F));
+        QCOMPARE(toolTip, "Range: -5000.000000 to 5000.000000"_s);
+    }
+
+    void rangeDecidesTheKind()
+    {
+        LineEdit edit;
+        edit.SetText("1"_s, Kind::Text);
+        edit.SetRange(10.0F, 0.0F);
+        QCOMPARE(edit.enter("2.5"_s).userType(), int(QMetaType::Float));
+        edit.SetRange(qint64(10), qint64(0));
+        QCOMPARE(edit.enter("3"_s).userType(), int(QMetaType::LongLong));
+        edit.SetStringLength(8);
+        QCOMPARE(edit.enter("4"_s).userType(), int(QMetaType::QString));
+    }
+
+    void toolTips()
+    {
+        LineEdit edit;
+        edit.SetRange(qint64(20), qint64(-10));
+        QCOMPARE(edit.toolTip(), "Range: -10 to 20"_s);
+        edit.SetText("0x1F"_s, Kind::Hexadecimal);
+        edit.resetToolTip(); // unchanged for this kind
+        QCOMPARE(edit.toolTip(), "Range: -10 to 20"_s);
+        edit.SetText("a text too long for its cell"_s, Kind::Text);
+        edit.SetStringLength(64);
+        QCOMPARE(edit.toolTip(), "a text too long for its cell"_s);
+        edit.SetText(QString(), Kind::Text);
+        edit.SetStringLength(64);
+        QCOMPARE(edit.toolTip(), QString());
+        edit.SetRange(2.0F, 1.0F);
+        edit.setToolTip(QString());
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(&edit, &change);
+        QCOMPARE(edit.toolTip(), "Range: 1.000000 to 2.000000"_s);
+    }
+
+    void pendingEditSurvivesLosingTheFocus()
+    {
+        LineEdit edit;
+        edit.SetText("a"_s, Kind::Text);
+        edit.end(false);
+        QTest::keyClicks(&edit, "b"_s);
+        QVERIFY(edit.hasPendingEdit()); // another window may have the focus for a while
+        edit.SetRollbackText("new"_s, Kind::Text);
+        QCOMPARE(edit.text(), "ab"_s);
+        edit.Rollback();
+        QCOMPARE(edit.text(), "new"_s);
+        QVERIFY(!edit.hasPendingEdit());
+    }
+
+    // The others ----------------------------------------------------------------------------------
     void spinBoxToolTip()
     {
         ORXPropertySpinBox box(nullptr, ZELCustomSpinBox64::Style_Cell);
@@ -30,33 +248,39 @@ private slots:
                  "Min:-9223372036854775808; Max:9223372036854775807; Step Value:4"_s);
     }
 
-    void spinBoxTakesTypedTextOnNotification()
+    // Of what is typed only that in the editor with the focus is taken.
+    void commitNotification()
     {
         QWidget window;
+        QPropertyLineEdit edit(&window, ZELCustomLineEdit::Style_Cell);
         ORXPropertySpinBox box(&window, ZELCustomSpinBox64::Style_Cell);
-        QLineEdit elsewhere(&window);
         box.setRange(0, 100);
         ORXListenTools::instance()->addListener(&box, ORXListenTools::PriorityNormal);
         window.show();
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
+        QSignalSpy finished(&edit, &QLineEdit::editingFinished);
         QSignalSpy changed(&box, &ZELCustomSpinBox64::valueChanged);
-        const auto notify = [] {
-            ORXListenTools::instance()->notifyListeners(ListenCode::kCommitPendingEdit, nullptr);
+        const auto notify = [](int code) {
+            ORXListenTools::instance()->notifyListeners(code, nullptr);
         };
         box.setFocus();
         box.lineEdit()->setText("42"_s);
-        ORXListenTools::instance()->notifyListeners(ListenCode::kFavoritesChanged, nullptr);
+        notify(ListenCode::kFavoritesChanged);
         QCOMPARE(changed.size(), 0);
-        notify();
+        notify(ListenCode::kCommitPendingEdit);
         QCOMPARE(changed.size(), 1);
+        QCOMPARE(finished.size(), 0);
         QCOMPARE(box.value(), 42);
         box.lineEdit()->setText("no number"_s);
-        notify();
+        notify(ListenCode::kCommitPendingEdit);
         QCOMPARE(box.value(), 42);
-        elsewhere.setFocus();
+        edit.setFocus();
         box.lineEdit()->setText("43"_s);
-        notify();
+        notify(ListenCode::kFavoritesChanged);
+        QCOMPARE(finished.size(), 0);
+        notify(ListenCode::kCommitPendingEdit);
+        QCOMPARE(finished.size(), 1);
         QCOMPARE(changed.size(), 1);
     }
 
@@ -127,35 +351,27 @@ private slots:
         }
     }
 
-    void sliderControlReportsOnReleaseOnly()
+    void sliderControlReports()
     {
         QIntegerParamSetCtrl control;
         control.SetRange(0, 100);
         QSignalSpy changed(&control, &QIntegerParamSetCtrl::SigValueChanged);
         control.SetValue(10);
         auto* slider = control.findChild<ZELCustomSlider*>();
+        auto* edit = control.findChild<QPropertyLineEdit*>();
         QCOMPARE(slider->toolTip(), "Range:0 to 100"_s);
         slider->setSliderDown(true);
         slider->setSliderPosition(50);
-        QCOMPARE(control.findChild<QPropertyLineEdit*>()->text(), "50"_s);
+        QCOMPARE(edit->text(), "50"_s);
         QCOMPARE(changed.size(), 0);
         slider->setSliderDown(false); // emits sliderReleased()
         QCOMPARE(changed.size(), 1);
-    }
-
-    void sliderControlTakesTypedNumbers()
-    {
-        QIntegerParamSetCtrl control;
-        control.SetRange(0, 100);
-        control.SetValue(10);
-        QSignalSpy changed(&control, &QIntegerParamSetCtrl::SigValueChanged);
-        auto* edit = control.findChild<QPropertyLineEdit*>();
         edit->setText("250"_s);
         emit edit->editingFinished();
-        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.size(), 2);
         QCOMPARE(control.GetValue(), 100);
         emit edit->editingFinished(); // unchanged
-        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.size(), 2);
     }
 
     void sliderControlReleased()

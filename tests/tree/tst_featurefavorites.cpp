@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "tree/FeatureTreeTest.h"
 #include "tree/ORXPropertySpinBox.h"
 
@@ -16,8 +15,7 @@ class TestFeatureFavorites : public FeatureTreeTest
     QStringList shownFavorites(ORXFeatureTree* tree)
     {
         QStringList shown;
-        const QVector<Item*> copies = tree->rootItem()->child(0)->children();
-        for (Item* copy : copies)
+        for (const Item* copy : tree->rootItem()->child(0)->children())
             shown.append(copy->value()->nodeName(0));
         return shown;
     }
@@ -37,45 +35,43 @@ class TestFeatureFavorites : public FeatureTreeTest
     }
     QMenu* menuOn(Item* target)
     {
-        ORXFeatureTreeView* view = m_tree->treeView();
-        view->scrollTo(view->treeModel()->indexFromItem(target, 0));
-        const QRect row = view->visualRect(view->treeModel()->indexFromItem(target, 0));
-        m_tree->OnTreeFeaturesCustomContextMenuRequested(row.topLeft());
+        view()->scrollTo(index(target));
+        m_tree->OnTreeFeaturesCustomContextMenuRequested(
+            view()->visualRect(index(target)).topLeft());
         auto* menu = m_tree->findChild<QMenu*>("FavoritesMenu"_s);
         menu->hide();
         return menu;
     }
-    QModelIndex indexOf(Item* item)
-    {
-        return m_tree->treeView()->treeModel()->indexFromItem(item, 0);
-    }
     // As when the side column shows the group.
     void showFavoritesOnly()
     {
-        const QVector<Item*> groups = m_tree->rootItem()->children();
-        for (Item* each : groups) {
+        for (Item* each : m_tree->rootItem()->children()) {
             each->setGroupVisible(each == group(), 1);
-            m_tree->treeView()->setRowHidden(indexOf(each).row(), {}, each != group());
+            view()->setRowHidden(index(each).row(), {}, each != group());
         }
         QCoreApplication::processEvents();
+    }
+    template <typename Event>
+    bool drag(Item* moved, const QPoint& at)
+    {
+        const QScopedPointer<QMimeData> data(view()->treeModel()->mimeData({index(moved)}));
+        Event event(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view()->viewport(), &event);
+        return event.isAccepted();
+    }
+    QPoint belowTheRows() const
+    {
+        return view()->viewport()->rect().bottomLeft() + QPoint(20, -20);
     }
     // Without a target into the empty space below the rows.
     void drop(Item* moved, Item* target)
     {
-        ORXFeatureTreeView* view = m_tree->treeView();
-        const QScopedPointer<QMimeData> data(
-            view->treeModel()->mimeData({view->treeModel()->indexFromItem(moved, 0)}));
-        const QPoint at = target ? view->visualRect(indexOf(target)).center()
-                                 : view->viewport()->rect().bottomLeft() - QPoint(-20, 20);
-        QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(view->viewport(), &enter);
-        QDragMoveEvent move(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(view->viewport(), &move);
+        const QPoint at = target ? view()->visualRect(index(target)).center() : belowTheRows();
         const bool allowed =
             !target || target->parent(Item::FeatureTreePage) == group() || target == group();
-        QCOMPARE(move.isAccepted(), allowed);
-        QDropEvent dropped(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(view->viewport(), &dropped);
+        drag<QDragEnterEvent>(moved, at);
+        QCOMPARE(drag<QDragMoveEvent>(moved, at), allowed);
+        drag<QDropEvent>(moved, at);
     }
 
 private slots:
@@ -123,7 +119,7 @@ private slots:
         Item* copy = group()->child(0);
         QCOMPARE(copy->itemType(), Item::FavoriteItem);
         QCOMPARE(item("Width")->mappingItem(), copy);
-        QTRY_VERIFY(m_tree->treeView()->editorOf(copy));
+        QTRY_VERIFY(view()->editorOf(copy));
 
         m_tree->removeFavoriteItem(item("Width")); // the feature is no copy and stays
         QVERIFY(Item::isAlive(item("Width")));
@@ -155,12 +151,11 @@ private slots:
         readOnce();
         setFavorites({"Width"_s});
         Item* copy = group()->child(0);
-        ORXFeatureTreeView* view = m_tree->treeView();
-        QTRY_VERIFY(view->editorOf(copy));
-        view->setExpanded(view->treeModel()->indexFromItem(item("Image"), 0), inSight);
-        QTRY_COMPARE(view->editorOf(item("Width")) != nullptr, inSight);
+        QTRY_VERIFY(view()->editorOf(copy));
+        view()->setExpanded(index(item("Image")), inSight);
+        QTRY_COMPARE(view()->editorOf(item("Width")) != nullptr, inSight);
         const auto number = [this] { return item("Width")->value()->value().toLongLong(); };
-        auto* spin = qobject_cast<ORXPropertySpinBox*>(view->editorOf(copy));
+        auto* spin = qobject_cast<ORXPropertySpinBox*>(view()->editorOf(copy));
         QCOMPARE(spin->value(), qlonglong(320));
         spin->setFocus();
         QTest::keyClick(spin, Qt::Key_Up);
@@ -176,20 +171,15 @@ private slots:
     void favoritesFollowSearchAndGroup()
     {
         readOnce();
-        ORXFeatureTreeView* view = m_tree->treeView();
-        const auto hidden = [&](Item* each) {
-            const QModelIndex index = view->treeModel()->indexFromItem(each, 0);
-            return view->isRowHidden(index.row(), index.parent());
-        };
         item("Width")->setSearchText("gain"_s, 1);
         item("Gain")->setSearchText("gain"_s, 1);
         setFavorites({"Width"_s, "Gain"_s});
-        QVERIFY(hidden(group()->child(0)));
-        QVERIFY(!hidden(group()->child(1)));
+        QVERIFY(isHidden(group()->child(0)));
+        QVERIFY(!isHidden(group()->child(1)));
         // While another group is shown, a new favourite does not show.
         group()->setGroupVisible(false, 1);
         setFavorites({"Gain"_s});
-        QVERIFY(hidden(group()->child(0)));
+        QVERIFY(isHidden(group()->child(0)));
     }
 
     void movingFavorites_data()
@@ -217,44 +207,29 @@ private slots:
         }
     }
 
-    void draggingFavorites()
+    void whereADragMayEnd()
     {
         setFavorites(words("Width Height Gain"));
-        QCoreApplication::processEvents();
-        drop(group()->child(2), group()->child(0));
-        QCOMPARE(shownFavorites(m_tree.get()), words("Gain Width Height"));
-        const QStringList before = favorites();
         QCoreApplication::processEvents();
         drop(group()->child(0), item("ReverseX"));
-        QCOMPARE(favorites(), before);
-    }
-
-    void belowTheLastFavoriteIsTheEnd()
-    {
-        setFavorites(words("Width Height Gain"));
+        QCOMPARE(favorites(), words("Width Height Gain"));
         showFavoritesOnly();
-        drop(group()->child(0), nullptr);
-        QCOMPARE(shownFavorites(m_tree.get()), words("Height Gain Width"));
-        QCOMPARE(favorites(), words("Height Gain Width"));
         // A line below the last row shows where it goes to.
-        const QPoint at = m_tree->treeView()->viewport()->rect().bottomLeft() - QPoint(-20, 20);
-        const QScopedPointer<QMimeData> data(
-            m_tree->treeView()->treeModel()->mimeData({indexOf(group()->child(0))}));
-        const QImage idle = m_tree->treeView()->viewport()->grab().toImage();
-        QDragEnterEvent enter(at, Qt::CopyAction, data.data(), Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(m_tree->treeView()->viewport(), &enter);
-        QVERIFY(m_tree->treeView()->viewport()->grab().toImage() != idle);
+        const auto picture = [this] { return view()->viewport()->grab().toImage(); };
+        const QImage idle = picture();
+        drag<QDragEnterEvent>(group()->child(0), belowTheRows());
+        QVERIFY(picture() != idle);
         QDragLeaveEvent leave;
-        QCoreApplication::sendEvent(m_tree->treeView()->viewport(), &leave);
-        QCOMPARE(m_tree->treeView()->viewport()->grab().toImage(), idle);
+        QCoreApplication::sendEvent(view()->viewport(), &leave);
+        QCOMPARE(picture(), idle);
     }
 
     void aMoveDisturbsNobody_data()
     {
-        const Rows<int, int> row("from", "before");
-        row("up", 2, 0);
-        row("down", 0, 2);
-        row("to the end", 1, -1);
+        const Rows<int, int, QStringList> row("from", "before", "shown");
+        row("up", 2, 0, "Counter Width Height");
+        row("down", 0, 2, "Height Width Counter");
+        row("below the last row: to the end", 1, -1, "Width Counter Height");
     }
 
     void aMoveDisturbsNobody()
@@ -264,27 +239,26 @@ private slots:
         readOnce();
         setFavorites(words("Width Height Counter"));
         showFavoritesOnly();
-        ORXFeatureTreeView* view = m_tree->treeView();
         Item* moved = group()->child(from);
         Item* edited = group()->child(from == 1 ? 0 : 1);
-        QTRY_VERIFY(view->editorOf(edited));
-        auto* spin = qobject_cast<ORXPropertySpinBox*>(view->editorOf(edited));
+        QTRY_VERIFY(view()->editorOf(edited));
+        auto* spin = qobject_cast<ORXPropertySpinBox*>(view()->editorOf(edited));
         QTest::keyClicks(spin, "77"_s);
         QVERIFY(spin->hasPendingEdit());
         const QString typed = spin->text();
-        view->setCurrentIndex(indexOf(moved));
+        view()->setCurrentIndex(index(moved));
         drop(moved, before < 0 ? nullptr : group()->child(before));
         QCoreApplication::processEvents();
         QVERIFY(Item::isAlive(moved));
-        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view->currentIndex()), moved);
-        QCOMPARE(view->editorOf(edited), spin);
+        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view()->currentIndex()), moved);
+        QCOMPARE(view()->editorOf(edited), spin);
         QCOMPARE(spin->text(), typed);
         QVERIFY(m_host.writes().isEmpty());
         // The rows stand as the list says.
-        QCOMPARE(view->visualRect(indexOf(moved)).top() < view->visualRect(indexOf(edited)).top(),
+        QCOMPARE(view()->visualRect(index(moved)).top() < view()->visualRect(index(edited)).top(),
                  moved->indexInParent(Item::FeatureTreePage) <
                      edited->indexInParent(Item::FeatureTreePage));
-        QVERIFY(shownFavorites(m_tree.get()) != words("Width Height Counter"));
+        QTEST(shownFavorites(m_tree.get()), "shown");
     }
 
     void favoritesOfAnotherTree()

@@ -16,24 +16,11 @@ class TestFeatureWriting : public FeatureTreeTest
     Q_OBJECT
 
 private:
-    // Reads everything once; afterwards nothing is polled, so that only what writes cause is read.
-    void readWithoutPolling()
-    {
-        readOnce();
-        m_tree->PauseUpdateThread();
-        m_tree->StopThread(false);
-        QCoreApplication::processEvents();
-        m_host.clearCalls();
-    }
     QStringList sortedReads() const
     {
         QStringList reads = m_host.calls().filter(QRegularExpression("^get "_s));
         reads.sort();
         return reads;
-    }
-    void lockByAcquisition(bool lock)
-    {
-        m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(lock ? 1 : 0));
     }
 
 private slots:
@@ -57,28 +44,20 @@ private slots:
 
     void writesByTag_data()
     {
-        QTest::addColumn<QString>("tag");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("call"); // empty: refused
-        const auto row = [](const char* tag, const char* name, const QVariant& value,
-                            const char* call) {
-            QTest::newRow(*tag ? tag : "empty tag")
-                << QString::fromLatin1(tag) << QString::fromLatin1(name) << value
-                << QString::fromLatin1(call);
-        };
-        row("Boolean", "ReverseX", false, "set ReverseX 0");
-        row("Command", "AcquisitionStart", QVariant(), "set AcquisitionStart ");
-        row("Integer", "Width", qlonglong(INT64_MIN), "set Width -9223372036854775808");
-        row("IntReg", "Width", 5, "set Width 5");
-        row("Enumeration", "PixelFormat", 4000000000LL, "set PixelFormat 4000000000");
-        row("Float", "Gain", 2.5F, "set Gain 2.5");
-        row("Converter", "Gain", 2.5, "set Gain 2.5");
-        row("StringReg", "Note", "a b"_s, "set Note a b");
-        row("String", "Note", "c"_s, "set Note c");
-        row("Category", "Image", 1, "");
-        row("CustomTagNameDraw", "Width", 1, "");
-        row("", "Width", 1, "");
+        // call: empty: refused
+        const Rows<QString, QString, QVariant, QString> row("tag", "name", "value", "call");
+        row.of("Boolean", "ReverseX", false, "set ReverseX 0");
+        row.of("Command", "AcquisitionStart", QVariant(), "set AcquisitionStart");
+        row.of("Integer", "Width", qlonglong(INT64_MIN), "set Width -9223372036854775808");
+        row.of("IntReg", "Width", 5, "set Width 5");
+        row.of("Enumeration", "PixelFormat", 4000000000LL, "set PixelFormat 4000000000");
+        row.of("Float", "Gain", 2.5F, "set Gain 2.5");
+        row.of("Converter", "Gain", 2.5, "set Gain 2.5");
+        row.of("StringReg", "Note", "a b"_s, "set Note a b");
+        row.of("String", "Note", "c"_s, "set Note c");
+        row.of("Category", "Image", 1, "");
+        row.of("CustomTagNameDraw", "Width", 1, "");
+        row("empty tag", "", "Width", 1, "");
     }
 
     void writesByTag()
@@ -88,7 +67,7 @@ private slots:
         QFETCH(QVariant, value);
         QFETCH(QString, call);
         QCOMPARE(m_tree->setFeatureValue(tag, name, value), !call.isEmpty());
-        QCOMPARE(m_host.writes().join(QLatin1Char('|')).trimmed(), call.trimmed());
+        QCOMPARE(m_host.writes().join(QLatin1Char('|')).trimmed(), call);
         QCOMPARE(overlay().isEmpty(), call.isEmpty());
         QVERIFY(!m_tree->setFeatureValue(tag, QString(), value)); // no name
         m_tree->readyForDelete();
@@ -171,6 +150,9 @@ private slots:
         QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
         m_tree->PauseUpdateThread();
         QTRY_VERIFY(overlay().isEmpty()); // the timer came to nothing
+        QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 656));
+        QVERIFY(!overlay().isEmpty());
+        QTRY_VERIFY(overlay().isEmpty());
         QVERIFY(sortedReads().isEmpty());
         m_host.set("Height"_s, FakeHost::integerFeature(99));
         m_tree->StartUpdateThread();
@@ -182,15 +164,6 @@ private slots:
         QTRY_COMPARE(m_host.count("get Gain"_s), 1);
         QTRY_VERIFY(!m_tree->isReading());
         QCOMPARE(m_host.count("get Width"_s), 0);
-    }
-
-    void pausedTreeStillHidesTheOverlay()
-    {
-        readOnce();
-        m_tree->PauseUpdateThread();
-        QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
-        QVERIFY(!overlay().isEmpty());
-        QTRY_VERIFY(overlay().isEmpty());
     }
 
     // Commands ------------------------------------------------------------------------------------
@@ -207,20 +180,33 @@ private slots:
         QVERIFY(MessageGuard::contains("NodeName:AcquisitionStart, [CameraID:1]"_s));
     }
 
-    void acquisitionCommandsReadWhatTheyLock()
+    void acquisitionReadsWhatItLocks_data()
     {
-        readOnce();
-        const auto isFree = [this] { return editor<ZELCustomCheckBox>("ReverseX")->isEnabled(); };
-        lockByAcquisition(true);
-        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
-        QTRY_VERIFY(!isFree());
-        lockByAcquisition(false);
-        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStop"_s, {}));
-        QTRY_VERIFY(isFree());
+        const Rows<bool> row("byCommand");
+        row("the host tells of it", false);
+        row("by command", true);
+    }
+
+    void acquisitionReadsWhatItLocks()
+    {
+        QFETCH(bool, byCommand);
+        readWithoutPolling();
+        const auto acquire = [&](bool on) {
+            m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(on ? 1 : 0));
+            const QString command = on ? "AcquisitionStart"_s : "AcquisitionStop"_s;
+            if (byCommand)
+                QVERIFY(m_tree->setFeatureValue("Command"_s, command, {}));
+            else
+                on ? m_tree->OnCameraStartShot() : m_tree->OnCameraStopShot();
+            QTRY_COMPARE(editor<ZELCustomCheckBox>("ReverseX")->isEnabled(), !on);
+        };
+        acquire(true);
+        QCOMPARE(m_host.count("get Gain"_s), 0);
+        acquire(false);
+        if (!byCommand)
+            return;
         // A stop by command does not swallow the next start.
-        lockByAcquisition(true);
-        QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
-        QTRY_VERIFY(!isFree());
+        acquire(true);
         QCOMPARE(m_host.writes().filter("AcquisitionStart"_s).size(), 2);
     }
 

@@ -171,9 +171,8 @@ private slots:
 
     void makingAndBorrowingItems()
     {
-        const QByteArray description =
-            DescriptionBuilder::wrap(DescriptionBuilder::category("Root"_s, {"Width"_s}) +
-                                     DescriptionBuilder::node("Integer"_s, "Width"_s));
+        const QByteArray description = DescriptionBuilder::wrap(
+            DescriptionBuilder::elements("Category Root pFeature=Width; Integer Width"));
         OBDeviceControl::Init(description.constData(), nullptr);
         ORXFeatureTree tree(1);
         tree.CreateFeature();

@@ -5,7 +5,6 @@
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "reading/FeatureMutex.h"
 #include "styledctl/ZELCustomCheckBox.h"
 #include "styledctl/ZELCustomComboBox.h"
@@ -40,6 +39,12 @@ public:
 class TestORXFeatureTree : public FeatureTreeTest
 {
     Q_OBJECT
+
+    void chooseLevel(int level)
+    {
+        OBDeviceControl::SetUserLevel(level);
+        m_tree->OnUserLevelChanged();
+    }
 
 private slots:
     // Reading -------------------------------------------------------------------------------------
@@ -99,14 +104,12 @@ private slots:
     {
         readOnce();
         QVERIFY(item("Detail")->visible());
-        OBDeviceControl::SetUserLevel(1);
-        m_tree->OnUserLevelChanged();
+        chooseLevel(1);
         QTRY_VERIFY(!item("Detail")->visible());
-        QTRY_VERIFY(!m_tree->treeView()->editorOf(item("Detail")));
+        QTRY_VERIFY(!view()->editorOf(item("Detail")));
         QVERIFY(item("Width")->visible());
-        OBDeviceControl::SetUserLevel(0);
-        m_tree->OnUserLevelChanged();
-        QTRY_VERIFY(m_tree->treeView()->editorOf(item("Detail")));
+        chooseLevel(0);
+        QTRY_VERIFY(view()->editorOf(item("Detail")));
     }
 
     // Both threads are busy, one of them with the level before, when the level changes again.
@@ -115,11 +118,9 @@ private slots:
         readOnce();
         m_host.setLatencyMs(3);
         m_tree->RefreshFeatures();
-        OBDeviceControl::SetUserLevel(1);
-        m_tree->OnUserLevelChanged();
+        chooseLevel(1);
         QTRY_VERIFY(m_host.count("mode Detail"_s) >= 2);
-        OBDeviceControl::SetUserLevel(0);
-        m_tree->OnUserLevelChanged();
+        chooseLevel(0);
         m_host.setLatencyMs(0);
         QTRY_VERIFY(!m_tree->isReading());
         QTRY_VERIFY(item("Detail")->visible());
@@ -147,8 +148,7 @@ private slots:
         m_tree->RefreshFeatures();
         QTRY_COMPARE(m_host.pace().waitingAt(first), 1);
         m_tree->setInSight({"Detail"_s});
-        OBDeviceControl::SetUserLevel(1);
-        m_tree->OnUserLevelChanged();
+        chooseLevel(1);
         QTRY_COMPARE(m_tree->GetFeatureMutex()->waiting(), 1);
         m_host.pace().openGate(first);
         QTRY_VERIFY(!m_tree->isReading());
@@ -212,10 +212,7 @@ private slots:
 
     void polledChangeReadsWhatItInvalidates()
     {
-        readOnce();
-        m_tree->PauseUpdateThread();
-        m_tree->StopThread(false);
-        m_host.clearCalls();
+        readWithoutPolling();
         m_tree->EmitPollingFeatureChanged("Width"_s);
         QTRY_COMPARE(m_host.count("get Height"_s), 1);
         QTRY_VERIFY(!m_tree->isReading());
@@ -233,19 +230,6 @@ private slots:
         m_host.clearCalls();
         m_tree->OnTimerFeatureNoCache();
         QVERIFY(m_host.calls().isEmpty());
-    }
-
-    void acquisitionReadsLockableFeatures()
-    {
-        readOnce();
-        QVERIFY(editor<ZELCustomCheckBox>("ReverseX")->isEnabled());
-        m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(1));
-        m_tree->OnCameraStartShot();
-        QTRY_VERIFY(!editor<ZELCustomCheckBox>("ReverseX")->isEnabled());
-        QCOMPARE(m_host.count("get Gain"_s), 0);
-        m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(0));
-        m_tree->OnCameraStopShot();
-        QTRY_VERIFY(editor<ZELCustomCheckBox>("ReverseX")->isEnabled());
     }
 
     void namedFeatureIsReadAgain()
@@ -282,15 +266,14 @@ private slots:
     void closingTheCamera()
     {
         readOnce();
-        m_tree->treeView()->setCurrentIndex(
-            m_tree->treeView()->treeModel()->indexFromItem(item("Width"), 0));
+        view()->setCurrentIndex(index(item("Width")));
         QVERIFY(!m_tree->findChild<QTextEdit*>()->toPlainText().isEmpty());
         QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
         m_tree->OnCameraClose();
         QVERIFY(overlay().isEmpty()); // nothing would hide it later
         QCOMPARE(m_tree->cameraID(), qint64(-1));
         QVERIFY(m_tree->findChild<QTextEdit*>()->toPlainText().isEmpty());
-        QCOMPARE(m_tree->treeView()->model()->rowCount(), 0);
+        QCOMPARE(view()->model()->rowCount(), 0);
         m_host.clearCalls();
         m_tree->OnTimeInvalidaterFeaturesUpdate();
         m_tree->OnTimerFeatureNoCache();
@@ -327,8 +310,7 @@ private slots:
     {
         readOnce();
         const auto* panel = m_tree->findChild<QTextEdit*>();
-        ORXFeatureTreeView* view = m_tree->treeView();
-        emit view->pressed(view->treeModel()->indexFromItem(item("Width"), 0));
+        emit view()->pressed(index(item("Width")));
         QVERIFY(panel->toPlainText().contains("Columns of the image."_s));
         const QString english = panel->toPlainText();
         QCOMPARE(panel->textCursor().position(), 0);

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "api/ApplicationSetup.h"
 #include "model/CTreeIntergerItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomComboBox.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
+#include "tree/EditorTest.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
-#include "tree/TestPage.h"
 
 #include <QApplication>
 #include <QScrollBar>
@@ -17,83 +13,34 @@
 #include <atomic>
 #include <thread>
 
-using Item = ORXPropertyTreeItem;
-
-namespace {
-
-// Counts how often the rows are laid out.
-class CountingView : public ORXFeatureTreeView
-{
-public:
-    using ORXFeatureTreeView::ORXFeatureTreeView;
-    void doItemsLayout() override
-    {
-        ++layouts;
-        ORXFeatureTreeView::doItemsLayout();
-    }
-    int layouts = 0;
-};
-
-QString rowName(int row)
-{
-    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
-}
-
-} // namespace
-
-class TestORXFeatureTreeView : public GuardedTest
+class TestORXFeatureTreeView : public EditorTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override
-    {
-        ApplicationSetup::runOnce();
-        m_page = new TestPage;
-    }
-    void finish() override { delete m_page; }
-
 private:
-    void openRows(int rows, const char* tag = "Integer", const QSize& size = QSize(500, 400))
-    {
-        m_page->makeRoot = [=] {
-            Item* root = m_page->addGroupOfTags({});
-            m_group = root->child(0);
-            for (int i = 0; i < rows; ++i)
-                m_page->add(m_group, rowName(i), tag);
-            return root;
-        };
-        m_page->open(size);
-    }
-    Item* row(int number) { return m_group->child(number); }
     int openEditors()
     {
         int count = 0;
-        const QVector<Item*> rows = m_group->children();
-        for (Item* each : rows)
+        for (Item* each : group()->children())
             count += view()->editorOf(each) ? 1 : 0;
         return count;
     }
     bool isEveryRowInSightEdited()
     {
         int rows = 0;
-        for (QModelIndex index = view()->indexAt(QPoint(0, 2));
-             index.isValid() && view()->visualRect(index).top() < view()->viewport()->height();
-             index = view()->indexBelow(index)) {
-            Item* item = ORXPropertyTreeModel::itemFromIndex(index);
-            if (item->tag() == FeatureTag::Other)
+        for (QModelIndex at = view()->indexAt(QPoint(0, 2));
+             at.isValid() && view()->visualRect(at).top() < view()->viewport()->height();
+             at = view()->indexBelow(at)) {
+            Item* shown = ORXPropertyTreeModel::itemFromIndex(at);
+            if (shown->tag() == FeatureTag::Other)
                 continue;
-            const QWidget* editor = view()->editorOf(item);
+            const QWidget* editor = view()->editorOf(shown);
             if (!editor || !editor->isVisible())
                 return false;
             ++rows;
         }
         return rows > 3;
     }
-    ORXFeatureTreeView* view() { return m_page->treeView(); }
-
-    TestPage* m_page = nullptr;
-    Item* m_group = nullptr;
 
 private slots:
     void everyRowInSightHasItsEditor()
@@ -117,27 +64,22 @@ private slots:
         Item* below = m_page->add(nullptr, "Below"_s, "Integer");
         view()->treeModel()->addItems(m_page->getRootItem(1, false), {below});
         QTRY_VERIFY(isEveryRowInSightEdited());
-        m_group->setExpanded(false, 1);
+        group()->setExpanded(false, 1);
         QTRY_COMPARE(openEditors(), 0);
         QTRY_VERIFY(view()->editorOf(below));
-        m_group->setExpanded(true, 1);
+        group()->setExpanded(true, 1);
         QTRY_VERIFY(isEveryRowInSightEdited());
         for (int i = 0; i < 20; ++i)
             row(i)->setVisible(false, 1);
         QTRY_VERIFY(view()->editorOf(row(20)));
         QTRY_VERIFY(!view()->editorOf(row(0)));
-        row(0)->setVisible(true, 1);
-        QTRY_VERIFY(view()->editorOf(row(0)));
-    }
-
-    void aHiddenViewCatchesUpWhenShown()
-    {
-        openRows(30);
+        // Out of sight nothing is done; it catches up when it is shown.
         m_page->hide();
         for (int i = 0; i < 10; ++i)
-            row(i)->setVisible(false, 1);
+            row(i)->setVisible(true, 1);
         QCoreApplication::processEvents();
         m_page->show();
+        QTRY_VERIFY(view()->editorOf(row(0)));
         QTRY_VERIFY(isEveryRowInSightEdited());
     }
 
@@ -157,70 +99,50 @@ private slots:
         QTRY_VERIFY(!view()->editorOf(row(1)));
     }
 
-    void aNewRepresentationKeepsTheFocus()
-    {
-        openRows(3);
-        auto* value = dynamic_cast<CTreeIntergerItemValue*>(row(1)->value());
-        value->setNumbers({5, 0, 10, 1});
-        row(1)->endUpdateItem(1);
-        m_page->anyEditor(rowName(1))->setFocus();
-        value->setRepresentation("HexNumber"_s);
-        row(1)->endUpdateItem(1);
-        auto* edit = m_page->editor<QPropertyLineEdit>(rowName(1));
-        QVERIFY(edit);
-        QVERIFY(edit->hasFocus());
-    }
-
     void lastShownFeatureDecidesItsCategories()
     {
-        Item* inner = nullptr;
-        m_page->makeRoot = [&] {
+        m_page->makeRoot = [this] {
             Item* root = m_page->addGroupOfTags({});
-            m_group = root->child(0);
-            inner = m_page->add(m_group, "Inner"_s);
-            m_page->add(inner, rowName(0), "Integer");
-            m_page->add(inner, rowName(1), "Integer");
+            Item* branch = m_page->add(root->child(0), "Inner"_s);
+            m_page->add(branch, rowName(0), "Integer");
+            m_page->add(branch, rowName(1), "Integer");
             return root;
         };
         m_page->open();
-        const auto hidden = [this](Item* item) {
-            const QModelIndex index = view()->treeModel()->indexFromItem(item, 0);
-            return view()->isRowHidden(index.row(), index.parent());
+        Item* inner = row(0);
+        const auto hidden = [&] {
+            QStringList names;
+            for (Item* each : {group(), inner, inner->child(0), inner->child(1)}) {
+                if (isHidden(each))
+                    names += each->value()->nodeName(0);
+            }
+            return names;
         };
         inner->child(0)->setVisible(false, 1);
-        QVERIFY(!hidden(inner));
+        QCOMPARE(hidden(), words("Row0000"));
         inner->child(1)->setVisible(false, 1);
-        QVERIFY(hidden(inner));
-        QVERIFY(hidden(m_group));
+        QCOMPARE(hidden(), words("Group Inner Row0000 Row0001"));
         m_page->log.clear();
         inner->child(0)->setVisible(true, 1);
-        QVERIFY(!hidden(inner->child(0)));
-        QVERIFY(hidden(inner->child(1)));
-        QVERIFY(!hidden(inner));
-        QVERIFY(!hidden(m_group));
+        QCOMPARE(hidden(), words("Row0001"));
         QCOMPARE(m_page->log, QStringList("visible Row0000"_s));
     }
 
     void groupVisibilityHidesRows()
     {
         openRows(3);
-        const auto hidden = [this](int number) {
-            return view()->isRowHidden(number, view()->treeModel()->indexFromItem(m_group, 0));
-        };
         row(0)->setGroupVisible(false, 1);
-        QVERIFY(hidden(0));
+        QVERIFY(isHidden(row(0)));
         row(1)->setVisible(false, -1); // not for this camera: the view is not told
-        QVERIFY(!hidden(1));
+        QVERIFY(!isHidden(row(1)));
         view()->updateRowsVisible(m_page->getRootItem(1, false), true);
-        QVERIFY(hidden(0));
-        QVERIFY(hidden(1));
-        QVERIFY(!hidden(2));
+        QVERIFY(isHidden(row(0)) && isHidden(row(1)) && !isHidden(row(2)));
     }
 
     void visibleHeight()
     {
         openRows(5);
-        m_page->add(m_group, "Matrix"_s, "CustomTagNameCCM");
+        m_page->add(group(), "Matrix"_s, "CustomTagNameCCM");
         view()->resetData(1, m_page->getRootItem(1, false));
         view()->expandAll();
         QCOMPARE(view()->getVisibleHeight(), 5 * 38 + 128); // the group itself adds nothing
@@ -252,7 +174,7 @@ private slots:
         row(0)->setVisible(false, camera);
         const QStringList expected = {"value Row0000"_s, "visible Row0000"_s};
         QCOMPARE(m_page->log, heard ? expected : QStringList());
-        QCOMPARE(view()->isRowHidden(0, view()->treeModel()->indexFromItem(m_group, 0)), heard);
+        QCOMPARE(isHidden(row(0)), heard);
     }
 
     void aDestroyedItemsNotificationIsDropped()
@@ -265,7 +187,7 @@ private slots:
             gone->setVisible(false, 1);
             gone->notifiViewSpecialUpdate(NotifyViewSpecial::ChunkSelectionChanged, 1);
         }).join();
-        view()->treeModel()->removeItems(m_group, gone);
+        view()->treeModel()->removeItems(group(), gone);
         delete gone;
         QCoreApplication::processEvents();
         QVERIFY(m_page->log.isEmpty());
@@ -296,10 +218,10 @@ private slots:
             mirror->copy(published);
             mirror->registerView(view());
             published->setMappingItem(mirror);
-            view()->treeModel()->addItems(m_group, {mirror});
+            view()->treeModel()->addItems(group(), {mirror});
             wanted = 20;
             QCoreApplication::processEvents();
-            view()->treeModel()->removeItems(m_group, mirror);
+            view()->treeModel()->removeItems(group(), mirror);
             delete mirror;
         }
         stop = true;
@@ -313,9 +235,6 @@ private slots:
     void anOvertakenNotificationChangesNothing()
     {
         openRows(2);
-        const auto hidden = [this](int number) {
-            return view()->isRowHidden(number, view()->treeModel()->indexFromItem(m_group, 0));
-        };
         row(0)->setVisible(false, 1);
         std::thread([this] {
             row(0)->setVisible(true, 1);
@@ -324,57 +243,7 @@ private slots:
         row(0)->setSearchText("something else"_s, 1);
         row(1)->setVisible(true, 1);
         QCoreApplication::processEvents();
-        QVERIFY(hidden(0));
-        QVERIFY(!hidden(1));
-    }
-
-    void onePassCostsOneLayout()
-    {
-        TestPage page;
-        CountingView counted(page.pageType(), &page, &page);
-        Item* root = page.addGroupOfTags({});
-        m_group = root->child(0);
-        for (int i = 0; i < 1000; ++i)
-            page.add(m_group, rowName(i), "Integer")->registerView(&counted);
-        counted.resetData(1, root);
-        counted.expandAll();
-        counted.resize(400, 400);
-        page.resize(400, 400);
-        page.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&page));
-        QCoreApplication::processEvents();
-        counted.layouts = 0;
-        for (int i = 0; i < 1000; ++i) {
-            row(i)->value()->setValue(i);
-            row(i)->setVisible(i % 2 == 0, 1);
-            row(i)->endUpdateItem(1);
-            row(i)->setSearchText("row"_s, 1);
-        }
-        QCoreApplication::processEvents();
-        QVERIFY2(counted.layouts <= 3, qPrintable(QString::number(counted.layouts)));
-        counted.resetData(-1, nullptr);
-        delete root;
-    }
-
-    // The user edits a mirror; the row of the item itself is out of sight.
-    void anEditThatTheCameraTakesBackIsPublished()
-    {
-        openRows(200);
-        Item* item = row(150);
-        dynamic_cast<CTreeIntergerItemValue*>(item->value())->setNumbers({10, 0, 100, 1});
-        item->endUpdateItem(1);
-        Item* mirror = row(0);
-        mirror->value()->copy(item->value(), false);
-        item->setMappingItem(mirror);
-        QVERIFY(!item->endUpdateItem(1)); // nothing new
-        mirror->value()->setValue(50);
-        mirror->notifyViewUpdate(1, 2, false);
-        QCOMPARE(item->value()->value().toInt(), 50);
-        item->value()->setValue(10); // what the camera made of it
-        QVERIFY(item->endUpdateItem(1));
-        QCOMPARE(mirror->value()->value().toInt(), 10);
-        QCOMPARE(qobject_cast<ORXPropertySpinBox*>(view()->editorOf(mirror))->value(),
-                 qlonglong(10));
+        QVERIFY(isHidden(row(0)) && !isHidden(row(1)));
     }
 
     void wheelOverEditors_data()
@@ -433,7 +302,7 @@ private slots:
         const QImage row = picture();
         view()->setPlaceholderText("Nothing here"_s);
         QCOMPARE(picture(), row);
-        m_group->child(0)->setVisible(false, 1);
+        group()->child(0)->setVisible(false, 1);
         const QImage empty = picture();
         view()->setPlaceholderText(QString());
         QVERIFY(picture() != empty);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "basetools/ORXInterface.h"
+#include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
 #include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/CTreeStringItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomComboBox.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "tree/EditorTest.h"
@@ -13,8 +13,8 @@
 #include "tree/QPropertyLineEdit.h"
 #include "tree/editors/ExternalEditor.h"
 
+#include <QAccessible>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalSpy>
 
 namespace {
@@ -33,14 +33,6 @@ const char* const kTags[] = {"Boolean",
                              "CustomTagNamePalettesMode",
                              "CustomTagNameFlatFieldCorrection"};
 
-QStringList allTags()
-{
-    QStringList tags;
-    for (const char* tag : kTags)
-        tags.append(QString::fromLatin1(tag));
-    return tags;
-}
-
 } // namespace
 
 class TestORXPropertyTreeDelegate : public EditorTest
@@ -53,6 +45,10 @@ class TestORXPropertyTreeDelegate : public EditorTest
         for (const char* tag : kTags)
             row.of(tag);
     }
+    static QString textOf(QWidget* widget, QAccessible::Text kind)
+    {
+        return QAccessible::queryAccessibleInterface(widget)->text(kind);
+    }
 
 private slots:
     void editorsOfIntegers_data()
@@ -64,7 +60,10 @@ private slots:
         row("hexadecimal", "HexNumber", 100, true);
         row("address", "IPV4Address", 100, true);
         row("hardware address", "MACAddress", 100, true);
-        row("too large for a spin box", "Linear", INT64_MAX, true);
+        const qint64 largest = 1125899906842623; // in a spin box
+        row("at the limit of spin boxes", "Linear", largest, false);
+        row("above it", "Linear", largest + 1, true);
+        row("none, above it", "", largest + 1, true);
     }
 
     void editorsOfIntegers()
@@ -77,7 +76,7 @@ private slots:
         setInteger(width, 10, 0, maximum, 1, representation.toLatin1().constData());
         width->endUpdateItem(1);
         // The first status names no representation yet; the next change of it makes a new editor.
-        m_page->treeView()->openPersistentEdit(width, true);
+        view()->openPersistentEdit(width, true);
         QTRY_VERIFY(editor("Integer"));
         QCOMPARE(qobject_cast<QPropertyLineEdit*>(editor("Integer")) != nullptr, typed);
         setInteger(width, 10, 0, 100, 1, typed ? "Linear" : "HexNumber");
@@ -111,25 +110,19 @@ private slots:
                     {1.5F + static_cast<float>(round), 0.0F, 100.0F});
             refill(feature);
         };
-        const auto edit = [&]() -> QLineEdit* {
-            QWidget* made = m_page->treeView()->editorOf(feature);
-            auto* plain = qobject_cast<QLineEdit*>(made);
-            return plain ? plain : made->findChild<QLineEdit*>();
-        };
+        const auto edit = [&] { return lineEdit(view()->editorOf(feature)); };
         fill(0);
-        m_page->treeView()->openPersistentEdit(feature, true);
-        QTRY_VERIFY(m_page->treeView()->editorOf(feature));
+        view()->openPersistentEdit(feature, true);
+        QTRY_VERIFY(view()->editorOf(feature));
         QCOMPARE(edit()->cursorPosition(), 0);
         fill(1);
         QCOMPARE(edit()->cursorPosition(), 0);
         QEvent language(QEvent::LanguageChange);
-        QCoreApplication::sendEvent(m_page->treeView(), &language);
+        QCoreApplication::sendEvent(view(), &language);
         QCOMPARE(edit()->cursorPosition(), 0);
 
         // Not from under the hands of the user.
-        edit()->setFocus();
-        edit()->selectAll();
-        QTest::keyClicks(edit(), "57"_s);
+        type(edit(), "57"_s);
         fill(2);
         QCOMPARE(edit()->text(), "57"_s);
         QCOMPARE(edit()->cursorPosition(), 2);
@@ -164,12 +157,9 @@ private slots:
     {
         QFETCH(QString, tag);
         open({tag});
-        Item* feature = m_page->item(tag);
-        if (!feature) // of the two boxes the first one names the item
-            feature = m_page->item(tag + QLatin1Char('0'));
-        QVERIFY(m_page->treeView()->editorOf(feature));
-        QSignalSpy committed(m_page->treeView()->treeDelegate(),
-                             &QAbstractItemDelegate::commitData);
+        Item* feature = row(0);
+        QVERIFY(view()->editorOf(feature));
+        QSignalSpy committed(view()->treeDelegate(), &QAbstractItemDelegate::commitData);
         for (int round = 1; round <= 3; ++round) {
             if (auto* boxes = valueOf<CTreeCustomWaterMarkItemValue>(feature)) {
                 boxes->setCheckState(0, round % 2 ? Qt::Checked : Qt::Unchecked);
@@ -200,8 +190,8 @@ private slots:
         QFETCH(QString, tag);
         QFETCH(bool, usableWhenReadOnly);
         open({tag});
-        Item* feature = m_page->getRootItem(1, false)->child(0)->child(0);
-        const QWidget* widget = m_page->treeView()->editorOf(feature);
+        Item* feature = row(0);
+        const QWidget* widget = view()->editorOf(feature);
         QVERIFY(widget->isEnabled());
         if (!valueOf<CTreeCustomWaterMarkItemValue>(
                 feature)) { // its columns have flags of their own
@@ -255,7 +245,7 @@ private slots:
         QTest::mouseClick(tool, Qt::LeftButton);
         QCOMPARE(m_page->writes.size(), 2);
         ORXInterface::setLanguage("CH"_s);
-        m_page->treeView()->updateAllEditorData();
+        view()->updateAllEditorData();
         QCOMPARE(command->text(), "\u6267\u884c"_s);
         QCOMPARE(tool->text(), "\u6253\u5f00\u5de5\u5177"_s);
     }
@@ -282,46 +272,117 @@ private slots:
     {
         QFETCH(QString, tag);
         open({tag});
-        ORXFeatureTreeView* view = m_page->treeView();
-        Item* feature = m_page->getRootItem(1, false)->child(0)->child(0);
-        const QWidget* widget = view->editorOf(feature);
-        const QModelIndex cell = view->treeModel()->indexFromItem(feature, 1);
+        const QWidget* widget = view()->editorOf(row(0));
         const QRect place = widget->geometry();
-        const QRect row = view->visualRect(cell);
-        QCOMPARE(row.height(), 38);
-        QVERIFY(row.top() <= place.top() && place.bottom() <= row.bottom());
-        QVERIFY(qAbs(place.center().y() - row.center().y()) <= 1);
+        const QRect cell = view()->visualRect(index(row(0), 1));
+        QCOMPARE(cell.height(), 38);
+        QVERIFY(cell.top() <= place.top() && place.bottom() <= cell.bottom());
+        QVERIFY(qAbs(place.center().y() - cell.center().y()) <= 1);
         const bool wide = tag == QLatin1String("CustomTagNamePalettesMode");
-        QVERIFY2(wide ? place.left() == 20 : place.left() > row.left(),
+        QVERIFY2(wide ? place.left() == 20 : place.left() > cell.left(),
                  qPrintable(QString::number(place.left())));
-        QVERIFY(place.right() < row.right());
+        QVERIFY(place.right() < cell.right());
         QVERIFY(widget->isVisible());
-        if (const QWidget* name = view->editorOf(feature, 0))
-            QVERIFY(name->geometry().right() <= row.left());
+        if (const QWidget* name = view()->editorOf(row(0), 0))
+            QVERIFY(name->geometry().right() <= cell.left());
     }
 
     void rowsArePainted()
     {
-        open(allTags());
-        ORXFeatureTreeView* view = m_page->treeView();
-        const auto picture = [view] { return view->viewport()->grab().toImage(); };
+        QStringList tags;
+        for (const char* tag : kTags)
+            tags.append(QString::fromLatin1(tag));
+        open(tags);
+        const auto picture = [this] { return view()->viewport()->grab().toImage(); };
         const QImage plain = picture();
-        m_page->item("Integer"_s)->setSearchText("teg"_s, 1);
+        item("Integer")->setSearchText("teg"_s, 1);
         const QImage marked = picture();
         QVERIFY(marked != plain);
-        view->treeDelegate()->setCurMoveItem(m_page->item("Float"_s));
+        view()->treeDelegate()->setCurMoveItem(item("Float"));
         const QImage dropping = picture();
         QVERIFY(dropping != marked);
-        const QRect row =
-            view->visualRect(view->treeModel()->indexFromItem(m_page->item("Float"_s), 0));
+        const QRect moved = view()->visualRect(index(item("Float")));
         for (int y = 0; y < plain.height(); ++y) {
-            if (y < row.top() - 1 || y > row.top() + 1)
+            if (y < moved.top() - 1 || y > moved.top() + 1)
                 QCOMPARE(dropping.copy(0, y, plain.width(), 1),
                          marked.copy(0, y, plain.width(), 1));
         }
-        const QByteArray directory = qgetenv("OBFT_TEST_PICTURES");
-        if (!directory.isEmpty())
-            m_page->grab().save(QString::fromLocal8Bit(directory) + "/delegate.png"_s);
+    }
+
+    void whatScreenReadersAreTold_data()
+    {
+        const Rows<QString, QAccessible::Role, QString> row("tag", "role", "value");
+        row.of("Boolean", QAccessible::CheckBox, "checked");
+        row.of("Command", QAccessible::Button, "");
+        row.of("Integer", QAccessible::SpinBox, "10");
+        row.of("IntReg", QAccessible::SpinBox, "10");
+        row.of("Enumeration", QAccessible::ComboBox, "Off");
+        row.of("Float", QAccessible::EditableText, "1.5000");
+        row.of("Converter", QAccessible::EditableText, "1.5000");
+        row.of("StringReg", QAccessible::EditableText, "text");
+        row.of("String", QAccessible::EditableText, "text");
+        row.of("CustomTagNamePalettesMode", QAccessible::ComboBox, "Off");
+    }
+
+    void whatScreenReadersAreTold()
+    {
+        QFETCH(QString, tag);
+        open({tag});
+        Item* feature = m_page->item(tag);
+        feature->value()->setDisplayName("Gain & <Offset>"_s);
+        feature->value()->setTranslateName("增益"_s);
+        if (auto* box = valueOf<CTreeBooleanItemValue>(feature))
+            box->setValue(true);
+        refill(feature);
+        QWidget* editor = m_page->anyEditor(tag);
+        QTRY_COMPARE(textOf(editor, QAccessible::Name), "Gain & <Offset>"_s);
+        const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(editor);
+        QTEST(told->role(), "role");
+        const QString value =
+            told->state().checked ? "checked"_s : textOf(editor, QAccessible::Value);
+        QTEST(value, "value");
+        QVERIFY(!told->state().disabled);
+        QCOMPARE(editor->accessibleDescription(), QString());
+
+        m_page->reason = "Locked by somebody"_s;
+        feature->setReadOnly(true, ReadOnlyCause::Locked);
+        QVERIFY(feature->endUpdateItem(1));
+        QTRY_COMPARE(textOf(editor, QAccessible::Description), "Locked by somebody"_s);
+        QVERIFY(told->state().disabled);
+        // The decider was read, the feature itself says nothing new.
+        m_page->reason = "Locked by somebody (1)"_s;
+        view()->describeEditors();
+        QCOMPARE(textOf(editor, QAccessible::Description), "Locked by somebody (1)"_s);
+
+        feature->setReadOnly(false);
+        feature->endUpdateItem(1);
+        QTRY_COMPARE(editor->accessibleDescription(), QString());
+        ORXInterface::setLanguage("CH"_s);
+        refill(feature);
+        QTRY_COMPARE(textOf(editor, QAccessible::Name), "增益"_s);
+    }
+
+    void boxesOfTwo()
+    {
+        open({"CustomTagNameEvent"_s});
+        QCOMPARE(textOf(m_page->anyEditor("CustomTagNameEvent0"_s, 0), QAccessible::Name),
+                 "Left"_s);
+        QCOMPARE(textOf(m_page->anyEditor("CustomTagNameEvent0"_s, 1), QAccessible::Name),
+                 "Right"_s);
+    }
+
+    void numbersOfASpinBox()
+    {
+        open({"Integer"_s});
+        QWidget* editor = m_page->anyEditor("Integer"_s);
+        QAccessibleValueInterface* value =
+            QAccessible::queryAccessibleInterface(editor)->valueInterface();
+        QVERIFY(value);
+        QCOMPARE(value->currentValue().toLongLong(), 10LL);
+        QCOMPARE(value->minimumValue().toLongLong(), 0LL);
+        QCOMPARE(value->maximumValue().toLongLong(), 100LL);
+        value->setCurrentValue(11);
+        QTRY_COMPARE(m_page->writes, QStringList{"Integer 11"_s});
     }
 };
 

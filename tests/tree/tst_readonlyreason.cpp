@@ -3,7 +3,6 @@
 // below the description, with links.
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "tree/FeatureDescriptionPanel.h"
 #include "tree/FeatureInfoTabs.h"
@@ -23,28 +22,18 @@ QString ref(const char* tag, const char* text)
     return child(QString::fromLatin1(tag), QString::fromUtf8(text));
 }
 
-QString element(const char* tag, const char* name, const QString& inner = QString())
-{
-    return node(QString::fromLatin1(tag), QString::fromLatin1(name), inner);
-}
-
 // The feature that is read-only, and three that may decide.
 QString description(const QString& width)
 {
     const QString entries = "<EnumEntry Name=\"Off\"><Value>0</Value></EnumEntry>"
                             "<EnumEntry Name=\"Fast\"><Value>7</Value></EnumEntry>"_s;
-    return category("Root"_s, {"Image"_s, "Other"_s}) + category("Image"_s, {"Width"_s}) +
-           category("Other"_s, {"Mode"_s, "Level"_s, "Inner"_s}) +
-           element("Integer", "Width", ref("Description", "Columns.") + width) +
-           element("Enumeration", "Mode", ref("DisplayName", "Scan &lt;Mode&gt;") + entries) +
-           element("Integer", "Level") +
-           element("Integer", "Inner", ref("Visibility", "Invisible")) +
-           "<IntSwissKnife Name=\"Both\"><pVariable Name=\"A\">Mode</pVariable>"
-           "<pVariable Name=\"B\">Level</pVariable></IntSwissKnife>"
-           "<IntSwissKnife Name=\"Circle\"><pVariable Name=\"A\">Circle</pVariable>"
-           "</IntSwissKnife>"_s +
-           element("Integer", "Alias", ref("pValue", "Level")) + element("IntReg", "Reg") +
-           element("Integer", "WidthReg", ref("pIsLocked", "Level"));
+    return elements("Category Root pFeature=Image,Other; Category Image pFeature=Width;"
+                    "Category Other pFeature=Mode,Level,Inner; Integer Level;"
+                    "Integer Inner Visibility=Invisible; IntSwissKnife Both pVariable=Mode,Level;"
+                    "IntSwissKnife Circle pVariable=Circle; Integer Alias pValue=Level;"
+                    "IntReg Reg; Integer WidthReg pIsLocked=Level") +
+           node("Integer"_s, "Width"_s, ref("Description", "Columns.") + width) +
+           node("Enumeration"_s, "Mode"_s, ref("DisplayName", "Scan &lt;Mode&gt;") + entries);
 }
 
 } // namespace
@@ -94,12 +83,8 @@ class TestReadOnlyReason : public FeatureTreeTest
     {
         build(child("pIsLocked"_s, lock));
         read();
-        select("Width");
-    }
-    void select(const char* name)
-    {
-        m_tree->treeView()->setCurrentIndex(
-            m_tree->treeView()->treeModel()->indexFromItem(item(name), 0));
+        view()->setCurrentIndex(index(item("Width")));
+        QTRY_VERIFY(line()->isVisible());
     }
     QString reason() { return m_tree->readOnlyReason(*item("Width")); }
     ReadOnlyReasonLine* line() { return m_tree->findChild<ReadOnlyReasonLine*>(); }
@@ -173,7 +158,7 @@ private slots:
             setAnswer(answer.section(QLatin1Char(' '), 0, 0), answer.section(QLatin1Char(' '), 1));
         read();
         m_host.fail("Level"_s, 0);
-        select("Width");
+        view()->setCurrentIndex(index(item("Width")));
         QTRY_COMPARE(line()->toPlainText(), text);
         QCOMPARE(reason(), text);
         QCOMPARE(line()->isVisible(), !text.isEmpty());
@@ -184,7 +169,7 @@ private slots:
     void olderValue()
     {
         showLocked();
-        QTRY_COMPARE(reason(), "Locked by Level (3)"_s);
+        QCOMPARE(reason(), "Locked by Level (3)"_s);
         item("Level")->value()->setValue(0);
         QCOMPARE(reason(), "Locked by Level"_s);
     }
@@ -192,7 +177,6 @@ private slots:
     void linkByMouse()
     {
         showLocked("Both"_s);
-        QTRY_VERIFY(line()->isVisible());
         QSignalSpy shown(m_tree.get(), &ORXFeatureTree::SigShowFeature);
         const QPoint place = placeOf("Level"_s);
         QVERIFY(place.x() > 0);
@@ -203,7 +187,6 @@ private slots:
     void linksByKeyboard()
     {
         showLocked("Both"_s);
-        QTRY_VERIFY(line()->isVisible());
         QSignalSpy shown(m_tree.get(), &ORXFeatureTree::SigShowFeature);
         auto* panel = m_tree->findChild<FeatureDescriptionPanel*>();
         panel->setFocus();
@@ -226,19 +209,17 @@ private slots:
     void fromTheRowByEnter()
     {
         showLocked("Both"_s);
-        QTRY_VERIFY(line()->isVisible());
-        auto* rows = m_tree->treeView();
         m_tree->infoTabs()->addPanel(new QWidget, [] { return "Other"_s; });
         m_tree->infoTabs()->setCurrentIndex(1);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) {
-            rows->setFocus();
-            QTRY_VERIFY(rows->hasFocus());
-            QTest::keyClick(rows, key);
+            view()->setFocus();
+            QTRY_VERIFY(view()->hasFocus());
+            QTest::keyClick(view(), key);
             QVERIFY(line()->hasFocus());
             QCOMPARE(focusedLink(), "Mode"_s);
             QTest::keyClick(line(), Qt::Key_Tab);
             QTest::keyClick(line(), Qt::Key_Escape);
-            QVERIFY(rows->hasFocus());
+            QVERIFY(view()->hasFocus());
         }
     }
 
@@ -246,7 +227,6 @@ private slots:
     void decidersChange()
     {
         showLocked("Both"_s);
-        QTRY_VERIFY(line()->isVisible());
         line()->setFocus(Qt::BacktabFocusReason);
         QTRY_COMPARE(focusedLink(), "Level"_s);
         m_host.set("Level"_s, FakeHost::integerFeature(4));
@@ -266,10 +246,8 @@ private slots:
 
     void levelOfTheUser()
     {
-        build(ref("pIsLocked", "Level"));
-        read();
-        select("Width");
-        QTRY_COMPARE(links(), QStringList{"Level"_s});
+        showLocked();
+        QCOMPARE(links(), QStringList{"Level"_s});
         item("Level")->setVisible(false, 1);
         QTRY_COMPARE(links(), QStringList());
         QCOMPARE(line()->toPlainText(), "Locked by Level (3)"_s);
@@ -278,7 +256,6 @@ private slots:
     void longNames()
     {
         showLocked();
-        QTRY_VERIFY(line()->isVisible());
         const int width = m_tree->minimumSizeHint().width();
         item("Level")->value()->setDisplayName(QString(500, QLatin1Char('W')));
         m_tree->notifyEditorUpdate();
@@ -292,7 +269,7 @@ private slots:
     {
         showLocked("Both"_s);
         QWidget* spinBox = nullptr;
-        QTRY_VERIFY((spinBox = m_tree->treeView()->editorOf(item("Width"))) &&
+        QTRY_VERIFY((spinBox = view()->editorOf(item("Width"))) &&
                     !spinBox->accessibleDescription().isEmpty());
         const auto tipAt = [](QWidget* widget, const QPoint& at) {
             QHelpEvent event(QEvent::ToolTip, at, widget->mapToGlobal(at));
@@ -303,7 +280,7 @@ private slots:
         };
         const QString why = "Locked by Scan &lt;Mode&gt; (Fast), Level (3)"_s;
         QVERIFY(tipAt(spinBox, QPoint(5, 5)).contains(why + "<br>Min:"_s));
-        QWidget* rows = m_tree->treeView()->viewport();
+        QWidget* rows = view()->viewport();
         const QPoint edge = spinBox->geometry().topRight() + QPoint(4, 4);
         QVERIFY(tipAt(rows, edge).contains(why));
         m_host.set("Both"_s, FakeHost::integerFeature(0));

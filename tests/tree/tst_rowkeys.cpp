@@ -1,58 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // The keyboard in a page's view: from row to row, from editor to editor, and between them.
-#include "api/ApplicationSetup.h"
 #include "model/CTreeCustomWaterMarkItemValue.h"
-#include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
-#include "support/Rows.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
-#include "tree/TestPage.h"
+#include "tree/EditorTest.h"
 
 #include <QApplication>
 #include <QScrollBar>
 
-using Item = ORXPropertyTreeItem;
-
-namespace {
-
-QString rowName(int row)
-{
-    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
-}
-
-} // namespace
-
-class TestRowKeys : public GuardedTest
+class TestRowKeys : public EditorTest
 {
     Q_OBJECT
-
-protected:
-    void prepare() override
-    {
-        ApplicationSetup::runOnce();
-        m_page = new TestPage;
-    }
-    void finish() override { delete m_page; }
-
-private:
-    void openRows(int rows, const char* tag = "Integer")
-    {
-        m_page->makeRoot = [=] {
-            Item* root = m_page->addGroupOfTags({});
-            m_group = root->child(0);
-            for (int i = 0; i < rows; ++i)
-                m_page->add(m_group, rowName(i), tag);
-            return root;
-        };
-        m_page->open({500, 400});
-    }
-    Item* row(int number) { return m_group->child(number); }
-    Item* current() { return ORXPropertyTreeModel::itemFromIndex(view()->currentIndex()); }
-    ORXFeatureTreeView* view() { return m_page->treeView(); }
-
-    TestPage* m_page = nullptr;
-    Item* m_group = nullptr;
 
 private slots:
     void theGroupsOwnRowIsNeverReached_data()
@@ -71,7 +27,7 @@ private slots:
     {
         QFETCH(int, key);
         openRows(20);
-        m_group->value()->setDisplayName("Group"_s);
+        group()->value()->setDisplayName("Group"_s);
         view()->clearFocus();
         view()->selectionModel()->clear();
         view()->setFocus();
@@ -84,53 +40,49 @@ private slots:
         QCOMPARE(current(), row(1));
         QTest::keyClick(view(), Qt::Key_Up);
         QCOMPARE(current(), row(0));
-        QVERIFY(view()->isExpanded(view()->treeModel()->indexFromItem(m_group, 0)));
+        QVERIFY(view()->isExpanded(index(group())));
     }
 
     void clicksOnTheGroupsOwnRowDoNothing()
     {
         openRows(20);
-        view()->setCurrentIndex(view()->treeModel()->indexFromItem(row(3), 0));
-        const QModelIndex group = view()->treeModel()->indexFromItem(m_group, 0);
-        const QPoint at = view()->visualRect(group).topRight() + QPoint(-5, 0);
-        QCOMPARE(view()->indexAt(at).siblingAtColumn(0), group);
+        view()->setCurrentIndex(index(row(3)));
+        const QPoint at = view()->visualRect(index(group())).topRight() + QPoint(-5, 0);
+        QCOMPARE(view()->indexAt(at).siblingAtColumn(0), index(group()));
         QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, at);
         QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, at);
         QCOMPARE(current(), row(3));
-        QVERIFY(view()->isExpanded(group));
+        QVERIFY(view()->isExpanded(index(group())));
     }
 
     void aBranchOpensAndCloses()
     {
-        Item* branch = nullptr;
-        m_page->makeRoot = [&] {
+        m_page->makeRoot = [this] {
             Item* root = m_page->addGroupOfTags({});
-            m_group = root->child(0);
-            branch = m_page->add(m_group, "Branch"_s);
-            m_page->add(branch, "Inner"_s, "Integer");
+            m_page->add(m_page->add(root->child(0), "Branch"_s), "Inner"_s, "Integer");
             return root;
         };
         m_page->open();
-        const QModelIndex index = view()->treeModel()->indexFromItem(branch, 0);
+        const QModelIndex branch = index(row(0));
         view()->expandAll();
         view()->setFocus();
-        view()->setCurrentIndex(index);
+        view()->setCurrentIndex(branch);
         QTest::keyClick(view(), Qt::Key_Left);
-        QVERIFY(!view()->isExpanded(index));
+        QVERIFY(!view()->isExpanded(branch));
         QTest::keyClick(view(), Qt::Key_Right);
-        QVERIFY(view()->isExpanded(index));
+        QVERIFY(view()->isExpanded(branch));
     }
 
     void tabReachesEditorsInTheOrderOfRows()
     {
         openRows(5);
         row(1)->setReadOnly(true);
-        row(1)->notifyViewUpdate(1, -1, false);
+        refill(row(1));
         Item* boxes = m_page->add(nullptr, "Boxes"_s, "CustomTagNameWatermark");
         auto* value = dynamic_cast<CTreeCustomWaterMarkItemValue*>(boxes->value());
         value->setColumn(0, "Left"_s, "Left"_s);
         value->setColumn(1, "Right"_s, "Right"_s);
-        view()->treeModel()->addItems(m_group, {boxes});
+        view()->treeModel()->addItems(group(), {boxes});
         QTRY_VERIFY(view()->editorOf(boxes));
         // Opened again, last row first: the order is still that of the rows.
         for (int i = 4; i >= 0; --i) {
@@ -167,7 +119,7 @@ private slots:
     {
         openRows(100, "String");
         view()->setFocus();
-        view()->setCurrentIndex(view()->treeModel()->indexFromItem(row(2), 0));
+        view()->setCurrentIndex(index(row(2)));
         for (const int key : {int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::Key_F2)}) {
             QTest::keyClick(view(), Qt::Key(key));
             QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(2)));
@@ -192,7 +144,7 @@ private slots:
         const int before = view()->verticalScrollBar()->value();
         QTest::mouseClick(editor, Qt::LeftButton, {}, QPoint(20, 10));
         QVERIFY(editor->hasFocus());
-        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view()->currentIndex()), row(4));
+        QCOMPARE(current(), row(4));
         QCOMPARE(view()->verticalScrollBar()->value(), before);
     }
 };

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Rows before their first value, and what a view says of the rows that the user has before him.
-#include "api/ApplicationSetup.h"
 #include "model/CTreeIntergerItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
-#include "support/TestMain.h"
-#include "tree/ORXFeatureTreeView.h"
+#include "tree/EditorTest.h"
 #include "tree/ORXPropertySpinBox.h"
-#include "tree/TestPage.h"
 
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -14,15 +10,23 @@
 #include <functional>
 #include <thread>
 
-using Item = ORXPropertyTreeItem;
-
 namespace {
 
-// Counts how often the rows are laid out.
+// A second view of a page's rows. Counts how often they are laid out.
 class CountingView : public ORXFeatureTreeView
 {
 public:
-    using ORXFeatureTreeView::ORXFeatureTreeView;
+    explicit CountingView(TestPage& page)
+        : ORXFeatureTreeView(page.pageType(), &page, &page)
+    {
+        ORXPropertyTreeItem* root = page.getRootItem(1, true);
+        for (ORXPropertyTreeItem* row : root->child(0)->children())
+            row->registerView(this);
+        resetData(1, root);
+        expandAll();
+        resize(400, 400);
+    }
+    ~CountingView() override { resetData(-1, nullptr); }
     void doItemsLayout() override
     {
         ++layouts;
@@ -31,38 +35,23 @@ public:
     int layouts = 0;
 };
 
-QString rowName(int row)
-{
-    return "Row%1"_s.arg(row, 4, 10, QLatin1Char('0'));
-}
-
 } // namespace
 
 class TestRowsInSight;
 Q_DECLARE_METATYPE(std::function<void(TestRowsInSight&)>)
 
-class TestRowsInSight : public GuardedTest
+class TestRowsInSight : public EditorTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override
-    {
-        ApplicationSetup::runOnce();
-        m_page = new TestPage;
-    }
-    void finish() override { delete m_page; }
-
-private:
     // Two groups of features of a description that nobody has read yet.
     void makeRows(int rows, const QString& tag = "Integer"_s)
     {
         m_page->makeRoot = [=] {
             Item* root = m_page->addGroupOfTags({});
-            m_group = root->child(0);
             Item* second = m_page->add(root, "Second"_s);
             for (int i = 0; i < rows; ++i)
-                addFeature(m_group, rowName(i), tag);
+                addFeature(root->child(0), rowName(i), tag);
             addFeature(second, "Other"_s, tag);
             return root;
         };
@@ -73,22 +62,10 @@ private:
         feature->setIsFeatureTreeItem(true);
         feature->setWasRead(false, -1);
     }
-    Item* row(int number) { return m_group->child(number); }
-    ORXFeatureTreeView* view() { return m_page->treeView(); }
-    void showSecondGroup()
+    QImage valueCell(Item* of)
     {
-        const QVector<Item*> rows = m_group->children();
-        for (Item* each : rows)
-            each->setGroupVisible(false, 1);
+        return view()->viewport()->grab(view()->visualRect(index(of, 1))).toImage();
     }
-    QImage valueCell(Item* item)
-    {
-        const QRect cell = view()->visualRect(view()->treeModel()->indexFromItem(item, 1));
-        return view()->viewport()->grab(cell).toImage();
-    }
-
-    TestPage* m_page = nullptr;
-    Item* m_group = nullptr;
 
 private slots:
     void anUnreadRowShowsADashAndNoEditor_data()
@@ -156,31 +133,23 @@ private slots:
         QVERIFY(row(1)->wasRead());
     }
 
-    void aFirstReadCostsFewLayouts()
+    void onePassCostsFewLayouts()
     {
-        TestPage page;
-        CountingView counted(page.pageType(), &page, &page);
         makeRows(1000);
-        Item* root = m_page->makeRoot();
-        for (int i = 0; i < 1000; ++i)
-            row(i)->registerView(&counted);
-        counted.resetData(1, root);
-        counted.expandAll();
-        counted.resize(400, 400);
-        page.resize(400, 400);
-        page.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        CountingView counted(*m_page);
+        m_page->open();
         QCoreApplication::processEvents();
         counted.layouts = 0;
         for (int i = 0; i < 1000; ++i) {
+            row(i)->value()->setValue(i);
             row(i)->setWasRead(true, 1);
+            row(i)->setVisible(i % 2 == 0, 1);
             row(i)->endUpdateItem(1);
+            row(i)->setSearchText("row"_s, 1);
         }
         QCoreApplication::processEvents();
         QVERIFY2(counted.layouts <= 3, qPrintable(QString::number(counted.layouts)));
         QVERIFY(counted.editorOf(row(0)));
-        counted.resetData(-1, nullptr);
-        delete root;
     }
 
     void hiddenItemsHaveNoRowFromTheStart()
@@ -188,34 +157,31 @@ private slots:
         makeRows(3);
         m_page->getRootItem(1, true);
         row(1)->setVisible(false, -1);
-        ORXFeatureTreeView other(m_page->pageType(), m_page, m_page);
-        other.resetData(1, m_page->getRootItem(1, false));
-        const QModelIndex group = other.treeModel()->indexFromItem(m_group, 0);
-        QVERIFY(!other.isRowHidden(0, group));
-        QVERIFY(other.isRowHidden(1, group));
+        CountingView other(*m_page);
+        const QModelIndex shown = other.treeModel()->indexFromItem(group(), 0);
+        QVERIFY(!other.isRowHidden(0, shown));
+        QVERIFY(other.isRowHidden(1, shown));
     }
 
     void rowsInSightAreTold_data()
     {
         using Act = std::function<void(TestRowsInSight&)>;
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("last"); // above what is in sight, nearest first
-        QTest::addColumn<int>("rows");
-        const auto row = [](const char* name, const Act& act, const char* first, const char* last,
-                            int rows) {
-            QTest::newRow(name) << act << QString::fromLatin1(first) << QString::fromLatin1(last)
-                                << rows;
-        };
+        // last: above what is in sight, nearest first
+        const Rows<Act, QString, QString, int> row("act", "first", "last", "rows");
         row(
             "shown", [](auto&) {}, "Row0000", "Other", 201);
         row(
             "scrolled", [](auto& t) { t.view()->verticalScrollBar()->setValue(1 + 38 * 10); },
             "Row0010", "Row0000", 201);
         row(
-            "another group", [](auto& t) { t.showSecondGroup(); }, "Other", "Other", 1);
+            "another group",
+            [](auto& t) {
+                for (Item* each : t.group()->children())
+                    each->setGroupVisible(false, 1);
+            },
+            "Other", "Other", 1);
         row(
-            "collapsed", [](auto& t) { t.m_group->setExpanded(false, 1); }, "Other", "Other", 1);
+            "collapsed", [](auto& t) { t.group()->setExpanded(false, 1); }, "Other", "Other", 1);
         row(
             "all collapsed", [](auto& t) { t.m_page->setExpandedAll(false); }, "", "", 0);
         row(
@@ -231,7 +197,7 @@ private slots:
             "row removed",
             [](auto& t) {
                 Item* gone = t.row(0);
-                t.view()->treeModel()->removeItems(t.m_group, gone);
+                t.view()->treeModel()->removeItems(t.group(), gone);
                 delete gone;
             },
             "Row0001", "Other", 200);
@@ -274,17 +240,10 @@ private slots:
 
     void scrollingCostsNoLayout()
     {
-        TestPage page;
-        CountingView counted(page.pageType(), &page, &page);
         makeRows(5000);
-        Item* root = m_page->makeRoot();
-        counted.resetData(1, root);
-        counted.expandAll();
-        counted.resize(400, 400);
-        page.resize(400, 400);
+        CountingView counted(*m_page);
         QSignalSpy spy(&counted, &ORXFeatureTreeView::SigRowsInSight);
-        page.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        m_page->open();
         QTRY_VERIFY(!spy.isEmpty());
         counted.layouts = 0;
         spy.clear();
@@ -294,8 +253,6 @@ private slots:
         }
         QCOMPARE(counted.layouts, 0);
         QCOMPARE(spy.count(), 1); // the first row has gone
-        counted.resetData(-1, nullptr);
-        delete root;
     }
 };
 

@@ -32,8 +32,7 @@ private:
 private slots:
     void theToolBar()
     {
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         auto* bar = window.widget()->findChild<ORXFeatureToolBar*>();
         auto* level = bar->findChild<QComboBox*>();
         QSignalSpy told(bar, &ORXFeatureToolBar::SigToolBarBtnClicked);
@@ -70,8 +69,7 @@ private slots:
 
     void removedCameraLeavesAnEmptyWindow()
     {
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         const QPointer<ORXFeatureGroup> group = window.column();
         window.widget()->removeFeatureTree(1);
         QVERIFY(group.isNull());
@@ -102,8 +100,7 @@ private slots:
         QCOMPARE(enabledTools(), QStringList("ORXFeatureLangue"_s));
         OB_FT_Release();
 
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         QCOMPARE(enabledTools().size(), 3);
         m_host->clearCalls();
         window.widget()->onTabIndexChange(0);
@@ -139,8 +136,7 @@ private slots:
         }
         const QByteArray xml = wrap(elements);
         m_host->serve(xml);
-        OpenedWindow window(*m_host, xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, xml);
         const QScrollBar* bar = window.view()->verticalScrollBar();
         for (const char* next : {"SecondControl", "FirstControl"}) {
             window.view()->scrollToBottom();
@@ -209,8 +205,7 @@ private slots:
     void titleIsTheUsersName()
     {
         m_host->set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         QTRY_COMPARE(dockTitle(window.widget()), "left camera"_s);
         QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
         window.widget()->SetTitleVisible(false);
@@ -232,8 +227,7 @@ private slots:
         QFETCH(bool, released);
         QFETCH(QByteArray, feature);
         QFETCH(QString, written);
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         window.showGroup("AcquisitionControl");
         QWidget* editor = nullptr;
         QTRY_VERIFY(editor = window.view()->editorOf(window.item(feature)));

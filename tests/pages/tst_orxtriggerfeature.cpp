@@ -43,9 +43,8 @@ private slots:
         QCOMPARE(m_window->row(kPage, kTime).data().toString(), "Auto Trigger Time(ms)"_s);
         QCOMPARE(m_window->shown(kPage, kTime), "1000"_s);
         // What is beyond the range is brought back.
-        for (const auto& [entered, taken] : {std::pair("999999999", "999999999"),
-                                             {"1000000001", "1000000000"},
-                                             {"0", "1"}}) {
+        for (const auto& [entered, taken] :
+             {std::pair("999999999", "999999999"), {"1000000001", "1000000000"}, {"0", "1"}}) {
             QVERIFY(m_window->enter(kPage, kTime, QLatin1String(entered)));
             QVERIFY(m_window->refresh());
             QCOMPARE(m_window->shown(kPage, kTime), QLatin1String(taken));

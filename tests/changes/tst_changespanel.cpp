@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // The list of changes, feature files and copying, as the user meets them in the window.
 #include "basetools/ORXInterface.h"
-#include "cameras/CameraError.h"
 #include "changes/ChangesPanel.h"
 #include "changes/FeatureFileDialog.h"
 #include "changes/FeatureFileTable.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeItem.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "pages/DemoPageTest.h"
 
 #include <QAbstractItemModelTester>
@@ -26,6 +23,14 @@ class TestChangesPanel : public DemoPageTest
     Q_OBJECT
 
 private:
+    enum End { Dialog, Window, Release };
+
+    void prepare() override
+    {
+        DemoPageTest::prepare();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_strPath = m_folder->filePath("a.features"_s);
+    }
     void finish() override
     {
         ORXInterface::setFileDialogHook({});
@@ -95,6 +100,14 @@ private:
         return QGuiApplication::clipboard()->text();
     }
 
+    bool store(const QByteArray& bytes) const
+    {
+        QFile file(m_strPath);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_strPath; // of a feature file
     std::unique_ptr<QAbstractItemModelTester> m_tester;
 
 private slots:
@@ -182,18 +195,14 @@ private slots:
         QVERIFY(m_window->show(kTree, "ExposureTime"));
         list()->setCurrentIndex(panel()->journal()->index(rowOf("Width"_s), 0));
         QTest::keyClick(list(), Qt::Key_Return);
-        const ORXFeatureTreeView* view = m_window->tree()->treeView();
-        QCOMPARE(ORXPropertyTreeModel::itemFromIndex(view->currentIndex()),
-                 m_window->item(kTree, "Width"));
+        QCOMPARE(m_window->tree()->treeView()->currentIndex(), m_window->row(kTree, "Width"));
         QVERIFY(m_window->isRowShown(kTree, "Width"));
     }
 
     void savesComparesAndApplies()
     {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath("settings.features"_s);
-        ORXInterface::setFileDialogHook(
-            [&](ORXInterface::FileDialogKind, const QString&, const QString&) { return path; });
+        ORXInterface::setFileDialogHook([this](ORXInterface::FileDialogKind, const QString&,
+                                               const QString&) { return m_strPath; });
         openWatched();
         QVERIFY(m_window->show(kTree, "TriggerDelay"));
         showPanel();
@@ -213,149 +222,129 @@ private slots:
         QCOMPARE(read("TriggerSelector"), selector);
 
         write("Width", "640");
-        write("TriggerDelay", "5");
         QTest::mouseClick(button("ChangesCompare"), Qt::LeftButton);
         OBFT_TRY_VERIFY(dialog()->summary().contains("values differ"_s));
-        const FeatureFileTable* table = dialog()->table();
-        QVERIFY(table->chosenCount() >= 2);
-        const QAbstractItemModelTester tester(const_cast<FeatureFileTable*>(table));
-        QTest::mouseClick(dialog()->findChild<QPushButton*>("FeatureFileApply"_s), Qt::LeftButton);
-        OBFT_TRY_VERIFY(dialog()->summary().contains("read back"_s));
-        QCOMPARE(read("Width"), 1920);
-        OBFT_TRY_COMPARE(m_window->shown(kTree, "Width"), "1920"_s);
-        panel()->compareWith(path);
-        OBFT_TRY_VERIFY(dialog()->summary().startsWith("None of"_s));
+        QVERIFY(dialog()->table()->chosenCount() >= 1);
     }
 
     void faultyFilesAreTold_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("summary");
-        QTest::addColumn<int>("rows");
-        QTest::newRow("two bad lines")
-            << QByteArray("Width\t640\nHeight 480\n\t7\n") << "is not understood"_s << 2;
-        QTest::newRow("two values of one feature")
-            << QByteArray("Width\t640\nHeight\t480\nWidth\t672\n") << "is not understood"_s << 1;
-        QTest::newRow("nothing in it") << QByteArray("# only a comment\n") << "no feature"_s << 0;
-        QTest::newRow("no file") << QByteArray() << "cannot be read"_s << 0;
+        const Rows<QByteArray, QString, int> row("bytes", "summary", "rows");
+        row("two bad lines", "Width\t640\nHeight 480\n\t7\n", "is not understood", 2);
+        row("two values of one feature", "Width\t640\nHeight\t480\nWidth\t672\n",
+            "is not understood", 1);
+        row("nothing in it", "# only a comment\n", "no feature", 0);
+        row("no file", "", "cannot be read", 0);
     }
 
     void faultyFilesAreTold()
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, summary);
-        QFETCH(int, rows);
-        const QTemporaryDir folder;
-        QFile file(folder.filePath("a.features"_s));
-        if (!bytes.isEmpty()) {
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(bytes);
-            file.close();
-        } else {
+        if (bytes.isEmpty())
             MessageGuard::expectMessage("cannot be read"_s);
-        }
+        else
+            QVERIFY(store(bytes));
         openWatched();
         m_camera->forget();
-        panel()->compareWith(file.fileName());
+        panel()->compareWith(m_strPath);
         QVERIFY2(dialog()->summary().contains(summary), qPrintable(dialog()->summary()));
-        QCOMPARE(dialog()->table()->rowCount(), rows);
+        QTEST(dialog()->table()->rowCount(), "rows");
         QVERIFY(!dialog()->isWorking());
         QVERIFY(m_camera->writes().isEmpty());
-    }
-
-    // What this camera has is compared and applied, and the rest is named.
-    void fileOfAnotherModelIsTold()
-    {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath("a.features"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("# Model: Another 5\nWidth\t640\nNoSuchFeature\t1\nGainAuto\tNoSuchEntry\n");
-        file.close();
-        openWatched();
-        panel()->compareWith(file.fileName());
-        OBFT_TRY_COMPARE(dialog()->summary(),
-                         "The file is of another model, Another 5. 3 of 3 values differ."_s);
-        const FeatureFileTable* table = dialog()->table();
-        const QStringList results = {"Different"_s, "Not on this camera"_s,
-                                     "No value of this feature"_s};
-        for (int row = 0; row < results.size(); ++row) {
-            const QModelIndex feature = table->index(row, FeatureFileTable::Feature);
-            QCOMPARE(feature.siblingAtColumn(FeatureFileTable::Result).data(), results.at(row));
-            QCOMPARE(feature.data(Qt::CheckStateRole).isValid(), row == 0);
-        }
-        QTest::mouseClick(dialog()->findChild<QPushButton*>("FeatureFileApply"_s), Qt::LeftButton);
-        OBFT_TRY_COMPARE(dialog()->summary(), "1 of 1 values were written and read back."_s);
-        QCOMPARE(read("Width"), 640);
-    }
-
-    // A folder in which nothing can be written.
-    void fullDiskIsTold()
-    {
-        openWatched();
+        // Nor can a file be written in a folder that is none.
         MessageGuard::expectMessage("cannot be written"_s);
         panel()->saveTo("/proc/no/such.features"_s);
         OBFT_TRY_VERIFY(dialog()->summary().contains("cannot be written"_s));
     }
 
+    // What this camera has is compared, what is chosen is applied, and the rest is named.
+    void fileOfAnotherModelIsTold()
+    {
+        QVERIFY(store("# Model: Another 5\nWidth\t640\nHeight\t480\nNoSuchFeature\t1\n"
+                      "GainAuto\tNoSuchEntry\nTriggerSelector\tNoSuchEntry\nTriggerDelay\t5\n"));
+        openWatched();
+        const qint64 delay = read("TriggerDelay");
+        panel()->compareWith(m_strPath);
+        OBFT_TRY_COMPARE(dialog()->summary(),
+                         "The file is of another model, Another 5. 6 of 6 values differ."_s);
+        auto* table = const_cast<FeatureFileTable*>(dialog()->table());
+        const QAbstractItemModelTester tester(table);
+        QStringList results;
+        for (int row = 0; row < table->rowCount(); ++row) {
+            const QModelIndex feature = table->index(row, FeatureFileTable::Feature);
+            const bool canBeChosen = feature.data(Qt::CheckStateRole).isValid();
+            results += feature.siblingAtColumn(FeatureFileTable::Result).data().toString() +
+                       (canBeChosen ? "*"_s : QString());
+        }
+        QCOMPARE(results, QStringList({"Different*"_s, "Different*"_s, "Not on this camera"_s,
+                                       "No value of this feature"_s, "No value of this feature"_s,
+                                       "The selector cannot be set*"_s}));
+        const auto choose = [&](int row, Qt::CheckState state) {
+            table->setData(table->index(row, FeatureFileTable::Feature), state, Qt::CheckStateRole);
+        };
+        choose(1, Qt::Unchecked);
+        choose(5, Qt::Checked);
+        QTest::mouseClick(dialog()->findChild<QPushButton*>("FeatureFileApply"_s), Qt::LeftButton);
+        OBFT_TRY_COMPARE(dialog()->summary(), "1 of 2 values were written and read back."_s);
+        OBFT_TRY_COMPARE(m_window->shown(kTree, "Width"), "640"_s);
+        QCOMPARE(m_window->shown(kTree, "Height"), "1200"_s);
+        QCOMPARE(read("TriggerDelay"), delay);
+    }
+
     // The camera is as it was, the rows can be edited, and nobody waits.
     void endsWithTheDialogOrTheWindow_data()
     {
-        QTest::addColumn<bool>("window");
-        QTest::newRow("dialog closed") << false;
-        QTest::newRow("window closed") << true;
+        const Rows<int> row("end");
+        row("dialog closed", Dialog);
+        row("window closed", Window);
+        row("window released", Release);
     }
 
     void endsWithTheDialogOrTheWindow()
     {
-        QFETCH(bool, window);
-        const QTemporaryDir folder;
+        QFETCH(int, end);
         openWatched();
         const qint64 selector = read("TriggerSelector");
         m_camera->closeGate("TriggerSelector", MeddledCamera::Writes);
-        panel()->saveTo(folder.filePath("a.features"_s));
+        panel()->saveTo(m_strPath);
         OBFT_TRY_VERIFY(m_camera->isHolding());
         panel()->compareWith("/no/such.features"_s); // waits for nothing and changes nothing
         QVERIFY(dialog()->isWorking());
-        if (window)
-            QMetaObject::invokeMethod(m_window->widget(), &QWidget::close, Qt::QueuedConnection);
-        else
-            dialog()->close();
-        QTimer::singleShot(0, m_window->widget(), [this] { m_camera->openGate(); });
-        OBFT_TRY_VERIFY(!dialog()->isWorking() && !dialog()->isVisible());
-        OBFT_TRY_VERIFY(m_window->item(kTree, "TriggerSelector")->value()->enabled());
+        if (end == Release) {
+            m_tester.reset();
+            // The release waits for the call under way.
+            std::thread opens([this] { m_camera->openGate(); });
+            m_window.reset();
+            opens.join();
+        } else {
+            if (end == Window)
+                QMetaObject::invokeMethod(m_window->widget(), &QWidget::close,
+                                          Qt::QueuedConnection);
+            else
+                dialog()->close();
+            QTimer::singleShot(0, m_window->widget(), [this] { m_camera->openGate(); });
+            OBFT_TRY_VERIFY(!dialog()->isWorking() && !dialog()->isVisible());
+            OBFT_TRY_VERIFY(m_window->item(kTree, "TriggerSelector")->value()->enabled());
+        }
         QCOMPARE(read("TriggerSelector"), selector);
-        QVERIFY(!QFile::exists(folder.filePath("a.features"_s)));
-    }
-
-    void endsWithTheTree()
-    {
-        openWatched();
-        m_camera->closeGate("TriggerSelector", MeddledCamera::Writes);
-        panel()->saveTo("/proc/no/such.features"_s);
-        OBFT_TRY_VERIFY(m_camera->isHolding());
-        m_tester.reset();
-        // The release waits for the call under way.
-        std::thread opens([this] { m_camera->openGate(); });
-        m_window.reset();
-        opens.join();
+        QVERIFY(!QFile::exists(m_strPath));
     }
 
     void rowsAreCopied()
     {
         openWatched();
-        QVERIFY(m_window->show(kTree, "ExposureTime"));
-        ORXFeatureTreeView* view = m_window->tree()->treeView();
-        const QModelIndex row =
-            view->treeModel()->indexFromItem(m_window->item(kTree, "ExposureTime"), 0);
+        QVERIFY(m_window->select(kTree, "ExposureTime"));
         const QString value = m_window->shown(kTree, "ExposureTime");
+        const QString text = "ExposureTime = %1 us"_s.arg(value);
+        const QModelIndex row = m_window->row(kTree, "ExposureTime");
         QCOMPARE(copied("Copy Value", row), value);
         QCOMPARE(copied("Copy Name", row), "ExposureTime"_s);
-        QCOMPARE(copied("Copy as Text", row), "ExposureTime = %1 us"_s.arg(value));
+        QCOMPARE(copied("Copy as Text", row), text);
         QGuiApplication::clipboard()->clear();
-        view->setCurrentIndex(row);
-        view->setFocus();
-        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(QGuiApplication::clipboard()->text(), "ExposureTime = %1 us"_s.arg(value));
+        m_window->tree()->treeView()->setFocus();
+        QTest::keyClick(m_window->tree()->treeView(), Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), text);
     }
 };
 

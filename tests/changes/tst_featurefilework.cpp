@@ -175,44 +175,6 @@ private slots:
         QCOMPARE(differing(compare(file)), QStringList{"DeviceUserID"_s});
     }
 
-    void linesOfAnotherCameraAreTold()
-    {
-        FeatureFile file;
-        file.append("Width"_s, "640"_s);
-        file.append("NoSuchFeature"_s, "1"_s);
-        file.append("PixelFormat"_s, "NoSuchEntry"_s);
-        file.append("TriggerSelector"_s, "NoSuchEntry"_s);
-        file.append("TriggerDelay"_s, "5"_s);
-        const QVector<Row> rows = compare(file);
-        const QVector<Row::State> states = {Row::State::Different, Row::State::UnknownFeature,
-                                            Row::State::NotAValue, Row::State::NotAValue,
-                                            Row::State::SelectorRefused};
-        for (int i = 0; i < states.size(); ++i) {
-            QCOMPARE(rows.at(i).line, i + 1);
-            QCOMPARE(rows.at(i).state, states.at(i));
-        }
-        const qint64 delay = read("TriggerDelay");
-        apply(rows);
-        QCOMPARE(read("Width"), 640);
-        QCOMPARE(read("TriggerDelay"), delay);
-    }
-
-    // Only what is chosen is written, and a value that the camera changes is told.
-    void chosenRowsAlone()
-    {
-        FeatureFile file;
-        file.append("Width"_s, "640"_s);
-        file.append("Height"_s, "480"_s);
-        const qint64 height = read("Height");
-        QVector<Row> rows = compare(file);
-        rows[0].chosen = true;
-        FeatureFileJob applying = job(FeatureFileJob::Kind::Apply);
-        applying.rows = rows;
-        QCOMPARE(done(applying).rows.at(0).state, Row::State::Written);
-        QCOMPARE(read("Width"), 640);
-        QCOMPARE(read("Height"), height);
-    }
-
     void endsOnTheWay_data()
     {
         const Rows<int, bool> row("kind", "unplugged");

@@ -5,7 +5,6 @@
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "pages/DemoPageTest.h"
 #include "support/Rows.h"
 #include "tree/IORXFeatureWidget.h"
@@ -30,28 +29,27 @@ private:
         m_now = m_window->tree()->valueWatch()->steadyMs() + ms;
         m_window->tree()->valueWatch()->setClock([this] { return m_now.load(); });
     }
+    QTabWidget* tabs() const
+    {
+        return m_window->tree()->findChild<QTabWidget*>("FeatureInfoTabs"_s);
+    }
     TrendPanel* panel() const { return m_window->tree()->findChild<TrendPanel*>(); }
     void showPanel(const char* feature) const
     {
-        QVERIFY(m_window->show(kTree, feature));
-        ORXFeatureTreeView* view = m_window->tree()->treeView();
-        view->setCurrentIndex(view->treeModel()->indexFromItem(m_window->item(kTree, feature), 0));
-        auto* tabs = m_window->tree()->findChild<QTabWidget*>("FeatureInfoTabs"_s);
-        tabs->setCurrentIndex(2);
+        QVERIFY(m_window->select(kTree, feature));
+        tabs()->setCurrentIndex(2);
         QVERIFY(panel()->isVisible());
-    }
-    QAbstractItemModel* groups() const
-    {
-        return m_window->widget()->featureGroup(1)->groupView()->model();
     }
     // What is read aloud of the rows of the side column that have a dot.
     QStringList dotted() const
     {
+        const QAbstractItemModel* groups =
+            m_window->widget()->featureGroup(1)->groupView()->model();
         QStringList texts;
-        for (int page = 0; page < groups()->rowCount(); ++page) {
-            const QModelIndex above = groups()->index(page, 0);
-            for (int row = 0; row < groups()->rowCount(above); ++row) {
-                const QModelIndex group = groups()->index(row, 0, above);
+        for (int page = 0; page < groups->rowCount(); ++page) {
+            const QModelIndex above = groups->index(page, 0);
+            for (int row = 0; row < groups->rowCount(above); ++row) {
+                const QModelIndex group = groups->index(row, 0, above);
                 const QString text = group.data(Qt::AccessibleTextRole).toString();
                 if (text != group.data().toString())
                     texts.append(text);
@@ -112,12 +110,10 @@ private slots:
         m_window->widget()->SetLanguage(1);
         OBFT_TRY_VERIFY(panel()->picture().summary.startsWith("最小"_s));
         // Hidden it draws nothing.
-        m_window->tree()->findChild<QTabWidget*>("FeatureInfoTabs"_s)->setCurrentIndex(0);
+        tabs()->setCurrentIndex(0);
         const qint64 drawn = panel()->picture().nowMs;
         m_now += 5000;
-        QVERIFY(m_window->show(kTree, "Height"));
-        ORXFeatureTreeView* view = m_window->tree()->treeView();
-        view->setCurrentIndex(view->treeModel()->indexFromItem(m_window->item(kTree, "Height"), 0));
+        QVERIFY(m_window->select(kTree, "Height"));
         QCOMPARE(panel()->picture().nowMs, drawn);
     }
 
@@ -147,12 +143,9 @@ private slots:
         if (value.isEmpty())
             m_clock->advance(std::chrono::minutes(1));
         else
-            write(qPrintable(feature), qPrintable(value));
-        if (!value.isEmpty())
-            QVERIFY(m_window->refresh());
+            QVERIFY(write(qPrintable(feature), qPrintable(value)) == 0 && m_window->refresh());
         OBFT_TRY_VERIFY(told.contains(feature));
-        for (QString& each : dots)
-            each.replace(QLatin1Char('_'), QLatin1Char(' '));
+        dots.replaceInStrings("_"_s, " "_s);
         QCOMPARE(dotted(), dots);
         // Looking takes it away.
         QVERIFY(m_window->show(kTree, "TriggerDelay"));
@@ -169,8 +162,7 @@ private slots:
         QVERIFY(m_window->show(kImagePage, "Height"));
         QCOMPARE(m_window->item(kImagePage, "Height"), m_window->item(kTree, "Height"));
         ORXFeatureTreeView* view = m_window->page(kImagePage)->treeView();
-        const QModelIndex row =
-            view->treeModel()->indexFromItem(m_window->item(kImagePage, "Height"), 0);
+        const QModelIndex row = m_window->row(kImagePage, "Height");
         const auto mark = [&] {
             const QPoint at = RowPainter::markPlace(view->visualRect(row)).center();
             return view->viewport()->grab().toImage().pixelColor(at);

@@ -71,12 +71,6 @@ QVector<int> LutCamera::written() const
     return m_written;
 }
 
-void LutCamera::forgetWrites()
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_written.clear();
-}
-
 bool LutCamera::begin()
 {
     const int call = ++m_calls;

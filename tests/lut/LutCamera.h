@@ -44,7 +44,6 @@ public:
     int calls() const { return m_calls; }
     // Indexes whose value was written, in order.
     QVector<int> written() const;
-    void forgetWrites();
 
 private:
     bool begin();

@@ -52,16 +52,6 @@ private slots:
         QCOMPARE(bytesOf(path("a.txt")), QByteArray("0\r\n4095\r\n1\r\n0\r\n"));
     }
 
-    void writtenFileReadsBack()
-    {
-        const LUTPoints written = points(4096);
-        QVERIFY(LUTTextFile::write(path("a.txt"), written));
-        LUTPoints read;
-        QCOMPARE(LUTTextFile::read(path("a.txt"), 4096, kMaxValue, 4096, &read),
-                 LUTTextFile::ReadResult::Read);
-        QCOMPARE(read, written);
-    }
-
     void fullDiskKeepsTheFileBefore_data()
     {
         const Rows<int> row("count");

@@ -5,11 +5,12 @@
 #include "support/TestMain.h"
 
 #include <memory>
-#include <thread>
 
 namespace {
 
 constexpr int kPoints = 4096;
+// What is said of a load.
+const QStringList kLoaded = words("limits:4095:4095 load:completed:4096 loaded end");
 
 LUTPoints squares(int points)
 {
@@ -28,31 +29,27 @@ struct Said
         const auto hear = [this, thread](auto signal, auto slot) {
             QObject::connect(thread, signal, &receiver, slot, Qt::QueuedConnection);
         };
-        hear(&ORXLUTThread::SigReport, [this, thread] { reports.append(thread->takeReport()); });
+        hear(&ORXLUTThread::SigReport, [this, thread] {
+            const LUTTransferReport report = thread->takeReport();
+            const QStringList types = words("load write reload");
+            const QString outcome = report.outcome == LUTTransferReport::Completed ? "completed"_s
+                                    : report.outcome == LUTTransferReport::Failed  ? "failed"_s
+                                                                                   : "stopped"_s;
+            log += "%1:%2:%3"_s.arg(types.value(report.type), outcome).arg(report.done);
+        });
+        // The scales make the plot's last pixel of the largest index and value.
         hear(&ORXLUTThread::SigUpdateLUTInfo, [this](int index, int value, float x, float y) {
-            infos.append({index, value, x, y});
+            log += "limits:%1:%2"_s.arg(index).arg(value);
+            QCOMPARE(QSizeF(double(x) * index, double(y) * value).toSize(), QSize(239, 239));
         });
-        hear(&ORXLUTThread::SigProgress, [this](int done, int total) {
-            progress.append({done, total});
-        });
-        hear(&ORXLUTThread::SigLoadFromCameraFinished, [this] { ++loaded; });
-        hear(&ORXLUTThread::SigSetToCameraFinished, [this] { ++set; });
-        hear(&ORXLUTThread::SigThreadEnd, [this] { ++ends; });
+        hear(&ORXLUTThread::SigProgress, [this](int done, int) { progress.append(done); });
+        hear(&ORXLUTThread::SigLoadFromCameraFinished, [this] { log += "loaded"_s; });
+        hear(&ORXLUTThread::SigSetToCameraFinished, [this] { log += "written"_s; });
+        hear(&ORXLUTThread::SigThreadEnd, [this] { log += "end"_s; });
     }
-    struct Info
-    {
-        int maximumIndex;
-        int maximumValue;
-        float xScale;
-        float yScale;
-    };
     QObject receiver;
-    QVector<LUTTransferReport> reports;
-    QVector<Info> infos;
-    QVector<QPair<int, int>> progress;
-    int loaded = 0;
-    int set = 0;
-    int ends = 0;
+    QStringList log;
+    QVector<int> progress; // points done
 };
 
 bool start(ORXLUTThread& thread, int type, const LUTPoints& points = {})
@@ -95,52 +92,45 @@ private:
 private slots:
     void carriesAWholeTable_data()
     {
-        const Rows<int, int, int, int> row("type", "loaded", "set", "infos");
-        row("load", ORXLUTThread::LoadFromCamera, 1, 0, 1);
-        row("set", ORXLUTThread::SetToCamera, 0, 1, 0);
-        row("reload, which tells no finish", ORXLUTThread::ReloadFromCamera, 0, 0, 1);
+        const Rows<int, QStringList> row("type", "said");
+        row("load", ORXLUTThread::LoadFromCamera, kLoaded);
+        row("set", ORXLUTThread::SetToCamera, "write:completed:4096 written end");
+        row("reload, which tells no finish", ORXLUTThread::ReloadFromCamera,
+            "limits:4095:4095 reload:completed:4096 end");
     }
 
     void carriesAWholeTable()
     {
         QFETCH(int, type);
+        QFETCH(QStringList, said);
         const bool set = type == ORXLUTThread::SetToCamera;
         const LUTPoints points = squares(kPoints);
         QVERIFY(start(*m_thread, type, points));
-        QTRY_COMPARE(m_said->ends, 1);
-        QTEST(m_said->loaded, "loaded");
-        QTEST(m_said->set, "set");
-        QTEST(m_said->infos.size(), "infos");
+        QTRY_COMPARE(m_said->log, said);
         QCOMPARE(m_camera->table(), valuesOf(set ? points : m_thread->points()));
         QCOMPARE(m_camera->written().size(), set ? kPoints : 0);
-        QCOMPARE(m_said->reports.first().done, kPoints);
-        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Completed);
         // An index and a value for each point; before a read the limits of both.
         QCOMPARE(m_camera->calls(), (set ? 0 : 2) + 2 * kPoints);
         // Progress comes often enough to watch, and does not flood the GUI thread.
         QVERIFY(m_said->progress.size() >= 50 && m_said->progress.size() <= 200);
-        QCOMPARE(m_said->progress.last(), qMakePair(kPoints, kPoints));
-        for (const Said::Info& info : m_said->infos) {
-            QCOMPARE(info.maximumIndex, kPoints - 1);
-            QCOMPARE(info.maximumValue, 4095);
-            QCOMPARE(info.xScale, 239.0F / 4095.0F);
-            QCOMPARE(info.yScale, 239.0F / 4095.0F);
-        }
+        QCOMPARE(m_said->progress.last(), kPoints);
     }
 
     void sillyLimits_data()
     {
-        // highestValue 0: nothing is read
-        const Rows<qint64, qint64, QString, int> row("maximumIndex", "maximumValue", "line",
-                                                     "highestValue");
+        const Rows<qint64, qint64, QString, QStringList> row("maximumIndex", "maximumValue", "line",
+                                                             "said");
         const qint64 huge = qint64(1) << 40;
-        row("no index", 0, 4095, "LUT: LUTIndex ends at 0, which gives no table", 0);
-        row("negative index", -1, 4095, "LUT: LUTIndex ends at -1", 0);
-        row("no value", 1023, 0, "LUT: LUTValue ends at 0", 0);
-        row("negative value", 1023, -huge, "LUT: LUTValue ends at -1099511627776", 0);
-        row("huge value", 1023, huge, "only values up to 2147483647 are used", 2147483647);
+        const char* nothing = "load:failed:0 loaded end";
+        row("no index", 0, 4095, "LUT: LUTIndex ends at 0, which gives no table", nothing);
+        row("negative index", -1, 4095, "LUT: LUTIndex ends at -1", nothing);
+        row("no value", 1023, 0, "LUT: LUTValue ends at 0", nothing);
+        row("negative value", 1023, -huge, "LUT: LUTValue ends at -1099511627776", nothing);
+        row("huge value", 1023, huge, "only values up to 2147483647 are used",
+            "limits:1023:2147483647 load:completed:1024 loaded end");
         // The camera has 4,096 points: the read ends with an error instead of an endless table.
-        row("huge index", huge, 4095, "only values up to 65535 are used", 0);
+        row("huge index", huge, 4095, "only values up to 65535 are used",
+            "load:failed:4096 loaded end");
     }
 
     void sillyLimits()
@@ -148,18 +138,12 @@ private slots:
         QFETCH(qint64, maximumIndex);
         QFETCH(qint64, maximumValue);
         QFETCH(QString, line);
-        QFETCH(int, highestValue);
+        QFETCH(QStringList, said);
         MessageGuard::expectMessage("LUT"_s);
         m_camera->announce(maximumIndex, maximumValue);
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-        QTRY_COMPARE(m_said->ends, 1);
+        QTRY_COMPARE(m_said->log, said);
         QVERIFY(MessageGuard::contains(line));
-        QCOMPARE(m_said->loaded, 1);
-        QCOMPARE(m_said->infos.size(), highestValue > 0 ? 1 : 0);
-        if (highestValue > 0)
-            QCOMPARE(m_said->infos.first().maximumValue, highestValue);
-        else
-            QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
         QVERIFY(m_camera->calls() <= 2 + 2 * (kPoints + 1));
     }
 
@@ -183,91 +167,73 @@ private slots:
         else
             m_camera->refuseValueAt(100);
         QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
-        QTRY_COMPARE(m_said->ends, 1);
+        QTRY_COMPARE(m_said->log, words("write:failed:4095 written end"));
         QCOMPARE(m_camera->table(), wanted);
         QVERIFY(!m_camera->written().contains(100));
-        QCOMPARE(m_said->set, 1);
-        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
-        QCOMPARE(m_said->reports.first().done, kPoints - 1);
     }
 
     void unplugged_data()
     {
-        const Rows<int, int, int> row("type", "call", "done");
-        row("before reading", ORXLUTThread::LoadFromCamera, 1, 0);
-        row("between the limits", ORXLUTThread::LoadFromCamera, 2, 0);
-        row("at an index", ORXLUTThread::LoadFromCamera, 2 + 2001, 1000);
-        row("at a value", ORXLUTThread::LoadFromCamera, 2 + 2002, 1000);
-        row("while reloading", ORXLUTThread::ReloadFromCamera, 2 + 2001, 1000);
-        row("before writing", ORXLUTThread::SetToCamera, 1, 0);
-        row("while writing", ORXLUTThread::SetToCamera, 2001, 1000);
+        const Rows<int, int, QStringList> row("type", "call", "said");
+        row("before reading", ORXLUTThread::LoadFromCamera, 1, "load:failed:0 loaded end");
+        row("between the limits", ORXLUTThread::LoadFromCamera, 2, "load:failed:0 loaded end");
+        row("at an index", ORXLUTThread::LoadFromCamera, 2 + 2001, "load:failed:1000 loaded end");
+        row("at a value", ORXLUTThread::LoadFromCamera, 2 + 2002, "load:failed:1000 loaded end");
+        row("while reloading", ORXLUTThread::ReloadFromCamera, 2 + 2001, "reload:failed:1000 end");
+        row("before writing", ORXLUTThread::SetToCamera, 1, "write:failed:0 written end");
+        row("while writing", ORXLUTThread::SetToCamera, 2001, "write:failed:1000 written end");
     }
 
     void unplugged()
     {
         QFETCH(int, type);
         QFETCH(int, call);
-        QFETCH(int, done);
+        QFETCH(QStringList, said);
         MessageGuard::expectMessage("Read Feature Failed"_s);
         MessageGuard::expectMessage("LUT: "_s);
         const LUTPoints points = squares(kPoints);
         QVector<int> wanted = m_camera->table();
-        if (type == ORXLUTThread::SetToCamera) {
-            for (int i = 0; i < done; ++i)
-                wanted[i] = points.at(i).value;
-        }
+        for (int i = 0; type == ORXLUTThread::SetToCamera && i < call / 2; ++i)
+            wanted[i] = points.at(i).value;
         m_camera->unplugAtCall(call);
         QVERIFY(start(*m_thread, type, points));
-        QTRY_COMPARE(m_said->ends, 1);
-        QCOMPARE(m_said->infos.size(), 0);
+        QTRY_COMPARE(m_said->log, said);
         QVERIFY(m_thread->points().isEmpty());
-        QCOMPARE(m_said->reports.first().outcome, LUTTransferReport::Failed);
-        QCOMPARE(m_said->reports.first().done, done);
         QCOMPARE(m_camera->table(), wanted);
         // The worker is ready for the next job.
         m_camera->unplugAtCall(0);
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-        QTRY_COMPARE(m_said->infos.size(), 1);
+        QTRY_COMPARE(m_said->log, said + kLoaded);
     }
 
-    void sameTypeIsRefusedWhileItRuns()
-    {
-        m_camera->holdAtCall(10);
-        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-        QTRY_VERIFY(m_camera->isHolding());
-        QVERIFY(!start(*m_thread, ORXLUTThread::LoadFromCamera));
-        m_camera->release();
-        QTRY_COMPARE(m_said->ends, 1);
-        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-        QTRY_COMPARE(m_said->ends, 2);
-        QCOMPARE(m_said->infos.size(), 2);
-    }
-
-    void otherTypeWaitsWithoutHoldingUpTheCaller()
+    // The same type is refused while it runs or waits. Another waits without holding up the caller,
+    // although the camera hangs.
+    void jobsRunOneAfterTheOther()
     {
         const LUTPoints points = squares(kPoints);
         const QVector<int> before = m_camera->table();
         m_camera->holdAtCall(10);
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         QTRY_VERIFY(m_camera->isHolding());
-        // Returns although the camera hangs; the same again is refused while it waits.
+        QVERIFY(!start(*m_thread, ORXLUTThread::LoadFromCamera));
         QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
         QVERIFY(!start(*m_thread, ORXLUTThread::SetToCamera, points));
         QCOMPARE(m_camera->written().size(), 0);
         m_camera->release();
-        QTRY_COMPARE(m_said->ends, 2);
+        QTRY_COMPARE(m_said->log, kLoaded + words("write:completed:4096 written end"));
         // The load was whole before the first point was written.
         QCOMPARE(valuesOf(m_thread->points()), before);
         QCOMPARE(m_camera->table(), valuesOf(points));
-        QCOMPARE(m_said->reports.at(0).type, int(ORXLUTThread::LoadFromCamera));
-        QCOMPARE(m_said->reports.at(1).type, int(ORXLUTThread::SetToCamera));
         QVERIFY(!m_thread->isBusy());
+        m_said->log.clear();
+        QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
+        QTRY_COMPARE(m_said->log, kLoaded);
     }
 
     void anotherCameraDropsTheTable()
     {
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
-        QTRY_COMPARE(m_said->ends, 1);
+        QTRY_COMPARE(m_said->log, kLoaded);
         m_thread->resetCameraID(1);
         QCOMPARE(m_thread->points().size(), kPoints);
         m_thread->resetCameraID(2);
@@ -278,20 +244,18 @@ private slots:
         QTRY_VERIFY(m_camera->isHolding());
         m_thread->resetCameraID(3);
         m_camera->release();
-        QTRY_COMPARE(m_said->ends, 2);
+        QTRY_COMPARE(m_said->log, kLoaded + words("load:stopped:4095 loaded end"));
         QVERIFY(m_thread->points().isEmpty());
-        QCOMPARE(m_said->infos.size(), 1);
-        QCOMPARE(m_said->reports.last().outcome, LUTTransferReport::Stopped);
     }
 
     void droppedJobStillEnds()
     {
         // Whatever the worker has come to when the stop arrives, the last signal tells the end.
         for (int round = 0; round < 50; ++round) {
-            const int ends = m_said->ends;
+            m_said->log.clear();
             QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
             m_thread->requestStop();
-            QTRY_VERIFY(m_said->ends > ends && !m_thread->isBusy());
+            QTRY_VERIFY(m_said->log.contains("end"_s) && !m_thread->isBusy());
         }
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         QTRY_COMPARE(m_thread->points().size(), kPoints);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The curve editor as the user meets it: drawn with the mouse, moved with keys, exchanged with a
-// camera, closed in the middle of a transfer. Files and unplugged cameras: see
-// tst_orximgprocessingtransfers.
+// camera, closed in the middle of a transfer. Files: see tst_orximgprocessingfeature.
 #include "basetools/ORXInterface.h"
 #include "lut/LUTSmoothCurve.h"
 #include "lut/LutCamera.h"
@@ -165,12 +164,9 @@ private slots:
         FakeHost host;
         host.set(index, FakeHost::integerFeature(0, 0, 3));
         host.set(value, FakeHost::integerFeature(5, 0, 255));
-        OpenedWindow window(host, wrap(category("Root"_s, {index, value}) + node(integer, index) +
-                                       node(integer, value)));
-        QVERIFY(window.waitForFirstRead());
-        const auto shown = [&] {
-            return window.tree()->propertyItemByName(index)->value()->value();
-        };
+        const ReadWindow window(host, wrap(category("Root"_s, {index, value}) +
+                                           node(integer, index) + node(integer, value)));
+        const auto shown = [&] { return window.item("LUTIndex")->value()->value(); };
         QCOMPARE(shown().toInt(), 0);
         m_widget->LoadFromCamera();
         QVERIFY(waitForEnd());
@@ -243,6 +239,30 @@ private slots:
         QCOMPARE(message(), "Applied to camera successfully."_s);
     }
 
+    void unplugged_data()
+    {
+        const Rows<bool, int, QString> row("set", "call", "told");
+        row("read", false, 2 + 1001,
+            "Loading from camera failed after 500 of 1024 points. The curve is unchanged.");
+        row("written", true, 1001, "Only 500 of 1024 points were applied to the camera.");
+    }
+
+    void unplugged()
+    {
+        QFETCH(bool, set);
+        QFETCH(int, call);
+        for (const QString& line : {"LUT: "_s, "Feature Failed"_s})
+            MessageGuard::expectMessage(line);
+        drawSomething(QLUTDrawWidget::FreeLine);
+        const LUTPoints drawn = m_widget->GetSettinngPoints();
+        m_camera->unplugAtCall(m_camera->calls() + call);
+        set ? m_widget->SetToCamera() : m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        QTEST(message(), "told");
+        QCOMPARE(hint(), 3);
+        QCOMPARE(m_widget->GetSettinngPoints(), drawn);
+    }
+
     void anotherCameraEndsTheTransfer()
     {
         const LUTPoints before = m_widget->GetSettinngPoints();
@@ -255,36 +275,20 @@ private slots:
         QVERIFY(waitForEnd());
         QVERIFY(!box());
         QCOMPARE(m_widget->GetSettinngPoints(), before);
-        m_widget->LoadFromCamera();
-        QVERIFY(waitForEnd());
-        QCOMPARE(message(), "Loading from camera completed."_s);
     }
 
-    void destroyedWhileTheCameraHangs_data()
+    // The release comes when the window waits for it.
+    void goesWhileTheCameraHangs()
     {
-        const Rows<bool> row("set");
-        row("loading", false);
-        row("setting", true);
-    }
-
-    void destroyedWhileTheCameraHangs()
-    {
-        QFETCH(bool, set);
-        MessageGuard::expectMessage("LUT: writing stopped after"_s);
         m_camera->holdAtCall(m_camera->calls() + 101);
-        if (set)
-            m_widget->SetToCamera();
-        else
-            m_widget->LoadFromCamera();
+        m_widget->LoadFromCamera();
         QTRY_VERIFY(m_camera->isHolding());
-        // The host's call comes back once the destructor waits for it.
         std::thread host([this] { m_camera->releaseWhenAwaited(); });
         const int calls = m_camera->calls();
         m_window.reset();
         host.join();
         QCOMPARE(m_camera->calls(), calls);
         QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
-        QCoreApplication::processEvents();
     }
 
     void curveIsLeftAloneDuringATransfer()
@@ -326,19 +330,7 @@ private slots:
         QCOMPARE(m_widget->GetSettinngPoints().at(10), (LUTPoint{10, 41}));
     }
 
-    void doubleClickAddsAndDeleteRemoves()
-    {
-        m_widget->SetDrawLineChanged(QLUTDrawWidget::SmoothCurve);
-        const LUTPoints before = m_widget->GetSettinngPoints();
-        QTest::mouseDClick(m_widget, Qt::LeftButton, Qt::NoModifier, at(30, 60));
-        QCOMPARE(m_widget->currentLine().handles().size(), 6);
-        QCOMPARE(m_widget->GetSettinngPoints().at(128).value, 3071);
-        QTest::keyClick(m_widget, Qt::Key_Delete);
-        QCOMPARE(m_widget->currentLine().handles().size(), 5);
-        QCOMPARE(m_widget->GetSettinngPoints(), before);
-    }
-
-    void insertAddsBehindTheSelectedPoint()
+    void pointsComeAndGo()
     {
         m_widget->SetDrawLineChanged(QLUTDrawWidget::SmoothCurve);
         const auto indexes = [this] {
@@ -348,8 +340,12 @@ private slots:
             return list;
         };
         const LUTPoints before = m_widget->GetSettinngPoints();
-        QCOMPARE(indexes(), (QVector<int>{0, 255, 511, 767, 1023}));
-        QTest::keyClick(m_widget, Qt::Key_Insert); // nothing is selected
+        QTest::mouseDClick(m_widget, Qt::LeftButton, Qt::NoModifier, at(30, 60));
+        QCOMPARE(indexes(), (QVector<int>{0, 128, 255, 511, 767, 1023}));
+        QCOMPARE(m_widget->GetSettinngPoints().at(128).value, 3071);
+        QTest::keyClick(m_widget, Qt::Key_Delete);
+        QCOMPARE(m_widget->GetSettinngPoints(), before);
+        QTest::keyClick(m_widget, Qt::Key_Insert); // nothing is selected: behind the first
         QTest::keyClick(m_widget, Qt::Key_End);
         QTest::keyClick(m_widget, Qt::Key_Insert);
         QCOMPARE(indexes(), (QVector<int>{0, 127, 255, 511, 767, 895, 1023}));

@@ -162,8 +162,7 @@ private slots:
 
     void openPromptIsTranslated()
     {
-        OpenedWindow window(*m_host, m_xml, 0);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         QStringList english;
         QStringList switched;
         QTimer::singleShot(0, window.widget(), [&] {
@@ -188,8 +187,7 @@ private slots:
 
     void openMessageAndOverlayAreTranslated()
     {
-        OpenedWindow window(*m_host, m_xml, 0);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         const QString width = "Width"_s;
         m_host->fail(width, 5);
         MessageGuard::expectMessage(width); // the device layer's own line
@@ -228,8 +226,7 @@ private slots:
         QFETCH(QByteArray, feature);
         QFETCH(QString, typed);
         QFETCH(QString, written);
-        OpenedWindow window(*m_host, m_xml, 0);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         window.showGroup(group.constData());
         QTRY_VERIFY(editor(window, feature.constData()));
         QWidget* typedInto = editor(window, feature.constData());

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraDescription.h"
+#include "main/ORXFeatureToolBar.h"
 #include "pages/ORXCommonFeature.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
-#include "support/Rows.h"
+#include "support/Periods.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
@@ -28,35 +30,85 @@ private:
     }
 
 private slots:
-    void unknownIndexesDoNothing()
+    void theToolBar()
     {
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
+        auto* bar = window.widget()->findChild<ORXFeatureToolBar*>();
+        auto* level = bar->findChild<QComboBox*>();
+        QSignalSpy told(bar, &ORXFeatureToolBar::SigToolBarBtnClicked);
+        for (const char* name : {"ORXFeatureLangue", "ORXFeatureSave", "ORXFeatureRefresh"})
+            QCOMPARE(bar->findChild<QPushButton*>(QLatin1String(name))->focusPolicy(), Qt::NoFocus);
         m_host->clearCalls();
-        window.widget()->OnToolBarBtnClicked(90);
-        QCOMPARE(m_host->count("invalidate"_s), 0);
-        window.widget()->OnToolBarBtnClicked(94);
+        bar->findChild<QPushButton*>("ORXFeatureRefresh"_s)->click();
         QCOMPARE(m_host->count("invalidate"_s), 1);
-        const QString width = "Width"_s;
-        QCOMPARE(window.widget()->getItemByName(width, ORXMainFeatureWidget::WholeTreeTab),
-                 window.tree()->propertyItemByName(width));
-        for (const int tab : {4, -1})
-            QVERIFY(!window.widget()->getItemByName(
-                width, static_cast<ORXMainFeatureWidget::FeatureTabIndex>(tab)));
+        window.widget()->OnToolBarBtnClicked(90); // nobody's
+        QCOMPARE(m_host->count("invalidate"_s), 1);
+        auto* language = bar->findChild<QPushButton*>("ORXFeatureLangue"_s);
+        const QImage toChinese = language->grab().toImage();
+        language->click();
+        QVERIFY(language->grab().toImage() != toChinese);
+        language->click();
+        QCOMPARE(language->grab().toImage(), toChinese);
+
+        QCOMPARE(level->currentIndex(), 1);
+        level->setCurrentIndex(0);
+        QTRY_VERIFY(window.item("ExposureMode")->visible());
+        const int before = told.count();
+        // What the host or the language changes is shown, and not told.
+        OBDeviceControl::SetUserLevel(1);
+        window.widget()->OnUserLeverChanged();
+        QCOMPARE(level->currentIndex(), 1);
+        OBDeviceControl::SetUserLevel(0);
+        window.widget()->SetLanguage(1);
+        window.widget()->SetLanguage(0);
+        QCoreApplication::processEvents();
+        QCOMPARE(level->currentIndex(), 0);
+        QCOMPARE(level->count(), 2);
+        QCOMPARE(told.count(), before);
     }
 
-    void shownTabAndMissingTreeDoNothing()
+    void removedCameraLeavesAnEmptyWindow()
     {
+        const ReadWindow window(*m_host, m_xml);
+        const QPointer<ORXFeatureGroup> group = window.column();
+        window.widget()->removeFeatureTree(1);
+        QVERIFY(group.isNull());
+        QCOMPARE(window.widget()->CurrentCameraID(), -1);
+        QVERIFY(!window.widget()->hasFeatureTree(1));
+        // What is left answers, and does nothing.
+        window.widget()->OnToolBarBtnClicked(94);
+        window.widget()->onTabIndexChange(1);
+        window.widget()->StartUpdateThread();
+        const qint64 calls = m_host->callCount();
+        QVERIFY(twentyPeriodsPass());
+        QCOMPARE(m_host->callCount(), calls);
+    }
+
+    void shownTabAndMissingCameraDoNothing()
+    {
+        const auto enabledTools = [] {
+            QStringList names;
+            for (const auto* button :
+                 ORXMainFeatureWidget::instance(nullptr)->findChildren<QPushButton*>()) {
+                if (button->isEnabled() && button->objectName().startsWith("ORXFeature"_s))
+                    names.append(button->objectName());
+            }
+            return names;
+        };
         OB_FT_Init(m_xml.constData(), nullptr, nullptr);
         ORXMainFeatureWidget::instance(nullptr)->onTabIndexChange(1);
+        QCOMPARE(enabledTools(), QStringList("ORXFeatureLangue"_s));
         OB_FT_Release();
 
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
+        QCOMPARE(enabledTools().size(), 3);
         m_host->clearCalls();
         window.widget()->onTabIndexChange(0);
-        window.widget()->onTabIndexChange(4);
-        window.widget()->onTabIndexChange(-1);
+        for (const int tab : {4, -1}) {
+            window.widget()->onTabIndexChange(tab);
+            QVERIFY(!window.widget()->getItemByName(
+                "Width"_s, static_cast<ORXMainFeatureWidget::FeatureTabIndex>(tab)));
+        }
         QCOMPARE(m_host->count("invalidate"_s), 0);
         // Coming back to the tree reads it anew.
         window.widget()->onTabIndexChange(1);
@@ -67,16 +119,6 @@ private slots:
         window.tree()->setIsCanEdit(false);
         window.widget()->onTabIndexChange(1);
         QVERIFY(!window.widget()->findChild<ORXCommonFeature*>()->isCanEdit());
-    }
-
-    void tabsWithoutContentAreDisabled()
-    {
-        OpenedWindow window(*m_host, m_xml);
-        const auto tabs =
-            window.widget()->findChildren<QPushButton*>(QRegularExpression("^FeatureTab\\d$"_s));
-        QCOMPARE(tabs.size(), 4);
-        QVERIFY(tabs.at(0)->isEnabled());
-        QVERIFY(tabs.at(0)->isChecked());
     }
 
     void aGroupStartsAtItsTop()
@@ -94,8 +136,7 @@ private slots:
         }
         const QByteArray xml = wrap(elements);
         m_host->serve(xml);
-        OpenedWindow window(*m_host, xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, xml);
         const QScrollBar* bar = window.view()->verticalScrollBar();
         for (const char* next : {"SecondControl", "FirstControl"}) {
             window.view()->scrollToBottom();
@@ -129,6 +170,9 @@ private slots:
             QCOMPARE(tab->text(), tab->toolTip());
             QVERIFY2(tab->width() >= tab->sizeHint().width(), qPrintable(tab->text()));
         }
+        const QString cut = window.widget()->GetTabCutString("w"_s.repeated(60));
+        QVERIFY(cut.size() < 60 && cut.endsWith(QChar(0x2026)));
+        QCOMPARE(window.widget()->GetTabCutString("Image"_s), "Image"_s);
     }
 
     void theColumnsFavoritesHaveAMenu()
@@ -147,13 +191,13 @@ private slots:
             window.groupModel()->index(0, 0, window.groupModel()->pageIndex(0));
         request(favorites);
         QVERIFY(menu->isVisible());
-        QStringList offered;
-        for (QAction* action : menu->actions()) {
-            if (action->isVisible() && action->isEnabled())
-                offered += action->text();
-        }
-        QCOMPARE(offered.first(), "Remove All"_s);
-        menu->actions().at(2)->trigger();
+        const QList<QAction*> actions = menu->actions();
+        const auto offered =
+            std::find_if(actions.begin(), actions.end(), [](const QAction* action) {
+                return action->isVisible() && action->isEnabled();
+            });
+        QCOMPARE((*offered)->text(), "Remove All"_s);
+        (*offered)->trigger();
         QVERIFY(OBDeviceControl::GetFavoritesFeatureMap()->isEmpty());
         QCOMPARE(window.tree()->rootItem()->child(0)->childCount(), 0);
     }
@@ -161,30 +205,11 @@ private slots:
     void titleIsTheUsersName()
     {
         m_host->set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         QTRY_COMPARE(dockTitle(window.widget()), "left camera"_s);
         QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
         window.widget()->SetTitleVisible(false);
         QVERIFY(!window.widget()->cIsTitleVisible());
-    }
-
-    void removedCameraLeavesAnEmptyWindow()
-    {
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
-        const QPointer<ORXFeatureGroup> group = window.column();
-        window.widget()->removeFeatureTree(1);
-        QVERIFY(group.isNull());
-        QCOMPARE(window.widget()->CurrentCameraID(), -1);
-        QVERIFY(!window.widget()->hasFeatureTree(1));
-        // What is left answers, and does nothing.
-        window.widget()->OnToolBarBtnClicked(94);
-        window.widget()->onTabIndexChange(1);
-        window.widget()->StartUpdateThread();
-        const qint64 calls = m_host->callCount();
-        QTest::qWait(50);
-        QCOMPARE(m_host->callCount(), calls);
     }
 
     // However the window goes.
@@ -202,8 +227,7 @@ private slots:
         QFETCH(bool, released);
         QFETCH(QByteArray, feature);
         QFETCH(QString, written);
-        OpenedWindow window(*m_host, m_xml);
-        QVERIFY(window.waitForFirstRead());
+        const ReadWindow window(*m_host, m_xml);
         window.showGroup("AcquisitionControl");
         QWidget* editor = nullptr;
         QTRY_VERIFY(editor = window.view()->editorOf(window.item(feature)));
@@ -219,17 +243,6 @@ private slots:
         else
             OB_FT_Close();
         QCOMPARE(m_host->writes(), QStringList(written));
-    }
-
-    void tabTextsAreCut()
-    {
-        OpenedWindow window(*m_host, m_xml);
-        const QString longText(60, QLatin1Char('w'));
-        const QString cut = window.widget()->GetTabCutString(longText);
-        QVERIFY(cut.size() < longText.size());
-        QVERIFY(cut.endsWith(QChar(0x2026)));
-        QCOMPARE(window.widget()->GetTabCutString("Image"_s), "Image"_s);
-        QCOMPARE(window.widget()->sizeHint().width(), 516);
     }
 };
 

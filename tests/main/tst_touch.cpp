@@ -109,11 +109,12 @@ private:
         const QRect place = view->visualRect(row(name));
         return view->viewport()->mapToGlobal(QPoint(place.left() - 10, place.center().y()));
     }
-    QPoint groupOf(const char* name) const
+    QPoint groupAt(const QModelIndex& group) const
     {
         const CFeatureGroupTreeView* column = m_window->groups();
-        return column->viewport()->mapToGlobal(column->visualRect(m_window->group(name)).center());
+        return column->viewport()->mapToGlobal(column->visualRect(group).center());
     }
+    QPoint groupOf(const char* name) const { return groupAt(m_window->group(name)); }
     static QPoint centreOf(const QWidget* widget)
     {
         return widget->mapToGlobal(widget->rect().center());
@@ -271,24 +272,19 @@ private slots:
     {
         QFETCH(bool, column);
         QFETCH(QString, entry);
-        const QPoint at = column ? m_window->groups()->viewport()->mapToGlobal(
-                                       m_window->groups()
-                                           ->visualRect(m_window->groupModel()->index(
-                                               0, 0, m_window->groupModel()->pageIndex(0)))
-                                           .center())
-                                 : nameOf("Label");
+        const CFeatureGroupModel* model = m_window->groupModel();
+        const QModelIndex favorites = model->index(0, 0, model->pageIndex(0));
+        const QPoint at = column ? groupAt(favorites) : nameOf("Label");
         holdAfter(kHeldMs);
         put(m_window->widget(), at);
         auto* menu = m_window->tree()->findChild<QMenu*>("FavoritesMenu"_s);
         QTRY_VERIFY(menu->isVisible());
         lift(m_window->widget(), at);
         QVERIFY(menu->isVisible());
-        QStringList shown;
-        for (const QAction* action : menu->actions()) {
-            if (action->isVisible())
-                shown += action->text();
-        }
-        QCOMPARE(shown.first(), entry);
+        const QList<QAction*> actions = menu->actions();
+        const auto first = std::find_if(actions.begin(), actions.end(),
+                                        [](const QAction* action) { return action->isVisible(); });
+        QCOMPARE((*first)->text(), entry);
         menu->close();
     }
 

@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <memory>
+#include <thread>
 
 class ORXImgProcessingFeature;
 class ZELCustomMessageBox;

@@ -38,7 +38,6 @@ int MeddledCamera::read(int type, const std::string& name, void* record)
         beforeRead(QString::fromStdString(name));
     {
         std::unique_lock<std::mutex> lock(m_mutex);
-        m_reads.emplace_back(std::this_thread::get_id(), QString::fromStdString(name));
         passGate(lock, name, Reads);
         if (const int code = failureOf(name, Reads))
             return code;
@@ -154,21 +153,9 @@ int MeddledCamera::mostAtOnce(const char* name) const
     return found == m_most.end() ? 0 : found->second;
 }
 
-QStringList MeddledCamera::readsOfThisThread() const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    QStringList names;
-    for (const auto& [thread, name] : m_reads) {
-        if (thread == std::this_thread::get_id())
-            names.append(name);
-    }
-    return names;
-}
-
 void MeddledCamera::forget()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_writes.clear();
-    m_reads.clear();
     m_most.clear();
 }

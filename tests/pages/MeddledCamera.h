@@ -13,8 +13,6 @@
 #include <map>
 #include <mutex>
 #include <set>
-#include <thread>
-#include <vector>
 
 // Stands before another camera, notes what arrives, and lets a test meddle with it while the window
 // is open. Safe from any thread.
@@ -59,8 +57,6 @@ public:
     int writesOf(const char* name) const;
     // The most writes of the name that ran at the same time.
     int mostAtOnce(const char* name) const;
-    // Names that the calling thread has read since forget().
-    QStringList readsOfThisThread() const;
     void forget();
 
 private:
@@ -88,5 +84,4 @@ private:
     QStringList m_writes;
     std::map<std::string, int> m_running;
     std::map<std::string, int> m_most;
-    std::vector<std::pair<std::thread::id, QString>> m_reads;
 };

@@ -8,6 +8,7 @@
 #include "pages/ORXCommonFeature.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/ORXTriggerFeature.h"
+#include "support/GuiThreadReads.h"
 #include "tree/ORXFeatureTreeView.h"
 
 #include <QAbstractButton>
@@ -21,6 +22,26 @@ QString nameOf(const ORXPropertyTreeItem* item)
     return item->value()->nodeName(0);
 }
 
+// The GUI thread's reads are told to GuiThreadReads.
+int getFeature(int type, char* name, void* value, void* user)
+{
+    GuiThreadReads::note("get", QString::fromLocal8Bit(name));
+    return HostCallbacks::getFeature(type, name, value, user);
+}
+
+int getMode(char* name, int* mode, void* user)
+{
+    GuiThreadReads::note("mode", QString::fromLocal8Bit(name));
+    return HostCallbacks::getMode(name, mode, user);
+}
+
+void install(HostCallbacks* host)
+{
+    const GuiThreadReads::InstallingCallbacks installing;
+    OB_FT_SetCallBackFunc(getFeature, HostCallbacks::setFeature, getMode, HostCallbacks::invalidate,
+                          HostCallbacks::action, host);
+}
+
 QLineEdit* lineOf(QWidget* editor)
 {
     auto* line = qobject_cast<QLineEdit*>(editor);
@@ -30,10 +51,10 @@ QLineEdit* lineOf(QWidget* editor)
 } // namespace
 
 PageWindow::PageWindow(Camera& camera, int language, Opening opening)
-    : m_callbacks(camera)
+    : m_host(camera)
 {
     OB_FT_Init(camera.descriptionXml().c_str(), nullptr, nullptr);
-    m_callbacks.install();
+    install(&m_host);
     OB_FT_SetWidgetSize(900, 1000);
     OB_FT_Start(nullptr, language);
     const auto isOpen = [&] { return opening == InFirstRead || tree()->HadUpdatedOnce(); };
@@ -67,26 +88,39 @@ ORXPropertyTreeItem* PageWindow::item(int tab, const char* name) const
                                    static_cast<ORXMainFeatureWidget::FeatureTabIndex>(tab));
 }
 
-QStringList PageWindow::groups(int tab) const
+CFeatureGroupTreeView* PageWindow::column() const
+{
+    return widget()->featureGroup(1)->groupView();
+}
+
+QVector<QModelIndex> PageWindow::columnRows(int tab) const
+{
+    const QAbstractItemModel* model = column()->model();
+    QModelIndex page = model->index(0, 0);
+    const ORXPropertyTreeItem* root = this->page(tab)->getRootItem(1, false);
+    while (page.isValid() && CFeatureGroupModel::itemFromIndex(page) != root)
+        page = page.siblingAtRow(page.row() + 1);
+    QVector<QModelIndex> rows = {page};
+    for (int group = 0; group < model->rowCount(page); ++group)
+        rows.append(model->index(group, 0, page));
+    return rows;
+}
+
+QStringList PageWindow::shownGroups(int tab) const
 {
     QStringList names;
-    for (const ORXPropertyTreeItem* group : page(tab)->getRootItem(1, false)->children())
-        names.append(nameOf(group));
+    for (const QModelIndex& group : columnRows(tab).mid(1)) {
+        if (!column()->isRowHidden(group.row(), group.parent()))
+            names.append(nameOf(CFeatureGroupModel::itemFromIndex(group)));
+    }
     return names;
 }
 
 QStringList PageWindow::titles(int tab) const
 {
-    const CFeatureGroupTreeView* column = widget()->featureGroup(1)->groupView();
     QStringList titles;
-    for (int row = 0; row < column->model()->rowCount(); ++row) {
-        const QModelIndex pageRow = column->model()->index(row, 0);
-        if (CFeatureGroupModel::itemFromIndex(pageRow) != page(tab)->getRootItem(1, false))
-            continue;
-        titles.append(pageRow.data().toString());
-        for (int group = 0; group < column->model()->rowCount(pageRow); ++group)
-            titles.append(column->model()->index(group, 0, pageRow).data().toString());
-    }
+    for (const QModelIndex& row : columnRows(tab))
+        titles.append(row.data().toString());
     return titles;
 }
 
@@ -107,30 +141,37 @@ bool PageWindow::show(int tab, ORXPropertyTreeItem* shown) const
         return false;
     while (group->parent(type) != root)
         group = group->parent(type);
-    CFeatureGroupTreeView* column = widget()->featureGroup(1)->groupView();
-    const QAbstractItemModel* model = column->model();
-    const auto press = [&](const QModelIndex& row) {
-        column->scrollTo(row);
-        QTest::mouseClick(column->viewport(), Qt::LeftButton, {}, column->visualRect(row).center());
+    const auto press = [this](const QModelIndex& row) {
+        column()->scrollTo(row);
+        QTest::mouseClick(column()->viewport(), Qt::LeftButton, {},
+                          column()->visualRect(row).center());
     };
-    for (int row = 0; row < model->rowCount(); ++row) {
-        const QModelIndex pageRow = model->index(row, 0);
-        if (CFeatureGroupModel::itemFromIndex(pageRow) != root)
-            continue;
-        if (!column->isExpanded(pageRow))
-            press(pageRow);
-        press(model->index(group->indexInParent(type), 0, pageRow));
-    }
+    const QVector<QModelIndex> rows = columnRows(tab);
+    if (!column()->isExpanded(rows.first()))
+        press(rows.first());
+    press(rows.at(1 + group->indexInParent(type)));
     ORXFeatureTreeView* view = page(tab)->treeView();
-    view->scrollTo(view->treeModel()->indexFromItem(shown, 0));
+    view->scrollTo(row(tab, shown));
     return view->isVisible();
 }
 
-bool PageWindow::isRowShown(int tab, ORXPropertyTreeItem* row) const
+QModelIndex PageWindow::row(int tab, ORXPropertyTreeItem* item) const
 {
-    const ORXFeatureTreeView* view = page(tab)->treeView();
-    const QModelIndex index = row ? view->treeModel()->indexFromItem(row, 0) : QModelIndex();
-    return index.isValid() && !view->isRowHidden(index.row(), index.parent());
+    return item ? page(tab)->treeView()->treeModel()->indexFromItem(item, 0) : QModelIndex();
+}
+
+bool PageWindow::select(int tab, const char* name) const
+{
+    if (!show(tab, name))
+        return false;
+    page(tab)->treeView()->setCurrentIndex(row(tab, name));
+    return true;
+}
+
+bool PageWindow::isRowShown(int tab, ORXPropertyTreeItem* item) const
+{
+    const QModelIndex index = row(tab, item);
+    return index.isValid() && !page(tab)->treeView()->isRowHidden(index.row(), index.parent());
 }
 
 // The editor, in whatever state; rows that have come into sight get theirs a little later.

@@ -3,13 +3,14 @@
 
 #include "cameras/Camera.h"
 #include "main/ORXMainFeatureWidget.h"
-#include "pages/WatchedCallbacks.h"
+#include "program/HostCallbacks.h"
 #include "support/Patience.h"
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
 #include <QTest>
 
+class CFeatureGroupTreeView;
 class IORXFeatureWidget;
 class ORXPropertyTreeItem;
 
@@ -36,15 +37,16 @@ public:
     ORXFeatureTree* tree() const { return widget()->featureTree(1, false); }
     IORXFeatureWidget* page(int tab) const;
     ORXPropertyTreeItem* item(int tab, const char* name) const;
-    // Names and shown titles of a page's groups, and names of a group's items, in order.
-    QStringList groups(int tab) const;
+    // Names of the shown groups of a page, titles of the page and all its groups, and names of a
+    // group's items, in order.
+    QStringList shownGroups(int tab) const;
     QStringList titles(int tab) const;
     QStringList items(int tab, const char* group) const;
 
     // Shows the page and the group with the feature by mouse clicks.
     bool show(int tab, ORXPropertyTreeItem* shown) const;
     bool show(int tab, const char* name) const { return show(tab, item(tab, name)); }
-    bool isRowShown(int tab, ORXPropertyTreeItem* row) const;
+    bool isRowShown(int tab, ORXPropertyTreeItem* item) const;
     bool isRowShown(int tab, const char* name) const { return isRowShown(tab, item(tab, name)); }
     // The open editor of the feature, shown and enabled; null when that does not come about.
     QWidget* usableEditor(int tab, ORXPropertyTreeItem* item) const;
@@ -57,6 +59,10 @@ public:
     bool enter(int tab, const char* name, const QString& text) const;
     bool choose(int tab, const char* name, const QString& entry) const;
     bool click(int tab, const char* name) const;
+    // The feature's row, and making it the current one.
+    QModelIndex row(int tab, ORXPropertyTreeItem* item) const;
+    QModelIndex row(int tab, const char* name) const { return row(tab, item(tab, name)); }
+    bool select(int tab, const char* name) const;
     // What the feature's row shows: text of its editor, "checked", "unchecked".
     QString shown(int tab, const char* name) const;
     bool isEnabled(int tab, const char* name) const;
@@ -64,7 +70,9 @@ public:
     bool refresh() const;
 
 private:
+    CFeatureGroupTreeView* column() const;
+    QVector<QModelIndex> columnRows(int tab) const; // the page's own first
     QWidget* openedEditor(int tab, ORXPropertyTreeItem* item) const;
 
-    WatchedCallbacks m_callbacks;
+    HostCallbacks m_host;
 };

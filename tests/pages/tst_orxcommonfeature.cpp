@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The common features page in the window, on the simulated camera.
 #include "cameras/CameraError.h"
-#include "model/ORXPropertyTreeModel.h"
-#include "pages/CuratedPageTest.h"
-#include "pages/ORXCommonFeature.h"
-
-#include <QSignalSpy>
+#include "pages/DemoPageTest.h"
 
 namespace {
 
@@ -16,33 +12,9 @@ constexpr char kSelector[] = "Custom_BalanceRatioSelector";
 
 } // namespace
 
-class TestORXCommonFeature : public CuratedPageTest
+class TestORXCommonFeature : public DemoPageTest
 {
     Q_OBJECT
-
-public:
-    TestORXCommonFeature()
-        : CuratedPageTest(
-              {kPage,
-               {"Common Features"_s, "Basic Features"_s, "ISP"_s, "Transport Layer Control"_s},
-               {"常用参数"_s, "基本参数"_s, "图像信号处理"_s, "传输层控制"_s},
-               {{"Custom_BasicGroup",
-                 words("AcquisitionFrameRateEnable AcquisitionFrameRate ResultingFrameRate "
-                       "ExposureAuto ExposureTime GainAuto Gain Width Height PixelFormat "
-                       "TestPattern DigitalShift AcquisitionLineRate AcquisitionLineRateEnable "
-                       "ResultingLineRate")},
-                {"Custom_ISPGroup",
-                 words("GammaEnable GammaSelector Gamma SharpnessEnable Sharpness Brightness "
-                       "HueEnable Hue SaturationEnable Saturation BalanceWhiteAuto "
-                       "BalanceColorTemperatureMode Custom_BalanceRatioSelector "
-                       "Custom_BalanceRatio Custom_BalanceCommand ShadingSelector ActivateShading "
-                       "FPNCUserEnable PRNUCUserEnable")},
-                {"Custom_TransportLayerGroup",
-                 words("GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "
-                       "ClConfiguration DeviceConnectionConfig DeviceConnectionConfigDefault")}},
-               words("Custom_BalanceRatioSelector Custom_BalanceRatio")})
-    {
-    }
 
 private:
     // "command", "ratio" (with the selector) or "", by the rows of the page.
@@ -57,20 +29,6 @@ private:
     }
 
 private slots:
-    // Rows ----------------------------------------------------------------------------------------
-    void missingFeaturesLeaveNoRows()
-    {
-        open(words("Gain GevSCPSPacketSize GevSCPD GevPAUSEFrameReception DeviceTapGeometry "
-                   "ClConfiguration DeviceConnectionConfig DeviceConnectionConfigDefault"));
-        QVERIFY(!m_window->items(kPage, "Custom_BasicGroup").contains("Gain"_s));
-        QVERIFY(m_window->show(kPage, "Width"));
-        QVERIFY(m_window->isRowShown(kPage, "Width"));
-        // A group without any feature is not offered.
-        QCOMPARE(m_window->items(kPage, "Custom_TransportLayerGroup"), QStringList());
-        QVERIFY(!m_window->item(kPage, "Custom_TransportLayerGroup")->visible());
-    }
-
-    // Mirrors -------------------------------------------------------------------------------------
     void editOnOnePageShowsOnTheOther_data()
     {
         const Rows<int, int> row("edited", "other");
@@ -94,23 +52,6 @@ private slots:
         QVERIFY(m_window->click(edited, "AcquisitionFrameRateEnable"));
         QTRY_COMPARE(m_window->shown(other, "AcquisitionFrameRateEnable"), "unchecked"_s);
         QTRY_VERIFY(!m_window->isEnabled(other, "AcquisitionFrameRate"));
-    }
-
-    void readOnBothPagesWhilePassesRun()
-    {
-        open();
-        for (int i = 0; i < 10; ++i) {
-            const QByteArray width = QByteArray::number(640 + 16 * i);
-            OB_FT_UpdateFeatures();
-            QCOMPARE(write("Width", width), 0);
-            OB_FT_UpdateFeatures();
-            QVERIFY(m_window->enter(i % 2 ? kPage : kTree, "Height", QString::number(400 + 8 * i)));
-        }
-        QVERIFY(m_window->refresh());
-        for (const int tab : {kPage, kTree}) {
-            QTRY_COMPARE(m_window->shown(tab, "Width"), "784"_s);
-            QTRY_COMPARE(m_window->shown(tab, "Height"), "472"_s);
-        }
     }
 
     // White balance -------------------------------------------------------------------------------
@@ -150,26 +91,6 @@ private slots:
         set(automatic, "1");
         QVERIFY(m_window->refresh());
         QTRY_COMPARE(shownBalance(), shown);
-    }
-
-    // What the passes read decides; the window waits for no camera.
-    void nothingIsReadForTheRule()
-    {
-        open();
-        QTRY_COMPARE(shownBalance(), "command"_s);
-        m_camera->forget();
-        auto* page = static_cast<ORXCommonFeature*>(m_window->page(kPage));
-        for (const char* changed : {"PixelFormat", "BalanceRatio", "BalanceRatioSelector"})
-            page->updateWhiteBalance(QString::fromLatin1(changed),
-                                     ORXCommonFeature::WhiteBalanceChanged, nullptr);
-        QVERIFY(m_window->click(kTree, "GammaEnable"));
-        QTRY_COMPARE(shownBalance(), "ratio"_s);
-        QCOMPARE(write("BalanceRatio", "1234"), 0);
-        QVERIFY(m_window->refresh());
-        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1234"_s);
-        QVERIFY(m_window->choose(kPage, "BalanceWhiteAuto", "Once"_s));
-        QTRY_COMPARE(shownBalance(), QString());
-        QCOMPARE(m_camera->readsOfThisThread(), QStringList());
     }
 
     void failedReadLeavesWhatIsShown()
@@ -220,21 +141,6 @@ private slots:
         QTRY_COMPARE(shownBalance(), "command"_s);
     }
 
-    void switchReplacesCommandByRatio()
-    {
-        open();
-        QTRY_COMPARE(shownBalance(), "command"_s);
-        QVERIFY(m_window->click(kPage, "GammaEnable"));
-        QTRY_COMPARE(shownBalance(), "ratio"_s);
-        // A feature that the page does not show counts, too.
-        QVERIFY(m_window->click(kPage, "GammaEnable"));
-        QTRY_COMPARE(shownBalance(), "command"_s);
-        QVERIFY(m_window->click(kTree, "ColorTransformationEnable"));
-        QTRY_COMPARE(shownBalance(), "ratio"_s);
-        QVERIFY(m_window->choose(kPage, "BalanceWhiteAuto", "Once"_s));
-        QTRY_COMPARE(shownBalance(), QString());
-    }
-
     void missingPartnerHidesAll_data()
     {
         const Rows<QString> row("lacking");
@@ -259,39 +165,28 @@ private slots:
         QCOMPARE(write("BalanceRatioSelector", "2"), 0);
         QCOMPARE(write("BalanceRatio", "1234"), 0);
         open();
-        QTRY_COMPARE(shownBalance(), "ratio"_s);
-        QTRY_COMPARE(m_window->shown(kPage, kSelector), "Blue"_s);
-        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1234"_s);
+        m_camera->forget();
+        // Selector and ratio, on the page and in the whole tree.
+        const auto shown = [this] {
+            QStringList texts;
+            for (const char* name : {kSelector, kRatio})
+                texts += m_window->shown(kPage, name);
+            for (const char* name : {"BalanceRatioSelector", "BalanceRatio"})
+                texts += m_window->shown(kTree, name);
+            return texts;
+        };
+        QTRY_COMPARE(shown(), words("Blue 1234 Blue 1234"));
         // The range, too: what is beyond it is brought back before it is sent.
         QVERIFY(m_window->enter(kPage, kRatio, "99999"_s));
-        QTRY_COMPARE(m_window->shown(kPage, kRatio), "16376"_s);
-        QTRY_COMPARE(read("BalanceRatio"), 16376);
-    }
-
-    void selectorOfTheWholeTreeIsFollowed()
-    {
-        QCOMPARE(write("GammaEnable", "1"), 0);
-        open();
-        QVERIFY(m_window->choose(kTree, "BalanceRatioSelector", "Blue"_s));
-        QTRY_COMPARE(m_window->shown(kPage, kSelector), "Blue"_s);
-        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1820"_s);
-        QVERIFY(m_window->enter(kTree, "BalanceRatio", "777"_s));
-        QTRY_COMPARE(m_window->shown(kPage, kRatio), "777"_s);
-    }
-
-    void writesReachTheCameraAndRereadTheRatio()
-    {
-        QCOMPARE(write("GammaEnable", "1"), 0);
-        open();
-        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1536"_s);
-        m_camera->forget();
+        QTRY_COMPARE(shown(), words("Blue 16376 Blue 16376"));
         QVERIFY(m_window->choose(kPage, kSelector, "Green"_s));
-        QTRY_COMPARE(m_window->shown(kPage, kRatio), "1024"_s);
-        QVERIFY(m_window->enter(kPage, kRatio, "2000"_s));
-        QTRY_COMPARE(m_camera->writes(),
-                     (QStringList{"BalanceRatioSelector=1"_s, "BalanceRatio=2000"_s}));
-        QTRY_COMPARE(m_window->shown(kTree, "BalanceRatioSelector"), "Green"_s);
-        QTRY_COMPARE(m_window->shown(kTree, "BalanceRatio"), "2000"_s);
+        QTRY_COMPARE(shown(), words("Green 1024 Green 1024"));
+        QVERIFY(m_window->choose(kTree, "BalanceRatioSelector", "Red"_s));
+        QTRY_COMPARE(shown(), words("Red 1536 Red 1536"));
+        QVERIFY(m_window->enter(kTree, "BalanceRatio", "777"_s));
+        QTRY_COMPARE(shown(), words("Red 777 Red 777"));
+        QCOMPARE(m_camera->writes(), words("BalanceRatio=16376 BalanceRatioSelector=1 "
+                                           "BalanceRatioSelector=0 BalanceRatio=777"));
     }
 
     void refusedRatioIsShownAndTakenBack()
@@ -330,10 +225,7 @@ private slots:
         open({}, 1);
         QTRY_COMPARE(shownBalance(), "ratio"_s);
         const auto text = [&](const char* name) {
-            const auto* model = m_window->page(kPage)->treeView()->model();
-            const auto* view = m_window->page(kPage)->treeView();
-            return model->data(view->treeModel()->indexFromItem(m_window->item(kPage, name), 0))
-                .toString();
+            return m_window->row(kPage, name).data().toString();
         };
         QCOMPARE(text(kRatio), "白平衡系数"_s);
         QCOMPARE(m_window->shown(kPage, kSelector), "红"_s);

@@ -1,104 +1,133 @@
 // SPDX-License-Identifier: Apache-2.0
-// The image processing page in the window, on the simulated camera: what it shows. The transfers of
-// tables and matrix are tst_orximgprocessingtransfers' subject, the region tst_regiondrawwidget's,
-// the check boxes tst_selectorchecks'.
+// The image processing page in the window, on the simulated camera. The region is
+// tst_regiondrawwidget's subject, the check boxes are tst_selectorchecks', and what ends a transfer
+// is tst_qlutdrawwidget's and tst_stopping's.
+#include "basetools/ORXInterface.h"
 #include "cameras/CameraError.h"
 #include "lut/QLUTDrawWidget.h"
-#include "main/CFeatureGroupTreeView.h"
-#include "main/ORXFeatureGroup.h"
-#include "pages/CuratedPageTest.h"
+#include "pages/DemoPageTest.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/SettingsFile.h"
 #include "region/RegionDrawWidget.h"
+#include "styledctl/ZELCustomMessageBox.h"
+#include "support/FileSizeLimit.h"
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTemporaryDir>
 
 namespace {
 
 constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
+constexpr int kTransferMs = 60000; // 1,024 points on a slow machine
 const SettingsFile kFile{"DEMO000001"_s};
 const QStringList kMatrixFeatures =
     words("ColorTransformationValueSelector ColorTransformationValue ColorTransformationEnable "
           "CCMEnable");
 const QStringList kHiddenNumbers = words("Custom_LUTGamma Custom_LUTContrast Custom_LUTLum");
 
+QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
 } // namespace
 
-class TestORXImgProcessingFeature : public CuratedPageTest
+class TestORXImgProcessingFeature : public DemoPageTest
 {
     Q_OBJECT
-
-public:
-    TestORXImgProcessingFeature()
-        : CuratedPageTest(
-              {kPage,
-               {"Image Processing"_s, "ROI"_s, "AOI"_s, "Embedded Information"_s, "Event Control"_s,
-                "LUT"_s, "Color Correction Matrix"_s, "Palette"_s},
-               {"图像处理"_s, "感兴趣区域（ROI）"_s, "自动功能区域（AOI）"_s, "嵌入信息"_s,
-                "事件控制"_s, "查找表（LUT）"_s, "色彩校正矩阵"_s, "伪彩调色板"_s},
-               {{"Custom_ROIGroup",
-                 words("RegionSelector RegionMode Width Height OffsetX OffsetY BinningSelector "
-                       "BinningHorizontal BinningVertical DecimationHorizontal DecimationVertical "
-                       "ReverseX ReverseY Custom_ROIDraw")},
-                {"Custom_AOIGroup",
-                 words("AutoFunctionAOISelector AutoFunctionAOIWidth AutoFunctionAOIHeight "
-                       "AutoFunctionAOIOffsetX AutoFunctionAOIOffsetY "
-                       "AutoFunctionAOIUsageIntensity AutoFunctionAOIUsageWhiteBalance")},
-                {"Custom_EmbeddedInfoGroup",
-                 words("ChunkModeActive Custom_ChunkSelector_0 Custom_ChunkSelector_2 "
-                       "Custom_ChunkSelector_4 Custom_ChunkSelector_6")},
-                {"Custom_EventGroup",
-                 words("Custom_EventSelector_0 Custom_EventSelector_2 Custom_EventSelector_4 "
-                       "Custom_EventSelector_6")},
-                {"Custom_LUTGroup",
-                 words("LUTEnable LUTSelector Custom_LUTLineType Custom_LUTGamma "
-                       "Custom_LUTContrast Custom_LUTLum Custom_LUTLoadFromCamera "
-                       "Custom_LUTSetToCamera Custom_LUTLoadFromFile Custom_LUTSetToFile "
-                       "Custom_LUTClear")},
-                {"Custom_CCMGroup", words("Custom_CCMEnable Custom_CCM")},
-                {"Custom_PaletteGroup", words("Custom_PalettesMode")}},
-               kHiddenNumbers})
-    {
-    }
 
 protected:
     void prepare() override
     {
         SettingsFile::removeAll();
-        CuratedPageTest::prepare();
+        DemoPageTest::prepare();
+        m_directory = std::make_unique<QTemporaryDir>();
+        m_asked.clear();
+        m_strPath = m_directory->filePath("curve.txt"_s);
+        // Answers every dialog with the name that a user would type.
+        ORXInterface::setFileDialogHook([this](auto, const QString& title, const QString& filter) {
+            m_asked = title + ": "_s + filter;
+            return m_directory->filePath("curve"_s) +
+                   (title.startsWith("Open"_s) ? ".txt"_s : QString());
+        });
     }
     void finish() override
     {
-        CuratedPageTest::finish();
+        ORXInterface::setFileDialogHook(nullptr);
+        DemoPageTest::finish();
         SettingsFile::removeAll();
     }
 
 private:
-    QStringList shownGroups() const
+    QLUTDrawWidget* editor() const { return imagePage()->lutEditor(); }
+    void openLut()
     {
-        const CFeatureGroupTreeView* column = m_window->widget()->featureGroup(1)->groupView();
-        const QAbstractItemModel* model = column->model();
-        QStringList names;
-        for (int row = 0; row < model->rowCount(); ++row) {
-            const QModelIndex root = model->index(row, 0);
-            if (CFeatureGroupModel::itemFromIndex(root) != imagePage()->getRootItem(1, false))
-                continue;
-            for (int group = 0; group < model->rowCount(root); ++group) {
-                if (!column->isRowHidden(group, root))
-                    names += CFeatureGroupModel::itemFromIndex(model->index(group, 0, root))
-                                 ->value()
-                                 ->nodeName(0);
-            }
-        }
-        return names;
+        QCOMPARE(write("LUTEnable", "1"), 0);
+        open();
+        QVERIFY(m_window->show(kPage, "LUTEnable"));
+        OBFT_TRY_VERIFY(editor()->isVisible() && editor()->isEnabled());
     }
+    const ZELCustomMessageBox* lutBox() const
+    {
+        const auto boxes = editor()->findChildren<ZELCustomMessageBox*>();
+        return boxes.isEmpty() ? nullptr : boxes.constLast();
+    }
+    // Presses the page's command; what its message says once all is done, and of what kind it is.
+    QString lutCommand(const char* name)
+    {
+        delete lutBox();
+        if (!m_window->click(kPage, name))
+            return "cannot be pressed"_s;
+        const auto done = [&] { return lutBox() && !editor()->isTransferring(); };
+        return QTest::qWaitFor(done, kTransferMs)
+                   ? QString::number(lutBox()->cHintStyle()) + " "_s + lutBox()->cContent()
+                   : "no message"_s;
+    }
+    QVector<int> drawn() const
+    {
+        QVector<int> values;
+        for (const LUTPoint& point : editor()->GetSettinngPoints())
+            values += point.value;
+        return values;
+    }
+    // A table as the camera has it.
+    QVector<int> memory(int selector)
+    {
+        QVector<int> values;
+        write("LUTSelector", QByteArray::number(selector));
+        for (int i = 0; i < QLUTDrawWidget::PointCount(); ++i) {
+            write("LUTIndex", QByteArray::number(i));
+            values += int(read("LUTValue"));
+        }
+        return values;
+    }
+    void drawSomething()
+    {
+        const QPoint onTheLine(30 + 60, 30 + 179);
+        QTest::mousePress(editor(), Qt::LeftButton, {}, onTheLine);
+        QTest::mouseRelease(editor(), Qt::LeftButton, {}, onTheLine - QPoint(0, 99));
+    }
+    bool store(const QByteArray& content) const
+    {
+        QFile file(m_strPath);
+        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    }
+    QLineEdit* cell(int index) const
+    {
+        return imagePage()->findChild<QLineEdit*>("CCMValue%1"_s.arg(index));
+    }
+
+    std::unique_ptr<QTemporaryDir> m_directory;
+    QString m_strPath; // the file that the dialogs choose
+    QString m_asked;   // title and filter of the last dialog
 
 private slots:
     void groupsWithoutFeaturesDoNotShow_data()
     {
         const Rows<QString, QStringList, bool> row("group", "features", "hide");
-        const auto both = [&](const char* group, const char* features) {
+        const auto both = [&](const char* group, const RowList& features) {
             row(qPrintable("%1 missing"_s.arg(QLatin1String(group))), group, features, false);
             row(qPrintable("%1 hidden"_s.arg(QLatin1String(group))), group, features, true);
         };
@@ -111,8 +140,7 @@ private slots:
         both("Custom_EventGroup", "EventSelector EventNotification");
         both("Custom_LUTGroup", "LUTEnable LUTSelector");
         both("Custom_PaletteGroup", "PalettesMode");
-        both("Custom_CCMGroup", "ColorTransformationValueSelector ColorTransformationValue "
-                                "ColorTransformationEnable CCMEnable");
+        both("Custom_CCMGroup", kMatrixFeatures);
     }
 
     // The description lacks the features, or their access modes say that they are not there.
@@ -129,7 +157,7 @@ private slots:
             words("Custom_ROIGroup Custom_AOIGroup Custom_EmbeddedInfoGroup Custom_EventGroup "
                   "Custom_LUTGroup Custom_CCMGroup Custom_PaletteGroup");
         expected.removeAll(group);
-        OBFT_TRY_COMPARE(shownGroups(), expected);
+        OBFT_TRY_COMPARE(m_window->shownGroups(kPage), expected);
         QVERIFY(m_window->show(kPage, "Width"));
         QVERIFY(imagePage()->regionPicture()->isVisible());
     }
@@ -193,11 +221,7 @@ private slots:
         if (first.isEmpty())
             return;
         QVERIFY(m_window->show(kPage, "Custom_CCM"));
-        const auto cell = [&] {
-            const auto* line = imagePage()->findChild<QLineEdit*>("CCMValue0"_s);
-            return line ? line->text() : QString();
-        };
-        OBFT_TRY_COMPARE(cell(), first);
+        OBFT_TRY_VERIFY(cell(0) && cell(0)->text() == first);
         // The switch reaches the camera, or the file.
         m_camera->forget();
         QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
@@ -222,15 +246,12 @@ private slots:
         if (exists)
             kFile.store("[Common]\nCCMEnable=true\n");
         open(kMatrixFeatures);
-        OBFT_TRY_COMPARE(shownGroups().contains("Custom_CCMGroup"_s), exists);
+        OBFT_TRY_COMPARE(m_window->shownGroups(kPage).contains("Custom_CCMGroup"_s), exists);
         QVERIFY(m_window->show(kPage, "Width"));
         QVERIFY(m_window->refresh());
         // Another look at the host's callbacks builds nothing anew.
         m_window->widget()->CreateFeature();
-        QCOMPARE(shownGroups().contains("Custom_CCMGroup"_s), exists);
-        QStringList reads = m_camera->readsOfThisThread();
-        reads.removeAll("ChunkModeActive"_s); // when the callbacks are installed
-        QCOMPARE(reads, QStringList());
+        QCOMPARE(m_window->shownGroups(kPage).contains("Custom_CCMGroup"_s), exists);
     }
 
     void matrixAndTreeFollowEachOther()
@@ -282,6 +303,129 @@ private slots:
             QCOMPARE(imagePage()->lutEditor()->GetCurrentDrawLine(),
                      int(QLUTDrawWidget::SmoothCurve));
         }
+    }
+
+    // Curve ---------------------------------------------------------------------------------------
+    void drawnLineReachesTheCamera()
+    {
+        const QVector<int> other = memory(3);
+        write("LUTSelector", "1");
+        openLut();
+        QCOMPARE(lutCommand("Custom_LUTLoadFromCamera"), "5 Loading from camera completed."_s);
+        const QVector<int> before = drawn();
+        QVERIFY(m_window->choose(kPage, "Custom_LUTLineType", "Curve"_s));
+        drawSomething();
+        const QVector<int> curve = drawn();
+        QVERIFY(curve != before);
+        QCOMPARE(lutCommand("Custom_LUTSetToFile"), "5 Exporting to file completed."_s);
+        QCOMPARE(m_asked, "Save as txt File: txt File (*.txt)"_s);
+        QCOMPARE(bytesOf(m_strPath).count("\r\n"), 2 * curve.size());
+        QVERIFY(m_window->click(kPage, "Custom_LUTClear"));
+        OBFT_TRY_VERIFY(drawn() != curve);
+        QCOMPARE(lutCommand("Custom_LUTLoadFromFile"), "5 Importing from file completed."_s);
+        QCOMPARE(m_asked, "Open txt File: txt Files (*.txt)"_s);
+        QCOMPARE(drawn(), curve);
+        QCOMPARE(lutCommand("Custom_LUTSetToCamera"), "5 Applied to camera successfully."_s);
+        QCOMPARE(memory(1), curve);
+        QCOMPARE(memory(3), other);
+    }
+
+    // The limits of the camera's table; tst_luttextfile has all the other faults of files.
+    void badImportLeavesTheCurve_data()
+    {
+        const Rows<QByteArray> row("content");
+        row("value above the camera's", "0\r\n4096\r\n");
+        row("index above the number of points", "1025\r\n1\r\n");
+        row("too many points", QByteArray("0\r\n1\r\n").repeated(1024 + 2));
+    }
+
+    void badImportLeavesTheCurve()
+    {
+        QFETCH(QByteArray, content);
+        openLut();
+        drawSomething();
+        const QVector<int> before = drawn();
+        QVERIFY(store(content));
+        QCOMPARE(lutCommand("Custom_LUTLoadFromFile"),
+                 "3 Failed to import file. Incorrect file format."_s);
+        QCOMPARE(drawn(), before);
+        QCOMPARE(bytesOf(m_strPath), content);
+    }
+
+    void failedExportKeepsTheFile()
+    {
+        MessageGuard::ignoreMessage(QtCriticalMsg, "Save success,but file is error.");
+        openLut();
+        drawSomething();
+        const QVector<int> curve = drawn();
+        QVERIFY(store("mine"));
+        {
+            const FileSizeLimit full(4096);
+            QCOMPARE(lutCommand("Custom_LUTSetToFile"),
+                     "3 File opreation failed, possable storage disk is full."_s);
+        }
+        QCOMPARE(bytesOf(m_strPath), QByteArray("mine"));
+        QCOMPARE(drawn(), curve);
+    }
+
+    void dialogWithoutAFileDoesNothing_data()
+    {
+        const Rows<QByteArray> row("command");
+        row("export cancelled", "Custom_LUTSetToFile");
+        row("import cancelled", "Custom_LUTLoadFromFile");
+    }
+
+    void dialogWithoutAFileDoesNothing()
+    {
+        QFETCH(QByteArray, command);
+        openLut();
+        drawSomething();
+        const QVector<int> curve = drawn();
+        ORXInterface::setFileDialogHook([&](auto, const QString& title, const QString&) {
+            m_asked = title;
+            return QString();
+        });
+        QVERIFY(m_window->click(kPage, command));
+        OBFT_TRY_VERIFY(!m_asked.isEmpty());
+        QApplication::processEvents();
+        QVERIFY(!lutBox());
+        QCOMPARE(drawn(), curve);
+    }
+
+    void tableIsLockedDuringATransfer()
+    {
+        openLut();
+        m_camera->closeGate("LUTIndex");
+        QVERIFY(m_window->click(kPage, "Custom_LUTSetToCamera"));
+        OBFT_TRY_VERIFY(editor()->isTransferring());
+        for (const char* name : {"LUTSelector", "LUTIndex", "LUTValue"})
+            OBFT_TRY_VERIFY(!m_window->item(kTree, name)->value()->enabled());
+        QVERIFY(m_window->refresh());
+        QVERIFY(!m_window->isEnabled(kPage, "LUTSelector"));
+        m_camera->openGate();
+        QTRY_VERIFY_WITH_TIMEOUT(!editor()->isTransferring(), kTransferMs);
+        OBFT_TRY_VERIFY(m_window->isEnabled(kPage, "LUTSelector"));
+        OBFT_TRY_VERIFY(m_window->isEnabled(kTree, "LUTValue"));
+    }
+
+    // Matrix --------------------------------------------------------------------------------------
+    void badMatrixFileIsReportedAndLeftAlone()
+    {
+        const QByteArray content = "[Common]\nCCMEnable=true\nCCMValue3=abc\n";
+        MessageGuard::expectMessage("Color correction settings"_s);
+        kFile.store("[Common]\nCCMEnable=true\nCCMValue0=2048\n");
+        open(kMatrixFeatures);
+        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        OBFT_TRY_VERIFY(cell(0) && cell(0)->text() == "2.0000"_s);
+        kFile.store(content);
+        // Switching it would write the file.
+        QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
+        OBFT_TRY_VERIFY(messageBox());
+        QCOMPARE(messageBox()->cTextTitle(), "The color correction settings cannot be used."_s);
+        QVERIFY(message().contains(ORXRWCCMValue::fileOf(kFile.name)));
+        OBFT_TRY_VERIFY(!cell(0)->isEnabled());
+        OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_CCMEnable"), "unchecked"_s);
+        QCOMPARE(kFile.stored(), content);
     }
 };
 

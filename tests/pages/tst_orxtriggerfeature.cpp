@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The trigger and IO page in the window, on the simulated camera.
-#include "model/CTreeIntergerItemValue.h"
-#include "pages/CuratedPageTest.h"
+#include "model/CTreeItemValue.h"
+#include "pages/DemoPageTest.h"
 #include "support/Periods.h"
 
 namespace {
@@ -13,76 +13,49 @@ constexpr char kTrigger[] = "TriggerSoftware";
 
 } // namespace
 
-class TestORXTriggerFeature : public CuratedPageTest
+// How the camera goes.
+using End = std::function<void(PageWindow&)>;
+Q_DECLARE_METATYPE(End)
+
+class TestORXTriggerFeature : public DemoPageTest
 {
     Q_OBJECT
-
-public:
-    TestORXTriggerFeature()
-        : CuratedPageTest(
-              {kPage,
-               {"Trigger"_s, "IO Input"_s, "IO Output"_s, "Encoder Control"_s,
-                "Frequency Converter Control"_s},
-               {"触发"_s, "IO 输入"_s, "IO 输出"_s, "编码器控制"_s, "频率转换控制"_s},
-               {{"Custom_Trigger",
-                 words("TriggerSelector TriggerMode TriggerSource TriggerActivation TriggerDelay "
-                       "Custom_AutoTrigTime Custom_EnableAutoTrig TriggerSoftware")},
-                {"Custom_IOControl",
-                 words("LineSelector LineMode LineDebouncerTime LineSource HardwareTriggerSource "
-                       "HardwareTriggerActivation LineTriggerSoftware StrobeEnable "
-                       "StrobeLineDuration StrobeLineDelay StrobeLinePreDelay")},
-                {"Custom_EncoderControl",
-                 words("EncoderSelector EncoderSourceA EncoderSourceB EncoderOutputMode "
-                       "EncoderCounterMode EncoderCounter EncoderCounterMax EncoderCounterReset "
-                       "EncoderMaxReverseCounter EncoderReverseCounterReset")},
-                {"Custom_FrequencyConverterControl",
-                 words("InputSource PreDivider Multiplier PostDivider")}},
-               {}})
-    {
-    }
 
 private:
     int triggers() const { return m_camera->writesOf(kTrigger); }
     bool isOn() const { return m_window->shown(kPage, kEnable) == QLatin1String("checked"); }
 
-private slots:
-    // Automatic software trigger ------------------------------------------------------------------
-    void ownItemsBegin()
+    // Opens the window with the automatic trigger on.
+    void openTriggering()
     {
         open();
-        QCOMPARE(m_window->shown(kPage, kTime), "1000"_s);
-        QVERIFY(!isOn());
-        const auto* time =
-            dynamic_cast<CTreeIntergerItemValue*>(m_window->item(kPage, kTime)->value());
-        QVERIFY(time);
-        QCOMPARE(time->displayName(), "Auto Trigger Time(ms)"_s);
-        QCOMPARE(time->numbers().m_nMinValue, qint64(1));
-        QCOMPARE(time->numbers().m_nMaxValue, qint64(1000000000));
-        QCOMPARE(time->numbers().m_nIncrement, qint64(1));
-        // The edges of the range can be entered, what is beyond cannot.
-        QVERIFY(m_window->enter(kPage, kTime, "1000000000"_s));
-        QCOMPARE(m_window->shown(kPage, kTime), "1000000000"_s);
-        QVERIFY(m_window->enter(kPage, kTime, "0"_s));
-        QCOMPARE(m_window->shown(kPage, kTime), "1"_s);
+        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
+        QVERIFY(m_window->click(kPage, kEnable));
+        QTRY_VERIFY(triggers() > 0);
     }
 
-    void periodIsNeverSent()
+private slots:
+    void periodIsThePagesOwn()
     {
         open();
         m_camera->forget();
-        QVERIFY(m_window->enter(kPage, kTime, "250"_s));
-        QCOMPARE(m_window->shown(kPage, kTime), "250"_s);
-        QVERIFY(m_window->refresh());
+        QVERIFY(!isOn());
+        QCOMPARE(m_window->row(kPage, kTime).data().toString(), "Auto Trigger Time(ms)"_s);
+        QCOMPARE(m_window->shown(kPage, kTime), "1000"_s);
+        // What is beyond the range is brought back.
+        for (const auto& [entered, taken] :
+             {std::pair("999999999", "999999999"), {"1000000001", "1000000000"}, {"0", "1"}}) {
+            QVERIFY(m_window->enter(kPage, kTime, QLatin1String(entered)));
+            QVERIFY(m_window->refresh());
+            QCOMPARE(m_window->shown(kPage, kTime), QLatin1String(taken));
+        }
         QCOMPARE(m_camera->writes(), QStringList());
-        QCOMPARE(m_window->shown(kPage, kTime), "250"_s);
     }
 
     void autoTriggerTriggers()
     {
-        open();
-        QVERIFY(m_window->choose(kPage, "TriggerMode", "On"_s));
-        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
-        QVERIFY(m_window->click(kPage, kEnable));
+        write("TriggerMode", "1");
+        openTriggering();
         QTRY_VERIFY(triggers() > 20);
         // The camera takes them, and the window shows its count.
         QTRY_VERIFY(m_window->shown(kTree, "TriggerCount").toInt() > 20);
@@ -180,43 +153,37 @@ private slots:
         QCOMPARE(m_camera->mostAtOnce(kTrigger), 1);
     }
 
+    // All but the device reset leave nothing under way but what they wait for.
     void endsWithTheCamera_data()
     {
-        const Rows<int, bool> row("end", "pageStays");
-        row("window closed", 0, true);
-        row("callbacks exchanged", 1, true);
-        row("camera closed", 2, false);
-        row("camera removed", 3, false);
-        row("another camera shown", 4, false);
-        row("device reset", 5, true);
-        row("released", 6, false);
+        const Rows<End, int, bool> row("end", "underWay", "pageStays");
+        row("window closed", End([](auto&) { OB_FT_Close(); }), 0, true);
+        row("callbacks exchanged", End([](auto&) {
+                OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+            }),
+            0, true);
+        row("camera closed", End([](auto& window) { window.tree()->OnCameraClose(); }), 0, false);
+        row("camera removed", End([](auto& window) { window.widget()->removeFeatureTree(1); }), 0,
+            false);
+        row("another camera shown", End([](auto& window) { window.page(kPage)->resetCamaraID(2); }),
+            1, false);
+        row("device reset", End([](auto& window) {
+                // A command under way finds the camera gone.
+                MessageGuard::expectMessage("Read Feature Failed; NodeName : TriggerSoftware"_s);
+                QVERIFY(window.tree()->OnCommandNodeBtnClicked("DeviceReset"_s));
+            }),
+            1, true);
+        row("released", End([](auto&) { OB_FT_Release(); }), 0, false);
     }
 
     void endsWithTheCamera()
     {
-        QFETCH(int, end);
+        QFETCH(End, end);
+        QFETCH(int, underWay);
         QFETCH(bool, pageStays);
-        open();
-        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
-        QVERIFY(m_window->click(kPage, kEnable));
-        QTRY_VERIFY(triggers() > 0);
-        const auto exchange = [] {
-            OB_FT_SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-        };
-        const std::function<void()> ends[] = {
-            [] { OB_FT_Close(); },
-            exchange,
-            [this] { m_window->tree()->OnCameraClose(); },
-            [this] { m_window->widget()->removeFeatureTree(1); },
-            [this] { m_window->page(kPage)->resetCamaraID(2); },
-            [this] { QVERIFY(m_window->tree()->OnCommandNodeBtnClicked("DeviceReset"_s)); },
-            [] { OB_FT_Release(); },
-        };
-        if (end == 5) // a command under way finds the camera gone
-            MessageGuard::expectMessage("Read Feature Failed; NodeName : TriggerSoftware"_s);
-        ends[end]();
-        // All but the last two wait for a command under way.
-        const int last = triggers() + (end == 4 || end == 5 ? 1 : 0);
+        openTriggering();
+        end(*m_window);
+        const int last = triggers() + underWay;
         QVERIFY(twentyPeriodsPass());
         QVERIFY(triggers() <= last);
         if (!pageStays)
@@ -231,13 +198,11 @@ private slots:
     // Its switch vanishes with the command: nobody could end it any more.
     void endsWhenTheCommandIsNotAvailable()
     {
-        open();
-        QVERIFY(m_window->enter(kPage, kTime, "1"_s));
-        QVERIFY(m_window->click(kPage, kEnable));
-        QTRY_VERIFY(triggers() > 0);
+        openTriggering();
         m_camera->hide(kTrigger, true);
         QVERIFY(m_window->refresh());
-        QTRY_VERIFY(!m_window->isRowShown(kPage, kEnable));
+        for (const char* gone : {kTime, kEnable, kTrigger})
+            QTRY_VERIFY(!m_window->isRowShown(kPage, gone));
         const int last = triggers() + 1; // one may be under way
         QVERIFY(twentyPeriodsPass());
         QVERIFY(triggers() <= last);
@@ -263,57 +228,20 @@ private slots:
         QCOMPARE(triggers(), 0);
     }
 
-    void ownItemsFollowTheSoftwareTrigger()
+    void editsReachTheCamera()
     {
-        open();
-        QVERIFY(m_window->show(kPage, kTrigger));
-        for (const bool hidden : {true, false}) {
-            m_camera->hide(kTrigger, hidden);
-            QVERIFY(m_window->refresh());
-            QTRY_COMPARE(m_window->isRowShown(kPage, kTrigger), !hidden);
-            QTRY_COMPARE(m_window->isRowShown(kPage, kTime), !hidden);
-            QTRY_COMPARE(m_window->isRowShown(kPage, kEnable), !hidden);
-        }
-    }
-
-    // Lines and encoders --------------------------------------------------------------------------
-    void linesAndEncodersReachTheCamera_data()
-    {
-        const Rows<QByteArray, QString, QString> row("feature", "text", "written");
-        row.of("TriggerDelay", "12.5", "TriggerDelay=12.5");
-        row.of("LineDebouncerTime", "7", "LineDebouncerTime=7");
-        row.of("EncoderCounterMax", "999", "EncoderCounterMax=999");
-        row.of("EncoderMaxReverseCounter", "17", "EncoderMaxReverseCounter=17");
-        row.of("PreDivider", "3", "PreDivider=3");
-        row.of("Multiplier", "4", "Multiplier=4");
-        row.of("PostDivider", "5", "PostDivider=5");
-        row.of("EncoderSelector", "Encoder 1", "EncoderSelector=1");
-        row.of("EncoderSourceA", "Line 1", "EncoderSourceA=1");
-        row.of("EncoderCounterMode", "Ignore Direction", "EncoderCounterMode=1");
-        row.of("InputSource", "Line 0", "InputSource=1");
-        row.of("HardwareTriggerActivation", "Falling Edge", "HardwareTriggerActivation=1");
-        row.of("EncoderCounterReset", "", "EncoderCounterReset");
-        row.of("EncoderReverseCounterReset", "", "EncoderReverseCounterReset");
-        row.of("LineTriggerSoftware", "", "LineTriggerSoftware");
-        row.of("TriggerSoftware", "", "TriggerSoftware");
-    }
-
-    void linesAndEncodersReachTheCamera()
-    {
-        QFETCH(QByteArray, feature);
-        QFETCH(QString, text);
-        QFETCH(QString, written);
         write("LineSelector", "0"); // an input
         open();
         m_camera->forget();
-        const QString tag = m_window->item(kPage, feature)->tagName();
-        if (tag == QLatin1String("Command"))
-            QVERIFY(m_window->click(kPage, feature));
-        else if (tag == QLatin1String("Enumeration"))
-            QVERIFY(m_window->choose(kPage, feature, text));
-        else
-            QVERIFY(m_window->enter(kPage, feature, text));
-        QTRY_COMPARE(m_camera->writes(), QStringList(written));
+        QVERIFY(m_window->enter(kPage, "TriggerDelay", "12.5"_s));
+        QVERIFY(m_window->click(kPage, kTrigger));
+        QVERIFY(m_window->enter(kPage, "LineDebouncerTime", "7"_s));
+        QVERIFY(m_window->choose(kPage, "EncoderSelector", "Encoder 1"_s));
+        QVERIFY(m_window->click(kPage, "EncoderCounterReset"));
+        QVERIFY(m_window->enter(kPage, "PreDivider", "3"_s));
+        QTRY_COMPARE(m_camera->writes(),
+                     words("TriggerDelay=12.5 TriggerSoftware LineDebouncerTime=7 "
+                           "EncoderSelector=1 EncoderCounterReset PreDivider=3"));
     }
 };
 

@@ -13,6 +13,8 @@
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include <QApplication>
+
 #include <memory>
 
 // The window, opened through the exported functions on a host in memory, as a host does it.
@@ -84,4 +86,17 @@ protected:
 
     const QByteArray m_xml;
     std::unique_ptr<FakeHost> m_host;
+};
+
+// The window with the first read behind it.
+class ReadWindow : public OpenedWindow
+{
+public:
+    ReadWindow(FakeHost& host, const QByteArray& description, int language = 0)
+        : OpenedWindow(host, description, language)
+    {
+        if (!waitForFirstRead())
+            qFatal("no first read");
+        QApplication::processEvents();
+    }
 };

@@ -19,8 +19,6 @@ using namespace std::chrono_literals;
 class UserSetDialogTest : public DemoPageTest
 {
 protected:
-    static constexpr int kLoadIds[] = {3, 4, 5, 6}; // of buttons
-
     void prepare() override
     {
         DemoPageTest::prepare();
@@ -104,21 +102,14 @@ protected:
     }
     bool isWaiting(const ORXFeatureSaveWidget* dialog) const
     {
-        const ORXPropertyTreeItem* status =
-            m_window->tree()->propertyItemByName("UserSetLoadStatus"_s);
-        return !button(dialog, 0)->isEnabled() &&
-               status->value()->displayValue() == QLatin1String("Loading");
+        const auto* status = m_window->item(kTree, "UserSetLoadStatus")->value();
+        return !button(dialog, 0)->isEnabled() && status->displayValue() == "Loading"_s;
     }
     // The same as soon as the dialog waits for the load.
     void pressAndWait(ORXFeatureSaveWidget* dialog, int id, const std::function<void()>& steps)
     {
         press(
             dialog, id, [&] { return isWaiting(dialog); }, steps);
-    }
-    static bool canLoad(const ORXFeatureSaveWidget* dialog, bool can)
-    {
-        return std::all_of(std::begin(kLoadIds), std::end(kLoadIds),
-                           [=](int id) { return button(dialog, id)->isEnabled() == can; });
     }
 
     QTimer m_boxes;     // answers message boxes

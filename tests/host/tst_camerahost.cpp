@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "FakeGigECamera.h"
 #include "demo/DemoCamera.h"
+#include "host/FakeGigECamera.h"
 #include "program/ExitCode.h"
 #include "support/ChildProcess.h"
 #include "support/TestMain.h"

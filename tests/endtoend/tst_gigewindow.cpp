@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cameras/RealCamera.h"
 #include "host/FakeGigECamera.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
@@ -43,10 +42,8 @@ private slots:
         if (!reason.isEmpty())
             QSKIP(qPrintable(reason));
         m_fake = std::make_unique<FakeGigECamera>();
-        QVERIFY(m_fake->start());
-        std::string error;
-        m_real = RealCamera::open("127.0.0.1", &error);
-        QVERIFY2(m_real, error.c_str());
+        m_real = m_fake->open();
+        QVERIFY(m_real);
         m_camera = std::make_unique<MeddledCamera>(*m_real);
         m_window = std::make_unique<PageWindow>(*m_camera);
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cameras/RealCamera.h"
 #include "device/OBDeviceControl.h"
 #include "faults/FaultyCamera.h"
+#include "host/CameraTalk.h"
 #include "host/FakeGigECamera.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
@@ -53,12 +53,9 @@ protected:
         if (!m_real)
             return; // skipped
         OBDeviceControl::SetUserLevel(0);
-        FaultPlan::Rule latency;
-        latency.kind = FaultPlan::Latency;
-        latency.milliseconds = 5;
-        FaultPlan plan;
-        plan.rules.push_back(latency);
-        m_slow = std::make_unique<FaultyCamera>(*m_real, plan);
+        QString error;
+        m_slow = std::make_unique<FaultyCamera>(*m_real,
+                                                FaultPlan::parse("latency * 5"_s, &error).value());
         m_camera = std::make_unique<MeddledCamera>(*m_slow);
         m_camera->closeGate(kLate, MeddledCamera::Reads);
         m_window = std::make_unique<PageWindow>(*m_camera, 0, PageWindow::InFirstRead);
@@ -74,12 +71,7 @@ protected:
 
 private:
     QString shown(const char* name) const { return m_window->shown(kTree, name); }
-    QString held(const char* name) const
-    {
-        _ZDCC_INTVALUE_EX_T record = {};
-        m_slow->read(OB_FT_TYPE_INTEGER, name, &record);
-        return QString::number(record.value);
-    }
+    QString held(const char* name) const { return CameraTalk(*m_slow).value(QLatin1String(name)); }
 
     std::unique_ptr<FakeGigECamera> m_fake;
     std::unique_ptr<Camera> m_real;
@@ -94,10 +86,8 @@ private slots:
         if (!reason.isEmpty())
             QSKIP(qPrintable(reason));
         m_fake = std::make_unique<FakeGigECamera>();
-        QVERIFY(m_fake->start());
-        std::string error;
-        m_real = RealCamera::open("127.0.0.1", &error);
-        QVERIFY2(m_real, error.c_str());
+        m_real = m_fake->open();
+        QVERIFY(m_real);
     }
 
     void cleanupTestCase() { m_real.reset(); }

@@ -46,9 +46,11 @@ const QHash<QString, int> kTypes = {{"Integer"_s, OB_FT_TYPE_INTEGER},
 // What a record is full of before it is read.
 constexpr int kLeft = 0x5A;
 
-QString number(double value)
+// To the last bit.
+QString number(float value)
 {
-    return QString::number(value, 'g', 8);
+    const QString text = QString::number(double(value), 'g', 8);
+    return text.toFloat() == value ? text : QString::number(double(value), 'g', 9);
 }
 
 } // namespace
@@ -88,7 +90,7 @@ QString CameraTalk::read(int type, const QString& name, const QString& part)
         const float value = part == "min"_s   ? real.minimum
                             : part == "max"_s ? real.maximum
                                               : real.value;
-        return number(double(value));
+        return number(value);
     }
     case OB_FT_TYPE_ENUMERATION:
         return QString::number(part.isEmpty() ? record.entries.value
@@ -127,7 +129,8 @@ QString CameraTalk::mode(const QString& name)
 QString CameraTalk::step(const QString& said)
 {
     static const QRegularExpression form(
-        "^(?:\\((\\w+)\\))?(\\w*)(?:\\.(\\w+))?(\\?|=|\\(\\)|:|ms$| )(.*)$"_s);
+        "^(?:\\((\\w+)\\))?(\\w*)(?:\\.(\\w+))?(\\?|=|\\(\\)|:|ms$| )(.*)$"_s,
+        QRegularExpression::DotMatchesEverythingOption);
     const auto match = form.match(said);
     const QString name = match.captured(2);
     const QString sign = match.captured(4);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomSpinBox64.h"
 #include "support/TestMain.h"
 
@@ -12,9 +13,20 @@ namespace {
 
 using Limits = std::numeric_limits<qlonglong>;
 
+// Guarded against a second click; the test moves the time.
+struct PatientButton : ZELCustomPushButton
+{
+    PatientButton()
+    {
+        cSetClickClock([this] { return now; });
+        cSetControlClickEvent(true);
+    }
+    qint64 now = 1000;
+};
+
 } // namespace
 
-class TestZELCustomSpinBox64 : public GuardedTest
+class TestZELInputs : public GuardedTest
 {
     Q_OBJECT
 
@@ -184,7 +196,79 @@ private slots:
         QCOMPARE(calls, 1);
         QCOMPARE(m_box->value(), 12LL);
     }
+
+    void guardIgnoresSecondClick_data()
+    {
+        const Rows<int> row("way");
+        row("mouse", 0);
+        row("space", Qt::Key_Space);
+        row("enter", Qt::Key_Return);
+        row("program", -1);
+    }
+
+    void guardIgnoresSecondClick()
+    {
+        QFETCH(int, way);
+        PatientButton button;
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        const auto press = [&] {
+            if (way == 0)
+                QTest::mouseClick(&button, Qt::LeftButton);
+            else if (way < 0)
+                button.click();
+            else
+                QTest::keyClick(&button, Qt::Key(way));
+        };
+        press();
+        QCOMPARE(clicked.size(), 1);
+        button.now += 499;
+        press();
+        QCOMPARE(clicked.size(), 1);
+        // Filling an editor again sets the guard again: that must not open it.
+        button.cSetControlClickEvent(true);
+        press();
+        QCOMPARE(clicked.size(), 1);
+        button.now += 1;
+        press();
+        QCOMPARE(clicked.size(), 2);
+    }
+
+    void unguardedButtonTakesEveryClick()
+    {
+        ZELCustomPushButton button;
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        for (int i = 0; i < 5; ++i)
+            QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(clicked.size(), 5);
+    }
+
+    void slowHandlerDoesNotOpenTheGuard()
+    {
+        PatientButton button;
+        int handled = 0;
+        connect(&button, &QPushButton::clicked, this, [&] {
+            // A handler that runs the event loop may be clicked while it runs.
+            if (++handled == 1) {
+                QTest::mouseClick(&button, Qt::LeftButton);
+                button.now += 100;
+            }
+        });
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(handled, 1);
+    }
+
+    void releaseOfAnIgnoredPressDoesNothing()
+    {
+        PatientButton button;
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        button.now += 400;
+        QTest::mousePress(&button, Qt::LeftButton);
+        button.now += 200;
+        QTest::mouseRelease(&button, Qt::LeftButton);
+        QCOMPARE(clicked.size(), 1);
+    }
 };
 
-OBFT_TEST_MAIN(TestZELCustomSpinBox64)
-#include "tst_zelcustomspinbox64.moc"
+OBFT_TEST_MAIN(TestZELInputs)
+#include "tst_zelinputs.moc"

@@ -116,36 +116,26 @@ private slots:
         QCOMPARE(faults, QStringList());
     }
 
-    void namesAreUnique()
+    void textsAreUnique()
     {
         QStringList faults;
-        for (const char* tag :
-             {"DisplayName::en", "DisplayName::cn", "Description::en", "Description::cn"}) {
+        const auto check = [&faults](const QVector<QDomElement>& elements, const char* tag) {
             QHash<QString, QString> owners;
-            for (const QDomElement& feature : qAsConst(m_features)) {
-                const QString name = feature.attribute("Name"_s);
-                const QString text = textOf(feature, tag);
+            for (const QDomElement& element : elements) {
+                const QString name = element.attribute("Name"_s);
+                const QString text = textOf(element, tag);
                 if (owners.contains(text))
                     faults += text + ": "_s + owners.value(text) + ", "_s + name;
                 owners.insert(text, name);
             }
-        }
-        QCOMPARE(faults, QStringList());
-    }
-
-    void entriesAreUniqueWithinTheirFeature()
-    {
-        QStringList faults;
+        };
+        for (const char* tag :
+             {"DisplayName::en", "DisplayName::cn", "Description::en", "Description::cn"})
+            check(m_features, tag);
+        // Those of entries within their feature.
         for (const QDomElement& feature : qAsConst(m_features)) {
-            for (const char* tag : {"DisplayName::en", "DisplayName::cn"}) {
-                QSet<QString> texts;
-                for (const QDomElement& entry : childrenOf(feature, "EnumEntry")) {
-                    const QString text = textOf(entry, tag);
-                    if (texts.contains(text))
-                        faults += feature.attribute("Name"_s) + ": "_s + text;
-                    texts.insert(text);
-                }
-            }
+            for (const char* tag : {"DisplayName::en", "DisplayName::cn"})
+                check(childrenOf(feature, "EnumEntry"), tag);
         }
         QCOMPARE(faults, QStringList());
     }

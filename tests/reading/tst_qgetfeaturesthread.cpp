@@ -89,9 +89,7 @@ private slots:
         QFETCH(int, locked);
         QFETCH(bool, visible);
         QFETCH(bool, readOnly);
-        FakeHost::Feature feature = FakeHost::integerFeature(1);
-        feature.mode = mode;
-        m_host->set(name, feature);
+        m_host->set(name, FakeHost::integerFeature(1).withMode(mode));
         m_host->set("TLParamsLocked"_s, FakeHost::integerFeature(locked));
         ORXPropertyTreeItem* item = this->item(name);
         m_thread->UpdateFeature(item, Flags(13));

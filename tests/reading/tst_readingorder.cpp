@@ -163,9 +163,7 @@ private slots:
         request(13);
         end();
         QVERIFY(item("C"_s)->visible());
-        FakeHost::Feature gone = FakeHost::integerFeature(7);
-        gone.mode = OB_FT_ACCESS_NOT_AVAILABLE;
-        m_host->set("C"_s, gone);
+        m_host->set("C"_s, FakeHost::integerFeature(7).withMode(OB_FT_ACCESS_NOT_AVAILABLE));
         requestAndHold("C"_s, 14);
         m_thread->requestStop();
         end();

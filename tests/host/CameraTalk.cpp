@@ -17,20 +17,12 @@ namespace {
 
 QString errorName(int code)
 {
-    static const QHash<int, QString> kNames = {
-        {CameraError::NodeNotFound, "NodeNotFound"_s},
-        {CameraError::WrongType, "WrongType"_s},
-        {CameraError::NotReadable, "NotReadable"_s},
-        {CameraError::NotWritable, "NotWritable"_s},
-        {CameraError::OutOfRange, "OutOfRange"_s},
-        {CameraError::InvalidText, "InvalidText"_s},
-        {CameraError::NotConnected, "NotConnected"_s},
-        {CameraError::Timeout, "Timeout"_s},
-        {CameraError::BrokenDescription, "BrokenDescription"_s},
-        {CameraError::NoDescription, "NoDescription"_s},
-        {CameraError::Busy, "Busy"_s},
-    };
-    return code == 0 ? QString() : kNames.value(code, "error %1"_s.arg(code));
+    // In the order of their codes.
+    static const QStringList kNames =
+        words("NodeNotFound WrongType NotReadable NotWritable OutOfRange InvalidText NotConnected "
+              "Timeout Transfer BrokenDescription NoDescription Busy");
+    return code == 0 ? QString()
+                     : kNames.value(code - CameraError::NodeNotFound, "error %1"_s.arg(code));
 }
 
 const QHash<QString, int> kTypes = {{"Integer"_s, OB_FT_TYPE_INTEGER},

@@ -81,11 +81,6 @@ private slots:
         QCOMPARE(filled, 60);
         // A new user has no favourites: the first group with features is shown instead.
         QTRY_COMPARE(window.groups()->currentIndex().data().toString(), "Category0"_s);
-        const QByteArray picture = qgetenv("OBFT_TEST_PICTURE");
-        if (!picture.isEmpty()) {
-            QTest::qWait(300);
-            window.widget()->grab().save(QString::fromLocal8Bit(picture));
-        }
     }
 
     void secondRoundMakesANewWindow()

@@ -114,7 +114,8 @@ private slots:
         QFETCH(QString, text);
         QFETCH(int, key);
         QStringList emitted;
-        connect(m_box, &ZELCustomSpinBox64::valueChanged, this,
+        const QObject listening;
+        connect(m_box, &ZELCustomSpinBox64::valueChanged, &listening,
                 [&emitted](qlonglong value) { emitted += QString::number(value); });
         type(text);
         QVERIFY(m_box->hasPendingEdit());

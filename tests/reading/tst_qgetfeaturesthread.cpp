@@ -260,15 +260,17 @@ private slots:
     void stopEndsThePassAndRefusesRequests()
     {
         requestAndHold("B"_s, 13);
-        // The stop waits for the host's call, so the call has to end while it waits: from the
-        // moment on in which requests are refused.
-        std::thread host([this] {
-            while (m_thread->SetThreadInfo(FEATURES_UPDATE_INVALIDATED, {}, Flags(13)))
+        // The stop waits for the host's call, so the call has to end while it waits.
+        std::atomic<bool> refused{false};
+        std::thread host([&] {
+            while (!MessageGuard::contains("waiting for a call of the host"_s))
                 std::this_thread::yield();
+            refused = !m_thread->SetThreadInfo(FEATURES_UPDATE_INVALIDATED, {}, Flags(13));
             goOn();
         });
         m_thread->StopThread(true, true);
         host.join();
+        QVERIFY(refused);
         QCOMPARE(reads("C"), 0);
         QVERIFY(!m_thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, Flags(13)));
         m_thread->StopThread(false, true);

@@ -35,10 +35,10 @@ struct InterruptedHost
 {
     explicit InterruptedHost(const QByteArray& description) { fake.serve(description); }
 
-    void install()
+    int install()
     {
         const GuiThreadReads::InstallingCallbacks installing;
-        OB_FT_SetCallBackFunc(
+        return OB_FT_SetCallBackFunc(
             [](int type, char* name, void* value, void* user) {
                 const int code = FakeHost::getFeature(type, name, value, fakeOf(user));
                 return enter(user, onGuiThread() ? InGet : ReadingThread, code);

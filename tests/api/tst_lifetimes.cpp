@@ -19,7 +19,9 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <functional>
 #include <thread>
+#include <vector>
 
 using namespace DescriptionBuilder;
 
@@ -31,23 +33,6 @@ QByteArray smallDescription()
     size.categories = 6;
     return generate(size);
 }
-
-enum Function {
-    Init,
-    SetDeviceInfo,
-    SetCallBackFunc,
-    SetWidgetSize,
-    SetTitleVisible,
-    SetWidgetPosition,
-    Start,
-    Close,
-    UpdateFeatures,
-    Release
-};
-const char* const kFunctions[] = {"Init",          "SetDeviceInfo",   "SetCallBackFunc",
-                                  "SetWidgetSize", "SetTitleVisible", "SetWidgetPosition",
-                                  "Start",         "Close",           "UpdateFeatures",
-                                  "Release"};
 
 const char* const kPlaces[] = {"idle",
                                "while reading",
@@ -91,12 +76,16 @@ protected:
     bool failsOnGuiThreadReads() const override { return false; }
 
 private:
+    static int setDeviceName(const char* name)
+    {
+        _OB_FT_DEVICEINFO_ info = {};
+        qstrncpy(info.deviceName, name, sizeof(info.deviceName));
+        return OB_FT_SetDeviceInfo(&info);
+    }
     void open(InterruptedHost& host)
     {
         OB_FT_Init(m_xml.constData(), nullptr, nullptr);
-        _OB_FT_DEVICEINFO_ info = {};
-        qstrncpy(info.deviceName, "Test camera", sizeof(info.deviceName));
-        OB_FT_SetDeviceInfo(&info);
+        setDeviceName("Test camera");
         host.install();
         OB_FT_SetWidgetSize(900, 700);
         OB_FT_SetWidgetPosition(10, 10);
@@ -109,63 +98,33 @@ private:
         return QTest::qWaitFor([] { return tree()->HadUpdatedOnce(); }, kWindowPatienceMs);
     }
 
-    int call(int function)
+    // The exported functions but the last, what calls them, and whether they have done it.
+    struct Function
     {
-        switch (function) {
-        case Init:
-            return OB_FT_Init(m_xml.constData(), nullptr, nullptr);
-        case SetDeviceInfo: {
-            _OB_FT_DEVICEINFO_ info = {};
-            qstrncpy(info.deviceName, "Renamed", sizeof(info.deviceName));
-            return OB_FT_SetDeviceInfo(&info);
-        }
-        case SetCallBackFunc:
-            m_next->install();
-            return 0;
-        case SetWidgetSize:
-            return OB_FT_SetWidgetSize(800, 600);
-        case SetTitleVisible:
-            return OB_FT_SetTitleVisible(1);
-        case SetWidgetPosition:
-            return OB_FT_SetWidgetPosition(40, 50);
-        case Start:
-            return OB_FT_Start(nullptr, 0);
-        case Close:
-            return OB_FT_Close();
-        case UpdateFeatures:
-            m_invalidated = m_now->fake.count("invalidate"_s);
-            return OB_FT_UpdateFeatures();
-        default:
-            return OB_FT_Release();
-        }
-    }
-
-    // Whether the function has done what it is for.
-    bool isDone(int function) const
-    {
-        switch (function) {
-        case Init:
-            return MessageGuard::contains("called again without OB_FT_Release"_s);
-        case SetDeviceInfo:
-            return window()->cTitleText() == QLatin1String("Renamed");
-        case SetCallBackFunc:
-            return m_next->fake.callCount() > 0;
-        case SetWidgetSize:
-            return window()->size() == QSize(800, 600);
-        case SetTitleVisible:
-            return true;
-        case SetWidgetPosition:
-            return window()->pos() == QPoint(40, 50);
-        case Start:
-            return window()->isVisible();
-        case Close:
-            return !window()->isVisible();
-        case UpdateFeatures:
-            return m_now->fake.count("invalidate"_s) > m_invalidated;
-        default:
-            return OB_FT_SetTitleVisible(0) == -1;
-        }
-    }
+        const char* name;
+        std::function<int()> call;
+        std::function<bool()> isDone;
+    };
+    const std::vector<Function> m_functions = {
+        {"Init", [this] { return OB_FT_Init(m_xml.constData(), nullptr, nullptr); },
+         [] { return MessageGuard::contains("called again without OB_FT_Release"_s); }},
+        {"SetDeviceInfo", [] { return setDeviceName("Renamed"); },
+         [] { return window()->cTitleText() == QLatin1String("Renamed"); }},
+        {"SetCallBackFunc", [this] { return m_next->install(); },
+         [this] { return m_next->fake.callCount() > 0; }},
+        {"SetWidgetSize", [] { return OB_FT_SetWidgetSize(800, 600); },
+         [] { return window()->size() == QSize(800, 600); }},
+        {"SetTitleVisible", [] { return OB_FT_SetTitleVisible(1); }, [] { return true; }},
+        {"SetWidgetPosition", [] { return OB_FT_SetWidgetPosition(40, 50); },
+         [] { return window()->pos() == QPoint(40, 50); }},
+        {"Start", [] { return OB_FT_Start(nullptr, 0); }, [] { return window()->isVisible(); }},
+        {"Close", [] { return OB_FT_Close(); }, [] { return !window()->isVisible(); }},
+        {"UpdateFeatures",
+         [this] {
+             m_invalidated = m_now->fake.count("invalidate"_s);
+             return OB_FT_UpdateFeatures();
+         },
+         [this] { return m_now->fake.count("invalidate"_s) > m_invalidated; }}};
 
     // Calls from that place of the opened window, and leaves it.
     void at(int place, const std::function<void()>& call)
@@ -316,11 +275,11 @@ private slots:
     {
         const Rows<int, int> row("place", "function");
         for (int place = Idle; place <= OtherThread; ++place) {
-            for (int function = Init; function < Release; ++function) {
+            for (int i = 0; i < int(m_functions.size()); ++i) {
                 if (place != Drag || dragsBlock())
                     row(qPrintable("%1, %2"_s.arg(QLatin1String(kPlaces[place]),
-                                                  QLatin1String(kFunctions[function]))),
-                        place, function);
+                                                  QLatin1String(m_functions[std::size_t(i)].name))),
+                        place, i);
             }
         }
     }
@@ -329,6 +288,7 @@ private slots:
     {
         QFETCH(int, place);
         QFETCH(int, function);
+        const Function& called = m_functions[std::size_t(function)];
         open(*m_now);
         if (place != WhileReading)
             QVERIFY(wasRead());
@@ -336,17 +296,17 @@ private slots:
         if (refused)
             MessageGuard::ignoreMessage(
                 QtCriticalMsg, QRegularExpression("OB_FT_%1: called on another thread"_s.arg(
-                                   QLatin1String(kFunctions[function]))));
-        const bool before = isDone(function);
+                                   QLatin1String(called.name))));
+        const bool before = called.isDone();
         int code = 1;
-        at(place, [&] { code = call(function); });
+        at(place, [&] { code = called.call(); });
         if (QTest::currentTestFailed())
             return;
         QCOMPARE(code, 0);
         if (refused)
-            QCOMPARE(isDone(function), before);
+            QCOMPARE(called.isDone(), before);
         else
-            QTRY_VERIFY(isDone(function));
+            QTRY_VERIFY(called.isDone());
         const QPointer<ORXMainFeatureWidget> old(window());
         OB_FT_Release();
         QTRY_VERIFY(!old);
@@ -417,8 +377,8 @@ private slots:
         program.setProcessEnvironment(environment);
         program.setProcessChannelMode(QProcess::MergedChannels);
         QStringList arguments = {"cameraGoesDuringADrag"_s};
-        for (int function = Init; function < Release; ++function)
-            arguments += "functions:drag, "_s + QLatin1String(kFunctions[function]);
+        for (const Function& function : m_functions)
+            arguments += "functions:drag, "_s + QLatin1String(function.name);
         for (const char* reopening : kReopenings)
             arguments += "releases:drag, "_s + QLatin1String(reopening);
         program.start(QCoreApplication::applicationFilePath(), arguments);

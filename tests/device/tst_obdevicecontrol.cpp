@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
+#include "device/XmlLimits.h"
 #include "support/FakeHost.h"
 #include "support/TestMain.h"
 
 #include <cstring>
+#include <functional>
 #include <stdexcept>
+
+using Write = std::function<bool(int* err)>;
+Q_DECLARE_METATYPE(Write)
 
 class TestOBDeviceControl : public GuardedTest
 {
@@ -30,60 +35,48 @@ private slots:
 
     void writesSendTheTextOfTheirType_data()
     {
-        const Rows<int, QVariant, QString> row("type", "value", "text");
-        row("largest integer", 2, qlonglong(INT64_MAX), "9223372036854775807");
-        row("smallest integer", 2, qlonglong(INT64_MIN), "-9223372036854775808");
-        row("true", 3, true, "1");
-        row("false", 3, false, "0");
-        row("command", 4, QVariant(), "");
-        row("float rounded", 5, 1234.56F, "1235");
-        row("float exponent", 5, 12346.0F, "1.235e+04");
-        row("float small", 5, 0.000123456F, "0.0001235");
-        row("text", 6, "lab 3"_s, "lab 3");
-        row("largest entry", 9, 4294967295U, "4294967295");
+        // sent: the type's code and the text
+        const Rows<Write, QString> row("write", "sent");
+        using Control = OBDeviceControl;
+        const auto integer = [](qint64 value) {
+            return [=](int* err) { return Control::SetIntegerNodeValue("F"_s, value, err); };
+        };
+        row("largest integer", integer(INT64_MAX), "2 9223372036854775807");
+        row("smallest integer", integer(INT64_MIN), "2 -9223372036854775808");
+        const auto boolean = [](bool value) {
+            return [=](int* err) { return Control::SetBoolNodeValue("F"_s, value, err); };
+        };
+        row("true", boolean(true), "3 1");
+        row("false", boolean(false), "3 0");
+        const auto command = [](int* err) { return Control::SetCommandNodeValue("F"_s, err); };
+        row("command", Write(command), "4 ");
+        const auto real = [](float value) {
+            return [=](int* err) { return Control::SetFloatNodeValue("F"_s, value, err); };
+        };
+        row("float rounded", real(1234.56F), "5 1235");
+        row("float exponent", real(12346.0F), "5 1.235e+04");
+        row("float small", real(0.000123456F), "5 0.0001235");
+        const auto text = [](int* err) { return Control::SetStringNodeValue("F"_s, "a b"_s, err); };
+        row("text", Write(text), "6 a b");
+        const auto entry = [](int* err) { return Control::SetEnumNodeValue("F"_s, ~0U, err); };
+        row("largest entry", Write(entry), "9 4294967295");
     }
 
     void writesSendTheTextOfTheirType()
     {
-        QFETCH(int, type);
-        QFETCH(QVariant, value);
-        QFETCH(QString, text);
-        struct Sent
-        {
-            int type = 0;
-            QByteArray text;
-        } sent;
+        QFETCH(Write, write);
+        QString sent;
         OBDeviceControl::SetCallBackFunc(
             nullptr,
-            [](int kind, char*, char* written, void* user) {
-                *static_cast<Sent*>(user) = {kind, QByteArray(written)};
-                return 0;
+            [](int type, char* name, char* text, void* user) {
+                *static_cast<QString*>(user) = "%1 %2"_s.arg(type).arg(QLatin1String(text));
+                return std::strcmp(name, "F");
             },
             nullptr, nullptr, nullptr, &sent);
-        const QString name = "Feature"_s;
         int err = -1;
-        switch (type) {
-        case 2:
-            QVERIFY(OBDeviceControl::SetIntegerNodeValue(name, value.toLongLong(), &err));
-            break;
-        case 3:
-            QVERIFY(OBDeviceControl::SetBoolNodeValue(name, value.toBool(), &err));
-            break;
-        case 4:
-            QVERIFY(OBDeviceControl::SetCommandNodeValue(name, &err));
-            break;
-        case 5:
-            QVERIFY(OBDeviceControl::SetFloatNodeValue(name, value.toFloat(), &err));
-            break;
-        case 6:
-            QVERIFY(OBDeviceControl::SetStringNodeValue(name, value.toString(), &err));
-            break;
-        default:
-            QVERIFY(OBDeviceControl::SetEnumNodeValue(name, value.toUInt(), &err));
-        }
+        QVERIFY(write(&err));
         QCOMPARE(err, 0);
-        QCOMPARE(sent.type, type);
-        QCOMPARE(sent.text, text.toLatin1());
+        QTEST(sent, "sent");
     }
 
     void readabilityTest_data()
@@ -103,9 +96,7 @@ private slots:
         QFETCH(int, mode);
         QFETCH(bool, readable);
         FakeHost host;
-        FakeHost::Feature feature = FakeHost::integerFeature(7);
-        feature.mode = mode;
-        host.set("Width"_s, feature);
+        host.set("Width"_s, FakeHost::integerFeature(7).withMode(mode));
         host.install();
         host.clearCalls();
         _ZDCC_INTVALUE_EX_T value = {};
@@ -162,9 +153,7 @@ private slots:
         QFETCH(int, mode);
         QFETCH(bool, active);
         FakeHost host;
-        FakeHost::Feature feature = FakeHost::booleanFeature(active);
-        feature.mode = mode;
-        host.set("ChunkModeActive"_s, feature);
+        host.set("ChunkModeActive"_s, FakeHost::booleanFeature(active).withMode(mode));
         host.install();
         QTEST(OBDeviceControl::IsSupportChunk(), "supported");
     }
@@ -227,6 +216,101 @@ private slots:
         OBDeviceControl::SetDeviceInfo(&info);
         QVERIFY(OBDeviceControl::IsGenTLInterface());
         QCOMPARE(OBDeviceControl::GetDeviceName(), QString(127, QLatin1Char('n')));
+    }
+
+    void textsWithinTheLimits_data()
+    {
+        const Rows<QByteArray, bool> row("text", "acceptable");
+        const auto nested = [](int depth) {
+            return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+        };
+        row("empty", "", true);
+        row("1,000 levels", nested(1000), true);
+        row("1,001 levels", nested(1001), false);
+        row("100,000 opened, none closed", QByteArray("<a>").repeated(100000), false);
+        row("many siblings", "<r>" + QByteArray("<a></a>").repeated(5000) + "</r>", true);
+        row("elements that close themselves", QByteArray("<a/>").repeated(5000), true);
+        row("tags inside comments", "<r><!--" + QByteArray("<a>").repeated(2000) + "--></r>", true);
+        row("tags inside CDATA", "<r><![CDATA[" + QByteArray("<a>").repeated(2000) + "]]></r>",
+            true);
+        row("sign inside an attribute", "<r>" + QByteArray("<a t='/>'>").repeated(1500) + "</r>",
+            false);
+        row("unfinished comment", "<r><!-- <a>", true);
+        row("quoted end of the declaration",
+            "<?xml version='1.0' encoding='?><!--'?>" + nested(1001), false);
+        row("apostrophe in a processing instruction", "<?p it's?>" + nested(1001), false);
+        row("document type declaration", "<!DOCTYPE r><r/>", false);
+        row("document type behind what may precede it",
+            "<?xml version='1.0'?>\n<!-- it's --><?p '?> <!DOCTYPE r [<!ENTITY a 'b'>]><r>&a;</r>",
+            false);
+        row("document type inside a comment", "<!-- <!DOCTYPE r> --><r/>", true);
+        row("document type inside CDATA", "<r><![CDATA[<!DOCTYPE r>]]></r>", true);
+        row("65 MB", QByteArray(65 * 1024 * 1024, ' '), false);
+    }
+
+    void textsWithinTheLimits()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(bool, acceptable);
+        QCOMPARE(XmlLimits::acceptable(text.constData(), static_cast<std::size_t>(text.size())),
+                 acceptable);
+    }
+
+    void descriptionsThatDoNotParse_data()
+    {
+        const Rows<QByteArray> row("text");
+        row("empty", "");
+        row("no XML", "Width=640");
+        row("cut off", "<RegisterDescription><Category");
+        row("100,000 levels", QByteArray("<a>").repeated(100000));
+        row("two roots", "<RegisterDescription/><RegisterDescription/>");
+        row("no root", "<?xml version='1.0'?><!-- nothing -->");
+        row("document type", "<!DOCTYPE r><RegisterDescription/>");
+        row("levels behind an apostrophe in the document type",
+            "<!DOCTYPE r [<!-- it's -->]>" + QByteArray("<a>").repeated(100000) +
+                QByteArray("</a>").repeated(100000));
+    }
+
+    void descriptionsThatDoNotParse()
+    {
+        QFETCH(QByteArray, text);
+        OBDeviceControl::Init("<RegisterDescription/>", nullptr);
+        QVERIFY(OBDeviceControl::GetDeviceXml()->documentElement());
+        MessageGuard::ignoreMessage(QtCriticalMsg, "Create XML pDeviceXml DomDocument Failed");
+        OBDeviceControl::Init(text.constData(), nullptr);
+        QVERIFY(!OBDeviceControl::GetDeviceXml()->documentElement());
+    }
+
+    void textOfAnElement_data()
+    {
+        const Rows<QByteArray, QString, QString> row("inner", "text", "inOnePiece");
+        row("blanks around it", " \n a b\t", " \n a b\t", "a b");
+        row("only blanks", "  ", "", "");
+        row("CDATA", "<![CDATA[ a<b ]]>", " a<b ", "a<b");
+        row("references", "&lt;&#181;&amp;&quot;", "<µ&\"", "<µ&\"");
+        row("of an entity that nobody declares", "&a;", "&a;", "&a;");
+        row("line breaks", "a\r\nb", "a\nb", "a\nb");
+        row("around a comment", "a<!-- c -->b", "ab", "");
+        row("around an element", "a<i>b<i>c</i></i>d", "abcd", "");
+        row("broken UTF-8", "a\xFF", "a\uFFFD", "a\uFFFD");
+    }
+
+    void textOfAnElement()
+    {
+        QFETCH(QByteArray, inner);
+        XmlDocument document;
+        QVERIFY(document.setContent("<r>" + inner + "</r>"));
+        QTEST(XmlText::of(document.documentElement()), "text");
+        QTEST(XmlText::toString(XmlText::trimmed(document.documentElement())), "inOnePiece");
+    }
+
+    void nullKeepsTheDescription()
+    {
+        OBDeviceControl::Init("\xEF\xBB\xBF<RegisterDescription ModelName='x'/>", nullptr);
+        OBDeviceControl::Init(nullptr, nullptr);
+        QCOMPARE(
+            XmlText::attribute(OBDeviceControl::GetDeviceXml()->documentElement(), "ModelName"),
+            "x"_s);
     }
 };
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "FakeGigECamera.h"
+#include "host/FakeGigECamera.h"
+
+#include "cameras/RealCamera.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -62,6 +64,17 @@ bool FakeGigECamera::start()
             return true;
     }
     return false;
+}
+
+std::unique_ptr<Camera> FakeGigECamera::open()
+{
+    std::string error = "does not answer";
+    std::unique_ptr<Camera> camera;
+    if (start())
+        camera = RealCamera::open(address().toStdString(), &error);
+    if (!camera)
+        qWarning("fake camera: %s", error.c_str());
+    return camera;
 }
 
 void FakeGigECamera::kill()

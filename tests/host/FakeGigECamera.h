@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "cameras/Camera.h"
 #include "support/ChildProcess.h"
 
 #include <QLockFile>
 #include <QString>
+
+#include <memory>
 
 // A GigE Vision camera on the loopback interface: the fake camera program of Aravis in a process of
 // its own. Waits its turn when another test uses the interface.
@@ -19,6 +22,8 @@ public:
 
     // False when the program does not answer.
     bool start();
+    // Starts it and opens it as a host does; null when that fails, which is said as a warning.
+    std::unique_ptr<Camera> open();
     // As if the cable were pulled.
     void kill();
 

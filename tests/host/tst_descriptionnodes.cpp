@@ -119,20 +119,11 @@ private slots:
 
     void reachesEachFeatureOnceInOrder()
     {
-        const QString category = "<Category Name=\"%1\">%2</Category>"_s;
-        const QString feature = "<pFeature>%1</pFeature>"_s;
-        const auto features = [&feature](const QStringList& names) {
-            QString text;
-            for (const QString& name : names)
-                text += feature.arg(name);
-            return text;
-        };
-        const auto s = [](const char* text) { return QString::fromLatin1(text); };
         const DescriptionNodes nodes(
-            inRoot(category.arg(s("Root"), features({s("C"), s("A")})) +
-                   category.arg(s("C"), features({s("B"), s("Gone"), s("Root"), s("A")})) +
-                   integer(s("A"), s("<Value>1</Value>")) + integer(s("B"), s("<Value>1</Value>")) +
-                   integer(s("Unreached"), s("<Value>1</Value>"))));
+            inRoot("<Category Name='Root'><pFeature>C</pFeature><pFeature>A</pFeature></Category>"
+                   "<Category Name='C'><pFeature>B</pFeature><pFeature>Gone</pFeature>"
+                   "<pFeature>Root</pFeature><pFeature>A</pFeature></Category><Integer Name='A'/>"
+                   "<Integer Name='B'/><Integer Name='Unreached'/>"_s));
         QCOMPARE(nodes.reachableFeatures(), (std::vector<std::string>{"B", "A"}));
     }
 

@@ -1,21 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "device/OBDeviceControl.h"
-#include "model/CTreeIntergerItemValue.h"
-#include "reading/FeatureMutex.h"
-#include "reading/IFeatureReadingOwner.h"
-#include "reading/QGetFeaturesThread.h"
-#include "support/DescriptionBuilder.h"
-#include "support/FakeHost.h"
-#include "support/LoadedDescription.h"
-#include "support/TestMain.h"
+#include "reading/PassTest.h"
 
-#include <QSemaphore>
 #include <QTimer>
 
 #include <thread>
 
 using namespace DescriptionBuilder;
-using Flags = QGetFeaturesThread::UpdateFlags;
 
 namespace {
 
@@ -35,122 +25,47 @@ const char kDescription[] = R"(
 <Integer Name="Gone"><pIsAvailable>Never</pIsAvailable><pIsImplemented>Never</pIsImplemented></Integer>
 <Integer Name="TLParamsLocked"/><Integer Name="Never"/>)";
 
-class Owner : public IFeatureReadingOwner
-{
-public:
-    FeatureMutex* GetFeatureMutex() override { return &mutex; }
-    void EmitPollingFeatureChanged(const QString& name) override
-    {
-        if (name == QLatin1String("Polled"))
-            ++polled;
-    }
-    FeatureMutex mutex;
-    std::atomic<int> polled{0};
-};
-
 } // namespace
 
-class TestQGetFeaturesThread : public GuardedTest
+class TestQGetFeaturesThread : public PassTest
 {
     Q_OBJECT
+
+public:
+    TestQGetFeaturesThread()
+        : PassTest(wrap(QString::fromLatin1(kDescription)))
+    {
+    }
 
 protected:
     void prepare() override
     {
-        m_description =
-            std::make_unique<LoadedDescription>(wrap(QString::fromLatin1(kDescription)));
-        m_host = std::make_unique<FakeHost>();
-        for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled", "Gone", "Idle", "Slow"})
-            m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(1));
-        for (const char* name : {"Root", "Device", "Closed"})
-            m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
-        for (const char* name : {"TLParamsLocked", "Never"})
-            m_host->set(QString::fromLatin1(name), FakeHost::integerFeature(0));
-        m_host->install();
-        m_host->clearCalls();
-        OBDeviceControl::SetUserLevel(1);
-        m_owner.polled = 0;
-        m_thread = std::make_unique<QGetFeaturesThread>(&m_owner, nullptr);
-        m_ended = 0;
-        connect(
-            m_thread.get(), &QGetFeaturesThread::sigThreadEnd, this, [this] { ++m_ended; },
-            Qt::DirectConnection);
-        arm();
+        PassTest::prepare();
+        m_host->set("Never"_s, FakeHost::integerFeature(0));
     }
-    void finish() override
-    {
-        release();
-        m_thread.reset();
-        m_gate.acquire(m_gate.available());
-        m_reached.acquire(m_reached.available());
-        FakeHost::uninstall();
-        OBDeviceControl::SetUserLevel(1);
-    }
-
-private:
-    void arm(bool pollingEmits = false)
-    {
-        m_thread->SetInitThreadInfo(
-            1, pollingEmits, m_description->index.nodes(), m_description->builder.AllTreeItemsMap(),
-            m_description->index.lockableFeatures(), m_description->index.pollingMap());
-    }
-    void request(_FEATURES_UPDATE_TYPE_ type, const QStringList& names, int flags)
-    {
-        m_thread->SetThreadInfo(type, names, Flags(flags));
-        m_thread->startPass();
-    }
-    // Holds the worker inside reads of `name` until release() is called.
-    void holdAt(const char* name)
-    {
-        const QString held = QString::fromLatin1(name);
-        m_holding = true;
-        m_host->beforeGet = [this, held](const QString& read) {
-            if (read != held || !m_holding)
-                return;
-            m_reached.release();
-            m_gate.acquire();
-        };
-    }
-    void release()
-    {
-        m_holding = false;
-        m_gate.release(1000);
-    }
-    int passesEnded() const { return m_ended; }
-
-    std::unique_ptr<LoadedDescription> m_description;
-    std::unique_ptr<FakeHost> m_host;
-    Owner m_owner;
-    std::unique_ptr<QGetFeaturesThread> m_thread;
-    // Counted on the worker itself: a QSignalSpy would be written there and read here.
-    std::atomic<int> m_ended{0};
-    std::atomic<bool> m_holding{false};
-    QSemaphore m_gate;
-    QSemaphore m_reached;
 
 private slots:
     void fullPassAsksForEachThingOnce()
     {
-        request(FEATURES_UPDATE_ALL, {}, 13);
-        QTRY_COMPARE(passesEnded(), 1);
+        request(13);
+        QTRY_COMPARE(m_ended.load(), 1);
         QTRY_VERIFY(!m_thread->isPassRunning());
         for (const char* name : {"A", "B", "C", "Guru", "Locked", "Polled"}) {
             const QString text = QString::fromLatin1(name);
             QCOMPARE(m_host->count("mode "_s + text), 1);
             QCOMPARE(m_host->count("get "_s + text), 1);
         }
-        QCOMPARE(m_host->count("get TLParamsLocked"_s), 1);
-        const auto* hexadecimal =
-            dynamic_cast<const CTreeIntergerItemValue*>(m_description->item("A")->value());
+        QCOMPARE(reads("TLParamsLocked"), 1);
+        const auto* hexadecimal = dynamic_cast<const CTreeIntergerItemValue*>(item("A"_s)->value());
         QCOMPARE(hexadecimal->representation(), "HexNumber"_s);
         // Three features name it, one of them twice: it is asked once for each item.
-        QCOMPARE(m_host->count("get Never"_s), 3);
+        QCOMPARE(reads("Never"), 3);
     }
 
     void oneItemUpdate_data()
     {
-        const Rows<QByteArray, int, int, bool, bool, QString> row(
-            "name", "mode", "locked", "visible", "readOnly", "visibility");
+        const Rows<QString, int, int, bool, bool, QString> row("name", "mode", "locked", "visible",
+                                                               "readOnly", "visibility");
         const QString beginner = "Beginner"_s;
         const QString invisible = "Invisible"_s;
         row("read-write", "A", 4, 0, true, false, beginner);
@@ -169,16 +84,14 @@ private slots:
 
     void oneItemUpdate()
     {
-        QFETCH(QByteArray, name);
+        QFETCH(QString, name);
         QFETCH(int, mode);
         QFETCH(int, locked);
         QFETCH(bool, visible);
         QFETCH(bool, readOnly);
-        FakeHost::Feature feature = FakeHost::integerFeature(1);
-        feature.mode = mode;
-        m_host->set(QString::fromLatin1(name), feature);
+        m_host->set(name, FakeHost::integerFeature(1).withMode(mode));
         m_host->set("TLParamsLocked"_s, FakeHost::integerFeature(locked));
-        ORXPropertyTreeItem* item = m_description->item(name.constData());
+        ORXPropertyTreeItem* item = this->item(name);
         m_thread->UpdateFeature(item, Flags(13));
         QCOMPARE(item->visible(), visible);
         QCOMPARE(item->readOnly(), readOnly);
@@ -206,20 +119,20 @@ private slots:
 
     void hiddenByLevelIsReadOnTheFirstPassOnly()
     {
-        ORXPropertyTreeItem* guru = m_description->item("Guru");
+        ORXPropertyTreeItem* guru = item("Guru"_s);
         m_thread->UpdateFeature(guru, Flags(13));
-        QCOMPARE(m_host->count("get Guru"_s), 1);
+        QCOMPARE(reads("Guru"), 1);
         m_thread->UpdateFeature(guru, Flags(14));
-        QCOMPARE(m_host->count("get Guru"_s), 1);
+        QCOMPARE(reads("Guru"), 1);
         OBDeviceControl::SetUserLevel(0);
-        request(FEATURES_UPDATE_ALL, {}, 4);
+        request(4);
         QTRY_VERIFY(guru->visible());
-        QCOMPARE(m_host->count("get Guru"_s), 1);
+        QCOMPARE(reads("Guru"), 1);
     }
 
     void rowThatBeginsToShowIsRead()
     {
-        ORXPropertyTreeItem* guru = m_description->item("Guru");
+        ORXPropertyTreeItem* guru = item("Guru"_s);
         m_thread->takeUserLevel();
         m_thread->UpdateFeature(guru, Flags(4));
         QVERIFY(!guru->visible() && !guru->wasRead());
@@ -227,13 +140,13 @@ private slots:
         m_thread->takeUserLevel();
         m_thread->UpdateFeature(guru, Flags(4));
         QVERIFY(guru->visible() && guru->wasRead());
-        QCOMPARE(m_host->count("get Guru"_s), 1);
+        QCOMPARE(reads("Guru"), 1);
     }
 
     // Polling never shows or hides by the level, but it tells a feature that is back.
     void pollingTellsAccess()
     {
-        ORXPropertyTreeItem* polled = m_description->item("Polled");
+        ORXPropertyTreeItem* polled = item("Polled"_s);
         for (const bool there : {true, false, true}) {
             m_host->failMode("Polled"_s, there ? 0 : 5);
             m_thread->UpdateFeature(polled, Flags(10));
@@ -246,10 +159,10 @@ private slots:
     void pollingThatWaitsGivesWay()
     {
         QVERIFY(m_thread->SetThreadInfo(FEATURES_UPDATE_POLLING, {}, Flags(10)));
-        request(FEATURES_UPDATE_ALL, {}, 13);
+        request(13);
         QTRY_VERIFY(!m_thread->isPassRunning());
-        QCOMPARE(m_host->count("get A"_s), 1);
-        QTRY_COMPARE(passesEnded(), 1);
+        QCOMPARE(reads("A"), 1);
+        QTRY_COMPARE(m_ended.load(), 1);
     }
 
     void requestsMeetTheRunningPass_data()
@@ -273,44 +186,40 @@ private slots:
         QFETCH(int, running);
         QFETCH(int, wanted);
         QFETCH(int, passes);
-        const char* const heldAt[] = {"A", "B", "TLParamsLocked", "Polled"};
-        holdAt(heldAt[running]);
-        request(static_cast<_FEATURES_UPDATE_TYPE_>(running), {"B"_s}, running == 3 ? 10 : 13);
-        m_reached.acquire();
+        requestAndHold(words("A B TLParamsLocked Polled").at(running), running == 3 ? 10 : 13,
+                       static_cast<_FEATURES_UPDATE_TYPE_>(running), {"B"_s});
         const auto type = static_cast<_FEATURES_UPDATE_TYPE_>(wanted);
         QTEST(m_thread->SetThreadInfo(type, {"C"_s}, Flags(13)), "accepted");
         m_thread->startPass();
-        release();
+        goOn();
         if (passes == 0) {
-            QTRY_VERIFY(m_host->count("get Polled"_s) > 2);
-            QCOMPARE(passesEnded(), 0);
+            QTRY_VERIFY(reads("Polled") > 2);
+            QCOMPARE(m_ended.load(), 0);
             return;
         }
-        QTRY_COMPARE(passesEnded(), passes);
+        QTRY_COMPARE(m_ended.load(), passes);
         QTRY_VERIFY(!m_thread->isPassRunning());
         if (wanted == 1)
-            QVERIFY(m_host->count("get C"_s) >= 1);
+            QVERIFY(reads("C") >= 1);
     }
 
     void namesJoinTheRunningQueue()
     {
-        holdAt("A");
-        request(FEATURES_UPDATE_INVALIDATED, {"A"_s, "B"_s, "Guru"_s}, 13);
-        m_reached.acquire();
-        request(FEATURES_UPDATE_INVALIDATED, {"B"_s, "C"_s, "Guru"_s}, 14);
-        release();
-        QTRY_COMPARE(passesEnded(), 1);
+        requestAndHold("A"_s, 13, FEATURES_UPDATE_INVALIDATED, words("A B Guru"));
+        request(14, FEATURES_UPDATE_INVALIDATED, words("B C Guru"));
+        goOn();
+        QTRY_COMPARE(m_ended.load(), 1);
         // B stood in both requests before it was read: once is enough.
-        QCOMPARE(m_host->count("get B"_s), 1);
-        QCOMPARE(m_host->count("get C"_s), 1);
+        QCOMPARE(reads("B"), 1);
+        QCOMPARE(reads("C"), 1);
         // It is hidden, so only the first request wants its value.
-        QCOMPARE(m_host->count("get Guru"_s), 1);
+        QCOMPARE(reads("Guru"), 1);
     }
 
     void pollingKeepsEachPeriod()
     {
-        request(FEATURES_UPDATE_POLLING, {}, 10);
-        QTRY_VERIFY(m_host->count("get Slow"_s) >= 2);
+        request(10, FEATURES_UPDATE_POLLING);
+        QTRY_VERIFY(reads("Slow") >= 2);
         m_thread->StopThread(true, true);
         QString order;
         for (const QString& call : m_host->calls().filter("get "_s))
@@ -331,7 +240,7 @@ private slots:
         QFETCH(bool, emits);
         QFETCH(bool, goes);
         QFETCH(int, reports);
-        arm(emits);
+        load(m_xml, emits);
         if (goes)
             m_host->failMode("Polled"_s, 5);
         std::atomic<qint64> value{0};
@@ -339,57 +248,55 @@ private slots:
             if (name == QLatin1String("Polled"))
                 m_host->set(name, FakeHost::integerFeature(++value));
         };
-        request(FEATURES_UPDATE_POLLING, {}, 10);
-        QTRY_VERIFY(m_host->count("mode Polled"_s) > 3 && m_owner.polled >= reports);
+        request(10, FEATURES_UPDATE_POLLING);
+        QTRY_VERIFY(m_host->count("mode Polled"_s) > 3 && m_polled >= reports);
         if (reports < 3)
-            QCOMPARE(m_owner.polled.load(), reports);
-        QCOMPARE(m_host->count("get A"_s), 0);
+            QCOMPARE(m_polled.load(), reports);
+        QCOMPARE(reads("A"), 0);
         m_thread->StopThread(true, true);
-        QTRY_COMPARE(passesEnded(), 1);
+        QTRY_COMPARE(m_ended.load(), 1);
     }
 
     void stopEndsThePassAndRefusesRequests()
     {
-        holdAt("B");
-        request(FEATURES_UPDATE_ALL, {}, 13);
-        m_reached.acquire();
-        // The stop waits for the host's call, so the call has to end while it waits: from the
-        // moment on in which requests are refused.
-        std::thread host([this] {
-            while (m_thread->SetThreadInfo(FEATURES_UPDATE_INVALIDATED, {}, Flags(13)))
+        requestAndHold("B"_s, 13);
+        // The stop waits for the host's call, so the call has to end while it waits.
+        std::atomic<bool> refused{false};
+        std::thread host([&] {
+            while (!MessageGuard::contains("waiting for a call of the host"_s))
                 std::this_thread::yield();
-            release();
+            refused = !m_thread->SetThreadInfo(FEATURES_UPDATE_INVALIDATED, {}, Flags(13));
+            goOn();
         });
         m_thread->StopThread(true, true);
         host.join();
-        QCOMPARE(m_host->count("get C"_s), 0);
+        QVERIFY(refused);
+        QCOMPARE(reads("C"), 0);
         QVERIFY(!m_thread->SetThreadInfo(FEATURES_UPDATE_ALL, {}, Flags(13)));
         m_thread->StopThread(false, true);
-        request(FEATURES_UPDATE_ALL, {}, 13);
-        QTRY_COMPARE(m_host->count("get C"_s), 1);
+        request(13);
+        QTRY_COMPARE(reads("C"), 1);
     }
 
     void disabledNamesAreLeftAlone()
     {
         m_thread->SetDisableUpdateList({"B"_s});
-        request(FEATURES_UPDATE_ALL, {}, 13);
-        QTRY_COMPARE(passesEnded(), 1);
+        request(13);
+        QTRY_COMPARE(m_ended.load(), 1);
         QCOMPARE(m_host->count("mode B"_s), 0);
-        QVERIFY(m_description->item("B")->visible());
+        QVERIFY(item("B"_s)->visible());
         m_thread->SetDisableUpdateList({});
-        QVERIFY(m_thread->UpdateFeature(m_description->item("B"), Flags(13)));
+        QVERIFY(m_thread->UpdateFeature(item("B"_s), Flags(13)));
         m_thread->SetDisableUpdateList({"B"_s}); // nothing to wait for
     }
 
     void disablingWaitsForTheFeatureUnderWay()
     {
-        holdAt("B");
-        request(FEATURES_UPDATE_ALL, {}, 13);
-        m_reached.acquire();
+        requestAndHold("B"_s, 13);
         bool released = false;
         QTimer::singleShot(0, this, [&] {
             released = true;
-            release();
+            goOn();
         });
         m_thread->SetDisableUpdateList({"B"_s});
         QVERIFY(released);
@@ -399,10 +306,10 @@ private slots:
     void noRequestIsLostAtTheEndOfAPass()
     {
         for (int round = 1; round <= 60; ++round) {
-            request(FEATURES_UPDATE_INVALIDATED, {"A"_s}, 13);
+            request(13, FEATURES_UPDATE_INVALIDATED, {"A"_s});
             if (round % 3 == 0)
                 QThread::yieldCurrentThread();
-            QTRY_VERIFY(m_host->count("get A"_s) >= 1);
+            QTRY_VERIFY(reads("A") >= 1);
             m_host->clearCalls();
             QTRY_VERIFY(!m_thread->isPassRunning());
         }

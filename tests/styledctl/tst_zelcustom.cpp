@@ -17,29 +17,20 @@
 namespace {
 
 // Every key that the feature window asks for.
-const char* const kKeys[] = {
-    "ZEL_DB_COLOR_CommonColor_Font_Little_Black",
-    "CommonColor_FeatureTree_Font",
-    "CommonColor_PushButton_Bottom_Border",
-    "CommonColor_DragBox_Border",
-    "CommonColor_FeatureWidget_backgroundRole",
-    "ZEL_DB_COLOR_CommonColor_FeatureWidget_backgroundRole",
-    "ORXPropertyTreeModelColor_Foreground_Default",
-    "ORXPropertyTreeModelColor_Foreground",
-    "QGetFeaturesThreadColor_FeatureTitle",
-    "QGetFeaturesThreadColor_FeatureDesc",
-    "ZEL_DB_COLOR_IORXFeatureWidgetColor_Background",
-    "ZEL_DB_COLOR_ORXMainFeatureWidgetColor_TitleBar_Background_Gradient",
-    "ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gradient",
-    "QLUTDrawWidgetColor_Background",
-    "QLUTDrawWidgetColor_Grid",
-    "QLUTDrawWidgetColor_Line",
-    "QLUTDrawWidgetColor_Label_Font1",
-    "QLUTDrawWidgetColor_Label_Font2",
-    "ZEL_DB_COLOR_ORXFeatureSaveWidgetColor_Label_Font_Orange",
-    "ZEL_DB_COLOR_ORXFeatureSaveWidgetColor_Label_Font_Gray",
-    "ZEL_DB_COLOR_ORXFeatureSaveWidgetColor_Label_Font_Black",
-};
+const QStringList kKeys = words(
+    "ZEL_DB_COLOR_CommonColor_Font_Little_Black CommonColor_FeatureTree_Font "
+    "CommonColor_PushButton_Bottom_Border CommonColor_DragBox_Border "
+    "CommonColor_FeatureWidget_backgroundRole "
+    "ZEL_DB_COLOR_CommonColor_FeatureWidget_backgroundRole "
+    "ORXPropertyTreeModelColor_Foreground_Default ORXPropertyTreeModelColor_Foreground "
+    "QGetFeaturesThreadColor_FeatureTitle QGetFeaturesThreadColor_FeatureDesc "
+    "ZEL_DB_COLOR_IORXFeatureWidgetColor_Background "
+    "ZEL_DB_COLOR_ORXMainFeatureWidgetColor_TitleBar_Background_Gradient "
+    "ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gradient QLUTDrawWidgetColor_Background "
+    "QLUTDrawWidgetColor_Grid QLUTDrawWidgetColor_Line QLUTDrawWidgetColor_Label_Font1 "
+    "QLUTDrawWidgetColor_Label_Font2 ZEL_DB_COLOR_ORXFeatureSaveWidgetColor_Label_Font_Orange "
+    "ZEL_DB_COLOR_ORXFeatureSaveWidgetColor_Label_Font_Gray "
+    "ZEL_DB_COLOR_ORXFeatureSaveWidgetColor_Label_Font_Black");
 
 const char kTheme[] = ":/ORX/QSS/CustomStyleSheet_ORX.xml";
 
@@ -94,8 +85,8 @@ private slots:
     {
         MessageGuard::expectMessage("cannot be opened"_s);
         QVERIFY(!ZELCustom::addXmlPath(QString::fromLatin1(kTheme)));
-        for (const char* key : kKeys)
-            QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
+        for (const QString& key : kKeys)
+            QVERIFY2(ZELCustom::getDataBaseColor(key).isValid(), qPrintable(key));
         QVERIFY(!ZELCustom::styleSheet(ZELCustom::Sheet_Tree).isEmpty());
     }
 
@@ -108,15 +99,15 @@ private slots:
                 pack);
         }
         QStringList names;
-        for (const char* name :
-             {"mode1_WhiteHot", "mode2_BlackHot", "mode3_Fusion1", "mode4_Rainbow", "mode5_Fusion2",
-              "mode6_Ironbow1", "mode7_Ironbow2", "mode8_Sepia", "mode9_Color1", "mode10_Color2",
-              "mode11_IceFire", "mode12_Rain", "mode13_GreenHot", "mode14_RedHot"})
-            names << ":/ORX/Temperature/%1"_s.arg(QLatin1String(name));
-        for (const char* name :
-             {"Save", "Save_sel", "Save_dis", "refresh", "refresh_sel", "refresh_dis",
-              "icon_Cn_normal", "icon_Cn_hover", "icon_En_normal", "icon_En_hover"})
-            names << ":/ORXToolBarBtn/%1"_s.arg(QLatin1String(name));
+        for (const QString& name :
+             words("mode1_WhiteHot mode2_BlackHot mode3_Fusion1 mode4_Rainbow mode5_Fusion2 "
+                   "mode6_Ironbow1 mode7_Ironbow2 mode8_Sepia mode9_Color1 mode10_Color2 "
+                   "mode11_IceFire mode12_Rain mode13_GreenHot mode14_RedHot"))
+            names << ":/ORX/Temperature/"_s + name;
+        for (const QString& name :
+             words("Save Save_sel Save_dis refresh refresh_sel refresh_dis icon_Cn_normal "
+                   "icon_Cn_hover icon_En_normal icon_En_hover"))
+            names << ":/ORXToolBarBtn/"_s + name;
         names << ":/ORX/btn/FFC tool"_s
               << ":/ORX/icon/window"_s
               << ":/ORXStyledCtl/message_error"_s;
@@ -133,10 +124,8 @@ private slots:
     void everyKeyIsDefined()
     {
         QVERIFY(ZELCustom::addXmlPath(QString::fromLatin1(kTheme)));
-        for (const char* key : kKeys) {
-            QVERIFY2(ZELCustom::hasDataBaseColor(QString::fromLatin1(key)), key);
-            QVERIFY2(ZELCustom::getDataBaseColor(QString::fromLatin1(key)).isValid(), key);
-        }
+        for (const QString& key : kKeys)
+            QVERIFY2(ZELCustom::hasDataBaseColor(key), qPrintable(key));
         QVERIFY(!MessageGuard::contains("Theme has no"_s));
         const QBrush gradient = ZELCustom::getDataBaseBrush(
             "ZEL_DB_COLOR_ORXFeatureToolBarColor_Background_Gradient"_s);
@@ -145,45 +134,38 @@ private slots:
 
     void textIsReadable_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("ground");
-        const auto row = [](const char* text, const char* ground) {
-            QTest::addRow("%s on %s", text, ground)
-                << QString::fromLatin1(text) << QString::fromLatin1(ground);
-        };
-        for (const char* ground :
-             {"StyledCtlColor_Input", "StyledCtlColor_Window", "StyledCtlColor_Surface",
-              "StyledCtlColor_Raised", "StyledCtlColor_Popup"}) {
-            row("StyledCtlColor_Text", ground);
-            row("StyledCtlColor_TextMuted", ground);
-            row("StyledCtlColor_TextDisabled", ground);
-        }
-        row("StyledCtlColor_Text", "StyledCtlColor_Hover");
-        row("StyledCtlColor_Placeholder", "StyledCtlColor_Input");
-        row("StyledCtlColor_Error", "StyledCtlColor_Raised");
-        row("StyledCtlColor_Error", "StyledCtlColor_Hover");
-        row("StyledCtlColor_OnAccent", "StyledCtlColor_Accent");
-        row("StyledCtlColor_OnAccent", "StyledCtlColor_AccentHover");
-        row("StyledCtlColor_OnAccent", "StyledCtlColor_AccentPressed");
-        row("StyledCtlColor_SelectionText", "StyledCtlColor_Selection");
-        row("StyledCtlColor_SelectionText", "StyledCtlColor_TextSelection");
-        row("ORXPropertyTreeModelColor_Foreground_Default", "IORXFeatureWidgetColor_Background");
-        row("ORXPropertyTreeModelColor_Foreground_Default", "StyledCtlColor_Selection");
-        row("ORXPropertyTreeModelColor_Foreground", "IORXFeatureWidgetColor_Background");
-        row("CommonColor_PushButton_Bottom_Border", "IORXFeatureWidgetColor_Background");
-        row("CommonColor_PushButton_Bottom_Border", "StyledCtlColor_Selection");
-        row("QGetFeaturesThreadColor_FeatureDesc", "StyledCtlColor_Window");
-        row("QLUTDrawWidgetColor_Label_Font1", "QLUTDrawWidgetColor_Background");
-        row("ORXFeatureSaveWidgetColor_Label_Font_Orange", "StyledCtlColor_Surface");
+        const Rows<QString, QStringList> row("text", "grounds");
+        const char* const plain = "StyledCtlColor_Input StyledCtlColor_Window "
+                                  "StyledCtlColor_Surface StyledCtlColor_Raised "
+                                  "StyledCtlColor_Popup";
+        row.of("StyledCtlColor_Text", words(plain) + words("StyledCtlColor_Hover"));
+        row.of("StyledCtlColor_TextMuted", plain);
+        row.of("StyledCtlColor_TextDisabled", plain);
+        row.of("StyledCtlColor_Placeholder", "StyledCtlColor_Input");
+        row.of("StyledCtlColor_Error", "StyledCtlColor_Raised StyledCtlColor_Hover");
+        row.of("StyledCtlColor_OnAccent", "StyledCtlColor_Accent StyledCtlColor_AccentHover "
+                                          "StyledCtlColor_AccentPressed");
+        row.of("StyledCtlColor_SelectionText",
+               "StyledCtlColor_Selection StyledCtlColor_TextSelection");
+        const char* const rows = "IORXFeatureWidgetColor_Background StyledCtlColor_Selection";
+        row.of("ORXPropertyTreeModelColor_Foreground_Default", rows);
+        row.of("ORXPropertyTreeModelColor_Foreground", "IORXFeatureWidgetColor_Background");
+        row.of("CommonColor_PushButton_Bottom_Border", rows);
+        row.of("QGetFeaturesThreadColor_FeatureDesc", "StyledCtlColor_Window");
+        row.of("QLUTDrawWidgetColor_Label_Font1", "QLUTDrawWidgetColor_Background");
+        row.of("ORXFeatureSaveWidgetColor_Label_Font_Orange", "StyledCtlColor_Surface");
     }
 
     void textIsReadable()
     {
         QFETCH(QString, text);
-        QFETCH(QString, ground);
-        const qreal ratio =
-            contrast(ZELCustom::getDataBaseColor(text), ZELCustom::getDataBaseColor(ground));
-        QVERIFY2(ratio >= 4.5, qPrintable(QString::number(ratio)));
+        QFETCH(QStringList, grounds);
+        for (const QString& ground : grounds) {
+            QVERIFY(ZELCustom::hasDataBaseColor(ground));
+            const qreal ratio =
+                contrast(ZELCustom::getDataBaseColor(text), ZELCustom::getDataBaseColor(ground));
+            QVERIFY2(ratio >= 4.5, qPrintable("%1 on %2"_s.arg(ratio).arg(ground)));
+        }
     }
 
     void laterFileOverrides()

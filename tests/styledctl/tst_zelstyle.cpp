@@ -11,7 +11,6 @@
 #include "styledctl/ZELCustomSpinBox64.h"
 #include "styledctl/ZELCustomWidget.h"
 #include "styledctl/ZELSplitterKeys.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QAbstractItemView>
@@ -189,21 +188,17 @@ private slots:
 
     void typingEmitsOnce_data()
     {
-        const Rows<bool> row("real");
-        row("integer", false);
-        row("floating point", true);
+        const Rows<Make> row("make");
+        row("integer", &halfway<ZELCustomSpinBox>);
+        row("floating point", &halfway<ZELCustomDoubleSpinBox>);
     }
 
     void typingEmitsOnce()
     {
-        QFETCH(bool, real);
-        auto* whole = new ZELCustomSpinBox;
-        auto* broken = new ZELCustomDoubleSpinBox;
-        Stage stage(real ? static_cast<QWidget*>(broken) : whole);
-        const QScopedPointer<QWidget> spare(real ? static_cast<QWidget*>(whole) : broken);
+        QFETCH(Make, make);
+        Stage stage(make());
         QSignalSpy changed(stage.control, SIGNAL(valueChanged(QString)));
-        QLineEdit* edit = real ? broken->lineEdit() : whole->lineEdit();
-        edit->selectAll();
+        stage.control->findChild<QLineEdit*>()->selectAll();
         QTest::keyClicks(stage.control, "42"_s);
         QCOMPARE(changed.size(), 0);
         QTest::keyClick(stage.control, Qt::Key_Return);
@@ -274,18 +269,15 @@ private slots:
     {
         ZELCustomComboBox box;
         box.addItems({"Mono8"_s, "Mono12"_s});
-        box.setCurrentIndex(1);
-        box.cSetFontSize(14);
         box.show();
-        QVERIFY(box.findChildren<QAbstractItemView*>().isEmpty());
-        box.showPopup();
-        QVERIFY(box.view()->isVisible());
-        QCOMPARE(box.view()->font().pixelSize(), 14);
-        box.hidePopup();
-        box.cSetFontSize(16);
-        box.showPopup();
-        QCOMPARE(box.view()->font().pixelSize(), 16);
-        box.hidePopup();
+        for (const int fontSize : {14, 16}) {
+            box.cSetFontSize(fontSize);
+            QCOMPARE(box.findChildren<QAbstractItemView*>().isEmpty(), fontSize == 14);
+            box.showPopup();
+            QVERIFY(box.view()->isVisible());
+            QCOMPARE(box.view()->font().pixelSize(), fontSize);
+            box.hidePopup();
+        }
     }
 
     void comboBoxSizeFollowsEntriesAndFont()

@@ -10,10 +10,23 @@
 class CallLog
 {
 public:
-    void add(const QString& call);
-    QStringList calls() const;
-    int count(const QString& call) const;
-    void clear();
+    void add(const QString& call)
+    {
+        ++m_total;
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_calls.append(call);
+    }
+    QStringList calls() const
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_calls;
+    }
+    int count(const QString& call) const { return calls().count(call); }
+    void clear()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_calls.clear();
+    }
     // All that ever came; clear() leaves it.
     qint64 total() const { return m_total; }
 

@@ -39,21 +39,11 @@ QStringList GuiThreadReads::take()
 }
 
 GuiThreadReads::InstallingCallbacks::InstallingCallbacks()
+    : Scope(s_installing)
 {
-    ++s_installing;
-}
-
-GuiThreadReads::InstallingCallbacks::~InstallingCallbacks()
-{
-    --s_installing;
 }
 
 GuiThreadReads::ReadingHere::ReadingHere()
+    : Scope(s_readingHere)
 {
-    ++s_readingHere;
-}
-
-GuiThreadReads::ReadingHere::~ReadingHere()
-{
-    --s_readingHere;
 }

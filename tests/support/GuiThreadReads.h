@@ -19,24 +19,35 @@ void note(const char* kind, const QString& name);
 // Calls since the last take(), as "get Width on the GUI thread".
 QStringList take();
 
-// While it lives, the host's callbacks are being installed: "ChunkModeActive" may be asked for.
-class InstallingCallbacks
+// While one lives, reads on the GUI thread are right.
+class Scope
 {
 public:
-    InstallingCallbacks();
-    ~InstallingCallbacks();
-    InstallingCallbacks(const InstallingCallbacks&) = delete;
-    InstallingCallbacks& operator=(const InstallingCallbacks&) = delete;
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+protected:
+    explicit Scope(int& depth)
+        : m_depth(depth)
+    {
+        ++m_depth;
+    }
+    ~Scope() { --m_depth; }
+
+private:
+    int& m_depth;
 };
 
-// While it lives, the test itself calls an operation whose contract is to read in this thread.
-class ReadingHere
+// The host's callbacks are being installed: "ChunkModeActive" may be asked for.
+struct InstallingCallbacks : Scope
 {
-public:
+    InstallingCallbacks();
+};
+
+// The test itself calls an operation whose contract is to read in this thread.
+struct ReadingHere : Scope
+{
     ReadingHere();
-    ~ReadingHere();
-    ReadingHere(const ReadingHere&) = delete;
-    ReadingHere& operator=(const ReadingHere&) = delete;
 };
 
 } // namespace GuiThreadReads

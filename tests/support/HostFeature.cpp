@@ -4,6 +4,13 @@
 #include <algorithm>
 #include <cstring>
 
+HostFeature HostFeature::withMode(int accessMode) const
+{
+    HostFeature feature = *this;
+    feature.mode = accessMode;
+    return feature;
+}
+
 int HostFeature::readInto(int askedType, void* record) const
 {
     switch (askedType) {

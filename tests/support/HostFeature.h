@@ -20,6 +20,8 @@ struct HostFeature
     QByteArray text;
     qint64 maximumLength = 64;
 
+    // The same with that access mode.
+    HostFeature withMode(int accessMode) const;
     // Fills the record of the type; 0 or an error code.
     int readInto(int askedType, void* record) const;
     void write(const QByteArray& value);

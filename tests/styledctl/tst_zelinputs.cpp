@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomSpinBox64.h"
 #include "support/TestMain.h"
 
@@ -12,9 +13,20 @@ namespace {
 
 using Limits = std::numeric_limits<qlonglong>;
 
+// Guarded against a second click; the test moves the time.
+struct PatientButton : ZELCustomPushButton
+{
+    PatientButton()
+    {
+        cSetClickClock([this] { return now; });
+        cSetControlClickEvent(true);
+    }
+    qint64 now = 1000;
+};
+
 } // namespace
 
-class TestZELCustomSpinBox64 : public GuardedTest
+class TestZELInputs : public GuardedTest
 {
     Q_OBJECT
 
@@ -76,77 +88,49 @@ private slots:
         QCOMPARE(m_box->lineEdit()->text(), QString::number(m_box->value()));
     }
 
-    void typingCommitsOnEnter()
-    {
-        QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-        type("250"_s);
-        QCOMPARE(changed.size(), 0);
-        QVERIFY(m_box->hasPendingEdit());
-        QCOMPARE(m_box->value(), 100LL);
-        QTest::keyClick(m_box, Qt::Key_Return);
-        QCOMPARE(changed.size(), 1);
-        QCOMPARE(changed.at(0).at(0).toLongLong(), 250LL);
-        QVERIFY(!m_box->hasPendingEdit());
-        QTest::keyClick(m_box, Qt::Key_Return);
-        m_other->setFocus();
-        QCOMPARE(changed.size(), 1);
-    }
-
-    void typingCommitsOnFocusLoss()
-    {
-        QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-        type("7"_s);
-        m_other->setFocus();
-        QTRY_VERIFY(m_other->hasFocus());
-        QCOMPARE(changed.size(), 1);
-        QCOMPARE(m_box->value(), 7LL);
-    }
-
     void typedTexts_data()
     {
-        const Rows<QString, qlonglong, int> row("text", "value", "signals_");
-        row("unchanged", "100", 100, 0);
-        row("leading zeros", "0100", 100, 0);
-        row("empty", "", 100, 0);
-        row("sign alone", "-", 100, 0);
-        row("above the range", "4096", 1000, 1);
-        row("below the range", "-5", 0, 1);
-        row("beyond 64 bits", "99999999999999999999", 100, 0);
-        row("far below 64 bits", "-99999999999999999999", 100, 0);
+        // key 0: the focus goes elsewhere
+        const Rows<QString, int, qlonglong, QString> row("text", "key", "value", "emitted");
+        row("enter", "250", Qt::Key_Return, 250, "250");
+        row("focus loss", "7", 0, 7, "7");
+        row("escape drops it", "250", Qt::Key_Escape, 100, "");
+        row("step starts from it", "500", Qt::Key_Up, 501, "501");
+        row("unchanged", "100", Qt::Key_Enter, 100, "");
+        row("leading zeros", "0100", Qt::Key_Enter, 100, "");
+        row("empty", "", Qt::Key_Enter, 100, "");
+        row("sign alone", "-", Qt::Key_Enter, 100, "");
+        row("above the range", "4096", Qt::Key_Enter, 1000, "1000");
+        row("below the range", "-5", Qt::Key_Enter, 0, "0");
+        row("beyond 64 bits", "99999999999999999999", Qt::Key_Enter, 100, "");
+        row("far below 64 bits", "-99999999999999999999", Qt::Key_Enter, 100, "");
         // Keys that give no number are refused as they are typed.
-        row("letters", "1a2", 12, 1);
-        row("plus", "+8", 8, 1);
+        row("letters", "1a2", Qt::Key_Enter, 12, "12");
+        row("plus", "+8", Qt::Key_Enter, 8, "8");
     }
 
     void typedTexts()
     {
         QFETCH(QString, text);
-        QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
+        QFETCH(int, key);
+        QStringList emitted;
+        const QObject listening;
+        connect(m_box, &ZELCustomSpinBox64::valueChanged, &listening,
+                [&emitted](qlonglong value) { emitted += QString::number(value); });
         type(text);
-        QCOMPARE(changed.size(), 0);
-        QTest::keyClick(m_box, Qt::Key_Enter);
+        QVERIFY(m_box->hasPendingEdit());
+        QCOMPARE(m_box->value(), 100LL);
+        if (key != 0)
+            QTest::keyClick(m_box, Qt::Key(key));
+        else
+            m_other->setFocus();
         QTEST(m_box->value(), "value");
-        QTEST(changed.size(), "signals_");
         QCOMPARE(m_box->lineEdit()->text(), QString::number(m_box->value()));
-    }
-
-    void escapeDropsTypedText()
-    {
-        QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-        type("250"_s);
-        QTest::keyClick(m_box, Qt::Key_Escape);
-        QCOMPARE(m_box->lineEdit()->text(), "100"_s);
+        QVERIFY(!m_box->hasPendingEdit());
+        // Once is enough.
+        QTest::keyClick(m_box, Qt::Key_Return);
         m_other->setFocus();
-        QCOMPARE(changed.size(), 0);
-    }
-
-    void stepStartsFromTypedText()
-    {
-        QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-        type("500"_s);
-        QTest::keyClick(m_box, Qt::Key_Up);
-        QCOMPARE(changed.size(), 1);
-        QCOMPARE(m_box->value(), 501LL);
+        QTEST(emitted.join(QLatin1Char(' ')), "emitted");
     }
 
     void arrowKeysAndButtonsEmitAtOnce()
@@ -213,7 +197,79 @@ private slots:
         QCOMPARE(calls, 1);
         QCOMPARE(m_box->value(), 12LL);
     }
+
+    void guardIgnoresSecondClick_data()
+    {
+        const Rows<int> row("way");
+        row("mouse", 0);
+        row("space", Qt::Key_Space);
+        row("enter", Qt::Key_Return);
+        row("program", -1);
+    }
+
+    void guardIgnoresSecondClick()
+    {
+        QFETCH(int, way);
+        PatientButton button;
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        const auto press = [&] {
+            if (way == 0)
+                QTest::mouseClick(&button, Qt::LeftButton);
+            else if (way < 0)
+                button.click();
+            else
+                QTest::keyClick(&button, Qt::Key(way));
+        };
+        press();
+        QCOMPARE(clicked.size(), 1);
+        button.now += 499;
+        press();
+        QCOMPARE(clicked.size(), 1);
+        // Filling an editor again sets the guard again: that must not open it.
+        button.cSetControlClickEvent(true);
+        press();
+        QCOMPARE(clicked.size(), 1);
+        button.now += 1;
+        press();
+        QCOMPARE(clicked.size(), 2);
+    }
+
+    void unguardedButtonTakesEveryClick()
+    {
+        ZELCustomPushButton button;
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        for (int i = 0; i < 5; ++i)
+            QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(clicked.size(), 5);
+    }
+
+    void slowHandlerDoesNotOpenTheGuard()
+    {
+        PatientButton button;
+        int handled = 0;
+        connect(&button, &QPushButton::clicked, this, [&] {
+            // A handler that runs the event loop may be clicked while it runs.
+            if (++handled == 1) {
+                QTest::mouseClick(&button, Qt::LeftButton);
+                button.now += 100;
+            }
+        });
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(handled, 1);
+    }
+
+    void releaseOfAnIgnoredPressDoesNothing()
+    {
+        PatientButton button;
+        QSignalSpy clicked(&button, &QPushButton::clicked);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        button.now += 400;
+        QTest::mousePress(&button, Qt::LeftButton);
+        button.now += 200;
+        QTest::mouseRelease(&button, Qt::LeftButton);
+        QCOMPARE(clicked.size(), 1);
+    }
 };
 
-OBFT_TEST_MAIN(TestZELCustomSpinBox64)
-#include "tst_zelcustomspinbox64.moc"
+OBFT_TEST_MAIN(TestZELInputs)
+#include "tst_zelinputs.moc"

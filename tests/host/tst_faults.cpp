@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "faults/FaultPlan.h"
+#include "demo/DemoCamera.h"
+#include "faults/FaultyCamera.h"
+#include "faults/FaultyRecords.h"
+#include "host/CameraTalk.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>
 
+#include <OBFeatureTree/OBFeatureTree.h>
+
 #include <cmath>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -40,9 +47,26 @@ QString described(const FaultPlan::Rule& rule)
 
 } // namespace
 
-class TestFaultPlan : public GuardedTest
+// Plans of faults, and the camera that carries them out.
+class TestFaults : public GuardedTest
 {
     Q_OBJECT
+
+private:
+    std::unique_ptr<FaultyCamera> faulty(const QString& plan)
+    {
+        QString error;
+        const auto parsed = FaultPlan::parse(plan, &error);
+        if (!parsed)
+            qWarning("%s", qPrintable(error));
+        return std::make_unique<FaultyCamera>(*m_demo, *parsed, &m_clock);
+    }
+
+    ManualClock m_clock;
+    std::unique_ptr<DemoCamera> m_demo;
+
+protected:
+    void prepare() override { m_demo = std::make_unique<DemoCamera>(&m_clock); }
 
 private slots:
     void understandsRules_data()
@@ -136,7 +160,72 @@ private slots:
         rule.pattern = pattern.toStdString();
         QTEST(rule.matches(name.toStdString()), "matches");
     }
+
+    void faultsCome_data()
+    {
+        const Rows<QString, QString> row("plan", "talk");
+        row("none", "", "Width: 1920; Width=640; Width: 640; isConnected: 1; invalidate()");
+        row("latencies add up", "latency * 5; latency Width 20 on read; hang Height 300",
+            "Width: 1920; took 25ms; Width? rw; took 5ms; Height: 1200; took 305ms; Height: 1200; "
+            "took 5ms");
+        row("an error comes when it is due", "error Width 0x80000042 after 1 times 2 on read",
+            "Width? rw; Width: 1920; Width: error -2147483582; Width: error -2147483582; "
+            "Width: 1920");
+        row("a feature vanishes", "vanish Width after 1",
+            "Width? rw; Width? ni: NodeNotFound; Width: NodeNotFound");
+        row("a lock appears after a write", "lock Wid* by ExposureTime",
+            "Width=640; ExposureTime=no number: InvalidText; Width=656; ExposureTime=500; "
+            "Width? ro; Width=640: NotWritable; Width: 656");
+        row("a connection ends", "disconnect after 3",
+            "Width: 1920; Width: 1920; Width: 1920; Width: NotConnected; isConnected: 0; "
+            "invalidate(): NotConnected; reconnect(); isConnected: 1; Width: 1920");
+        row("records are spoilt",
+            "range Width min=10 max=1 inc=-3; range Gain value=nan max=-inf; entries PixelFormat "
+            "5000; value PixelFormat 7; value ReverseX 200; text DeviceUserID unterminated; text "
+            "DeviceVendorName empty",
+            "Width.min: 10; Width.max: 1; Width.inc: -3; Gain: nan; Gain.max: -inf; "
+            "PixelFormat.entries: 5000; PixelFormat: 7; ReverseX: 200; DeviceUserID.bytes: 256; "
+            "DeviceVendorName: ");
+        row("modes are spoilt", "mode Width 9; mode Height -1", "Width? 9; Height? -1");
+    }
+
+    void faultsCome()
+    {
+        QFETCH(QString, plan);
+        QFETCH(QString, talk);
+        const auto camera = faulty(plan);
+        QCOMPARE(CameraTalk(*camera, &m_clock).again(talk), talk);
+    }
+
+    void jitterRepeatsWithItsSeed()
+    {
+        const auto total = [this](const char* plan) {
+            const auto camera = faulty(QString::fromLatin1(plan));
+            const auto before = m_clock.now();
+            _ZDCC_INTVALUE_EX_T record{};
+            for (int i = 0; i < 20; ++i)
+                camera->read(OB_FT_TYPE_INTEGER, "Width", &record);
+            return m_clock.now() - before;
+        };
+        const auto first = total("seed 7; jitter * 1000");
+        QVERIFY(first > 0ms && first <= 20000ms);
+        QVERIFY(total("seed 7; jitter * 1000") == first);
+        QVERIFY(total("seed 8; jitter * 1000") != first);
+    }
+
+    void namesAreLengthened()
+    {
+        const auto camera = faulty("long-name Width; long-text Height"_s);
+        const DescriptionNodes nodes(camera->descriptionXml());
+        const DescriptionNodes sound(m_demo->descriptionXml());
+        QVERIFY(nodes.isValid());
+        QCOMPARE(nodes.all().size(), sound.all().size());
+        QCOMPARE(nodes.find("Width")->displayName.size(), std::size_t(FaultyRecords::kLongText));
+        QCOMPARE(nodes.find("Height")->description.size(), std::size_t(FaultyRecords::kLongText));
+        QCOMPARE(nodes.find("Height")->displayName, sound.find("Height")->displayName);
+        QCOMPARE(nodes.find("OffsetX")->displayName, sound.find("OffsetX")->displayName);
+    }
 };
 
-OBFT_TEST_MAIN(TestFaultPlan)
-#include "tst_faultplan.moc"
+OBFT_TEST_MAIN(TestFaults)
+#include "tst_faults.moc"

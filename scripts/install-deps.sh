@@ -9,6 +9,7 @@ run_packages="cmake ninja-build g++ gcc ccache pkg-config qtbase5-dev qtbase5-de
   qttools5-dev-tools libaravis-dev libusb-1.0-0-dev libpugixml-dev librsvg2-bin fonts-noto-cjk fonts-dejavu-core"
 test_packages="$run_packages aravis-tools aravis-tools-cli binutils clang-format python3
   python3-pyqt5"
+package_packages="lintian dpkg-dev gzip"
 bench_packages="$run_packages libbenchmark-dev"
 tidy_packages="$test_packages clang-tidy"
 fuzz_packages="$run_packages clang"

@@ -4,6 +4,7 @@
 #include "styledctl/private/ZELBox.h"
 #include "styledctl/private/ZELIcon.h"
 #include "styledctl/private/ZELMetrics.h"
+#include "styledctl/private/ZELPictures.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -56,7 +57,7 @@ ZELCustomPushButton::ZELCustomPushButton(const QString& text, QWidget* parent, S
 
 void ZELCustomPushButton::cSetIcon(const QString& path)
 {
-    setIcon(QIcon(path));
+    setIcon(ZELPictures::icon(path));
 }
 
 void ZELCustomPushButton::cSetIcon(const QIcon& icon)
@@ -98,7 +99,7 @@ void ZELCustomPushButton::cSetImages(const QString& normal, const QString& hover
 {
     const QString* paths[] = {&normal, &hover, &pressed, &disabled};
     for (int i = 0; i < 4; ++i)
-        m_images[i] = paths[i]->isEmpty() ? QIcon() : QIcon(*paths[i]);
+        m_images[i] = ZELPictures::icon(*paths[i]);
     updateGeometry();
     update();
 }

@@ -398,6 +398,8 @@ private slots:
             QVERIFY(press(Qt::Key_Space));
             QTRY_VERIFY(!window.widget()->isVisible());
         }
+        // As another process would start.
+        OBDeviceControl::GetFavoritesFeatureMap()->clear();
         const PageWindow window(camera);
         QCOMPARE(favoritesIn(window), words("ExposureTime Gain"));
         goToFavoritesRow(window);

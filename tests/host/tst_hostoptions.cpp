@@ -25,6 +25,12 @@ private slots:
         QFile xml(file("camera.xml"));
         QVERIFY(xml.open(QIODevice::WriteOnly));
         xml.write("<RegisterDescription/>");
+        QFile plan(file("plan.txt"));
+        QVERIFY(plan.open(QIODevice::WriteOnly));
+        plan.write("# slow\nlatency * 1\nvanish B\n");
+        QFile steps(file("story.steps"));
+        QVERIFY(steps.open(QIODevice::WriteOnly));
+        steps.write("tab=1\nsettle\npicture=a.png\n");
         QFile empty(file("empty.xml"));
         QVERIFY(empty.open(QIODevice::WriteOnly));
     }
@@ -52,6 +58,15 @@ private slots:
         QVERIFY(options.verbose);
     }
 
+    void scriptsMayStandInFiles()
+    {
+        HostOptions options;
+        QVERIFY(
+            parse({"--faults"_s, file("plan.txt"), "--do"_s, file("story.steps")}, &options).run);
+        QCOMPARE(options.faults.rules.size(), std::size_t(2));
+        QCOMPARE(options.steps.steps.size(), std::size_t(3));
+    }
+
     void refuses_data()
     {
         // arguments: divided by bars; message: a part of it
@@ -70,6 +85,7 @@ private slots:
         row("steps", "--do|dance", ExitCode::Usage, "dance");
         row("missing file", "--xml|/nowhere.xml", ExitCode::NoFile, "/nowhere.xml");
         row("folder", "--xml|"_s + m_directory.path(), ExitCode::NoFile, "cannot read");
+        row("empty plan", "--faults|"_s + file("empty.xml"), ExitCode::NoFile, "is empty");
         row("empty file", "--xml|"_s + file("empty.xml"), ExitCode::NoFile, "is empty");
         row("missing translations", "--translations|/nowhere.xml", ExitCode::NoFile,
             "/nowhere.xml");

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "faults/FaultPlan.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
@@ -244,17 +242,4 @@ std::optional<FaultPlan> FaultPlan::parse(const QString& text, QString* error)
         }
     }
     return plan;
-}
-
-std::optional<FaultPlan> FaultPlan::load(const QString& fileOrText, QString* error)
-{
-    if (!QFileInfo(fileOrText).isFile())
-        return parse(fileOrText, error);
-    QFile file(fileOrText);
-    if (!file.open(QIODevice::ReadOnly)) {
-        if (error)
-            *error = file.errorString();
-        return std::nullopt;
-    }
-    return parse(QString::fromUtf8(file.readAll()), error);
 }

@@ -79,7 +79,4 @@ public:
 
     // Nothing, and an English sentence with the line number in *error, for a text that is no plan.
     static std::optional<FaultPlan> parse(const QString& text, QString* error);
-
-    // As parse(), of the file of that name when there is one, else of the argument itself.
-    static std::optional<FaultPlan> load(const QString& fileOrText, QString* error);
 };

@@ -3,6 +3,7 @@
 
 #include <QCommandLineParser>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 namespace {
@@ -36,6 +37,19 @@ bool readFile(const QString& name, QByteArray* contents, HostOptions::Outcome* o
     *outcome = refuse(ExitCode::NoFile,
                       QStringLiteral("cannot read %1: %2").arg(name, file.errorString()));
     return false;
+}
+
+// The text of the file of that name when there is one, else the argument itself.
+bool readScript(const QString& fileOrText, QString* text, HostOptions::Outcome* outcome)
+{
+    *text = fileOrText;
+    QByteArray contents;
+    if (!QFileInfo(fileOrText).isFile())
+        return true;
+    if (!readFile(fileOrText, &contents, outcome))
+        return false;
+    *text = QString::fromUtf8(contents);
+    return true;
 }
 
 bool parseSize(const QString& text, QSize* size)
@@ -144,18 +158,23 @@ HostOptions::Outcome HostOptions::parse(const QStringList& arguments, HostOption
                       QStringLiteral("--timeout is a number of seconds, not \"%1\"")
                           .arg(parser.value(timeout)));
 
+    Outcome outcome;
+    QString text;
     QString wrong;
-    const auto plan = FaultPlan::load(parser.value(faults), &wrong);
+    if (!readScript(parser.value(faults), &text, &outcome))
+        return outcome;
+    const auto plan = FaultPlan::parse(text, &wrong);
     if (!plan)
         return refuse(ExitCode::Usage, QStringLiteral("--faults: %1").arg(wrong));
     options->faults = *plan;
-    const auto script = StepScript::load(parser.value(steps), &wrong);
+    if (!readScript(parser.value(steps), &text, &outcome))
+        return outcome;
+    const auto script = StepScript::parse(text, &wrong);
     if (!script)
         return refuse(ExitCode::Usage, QStringLiteral("--do: %1").arg(wrong));
     options->steps = *script;
     options->stepsAtOnce = parser.isSet(atOnce);
 
-    Outcome outcome;
     if (parser.isSet(xml) && !readFile(parser.value(xml), &options->description, &outcome))
         return outcome;
     if (parser.isSet(translations) &&

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "steps/StepScript.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
@@ -63,17 +61,4 @@ std::optional<StepScript> StepScript::parse(const QString& text, QString* error)
         }
     }
     return script;
-}
-
-std::optional<StepScript> StepScript::load(const QString& fileOrText, QString* error)
-{
-    if (!QFileInfo(fileOrText).isFile())
-        return parse(fileOrText, error);
-    QFile file(fileOrText);
-    if (!file.open(QIODevice::ReadOnly)) {
-        if (error)
-            *error = file.errorString();
-        return std::nullopt;
-    }
-    return parse(QString::fromUtf8(file.readAll()), error);
 }

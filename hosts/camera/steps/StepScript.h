@@ -42,8 +42,6 @@ struct StepScript
     };
     std::vector<Step> steps;
 
-    // The steps in a file, if there is one of that name, else those of the text itself. As parse().
-    static std::optional<StepScript> load(const QString& fileOrText, QString* error);
     // Nothing, and an English sentence in *error, when a step is not understood.
     static std::optional<StepScript> parse(const QString& text, QString* error);
 };

@@ -16,8 +16,6 @@ QString favoritesGroupName()
 void FeatureTreeBuilder::clear()
 {
     m_items.clear();
-    m_featureList.clear();
-    m_categoryOfFeature.clear();
     m_path.clear();
     m_reported.clear();
     m_itemCount = 0;
@@ -82,8 +80,6 @@ void FeatureTreeBuilder::creatItemRecursion(ORXPropertyTreeItem* parent,
 {
     m_path.append(category.name);
     for (const QString& name : category.texts(FeatureReference::PFeature)) {
-        m_featureList.append(name);
-        m_categoryOfFeature.insert(name, category.name);
         if (m_itemCount >= kMaxItems) {
             // Every category on the way back meets the limit, too; the first one is named.
             if (m_itemCount++ == kMaxItems)

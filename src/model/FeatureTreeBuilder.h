@@ -32,10 +32,6 @@ public:
 
     // Feature or category name to its item; of a name that stands twice, the item met last.
     const QMap<QString, ORXPropertyTreeItem*>& AllTreeItemsMap() const { return m_items; }
-    // Every name that a category refers to, in the order met, with repeats.
-    const QList<QString>& featureList() const { return m_featureList; }
-    // Feature name to the category that lists it, the last one met.
-    const QMap<QString, QString>& categoryOfFeature() const { return m_categoryOfFeature; }
     void clear();
 
 private:
@@ -49,8 +45,6 @@ private:
     IORXFeatureNotify* m_pView = nullptr; // Not owned.
     int m_nUserLevel = 1;
     QMap<QString, ORXPropertyTreeItem*> m_items;
-    QList<QString> m_featureList;
-    QMap<QString, QString> m_categoryOfFeature;
     QList<QString> m_path; // categories around the current one
     QSet<QString> m_reported;
     int m_itemCount = 0;

@@ -21,8 +21,7 @@ endif()
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libobfeaturetree1)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION
-    "camera feature browser and editor for machine-vision hosts
-A window in which the user of a machine-vision host browses and edits the
+    "A window in which the user of a machine-vision host browses and edits the
 features of a connected industrial camera. The host hands it a GenICam-style
 description and callbacks; the library never talks to the camera itself.
 .
@@ -32,16 +31,15 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "libobfeaturetree1 (= ${PROJECT_VERSION}), qtbase5-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
-    "camera feature browser and editor: development files
-A window in which the user of a machine-vision host browses and edits the
+    "A window in which the user of a machine-vision host browses and edits the
 features of a connected industrial camera.
 .
 This package holds the C header, the CMake package and the pkg-config file.")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME camera-host)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "libobfeaturetree1 (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_PROGRAM_DESCRIPTION
-    "browse and edit the features of an industrial camera
-Opens a window on the features of a GigE Vision or USB3 Vision camera, or of
+    "Opens a window on the features of a GigE Vision or USB3 Vision camera, or of
 a simulated one: groups, search, favourites, user levels, curated pages,
 look-up table and colour matrix editors, feature files, Chinese and English.")
 

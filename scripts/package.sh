@@ -7,6 +7,22 @@ cd "$(dirname "$0")/.."
 . scripts/quietly.sh
 native="$(dpkg --print-architecture)"
 mkdir -p build/packages
+
+# What cpack does otherwise than Debian: pages of the manual are compressed, and libraries tell the
+# linker by a trigger, not by scripts.
+polish() { # PACKAGE
+    local tree
+    tree="$(mktemp -d)"
+    dpkg-deb -R "$1" "$tree"
+    find "$tree/usr/share/man" -name '*.1' -exec gzip -9n {} + 2>/dev/null || true
+    if [ -f "$tree/DEBIAN/postinst" ]; then
+        rm "$tree/DEBIAN/postinst" "$tree/DEBIAN/postrm"
+        echo "activate-noawait ldconfig" >"$tree/DEBIAN/triggers"
+    fi
+    (cd "$tree" && find usr -type f -exec md5sum {} + >DEBIAN/md5sums)
+    dpkg-deb --root-owner-group -Zxz -b "$tree" "$1" >/dev/null
+    rm -rf "$tree"
+}
 for architecture in "${@:-$native}"; do
     groups="run package"
     toolchain=()
@@ -26,7 +42,10 @@ for architecture in "${@:-$native}"; do
         -DCMAKE_INSTALL_LIBDIR="lib/$(dpkg-architecture -a "$architecture" -q DEB_HOST_MULTIARCH 2>/dev/null)" \
         -DOBFT_BUILD_TESTS=OFF "${toolchain[@]}"
     quietly "building $architecture" cmake --build "$build"
-    (cd "$build" && quietly "packing $architecture" "${environment[@]}" cpack -B packages) 
+    (cd "$build" && quietly "packing $architecture" "${environment[@]}" cpack -B packages)
+    for package in "$build"/packages/*.deb; do
+        polish "$package"
+    done
     mv "$build"/packages/*.deb build/packages/
     lintian --fail-on error,warning --allow-root build/packages/*_"$architecture".deb
 done

@@ -92,7 +92,6 @@ private:
     // By the editor as it stands; one that cannot be used is left alone.
     void edit(const Kind& kind) const
     {
-        const QString name = QString::fromLatin1(kind.name);
         QWidget* editor = m_window->tree()->treeView()->editorOf(m_window->item(kTree, kind.name));
         if (!editor || !editor->isEnabled())
             return;

@@ -8,6 +8,8 @@
 #include <QHash>
 
 #include <cstring>
+#include <future>
+#include <memory>
 #include <mutex>
 
 TranslationTable::Items FeatureTexts::s_mapPropertyTransItems;
@@ -21,18 +23,37 @@ std::mutex& tablesMutex()
     return mutex;
 }
 
-// The library's own table, and the last element of each feature in it. Guarded by the tables'
-// mutex.
+// The library's own table, and the last element of each feature in it.
 struct OwnTable
 {
     XmlDocument document;
     QHash<QString, pugi::xml_node> features;
 };
 
-OwnTable& ownTable()
+std::unique_ptr<OwnTable> readOwnTable(const QString& path)
 {
-    static OwnTable table;
+    auto table = std::make_unique<OwnTable>();
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly) && table->document.setContent(file.readAll())) {
+        for (const pugi::xml_node feature : table->document.documentElement().children("Feature"))
+            table->features.insert(XmlText::attribute(feature, "Name"), feature);
+    }
     return table;
+}
+
+std::future<std::unique_ptr<OwnTable>>& comingTable()
+{
+    static std::future<std::unique_ptr<OwnTable>> table;
+    return table;
+}
+
+// With the tables' mutex held.
+const OwnTable& ownTable()
+{
+    static std::unique_ptr<OwnTable> table = std::make_unique<OwnTable>();
+    if (comingTable().valid())
+        table = comingTable().get();
+    return *table;
 }
 
 } // namespace
@@ -48,16 +69,12 @@ void FeatureTexts::addHostXml(const char* xml)
     TranslationTable::addDocument(document, s_mapPropertyTransItems);
 }
 
-void FeatureTexts::loadOwn(const QString& path)
+void FeatureTexts::beginOwn(const QString& path)
 {
     const std::lock_guard<std::mutex> lock(tablesMutex());
-    OwnTable& own = ownTable();
-    QFile file(path);
-    if (!own.features.isEmpty() || !file.open(QIODevice::ReadOnly) ||
-        !own.document.setContent(file.readAll()))
-        return;
-    for (const pugi::xml_node feature : own.document.documentElement().children("Feature"))
-        own.features.insert(XmlText::attribute(feature, "Name"), feature);
+    // A system that gives no thread reads it when the first text is asked for.
+    if (ownTable().features.isEmpty())
+        comingTable() = std::async(std::launch::async | std::launch::deferred, readOwnTable, path);
 }
 
 FeatureTexts::Item FeatureTexts::findOwn(const QString& feature)

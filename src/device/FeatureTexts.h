@@ -16,9 +16,10 @@ public:
 
     // Adds to the host's table; a text that does not parse is logged as critical.
     static void addHostXml(const char* xml);
-    // Reads the library's own table (UTF-8), unless it was read; nothing from a file that cannot be
-    // used. Its texts are taken out as they are asked for: a camera has a part of them.
-    static void loadOwn(const QString& path);
+    // Begins to read the library's own table (UTF-8) on a thread of its own, unless it was read;
+    // nothing comes from a file that cannot be used. Its texts are taken out as they are asked for:
+    // a camera has a part of them. Who asks first waits for the table, a few milliseconds.
+    static void beginOwn(const QString& path);
 
     // Empty where there is none.
     static QString displayName(const QString& feature, Tables tables);

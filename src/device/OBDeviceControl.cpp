@@ -68,8 +68,8 @@ void OBDeviceControl::loadDeviceXml(const char* deviceXml)
 
 void OBDeviceControl::parsePropertyTransXml()
 {
-    FeatureTexts::loadOwn(GetDllPath() +
-                          QStringLiteral("/FeatureTreeResource/FeaturesTranslate.xml"));
+    FeatureTexts::beginOwn(GetDllPath() +
+                           QStringLiteral("/FeatureTreeResource/FeaturesTranslate.xml"));
 }
 
 void OBDeviceControl::SetCallBackFunc(OB_FT_GetFeatureFunc getFeature,

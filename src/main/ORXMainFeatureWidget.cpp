@@ -291,19 +291,25 @@ ORXFeatureTree* ORXMainFeatureWidget::featureTree(qint64 cameraId, bool)
         });
         connect(tree->treeView(), &ORXFeatureTreeView::SigRowsInSight, this,
                 &ORXMainFeatureWidget::readFirst);
-        auto* changes = new ChangesPanel(tree, tree);
-        tree->infoTabs()->addPanel(
-            changes, [] { return ChangesPanel::tr("Changes"); }, changes->actions());
-        tree->infoTabs()->addPanel(new TrendPanel(tree, tree),
-                                   [] { return TrendPanel::tr("Trend"); });
-        const auto showFeature = [this, cameraId](const QString& name) {
-            if (CameraColumn* shown = m_columns.value(cameraId, nullptr))
-                shown->showFeature(name);
-        };
-        connect(changes, &ChangesPanel::SigShowFeature, this, showFeature);
-        connect(tree, &ORXFeatureTree::SigShowFeature, this, showFeature);
+        // What stands in until a camera is there has nothing to tell.
+        if (cameraId >= 0)
+            addPanels(tree);
     }
     return tree;
+}
+
+void ORXMainFeatureWidget::addPanels(ORXFeatureTree* tree)
+{
+    auto* changes = new ChangesPanel(tree, tree);
+    tree->infoTabs()->addPanel(
+        changes, [] { return ChangesPanel::tr("Changes"); }, changes->actions());
+    tree->infoTabs()->addPanel(new TrendPanel(tree, tree), [] { return TrendPanel::tr("Trend"); });
+    const auto showFeature = [this, tree](const QString& name) {
+        if (CameraColumn* shown = m_columns.value(tree->cameraID(), nullptr))
+            shown->showFeature(name);
+    };
+    connect(changes, &ChangesPanel::SigShowFeature, this, showFeature);
+    connect(tree, &ORXFeatureTree::SigShowFeature, this, showFeature);
 }
 
 // The view that went out of sight says that nothing of it is seen; the next one speaks for itself.

@@ -95,6 +95,7 @@ private:
     void layOut();
     void connectSignals();
     void afterHide();
+    void addPanels(ORXFeatureTree* tree);
     void requestStop(ORXFeatureTree* tree);
     void readFirst(const QStringList& names);
     void showTitle(qint64 key);

@@ -37,6 +37,7 @@ ImgProcessingPanel::ImgProcessingPanel(QWidget* rows, QWidget* page)
         ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
     hide();
     auto* splitter = new QSplitter(Qt::Vertical, page);
+    splitter->setStyle(ZELCustom::style());
     splitter->setChildrenCollapsible(false);
     new ZELSplitterKeys(splitter);
     splitter->addWidget(rows);

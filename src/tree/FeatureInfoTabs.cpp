@@ -19,13 +19,16 @@ FeatureInfoTabs::FeatureInfoTabs(QWidget* parent)
 {
     setObjectName(QStringLiteral("FeatureInfoTabs"));
     tabBar()->setObjectName(QStringLiteral("FeatureInfoTabBar"));
-    tabBar()->setDrawBase(false);
     tabBar()->setExpanding(false);
     tabBar()->setFont(ZELCustom::font(kFontPx));
-    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tab) +
-                  ZELCustom::resolveSheet(QStringLiteral(
-                      "QTabBar::tab { padding: 6px 12px; }"
-                      "QTabBar::tab:focus { background: @StyledCtlColor_Hover@; }")));
+    // The bar's alone: with a sheet of ours above them, all widgets of all panels are polished each
+    // time one of them is hung up.
+    setDocumentMode(true);
+    tabBar()->setDrawBase(false);
+    tabBar()->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tab) +
+                            ZELCustom::resolveSheet(QStringLiteral(
+                                "QTabBar::tab { padding: 6px 12px; }"
+                                "QTabBar::tab:focus { background: @StyledCtlColor_Hover@; }")));
     auto* corner = new QWidget(this);
     auto* layout = new QHBoxLayout(corner);
     layout->setContentsMargins(0, 0, 0, 0);

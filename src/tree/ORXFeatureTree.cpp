@@ -84,7 +84,7 @@ void ORXFeatureTree::buildLayout()
     belowLayout->addWidget(m_pInfoTabs, 1);
 
     auto* splitter = new QSplitter(Qt::Vertical, this);
-    splitter->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Splitter));
+    splitter->setStyle(ZELCustom::style());
     splitter->setChildrenCollapsible(false);
     new ZELSplitterKeys(splitter);
     splitter->addWidget(treeView());

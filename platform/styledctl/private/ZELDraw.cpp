@@ -171,4 +171,11 @@ void branch(const QStyleOption& option, QPainter* painter)
                     option.state & QStyle::State_MouseOver ? colors.text : colors.textMuted, 1.7);
 }
 
+void splitter(const QStyleOption& option, QPainter* painter)
+{
+    const ZELColors& colors = ZELColors::current();
+    const bool held = option.state & (QStyle::State_MouseOver | QStyle::State_Sunken);
+    painter->fillRect(option.rect, held ? colors.accent : colors.separator);
+}
+
 } // namespace ZELDraw

@@ -26,5 +26,7 @@ void checkBox(const QStyleOptionButton& option, QPainter* painter, const QWidget
 void checkIndicator(const QStyleOption& option, QPainter* painter, const QRect& indicator);
 // Expand sign of a tree row.
 void branch(const QStyleOption& option, QPainter* painter);
+// The handle between two panes.
+void splitter(const QStyleOption& option, QPainter* painter);
 
 } // namespace ZELDraw

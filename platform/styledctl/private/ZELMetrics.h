@@ -19,6 +19,7 @@ constexpr int kSwitchHeight = 20;
 constexpr int kLabelGap = 8;  // check box to its text
 constexpr int kFocusRoom = 3; // around check boxes for the focus ring
 constexpr int kSliderHandle = 16;
+constexpr int kSplitterWidth = 3;
 constexpr int kSliderGroove = 4;
 constexpr int kArrow = 14;
 constexpr double kRadius = 4;

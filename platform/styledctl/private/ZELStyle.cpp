@@ -73,6 +73,10 @@ void ZELStyle::drawControl(ControlElement element, const QStyleOption* option, Q
             break;
         }
     }
+    if (element == CE_Splitter) {
+        ZELDraw::splitter(*option, painter);
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -234,6 +238,8 @@ int ZELStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         return 16;
     case PM_TreeViewIndentation:
         return 20;
+    case PM_SplitterWidth:
+        return kSplitterWidth;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

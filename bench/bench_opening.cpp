@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: Apache-2.0
+// Opening, as the first thing that a process does: from OB_FT_Init to the first painted window,
+// against the bare DOM parse of the same description and against a plain QTreeView over the same
+// model. Each sample is a process of its own. A description may be given as a file.
+#include "device/XmlDocument.h"
+#include "model/FeatureDescriptionIndex.h"
+#include "model/FeatureTreeBuilder.h"
+#include "model/ORXPropertyTreeItem.h"
+#include "model/ORXPropertyTreeModel.h"
+#include "support/DescriptionBuilder.h"
+#include "support/OpenedWindow.h"
+
+#include <QApplication>
+#include <QDomDocument>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTreeView>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <vector>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using DescriptionBuilder::Size;
+
+constexpr int kSamples = 5;
+
+// Milliseconds of the GUI thread's own time, so that a busy machine counts less, since the start of
+// what is measured, at the end of each step.
+using Steps = std::array<double, 5>;
+using Measure = std::function<Steps()>;
+
+class StepClock
+{
+public:
+    void stamp() { m_steps[m_next++] = now() - m_start; }
+    const Steps& steps() const { return m_steps; }
+
+private:
+    static double now()
+    {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    }
+
+    Steps m_steps{};
+    size_t m_next = 0;
+    double m_start = now();
+};
+
+Steps inNewProcess(const Measure& measure)
+{
+    Steps steps{};
+    int ends[2];
+    if (pipe(ends) != 0)
+        return steps;
+    const pid_t child = fork();
+    if (child == 0) {
+        int argc = 1;
+        char name[] = "bench_opening";
+        char* argv[] = {name, nullptr};
+        QApplication application(argc, argv);
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+        const Steps own = measure();
+        const bool told = write(ends[1], &own, sizeof(own)) == sizeof(own);
+        _exit(told ? 0 : 1);
+    }
+    if (child < 0 || read(ends[0], &steps, sizeof(steps)) != sizeof(steps))
+        std::fprintf(stderr, "a sample is missing\n");
+    close(ends[0]);
+    close(ends[1]);
+    waitpid(child, nullptr, 0);
+    return steps;
+}
+
+// The middle of each step over several processes.
+Steps middleOf(const Measure& measure)
+{
+    std::vector<Steps> samples;
+    for (int i = 0; i < kSamples; ++i)
+        samples.push_back(inNewProcess(measure));
+    Steps middle{};
+    for (size_t step = 0; step < middle.size(); ++step) {
+        std::sort(samples.begin(), samples.end(),
+                  [step](const Steps& a, const Steps& b) { return a[step] < b[step]; });
+        middle[step] = samples[samples.size() / 2][step];
+    }
+    return middle;
+}
+
+class FirstPaint : public QObject
+{
+public:
+    explicit FirstPaint(QWidget* watched) { watched->installEventFilter(this); }
+    void wait()
+    {
+        while (!m_painted)
+            QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        m_painted = m_painted || event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    bool m_painted = false;
+};
+
+Steps openWindow(const QByteArray& xml)
+{
+    FakeHost host;
+    host.serve(xml);
+    _OB_FT_DEVICEINFO_ info = {};
+    StepClock clock;
+    OB_FT_Init(xml.constData(), nullptr, nullptr);
+    clock.stamp();
+    OB_FT_SetDeviceInfo(&info);
+    host.installInWindow();
+    clock.stamp();
+    OB_FT_SetWidgetSize(900, 700);
+    OB_FT_Start(nullptr, 0);
+    clock.stamp();
+    FirstPaint(ORXMainFeatureWidget::instance(nullptr)).wait();
+    clock.stamp();
+    return clock.steps();
+}
+
+Steps parseBare(const QByteArray& xml)
+{
+    StepClock clock;
+    auto* document = new QDomDocument; // kept, as a window keeps its own
+    document->setContent(xml);
+    clock.stamp();
+    return clock.steps();
+}
+
+// The model of the same features, built before the clock starts.
+Steps openPlainView(const QByteArray& xml)
+{
+    XmlDocument document;
+    document.setContent(xml);
+    FeatureDescriptionIndex index;
+    index.GenerateDomElementMap(document.documentElement());
+    FeatureTreeBuilder builder;
+    auto* root = new ORXPropertyTreeItem(nullptr, ORXPropertyTreeItem::FeatureTreePage);
+    builder.createItems(root, index.nodes(), nullptr);
+    ORXPropertyTreeModel model(ORXPropertyTreeItem::FeatureTreePage, nullptr);
+    model.updateData(root);
+    StepClock clock;
+    QTreeView view;
+    view.setModel(&model);
+    view.expandAll();
+    view.resize(900, 700);
+    view.show();
+    FirstPaint(view.viewport()).wait();
+    clock.stamp();
+    return clock.steps();
+}
+
+void printOpening(const char* what, const QByteArray& xml)
+{
+    const double parse = middleOf([&] { return parseBare(xml); })[0];
+    const Steps window = middleOf([&] { return openWindow(xml); });
+    const double plain = middleOf([&] { return openPlainView(xml); })[0];
+    const double shown = window[3] - window[1];
+    std::printf("%s, %d KB: OB_FT_Init %.1f ms, callbacks %.1f, start %.1f, painted %.1f: whole "
+                "%.1f ms, bare DOM parse %.1f ms: %.2f; start until painted %.1f ms, plain tree "
+                "view %.1f ms: %.2f\n",
+                what, xml.size() / 1000, window[0], window[1] - window[0], window[2] - window[1],
+                window[3] - window[2], window[3], parse, window[3] / parse, shown, plain,
+                shown / plain);
+    std::fflush(stdout); // the next samples fork
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QStandardPaths::setTestModeEnabled(true);
+    if (argc > 1) {
+        QFile file(QString::fromLocal8Bit(argv[1]));
+        if (!file.open(QIODevice::ReadOnly)) {
+            std::fprintf(stderr, "cannot read %s\n", argv[1]);
+            return 1;
+        }
+        printOpening(argv[1], file.readAll());
+        return 0;
+    }
+    for (const int features : {700, 5000, 16000}) {
+        const QByteArray name = QByteArray::number(features) + " features";
+        printOpening(name, DescriptionBuilder::generate(Size::ofFeatures(features)));
+    }
+    return 0;
+}

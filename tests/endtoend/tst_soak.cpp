@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// One opening after the other, each used a little: nothing is left behind by any of them.
-// OBFT_SOAK_OPENINGS chooses how many.
+// One opening after the other, each used a little, and one that stays open: nothing is left behind.
+// OBFT_SOAK_OPENINGS chooses how many, OBFT_SOAK_MINUTES how long.
+#include "changes/ChangesPanel.h"
+#include "model/CTreeItemValue.h"
+#include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
+#include "tree/ValueWatch.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,6 +19,7 @@ namespace {
 constexpr int kOpenings = 30;
 constexpr int kOpeningsOfARow = 10;
 constexpr int kFeatures = 120;
+constexpr int kMinutes = 3;
 
 struct Held
 {
@@ -32,6 +37,12 @@ Held held()
     return {QDir("/proc/self/task"_s).entryList(all).size(),
             QDir("/proc/self/fd"_s).entryList(all).size(), QApplication::allWidgets().size(),
             bytes};
+}
+
+int wanted(const char* variable, int usual)
+{
+    const int number = qEnvironmentVariableIntValue(variable);
+    return number > 0 ? number : usual;
 }
 
 } // namespace
@@ -55,7 +66,7 @@ private:
         window.column()->findChild<QLineEdit*>("FeatureSearch"_s)->setText("1"_s);
         QApplication::processEvents();
         window.widget()->SetLanguage((round + 1) % 2);
-        OBDeviceControl::SetUserLevel(round % 3);
+        OBDeviceControl::SetUserLevel(round % 2);
         window.widget()->OnUserLeverChanged();
         window.column()->ClearSearch();
         OB_FT_UpdateFeatures();
@@ -73,8 +84,7 @@ private slots:
     // In rows, since a test function keeps the log lines of all that it does.
     void nothingIsLeftBehind_data()
     {
-        const int wanted = qEnvironmentVariableIntValue("OBFT_SOAK_OPENINGS");
-        const int rows = qMax(2, (wanted > 0 ? wanted : kOpenings) / kOpeningsOfARow);
+        const int rows = qMax(2, wanted("OBFT_SOAK_OPENINGS", kOpenings) / kOpeningsOfARow);
         QTest::addColumn<bool>("isFirst");
         for (int row = 0; row < rows; ++row)
             QTest::addRow("%d", row * kOpeningsOfARow) << (row == 0);
@@ -95,6 +105,55 @@ private slots:
         QCOMPARE(now.files, m_before.files);
         QCOMPARE(now.widgets, m_before.widgets);
         QVERIFY(now.bytes <= m_before.bytes + m_before.bytes / 100);
+    }
+
+    // What is polled each second is polled at every tick here: a minute passes in three seconds.
+    void nothingGrowsWithTime()
+    {
+        QByteArray xml = m_xml;
+        xml.replace("<PollingTime>1000<", "<PollingTime>50<");
+        const ReadWindow window(*m_host, xml);
+        ORXFeatureTree* tree = window.tree();
+        // The trend keeps a sample a second, and the list of changes is as long as it gets.
+        tree->valueWatch()->setClock([] { return 0; });
+        tree->findChild<ChangesPanel*>()->journal()->append(
+            QVector<ValueChange>(ChangeJournal::kMaxLines));
+        QStringList numbers;
+        for (const QString& name :
+             DescriptionBuilder::featureNames(DescriptionBuilder::Size::ofFeatures(kFeatures))) {
+            if (m_host->feature(name).type == OB_FT_TYPE_INTEGER)
+                numbers.append(name);
+        }
+        const QString polled = numbers.first();
+        const QString edited = numbers.last();
+        const CTreeItemValue* shown = tree->propertyItemByName(polled)->value();
+        const int minutes = wanted("OBFT_SOAK_MINUTES", kMinutes);
+        for (int second = 0; second < minutes * 60; ++second) {
+            m_host->set(polled, FakeHost::integerFeature(second));
+            if (second % 10 == 3)
+                QVERIFY(tree->setFeatureValue("Integer"_s, edited, second));
+            if (second % 30 == 5)
+                window.widget()->SetLanguage(second / 30 % 2);
+            if (second % 60 == 15) {
+                OBDeviceControl::SetUserLevel(second / 60 % 2);
+                window.widget()->OnUserLeverChanged();
+            }
+            tree->OnTimerFeatureNoCache(); // else every two seconds
+            QTRY_COMPARE_WITH_TIMEOUT(shown->displayValue(), QString::number(second),
+                                      kWindowPatienceMs);
+            if (second % 60 < 59)
+                continue;
+            m_host->clearCalls();
+            QCOMPARE(MessageGuard::takeFaults(), QStringList());
+            const Held now = held();
+            qInfo("minute %d: %d threads, %d files, %d widgets, %zu bytes", second / 60,
+                  now.threads, now.files, now.widgets, now.bytes);
+            if (second < 60)
+                m_before = now;
+            QCOMPARE(now.threads, m_before.threads);
+            QCOMPARE(now.files, m_before.files);
+            QVERIFY(now.bytes <= m_before.bytes + m_before.bytes / 100);
+        }
     }
 };
 

@@ -169,7 +169,8 @@ private slots:
         QCOMPARE(m_page->writes, QStringList());
         if (!ways().at(way).goes) {
             QVERIFY(!m_edited->isEnabled());
-            QVERIFY(!EditorFocus::hasPendingEdit(m_edited));
+            const auto* cell = m_edited->findChild<QPropertyLineEdit*>();
+            QVERIFY(!EditorFocus::hasPendingEdit(cell ? cell : m_edited.data()));
         }
     }
 
@@ -240,6 +241,17 @@ private slots:
         refill(boxes);
         QVERIFY(!m_edited->isEnabled());
         QCOMPARE(QApplication::focusWidget(), view());
+    }
+
+    void theMenuOfALockedEditorCloses()
+    {
+        Item* edited = beginEdit("String"_s);
+        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {5, 5});
+        QCoreApplication::sendEvent(m_edited, &menu);
+        QVERIFY(QApplication::activePopupWidget());
+        edited->setReadOnly(true);
+        refill(edited);
+        QVERIFY(!QApplication::activePopupWidget());
     }
 
     void otherEditorsKeepTheFocus()

@@ -172,7 +172,8 @@ private slots:
         row(0)->notifyViewUpdate(camera, -1, false);
         row(0)->notifyViewUpdate(camera, 1, false); // refreshes the cell without telling the page
         row(0)->setVisible(false, camera);
-        const QStringList expected = {"value Row0000"_s, "visible Row0000"_s};
+        group()->setExpanded(false, camera);
+        const QStringList expected = {"value Row0000"_s, "visible Row0000"_s, "collapsed Group"_s};
         QCOMPARE(m_page->log, heard ? expected : QStringList());
         QCOMPARE(isHidden(row(0)), heard);
     }

@@ -231,6 +231,17 @@ void FeatureRowsView::rowsAboutToBeRemoved(const QModelIndex& parent, int start,
 
 // Focus and keys ----------------------------------------------------------------------------------
 
+// Qt makes the row current whose editor takes the focus from the view. It may take it by a mouse
+// press: the row must not move from under the pointer.
+bool FeatureRowsView::event(QEvent* event)
+{
+    const bool scrolls = hasAutoScroll();
+    setAutoScroll(scrolls && event->type() != QEvent::FocusOut);
+    const bool handled = QTreeView::event(event);
+    setAutoScroll(scrolls);
+    return handled;
+}
+
 bool FeatureRowsView::focusNextPrevChild(bool next)
 {
     return m_focus.focusNext(next) || QTreeView::focusNextPrevChild(next);

@@ -125,6 +125,11 @@ private slots:
         window.column()->ClearSearch();
         QVERIFY(!window.view()->isExpanded(branch));
         QVERIFY(window.view()->isExpanded(group)); // the group itself stays open
+        // What the user has opened since is none of the next search's.
+        window.view()->expand(branch);
+        window.type("black"_s);
+        window.column()->ClearSearch();
+        QVERIFY(window.view()->isExpanded(branch));
     }
 
     void aLevelChangeBringsHits()

@@ -37,7 +37,9 @@ protected:
             [this](QWidget* parent, Item* item) {
                 auto* matrix = new QWidget(parent);
                 auto* cell = new QPropertyLineEdit(matrix, ZELCustomLineEdit::Style_Cell);
-                (new QVBoxLayout(matrix))->addWidget(cell);
+                auto* layout = new QVBoxLayout(matrix);
+                layout->addWidget(cell);
+                layout->addWidget(new QPropertyLineEdit(matrix, ZELCustomLineEdit::Style_Cell));
                 matrix->setFocusProxy(cell);
                 connect(cell, &QLineEdit::editingFinished, m_page, [this, cell, item] {
                     if (cell->hasPendingEdit())
@@ -232,6 +234,13 @@ private slots:
         edited->setVisible(false, -1);
         QTest::keyClick(m_edited, Qt::Key_Return);
         QCOMPARE(m_page->writes, QStringList());
+    }
+
+    void tabStaysInsideAnEditorOfSeveral()
+    {
+        beginEdit(QString::fromLatin1(kMatrix));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), m_edited->findChildren<QPropertyLineEdit*>().at(1));
     }
 
     void oneOfTwoBoxesLocks()

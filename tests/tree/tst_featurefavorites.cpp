@@ -218,6 +218,14 @@ private slots:
         setFavorites(words("Width Height Gain"));
         QCoreApplication::processEvents();
         drop(group()->child(0), item("ReverseX"));
+        view()->collapse(index(item("Image")));
+        drag<QDragEnterEvent>(group()->child(0), belowTheRows());
+        QVERIFY(!drag<QDragMoveEvent>(group()->child(0), belowTheRows()));
+        QMimeData foreign; // from another process, say
+        foreign.setData(QString::fromLatin1(kMoveFavoriteMime), "4096");
+        QDropEvent event(view()->visualRect(index(group()->child(1))).center(), Qt::CopyAction,
+                         &foreign, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view()->viewport(), &event);
         QCOMPARE(favorites(), words("Width Height Gain"));
         showFavoritesOnly();
         // A line below the last row shows where it goes to.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "styledctl/ZELCustomComboBox.h"
 #include "tree/EditorTest.h"
@@ -97,6 +98,19 @@ private slots:
         QCOMPARE(m_page->writes, QStringList(rowName(1) + " typed"_s));
         view()->verticalScrollBar()->setValue(view()->verticalScrollBar()->maximum() - 1);
         QTRY_VERIFY(!view()->editorOf(row(1)));
+    }
+
+    void anEditorInUseOfTheNameIsKept()
+    {
+        openRows(200, "CustomTagNameWatermark");
+        dynamic_cast<CTreeCustomWaterMarkItemValue*>(row(1)->value())->setColumn(0, "A"_s, "A"_s);
+        view()->openPersistentEdit(row(1), true);
+        QTRY_VERIFY(view()->editorOf(row(1), 0));
+        QWidget* box = view()->editorOf(row(1), 0);
+        box->setFocus();
+        view()->verticalScrollBar()->setValue(view()->verticalScrollBar()->maximum());
+        QVERIFY(box->hasFocus());
+        QCOMPARE(view()->editorOf(row(1), 0), box);
     }
 
     void lastShownFeatureDecidesItsCategories()

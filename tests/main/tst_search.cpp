@@ -7,6 +7,7 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/OpenedWindow.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -143,6 +144,9 @@ private slots:
         const auto changeLevel = [&window](int level) {
             OBDeviceControl::SetUserLevel(level);
             window.widget()->OnUserLeverChanged();
+            QCOMPARE(
+                window.widget()->findChild<QComboBox*>("ORXFeatureUserLevel"_s)->currentIndex(),
+                level);
         };
         changeLevel(0);
         QTRY_VERIFY(!note->isVisible());

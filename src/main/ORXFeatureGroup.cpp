@@ -122,7 +122,6 @@ void ORXFeatureGroup::retranslate()
     m_pSearch->setPlaceholderText(tr("Search features"));
     m_pSearch->setToolTip(tr("Search by name (Ctrl+F)"));
     m_pView->retranslate();
-    showNoMatch();
 }
 
 bool ORXFeatureGroup::eventFilter(QObject* watched, QEvent* event)

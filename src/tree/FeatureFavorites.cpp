@@ -170,7 +170,6 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
         // Nothing that a reading thread publishes falls between the copy and the link.
         const ItemStateLock lock;
         favorite->copy(item);
-        favorite->setVisible(true, -1);
         item->setMappingItem(favorite);
     }
     favorite->registerView(m_pView);
@@ -179,7 +178,6 @@ void FeatureFavorites::addFavoriteItem(ORXPropertyTreeItem* item)
 
     m_pView->treeModel()->addItems(favoritesGroup, {favorite});
     m_pView->openPersistentEdit(favorite, false);
-    favorite->setVisible(item->visible(), m_pView->cameraID());
     favorite->setGroupVisible(favoritesGroup->groupVisible(), m_pView->cameraID());
     favoritesGroup->setExpanded(true, m_pView->cameraID());
     // The row appears by the running search and the shown group, and its group with it.

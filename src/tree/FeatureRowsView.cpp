@@ -44,11 +44,7 @@ FeatureRowsView::FeatureRowsView(ORXPropertyTreeItem::ParentType type, QWidget* 
     connect(&m_favoriteMoves, &FavoriteMoves::SigFavoriteMoved, this,
             &FeatureRowsView::SigFavoriteMoved);
     connect(this, &QTreeView::expanded, &m_editors, &OpenEditors::schedule);
-    connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
-        if (ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index))
-            m_editors.closeBelow(item);
-        m_editors.schedule();
-    });
+    connect(this, &QTreeView::collapsed, &m_editors, &OpenEditors::schedule);
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* now) { m_focus.followFocus(now); });
 }
@@ -65,8 +61,6 @@ void FeatureRowsView::showRowsBelow(ORXPropertyTreeItem* root)
     m_pDelegate->clearInfo();
     m_pModel->updateData(root);
     updateRowsVisible(root, true);
-    m_shownFeatures.rowsChanged();
-    m_editors.schedule();
 }
 
 void FeatureRowsView::dropEditors()
@@ -231,12 +225,22 @@ void FeatureRowsView::rowsAboutToBeRemoved(const QModelIndex& parent, int start,
             m_editors.closeBelow(item);
     }
     m_editors.rowsGo();
-    m_shownFeatures.rowsChanged();
     QTreeView::rowsAboutToBeRemoved(parent, start, end);
     m_editors.schedule();
 }
 
 // Focus and keys ----------------------------------------------------------------------------------
+
+// Qt makes the row current whose editor takes the focus from the view. It may take it by a mouse
+// press: the row must not move from under the pointer.
+bool FeatureRowsView::event(QEvent* event)
+{
+    const bool scrolls = hasAutoScroll();
+    setAutoScroll(scrolls && event->type() != QEvent::FocusOut);
+    const bool handled = QTreeView::event(event);
+    setAutoScroll(scrolls);
+    return handled;
+}
 
 bool FeatureRowsView::focusNextPrevChild(bool next)
 {

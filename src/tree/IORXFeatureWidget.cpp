@@ -82,7 +82,6 @@ void IORXFeatureWidget::resetCamaraID(qint64 cameraId)
         m_lCameraID = -1;
         return;
     }
-    m_pTreeView->updateRowsVisible(root, true);
     m_pTreeView->openPersistentEdit(root, false);
     const QVector<ORXPropertyTreeItem*> groups = root->children();
     for (ORXPropertyTreeItem* group : groups)

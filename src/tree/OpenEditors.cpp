@@ -161,7 +161,6 @@ void OpenEditors::close(ORXPropertyTreeItem* item)
         QWidget* editor = editorOf(item, column);
         if (!editor)
             continue;
-        disconnect(editor, nullptr, m_delegate, nullptr);
         EditorFocus::drop(editor);
         m_view->closePersistentEditor(m_model->indexFromItem(item, column));
     }

@@ -125,6 +125,9 @@ private slots:
         QVERIFY2(wait->text().contains(name), qPrintable(wait->text()));
         QFETCH(QString, seconds);
         QVERIFY2(wait->text().endsWith(seconds), qPrintable(wait->text()));
+        wait->parentWidget()->hide();
+        QVERIFY(wait->isHidden()); // it would be what was waited for then
+        wait->parentWidget()->show();
         m_host->pace().openAllGates();
         QVERIFY(window.waitForFirstRead());
         QTRY_VERIFY(!wait->isVisible());

@@ -153,7 +153,11 @@ private slots:
         OpenedWindow window(*m_host, m_xml, 0);
         const auto goOn = qScopeGuard([&gate] { gate.release(kManyReads); });
         QVERIFY(!window.tree()->HadUpdatedOnce());
+        const auto* progress = window.widget()->findChild<ReadingProgressLine*>();
+        QTRY_VERIFY(!progress->toolTip().isEmpty());
+        const QString english = progress->toolTip();
         switchLanguage(window);
+        QVERIFY(progress->toolTip() != english);
         QVERIFY(!window.tree()->HadUpdatedOnce());
         gate.release(kManyReads);
         prepareWindow(window);

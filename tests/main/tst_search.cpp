@@ -7,6 +7,7 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/OpenedWindow.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -125,6 +126,11 @@ private slots:
         window.column()->ClearSearch();
         QVERIFY(!window.view()->isExpanded(branch));
         QVERIFY(window.view()->isExpanded(group)); // the group itself stays open
+        // What the user has opened since is none of the next search's.
+        window.view()->expand(branch);
+        window.type("black"_s);
+        window.column()->ClearSearch();
+        QVERIFY(window.view()->isExpanded(branch));
     }
 
     void aLevelChangeBringsHits()
@@ -138,6 +144,9 @@ private slots:
         const auto changeLevel = [&window](int level) {
             OBDeviceControl::SetUserLevel(level);
             window.widget()->OnUserLeverChanged();
+            QCOMPARE(
+                window.widget()->findChild<QComboBox*>("ORXFeatureUserLevel"_s)->currentIndex(),
+                level);
         };
         changeLevel(0);
         QTRY_VERIFY(!note->isVisible());

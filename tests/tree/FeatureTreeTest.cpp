@@ -62,6 +62,8 @@ void FeatureTreeTest::finish()
     m_finder.trees.clear();
     IFeatureTreeFinder::install(nullptr);
     FakeHost::uninstall();
+    m_host.beforeGet = nullptr;
+    m_host.afterSet = nullptr;
     m_host.clearCalls();
     for (const char* name :
          {"Width", "PixelFormat", "Gain", "ReverseX", "Note", "UserSetLoad", "AcquisitionStart"})

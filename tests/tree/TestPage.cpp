@@ -74,6 +74,11 @@ void TestPage::itemValueChanged(Item* item)
     log.append("value "_s + item->value()->nodeName(0));
 }
 
+void TestPage::itemExpandStateChanged(Item* item, bool expanded)
+{
+    log.append((expanded ? "expanded "_s : "collapsed "_s) + item->value()->nodeName(0));
+}
+
 void TestPage::itemVisibleStateChanged(Item* item)
 {
     log.append("visible "_s + item->value()->nodeName(0));

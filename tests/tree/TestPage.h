@@ -38,6 +38,7 @@ public:
     Item* creatRootItem() override;
     void itemValueChanged(Item* item) override;
     void itemVisibleStateChanged(Item* item) override;
+    void itemExpandStateChanged(Item* item, bool expanded) override;
     QString readOnlyReason(const Item&) const override { return reason; }
     void updateValue() override { log.append("updateValue"_s); }
     void resetSpecialItemValue() override { log.append("resetSpecial"_s); }

@@ -37,7 +37,9 @@ protected:
             [this](QWidget* parent, Item* item) {
                 auto* matrix = new QWidget(parent);
                 auto* cell = new QPropertyLineEdit(matrix, ZELCustomLineEdit::Style_Cell);
-                (new QVBoxLayout(matrix))->addWidget(cell);
+                auto* layout = new QVBoxLayout(matrix);
+                layout->addWidget(cell);
+                layout->addWidget(new QPropertyLineEdit(matrix, ZELCustomLineEdit::Style_Cell));
                 matrix->setFocusProxy(cell);
                 connect(cell, &QLineEdit::editingFinished, m_page, [this, cell, item] {
                     if (cell->hasPendingEdit())
@@ -169,7 +171,8 @@ private slots:
         QCOMPARE(m_page->writes, QStringList());
         if (!ways().at(way).goes) {
             QVERIFY(!m_edited->isEnabled());
-            QVERIFY(!EditorFocus::hasPendingEdit(m_edited));
+            const auto* cell = m_edited->findChild<QPropertyLineEdit*>();
+            QVERIFY(!EditorFocus::hasPendingEdit(cell ? cell : m_edited.data()));
         }
     }
 
@@ -233,6 +236,13 @@ private slots:
         QCOMPARE(m_page->writes, QStringList());
     }
 
+    void tabStaysInsideAnEditorOfSeveral()
+    {
+        beginEdit(QString::fromLatin1(kMatrix));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), m_edited->findChildren<QPropertyLineEdit*>().at(1));
+    }
+
     void oneOfTwoBoxesLocks()
     {
         Item* boxes = beginEdit(QString::fromLatin1(kBoxes));
@@ -240,6 +250,17 @@ private slots:
         refill(boxes);
         QVERIFY(!m_edited->isEnabled());
         QCOMPARE(QApplication::focusWidget(), view());
+    }
+
+    void theMenuOfALockedEditorCloses()
+    {
+        Item* edited = beginEdit("String"_s);
+        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {5, 5});
+        QCoreApplication::sendEvent(m_edited, &menu);
+        QVERIFY(QApplication::activePopupWidget());
+        edited->setReadOnly(true);
+        refill(edited);
+        QVERIFY(!QApplication::activePopupWidget());
     }
 
     void otherEditorsKeepTheFocus()

@@ -111,6 +111,7 @@ private slots:
     void favoritesComeAndGo()
     {
         readOnce();
+        view()->collapse(index(group()));
         menuOn(item("Width"))->actions().first()->trigger();
         menuOn(item("Gain"))->actions().first()->trigger();
         QCOMPARE(shownFavorites(m_tree.get()), words("Width Gain"));
@@ -176,9 +177,14 @@ private slots:
         setFavorites({"Width"_s, "Gain"_s});
         QVERIFY(isHidden(group()->child(0)));
         QVERIFY(!isHidden(group()->child(1)));
+        QVERIFY(!isHidden(group())); // it was, when the first one did not match
         // While another group is shown, a new favourite does not show.
         group()->setGroupVisible(false, 1);
         setFavorites({"Gain"_s});
+        QVERIFY(isHidden(group()->child(0)));
+        group()->setGroupVisible(true, 1);
+        item("Height")->setVisible(false, 1);
+        setFavorites({"Height"_s});
         QVERIFY(isHidden(group()->child(0)));
     }
 
@@ -212,6 +218,14 @@ private slots:
         setFavorites(words("Width Height Gain"));
         QCoreApplication::processEvents();
         drop(group()->child(0), item("ReverseX"));
+        view()->collapse(index(item("Image")));
+        drag<QDragEnterEvent>(group()->child(0), belowTheRows());
+        QVERIFY(!drag<QDragMoveEvent>(group()->child(0), belowTheRows()));
+        QMimeData foreign; // from another process, say
+        foreign.setData(QString::fromLatin1(kMoveFavoriteMime), "4096");
+        QDropEvent event(view()->visualRect(index(group()->child(1))).center(), Qt::CopyAction,
+                         &foreign, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view()->viewport(), &event);
         QCOMPARE(favorites(), words("Width Height Gain"));
         showFavoritesOnly();
         // A line below the last row shows where it goes to.

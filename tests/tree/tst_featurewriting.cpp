@@ -8,8 +8,10 @@
 #include "tree/ORXPropertySpinBox.h"
 
 #include <QRegularExpression>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTextEdit>
+#include <QTimer>
 
 class TestFeatureWriting : public FeatureTreeTest
 {
@@ -244,9 +246,10 @@ private slots:
     void deviceReset()
     {
         QFETCH(bool, known);
-        readOnce();
+        readWithoutPolling();
         if (!known)
             m_finder.trees.clear();
+        QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
         QSignalSpy trigger(m_tree.get(), &ORXFeatureTree::SigAutoSoftwareTrigChanged);
         m_tree->SetAutoSoftwareTrig(true, 1000000);
         QCOMPARE(trigger.size(), 1);
@@ -259,16 +262,63 @@ private slots:
         QVERIFY(!m_tree->isCanEdit());
         QCOMPARE(trigger.size(), 2);
         QVERIFY(!trigger.last().last().toBool());
+        m_host.pace().closeGate("Height"_s);
+        m_tree->OnTimeInvalidaterFeaturesUpdate();
+        QVERIFY(!m_tree->isReading()); // what the write has changed is not asked for any more
     }
 
+    // The host may release the window from inside the command, and while a reading is waited for.
+    void loadingASetKeepsTheShownRegion_data()
+    {
+        const Rows<QString, QString, int> row("released", "written", "told");
+        row("kept", "", "set RegionDisplaySelector 7", 1);
+        row("released by the command", "command", "set UserSetLoad ", 0);
+        row("released while waiting", "waiting", "set UserSetLoad ", 1);
+    }
+
+    // Its selector is just being read.
     void loadingASetKeepsTheShownRegion()
     {
-        m_host.set("RegionDisplaySelector"_s, FakeHost::enumFeature(7));
-        readOnce();
+        QFETCH(QString, released);
+        const QString selector = "RegionDisplaySelector"_s;
+        m_host.set(selector, FakeHost::enumFeature(7));
+        readWithoutPolling();
         QSignalSpy osd(m_tree.get(), &ORXFeatureTree::SigFeatureChangeOsd);
-        QVERIFY(m_tree->OnCommandNodeBtnClicked("UserSetLoad"_s));
-        QCOMPARE(m_host.writes().last(), "set RegionDisplaySelector 7"_s);
-        QCOMPARE(osd.size(), 1);
+        QSemaphore reads;
+        QSemaphore mayRead;
+        m_host.beforeGet = [&](const QString& name) {
+            if (name == selector) {
+                reads.release();
+                mayRead.acquire();
+            }
+        };
+        m_host.afterSet = [&](const QString&) {
+            if (released == "command"_s) {
+                mayRead.release();
+                m_tree->readyForDelete();
+            }
+        };
+        m_tree->rereadInvalidated(selector);
+        reads.acquire();
+        int meanwhile = -1;
+        QTimer::singleShot(0, &osd, [&] {
+            meanwhile = m_host.writes().size();
+            mayRead.release();
+            if (released == "waiting"_s) {
+                MessageGuard::ignoreMessage(QtCriticalMsg, "GetOstSettingData failed");
+                m_tree->readyForDelete();
+            }
+        });
+        m_tree->OnCommandNodeBtnClicked("UserSetLoad"_s);
+        mayRead.release();
+        QCOMPARE(meanwhile, released == "command"_s ? -1 : 1);
+        QTEST(m_host.writes().last(), "written");
+        QTEST(osd.size(), "told");
+    }
+
+    void theRegionOfALoadedSetIsRefused()
+    {
+        readOnce();
         m_host.fail("RegionDisplaySelector"_s, 5);
         MessageGuard::expectMessage("RegionDisplaySelector"_s);
         MessageGuard::ignoreMessage(QtCriticalMsg, "GetOstSettingData failed");

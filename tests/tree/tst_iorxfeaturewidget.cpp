@@ -62,7 +62,7 @@ private slots:
             return root;
         };
         page.resetCamaraID(1);
-        QCOMPARE(page.log, QStringList("resetSpecial"_s));
+        QCOMPARE(page.log, (QStringList{"resetSpecial"_s, "expanded Group"_s}));
         ORXFeatureTreeView* view = page.treeView();
         QCOMPARE(view->rootTreeItem(), page.getRootItem(1, false));
         const auto index = [&](const char* name) {
@@ -78,10 +78,10 @@ private slots:
         QVERIFY(first != view->rootTreeItem()); // the first root is kept
         page.log.clear();
         page.resetCamaraID(1);
-        QCOMPARE(page.log, QStringList("updateValue"_s));
+        QCOMPARE(page.log, (QStringList{"updateValue"_s, "expanded Group"_s}));
         QCOMPARE(view->rootTreeItem(), first);
         page.resetCamaraID(1); // shown already
-        QCOMPARE(page.log.size(), 1);
+        QCOMPARE(page.log.size(), 2);
         page.resetCamaraID(-1);
         QVERIFY(!view->rootTreeItem());
     }
@@ -116,23 +116,25 @@ private slots:
         Item* width = new Item(&whole, Item::FeatureTreePage);
         Item* height = new Item(&whole, Item::FeatureTreePage);
         auto* page = new TestPage;
+        Item* borrowed = width;
         page->makeRoot = [&] {
             Item* root = page->addGroupOfTags({});
-            width->setParent(root->child(0), page->pageType());
-            height->setParent(root->child(0), page->pageType());
-            width->registerView(page->treeView());
-            height->registerView(page->treeView());
+            borrowed->setParent(root->child(0), page->pageType());
+            borrowed->registerView(page->treeView());
             return root;
         };
         page->resetCamaraID(1);
         page->removeCameraID(1);
         QCOMPARE(whole.childCount(), 2);
         QVERIFY(!width->parent(page->pageType()));
+        borrowed = height;
         page->resetCamaraID(1);
+        page->log.clear();
+        width->notifyViewUpdate(1, -1, false);
+        QCOMPARE(page->log, QStringList()); // it is not on the page any more
         delete page;
         QVERIFY(!height->parent(Item::CommonPage));
-        width->notifyViewUpdate(1, -1, false); // the view is gone
-        height->setVisible(false, 1);
+        height->setVisible(false, 1); // the view is gone
     }
 
     void itemsAreFoundDepthFirst()
@@ -158,7 +160,9 @@ private slots:
     {
         TestPage page;
         page.makeRoot = [&] { return page.addGroupOfTags({"Command"_s, "Integer"_s}); };
+        page.translations.insert("Integer"_s, "Number"_s);
         page.resetCamaraID(1);
+        QCOMPARE(page.item("Integer"_s)->value()->displayName(), "Number"_s);
         page.log.clear();
         page.translations.insert("Integer"_s, "Whole number"_s);
         page.item("Command"_s)->setIsFeatureTreeItem(true);

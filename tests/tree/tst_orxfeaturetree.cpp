@@ -302,16 +302,21 @@ private slots:
             QVERIFY(during);
             QVERIFY(m_tree);
         }
-        m_host.beforeGet = nullptr;
         QTRY_VERIFY(!m_tree);
     }
 
     void descriptionFollowsRowAndLanguage()
     {
-        readOnce();
         const auto* panel = m_tree->findChild<QTextEdit*>();
         emit view()->pressed(index(item("Width")));
         QVERIFY(panel->toPlainText().contains("Columns of the image."_s));
+        const QString last = m_tree->AllTreeItemsMap().firstKey();
+        m_host.pace().closeGate(last);
+        m_tree->setInSight(words("Width"));
+        m_tree->StartUpdateThread();
+        QTRY_VERIFY(panel->toPlainText().contains("4096"_s)); // as soon as it is read
+        m_host.pace().openGate(last);
+        QTRY_VERIFY(m_tree->HadUpdatedOnce());
         const QString english = panel->toPlainText();
         QCOMPARE(panel->textCursor().position(), 0);
         m_tree->findChild<QTextEdit*>()->selectAll();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "styledctl/ZELCustomComboBox.h"
 #include "tree/EditorTest.h"
@@ -99,6 +100,19 @@ private slots:
         QTRY_VERIFY(!view()->editorOf(row(1)));
     }
 
+    void anEditorInUseOfTheNameIsKept()
+    {
+        openRows(200, "CustomTagNameWatermark");
+        dynamic_cast<CTreeCustomWaterMarkItemValue*>(row(1)->value())->setColumn(0, "A"_s, "A"_s);
+        view()->openPersistentEdit(row(1), true);
+        QTRY_VERIFY(view()->editorOf(row(1), 0));
+        QWidget* box = view()->editorOf(row(1), 0);
+        box->setFocus();
+        view()->verticalScrollBar()->setValue(view()->verticalScrollBar()->maximum());
+        QVERIFY(box->hasFocus());
+        QCOMPARE(view()->editorOf(row(1), 0), box);
+    }
+
     void lastShownFeatureDecidesItsCategories()
     {
         m_page->makeRoot = [this] {
@@ -172,7 +186,8 @@ private slots:
         row(0)->notifyViewUpdate(camera, -1, false);
         row(0)->notifyViewUpdate(camera, 1, false); // refreshes the cell without telling the page
         row(0)->setVisible(false, camera);
-        const QStringList expected = {"value Row0000"_s, "visible Row0000"_s};
+        group()->setExpanded(false, camera);
+        const QStringList expected = {"value Row0000"_s, "visible Row0000"_s, "collapsed Group"_s};
         QCOMPARE(m_page->log, heard ? expected : QStringList());
         QCOMPARE(isHidden(row(0)), heard);
     }

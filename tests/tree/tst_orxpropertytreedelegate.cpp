@@ -245,7 +245,8 @@ private slots:
         QTest::mouseClick(tool, Qt::LeftButton);
         QCOMPARE(m_page->writes.size(), 2);
         ORXInterface::setLanguage("CH"_s);
-        view()->updateAllEditorData();
+        QEvent language(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(view(), &language);
         QCOMPARE(command->text(), "\u6267\u884c"_s);
         QCOMPARE(tool->text(), "\u6253\u5f00\u5de5\u5177"_s);
     }

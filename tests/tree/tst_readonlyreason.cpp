@@ -260,6 +260,9 @@ private slots:
         item("Level")->value()->setDisplayName(QString(500, QLatin1Char('W')));
         m_tree->notifyEditorUpdate();
         QVERIFY(line()->toPlainText().contains(QString(50, QLatin1Char('W'))));
+        line()->selectAll();
+        m_tree->notifyEditorUpdate();
+        QVERIFY(line()->textCursor().hasSelection()); // the text has not changed
         QCOMPARE(m_tree->minimumSizeHint().width(), width);
         QVERIFY(line()->height() < m_tree->height() / 8);
         QTRY_COMPARE(line()->document()->idealWidth() <= line()->viewport()->width(), true);

@@ -119,7 +119,8 @@ private slots:
     {
         openRows(100, "String");
         view()->setFocus();
-        view()->setCurrentIndex(index(row(2)));
+        view()->setCurrentIndex(index(row(2), 1)); // as by a click beside its editor
+        QVERIFY(view()->hasFocus());
         for (const int key : {int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::Key_F2)}) {
             QTest::keyClick(view(), Qt::Key(key));
             QCOMPARE(QApplication::focusWidget(), view()->editorOf(row(2)));
@@ -137,14 +138,26 @@ private slots:
         QCOMPARE(m_page->writes, QStringList(rowName(3) + " typed"_s));
     }
 
+    void focusMakesTheRowCurrent_data()
+    {
+        const Rows<bool> row("fromView");
+        row("from the view", true);
+        row("from another editor", false);
+    }
+
     void focusMakesTheRowCurrent()
     {
+        QFETCH(bool, fromView);
         openRows(100);
-        QWidget* editor = view()->editorOf(row(4));
+        (fromView ? static_cast<QWidget*>(view()) : view()->editorOf(row(0)))->setFocus();
+        // The last one in sight, which the edge of the view cuts.
+        Item* cut = ORXPropertyTreeModel::itemFromIndex(
+            view()->indexAt(view()->viewport()->rect().bottomLeft()));
+        QWidget* editor = view()->editorOf(cut);
         const int before = view()->verticalScrollBar()->value();
         QTest::mouseClick(editor, Qt::LeftButton, {}, QPoint(20, 10));
         QVERIFY(editor->hasFocus());
-        QCOMPARE(current(), row(4));
+        QCOMPARE(current(), cut);
         QCOMPARE(view()->verticalScrollBar()->value(), before);
     }
 };

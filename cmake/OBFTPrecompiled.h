@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Compiled once when OBFT_PRECOMPILED_HEADERS is on; see OBFTPrecompiled.cmake. No file includes it.
+// Compiled once when OBFT_PRECOMPILED_HEADERS is on; see OBFTPrecompiled.cmake. No file includes
+// it.
 #pragma once
 
 #include <QEvent>

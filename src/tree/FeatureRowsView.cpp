@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QWheelEvent>
 
@@ -235,10 +236,15 @@ void FeatureRowsView::rowsAboutToBeRemoved(const QModelIndex& parent, int start,
 // press: the row must not move from under the pointer.
 bool FeatureRowsView::event(QEvent* event)
 {
+    if (event->type() != QEvent::FocusOut)
+        return QTreeView::event(event);
+    // What the focus leaves may be written, and a host may close the window from there.
+    const QPointer<FeatureRowsView> self(this);
     const bool scrolls = hasAutoScroll();
-    setAutoScroll(scrolls && event->type() != QEvent::FocusOut);
+    setAutoScroll(false);
     const bool handled = QTreeView::event(event);
-    setAutoScroll(scrolls);
+    if (self)
+        setAutoScroll(scrolls);
     return handled;
 }
 

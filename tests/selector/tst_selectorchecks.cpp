@@ -242,7 +242,7 @@ private slots:
             [] { OB_FT_Release(); },
         };
         ends[end]();
-        const int writes = m_camera->writes().size();
+        const int writes = int(m_camera->writes().size());
         hanging.join();
         QApplication::processEvents();
         // No host call afterwards, and the selector is where it was.

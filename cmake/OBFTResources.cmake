@@ -64,7 +64,9 @@ macro(obft_pack_end)
     set(_rcc "${OBFT_RESOURCE_DIR}/${_pack}.rcc")
     add_custom_command(
         OUTPUT "${_rcc}"
-        COMMAND "${OBFT_RCC}" --binary --output "${_rcc}" "${_qrc}"
+        # The form that every Qt 5 and Qt 6 reads, whichever of them packs it.
+        COMMAND "${OBFT_RCC}" --binary --format-version 2 --compress-algo zlib
+            --output "${_rcc}" "${_qrc}"
         DEPENDS "${_qrc}" ${_pack_depends}
         COMMENT "Packing ${_pack}.rcc" VERBATIM)
     list(APPEND _obft_resource_outputs "${_rcc}")

@@ -77,7 +77,7 @@ std::optional<QString> fromUtf8(const QByteArray& bytes)
 
 void FeatureFile::append(const QString& name, const QString& value)
 {
-    lines.append({lines.size() + 1, name, value});
+    lines.append({int(lines.size()) + 1, name, value});
 }
 
 QString FeatureFile::Fault::text() const
@@ -134,7 +134,7 @@ FeatureFile FeatureFile::parse(const QByteArray& bytes)
         const QString trimmed = text->trimmed();
         if (trimmed.isEmpty() || trimmed.startsWith(QLatin1Char('#')))
             continue;
-        const int tab = text->indexOf(kTab);
+        const int tab = int(text->indexOf(kTab));
         const QString name = text->left(tab).trimmed();
         if (tab < 0) {
             addFault(number, FaultKind::NoTab);

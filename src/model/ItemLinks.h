@@ -124,8 +124,8 @@ public:
         const ItemStateLock lock;
         if (!a || !b)
             return;
-        const int first = m_children.indexOf(a);
-        const int second = m_children.indexOf(b);
+        const int first = int(m_children.indexOf(a));
+        const int second = int(m_children.indexOf(b));
         if (first >= 0 && second >= 0)
             std::swap(m_children[first], m_children[second]);
     }

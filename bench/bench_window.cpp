@@ -105,7 +105,7 @@ Keystrokes typeAndClear(const ORXFeatureGroup* group)
                 QApplication::processEvents();
             }));
         }
-        for (int length = text.size() - 1; length >= 0; --length) {
+        for (int length = int(text.size()) - 1; length >= 0; --length) {
             times.push_back(processorMs([&] {
                 box->setText(text.left(length));
                 QApplication::processEvents();

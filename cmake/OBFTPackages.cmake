@@ -29,7 +29,7 @@ This package holds the shared library and its resources.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libobfeaturetree-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "libobfeaturetree1 (= ${PROJECT_VERSION}), qtbase5-dev")
+    "libobfeaturetree1 (= ${PROJECT_VERSION}), ${OBFT_QT_DEVELOPMENT_PACKAGE}")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "A window in which the user of a machine-vision host browses and edits the
 features of a connected industrial camera.

@@ -8,7 +8,8 @@ if(OBFT_PRECOMPILED_HEADERS)
     # Types keep the visibility they were compiled with; shown ones fit hidden files, not the reverse.
     set_target_properties(obft_precompiled PROPERTIES AUTOMOC OFF
         CXX_VISIBILITY_PRESET default VISIBILITY_INLINES_HIDDEN OFF)
-    target_link_libraries(obft_precompiled PRIVATE Qt5::Core Qt5::Gui Qt5::Widgets)
+    target_link_libraries(obft_precompiled PRIVATE Qt${OBFT_QT_MAJOR}::Core
+        Qt${OBFT_QT_MAJOR}::Gui Qt${OBFT_QT_MAJOR}::Widgets)
     target_precompile_headers(obft_precompiled PRIVATE
         "$<$<COMPILE_LANGUAGE:CXX>:${CMAKE_CURRENT_LIST_DIR}/OBFTPrecompiled.h>")
 endif()

@@ -10,15 +10,8 @@ set(OBFT_RESOURCE_SOURCE_DIR "${CMAKE_CURRENT_LIST_DIR}/../src/resources")
 set(_obft_resource_work "${CMAKE_BINARY_DIR}/resources")
 
 find_program(OBFT_RSVG_CONVERT rsvg-convert REQUIRED DOC "SVG renderer (Debian: librsvg2-bin)")
-foreach(tool IN ITEMS rcc lrelease)
-    string(TOUPPER "OBFT_${tool}" variable)
-    # The Qt 5 folder first: a plain "rcc" in PATH may belong to another Qt.
-    find_program(${variable} ${tool} PATHS /usr/lib/qt5/bin NO_DEFAULT_PATH)
-    find_program(${variable} NAMES ${tool}-qt5 ${tool})
-endforeach()
-if(NOT OBFT_RCC)
-    message(FATAL_ERROR "rcc not found (Debian: qtbase5-dev-tools)")
-endif()
+obft_find_qt_tool(OBFT_RCC rcc)
+obft_find_qt_tool(OBFT_LRELEASE lrelease)
 
 # obft_pack(<pack>): begins the pack <pack>.rcc.
 macro(obft_pack pack)
@@ -71,7 +64,9 @@ macro(obft_pack_end)
     set(_rcc "${OBFT_RESOURCE_DIR}/${_pack}.rcc")
     add_custom_command(
         OUTPUT "${_rcc}"
-        COMMAND "${OBFT_RCC}" --binary --output "${_rcc}" "${_qrc}"
+        # The form that every Qt 5 and Qt 6 reads, whichever of them packs it.
+        COMMAND "${OBFT_RCC}" --binary --format-version 2 --compress-algo zlib
+            --output "${_rcc}" "${_qrc}"
         DEPENDS "${_qrc}" ${_pack_depends}
         COMMENT "Packing ${_pack}.rcc" VERBATIM)
     list(APPEND _obft_resource_outputs "${_rcc}")
@@ -97,9 +92,6 @@ endif()
 # The Chinese interface.
 set(_interface_texts "${OBFT_RESOURCE_SOURCE_DIR}/translations/FeatureTree_zh_CN.ts")
 if(EXISTS "${_interface_texts}")
-    if(NOT OBFT_LRELEASE)
-        message(FATAL_ERROR "lrelease not found (Debian: qttools5-dev-tools)")
-    endif()
     set(_qm "${OBFT_RESOURCE_DIR}/FeatureTree_zh_CN.qm")
     add_custom_command(
         OUTPUT "${_qm}"

@@ -92,7 +92,7 @@ function(obft_add_folder name)
     target_include_directories(obft_${name} PUBLIC
         "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/include")
     target_link_libraries(obft_${name} PUBLIC
-        BaseTools StyledCtl Qt5::Core Qt5::Gui Qt5::Widgets pugixml::pugixml)
+        BaseTools StyledCtl Qt${OBFT_QT_MAJOR}::Core Qt${OBFT_QT_MAJOR}::Gui Qt${OBFT_QT_MAJOR}::Widgets pugixml::pugixml)
     foreach(dependency IN LISTS arg_DEPENDS)
         target_link_libraries(obft_${name} PUBLIC obft_${dependency})
     endforeach()

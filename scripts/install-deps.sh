@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: Apache-2.0
 # Installs the Debian packages that the named groups need and that are missing.
-# Usage: install-deps.sh [run] [test] [bench] [tidy] [fuzz] [aarch64]     (default: run)
+# Usage: install-deps.sh [run] [test] [qt6] [bench] [tidy] [fuzz] [aarch64]     (default: run)
 # Quiet when nothing is missing; stops with a clear message when it cannot install.
 set -euo pipefail
 
-run_packages="cmake ninja-build g++ gcc ccache pkg-config qtbase5-dev qtbase5-dev-tools
-  qttools5-dev-tools libaravis-dev libusb-1.0-0-dev libpugixml-dev librsvg2-bin fonts-noto-cjk fonts-dejavu-core"
-test_packages="$run_packages aravis-tools aravis-tools-cli binutils clang-format python3
-  python3-pyqt5"
+common_packages="cmake ninja-build g++ gcc ccache pkg-config libaravis-dev libusb-1.0-0-dev libpugixml-dev
+  librsvg2-bin fonts-noto-cjk fonts-dejavu-core"
+run_packages="$common_packages qtbase5-dev qtbase5-dev-tools qttools5-dev-tools"
+check_packages="aravis-tools aravis-tools-cli binutils clang-format python3"
+test_packages="$run_packages $check_packages python3-pyqt5"
+qt6_packages="$common_packages $check_packages qt6-base-dev qt6-base-dev-tools qt6-l10n-tools
+  qt6-tools-dev-tools"
 package_packages="lintian dpkg-dev gzip"
 bench_packages="$run_packages libbenchmark-dev"
 tidy_packages="$test_packages clang-tidy"

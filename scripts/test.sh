@@ -12,6 +12,7 @@ if [ "${1:-}" = "--preset" ]; then
 fi
 case "$preset" in
 tidy) group="tidy" ;;
+qt6) group="qt6" ;;
 aarch64) group="aarch64" ;;
 release) group="test bench" ;;
 *) group="test" ;;

@@ -53,7 +53,7 @@ int ownCalls()
     edit(window);
     (void)QTest::qWaitFor([&] { return allShow(window, kRaise); }, kWindowPatienceMs);
     QTest::qWait(kCollectingMs);
-    return host.calls().size() - host.writes().size();
+    return int(host.calls().size() - host.writes().size());
 }
 
 struct Reread

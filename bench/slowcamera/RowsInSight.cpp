@@ -61,7 +61,7 @@ void printWholeRead(const FakeHost& host)
         most = std::max({most, mode, value});
     }
     const QStringList calls = host.calls();
-    const int others = calls.size() - modes - values;
+    const int others = int(calls.size()) - modes - values;
     std::printf("    the whole read: %d access modes and %d values for %d features (%d of a kind "
                 "for one at the most), %d calls for groups and others\n",
                 modes, values, kFeatures, most, others);

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "basetools/ORXInterface.h"
 
-#include <QTextCodec>
+#include "basetools/QtDifferences.h"
 
 #include <cstring>
 
 namespace {
-
-constexpr int kUtf8Mib = 106;
 
 int utf8Size(const QString& text, int at, int units)
 {
@@ -15,7 +13,7 @@ int utf8Size(const QString& text, int at, int units)
     if (units == 2)
         return 4;
     if (text.at(at).isSurrogate())
-        return text.mid(at, 1).toUtf8().size();
+        return int(text.mid(at, 1).toUtf8().size());
     return code < 0x80 ? 1 : code < 0x800 ? 2 : 3;
 }
 
@@ -26,17 +24,14 @@ QString ORXInterface::fromLocalText(const char* text, int maxBytes)
     if (!text || maxBytes <= 0)
         return QString();
     const int size = int(::strnlen(text, size_t(maxBytes)));
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    QString utf8 = QTextCodec::codecForMib(kUtf8Mib)->toUnicode(text, size, &state);
-    if (state.invalidChars == 0)
-        return utf8;
-    return QString::fromLocal8Bit(text, size);
+    const QtDifferences::DecodedText utf8 = QtDifferences::decodeUtf8(text, size);
+    return utf8.hasFaults ? QString::fromLocal8Bit(text, size) : utf8.text;
 }
 
 QByteArray ORXInterface::toLocalText(const QString& text)
 {
-    const QTextCodec* codec = QTextCodec::codecForLocale();
-    return codec && codec->canEncode(text) ? codec->fromUnicode(text) : text.toUtf8();
+    const QByteArray local = text.toLocal8Bit();
+    return QString::fromLocal8Bit(local) == text ? local : text.toUtf8();
 }
 
 qint64 ORXInterface::string2Int(const QString& text)

@@ -89,7 +89,7 @@ QFont ZELCustom::font(int pixelSize, int weight)
 {
     QFont font(globalFontFamily(Font_Interface));
     font.setPixelSize(qMax(1, pixelSize));
-    font.setWeight(weight);
+    font.setWeight(QFont::Weight(weight));
     return font;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/ZELCustomTitleBar.h"
 
+#include "basetools/QtDifferences.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/private/ZELColors.h"
@@ -98,13 +99,13 @@ void ZELCustomTitleBar::mousePressEvent(QMouseEvent* event)
     if (window()->windowHandle() && window()->windowHandle()->startSystemMove())
         return;
     m_dragging = true;
-    m_dragOffset = event->globalPos() - window()->pos();
+    m_dragOffset = QtDifferences::mouseOnScreen(*event) - window()->pos();
 }
 
 void ZELCustomTitleBar::mouseMoveEvent(QMouseEvent* event)
 {
     if (m_dragging)
-        window()->move(event->globalPos() - m_dragOffset);
+        window()->move(QtDifferences::mouseOnScreen(*event) - m_dragOffset);
 }
 
 void ZELCustomTitleBar::mouseReleaseEvent(QMouseEvent* event)

@@ -13,9 +13,9 @@ ZELSplitterKeys::ZELSplitterKeys(QSplitter* splitter)
 }
 
 // What is moved away from one side is given to the other; both keep their minimum.
-void ZELSplitterKeys::addKey(int key, int step)
+void ZELSplitterKeys::addKey(Qt::Key key, int step)
 {
-    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + key), m_pSplitter);
+    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | key), m_pSplitter);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
     connect(shortcut, &QShortcut::activated, this, [this, step] {
         QList<int> sizes = m_pSplitter->sizes();

@@ -17,7 +17,7 @@ public:
     explicit ZELSplitterKeys(QSplitter* splitter);
 
 private:
-    void addKey(int key, int step);
+    void addKey(Qt::Key key, int step);
 
     QSplitter* m_pSplitter; // Not owned.
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/ZELTouchScrolling.h"
 
+#include "basetools/QtDifferences.h"
+
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -9,7 +11,7 @@
 #include <QPointer>
 #include <QScroller>
 #include <QStyleHints>
-#include <QTouchDevice>
+#include <QTouchEvent>
 
 namespace {
 
@@ -61,8 +63,9 @@ bool ZELTouchScrolling::isFinger(const QEvent& event) const
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
     case QEvent::TouchCancel: {
-        const QTouchDevice* device = static_cast<const QTouchEvent&>(event).device();
-        return device && device->type() == QTouchDevice::TouchScreen;
+        const auto* device = static_cast<const QTouchEvent&>(event).device();
+        using Type = decltype(device->type());
+        return device && device->type() == Type::TouchScreen;
     }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -90,12 +93,12 @@ bool ZELTouchScrolling::eventFilter(QObject* watched, QEvent* event)
     event->accept();
     const auto* mouse = dynamic_cast<QMouseEvent*>(event);
     const auto* touch = dynamic_cast<QTouchEvent*>(event);
-    if (event->type() == QEvent::TouchCancel || (touch && touch->touchPoints().size() != 1)) {
+    if (event->type() == QEvent::TouchCancel || (touch && QtDifferences::fingers(*touch) != 1)) {
         giveUp();
         return true;
     }
     const QPoint at =
-        mouse ? mouse->globalPos() : touch->touchPoints().first().screenPos().toPoint();
+        mouse ? QtDifferences::mouseOnScreen(*mouse) : QtDifferences::fingerOnScreen(*touch);
     switch (event->type()) {
     case QEvent::TouchBegin:
     case QEvent::MouseButtonPress:

@@ -37,7 +37,7 @@ void ChangeJournal::append(const QVector<ValueChange>& changes)
     }
     if (fresh.isEmpty())
         return;
-    beginInsertRows({}, 0, fresh.size() - 1);
+    beginInsertRows({}, 0, int(fresh.size()) - 1);
     for (Line& line : fresh)
         m_lines.push_back(std::move(line));
     endInsertRows();

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "changes/FeatureFile.h"
 
+#include "basetools/QtDifferences.h"
+
 #include <QStringList>
-#include <QTextCodec>
 
 #include <optional>
 
@@ -68,18 +69,15 @@ std::optional<QString> unescaped(const QString& text)
 std::optional<QString> fromUtf8(const QByteArray& bytes)
 {
     // A mark of the byte order is taken off the whole file, once.
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    const QString text =
-        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0 ? std::make_optional(text)
-                                                                : std::nullopt;
+    const auto read = QtDifferences::decodeUtf8(bytes.constData(), int(bytes.size()));
+    return read.hasFaults || read.isCut ? std::nullopt : std::make_optional(read.text);
 }
 
 } // namespace
 
 void FeatureFile::append(const QString& name, const QString& value)
 {
-    lines.append({lines.size() + 1, name, value});
+    lines.append({int(lines.size()) + 1, name, value});
 }
 
 QString FeatureFile::Fault::text() const
@@ -136,7 +134,7 @@ FeatureFile FeatureFile::parse(const QByteArray& bytes)
         const QString trimmed = text->trimmed();
         if (trimmed.isEmpty() || trimmed.startsWith(QLatin1Char('#')))
             continue;
-        const int tab = text->indexOf(kTab);
+        const int tab = int(text->indexOf(kTab));
         const QString name = text->left(tab).trimmed();
         if (tab < 0) {
             addFault(number, FaultKind::NoTab);

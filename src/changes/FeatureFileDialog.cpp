@@ -163,7 +163,7 @@ void FeatureFileDialog::compare(const QString& path)
         tell(Outcome::NotReadable);
     } else if (!job.file.faults.isEmpty()) {
         m_pTable->setFaults(job.file.faults);
-        tell(Outcome::Faulty, job.file.faults.size());
+        tell(Outcome::Faulty, int(job.file.faults.size()));
     } else if (job.file.lines.isEmpty()) {
         tell(Outcome::NoLines);
     } else {
@@ -222,7 +222,7 @@ void FeatureFileDialog::onEnded()
     case FeatureFileJob::Kind::Compare:
         m_pTable->setRows(job->rows, true);
         tell(job->wasStopped ? Outcome::Stopped : Outcome::Compared,
-             job->rows.size() - count(FeatureFileRow::State::Same), job->rows.size());
+             int(job->rows.size()) - count(FeatureFileRow::State::Same), int(job->rows.size()));
         break;
     case FeatureFileJob::Kind::Apply: {
         const int chosen = m_pTable->chosenCount();
@@ -255,7 +255,8 @@ void FeatureFileDialog::afterSave(const FeatureFileJob& job)
         qWarning().noquote() << QStringLiteral("Feature file %1 cannot be written: %2")
                                     .arg(m_strPath, file.errorString());
     }
-    tell(written ? Outcome::Saved : Outcome::NotSaved, job.file.lines.size(), job.rows.size());
+    tell(written ? Outcome::Saved : Outcome::NotSaved, int(job.file.lines.size()),
+         int(job.rows.size()));
 }
 
 // Words -------------------------------------------------------------------------------------------

@@ -90,12 +90,12 @@ QVector<FeatureFileGroup> FeatureFileOrder::groups(const FeatureNodeMap& nodes,
         const QString key = group.selectors.join(QLatin1Char('\n'));
         // Plain features stand between groups, where the description has them.
         const bool isPlain = group.selectors.isEmpty();
-        const int place =
-            isPlain
-                ? (result.isEmpty() || !result.last().selectors.isEmpty() ? -1 : result.size() - 1)
-                : places.value(key, -1);
+        const int place = isPlain ? (result.isEmpty() || !result.last().selectors.isEmpty()
+                                         ? -1
+                                         : int(result.size()) - 1)
+                                  : places.value(key, -1);
         if (place < 0) {
-            places.insert(key, result.size());
+            places.insert(key, int(result.size()));
             result.append(group);
         }
         result[place < 0 ? result.size() - 1 : place].features.append(node->name);

@@ -66,7 +66,7 @@ void FeatureFileTable::retranslate()
 
 int FeatureFileTable::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_shown.size() + m_faults.size();
+    return parent.isValid() ? 0 : int(m_shown.size() + m_faults.size());
 }
 
 int FeatureFileTable::columnCount(const QModelIndex& parent) const

@@ -60,7 +60,7 @@ FeatureFile FeatureFileWork::save(const QStringList& names, QVector<FeatureFileR
     FeatureFile file;
     const QVector<FeatureFileGroup> groups = FeatureFileOrder::groups(m_nodes, names);
     for (const FeatureFileGroup& group : groups)
-        m_total += group.features.size();
+        m_total += int(group.features.size());
     for (const FeatureFileGroup& group : groups) {
         if (isStopped())
             break;
@@ -75,7 +75,7 @@ void FeatureFileWork::saveGroup(const FeatureFileGroup& group, FeatureFile& file
     if (!group.selectors.isEmpty()) {
         saveFrom(0, group, {}, file, notSaved);
         m_positions.putBack();
-        m_done += group.features.size() - 1;
+        m_done += int(group.features.size()) - 1;
         stepDone();
         return;
     }
@@ -121,7 +121,7 @@ bool FeatureFileWork::saveFrom(int selector, const FeatureFileGroup& group,
             notSaved.append(refused);
             continue;
         }
-        const int before = file.lines.size();
+        const int before = int(file.lines.size());
         file.append(node->name, value);
         if (saveFrom(selector + 1, group, deeper, file, notSaved))
             any = true;
@@ -211,7 +211,7 @@ QVector<FeatureFileRow> FeatureFileWork::compare(const FeatureFile& file)
         }
         rows.append(row);
     }
-    m_total = rows.size();
+    m_total = int(rows.size());
     for (FeatureFileRow& row : rows) {
         if (isStopped())
             break;
@@ -267,7 +267,7 @@ void FeatureFileWork::apply(QVector<FeatureFileRow>& rows)
         }
     }
     const QVector<FeatureFileRow*> all = open;
-    m_total = 2 * all.size();
+    m_total = 2 * int(all.size());
     for (int round = 0; round < kMaxRounds && !open.isEmpty(); ++round) {
         QVector<FeatureFileRow*> refused;
         for (FeatureFileRow* row : qAsConst(open)) {

@@ -81,7 +81,7 @@ void SelectorPositions::putBack()
 // Those among `names` that were moved later than the one before `index`.
 void SelectorPositions::putBackFrom(int index, const QStringList& names)
 {
-    for (int i = m_moved.size() - 1; i >= index; --i) {
+    for (int i = int(m_moved.size()) - 1; i >= index; --i) {
         if (names.contains(m_moved.at(i).name))
             putBack(m_moved.takeAt(i));
     }

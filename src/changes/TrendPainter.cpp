@@ -80,7 +80,7 @@ private:
     // Every one, every second one ... as many as have room.
     int stride() const
     {
-        const int steps = m_picture.times.size() - 1;
+        const int steps = int(m_picture.times.size()) - 1;
         int widest = 0;
         for (const TrendPicture::Tick& tick : m_picture.times)
             widest = std::max(widest, m_metrics.horizontalAdvance(tick.text) + 2 * kGap);

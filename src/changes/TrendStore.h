@@ -23,7 +23,7 @@ public:
 
     // Of a feature, whose value is `held`; empty when that is no number.
     TrendSeries series(const QString& name, const ValueWatch::Held& held) const;
-    int count() const { return m_series.size(); }
+    int count() const { return int(m_series.size()); }
 
     // Integers, floats, booleans and entries are numbers.
     static bool isNumber(const QVariant& value);

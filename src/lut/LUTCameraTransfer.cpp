@@ -50,7 +50,7 @@ void LUTCameraTransfer::SetToCamera(const LUTPoints& points)
 {
     if (!m_thread.SetThreadType(ORXLUTThread::SetToCamera))
         return;
-    begin(points.size());
+    begin(int(points.size()));
     m_thread.setPointVector(points);
     m_thread.startJob();
 }

@@ -71,7 +71,7 @@ bool LUTControlLine::moveSelected(int indexStep, int valueStep)
         return selectNeighbour(1);
     const LUTPoint before = m_controls.at(m_nSelected);
     const qint64 value = qint64(before.value) + valueStep;
-    place(m_nSelected,
-          {before.index + indexStep, static_cast<int>(qBound<qint64>(0, value, m_nMaxValue))});
+    place(m_nSelected, {before.index + indexStep,
+                        static_cast<int>(qBound(qint64(0), value, qint64(m_nMaxValue)))});
     return m_controls.at(m_nSelected) != before;
 }

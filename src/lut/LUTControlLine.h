@@ -21,7 +21,7 @@ public:
     LUTPoint selectedPoint() const override { return m_controls.value(m_nSelected); }
 
 protected:
-    int selectableCount() const override { return m_controls.size(); }
+    int selectableCount() const override { return int(m_controls.size()); }
 
     // The control points that stand for a table.
     virtual LUTPoints controlsOf(const LUTPoints& table) const = 0;

@@ -46,7 +46,7 @@ bool LUTCurve::replaceBy(const LUTPoints& pairs, int type)
 
 void LUTCurve::showTable(const LUTPoints& table, int maximumValue, float xScale, float yScale)
 {
-    const int points = table.size();
+    const int points = int(table.size());
     if (s_nPointCount != points || m_plot.pointCount() != points ||
         m_plot.maxValue() != maximumValue)
         setRange(points, maximumValue);

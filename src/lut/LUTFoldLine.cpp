@@ -12,7 +12,7 @@ constexpr int kRightmostPressPx = LUTPlot::kSizePx + LUTPlot::kBesidePx;
 
 LUTPoints LUTFoldLine::GetFlodLineVector(const LUTPoints& table)
 {
-    const int quarter = table.size() / 4;
+    const int quarter = int(table.size()) / 4;
     LUTPoints points;
     for (const int position : {0, quarter - 1, 2 * quarter - 1, 3 * quarter - 1, 4 * quarter - 1})
         points.append(table.value(qMax(0, position)));
@@ -26,7 +26,7 @@ LUTPoints LUTFoldLine::controlsOf(const LUTPoints& table) const
 
 void LUTFoldLine::redraw()
 {
-    m_points = LUTTable::expand(m_controls, m_points.size());
+    m_points = LUTTable::expand(m_controls, int(m_points.size()));
 }
 
 bool LUTFoldLine::press(const QPoint& pixel, const LUTPlot& plot)

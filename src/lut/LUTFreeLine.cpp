@@ -23,7 +23,7 @@ void LUTFreeLine::ClearFreePoints()
 int LUTFreeLine::ChangedFreePoint(const QPoint& pixel, const LUTPlot& plot)
 {
     const QPoint inside = LUTPlot::bounded(pixel);
-    const int index = qBound(0, plot.indexAt(inside.x()), m_points.size() - 1);
+    const int index = qBound(0, plot.indexAt(inside.x()), int(m_points.size()) - 1);
     m_points[index].value = boundedValue(plot.valueAt(inside.y()));
     return index;
 }
@@ -63,6 +63,7 @@ bool LUTFreeLine::moveSelected(int indexStep, int valueStep)
         return selectNeighbour(m_nSelected == kNone ? 1 : indexStep);
     LUTPoint& point = m_points[m_nSelected];
     const int before = point.value;
-    point.value = static_cast<int>(qBound<qint64>(0, qint64(before) + valueStep, m_nMaxValue));
+    point.value =
+        static_cast<int>(qBound(qint64(0), qint64(before) + valueStep, qint64(m_nMaxValue)));
     return point.value != before;
 }

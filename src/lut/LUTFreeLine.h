@@ -25,5 +25,5 @@ public:
     LUTPoint selectedPoint() const override { return m_points.value(m_nSelected); }
 
 protected:
-    int selectableCount() const override { return m_points.size(); }
+    int selectableCount() const override { return int(m_points.size()); }
 };

@@ -48,8 +48,8 @@ bool LUTLine::selectNeighbour(int step)
 {
     const int before = m_nSelected;
     const int from = before == kNone ? (step < 0 ? 0 : -1) : before;
-    m_nSelected =
-        static_cast<int>(qBound<qint64>(0, qint64(from) + step, qMax(0, selectableCount() - 1)));
+    m_nSelected = static_cast<int>(
+        qBound(qint64(0), qint64(from) + step, qint64(qMax(0, selectableCount() - 1))));
     return m_nSelected != before;
 }
 

@@ -29,7 +29,7 @@ public:
     LUTPoints boundedTable() const;
     // The value drawn at an index; the index is bounded.
     int valueAt(int index) const;
-    int pointCount() const { return m_points.size(); }
+    int pointCount() const { return int(m_points.size()); }
 
     virtual bool press(const QPoint& pixel, const LUTPlot& plot) = 0;
     virtual bool drag(const QPoint& pixel, const LUTPlot& plot) = 0;

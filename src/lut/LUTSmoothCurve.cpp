@@ -15,8 +15,8 @@ void LUTSmoothCurve::rebuildFrom(const LUTPoints& table)
 LUTPoints LUTSmoothCurve::controlsOf(const LUTPoints& table) const
 {
     LUTPoints controls;
-    const int last = table.size() - 1;
-    const int quarter = table.size() / 4;
+    const int last = int(table.size()) - 1;
+    const int quarter = int(table.size()) / 4;
     for (const int position : {0, quarter - 1, 2 * quarter - 1, 3 * quarter - 1, last}) {
         // A table of few points has fewer control points.
         if (controls.isEmpty() || position > controls.constLast().index)
@@ -38,7 +38,7 @@ QPointF LUTSmoothCurve::PointOnSquareBezier(const QPointF& start, const QPointF&
 // twice the smaller rise, which is what keeps a piece between its end points.
 QVector<double> LUTSmoothCurve::slopes() const
 {
-    const int count = m_controls.size();
+    const int count = int(m_controls.size());
     QVector<double> rises(count - 1);
     for (int i = 0; i + 1 < count; ++i)
         rises[i] = (static_cast<double>(m_controls.at(i + 1).value) - m_controls.at(i).value) /
@@ -61,7 +61,7 @@ QVector<double> LUTSmoothCurve::slopes() const
 void LUTSmoothCurve::redraw()
 {
     if (m_controls.size() < 3) {
-        m_points = LUTTable::expand(m_controls, m_points.size());
+        m_points = LUTTable::expand(m_controls, int(m_points.size()));
         return;
     }
     const QVector<double> slope = slopes();
@@ -134,7 +134,7 @@ bool LUTSmoothCurve::addBehindSelected()
 {
     if (m_controls.size() < 2 || m_controls.size() >= kMostControls)
         return false;
-    const int before = qBound(0, m_nSelected, m_controls.size() - 2);
+    const int before = qBound(0, m_nSelected, int(m_controls.size()) - 2);
     const int first = m_controls.at(before).index;
     const int index = first + (m_controls.at(before + 1).index - first) / 2;
     if (index == first) // no room

@@ -82,7 +82,8 @@ void LUTTransfer::GetPointGroup()
             qCritical("LUT: reading failed after %d of %d points", m_report.done, m_report.total);
             return;
         }
-        m_points.append({i, static_cast<qint32>(qBound<qint64>(0, value, m_nMaximumValue))});
+        m_points.append(
+            {i, static_cast<qint32>(qBound(qint64(0), value, qint64(m_nMaximumValue)))});
         countPoint();
     }
     m_report.outcome =
@@ -91,7 +92,7 @@ void LUTTransfer::GetPointGroup()
 
 void LUTTransfer::SetPointToCamera(const LUTPoints& points)
 {
-    m_report.total = points.size();
+    m_report.total = int(points.size());
     for (int position = 0; position < m_report.total && !m_stop.isRequested(); ++position) {
         if (SetLutIndex(position) && SetLutValue(points.at(position).value))
             countPoint();

@@ -153,7 +153,7 @@ QModelIndex CFeatureGroupModel::parent(const QModelIndex& index) const
 int CFeatureGroupModel::rowCount(const QModelIndex& parent) const
 {
     if (!parent.isValid())
-        return m_pages.size();
+        return int(m_pages.size());
     const ORXPropertyTreeItem* item = itemFromIndex(parent);
     return parent.column() == 0 && rowOfRoot(item) >= 0 ? item->childCount() : 0;
 }

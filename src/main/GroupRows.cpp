@@ -109,7 +109,7 @@ bool GroupRows::hasHits(const QModelIndex& group) const
 
 QModelIndex GroupRows::nextWithHits(const QModelIndex& current) const
 {
-    const int pages = m_pages.size();
+    const int pages = int(m_pages.size());
     if (!m_pModel->isSearching() || !current.isValid() || pages == 0)
         return {};
     const int currentPage = m_pModel->pageRowOf(current);

@@ -67,8 +67,8 @@ bool ORXFeatureToolBar::InitCtrl()
 {
     m_pButtons = new QButtonGroup(this);
     m_pButtons->setExclusive(false);
-    m_pLanguage = makeButton("ORXFeatureLangue", ToolBarIndex::kLanguage, Qt::CTRL + Qt::Key_L);
-    m_pSave = makeButton("ORXFeatureSave", ToolBarIndex::kSave, Qt::CTRL + Qt::Key_S);
+    m_pLanguage = makeButton("ORXFeatureLangue", ToolBarIndex::kLanguage, Qt::CTRL | Qt::Key_L);
+    m_pSave = makeButton("ORXFeatureSave", ToolBarIndex::kSave, Qt::CTRL | Qt::Key_S);
     m_pSave->cSetImages(picture("Save"), picture("Save_sel"), picture("Save_sel"),
                         picture("Save_dis"));
     m_pRefresh = makeButton("ORXFeatureRefresh", ToolBarIndex::kRefresh, Qt::Key_F5);

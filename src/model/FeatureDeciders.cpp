@@ -65,7 +65,7 @@ private:
             if (hidden != kNobody)
                 m_found[hidden].isReplaced = true;
         } else if (row == Row::Hidden && hidden == kNobody) {
-            hidden = m_found.size();
+            hidden = int(m_found.size());
             m_found.append({{step.name, step.isValueItself}, false});
         }
         return row == Row::Shown;
@@ -110,7 +110,7 @@ private:
                     next.append({reference.text, step.isValueItself && !isVariable, hidden});
             }
         }
-        for (int i = next.size() - 1; i >= 0; --i)
+        for (int i = int(next.size()) - 1; i >= 0; --i)
             m_pending.append(next.at(i));
     }
 

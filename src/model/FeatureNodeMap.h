@@ -28,7 +28,7 @@ public:
     // same name replaced.
     const QVector<FeatureNodePtr>& featureElements() const { return m_featureElements; }
     const QHash<QString, FeatureNodePtr>& nodes() const { return m_nodes; }
-    int size() const { return m_nodes.size(); }
+    int size() const { return int(m_nodes.size()); }
     bool isEmpty() const { return m_nodes.isEmpty(); }
 
 private:

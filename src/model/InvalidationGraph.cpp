@@ -59,7 +59,7 @@ int InvalidationGraph::idOf(const QString& name)
     const auto known = m_ids.constFind(name);
     if (known != m_ids.constEnd())
         return *known;
-    const int id = m_names.size();
+    const int id = int(m_names.size());
     m_ids.insert(name, id);
     m_names.append(name);
     m_nodes.append(Node());

@@ -68,7 +68,7 @@ public:
     int childCount() const
     {
         const ItemStateLock lock;
-        return m_children.size();
+        return int(m_children.size());
     }
 
     QVector<Item*> children() const
@@ -86,7 +86,7 @@ public:
         // Rows rarely move, so the last known position is tried before the list is searched.
         int& hint = m_rowHints[type < kParentTypes ? type : 0];
         if (above->m_children.value(hint, nullptr) != this)
-            hint = above->m_children.indexOf(const_cast<ItemLinks*>(this)->self());
+            hint = int(above->m_children.indexOf(const_cast<ItemLinks*>(this)->self()));
         return hint;
     }
 
@@ -114,7 +114,7 @@ public:
     void moveChild(Item* item, int index)
     {
         const ItemStateLock lock;
-        const int from = m_children.indexOf(item);
+        const int from = int(m_children.indexOf(item));
         if (from >= 0)
             m_children.move(from, qBound(0, index, m_children.size() - 1));
     }
@@ -124,8 +124,8 @@ public:
         const ItemStateLock lock;
         if (!a || !b)
             return;
-        const int first = m_children.indexOf(a);
-        const int second = m_children.indexOf(b);
+        const int first = int(m_children.indexOf(a));
+        const int second = int(m_children.indexOf(b));
         if (first >= 0 && second >= 0)
             std::swap(m_children[first], m_children[second]);
     }
@@ -153,7 +153,7 @@ protected:
         if (!parent || type >= kParentTypes)
             return;
         m_parents[type] = parent;
-        m_rowHints[type] = parent->m_children.size();
+        m_rowHints[type] = int(parent->m_children.size());
         parent->m_children.append(self());
     }
 

@@ -34,13 +34,13 @@ QString mark(const QString& text, const QString& keyword)
     const QString source = htmlEscaped(text);
     QString html;
     int from = 0;
-    int found = keyword.isEmpty() ? -1 : source.indexOf(keyword, 0, Qt::CaseInsensitive);
+    int found = keyword.isEmpty() ? -1 : int(source.indexOf(keyword, 0, Qt::CaseInsensitive));
     while (found >= 0) {
         if (found > from)
             html += span(normal, source.mid(from, found - from));
         html += span(marked, source.mid(found, keyword.size()));
-        from = found + keyword.size();
-        found = source.indexOf(keyword, from, Qt::CaseInsensitive);
+        from = found + int(keyword.size());
+        found = int(source.indexOf(keyword, from, Qt::CaseInsensitive));
     }
     if (from < source.size())
         html += span(normal, source.mid(from));

@@ -15,9 +15,9 @@ const QLatin1String kRecreateMarker("NeedRecreateEditor:");
 // True when both statuses carry the marker and differ behind it.
 bool needsNewEditor(const QString& before, const QString& after)
 {
-    const int oldAt = before.indexOf(kRecreateMarker);
-    const int newAt = after.indexOf(kRecreateMarker);
-    return oldAt >= 0 && newAt >= 0 && before.midRef(oldAt) != after.midRef(newAt);
+    const int oldAt = int(before.indexOf(kRecreateMarker));
+    const int newAt = int(after.indexOf(kRecreateMarker));
+    return oldAt >= 0 && newAt >= 0 && before.mid(oldAt) != after.mid(newAt);
 }
 
 } // namespace

@@ -69,7 +69,7 @@ void ORXPropertyTreeModel::addItems(ORXPropertyTreeItem* parent,
     if (!parent || items.isEmpty())
         return;
     const int first = parent->childCount();
-    beginInsertRows(indexFromItem(parent, 0), first, first + items.size() - 1);
+    beginInsertRows(indexFromItem(parent, 0), first, first + int(items.size()) - 1);
     for (ORXPropertyTreeItem* item : items)
         item->setParent(parent, m_parentType);
     endInsertRows();

@@ -168,8 +168,8 @@ QGetFeaturesThread::Progress QGetFeaturesThread::progress() const
     return locked([this](const Waiting&, const ReadingPass* running) {
         if (!running || running->type != FEATURES_UPDATE_ALL)
             return Progress();
-        const int total = running->only.isEmpty() ? m_items.size() : running->only.size();
-        return Progress{running->begun.size(), total};
+        const int total = int(running->only.isEmpty() ? m_items.size() : running->only.size());
+        return Progress{int(running->begun.size()), total};
     });
 }
 

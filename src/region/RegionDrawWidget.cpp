@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "region/RegionDrawWidget.h"
 
+#include "basetools/QtDifferences.h"
 #include "region/RegionGeometry.h"
 #include "region/RegionPainter.h"
 
@@ -150,20 +151,20 @@ int RegionDrawWidget::sidesAt(const QPointF& position) const
 
 void RegionDrawWidget::mousePressEvent(QMouseEvent* event)
 {
-    const int sides = sidesAt(event->localPos());
+    const int sides = sidesAt(QtDifferences::mousePosition(*event));
     if (event->button() != Qt::LeftButton || m_edit.target() || sides == RegionEdit::NoSide)
         return;
-    m_edit.press(sides, event->localPos(), *edited());
+    m_edit.press(sides, QtDifferences::mousePosition(*event), *edited());
     update();
 }
 
 void RegionDrawWidget::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_edit.isDragging()) {
-        showCursor(event->localPos());
+        showCursor(QtDifferences::mousePosition(*event));
         return;
     }
-    m_edit.drag(event->localPos(), place().scale(), *edited());
+    m_edit.drag(QtDifferences::mousePosition(*event), place().scale(), *edited());
     update();
 }
 
@@ -171,7 +172,7 @@ void RegionDrawWidget::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton || !m_edit.isDragging())
         return;
-    m_edit.drag(event->localPos(), place().scale(), *edited());
+    m_edit.drag(QtDifferences::mousePosition(*event), place().scale(), *edited());
     finishEdit();
 }
 

@@ -41,7 +41,7 @@ void RegionPainter::drawArea(Kind kind, const QRectF& rect, bool edited, const Q
 {
     const QColor line = colour(kind == ImageRegion ? "Region" : "AutoFunctionArea");
     QColor fill = line;
-    fill.setAlphaF(edited ? kEditedFill : kOtherFill);
+    fill.setAlphaF(float(edited ? kEditedFill : kOtherFill));
     m_painter.setBrush(fill);
     m_painter.setPen(QPen(line, edited ? 2.0 : 1.0, edited ? Qt::SolidLine : Qt::DashLine));
     m_painter.drawRect(rect);

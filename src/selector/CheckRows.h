@@ -26,7 +26,7 @@ public:
     // group owns them.
     void attach(ORXPropertyTreeItem* group, ORXFeatureTreeView* view, int boxes, qint64 cameraId);
     void clear();
-    int boxes() const { return 2 * m_rows.size(); }
+    int boxes() const { return 2 * int(m_rows.size()); }
 
     // Name and text are empty for a box that is not used.
     void setBox(int box, const QString& nodeName, const QString& text, bool disabled);

@@ -54,7 +54,7 @@ void SelectorChecks::forgetWrites()
         qCritical().noquote() << QStringLiteral("%1 of entry %2 was not written: stopped before")
                                      .arg(latin(m_names->enable))
                                      .arg(entry);
-        showState(m_numbers.indexOf(entry));
+        showState(int(m_numbers.indexOf(entry)));
     }
 }
 
@@ -106,7 +106,7 @@ int SelectorChecks::mostEntries() const
         const FeatureNodePtr node =
             m_pTree->descriptionIndex().GetDomElementNode(latin(choice.selector));
         if (node && cameraItem(choice.selector) && cameraItem(choice.enable))
-            entries = qMax(entries, node->entries.size());
+            entries = qMax(entries, int(node->entries.size()));
     }
     return entries;
 }
@@ -152,7 +152,7 @@ void SelectorChecks::refresh()
         m_rows.setBox(box, used ? nodeName(m_numbers.at(box)) : QString(),
                       translated.isEmpty() ? text : translated, enable->readOnly());
     }
-    m_rows.show(visible ? m_numbers.size() : 0, changed);
+    m_rows.show(visible ? int(m_numbers.size()) : 0, changed);
     if (changed)
         requestStates();
 }
@@ -276,7 +276,7 @@ void SelectorChecks::onWritten(const QString& selector, qint64 entry, bool on,
         m_underWay.remove(entry);
     if (feature.isEmpty())
         m_known[entry] = on;
-    const int index = m_numbers.indexOf(entry);
+    const int index = int(m_numbers.indexOf(entry));
     if (!m_names || selector != latin(m_names->selector) || index < 0)
         return;
     const QString enable = latin(m_names->enable);

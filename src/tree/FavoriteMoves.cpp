@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/FavoriteMoves.h"
 
+#include "basetools/QtDifferences.h"
 #include "device/ReentrancyScope.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomCheckBox.h"
@@ -84,7 +85,7 @@ ORXPropertyTreeItem* FavoriteMoves::lastFavorite() const
 
 bool FavoriteMoves::showTarget(const QDropEvent* event)
 {
-    const QModelIndex target = m_view->indexAt(event->pos());
+    const QModelIndex target = m_view->indexAt(QtDifferences::dropPosition(*event));
     const bool allowed = canLandOn(target, event->mimeData());
     const ORXPropertyTreeItem* before = ORXPropertyTreeModel::itemFromIndex(target);
     m_delegate->setCurMoveItem(!allowed ? nullptr : before ? before : lastFavorite(), !before);
@@ -103,7 +104,7 @@ void FavoriteMoves::clearTarget()
 
 bool FavoriteMoves::drop(const QDropEvent* event)
 {
-    const QModelIndex target = m_view->indexAt(event->pos());
+    const QModelIndex target = m_view->indexAt(QtDifferences::dropPosition(*event));
     ORXPropertyTreeItem* moved = movedItem(event->mimeData());
     if (!moved || !canLandOn(target, event->mimeData()))
         return false;

@@ -255,7 +255,7 @@ void FeatureFavorites::orderItem(const QString& name)
         if (m_items.contains(favorite.first))
             before.insert(favorite.first);
     }
-    m_pView->treeModel()->moveItem(m_items.value(name, nullptr), before.size());
+    m_pView->treeModel()->moveItem(m_items.value(name, nullptr), int(before.size()));
 }
 
 void FeatureFavorites::forgetItems()

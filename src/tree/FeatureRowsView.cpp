@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/FeatureRowsView.h"
 
+#include "basetools/QtDifferences.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELTouchScrolling.h"
 #include "tree/ContextMenuKey.h"
@@ -366,7 +367,7 @@ bool FeatureRowsView::showDropTarget(const QDropEvent* event)
     const bool allowed = m_favoriteMoves.showTarget(event);
     const int margin = autoScrollMargin();
     const QRect inner = viewport()->rect().adjusted(margin, margin, -margin, -margin);
-    if (hasAutoScroll() && !inner.contains(event->pos()))
+    if (hasAutoScroll() && !inner.contains(QtDifferences::dropPosition(*event)))
         startAutoScroll();
     return allowed;
 }
@@ -409,5 +410,5 @@ void FeatureRowsView::dropEvent(QDropEvent* event)
 
 void FeatureRowsView::startDrag(Qt::DropActions)
 {
-    m_favoriteMoves.drag(currentIndex(), viewOptions());
+    m_favoriteMoves.drag(currentIndex(), QtDifferences::rowOption<QStyleOptionViewItem>(*this));
 }

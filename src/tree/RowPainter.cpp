@@ -99,7 +99,7 @@ void RowPainter::paintMark(QPainter* painter, const QRect& row,
     if (strength <= 0)
         return;
     QColor colour = ZELCustom::getDataBaseColor(QStringLiteral("StyledCtlColor_Accent"));
-    colour.setAlphaF(strength);
+    colour.setAlphaF(float(strength));
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);

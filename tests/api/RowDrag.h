@@ -16,8 +16,9 @@ inline void dragRow(const ORXFeatureTreeView* view, const QModelIndex& row)
     QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, from);
     const QPointer<QWidget> viewport(view->viewport());
     for (int step = 1; step <= 2 && viewport; ++step) {
-        QMouseEvent move(QEvent::MouseMove, from + step * way, Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
+        const QPoint at = from + step * way;
+        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(viewport, &move);
     }
     if (viewport)

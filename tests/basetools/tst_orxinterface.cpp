@@ -66,7 +66,7 @@ private slots:
         QVERIFY(text.startsWith(QLatin1Char('a')) && text.endsWith(QLatin1Char('z')));
         const QString chinese = "\xE7\x9B\xB8\xE6\x9C\xBA"_s;
         const QByteArray local = ORXInterface::toLocalText(chinese);
-        QCOMPARE(ORXInterface::fromLocalText(local.constData(), local.size()), chinese);
+        QCOMPARE(ORXInterface::fromLocalText(local.constData(), int(local.size())), chinese);
     }
 
     void conversions_data()

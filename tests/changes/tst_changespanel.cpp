@@ -158,7 +158,7 @@ private slots:
     {
         openWatched();
         for (int i = 0; i < 3; ++i) {
-            const int before = lines("Timestamp"_s).size();
+            const int before = int(lines("Timestamp"_s).size());
             m_clock->advance(std::chrono::minutes(1));
             OBFT_TRY_VERIFY(before == 0 ? lines("Timestamp"_s).size() == 1
                                         : lines("Timestamp"_s).first().contains("times"_s));

@@ -4,7 +4,7 @@
 # also with pkg-config) and runs them: one of its own, and the hosts that the guide for hosts shows.
 set -euo pipefail
 build="$1" source="$2" guide="$3" cmake="$4" cc="$5" cxx="$6" sanitize="${7:-}" toolchain="${8:-}"
-emulator="${9:-}"
+emulator="${9:-}" qt="${10:?}"
 
 work="$build/consumer"
 rm -rf "$work"
@@ -22,11 +22,23 @@ awk -v folder="$work/guide" '
     !inside && /^`[a-z.]+`:$/ { file = substr($0, 2, length($0) - 3) }
 ' "$guide"
 
-"$cmake" -S "$source" -DGUIDE_SOURCES="$work/guide" -B "$work/build" -DCMAKE_PREFIX_PATH="$prefix" \
-    -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" \
-    -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" \
-    ${toolchain:+-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_FIND_ROOT_PATH="$prefix"} >/dev/null
+configure() { # FOLDER FURTHER ARGUMENTS
+    "$cmake" -S "$source" -DGUIDE_SOURCES="$work/guide" -B "$@" -DCMAKE_PREFIX_PATH="$prefix" \
+        -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" \
+        -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" \
+        ${toolchain:+-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_FIND_ROOT_PATH="$prefix"}
+}
+configure "$work/build" >/dev/null
 "$cmake" --build "$work/build" >/dev/null
+
+# A host with the other Qt is refused, and told why.
+output="$(configure "$work/other" -DHOST_QT_MAJOR=$((11 - qt)) 2>&1)" && { echo "a host of another Qt was accepted"; exit 1; }
+if grep -q "file provided by \"Qt$((11 - qt))\"" <<<"$output"; then
+    echo "no Qt $((11 - qt)) to try"
+else
+    grep -q "QT_MAJOR_VERSION" <<<"$output" || { echo "$output"; exit 1; }
+fi
+
 $emulator "$work/build/consumer"
 for host in guide_cpp guide_c; do
     output="$($emulator "$work/build/$host" 2>&1)" || { echo "$host: $output"; exit 1; }
@@ -36,6 +48,7 @@ done
 pc="$(dirname "$(find "$prefix" -name obfeaturetree.pc)")"
 export PKG_CONFIG_PATH="$pc${PKG_CONFIG_PATH:+:$PKG_CONFIG_PATH}"
 resources="$(pkg-config --variable=resourcedir obfeaturetree)"
+[ "$(pkg-config --variable=qtmajor obfeaturetree)" = "$qt" ] || { echo "pkg-config does not name the Qt"; exit 1; }
 [ -f "$resources/Client_Default.rcc" ] || { echo "no resources in $resources"; exit 1; }
 "$cc" $flags -Wall -Werror -std=c99 -pedantic-errors $(pkg-config --cflags obfeaturetree) -c "$source/main.c" \
     -o "$work/main.o"

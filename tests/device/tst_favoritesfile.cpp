@@ -97,7 +97,7 @@ private slots:
         writeFile(bytes);
         if (!logged.isEmpty())
             MessageGuard::ignoreMessage(QtCriticalMsg, logged.constData());
-        QTEST(FavoritesFile::load().size(), "count");
+        QTEST(int(FavoritesFile::load().size()), "count");
     }
 
     void unescapedNamesMakeTheFileUnreadable()

@@ -63,9 +63,8 @@ private slots:
         };
         ORXListenTools* tools = ORXListenTools::instance();
         for (const QString& entry : qAsConst(added))
-            tools->addListener(
-                listener(entry.chopped(1)),
-                static_cast<ORXListenTools::PriorityLevel>(entry.rightRef(1).toInt()));
+            tools->addListener(listener(entry.chopped(1)),
+                               static_cast<ORXListenTools::PriorityLevel>(entry.right(1).toInt()));
         tools->removeListener(listener(removed));
         tools->notifyListeners(6, nullptr);
         QTEST(log.join(QLatin1Char(' ')), "called");

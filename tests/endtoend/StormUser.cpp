@@ -150,7 +150,7 @@ void StormUser::search(const OpenedWindow& window)
 {
     static const QStringList kTexts = {"feature 1"_s,     "feature"_s, "wid"_s,
                                        "no such thing"_s, QString(),   QString()};
-    const QString text = kTexts.at(upTo(kTexts.size() - 1));
+    const QString text = kTexts.at(upTo(int(kTexts.size()) - 1));
     note("search \""_s + text + QLatin1Char('"'));
     window.column()->findChild<QLineEdit*>("FeatureSearch"_s)->setText(text);
 }

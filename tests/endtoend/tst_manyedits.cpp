@@ -76,7 +76,7 @@ private slots:
     void nothingIsLostAndMemoryStaysFlat()
     {
         m_host->afterSet = [this](const QString& name) {
-            const int edited = name.midRef(7).toInt();
+            const int edited = name.mid(7).toInt();
             const qint64 number = m_host->feature(name).integer;
             for (int i = 1; i <= kFollowers; ++i)
                 m_host->set(nameOf(edited + i), FakeHost::integerFeature(number + i));

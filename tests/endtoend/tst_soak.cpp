@@ -34,9 +34,9 @@ Held held()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     const QDir::Filters all = QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System;
     const std::size_t bytes = mallinfo2().uordblks; // before the folders are listed
-    return {QDir("/proc/self/task"_s).entryList(all).size(),
-            QDir("/proc/self/fd"_s).entryList(all).size(), QApplication::allWidgets().size(),
-            bytes};
+    return {int(QDir("/proc/self/task"_s).entryList(all).size()),
+            int(QDir("/proc/self/fd"_s).entryList(all).size()),
+            int(QApplication::allWidgets().size()), bytes};
 }
 
 int wanted(const char* variable, int usual)

@@ -4,8 +4,6 @@
 #include "host/CameraTalk.h"
 #include "support/TestMain.h"
 
-#include <QTextCodec>
-
 #include <limits>
 
 namespace {
@@ -40,16 +38,39 @@ private slots:
         const QString text =
             "<?xml version=\"1.0\" encoding=\"%1\"?>"_s +
             QString::fromUtf8(description("<String Name=\"S\"><Value>%2</Value></String>"));
-        const auto encoded = [&text](const char* codec, const QString& value) {
-            return QTextCodec::codecForName(codec)->fromUnicode(
-                text.arg(QLatin1String(codec), value));
-        };
         const QString chinese = "宽度"_s;
-        for (const char* codec :
-             {"UTF-8", "UTF-16", "UTF-16BE", "UTF-16LE", "UTF-32", "GB2312", "GB18030"})
-            row(codec, encoded(codec, chinese), chinese);
-        row("UTF-8 with mark", "\xEF\xBB\xBF" + encoded("UTF-8", chinese), chinese);
-        const QByteArray latin = encoded("ISO-8859-1", "Größe"_s);
+        const auto plain = [&text](const char* encoding, const QByteArray& value) {
+            return text.arg(QLatin1String(encoding), "%2"_s).toLatin1().replace("%2", value);
+        };
+        for (const auto& [encoding, value] :
+             {std::pair("UTF-8", "\xE5\xAE\xBD\xE5\xBA\xA6"),
+              std::pair("GB2312", "\xBF\xED\xB6\xC8"), std::pair("GB18030", "\xBF\xED\xB6\xC8")})
+            row(encoding, plain(encoding, value), chinese);
+        const struct
+        {
+            const char* name;
+            const char* encoding;
+            int bytes;
+            bool bigEndian, marked;
+        } wide[] = {{"UTF-16", "UTF-16", 2, false, true},
+                    {"UTF-16, high byte first", "UTF-16", 2, true, true},
+                    {"UTF-16LE without mark", "UTF-16LE", 2, false, false},
+                    {"UTF-16BE without mark", "UTF-16BE", 2, true, false},
+                    {"UTF-32", "UTF-32", 4, false, true},
+                    {"UTF-32, high byte first", "UTF-32", 4, true, true}};
+        for (const auto& form : wide) {
+            const QString mark = form.marked ? QString(QChar(QChar::ByteOrderMark)) : QString();
+            QByteArray raw;
+            for (const uint code :
+                 (mark + text.arg(QLatin1String(form.encoding), chinese)).toUcs4()) {
+                for (int i = 0; i < form.bytes; ++i)
+                    raw += char(code >> 8 * (form.bigEndian ? form.bytes - 1 - i : i));
+            }
+            row(form.name, raw, chinese);
+        }
+        row("UTF-8 with mark", "\xEF\xBB\xBF" + plain("UTF-8", chinese.toUtf8()), chinese);
+        const QByteArray latin = plain("ISO-8859-1", "Gr\xF6\xDF"
+                                                     "e");
         row("Latin-1", latin, "Größe");
         row("Latin-1 that claims to be UTF-8", QByteArray(latin).replace("ISO-8859-1", "UTF-8"),
             "Größe");

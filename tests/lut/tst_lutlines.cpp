@@ -228,7 +228,7 @@ private slots:
             if (round % 3 == 0 && curve.addPoint(pixel, plot)) {
                 QCOMPARE(curve.selectedPoint().index, plot.indexAt(pixel.x()));
             } else {
-                const int number = random.bounded(curve.handles().size());
+                const int number = random.bounded(int(curve.handles().size()));
                 QVERIFY(curve.press(pixelOf(plot, curve.handles().at(number)), plot));
                 curve.release(pixel, plot);
             }

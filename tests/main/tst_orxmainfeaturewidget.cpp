@@ -53,7 +53,7 @@ private slots:
         QCOMPARE(level->currentIndex(), 1);
         level->setCurrentIndex(0);
         QTRY_VERIFY(window.item("ExposureMode")->visible());
-        const int before = told.count();
+        const int before = int(told.count());
         // What the host or the language changes is shown, and not told.
         OBDeviceControl::SetUserLevel(1);
         window.widget()->OnUserLeverChanged();

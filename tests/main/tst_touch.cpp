@@ -159,7 +159,7 @@ private:
         return moved;
     }
 
-    QTouchDevice* m_pScreen; // Owned by Qt.
+    decltype(QTest::createTouchDevice()) m_pScreen; // Owned by Qt.
     std::unique_ptr<OpenedWindow> m_window;
 
 private slots:

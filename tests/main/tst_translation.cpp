@@ -61,7 +61,7 @@ QString translationFile()
 
 int markersOf(const QString& text)
 {
-    return text.count(QLatin1Char('%'));
+    return int(text.count(QLatin1Char('%')));
 }
 
 } // namespace

@@ -40,7 +40,7 @@ HeldCamera::HeldCamera(Camera& camera)
             added += node("Integer"_s, "%1Decider%2"_s.arg(QLatin1String(name)).arg(entry));
     }
     QString xml = QString::fromStdString(camera.descriptionXml());
-    const int category = xml.indexOf("Name=\"DeviceControl\""_s);
+    const int category = int(xml.indexOf("Name=\"DeviceControl\""_s));
     xml.insert(xml.indexOf("<pFeature>"_s, category),
                child("pFeature"_s, "AaMany"_s) + child("pFeature"_s, "AaManyGuru"_s));
     xml.insert(xml.lastIndexOf("</"_s), added);
@@ -110,7 +110,7 @@ void HeldCamera::hold(const QString& call)
 int HeldCamera::held() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_holding.size();
+    return int(m_holding.size());
 }
 
 void HeldCamera::release()

@@ -54,7 +54,7 @@ public:
     bool eventFilter(QObject*, QEvent* event) override
     {
         if (event->type() == QEvent::Hide && m_callsAtHiding < 0) {
-            m_callsAtHiding = m_camera.calls().size();
+            m_callsAtHiding = int(m_camera.calls().size());
             m_heldAtHiding = m_camera.held();
             m_camera.release();
         }

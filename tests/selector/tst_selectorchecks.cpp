@@ -45,7 +45,7 @@ private:
     QByteArray states() const
     {
         QByteArray all;
-        while (const QAbstractButton* each = box(all.size()))
+        while (const QAbstractButton* each = box(int(all.size())))
             all += each->isChecked() ? '1' : '0';
         return all;
     }
@@ -77,7 +77,7 @@ private slots:
         OBFT_TRY_COMPARE(this->states(), states);
         OBFT_TRY_COMPARE(read(selector), 3);
         // One box has no neighbour when the entries are odd in number.
-        const ORXPropertyTreeItem* last = m_window->item(kPage, rowName(states.size() - 1));
+        const ORXPropertyTreeItem* last = m_window->item(kPage, rowName(int(states.size()) - 1));
         QVERIFY(last->value()->nodeName(1).isEmpty());
         for (const int entry : {6, 3, 6}) {
             m_camera->forget();
@@ -242,7 +242,7 @@ private slots:
             [] { OB_FT_Release(); },
         };
         ends[end]();
-        const int writes = m_camera->writes().size();
+        const int writes = int(m_camera->writes().size());
         hanging.join();
         QApplication::processEvents();
         // No host call afterwards, and the selector is where it was.

@@ -252,8 +252,8 @@ private slots:
         m_held->release();
         OBFT_TRY_VERIFY(m_held->calls().contains(next));
         const QStringList calls = m_held->calls();
-        const int put = calls.indexOf(back);
-        const int on = calls.indexOf(next);
+        const int put = int(calls.indexOf(back));
+        const int on = int(calls.indexOf(next));
         // The pass that was asked for, or polling: whoever waited first.
         const QStringList turn = calls.mid(put + 1, on - put - 1).filter("mode "_s);
         QVERIFY2(put >= 0 && put < on && !turn.isEmpty(),

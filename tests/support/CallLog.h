@@ -21,7 +21,7 @@ public:
         const std::lock_guard<std::mutex> lock(m_mutex);
         return m_calls;
     }
-    int count(const QString& call) const { return calls().count(call); }
+    int count(const QString& call) const { return int(calls().count(call)); }
     void clear()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);

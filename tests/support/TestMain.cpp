@@ -4,9 +4,16 @@
 #include "support/GuiThreadReads.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+
+namespace {
+
+constexpr int kFarFromWindows = 5000; // pixels
+
+} // namespace
 
 void GuardedTest::init()
 {
@@ -39,6 +46,8 @@ int runGuardedTest(int argc, char** argv, std::unique_ptr<GuardedTest> (*make)()
     qputenv("XDG_RUNTIME_DIR", home.path().toLocal8Bit());
     QStandardPaths::setTestModeEnabled(true);
     QApplication application(argc, argv);
+    // With Qt 6 a window that opens below the pointer shows at once what is under it.
+    QCursor::setPos(kFarFromWindows, kFarFromWindows);
     const std::unique_ptr<GuardedTest> test = make();
     return QTest::qExec(test.get(), argc, argv);
 }

@@ -305,7 +305,7 @@ private slots:
             button->cSetClickClock([] { return qint64(0); }); // all clicks at the same moment
             for (int i = 0; i < 3; ++i)
                 QTest::mouseClick(button, Qt::LeftButton);
-            return m_page->writes.size();
+            return int(m_page->writes.size());
         };
         QCOMPARE(clicks("Command"), 1);
         QCOMPARE(clicks("TriggerSoftware"), 3);

@@ -97,7 +97,7 @@ private slots:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             QCOMPARE(QApplication::focusWidget(), editor);
         }
-        for (int i = order.size() - 2; i >= 0; --i) {
+        for (int i = int(order.size()) - 2; i >= 0; --i) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
             QCOMPARE(QApplication::focusWidget(), order.at(i));
         }

@@ -78,14 +78,14 @@ private slots:
     void anUnreadRowShowsADashAndNoEditor()
     {
         QFETCH(QString, tag);
-        makeRows(2, tag);
+        makeRows(3, tag); // the pointer may stand on the first
         m_page->open();
         QCoreApplication::processEvents();
-        QVERIFY(!view()->editorOf(row(0)));
-        QCOMPARE(valueCell(row(0)), valueCell(row(1)));
-        const QImage dash = valueCell(row(0));
-        row(0)->setWasRead(true, -1); // the view is not told, so no editor covers the cell
-        QVERIFY(valueCell(row(0)) != dash);
+        QVERIFY(!view()->editorOf(row(1)));
+        QCOMPARE(valueCell(row(1)), valueCell(row(2)));
+        const QImage dash = valueCell(row(1));
+        row(1)->setWasRead(true, -1); // the view is not told, so no editor covers the cell
+        QVERIFY(valueCell(row(1)) != dash);
     }
 
     void theFirstValueOpensTheEditor()

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "description/DescriptionText.h"
 
+#include "basetools/QtDifferences.h"
+
 #include <QRegularExpression>
 #include <QString>
-#include <QTextCodec>
 
 #include <array>
 
@@ -15,7 +16,7 @@ struct Pattern
 {
     const char* bytes;
     int count;
-    const char* codec;
+    const char* encoding;
 };
 
 // Longer marks first: the mark of UTF-32 begins with that of UTF-16. The last two rows are "<?"
@@ -39,26 +40,30 @@ QByteArray declaredEncoding(const QByteArray& raw)
     return match.captured(1).toLatin1();
 }
 
-QTextCodec* codecFor(const QByteArray& raw)
+bool isUtf8(const QByteArray& encoding)
+{
+    return encoding.toLower().replace('-', "").replace('_', "") == "utf8";
+}
+
+QString decoded(const QByteArray& raw)
 {
     for (const Pattern& pattern : kPatterns) {
         if (raw.startsWith(QByteArray::fromRawData(pattern.bytes, pattern.count)))
-            return QTextCodec::codecForName(pattern.codec);
+            return QtDifferences::decode(pattern.encoding, raw).value_or(QString());
     }
-    QTextCodec* utf8 = QTextCodec::codecForName("UTF-8");
-    QTextCodec* declared = QTextCodec::codecForName(declaredEncoding(raw));
-    if (declared && declared != utf8)
-        return declared;
-    QTextCodec::ConverterState state;
-    utf8->toUnicode(raw.constData(), raw.size(), &state);
-    return state.invalidChars == 0 ? utf8 : QTextCodec::codecForName("ISO-8859-1");
+    const QByteArray declared = declaredEncoding(raw);
+    const auto text = isUtf8(declared) ? std::nullopt : QtDifferences::decode(declared, raw);
+    if (text)
+        return *text;
+    const auto utf8 = QtDifferences::decodeUtf8(raw.constData(), int(raw.size()));
+    return utf8.hasFaults ? QString::fromLatin1(raw) : utf8.text;
 }
 
 } // namespace
 
 std::string toUtf8(const QByteArray& raw)
 {
-    QString text = codecFor(raw)->toUnicode(raw);
+    QString text = decoded(raw);
     if (text.startsWith(QChar(QChar::ByteOrderMark)))
         text.remove(0, 1);
     static const QRegularExpression declared(

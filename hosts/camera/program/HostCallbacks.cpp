@@ -5,7 +5,6 @@
 #include "cameras/CameraError.h"
 
 #include <QString>
-#include <QTextCodec>
 
 #include <algorithm>
 #include <cstring>
@@ -20,8 +19,8 @@ std::string fromLocal(const char* text)
 
 bool isLocaleUtf8()
 {
-    constexpr int kUtf8Mib = 106;
-    return QTextCodec::codecForLocale()->mibEnum() == kUtf8Mib;
+    const QString probe(QChar(0x5BBD));
+    return probe.toLocal8Bit() == probe.toUtf8();
 }
 
 // The camera gave UTF-8.

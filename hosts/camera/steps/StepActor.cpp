@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "steps/StepActor.h"
 
+#include "basetools/QtDifferences.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>
@@ -450,7 +452,7 @@ QString StepActor::key(const QString& argument)
     if (!focus || sequence.count() != 1)
         return focus ? QStringLiteral("\"%1\" is no key").arg(argument)
                      : QStringLiteral("nothing has the focus");
-    const auto code = static_cast<unsigned>(sequence[0]);
+    const auto code = QtDifferences::keyCode(sequence[0]);
     sendKey(focus, static_cast<int>(code & ~static_cast<unsigned>(Qt::KeyboardModifierMask)),
             Qt::KeyboardModifiers(QFlag(code & static_cast<unsigned>(Qt::KeyboardModifierMask))),
             QString());

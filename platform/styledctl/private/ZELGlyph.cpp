@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/private/ZELGlyph.h"
 
+#include "basetools/QtDifferences.h"
+
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -67,9 +69,7 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
-        // QIcon asks for the pixels of fine screens only where the host's application set this.
-        const bool asked = QCoreApplication::testAttribute(Qt::AA_UseHighDpiPixmaps);
-        const qreal ratio = asked ? 1.0 : qGuiApp->devicePixelRatio();
+        const qreal ratio = QtDifferences::iconsAskForPixels() ? 1.0 : qGuiApp->devicePixelRatio();
         QPixmap result(size * ratio);
         result.setDevicePixelRatio(ratio);
         result.fill(Qt::transparent);

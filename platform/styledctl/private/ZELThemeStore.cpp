@@ -151,8 +151,8 @@ QString ZELThemeStore::resolveSheet(const QString& text) const
         }
         if (value.isEmpty())
             value = fallback(key).name();
-        result += text.midRef(last, match.capturedStart() - last) + value;
-        last = match.capturedEnd();
+        result += text.mid(last, int(match.capturedStart()) - last) + value;
+        last = int(match.capturedEnd());
     }
-    return result + text.midRef(last);
+    return result + text.mid(last);
 }

@@ -42,7 +42,7 @@ void EntryEditor::fill(QWidget* editor, const EditorCell& cell) const
     }
     const auto entry = value->valueMap();
     const auto current = entry.constFind(value->number());
-    comboBox->setCurrentIndex(current == entry.constEnd() ? -1 : english.indexOf(*current));
+    comboBox->setCurrentIndex(int(current == entry.constEnd() ? -1 : english.indexOf(*current)));
     comboBox->setToolTip(comboBox->currentText());
     comboBox->setEnabled(cell.usable);
 }

@@ -4,6 +4,7 @@
 #include "cameras/CameraError.h"
 #include "model/CTreeBooleanItemValue.h"
 #include "pages/DemoPageTest.h"
+#include "reading/FeatureMutex.h"
 #include "tree/IORXFeatureWidget.h"
 
 #include <QAbstractButton>
@@ -179,9 +180,12 @@ private slots:
         QVERIFY(m_window->click(kTree, "ChunkEnable"));
         QVERIFY(m_window->show(kPage, rowName(0)));
         OBFT_TRY_COMPARE(states(), QByteArray("1111110"));
-        // By the camera itself.
-        QCOMPARE(write("ChunkSelector", "6"), 0);
-        QCOMPARE(write("ChunkEnable", "1"), 0);
+        // By the camera itself, while nobody reads the boxes: who does puts the selector back.
+        {
+            const FeatureLock untouched(m_window->tree()->GetFeatureMutex());
+            QCOMPARE(write("ChunkSelector", "6"), 0);
+            QCOMPARE(write("ChunkEnable", "1"), 0);
+        }
         QVERIFY(m_window->refresh());
         OBFT_TRY_COMPARE(states(), QByteArray("1111111"));
         OBFT_TRY_COMPARE(read("ChunkSelector"), 6);

@@ -117,14 +117,10 @@ void ORXPropertyTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& 
     const EditorFillGuard guard(editor, signal, this, commitSlot(signal));
     item->noteShownState();
     const EditorCell cell = {item, index.column(), m_pageType, isUsable(*item)};
-    const bool focused = EditorFocus::isInside(editor);
     if (!cell.usable)
         EditorFocus::drop(editor);
     kind->fill(editor, cell);
     describe(editor, index);
-    // A part of it was disabled that had the focus.
-    if (focused && !editor->window()->focusWidget())
-        editor->parentWidget()->setFocus(Qt::OtherFocusReason);
 }
 
 QString ORXPropertyTreeDelegate::reasonOf(const ORXPropertyTreeItem& item) const

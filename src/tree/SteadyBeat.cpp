@@ -75,6 +75,12 @@ bool SteadyBeat::isRunning() const
     return m_bRunning;
 }
 
+SteadyBeat::Clock::time_point SteadyBeat::beatAfter(Clock::time_point beat, Clock::duration period,
+                                                    Clock::time_point now)
+{
+    return now < beat ? beat : beat + period * ((now - beat) / period + 1);
+}
+
 void SteadyBeat::ensureThread()
 {
     if (!m_thread.joinable())
@@ -95,10 +101,8 @@ void SteadyBeat::run()
             lock.lock();
             m_bInAction = false;
             m_changed.notify_all();
-            // On to the first beat that is still to come; those missed meanwhile are dropped.
-            const auto late = Clock::now() - m_next;
-            if (late >= Clock::duration::zero() && m_bRunning)
-                m_next += m_period * (late / m_period + 1);
+            if (m_bRunning)
+                m_next = beatAfter(m_next, m_period, Clock::now());
         } else if (beats) {
             m_changed.wait_until(lock, m_next);
         } else {

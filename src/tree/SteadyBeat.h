@@ -20,9 +20,12 @@
 // | start, stop, waitForAction, runOnce,   | any but | m_mutex, inside       |
 // | destruction                            | the own |                       |
 // | the action                             | the own | none                  |
+// | beatAfter                              | any     | none                  |
 class SteadyBeat : public HostCaller
 {
 public:
+    using Clock = std::chrono::steady_clock;
+
     explicit SteadyBeat(std::function<void()> action);
     // Waits for a running action.
     ~SteadyBeat() override;
@@ -38,10 +41,12 @@ public:
     // One action as soon as possible; none more when one runs or waits.
     void runOnce();
     bool isRunning() const;
+    // The first multiple of the period (above 0), counted from a beat, that is still to come; the
+    // beat itself if it is.
+    static Clock::time_point beatAfter(Clock::time_point beat, Clock::duration period,
+                                       Clock::time_point now);
 
 private:
-    using Clock = std::chrono::steady_clock;
-
     void ensureThread();
     void run();
 

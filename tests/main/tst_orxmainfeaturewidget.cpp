@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraDescription.h"
+#include "device/ReentrancyScope.h"
 #include "main/ORXFeatureToolBar.h"
 #include "pages/ORXCommonFeature.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
@@ -82,6 +83,23 @@ private slots:
         const qint64 calls = m_host->callCount();
         QVERIFY(twentyPeriodsPass());
         QCOMPARE(m_host->callCount(), calls);
+    }
+
+    void eachWindowHasItsOwnCamera()
+    {
+        std::unique_ptr<ReadWindow> window;
+        {
+            const ReentrancyScope callOfTheHost; // keeps the released window until it ends
+            std::make_unique<OpenedWindow>(*m_host, m_xml).reset();
+            window = std::make_unique<ReadWindow>(*m_host, m_xml);
+        }
+        QVERIFY(window->widget()->hasFeatureTree(1));
+        QCOMPARE(window->widget()->CurrentCameraID(), 1);
+        // Nor do groups that come and go where no camera is shown touch the tabs.
+        const auto* tab = window->widget()->findChild<QPushButton*>("FeatureTab0"_s);
+        QVERIFY(tab->isEnabled());
+        emit window->widget()->featureGroup(-1)->groupView()->SigPageShown(0, false);
+        QVERIFY(tab->isEnabled());
     }
 
     void shownTabAndMissingCameraDoNothing()

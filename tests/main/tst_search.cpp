@@ -254,6 +254,21 @@ private slots:
         QCOMPARE(window.groups()->allHits(), 2);
         QCOMPARE(nodeName(window.groups()->currentIndex()), "AcquisitionControl"_s);
     }
+
+    // Without a search that goes elsewhere, the empty favourites are left when the camera was read.
+    void aSearchWithoutHitsStaysAtTheFavorites()
+    {
+        m_host->setLatencyMs(5);
+        const OpenedWindow window(*m_host, m_xml);
+        auto* box = window.column()->findChild<QLineEdit*>("FeatureSearch"_s);
+        QTest::keyClicks(box, "nothing"_s);
+        const QModelIndex favorites =
+            window.groupModel()->groupIndex(0, window.tree()->rootItem()->child(0));
+        window.groups()->OnChangedIndex(favorites);
+        QVERIFY(!window.tree()->HadUpdatedOnce());
+        QVERIFY(window.waitForFirstRead());
+        QCOMPARE(window.groups()->currentIndex(), favorites);
+    }
 };
 
 OBFT_TEST_MAIN(TestSearch)

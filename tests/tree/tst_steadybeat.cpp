@@ -2,6 +2,7 @@
 #include "tree/SteadyBeat.h"
 
 #include "support/Periods.h"
+#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QSemaphore>
@@ -56,6 +57,26 @@ private slots:
         QCOMPARE(count.load(), last);
         beat.start(milliseconds(1));
         QTRY_VERIFY(count > last);
+    }
+
+    // Multiples of 10 ms after a beat at 0, however late it is.
+    void beatsDoNotDrift_data()
+    {
+        const Rows<int, int> row("nowMs", "nextMs");
+        row("early, as after one run out of turn", -3, 0);
+        row("at once", 0, 10);
+        row("late", 7, 10);
+        row("a period late", 10, 20);
+        row("many missed", 58, 60);
+    }
+
+    void beatsDoNotDrift()
+    {
+        QFETCH(int, nowMs);
+        QFETCH(int, nextMs);
+        const SteadyBeat::Clock::time_point beat{milliseconds(1000)};
+        const auto next = SteadyBeat::beatAfter(beat, milliseconds(10), beat + milliseconds(nowMs));
+        QCOMPARE((next - beat).count(), std::chrono::nanoseconds(milliseconds(nextMs)).count());
     }
 
     // An action that takes many periods is followed by one beat at the next multiple, not by those

@@ -12,10 +12,8 @@ namespace {
 
 // Down onto the grid of the increment that starts at the minimum; the distance is taken without
 // sign, so that ranges wider than 63 bits do not overflow.
-qint64 onGrid(qint64 value, qint64 minimum, qint64 maximum, qint64 step)
+qint64 onGrid(qint64 value, qint64 minimum, qint64 step)
 {
-    if (value > maximum)
-        return maximum;
     if (value <= minimum)
         return minimum;
     if (step <= 0)
@@ -78,8 +76,7 @@ EditedValue IntegerEditor::read(QWidget* editor, const EditorCell& cell) const
     auto* spinBox = qobject_cast<ORXPropertySpinBox*>(editor);
     if (!spinBox)
         return TextEditor::read(editor, cell);
-    const qint64 value =
-        onGrid(spinBox->value(), spinBox->minimum(), spinBox->maximum(), spinBox->singleStep());
+    const qint64 value = onGrid(spinBox->value(), spinBox->minimum(), spinBox->singleStep());
     qInfo().noquote() << QStringLiteral("setModelData： %1").arg(value);
     return {true, value, false};
 }

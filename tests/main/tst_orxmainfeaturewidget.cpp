@@ -87,12 +87,15 @@ private slots:
 
     void eachWindowHasItsOwnCamera()
     {
+        QPointer<QWidget> released;
         std::unique_ptr<ReadWindow> window;
         {
             const ReentrancyScope callOfTheHost; // keeps the released window until it ends
-            std::make_unique<OpenedWindow>(*m_host, m_xml).reset();
+            released = OpenedWindow(*m_host, m_xml).widget();
             window = std::make_unique<ReadWindow>(*m_host, m_xml);
+            QVERIFY(released);
         }
+        QTRY_VERIFY(!released);
         QVERIFY(window->widget()->hasFeatureTree(1));
         QCOMPARE(window->widget()->CurrentCameraID(), 1);
         // Nor do groups that come and go where no camera is shown touch the tabs.

@@ -3,6 +3,7 @@
 #include "OBFeatureTree/OBFeatureTree.h"
 
 #include "api/ApplicationSetup.h"
+#include "device/DescriptionParse.h"
 #include "device/Guarded.h"
 #include "device/GuiThread.h"
 #include "device/OBDeviceControl.h"
@@ -77,9 +78,10 @@ int OB_FT_Init(const char* deviceXml, char* translateXml, QWidget* parent)
         }
         qRemovePostRoutine(releaseWithApplication);
         qAddPostRoutine(releaseWithApplication);
+        DescriptionParse description(deviceXml); // while the window is made
         ApplicationSetup::runOnce();
         ORXMainFeatureWidget::instance(parent);
-        OBDeviceControl::Init(deviceXml, translateXml);
+        OBDeviceControl::Init(description, translateXml);
     });
     return kOk;
 }

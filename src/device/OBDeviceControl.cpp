@@ -2,6 +2,7 @@
 #include "device/OBDeviceControl.h"
 
 #include "basetools/ORXInterface.h"
+#include "device/DescriptionParse.h"
 #include "device/HostOpening.h"
 #include "device/HtmlEscape.h"
 #include "device/RegisteredCallbacks.h"
@@ -52,18 +53,17 @@ QString signedHex(int code)
 
 void OBDeviceControl::Init(const char* deviceXml, const char* translateXml)
 {
-    parsePropertyTransXml();
-    LoadFavoritesXml();
-    if (deviceXml)
-        loadDeviceXml(deviceXml);
-    if (translateXml)
-        FeatureTexts::addHostXml(translateXml);
+    DescriptionParse description(deviceXml);
+    Init(description, translateXml);
 }
 
-void OBDeviceControl::loadDeviceXml(const char* deviceXml)
+void OBDeviceControl::Init(DescriptionParse& description, const char* translateXml)
 {
-    if (!s_domFeaturesXml.setContent(deviceXml, std::strlen(deviceXml)))
-        qCritical("%s", "Create XML pDeviceXml DomDocument Failed");
+    parsePropertyTransXml();
+    LoadFavoritesXml();
+    description.finish(s_domFeaturesXml);
+    if (translateXml)
+        FeatureTexts::addHostXml(translateXml);
 }
 
 void OBDeviceControl::parsePropertyTransXml()

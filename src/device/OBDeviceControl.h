@@ -13,6 +13,8 @@
 
 #include <atomic>
 
+class DescriptionParse;
+
 // Feature type codes, as the host's callbacks know them.
 enum class FeatureType {
     Integer = OB_FT_TYPE_INTEGER,
@@ -47,6 +49,8 @@ public:
     // Replaces the description and the translations and reloads the favourites. A null text keeps
     // what was there; one that does not parse is logged as critical.
     static void Init(const char* deviceXml, const char* translateXml);
+    // The same with a description whose parsing has begun.
+    static void Init(DescriptionParse& description, const char* translateXml);
     // Installs the callbacks, any of which may be null, and asks the device for chunk support.
     static void SetCallBackFunc(OB_FT_GetFeatureFunc getFeature, OB_FT_SetFeatureFunc setFeature,
                                 OB_FT_GetModeFunc getMode, OB_FT_InvalidateFunc invalidate,
@@ -151,8 +155,6 @@ public:
     static QString stringToHtmlFilter(const QString& text, const QColor& colour, bool bold);
 
 private:
-    static void loadDeviceXml(const char* deviceXml);
-
     static _OB_FT_DEVICEINFO_* s_pDeviceInfo; // Kept for the life of the process.
     static XmlDocument s_domFeaturesXml;
     static QList<FavoriteFeature> s_mapFavoritesFeature;

@@ -118,9 +118,6 @@ void ORXMainFeatureWidget::initUI()
     m_pGroupStack->setFixedWidth(kGroupWidth);
     m_pSettings = new SettingsAction(this);
     layOut();
-    // Stand in until a camera is there.
-    m_pPages->addTree(featureTree(-1, true));
-    m_pGroupStack->addWidget(featureGroup(-1));
     connectSignals();
     UpdateToolBarBtn(m_lCameraID);
     m_pPages->retranslateTabs();
@@ -192,8 +189,19 @@ void ORXMainFeatureWidget::showOnTop()
         tree->treeView()->setFocus();
 }
 
+// Tree and group of no camera are made when they are first to be seen: mostly never.
+void ORXMainFeatureWidget::standIn()
+{
+    if (m_lCameraID >= 0 || hasFeatureTree(-1))
+        return;
+    m_pPages->addTree(featureTree(-1, true));
+    m_pGroupStack->addWidget(featureGroup(-1));
+}
+
 void ORXMainFeatureWidget::setVisible(bool visible)
 {
+    if (visible)
+        standIn();
     ZELCustomMainWindow::setVisible(visible);
     if (!visible && !m_bSilentHide)
         afterHide();
@@ -401,6 +409,8 @@ void ORXMainFeatureWidget::onBeforeDeleteFeature(qint64 key)
         tree->removeCameraID(key);
     }
     m_lCameraID = -1;
+    if (isVisible())
+        standIn();
 }
 
 // Search ------------------------------------------------------------------------------------------

@@ -94,6 +94,7 @@ private:
     void initUI();
     void layOut();
     void connectSignals();
+    void standIn();
     void afterHide();
     void addPanels(ORXFeatureTree* tree);
     void requestStop(ORXFeatureTree* tree);

@@ -76,6 +76,9 @@ private slots:
         QVERIFY(group.isNull());
         QCOMPARE(window.widget()->CurrentCameraID(), -1);
         QVERIFY(!window.widget()->hasFeatureTree(1));
+        // What stands in until a camera comes is made when it is seen.
+        QVERIFY(window.widget()->hasFeatureTree(-1));
+        QVERIFY(window.widget()->featureGroup(-1)->isVisible());
         // What is left answers, and does nothing.
         window.widget()->OnToolBarBtnClicked(94);
         window.widget()->onTabIndexChange(1);
@@ -119,6 +122,8 @@ private slots:
         OB_FT_Init(m_xml.constData(), nullptr, nullptr);
         ORXMainFeatureWidget::instance(nullptr)->onTabIndexChange(1);
         QCOMPARE(enabledTools(), QStringList("ORXFeatureLangue"_s));
+        OB_FT_Start(nullptr, 0);
+        QVERIFY(ORXMainFeatureWidget::instance(nullptr)->featureTree(-1, false)->isVisible());
         OB_FT_Release();
 
         const ReadWindow window(*m_host, m_xml);

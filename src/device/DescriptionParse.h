@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "device/XmlDocument.h"
+
+#include <future>
+
+// A camera's description, parsed on a thread of its own while the caller does something else; on
+// the caller's, when it is taken, where the system gives no thread. GUI thread.
+class DescriptionParse
+{
+public:
+    // Begins. The text (UTF-8, not owned) must not change until finish() or destruction, which
+    // wait; null is no description.
+    explicit DescriptionParse(const char* xml);
+
+    // Replaces `document`, by an empty one when the text does not parse, which is logged as
+    // critical. Leaves it as it is without a description, and from the second time on.
+    void finish(XmlDocument& document);
+
+private:
+    std::future<XmlDocument> m_parsed;
+};

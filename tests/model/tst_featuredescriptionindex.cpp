@@ -153,16 +153,6 @@ private slots:
         QTEST(sorted(index.GetFeatureInvalidatorList(written)), "stale");
     }
 
-    void selectors()
-    {
-        const FeatureDescriptionIndex index = indexOf(
-            elements("Enumeration GainSelector pSelected=Gain,GainAuto"), words("GainSelector"));
-        QList<QString> selected;
-        QVERIFY(index.GetFeaturePSelectedList("GainSelector"_s, selected));
-        QCOMPARE(selected, words("Gain GainAuto"));
-        QVERIFY(!index.GetFeaturePSelectedList("Gain"_s, selected));
-    }
-
     void pollingInterval_data()
     {
         const Rows<QString, int> row("description", "interval");
@@ -255,12 +245,7 @@ private slots:
         const QString gate = elements("Integer Width pIsAvailable=Lock");
         const QString modeAndGain = elements("Enumeration Mode; Float Gain");
         row("a feature itself", "lock", lock + elements("Integer Lock"), "Lock", "Lock=");
-        row("available by a feature", "available", gate + elements("Integer Lock"), "Lock",
-            "Lock=");
         row("nothing named", "lock", gate + elements("Integer Lock"), "Lock", "");
-        row("two variables of a formula", "lock",
-            lock + modeAndGain + elements("IntSwissKnife Lock pVariable=Mode,Gain"), "Gain Mode",
-            "Mode Gain");
         row("formulas of formulas", "lock",
             lock + modeAndGain +
                 elements("IntSwissKnife Lock pVariable=Inner,Gain;"

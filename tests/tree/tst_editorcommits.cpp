@@ -249,24 +249,19 @@ private slots:
     void checkBoxesWriteTheirColumn()
     {
         open({"Boolean"_s, "CustomTagNameWatermark"_s});
-        auto* check = m_page->editor<ZELCustomCheckBox>("Boolean"_s);
-        QTest::keyClick(check, Qt::Key_Space);
-        QCOMPARE(m_page->writes, QStringList("Boolean true"_s));
+        QTest::keyClick(editor("Boolean"), Qt::Key_Space);
         Item* boxes = row(1);
         auto* left = qobject_cast<ZELCustomCheckBox*>(view()->editorOf(boxes, 0));
         auto* right = qobject_cast<ZELCustomCheckBox*>(view()->editorOf(boxes, 1));
-        QCOMPARE(left->text(), "Left"_s);
-        QCOMPARE(right->text(), "Right"_s);
         left->click();
         right->click();
-        QCOMPARE(m_page->writes.mid(1),
-                 (QStringList{"CustomTagNameWatermark0 true"_s, "CustomTagNameWatermark1 true"_s}));
+        QCOMPARE(m_page->writes, (QStringList{"Boolean true"_s, "CustomTagNameWatermark0 true"_s,
+                                              "CustomTagNameWatermark1 true"_s}));
         auto* value = valueOf<CTreeCustomWaterMarkItemValue>(boxes);
         QCOMPARE(value->checkState(0), int(Qt::Checked));
         value->setColumnDisabled(0, true);
         refill(boxes);
-        QVERIFY(!left->isEnabled());
-        QVERIFY(right->isEnabled());
+        QVERIFY(!left->isEnabled() && right->isEnabled());
     }
 
     void clickGuard()

@@ -198,15 +198,6 @@ private slots:
         QTRY_COMPARE(fullReads.size(), 1);
     }
 
-    void polledChangeReadsWhatItInvalidates()
-    {
-        readWithoutPolling();
-        m_tree->EmitPollingFeatureChanged("Width"_s);
-        QTRY_COMPARE(m_host.count("get Height"_s), 1);
-        QTRY_VERIFY(!m_tree->isReading());
-        QCOMPARE(m_host.count("get Width"_s), 0); // polling has just read it
-    }
-
     void pollingFollowsTheFirstRead()
     {
         readOnce();
@@ -214,6 +205,10 @@ private slots:
         m_host.set("Counter"_s, FakeHost::integerFeature(77));
         QTRY_COMPARE(editor<ORXPropertySpinBox>("Counter")->value(), qlonglong(77));
         QCOMPARE(m_host.count("get Width"_s), 0);
+        m_tree->EmitPollingFeatureChanged("Width"_s);
+        QTRY_COMPARE(m_host.count("get Height"_s), 1); // what a polled change invalidates
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(m_host.count("get Width"_s), 0); // polling has just read it
         m_tree->PauseUpdateThread();
         m_host.clearCalls();
         m_tree->OnTimerFeatureNoCache();
@@ -224,14 +219,15 @@ private slots:
     {
         readOnce();
         m_host.set("Gain"_s, FakeHost::floatFeature(3.0F, 0.0F, 24.0F));
-        NamedFeature other = {2, "Gain"};
-        ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &other);
-        NamedFeature own = {1, "Width"};
-        ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &own);
+        const auto changed = [](qint64 cameraId, const char* name) {
+            NamedFeature feature = {cameraId, name};
+            ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &feature);
+        };
+        changed(2, "Gain");
+        changed(1, "Width");
         QTRY_VERIFY(m_host.count("get Width"_s) > 0);
         QCOMPARE(m_host.count("get Gain"_s), 0);
-        own.pName = "Gain";
-        ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &own);
+        changed(1, "Gain");
         QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), "3.0000"_s);
     }
 

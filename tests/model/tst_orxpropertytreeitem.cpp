@@ -131,6 +131,18 @@ private slots:
                  QStringList({"7 visible 0"_s, "7 visible 0"_s, "7 visible 0"_s, "7 visible 1"_s}));
     }
 
+    void categoriesFollowTheirChildren()
+    {
+        Item category(nullptr, Item::FeatureTreePage);
+        auto* a = new Item(&category, Item::FeatureTreePage);
+        auto* b = new Item(&category, Item::FeatureTreePage);
+        category.setVisible(false, kCamera);
+        a->setVisible(false, kCamera);
+        QVERIFY(category.visible());
+        b->setVisible(false, kCamera);
+        QVERIFY(!category.visible());
+    }
+
     void mirrorVisibilityUsesItsOwnGroup()
     {
         Item item(nullptr, Item::FeatureTreePage);

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "basetools/ORXInterface.h"
+#include "model/CTreeBooleanItemValue.h"
+#include "model/CTreeEnumationItemValue.h"
+#include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/IORXFeatureNotify.h"
 #include "model/ORXPropertyTreeItem.h"
@@ -114,21 +117,6 @@ private slots:
         QCOMPARE(integer(item)->numbers().m_nValue, qint64(2));
     }
 
-    void untiedMirrorIsLeftAlone()
-    {
-        Item item(nullptr, Item::FeatureTreePage);
-        auto mirror = std::make_unique<Item>(nullptr, Item::CommonPage);
-        item.setMappingItem(mirror.get());
-        Item second(nullptr, Item::CommonPage);
-        item.setMappingItem(&second);
-        QVERIFY(!mirror->mappingItem());
-        item.setMappingItem(mirror.get());
-        QVERIFY(!second.mappingItem());
-        mirror.reset();
-        QVERIFY(!item.mappingItem());
-        item.notifyViewUpdate(kCamera, -1, false);
-    }
-
     void visibilityNeedsAllThreeFlags()
     {
         Item item(nullptr, Item::FeatureTreePage);
@@ -169,37 +157,32 @@ private slots:
         QVERIFY(mirror.visible());
     }
 
-    void search_data()
-    {
-        const Rows<QString, QString, bool> row("language", "text", "match");
-        const QString english = "ENG"_s;
-        const QString chinese = "CH"_s;
-        row("part of the node name", english, "timeABS", true);
-        row("blanks around it", english, "  exposure ", true);
-        row("English name", english, "exposure t", true);
-        row("Chinese name in English", english, "\u66dd\u5149", false);
-        row("Chinese name in Chinese", chinese, "\u66dd\u5149", true);
-        row("something else", english, "gain", false);
-        row("nothing", english, "   ", true);
-    }
-
     void search()
     {
-        QFETCH(QString, language);
-        QFETCH(QString, text);
-        QFETCH(bool, match);
-        ORXInterface::setLanguage(language);
         Item item(nullptr, Item::FeatureTreePage);
         item.value()->setNodeName("ExposureTimeAbs"_s);
         item.value()->setDisplayName("Exposure Time"_s);
         item.value()->setTranslateName("\u66dd\u5149\u65f6\u95f4"_s);
         RecordingView view;
         item.registerView(&view);
-        item.setSearchText(text, kCamera);
+        QStringList found;
+        for (const QString& language : {"ENG"_s, "CH"_s}) {
+            ORXInterface::setLanguage(language);
+            for (const QString& text : {"timeABS"_s, "  exposure "_s, "exposure t"_s,
+                                        "\u66dd\u5149"_s, "gain"_s, "   "_s}) {
+                item.setSearchText(text, kCamera);
+                QCOMPARE(view.log.takeLast(), "7 visible %1"_s.arg(item.searchMatch()));
+                const bool marks = item.searchMatch() && !text.trimmed().isEmpty();
+                QCOMPARE(!item.getHighlightSerachText().isEmpty(), marks);
+                if (item.searchMatch())
+                    found += language + QLatin1Char('|') + text;
+            }
+        }
         ORXInterface::setLanguage("ENG"_s);
-        QCOMPARE(item.searchMatch(), match);
-        QCOMPARE(view.log, QStringList("7 visible %1"_s.arg(match)));
-        QCOMPARE(item.getHighlightSerachText().isEmpty(), !match || text.trimmed().isEmpty());
+        const QStringList expected = {"ENG|timeABS"_s,     "ENG|  exposure "_s, "ENG|exposure t"_s,
+                                      "ENG|   "_s,         "CH|timeABS"_s,      "CH|  exposure "_s,
+                                      "CH|\u66dd\u5149"_s, "CH|   "_s};
+        QCOMPARE(found, expected);
     }
 
     void searchCounts()
@@ -263,16 +246,23 @@ private slots:
         QCOMPARE(tree.childCount(), 3);
     }
 
-    void destroyedItemsLeaveBorrowingPages()
+    void destroyedItemsLeaveMirrorsAndBorrowingPages()
     {
         Item page(nullptr, Item::CommonPage);
         auto tree = std::make_unique<Item>(nullptr, Item::FeatureTreePage);
         auto* item = new Item(tree.get(), Item::FeatureTreePage);
         item->setParent(&page, Item::CommonPage);
+        Item mirror(nullptr, Item::CommonPage);
+        Item second(nullptr, Item::CommonPage);
+        mirror.setMappingItem(item);
+        second.setMappingItem(item);
+        QVERIFY(!mirror.mappingItem());
         QVERIFY(Item::isAlive(item));
         tree.reset();
         QVERIFY(!Item::isAlive(item));
+        QVERIFY(!second.mappingItem());
         QCOMPARE(page.childCount(), 0);
+        second.notifyViewUpdate(kCamera, -1, false);
     }
 
     void aViewMayDestroyTheItem()
@@ -331,6 +321,110 @@ private slots:
         stop = true;
         worker.join();
         QCOMPARE(view.violations.load(), 0);
+    }
+
+    // Values --------------------------------------------------------------------------------------
+    void integerType()
+    {
+        // Name and representation, and the type that they make.
+        const QStringList all = {
+            "Width=2"_s,
+            "Width Linear=2"_s,
+            "Width PureNumber=2"_s,
+            "Width HexNumber=3"_s,
+            "Width IPV4Address=4"_s,
+            "Width MACAddress=6"_s,
+            "GevCurrentIPAddress HexNumber=4"_s,
+            "GevSCDA HexNumber=4"_s,
+            "GevSCDA Linear=2"_s,
+            "GevCurrentSubnetMask HexNumber=5"_s,
+            "GevPersistentSubnetMask IPV4Address=5"_s,
+            "GevMACAddress HexNumber=6"_s,
+            "GevMACAddress IPV4Address=4"_s,
+        };
+        QStringList made;
+        for (const QString& each : all) {
+            const QString given = each.section(QLatin1Char('='), 0, 0);
+            CTreeIntergerItemValue value;
+            value.setNodeName(given.section(QLatin1Char(' '), 0, 0));
+            value.setRepresentation(given.section(QLatin1Char(' '), 1));
+            made += "%1=%2"_s.arg(given).arg(static_cast<int>(value.type()));
+        }
+        QCOMPARE(made, all);
+    }
+
+    void integerText_data()
+    {
+        const Rows<QString, qint64, qint64, qint64, QString> row("representation", "number",
+                                                                 "minimum", "maximum", "text");
+        row("below", "", 5, 10, 20, "10");
+        row("above", "", 30, 10, 20, "20");
+        row("range upside down", "", 5, 10, 3, "10");
+        row("smallest", "", INT64_MIN, INT64_MIN, INT64_MAX, "-9223372036854775808");
+        row("address", "IPV4Address", 0xC0A80001, 0, 0xFFFFFFFF, "192.168.0.1");
+        row("card address", "MACAddress", 0x0011223344FF, 0, 0xFFFFFFFFFFFF, "00:11:22:33:44:FF");
+        row("hexadecimal", "HexNumber", 255, 0, 1000, "0xFF");
+        row("hexadecimal of a large range", "HexNumber", 255, 0, INT64_MAX, "0xFF");
+    }
+
+    void integerText()
+    {
+        QFETCH(QString, representation);
+        QFETCH(qint64, number);
+        QFETCH(qint64, minimum);
+        QFETCH(qint64, maximum);
+        CTreeIntergerItemValue value;
+        value.setNumbers({number, minimum, maximum, 1});
+        value.setRepresentation(representation);
+        QTEST(value.displayValue(), "text");
+    }
+
+    void statusTexts()
+    {
+        CTreeIntergerItemValue integer;
+        integer.setNumbers({5, 1, 9, 2});
+        integer.setRepresentation("HexNumber"_s);
+        QCOMPARE(
+            integer.createCurrentStauts(true),
+            "ReadOnly:true;m_nValue:5; m_nMinValue:1; m_nMaxValue:9; m_nIncrement:2; NeedRecreateEditor:HexNumber"_s);
+        CTreeFloatItemValue number;
+        number.setNumbers({1.5F, 0.0F, 2.25F});
+        QCOMPARE(number.createCurrentStauts(false),
+                 "ReadOnly:false;m_fValue:1.500; m_fMinValue:0.000; m_fMaxValue:2.250"_s);
+        CTreeEnumationItemValue entry;
+        entry.setNumber(3);
+        entry.replaceEnumList({"On"_s, "Off"_s}, {}, {}, {});
+        QCOMPARE(entry.createCurrentStauts(false), "ReadOnly:false;m_nValue:3;On;Off;"_s);
+    }
+
+    void namesFallBackOnEachOther()
+    {
+        CTreeItemValue value;
+        value.setDisplayName("Gain"_s);
+        QCOMPARE(value.translateName(), "Gain"_s);
+        value.setTranslateName("\u589e\u76ca"_s);
+        value.setDisplayName(QString());
+        QCOMPARE(value.displayName(), "\u589e\u76ca"_s);
+    }
+
+    void copyingValuesOnlyKeepsNames()
+    {
+        CTreeEnumationItemValue from;
+        from.setNodeName("From"_s);
+        from.setNumber(2);
+        from.replaceEnumList({"A"_s}, {"a"_s}, {{2, "A"_s}}, {{"a"_s, "A"_s}});
+        CTreeEnumationItemValue to;
+        to.setNodeName("To"_s);
+        to.copy(&from, false);
+        QCOMPARE(to.nodeName(0), "To"_s);
+        QCOMPARE(to.displayValue(), "A"_s);
+        QVERIFY(to.nameMap().isEmpty());
+        CTreeBooleanItemValue other;
+        to.copy(&other, false);
+        QCOMPARE(to.number(), qint64(2));
+        to.copy(&from, true);
+        QCOMPARE(to.nodeName(0), "From"_s);
+        to.copy(nullptr, true);
     }
 };
 

@@ -104,29 +104,28 @@ private slots:
         QCOMPARE(m_model->rowCount(), 0);
     }
 
-    void textsFollowTheLanguage()
-    {
-        const QModelIndex name = m_model->indexFromItem(m_width, 0);
-        m_width->value()->setTranslateName("\u5bbd\u5ea6"_s);
-        QCOMPARE(name.data().toString(), "Width shown"_s);
-        ORXInterface::setLanguage("CH"_s);
-        QCOMPARE(name.data().toString(), "\u5bbd\u5ea6"_s);
-        QVERIFY(!name.siblingAtColumn(1).data().isValid());
-    }
-
-    void readOnlyValuesAreDimmed()
+    void textsAndColoursOfCells()
     {
         const QColor normal =
             ZELCustom::getDataBaseColor("ORXPropertyTreeModelColor_Foreground_Default"_s);
         const QColor dimmed = ZELCustom::getDataBaseColor("ORXPropertyTreeModelColor_Foreground"_s);
         QVERIFY(normal != dimmed);
-        const QModelIndex value = m_model->indexFromItem(m_width, 1);
-        QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), dimmed);
-        QCOMPARE(value.siblingAtColumn(0).data(Qt::ForegroundRole).value<QColor>(), normal);
+        const QModelIndex name = m_model->indexFromItem(m_width, 0);
+        const QModelIndex value = name.siblingAtColumn(1);
+        const auto colour = [](const QModelIndex& cell) {
+            return cell.data(Qt::ForegroundRole).value<QColor>();
+        };
+        QCOMPARE(colour(name), normal);
+        QCOMPARE(colour(value), dimmed);
         m_width->setReadOnly(false);
-        QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), normal);
+        QCOMPARE(colour(value), normal);
         m_model->setIsCanEdit(false);
-        QCOMPARE(value.data(Qt::ForegroundRole).value<QColor>(), dimmed);
+        QCOMPARE(colour(value), dimmed);
+        m_width->value()->setTranslateName("\u5bbd\u5ea6"_s);
+        QCOMPARE(name.data().toString(), "Width shown"_s);
+        ORXInterface::setLanguage("CH"_s);
+        QCOMPARE(name.data().toString(), "\u5bbd\u5ea6"_s);
+        QVERIFY(!value.data().isValid());
     }
 
     void flagsOfCells()

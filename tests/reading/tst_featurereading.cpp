@@ -165,16 +165,6 @@ private slots:
         }
     }
 
-    void failedReadsKeepTheLastState()
-    {
-        read("Mode");
-        m_host->fail("Mode"_s, 5);
-        m_host->set("HasModes"_s, FakeHost::integerFeature(0));
-        read("Mode");
-        QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
-        QCOMPARE(value<CTreeEnumationItemValue>("Mode")->number(), qint64(1));
-    }
-
     void usableEntries_data()
     {
         const Rows<QString, int, bool, QString, int> row("unreadable", "hasModes", "locked",
@@ -206,26 +196,29 @@ private slots:
             QCOMPARE(mode->valueMap().value(4294967295), "Single"_s);
     }
 
-    void eachDeciderIsAskedOnce()
+    void whatLeavesTheEntriesAlone()
     {
+        const auto entries = [this] {
+            return value<CTreeEnumationItemValue>("Mode")->displayList().size();
+        };
         read("Mode");
-        QCOMPARE(m_host->count("get HasModes"_s), 1);
+        QCOMPARE(m_host->count("get HasModes"_s), 1); // both entries that it decides on
         read("Mode");
         QCOMPARE(m_host->count("get HasModes"_s), 2);
-    }
-
-    void stoppingLeavesTheEntries()
-    {
-        read("Mode");
+        m_host->fail("Mode"_s, 5);
         m_host->set("HasModes"_s, FakeHost::integerFeature(0));
-        // In the middle: the value was read, the entries are being asked for.
+        read("Mode");
+        QCOMPARE(entries(), 3);
+        QCOMPARE(value<CTreeEnumationItemValue>("Mode")->number(), qint64(1));
+        // A stop in the middle: the value was read, the entries are being asked for.
+        m_host->fail("Mode"_s, 0);
         const StopRequest::Scope scope(m_stop);
         m_host->beforeGet = [this](const QString& name) {
             if (name == QLatin1String("HasModes"))
                 m_stop.request();
         };
         read("Mode");
-        QCOMPARE(value<CTreeEnumationItemValue>("Mode")->displayList().size(), 3);
+        QCOMPARE(entries(), 3);
     }
 
     void chunkFeatureTellsItsViews()
@@ -243,8 +236,8 @@ private slots:
     void wholeText()
     {
         ORXPropertyTreeItem* width = m_description->item("Width");
-        width->value()->setDisplayName("Width <px>"_s);
-        width->value()->setDescription("The \"visible\" width."_s);
+        width->value()->setDisplayName("Width <px> %1"_s);
+        width->value()->setDescription("The \"visible\" width, %3 of line %2."_s);
         width->value()->setTranslateName("\u5bbd\u5ea6"_s);
         width->value()->setTranslatedDescription("\u56fe\u50cf\u5bbd\u5ea6"_s);
         dynamic_cast<CTreeIntergerItemValue*>(width->value())->setNumbers({8, 4, 4096, 4});
@@ -253,16 +246,16 @@ private slots:
                                                   QString::fromLatin1(language)));
         };
         QCOMPARE(text("ENG").trimmed(),
-                 "Width <px>\nThe 'visible' width.\n\nNode Name: Width\nType: Integer\n"
-                 "Name Space: Custom\nVisibility: Beginner\nStreamable: Yes\n"
+                 "Width <px> %1\nThe 'visible' width, %3 of line %2.\n\nNode Name: Width\n"
+                 "Type: Integer\nName Space: Custom\nVisibility: Beginner\nStreamable: Yes\n"
                  "Min: 4\nMax: 4096\nInc: 4"_s);
         QVERIFY(
             text("CH").startsWith("\u5bbd\u5ea6\n\u56fe\u50cf\u5bbd\u5ea6\n\nNode Name: Width"_s));
         width->value()->setTranslatedDescription(QString());
-        QVERIFY(text("CH").startsWith("\u5bbd\u5ea6\nThe 'visible' width.\n"_s));
+        QVERIFY(text("CH").startsWith("\u5bbd\u5ea6\nThe 'visible' width"_s));
     }
 
-    void ranges_data()
+    void rangesAndEntries_data()
     {
         const Rows<QByteArray, float, QString> row("name", "maximum", "expected");
         row("address list", "GevCurrentIPAddress", 9.0F, "");
@@ -270,9 +263,12 @@ private slots:
         row("integer", "Width", 9.0F, "Min: 1\nMax: 9\nInc: 2");
         row("float", "Offset", 9.0F, "Min: 1.000000\nMax: 9.000000");
         row("float without positive maximum", "Offset", 0.0F, "");
+        row("entries", "State", 0.0F,
+            "Enum Entry Name: On\nEnum Entry Value: 1\nName Space: Standard\n"
+            "Visibility: Beginner");
     }
 
-    void ranges()
+    void rangesAndEntries()
     {
         QFETCH(QByteArray, name);
         QFETCH(float, maximum);
@@ -282,22 +278,6 @@ private slots:
         if (auto* number = dynamic_cast<CTreeFloatItemValue*>(value))
             number->setNumbers({5.0F, 1.0F, maximum});
         QTEST(info(name.constData()), "expected");
-    }
-
-    void entries()
-    {
-        QCOMPARE(info("State"), "Enum Entry Name: On\nEnum Entry Value: 1\n"
-                                "Name Space: Standard\nVisibility: Beginner"_s);
-    }
-
-    void markersInTextsStay()
-    {
-        ORXPropertyTreeItem* width = m_description->item("Width");
-        width->value()->setDisplayName("Load %1 of line"_s);
-        width->value()->setDescription("Duty cycle at %3 of %4 line %2."_s);
-        const QString text =
-            plain(m_text.GetFeatureDocText(*m_description->node("Width"), "No"_s, width, "ENG"_s));
-        QVERIFY(text.startsWith("Load %1 of line\nDuty cycle at %3 of %4 line %2."_s));
     }
 
     void rebuiltOnlyWhenAnInputChanged_data()

@@ -9,21 +9,13 @@ using namespace DescriptionBuilder;
 
 namespace {
 
-const char kDescription[] = R"(
-<Category Name="Root"><pFeature>Device</pFeature></Category>
-<Category Name="Device"><pFeature>A</pFeature><pFeature>B</pFeature><pFeature>C</pFeature>
-<pFeature>Guru</pFeature><pFeature>Locked</pFeature><pFeature>Polled</pFeature>
-<pFeature>Gone</pFeature><pFeature>Idle</pFeature><pFeature>Slow</pFeature>
-<pFeature>Closed</pFeature></Category>
-<Category Name="Closed"><pIsAvailable>Never</pIsAvailable></Category>
-<Integer Name="A"><Representation>HexNumber</Representation></Integer><Integer Name="B"/><Integer Name="C"/>
-<Integer Name="Guru"><Visibility>Guru</Visibility></Integer>
-<Integer Name="Locked"><pIsLocked>TLParamsLocked</pIsLocked></Integer>
-<Integer Name="Polled"><PollingTime>50</PollingTime></Integer>
-<Integer Name="Slow"><PollingTime>150</PollingTime></Integer>
-<Integer Name="Idle"><pIsAvailable>Never</pIsAvailable></Integer>
-<Integer Name="Gone"><pIsAvailable>Never</pIsAvailable><pIsImplemented>Never</pIsImplemented></Integer>
-<Integer Name="TLParamsLocked"/><Integer Name="Never"/>)";
+const char kDescription[] =
+    "Category Root pFeature=Device;"
+    "Category Device pFeature=A,B,C,Guru,Locked,Polled,Gone,Idle,Slow,Closed;"
+    "Category Closed pIsAvailable=Never; Integer A Representation=HexNumber; Integer B; Integer C;"
+    "Integer Guru Visibility=Guru; Integer Locked pIsLocked=TLParamsLocked;"
+    "Integer Polled PollingTime=50; Integer Slow PollingTime=150; Integer Idle pIsAvailable=Never;"
+    "Integer Gone pIsAvailable=Never pIsImplemented=Never; Integer TLParamsLocked; Integer Never";
 
 } // namespace
 
@@ -33,7 +25,7 @@ class TestQGetFeaturesThread : public PassTest
 
 public:
     TestQGetFeaturesThread()
-        : PassTest(wrap(QString::fromLatin1(kDescription)))
+        : PassTest(wrap(elements(kDescription)))
     {
     }
 
@@ -98,39 +90,19 @@ private slots:
         QTEST(item->visibilityString(), "visibility");
     }
 
-    void visibilityLevels_data()
-    {
-        const Rows<QString, bool, bool> row("visibility", "guru", "beginner");
-        row.of("Beginner", true, true);
-        row.of("Expert", true, false);
-        row.of("Guru", true, false);
-        row.of("Invisible", false, false);
-        row("none", "", true, true);
-        row("other", "guru", false, false);
-    }
-
     void visibilityLevels()
     {
-        QFETCH(QString, visibility);
-        QTEST(QGetFeaturesThread::IsItemVisible(visibility, 0), "guru");
-        QTEST(QGetFeaturesThread::IsItemVisible(visibility, 1), "beginner");
-        QCOMPARE(QGetFeaturesThread::IsItemVisible(visibility, 2), visibility.isEmpty());
+        QStringList shown;
+        for (const char* word : {"", "Beginner", "Expert", "Guru", "Invisible", "guru"}) {
+            for (const int level : {0, 1, 2}) {
+                if (QGetFeaturesThread::IsItemVisible(QString::fromLatin1(word), level))
+                    shown += "%1%2"_s.arg(QLatin1String(word)).arg(level);
+            }
+        }
+        QCOMPARE(shown, words("0 1 2 Beginner0 Beginner1 Expert0 Guru0"));
     }
 
-    void hiddenByLevelIsReadOnTheFirstPassOnly()
-    {
-        ORXPropertyTreeItem* guru = item("Guru"_s);
-        m_thread->UpdateFeature(guru, Flags(13));
-        QCOMPARE(reads("Guru"), 1);
-        m_thread->UpdateFeature(guru, Flags(14));
-        QCOMPARE(reads("Guru"), 1);
-        OBDeviceControl::SetUserLevel(0);
-        request(4);
-        QTRY_VERIFY(guru->visible());
-        QCOMPARE(reads("Guru"), 1);
-    }
-
-    void rowThatBeginsToShowIsRead()
+    void readingWhatTheLevelHides()
     {
         ORXPropertyTreeItem* guru = item("Guru"_s);
         m_thread->takeUserLevel();
@@ -139,8 +111,17 @@ private slots:
         OBDeviceControl::SetUserLevel(0);
         m_thread->takeUserLevel();
         m_thread->UpdateFeature(guru, Flags(4));
-        QVERIFY(guru->visible() && guru->wasRead());
+        QVERIFY(guru->visible() && guru->wasRead()); // it begins to show
         QCOMPARE(reads("Guru"), 1);
+        OBDeviceControl::SetUserLevel(1);
+        m_thread->takeUserLevel();
+        m_thread->UpdateFeature(guru, Flags(13));
+        QCOMPARE(reads("Guru"), 2); // the first pass reads all
+        m_thread->UpdateFeature(guru, Flags(14));
+        OBDeviceControl::SetUserLevel(0);
+        request(4);
+        QTRY_VERIFY(guru->visible());
+        QCOMPARE(reads("Guru"), 2);
     }
 
     // Polling never shows or hides by the level, but it tells a feature that is back.
@@ -280,26 +261,24 @@ private slots:
 
     void disabledNamesAreLeftAlone()
     {
-        m_thread->SetDisableUpdateList({"B"_s});
-        request(13);
-        QTRY_COMPARE(m_ended.load(), 1);
-        QCOMPARE(m_host->count("mode B"_s), 0);
-        QVERIFY(item("B"_s)->visible());
-        m_thread->SetDisableUpdateList({});
-        QVERIFY(m_thread->UpdateFeature(item("B"_s), Flags(13)));
-        m_thread->SetDisableUpdateList({"B"_s}); // nothing to wait for
-    }
-
-    void disablingWaitsForTheFeatureUnderWay()
-    {
         requestAndHold("B"_s, 13);
         bool released = false;
         QTimer::singleShot(0, this, [&] {
             released = true;
             goOn();
         });
-        m_thread->SetDisableUpdateList({"B"_s});
+        m_thread->SetDisableUpdateList({"B"_s}); // waits for the feature under way
         QVERIFY(released);
+        QTRY_COMPARE(m_ended.load(), 1);
+        m_host->clearCalls();
+        request(13);
+        QTRY_COMPARE(m_ended.load(), 2);
+        QCOMPARE(m_host->count("mode B"_s), 0);
+        QVERIFY(item("B"_s)->visible());
+        m_thread->SetDisableUpdateList({});
+        m_host->set("B"_s, FakeHost::integerFeature(9));
+        QVERIFY(m_thread->UpdateFeature(item("B"_s), Flags(13)));
+        m_thread->SetDisableUpdateList({"B"_s}); // nothing to wait for
     }
 
     // Requests come exactly while passes end; each must be carried out.

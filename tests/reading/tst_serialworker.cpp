@@ -97,21 +97,6 @@ private slots:
         QVERIFY(!worker.stoppedOnTheWay);
     }
 
-    void waitingForAHangingJobIsTold()
-    {
-        Worker worker;
-        worker.post(-1);
-        worker.held.acquire();
-        std::thread host([&] {
-            while (!MessageGuard::contains("Test worker: waiting for a call of the host"_s))
-                std::this_thread::yield();
-            worker.letGo.release();
-        });
-        worker.stopAndWait();
-        host.join();
-        QCOMPARE(worker.count.load(), 1);
-    }
-
     // The end of a job is told on the worker. Whoever listens there may take his time: what is
     // posted meanwhile runs all the same.
     void postedWhileTheEndOfAJobIsToldRuns()

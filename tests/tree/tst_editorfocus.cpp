@@ -115,15 +115,13 @@ private:
         return all;
     }
 
-    ORXFeatureTreeView* view() { return m_page->treeView(); }
-    Item* group() { return m_page->getRootItem(1, false)->child(0); }
     // A page with the tag's feature between two texts, a user in the middle of its editor.
     Item* beginEdit(const QString& tag)
     {
         open({"Float"_s, tag, "String"_s});
         Item* edited = group()->child(1);
         // As after a click beside the editor.
-        view()->setCurrentIndex(view()->treeModel()->indexFromItem(edited, 1));
+        view()->setCurrentIndex(index(edited, 1));
         m_edited = view()->editorOf(edited, tag == QLatin1String(kBoxes) ? 0 : 1);
         m_edited->setFocus();
         if (auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget()))

@@ -182,58 +182,38 @@ private slots:
         QVERIFY(MessageGuard::contains("NodeName:AcquisitionStart, [CameraID:1]"_s));
     }
 
-    void acquisitionReadsWhatItLocks_data()
-    {
-        const Rows<bool> row("byCommand");
-        row("the host tells of it", false);
-        row("by command", true);
-    }
-
     void acquisitionReadsWhatItLocks()
     {
-        QFETCH(bool, byCommand);
         readWithoutPolling();
-        const auto acquire = [&](bool on) {
-            m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(on ? 1 : 0));
-            const QString command = on ? "AcquisitionStart"_s : "AcquisitionStop"_s;
-            if (byCommand)
-                QVERIFY(m_tree->setFeatureValue("Command"_s, command, {}));
-            else
-                on ? m_tree->OnCameraStartShot() : m_tree->OnCameraStopShot();
-            QTRY_COMPARE(editor<ZELCustomCheckBox>("ReverseX")->isEnabled(), !on);
-        };
-        acquire(true);
+        for (const bool byCommand : {true, true, false}) { // a stop by command swallows no start
+            for (const bool on : {true, false}) {
+                m_host.set("TLParamsLocked"_s, FakeHost::integerFeature(on ? 1 : 0));
+                const QString command = on ? "AcquisitionStart"_s : "AcquisitionStop"_s;
+                if (byCommand)
+                    QVERIFY(m_tree->setFeatureValue("Command"_s, command, {}));
+                else
+                    on ? m_tree->OnCameraStartShot() : m_tree->OnCameraStopShot();
+                QTRY_COMPARE(editor<ZELCustomCheckBox>("ReverseX")->isEnabled(), !on);
+            }
+        }
         QCOMPARE(m_host.count("get Gain"_s), 0);
-        acquire(false);
-        if (!byCommand)
-            return;
-        // A stop by command does not swallow the next start.
-        acquire(true);
         QCOMPARE(m_host.writes().filter("AcquisitionStart"_s).size(), 2);
     }
 
-    void refusedStartLocksNothing()
+    void refusedCommand()
     {
         readWithoutPolling();
         m_host.fail("AcquisitionStart"_s, 5);
         MessageGuard::expectMessage("AcquisitionStart"_s);
         QVERIFY(m_tree->setFeatureValue("Command"_s, "AcquisitionStart"_s, {}));
-        QTRY_COMPARE(m_host.count("mode AcquisitionStart"_s), 1);
-        QTRY_VERIFY(!m_tree->isReading());
-        QCOMPARE(m_host.count("mode ReverseX"_s), 0);
-    }
-
-    void refusedCommand()
-    {
-        readOnce();
-        m_host.fail("UserSetLoad"_s, 5);
-        MessageGuard::expectMessage("UserSetLoad"_s);
-        QVERIFY(m_tree->setFeatureValue("Command"_s, "UserSetLoad"_s, {}));
-        QVERIFY(MessageGuard::contains("Node 'UserSetLoad': Failed to execute Node. 5\r\n"_s +
+        QVERIFY(MessageGuard::contains("Node 'AcquisitionStart': Failed to execute Node. 5\r\n"_s +
                                        ORXInterface::IntCode2DisplayCode(5)));
         QVERIFY(!messageBox());
         QVERIFY(!overlay().isEmpty());
         QTRY_VERIFY(overlay().isEmpty()); // the invalidation pass ran all the same
+        QTRY_COMPARE(m_host.count("mode AcquisitionStart"_s), 1);
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(m_host.count("mode ReverseX"_s), 0); // nothing is locked
     }
 
     void deviceReset_data()
@@ -371,30 +351,23 @@ private slots:
 
     void oneMessageAtATime()
     {
-        m_tree->ShowMessage(nullptr, "first"_s, "a"_s, QString(), 3);
-        m_tree->ShowMessage(nullptr, "second"_s, "b"_s, QString(), 3);
-        QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
-        QCOMPARE(messageBox()->cTextTitle(), "first"_s);
-        messageBox()->hide();
-        m_tree->ShowMessage(nullptr, "third"_s, "c"_s, "Caption"_s, 5);
-        QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
-        QCOMPARE(messageBox()->cTextTitle(), "third"_s);
-        QCOMPARE(messageBox()->cCaption(), "Caption"_s);
-    }
-
-    void messagesWithoutText()
-    {
         m_host.fail("Note"_s, 5);
         MessageGuard::expectMessage("Note"_s);
         QVERIFY(!m_tree->setFeatureValue("String"_s, "Note"_s, "a"_s));
+        const QString refused = messageBox()->cTextTitle();
+        m_tree->ShowMessage(nullptr, "second"_s, "b"_s, QString(), 3);
+        QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
+        QCOMPARE(messageBox()->cTextTitle(), refused);
         messageBox()->hide();
-        m_tree->ShowMessage(nullptr, "words"_s, QString(), QString(), 5);
-        QCOMPARE(messageBox()->cContent(), "words"_s);
+        m_tree->ShowMessage(nullptr, "third"_s, QString(), "Caption"_s, 5);
+        QCOMPARE(m_tree->findChildren<ZELCustomMessageBox*>().size(), 1);
+        QCOMPARE(messageBox()->cContent(), "third"_s); // without a text the title is all
         QVERIFY(messageBox()->cTextTitle().isEmpty());
+        QCOMPARE(messageBox()->cCaption(), "Caption"_s);
         // The message before is not what is said in another language now.
         QEvent change(QEvent::LanguageChange);
         QCoreApplication::sendEvent(m_tree.get(), &change);
-        QCOMPARE(messageBox()->cContent(), "words"_s);
+        QCOMPARE(messageBox()->cContent(), "third"_s);
     }
 
     // A box without its window would stand alone on the screen.

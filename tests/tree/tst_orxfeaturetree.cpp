@@ -14,6 +14,7 @@
 #include "tree/FeatureTreeTest.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
+#include "tree/SelectorRowsLock.h"
 
 #include <QSignalSpy>
 #include <QTextEdit>
@@ -46,6 +47,17 @@ class TestORXFeatureTree : public FeatureTreeTest
         m_tree->OnUserLevelChanged();
     }
 
+    // Those of three features that cannot be edited.
+    QStringList locked()
+    {
+        QStringList names;
+        for (const char* name : {"Width", "Height", "Gain"}) {
+            if (!item(name)->value()->enabled())
+                names.append(QString::fromLatin1(name));
+        }
+        return names;
+    }
+
 private slots:
     // Reading -------------------------------------------------------------------------------------
     void firstReadFillsTheEditors()
@@ -65,53 +77,29 @@ private slots:
         QVERIFY(m_host.writes().isEmpty());
     }
 
-    void directRead_data()
-    {
-        // empty value: nothing is read
-        const Rows<QString, QString> row("name", "value");
-        row("integer", "Width", "320");
-        row("float", "Gain", "1.5000");
-        row("enumeration without its entries", "PixelFormat", "7");
-        row("boolean", "ReverseX", "True");
-        row("text", "DeviceUserID", "Bench 3");
-        row("command", "AcquisitionStart", "");
-        row("category", "Image", "");
-    }
-
     void directRead()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, value);
         const GuiThreadReads::ReadingHere reading;
-        Item* feature = m_tree->propertyItemByName(name);
-        QCOMPARE(m_tree->rereadFeatureValue(feature, true), !value.isEmpty());
-        QVERIFY(value.isEmpty() || feature->wasRead());
-        const CTreeItemValue* read = feature->value();
-        if (!value.isEmpty())
-            QCOMPARE(read->displayValue().isEmpty() ? read->value().toString()
-                                                    : read->displayValue(),
-                     value);
-        m_host.failMode(name, 3);
-        const QString before = read->value().toString();
-        QVERIFY(!m_tree->rereadFeatureValue(feature, false)); // not readable
-        QCOMPARE(read->value().toString(), before);
-        m_host.failMode(name, 0);
+        QStringList read;
+        for (const char* name : {"Width", "Gain", "PixelFormat", "ReverseX", "DeviceUserID",
+                                 "AcquisitionStart", "Image"}) {
+            Item* feature = item(name);
+            const bool answered = m_tree->rereadFeatureValue(feature, true);
+            const CTreeItemValue* value = feature->value();
+            const QString before = value->value().toString();
+            if (answered && feature->wasRead())
+                read += value->displayValue().isEmpty() ? before : value->displayValue();
+            m_host.failMode(QString::fromLatin1(name), 3);
+            QVERIFY(!m_tree->rereadFeatureValue(feature, false)); // not readable
+            QCOMPARE(value->value().toString(), before);
+            m_host.failMode(QString::fromLatin1(name), 0);
+        }
+        // The enumeration without its entries; neither the command nor the category has a value.
+        QCOMPARE(read, (QStringList{"320"_s, "1.5000"_s, "7"_s, "True"_s, "Bench 3"_s}));
         QVERIFY(!m_tree->rereadFeatureValue(nullptr, true));
     }
 
     // Passes --------------------------------------------------------------------------------------
-    void userLevel()
-    {
-        readOnce();
-        QVERIFY(item("Detail")->visible());
-        chooseLevel(1);
-        QTRY_VERIFY(!item("Detail")->visible());
-        QTRY_VERIFY(!view()->editorOf(item("Detail")));
-        QVERIFY(item("Width")->visible());
-        chooseLevel(0);
-        QTRY_VERIFY(view()->editorOf(item("Detail")));
-    }
-
     // Both threads are busy, one of them with the level before, when the level changes again.
     void lastUserLevelWins()
     {
@@ -124,19 +112,6 @@ private slots:
         m_host.setLatencyMs(0);
         QTRY_VERIFY(!m_tree->isReading());
         QTRY_VERIFY(item("Detail")->visible());
-    }
-
-    void cachesOfSomeDevicesAreDroppedByEveryFullRead()
-    {
-        readOnce();
-        _OB_FT_DEVICEINFO_ info = {};
-        info.deviceType = 8;
-        OBDeviceControl::SetDeviceInfo(&info);
-        m_tree->RefreshFeatures();
-        m_tree->UpdateFeatures(FEATURES_UPDATE_TL_LOCKED, QString(), {}, false, false);
-        info.deviceType = 0;
-        OBDeviceControl::SetDeviceInfo(&info);
-        QCOMPARE(m_host.count("invalidate"_s), 1);
     }
 
     // A pass that began at the level before comes to a feature after the other thread.
@@ -153,6 +128,10 @@ private slots:
         m_host.pace().openGate(first);
         QTRY_VERIFY(!m_tree->isReading());
         QVERIFY(!item("Detail")->visible());
+        QVERIFY(item("Width")->visible());
+        QTRY_VERIFY(!view()->editorOf(item("Detail")));
+        chooseLevel(0);
+        QTRY_VERIFY(view()->editorOf(item("Detail")));
     }
 
     void refreshDropsTheHostsCache()
@@ -166,6 +145,15 @@ private slots:
         QTRY_COMPARE(item("Height")->value()->value().toInt(), 1); // the refresh was under way
         m_tree->UpdateFeatures(FEATURES_UPDATE_POLLING, QString(), {}, true, false);
         QCOMPARE(m_host.count("invalidate"_s), 2);
+        // Some devices do so at every full read.
+        _OB_FT_DEVICEINFO_ info = {};
+        info.deviceType = 8;
+        OBDeviceControl::SetDeviceInfo(&info);
+        m_tree->RefreshFeatures();
+        m_tree->UpdateFeatures(FEATURES_UPDATE_TL_LOCKED, QString(), {}, false, false);
+        info.deviceType = 0;
+        OBDeviceControl::SetDeviceInfo(&info);
+        QCOMPARE(m_host.count("invalidate"_s), 3);
     }
 
     // The end of a pass that was stopped arrives when the first read is under way again.
@@ -210,15 +198,6 @@ private slots:
         QTRY_COMPARE(fullReads.size(), 1);
     }
 
-    void polledChangeReadsWhatItInvalidates()
-    {
-        readWithoutPolling();
-        m_tree->EmitPollingFeatureChanged("Width"_s);
-        QTRY_COMPARE(m_host.count("get Height"_s), 1);
-        QTRY_VERIFY(!m_tree->isReading());
-        QCOMPARE(m_host.count("get Width"_s), 0); // polling has just read it
-    }
-
     void pollingFollowsTheFirstRead()
     {
         readOnce();
@@ -226,6 +205,10 @@ private slots:
         m_host.set("Counter"_s, FakeHost::integerFeature(77));
         QTRY_COMPARE(editor<ORXPropertySpinBox>("Counter")->value(), qlonglong(77));
         QCOMPARE(m_host.count("get Width"_s), 0);
+        m_tree->EmitPollingFeatureChanged("Width"_s);
+        QTRY_COMPARE(m_host.count("get Height"_s), 1); // what a polled change invalidates
+        QTRY_VERIFY(!m_tree->isReading());
+        QCOMPARE(m_host.count("get Width"_s), 0); // polling has just read it
         m_tree->PauseUpdateThread();
         m_host.clearCalls();
         m_tree->OnTimerFeatureNoCache();
@@ -236,14 +219,15 @@ private slots:
     {
         readOnce();
         m_host.set("Gain"_s, FakeHost::floatFeature(3.0F, 0.0F, 24.0F));
-        NamedFeature other = {2, "Gain"};
-        ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &other);
-        NamedFeature own = {1, "Width"};
-        ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &own);
+        const auto changed = [](qint64 cameraId, const char* name) {
+            NamedFeature feature = {cameraId, name};
+            ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &feature);
+        };
+        changed(2, "Gain");
+        changed(1, "Width");
         QTRY_VERIFY(m_host.count("get Width"_s) > 0);
         QCOMPARE(m_host.count("get Gain"_s), 0);
-        own.pName = "Gain";
-        ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &own);
+        changed(1, "Gain");
         QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), "3.0000"_s);
     }
 
@@ -345,6 +329,62 @@ private slots:
         QTRY_COMPARE(title.cTitleText(), "Camera 7"_s); // the user gave none
         info = {};
         OBDeviceControl::SetDeviceInfo(&info);
+    }
+
+    // Rows that several workers lock
+    // -----------------------------------------------------------------
+    void rowsAreFreeWhenTheLastEnds()
+    {
+        readOnce();
+        for (const bool firstEndsFirst : {true, false}) {
+            SelectorRowsLock first;
+            SelectorRowsLock second;
+            first.lock(m_tree.get(), words("Width Height NoSuchFeature"));
+            first.lock(m_tree.get(), words("Width Height NoSuchFeature")); // still the one lock
+            second.lock(m_tree.get(), words("Height Gain"));
+            QCOMPARE(locked(), words("Width Height Gain"));
+            SelectorRowsLock& earlier = firstEndsFirst ? first : second;
+            earlier.unlock();
+            earlier.unlock(); // it has none any more
+            QCOMPARE(locked(), firstEndsFirst ? words("Height Gain") : words("Width Height"));
+            (firstEndsFirst ? second : first).unlock();
+            QCOMPARE(locked(), QStringList());
+        }
+    }
+
+    // One that turns to other rows leaves alone what others hold.
+    void aLockTurnsToOtherRows()
+    {
+        readOnce();
+        SelectorRowsLock first;
+        {
+            SelectorRowsLock second;
+            first.lock(m_tree.get(), words("Width Height"));
+            second.lock(m_tree.get(), words("Width"));
+            first.lock(m_tree.get(), words("Height Gain"));
+            QCOMPARE(locked(), words("Width Height Gain"));
+        }
+        QCOMPARE(locked(), words("Height Gain"));
+        first.lock(nullptr, words("Width"));
+        QCOMPARE(locked(), QStringList());
+        QVERIFY(!first.isLocked());
+    }
+
+    void locksOutliveTheTree()
+    {
+        SelectorRowsLock first;
+        SelectorRowsLock second;
+        first.lock(m_tree.get(), words("Width"));
+        second.lock(m_tree.get(), words("Width"));
+        m_tree.reset();
+        first.unlock();
+        m_tree = makeTree(1);
+        readOnce();
+        first.lock(m_tree.get(), words("Width"));
+        second.unlock(); // of the tree that is gone
+        QCOMPARE(locked(), words("Width"));
+        first.unlock();
+        QCOMPARE(locked(), QStringList());
     }
 };
 

@@ -42,21 +42,24 @@ class TestSteadyBeat : public GuardedTest
     Q_OBJECT
 
 private slots:
-    void beatsUntilStopped()
+    // One that is only held counts as running.
+    void beatsUntilStoppedOrHeld()
     {
         std::atomic<int> count{0};
         SteadyBeat beat([&] { ++count; });
         QVERIFY(!beat.isRunning());
-        beat.start(milliseconds(1));
-        QVERIFY(beat.isRunning());
-        QTRY_VERIFY(count > 50);
-        beat.stop();
-        beat.waitForAction();
-        const int last = count;
-        QVERIFY(twentyPeriodsPass());
-        QCOMPARE(count.load(), last);
-        beat.start(milliseconds(1));
-        QTRY_VERIFY(count > last);
+        for (const bool held : {false, true, false}) {
+            const int before = count;
+            beat.start(milliseconds(1));
+            QVERIFY(beat.isRunning());
+            QTRY_VERIFY(count > before + 50);
+            held ? beat.requestStop() : beat.stop();
+            beat.waitForAction();
+            const int last = count;
+            QVERIFY(twentyPeriodsPass());
+            QCOMPARE(count.load(), last);
+            QCOMPARE(beat.isRunning(), held);
+        }
     }
 
     // Multiples of 10 ms after a beat at 0, however late it is.
@@ -104,25 +107,19 @@ private slots:
         QVERIFY(static_cast<std::ptrdiff_t>(beats.size()) <= periods - 4);
     }
 
-    void longPeriodDoesNotBeatAtOnce_data()
-    {
-        const Rows<qint64> row("periodMs");
-        row("a minute", 60000);
-        row("the longest", 1000000000);
-    }
-
     void longPeriodDoesNotBeatAtOnce()
     {
-        QFETCH(qint64, periodMs);
-        std::atomic<int> count{0};
-        SteadyBeat beat([&] { ++count; });
-        beat.start(milliseconds(periodMs));
-        beat.runOnce();
-        QTRY_COMPARE(count.load(), 1);
-        QVERIFY(twentyPeriodsPass());
-        QCOMPARE(count.load(), 1);
-        beat.start(milliseconds(1)); // takes the long one's place
-        QTRY_VERIFY(count > 3);
+        for (const qint64 periodMs : {60000, 1000000000}) {
+            std::atomic<int> count{0};
+            SteadyBeat beat([&] { ++count; });
+            beat.start(milliseconds(periodMs));
+            beat.runOnce();
+            QTRY_COMPARE(count.load(), 1);
+            QVERIFY(twentyPeriodsPass());
+            QCOMPARE(count.load(), 1);
+            beat.start(milliseconds(1)); // takes the long one's place
+            QTRY_VERIFY(count > 3);
+        }
     }
 
     void onceWhileRunningIsDropped()
@@ -139,44 +136,21 @@ private slots:
         QCOMPARE(gate.entered.available(), 0);
     }
 
-    void endsAfterTheRunningAction_data()
-    {
-        const Rows<bool> row("destroyed");
-        row("stopped and waited for", false);
-        row("destroyed", true);
-    }
-
     void endsAfterTheRunningAction()
     {
-        QFETCH(bool, destroyed);
-        Gate gate;
-        auto beat = std::make_unique<SteadyBeat>([&] { gate.pass(); });
-        beat->start(milliseconds(1));
-        QVERIFY(gate.waitUntilEntered());
-        if (!destroyed)
-            beat->stop(); // does not wait
-        QCOMPARE(gate.left.load(), 0);
-        const std::future<void> opener = std::async(std::launch::async, [&] { gate.open(); });
-        if (destroyed)
-            beat.reset();
-        else
-            beat->waitForAction();
-        QCOMPARE(gate.left.load(), 1 + gate.entered.available());
-        QVERIFY(destroyed || gate.left == 1);
-    }
-
-    void heldBeatStillCountsAsRunning()
-    {
-        std::atomic<int> count{0};
-        SteadyBeat beat([&] { ++count; });
-        beat.start(milliseconds(1));
-        QTRY_VERIFY(count > 0);
-        beat.requestStop();
-        beat.waitForAction();
-        const int last = count;
-        QVERIFY(twentyPeriodsPass());
-        QCOMPARE(count.load(), last);
-        QVERIFY(beat.isRunning());
+        for (const bool destroyed : {false, true}) {
+            Gate gate;
+            auto beat = std::make_unique<SteadyBeat>([&] { gate.pass(); });
+            beat->start(milliseconds(1));
+            QVERIFY(gate.waitUntilEntered());
+            if (!destroyed)
+                beat->stop(); // does not wait
+            QCOMPARE(gate.left.load(), 0);
+            const std::future<void> opener = std::async(std::launch::async, [&] { gate.open(); });
+            destroyed ? beat.reset() : beat->waitForAction();
+            QCOMPARE(gate.left.load(), 1 + gate.entered.available());
+            QVERIFY(destroyed || gate.left == 1);
+        }
     }
 };
 

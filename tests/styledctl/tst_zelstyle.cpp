@@ -186,23 +186,18 @@ private slots:
         QCOMPARE(clicked.size(), 2);
     }
 
-    void typingEmitsOnce_data()
-    {
-        const Rows<Make> row("make");
-        row("integer", &halfway<ZELCustomSpinBox>);
-        row("floating point", &halfway<ZELCustomDoubleSpinBox>);
-    }
-
     void typingEmitsOnce()
     {
-        QFETCH(Make, make);
-        Stage stage(make());
-        QSignalSpy changed(stage.control, SIGNAL(textChanged(QString)));
-        stage.control->findChild<QLineEdit*>()->selectAll();
-        QTest::keyClicks(stage.control, "42"_s);
-        QCOMPARE(changed.size(), 0);
-        QTest::keyClick(stage.control, Qt::Key_Return);
-        QCOMPARE(changed.size(), 1);
+        for (const Make& make :
+             {Make(halfway<ZELCustomSpinBox>), Make(halfway<ZELCustomDoubleSpinBox>)}) {
+            Stage stage(make());
+            QSignalSpy changed(stage.control, SIGNAL(textChanged(QString)));
+            stage.control->findChild<QLineEdit*>()->selectAll();
+            QTest::keyClicks(stage.control, "42"_s);
+            QCOMPARE(changed.size(), 0);
+            QTest::keyClick(stage.control, Qt::Key_Return);
+            QCOMPARE(changed.size(), 1);
+        }
     }
 
     void numbersIgnoreTheLocale()

@@ -252,14 +252,17 @@ private slots:
         open();
         QVERIFY(m_window->show(kPage, "Custom_CCM"));
         OBFT_TRY_VERIFY(cellShows(0, "1.0000"));
-        // The camera changes by itself.
-        write("ColorTransformationValueSelector", "0");
-        write(kValue, "0.5");
+        // The camera changes by itself, while nobody has the selector elsewhere.
+        const auto cameraChanges = [this](const char* value) {
+            const FeatureLock untouched(m_window->tree()->GetFeatureMutex());
+            write("ColorTransformationValueSelector", "0");
+            write(kValue, value);
+        };
+        cameraChanges("0.5");
         m_window->tree()->OnBtnRefresh();
         OBFT_TRY_VERIFY(cellShows(0, "0.5000"));
         QVERIFY(m_window->refresh());
-        write("ColorTransformationValueSelector", "0");
-        write(kValue, "0.25");
+        cameraChanges("0.25");
         OB_FT_UpdateFeatures();
         OBFT_TRY_VERIFY(cellShows(0, "0.2500"));
     }

@@ -229,15 +229,6 @@ private slots:
         QCOMPARE(button.clicks, 2);
     }
 
-    void unguardedButtonTakesEveryClick()
-    {
-        ZELCustomPushButton button;
-        QSignalSpy clicked(&button, &QPushButton::clicked);
-        for (int i = 0; i < 5; ++i)
-            QTest::mouseClick(&button, Qt::LeftButton);
-        QCOMPARE(clicked.size(), 5);
-    }
-
     void slowHandlerDoesNotOpenTheGuard()
     {
         PatientButton button;

@@ -30,7 +30,7 @@ public:
         return value;
     }
 
-    explicit ShownMatrix(CTreeCustomCCMItemValue::State state)
+    explicit ShownMatrix(CTreeCustomCCMItemValue::State state = CTreeCustomCCMItemValue::InCamera)
     {
         auto* value = tie(item, enable);
         value->m_nState = state;

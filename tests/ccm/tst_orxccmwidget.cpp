@@ -43,13 +43,17 @@ private:
         write("CCMEnable", "1");
         open();
     }
-    // Opens with the transformation on; the reading of the matrix will be held at a coefficient.
-    void openAndHold()
+    // Opens with the transformation on; the reading of a matrix waits at a coefficient.
+    std::unique_ptr<ShownMatrix> openAndHold()
     {
         write(kTransformation, "1");
         open();
         OB_FT_Close(); // nothing else reads
         m_camera->closeGate(kValue, MeddledCamera::Reads);
+        auto matrix = std::make_unique<ShownMatrix>();
+        matrix->updateData();
+        return QTest::qWaitFor([this] { return m_camera->isHolding(); }) ? std::move(matrix)
+                                                                         : nullptr;
     }
     QString shownMessage() const { return messageBox() ? messageBox()->cTextTitle() : QString(); }
 
@@ -60,7 +64,7 @@ private slots:
         setCoefficient("8", "3.5");
         write(kSelector, "6");
         openSwitchedOn();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         QVERIFY(!matrix.cell(0)->isEnabled());
         QVERIFY(matrix.read());
         QCOMPARE(matrix.texts().join(QLatin1Char(' ')),
@@ -70,6 +74,11 @@ private slots:
         QCOMPARE(read(kSelector), 6);
         QCOMPARE(read(kTransformation), 0);
         QCOMPARE(read("CCMEnable"), 1);
+        QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3 (Gain12)"_s);
+        QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3 (Gain12)\nRange"_s));
+        m_window->widget()->SetLanguage(1);
+        QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列 (Gain12)"_s);
+        QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列 (Gain12)\n范围"_s));
     }
 
     void switchStatesDecide_data()
@@ -94,7 +103,7 @@ private slots:
         open();
         if (!unreadable.isEmpty())
             m_camera->fail(unreadable.constData(), CameraError::NotReadable, MeddledCamera::Reads);
-        ShownMatrix cells(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix cells;
         cells.enable.value()->setValue(!on);
         cells.updateData();
         QTRY_COMPARE(cells.cell(2)->text(), "0.1250"_s);
@@ -123,7 +132,7 @@ private slots:
         QFETCH(QByteArray, text);
         QFETCH(QStringList, writes);
         openSwitchedOn();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         QVERIFY(matrix.read());
         m_camera->forget();
         matrix.enter(index, text.constData());
@@ -135,7 +144,7 @@ private slots:
     {
         MessageGuard::expectMessage("Read Feature Failed"_s);
         openSwitchedOn();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         QVERIFY(matrix.read());
         m_camera->fail(kValue, CameraError::NotWritable, MeddledCamera::Writes);
         matrix.enter(4, "2");
@@ -156,7 +165,7 @@ private slots:
     void switchingWritesBothFeatures()
     {
         open();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         QVERIFY(matrix.becomesKnown());
         for (const bool on : {true, false}) {
             m_camera->forget();
@@ -179,7 +188,7 @@ private slots:
     {
         write(kTransformation, "1");
         open({"CCMEnable"_s});
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         QVERIFY(matrix.becomesKnown());
         m_camera->forget();
         matrix.userSwitches(true);
@@ -195,7 +204,7 @@ private slots:
         openSwitchedOn();
         const auto* shown = m_window->item(kTree, kValue)->value();
         const auto* selected = m_window->item(kTree, kSelector)->value();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         for (int i = 0; i < 10; ++i) {
             OB_FT_UpdateFeatures();
             do
@@ -209,14 +218,12 @@ private slots:
 
     void switchingWhileReadingWins()
     {
-        openAndHold();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
-        matrix.updateData();
-        QTRY_VERIFY(m_camera->isHolding());
-        matrix.userSwitches(true);
+        const auto matrix = openAndHold();
+        QVERIFY(matrix);
+        matrix->userSwitches(true);
         m_camera->openGate();
-        QTRY_VERIFY(matrix.cell(0)->isEnabled());
-        QVERIFY(matrix.isOn());
+        QTRY_VERIFY(matrix->cell(0)->isEnabled());
+        QVERIFY(matrix->isOn());
         QCOMPARE(read(kTransformation), 0);
         QCOMPARE(read("CCMEnable"), 1);
     }
@@ -225,7 +232,7 @@ private slots:
     void switchingRightAfterShowingWins()
     {
         open();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         for (int i = 0; i < 20; ++i) {
             const bool on = i % 2 == 0;
             matrix.matrix->setShown(true);
@@ -245,7 +252,7 @@ private slots:
         open();
         OB_FT_Close();
         std::atomic<int> reads{0};
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         QVERIFY(matrix.becomesKnown());
         const QStringList before = matrix.texts();
         m_camera->beforeRead = [&](const QString& name) {
@@ -268,7 +275,7 @@ private slots:
         open();
         OB_FT_Close();
         m_camera->fail(kSelector, CameraError::NotReadable, MeddledCamera::Reads);
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
+        ShownMatrix matrix;
         matrix.updateData();
         QTRY_VERIFY(MessageGuard::contains("cannot be read"_s));
         QVERIFY(!matrix.cell(0)->isEnabled());
@@ -280,14 +287,12 @@ private slots:
     void editorGoesWhileTheHostHangs()
     {
         setCoefficient("3", "0.75");
-        openAndHold();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
-        matrix.updateData();
-        QTRY_VERIFY(m_camera->isHolding());
-        delete matrix.widget;
+        const auto shown = openAndHold();
+        QVERIFY(shown);
+        delete shown->widget;
         m_camera->openGate();
-        QTRY_VERIFY(matrix.matrix->isKnown());
-        QCOMPARE(matrix.matrix->values()[3], 0.75);
+        QTRY_VERIFY(shown->matrix->isKnown());
+        QCOMPARE(shown->matrix->values()[3], 0.75);
         QCOMPARE(read(kTransformation), 1);
     }
 
@@ -296,18 +301,16 @@ private slots:
     void outOfSightEndsTheReading()
     {
         write(kSelector, "7");
-        openAndHold();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
-        matrix.updateData();
-        QTRY_VERIFY(m_camera->isHolding());
+        const auto shown = openAndHold();
+        QVERIFY(shown);
         m_camera->forget();
-        matrix.matrix->setShown(false);
+        shown->matrix->setShown(false);
         m_camera->openGate();
         QTRY_COMPARE(m_camera->writes(), (QStringList{"ColorTransformationValueSelector=7"_s,
                                                       "ColorTransformationEnable=1"_s}));
-        QVERIFY(!matrix.matrix->isKnown());
-        matrix.matrix->setShown(true);
-        QTRY_VERIFY(matrix.matrix->isKnown());
+        QVERIFY(!shown->matrix->isKnown());
+        shown->matrix->setShown(true);
+        QTRY_VERIFY(shown->matrix->isKnown());
     }
 
     void itemsMayGoFirst()
@@ -327,7 +330,7 @@ private slots:
         QVERIFY(widget.findChild<QPropertyLineEdit*>()->isEnabled());
     }
 
-    void fileModeShowsTheFile()
+    void fileModeShowsAndSwitchesTheFile()
     {
         open();
         ShownMatrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
@@ -344,22 +347,16 @@ private slots:
         QVERIFY(matrix.isOn());
         // The host writes them: here they can be read and copied, but not edited.
         QVERIFY(matrix.cell(0)->isReadOnly());
-        QVERIFY(m_camera->writes().isEmpty());
-    }
-
-    void fileModeSwitchesTheFile()
-    {
-        open();
+        matrix.userSwitches(false);
+        QTRY_VERIFY(!matrix.cell(0)->isEnabled());
+        QVERIFY(kFile.stored().contains("CCMEnable=false"));
+        // What the host writes meanwhile is kept, and shown when it counts again.
         kFile.store("[Common]\nCCMEnable=false\nCCMValue0=2048\n");
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InSettingsFile);
-        QVERIFY(matrix.becomesKnown());
         matrix.userSwitches(true);
         QTRY_COMPARE(matrix.cell(0)->text(), "2.0000"_s);
         QVERIFY(kFile.stored().contains("CCMEnable=true"));
         QVERIFY(kFile.stored().contains("CCMValue0=2048"));
-        matrix.userSwitches(false);
-        QVERIFY(kFile.stored().contains("CCMEnable=false"));
-        QTRY_VERIFY(!matrix.cell(0)->isEnabled());
+        QVERIFY(m_camera->writes().isEmpty());
     }
 
     void delegateMakesTheEditor()
@@ -383,18 +380,6 @@ private slots:
         for (const QPropertyLineEdit* cell : editor->findChildren<QPropertyLineEdit*>())
             QVERIFY(
                 editor->rect().contains(QRect(cell->mapTo(editor, QPoint(0, 0)), cell->size())));
-    }
-
-    void cellsSayWhereTheyAre()
-    {
-        openSwitchedOn();
-        ShownMatrix matrix(CTreeCustomCCMItemValue::InCamera);
-        QVERIFY(matrix.read());
-        QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3 (Gain12)"_s);
-        QVERIFY(matrix.cell(5)->toolTip().startsWith("Row 2, column 3 (Gain12)\nRange"_s));
-        m_window->widget()->SetLanguage(1);
-        QTRY_COMPARE(matrix.cell(5)->accessibleName(), "第 2 行，第 3 列 (Gain12)"_s);
-        QTRY_VERIFY(matrix.cell(5)->toolTip().startsWith("第 2 行，第 3 列 (Gain12)\n范围"_s));
     }
 };
 

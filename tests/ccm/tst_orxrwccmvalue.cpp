@@ -63,9 +63,8 @@ private slots:
         QCOMPARE(values[1], 7);
         kFile.store("[Common]\nCCMEnable=true\nCCMValue1=-300\nCCMValue8=2048\n");
         QVERIFY(ORXCCMWidget::getSDKCCMEnable(kName, values));
-        const int wanted[] = {1024, -300, 0, 0, 1024, 0, 0, 0, 2048};
-        for (int i = 0; i < ORXRWCCMValue::kCoefficients; ++i)
-            QCOMPARE(values[i], wanted[i]);
+        QCOMPARE(QVector<int>(std::begin(values), std::end(values)),
+                 (QVector<int>{1024, -300, 0, 0, 1024, 0, 0, 0, 2048}));
     }
 
     void switchingKeepsWhatTheHostWrote_data()

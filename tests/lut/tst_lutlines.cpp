@@ -264,6 +264,7 @@ private slots:
         for (int x = 1; x < 240; ++x)
             curve.addPoint({x, x % 2 ? 20 : 220}, m_plot);
         QCOMPARE(curve.handles().size(), LUTSmoothCurve::kMostControls);
+        QVERIFY(!curve.addBehindSelected());
     }
 
     void controlPointStaysBetweenItsNeighbours()

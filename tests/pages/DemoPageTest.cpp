@@ -7,6 +7,8 @@
 #include "reading/QGetFeaturesThread.h"
 #include "styledctl/ZELCustomMessageBox.h"
 
+#include <QAbstractButton>
+
 void DemoPageTest::prepare()
 {
     OBDeviceControl::SetUserLevel(0);
@@ -67,6 +69,15 @@ void DemoPageTest::watchSelection(const char* selector, qint64 selected, const c
 ORXImgProcessingFeature* DemoPageTest::imagePage() const
 {
     return m_window->widget()->findChild<ORXImgProcessingFeature*>();
+}
+
+QAbstractButton* DemoPageTest::box(const QByteArray& selector, int entry) const
+{
+    constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
+    ORXPropertyTreeItem* row =
+        m_window->item(kPage, "Custom_" + selector + '_' + QByteArray::number(entry & ~1));
+    const ORXFeatureTreeView* view = m_window->page(kPage)->treeView();
+    return row ? qobject_cast<QAbstractButton*>(view->editorOf(row, entry % 2)) : nullptr;
 }
 
 const ZELCustomMessageBox* DemoPageTest::messageBox() const

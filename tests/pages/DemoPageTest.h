@@ -12,6 +12,7 @@
 #include <thread>
 
 class ORXImgProcessingFeature;
+class QAbstractButton;
 class ZELCustomMessageBox;
 
 // Base of tests of the window on the simulated demo camera. Each test function has a camera of its
@@ -39,6 +40,8 @@ protected:
     int strangeReads() const { return m_strangeReads; }
 
     ORXImgProcessingFeature* imagePage() const;
+    // The image processing page's check box for an entry of a selector; null while there is none.
+    QAbstractButton* box(const QByteArray& selector, int entry) const;
     // The tree's message box while it is shown, else null; and what it says.
     const ZELCustomMessageBox* messageBox() const;
     QString message() const;

@@ -2,6 +2,7 @@
 #include "pages/MeddledCamera.h"
 
 #include "cameras/CameraError.h"
+#include "support/Literals.h"
 
 #include <OBFeatureTree/OBFeatureTree.h>
 
@@ -16,30 +17,38 @@ MeddledCamera::MeddledCamera(Camera& camera, const QStringList& lacking)
     m_xml = xml.toStdString();
 }
 
-int MeddledCamera::failureOf(const std::string& name, Calls call) const
+int MeddledCamera::pass(std::unique_lock<std::mutex>& lock, Calls kind, const std::string& name,
+                        const QString& call)
 {
+    m_calls.append(call);
+    const auto found = std::find_if(m_toHold.begin(), m_toHold.end(), [&](const QString& each) {
+        return call == each || call.startsWith(each + QLatin1Char('='));
+    });
+    const QString hold = found == m_toHold.end() ? QString() : *found;
+    if (found != m_toHold.end()) {
+        m_toHold.erase(found);
+        m_holding.append(hold);
+    }
+    ++m_held;
+    m_opened.wait(lock, [&] {
+        return !m_holding.contains(hold) && (m_gated != name || !(m_gatedCalls & kind));
+    });
+    --m_held;
     if (m_unplugged)
         return CameraError::NotConnected;
-    const auto found = m_failures.find(name);
-    return found == m_failures.end() || !(found->second.calls & call) ? 0 : found->second.code;
-}
-
-void MeddledCamera::passGate(std::unique_lock<std::mutex>& lock, const std::string& name,
-                             Calls call)
-{
-    ++m_held;
-    m_opened.wait(lock, [&] { return m_gated != name || !(m_gatedCalls & call); });
-    --m_held;
+    const auto failure = m_failures.find(name);
+    return failure == m_failures.end() || !(failure->second.calls & kind) ? 0
+                                                                          : failure->second.code;
 }
 
 int MeddledCamera::read(int type, const std::string& name, void* record)
 {
+    const QString feature = QString::fromStdString(name);
     if (beforeRead)
-        beforeRead(QString::fromStdString(name));
+        beforeRead(feature);
     {
         std::unique_lock<std::mutex> lock(m_mutex);
-        passGate(lock, name, Reads);
-        if (const int code = failureOf(name, Reads))
+        if (const int code = pass(lock, Reads, name, "get "_s + feature))
             return code;
     }
     const int result = m_camera.read(type, name, record);
@@ -55,12 +64,12 @@ int MeddledCamera::write(int type, const std::string& name, const std::string& t
     if (beforeWrite)
         beforeWrite(QString::fromStdString(name));
     {
+        const std::string call = "set " + (text.empty() ? name : name + "=" + text);
         std::unique_lock<std::mutex> lock(m_mutex);
-        m_writes.append(QString::fromStdString(text.empty() ? name : name + "=" + text));
         m_most[name] = std::max(m_most[name], ++m_running[name]);
-        passGate(lock, name, Writes);
+        const int code = pass(lock, Writes, name, QString::fromStdString(call));
         --m_running[name];
-        if (const int code = failureOf(name, Writes))
+        if (code != 0)
             return code;
     }
     return m_camera.write(type, name, text);
@@ -68,8 +77,11 @@ int MeddledCamera::write(int type, const std::string& name, const std::string& t
 
 int MeddledCamera::accessMode(const std::string& name, int* mode)
 {
-    if (m_unplugged)
-        return CameraError::NotConnected;
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        if (const int code = pass(lock, Modes, name, "mode "_s + QString::fromStdString(name)))
+            return code;
+    }
     const int result = m_camera.accessMode(name, mode);
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_hidden.count(name) > 0)
@@ -116,25 +128,48 @@ void MeddledCamera::closeGate(const char* name, Calls calls)
     m_gatedCalls = calls;
 }
 
-void MeddledCamera::openGate()
+void MeddledCamera::hold(const QString& call)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_gated.clear();
-    }
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_toHold.append(call);
+}
+
+int MeddledCamera::held() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_held;
+}
+
+void MeddledCamera::release(const QString& call)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_holding.removeAll(call);
     m_opened.notify_all();
 }
 
-bool MeddledCamera::isHolding() const
+void MeddledCamera::openGate()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_held > 0;
+    m_gated.clear();
+    m_toHold.clear();
+    m_holding.clear();
+    m_opened.notify_all();
+}
+
+QStringList MeddledCamera::calls() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_calls;
 }
 
 QStringList MeddledCamera::writes() const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_writes;
+    QStringList writes;
+    for (const QString& call : calls()) {
+        if (call.startsWith("set "_s))
+            writes.append(call.mid(4));
+    }
+    return writes;
 }
 
 int MeddledCamera::writesOf(const char* name) const
@@ -156,6 +191,6 @@ int MeddledCamera::mostAtOnce(const char* name) const
 void MeddledCamera::forget()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_writes.clear();
+    m_calls.clear();
     m_most.clear();
 }

@@ -31,7 +31,7 @@ public:
     bool isConnected() const override { return !m_unplugged && m_camera.isConnected(); }
     int reconnect() override { return m_camera.reconnect(); }
 
-    enum Calls { Reads = 1, Writes = 2, ReadsAndWrites = Reads | Writes };
+    enum Calls { Reads = 1, Writes = 2, ReadsAndWrites = Reads | Writes, Modes = 4 };
 
     // Called before each read or write, on the calling thread. Set them while nothing calls.
     std::function<void(const QString& name)> beforeRead;
@@ -49,10 +49,18 @@ public:
     void setIncrement(const char* name, qint64 increment);
     // Calls of the name wait until the gate opens.
     void closeGate(const char* name, Calls calls = Writes);
+    // The next such call waits; "get Width", or "set Width", which is one with any value.
+    void hold(const QString& call);
+    // How many calls wait now.
+    int held() const;
+    bool isHolding() const { return held() > 0; }
+    void release(const QString& call);
+    // Releases all, too.
     void openGate();
-    bool isHolding() const;
 
-    // What arrived: "Name" or "Name=text", in order.
+    // What arrived, in order: "get Width", "set Width=640", "mode Width".
+    QStringList calls() const;
+    // Of these the writes: "Name" or "Name=text".
     QStringList writes() const;
     int writesOf(const char* name) const;
     // The most writes of the name that ran at the same time.
@@ -65,9 +73,9 @@ private:
         int code;
         Calls calls;
     };
-    // Both with the mutex held.
-    int failureOf(const std::string& name, Calls call) const;
-    void passGate(std::unique_lock<std::mutex>& lock, const std::string& name, Calls call);
+    // A call has come, which may have to wait; with the mutex locked. Its code, or 0.
+    int pass(std::unique_lock<std::mutex>& lock, Calls kind, const std::string& name,
+             const QString& call);
 
     Camera& m_camera; // Not owned.
     std::string m_xml;
@@ -81,7 +89,9 @@ private:
     Calls m_gatedCalls = Writes;
     int m_held = 0;
     std::atomic<bool> m_unplugged{false};
-    QStringList m_writes;
+    QStringList m_toHold;
+    QStringList m_holding;
+    QStringList m_calls;
     std::map<std::string, int> m_running;
     std::map<std::string, int> m_most;
 };

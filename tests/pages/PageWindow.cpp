@@ -224,8 +224,13 @@ bool PageWindow::click(int tab, const char* name) const
     auto* button = editor<QAbstractButton>(tab, name);
     if (!button)
         return false;
-    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(10, button->height() / 2));
+    press(button);
     return true;
+}
+
+void PageWindow::press(QAbstractButton* button)
+{
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(10, button->height() / 2));
 }
 
 QString PageWindow::shown(int tab, const char* name) const

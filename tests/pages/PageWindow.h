@@ -13,6 +13,7 @@
 class CFeatureGroupTreeView;
 class IORXFeatureWidget;
 class ORXPropertyTreeItem;
+class QAbstractButton;
 
 // QTRY_COMPARE and QTRY_VERIFY with the patience that a loaded machine needs.
 #define OBFT_TRY_COMPARE(actual, expected)                                                         \
@@ -59,6 +60,8 @@ public:
     bool enter(int tab, const char* name, const QString& text) const;
     bool choose(int tab, const char* name, const QString& entry) const;
     bool click(int tab, const char* name) const;
+    // A click where a check box has its box.
+    static void press(QAbstractButton* button);
     // The feature's row, and making it the current one.
     QModelIndex row(int tab, ORXPropertyTreeItem* item) const;
     QModelIndex row(int tab, const char* name) const { return row(tab, item(tab, name)); }

@@ -70,21 +70,23 @@ private slots:
     void itemsAreLockedWhileItRuns()
     {
         open();
-        QVERIFY(m_window->isEnabled(kPage, kTime));
-        QVERIFY(m_window->isEnabled(kPage, kTrigger));
+        // Period and command on the page, the command in the whole tree.
+        const auto enabled = [this] {
+            return QVector<bool>{m_window->isEnabled(kPage, kTime),
+                                 m_window->isEnabled(kPage, kTrigger),
+                                 m_window->isEnabled(kTree, kTrigger)};
+        };
+        const QVector<bool> all(3, true);
+        const QVector<bool> none(3, false);
+        QCOMPARE(enabled(), all);
         QVERIFY(m_window->click(kPage, kEnable));
-        QTRY_VERIFY(!m_window->isEnabled(kPage, kTime));
-        QTRY_VERIFY(!m_window->isEnabled(kPage, kTrigger));
-        QVERIFY(!m_window->isEnabled(kTree, kTrigger));
+        QTRY_COMPARE(enabled(), none);
         // Reading the camera's locks does not unlock them.
         QVERIFY(m_window->refresh());
-        QVERIFY(!m_window->isEnabled(kPage, kTime));
-        QVERIFY(!m_window->isEnabled(kPage, kTrigger));
+        QCOMPARE(enabled(), none);
         QVERIFY(m_window->isEnabled(kPage, kEnable));
         QVERIFY(m_window->click(kPage, kEnable));
-        QTRY_VERIFY(m_window->isEnabled(kPage, kTime));
-        QTRY_VERIFY(m_window->isEnabled(kPage, kTrigger));
-        QVERIFY(m_window->isEnabled(kTree, kTrigger));
+        QTRY_COMPARE(enabled(), all);
     }
 
     void newPeriodIsTakenWhenSwitchedOnAgain()
@@ -103,31 +105,23 @@ private slots:
         QTRY_VERIFY(triggers() > 3);
     }
 
-    void valueAboveZeroSwitchesOn_data()
-    {
-        const Rows<QVariant, bool> row("value", "on");
-        row("true", true, true);
-        row("2", 2, true);
-        row("text 1", "1"_s, true);
-        row("false", false, false);
-        row("0", 0, false);
-        row("-1", -1, false);
-        row("no number", "on"_s, false);
-    }
-
     void valueAboveZeroSwitchesOn()
     {
-        QFETCH(QVariant, value);
-        QFETCH(bool, on);
         open();
-        const QString tag = "Boolean"_s;
-        const QString name = QString::fromLatin1(kEnable);
-        // Starts from the other state.
-        QVERIFY(m_window->page(kPage)->setFeatureValue(tag, name, !on));
-        QCOMPARE(isOn(), !on);
-        QVERIFY(m_window->page(kPage)->setFeatureValue(tag, name, value));
-        QCOMPARE(isOn(), on);
-        QCOMPARE(m_window->isEnabled(kPage, kTime), !on);
+        const auto set = [this](const QVariant& value) {
+            return m_window->page(kPage)->setFeatureValue("Boolean"_s, QLatin1String(kEnable),
+                                                          value);
+        };
+        const std::pair<QVariant, bool> cases[] = {{true, true},   {2, true},  {"1"_s, true},
+                                                   {false, false}, {0, false}, {-1, false},
+                                                   {"on"_s, false}};
+        for (const auto& [value, on] : cases) {
+            QVERIFY(set(!on));
+            QCOMPARE(isOn(), !on);
+            QVERIFY(set(value));
+            QVERIFY2(isOn() == on, value.typeName());
+            QCOMPARE(m_window->isEnabled(kPage, kTime), !on);
+        }
     }
 
     void slowCommandNeitherQueuesNorFreezes()

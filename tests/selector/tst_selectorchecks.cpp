@@ -22,8 +22,7 @@ class TestSelectorChecks : public DemoPageTest
 
 private:
     // Opens the window at the boxes of the row of data.
-    void openBoxes(const QByteArray& selector = "ChunkSelector", const QStringList& lacking = {},
-                   int language = 0)
+    void openBoxes(const QByteArray& selector, const QStringList& lacking = {}, int language = 0)
     {
         m_selector = selector;
         for (const char* each : {"ChunkSelector", "FrameSpecInfoSelector", "EventSelector"})
@@ -31,17 +30,18 @@ private:
         open(lacking, language);
         QVERIFY(m_window->show(kPage, rowName(0)));
     }
+    // The same at the chunks, when their states have been read.
+    void openChunks(int language = 0)
+    {
+        openBoxes("ChunkSelector", {}, language);
+        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        OBFT_TRY_COMPARE(read("ChunkSelector"), 3);
+    }
     QByteArray rowName(int entry) const
     {
         return "Custom_" + m_selector + "_" + QByteArray::number(entry & ~1);
     }
-    QAbstractButton* box(int entry) const
-    {
-        ORXPropertyTreeItem* row = m_window->item(kPage, rowName(entry));
-        return row ? qobject_cast<QAbstractButton*>(
-                         m_window->page(kPage)->treeView()->editorOf(row, entry % 2))
-                   : nullptr;
-    }
+    QAbstractButton* box(int entry) const { return DemoPageTest::box(m_selector, entry); }
     // "1" for each checked box, "0" for each that is not.
     QByteArray states() const
     {
@@ -50,10 +50,7 @@ private:
             all += each->isChecked() ? '1' : '0';
         return all;
     }
-    void click(int entry) const
-    {
-        QTest::mouseClick(box(entry), Qt::LeftButton, {}, QPoint(10, box(entry)->height() / 2));
-    }
+    void click(int entry) const { PageWindow::press(box(entry)); }
 
     QByteArray m_selector;
 
@@ -97,18 +94,8 @@ private slots:
             OBFT_TRY_COMPARE(this->states(), states);
             OBFT_TRY_COMPARE(read(selector), 3);
         }
-    }
-
-    void refusedWriteIsTakenBack_data() { checkWritesBetweenSelections_data(); }
-    void refusedWriteIsTakenBack()
-    {
-        QFETCH(QStringList, lacking);
-        QFETCH(QByteArray, selector);
-        QFETCH(QByteArray, enable);
-        QFETCH(QByteArray, states);
+        // A refused write is taken back.
         MessageGuard::expectMessage("Read Feature Failed"_s);
-        openBoxes(selector, lacking);
-        OBFT_TRY_COMPARE(this->states(), states);
         m_camera->fail(enable, CameraError::NotWritable);
         click(6);
         OBFT_TRY_VERIFY(message().startsWith(
@@ -128,9 +115,7 @@ private slots:
     {
         QFETCH(QByteArray, fails);
         MessageGuard::expectMessage("Feature Failed"_s);
-        openBoxes();
-        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
-        OBFT_TRY_COMPARE(read("ChunkSelector"), 3);
+        openChunks();
         m_camera->forget();
         m_camera->closeGate("ChunkSelector");
         OB_FT_UpdateFeatures();
@@ -154,8 +139,7 @@ private slots:
     void passesSeeTheirOwnSelection()
     {
         watchSelection("ChunkSelector", 3, "ChunkEnable");
-        openBoxes();
-        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        openChunks();
         const auto* selector = m_window->item(kTree, "ChunkSelector")->value();
         const auto* enable = m_window->item(kTree, "ChunkEnable")->value();
         for (int i = 0; i < 10; ++i) {
@@ -174,8 +158,7 @@ private slots:
 
     void whatTheCameraChangesIsFollowed()
     {
-        openBoxes();
-        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        openChunks();
         // In the whole tree, of the entry that is selected there.
         QVERIFY(m_window->click(kTree, "ChunkEnable"));
         QVERIFY(m_window->show(kPage, rowName(0)));
@@ -199,53 +182,46 @@ private slots:
 
     void lockedWhileAcquiring()
     {
-        openBoxes();
-        OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled());
-        QVERIFY(m_window->click(kTree, "AcquisitionStart"));
-        QVERIFY(m_window->show(kPage, rowName(0)));
-        OBFT_TRY_VERIFY(box(0) && !box(0)->isEnabled());
-        QVERIFY(m_window->click(kTree, "AcquisitionStop"));
-        QVERIFY(m_window->show(kPage, rowName(0)));
-        OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled());
+        openChunks();
+        for (const char* command : {"AcquisitionStart", "AcquisitionStop"}) {
+            const bool locked = qstrcmp(command, "AcquisitionStart") == 0;
+            OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled() == locked);
+            QVERIFY(m_window->click(kTree, command));
+            QVERIFY(m_window->show(kPage, rowName(0)));
+            OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled() != locked);
+        }
     }
 
     void endsWithTheCamera_data()
     {
-        const Rows<bool, int> row("writing", "end");
-        const char* const ends[] = {"camera removed", "another camera shown", "released"};
-        for (int end = 0; end < 3; ++end) {
-            row(qPrintable("reading, "_s + QLatin1String(ends[end])), false, end);
-            row(qPrintable("writing, "_s + QLatin1String(ends[end])), true, end);
+        const Rows<QByteArray, QString> row("gated", "end");
+        for (const char* end : {"camera removed", "another camera shown", "released"}) {
+            row(qPrintable("reading, "_s + QLatin1String(end)), "ChunkSelector", end);
+            row(qPrintable("writing, "_s + QLatin1String(end)), "ChunkEnable", end);
         }
     }
 
     void endsWithTheCamera()
     {
-        QFETCH(bool, writing);
-        QFETCH(int, end);
-        openBoxes();
-        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
-        OBFT_TRY_COMPARE(read("ChunkSelector"), 3);
+        QFETCH(QByteArray, gated);
+        QFETCH(QString, end);
+        openChunks();
         QVERIFY(m_window->refresh());
-        const char* gated = writing ? "ChunkEnable" : "ChunkSelector";
         m_camera->closeGate(gated);
         m_camera->forget();
-        if (writing)
+        if (gated == "ChunkEnable")
             click(6);
         else
             OB_FT_UpdateFeatures();
         OBFT_TRY_VERIFY(m_camera->writesOf(gated) > 0);
         // Lets the host go on while the window waits for it, or just before.
         std::thread hanging([&] { m_camera->openGate(); });
-        const std::function<void()> ends[] = {
-            [&] { m_window->widget()->removeFeatureTree(1); },
-            [&] {
-                m_window->page(kPage)->resetCamaraID(2);
-                m_window->widget()->removeFeatureTree(1);
-            },
-            [] { OB_FT_Release(); },
-        };
-        ends[end]();
+        if (end == "another camera shown"_s)
+            m_window->page(kPage)->resetCamaraID(2);
+        if (end == "released"_s)
+            OB_FT_Release();
+        else
+            m_window->widget()->removeFeatureTree(1);
         const int writes = int(m_camera->writes().size());
         hanging.join();
         QApplication::processEvents();
@@ -256,8 +232,7 @@ private slots:
 
     void textsInBothLanguages()
     {
-        openBoxes("ChunkSelector", {}, 1);
-        OBFT_TRY_COMPARE(states(), QByteArray("1110110"));
+        openChunks(1);
         QCOMPARE(box(2)->text(), "曝光时间"_s);
         m_window->widget()->SetLanguage(0);
         OBFT_TRY_COMPARE(box(2)->text(), "Exposure Time"_s);

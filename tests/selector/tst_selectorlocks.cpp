@@ -8,7 +8,6 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "pages/DemoPageTest.h"
-#include "pages/HeldCamera.h"
 #include "pages/ORXImgProcessingFeature.h"
 #include "reading/FeatureMutex.h"
 
@@ -36,23 +35,8 @@ protected:
         QCOMPARE(write("ChunkSelector", "3"), 0);
         QCOMPARE(write("EventSelector", "3"), 0);
     }
-    void finish() override
-    {
-        if (m_held)
-            m_held->release();
-        DemoPageTest::finish();
-        m_held.reset();
-    }
 
 private:
-    QAbstractButton* box(const QByteArray& selector, int entry) const
-    {
-        ORXPropertyTreeItem* row =
-            m_window->item(kPage, "Custom_" + selector + '_' + QByteArray::number(entry & ~1));
-        return row ? qobject_cast<QAbstractButton*>(
-                         m_window->page(kPage)->treeView()->editorOf(row, entry % 2))
-                   : nullptr;
-    }
     QLineEdit* cell(int index) const
     {
         return imagePage()->findChild<QLineEdit*>("CCMValue%1"_s.arg(index));
@@ -76,77 +60,56 @@ private:
         return all;
     }
 
-    std::unique_ptr<HeldCamera> m_held;
-
 private slots:
     // Locks ---------------------------------------------------------------------------------------
 
     void rowsAreLockedMeanwhile_data()
     {
-        const Rows<QByteArray, QStringList, QByteArray, QByteArray, QString> row(
-            "shown", "locked", "gated", "fails", "end");
-        const char* const ends[] = {"read", "page out of sight", "failure"};
-        for (const char* end : ends) {
-            const bool fails = qstrcmp(end, "failure") == 0;
-            row(qPrintable("matrix, "_s + QLatin1String(end)), "Custom_CCM",
+        const Rows<QByteArray, QStringList, QByteArray, QString> row("shown", "locked", "failing",
+                                                                     "end");
+        for (const QString& end : {"read"_s, "page out of sight"_s, "failure"_s}) {
+            row(qPrintable("matrix, "_s + end), "Custom_CCM",
                 "ColorTransformationValueSelector ColorTransformationValue",
-                "ColorTransformationValue", fails ? "ColorTransformationValue" : "", end);
-            row(qPrintable("chunks, "_s + QLatin1String(end)), "Custom_ChunkSelector_0",
-                "ChunkSelector ChunkEnable", "ChunkEnable", fails ? "ChunkSelector" : "", end);
-            row(qPrintable("events, "_s + QLatin1String(end)), "Custom_EventSelector_0",
-                "EventSelector EventNotification", "EventNotification",
-                fails ? "EventNotification" : "", end);
+                "ColorTransformationValue", end);
+            row(qPrintable("chunks, "_s + end), "Custom_ChunkSelector_0",
+                "ChunkSelector ChunkEnable", "ChunkSelector", end);
+            row(qPrintable("events, "_s + end), "Custom_EventSelector_0",
+                "EventSelector EventNotification", "EventNotification", end);
         }
     }
 
+    // The favourites as well, also one that is made meanwhile.
     void rowsAreLockedMeanwhile()
     {
         QFETCH(QByteArray, shown);
         QFETCH(QStringList, locked);
-        QFETCH(QByteArray, gated);
-        QFETCH(QByteArray, fails);
+        QFETCH(QByteArray, failing);
         QFETCH(QString, end);
+        const bool fails = end == "failure"_s;
         MessageGuard::expectMessage("Reading the color correction matrix"_s);
-        if (!fails.isEmpty())
+        if (fails)
             MessageGuard::expectMessage("Feature Failed"_s);
         write(kTransformation, "0");
         open();
-        QStringList rows = locked;
-        const QString favourite = locked.last();
-        m_window->tree()->addFavoriteItem(m_window->item(kTree, favourite.toLatin1()));
-        rows += "favourite "_s + favourite;
+        const QByteArray selector = locked.first().toLatin1();
+        const QByteArray value = locked.last().toLatin1();
+        m_window->tree()->addFavoriteItem(m_window->item(kTree, value));
         QCOMPARE(this->locked(locked), QStringList());
-        m_camera->closeGate(gated, MeddledCamera::Reads);
+        m_camera->closeGate(value, MeddledCamera::Reads);
         QVERIFY(m_window->show(kPage, shown));
         OBFT_TRY_VERIFY(m_camera->isHolding());
-        QStringList now = this->locked(locked);
-        now.sort();
-        rows.sort();
-        QCOMPARE(now, rows);
-        if (!fails.isEmpty())
-            m_camera->fail(fails, CameraError::Timeout);
-        if (end == QLatin1String("page out of sight")) {
-            // The user goes to edit in the whole tree what is being moved.
-            QVERIFY(!m_window->isEnabled(kTree, favourite.toLatin1()));
-        }
+        QCOMPARE(this->locked(locked), locked + QStringList("favourite "_s + locked.last()));
+        m_window->tree()->addFavoriteItem(m_window->item(kTree, selector));
+        QCOMPARE(this->locked(locked).filter("favourite "_s).size(), 2);
+        if (fails)
+            m_camera->fail(failing, CameraError::Timeout);
+        // The user goes to edit in the whole tree what is being moved.
+        if (end == "page out of sight"_s)
+            QVERIFY(!m_window->isEnabled(kTree, value));
         m_camera->openGate();
         OBFT_TRY_COMPARE(this->locked(locked), QStringList());
-        if (fails.isEmpty())
-            QVERIFY(m_window->usableEditor(kTree, m_window->item(kTree, favourite.toLatin1())));
-    }
-
-    // A favourite that is made meanwhile is locked and unlocked as the others.
-    void favouriteMadeMeanwhile()
-    {
-        open();
-        m_camera->closeGate("ChunkEnable", MeddledCamera::Reads);
-        QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
-        OBFT_TRY_VERIFY(m_camera->isHolding());
-        m_window->tree()->addFavoriteItem(m_window->item(kTree, "ChunkEnable"));
-        QCOMPARE(locked(words("ChunkEnable")),
-                 words("ChunkEnable") + QStringList("favourite ChunkEnable"_s));
-        m_camera->openGate();
-        OBFT_TRY_COMPARE(locked(words("ChunkEnable")), QStringList());
+        if (!fails)
+            QVERIFY(m_window->usableEditor(kTree, m_window->item(kTree, value)));
     }
 
     // Two workers have the same selector elsewhere: its rows wait for both, whoever ends first.
@@ -162,20 +125,19 @@ private slots:
         QFETCH(bool, endsFirst);
         const QStringList both = words("ChunkSelector ChunkEnable");
         const QTemporaryDir folder;
-        m_held = std::make_unique<HeldCamera>(*m_demo);
-        m_window = std::make_unique<PageWindow>(*m_held);
-        m_held->hold("get ChunkEnable"_s);
+        open();
+        m_camera->hold("get ChunkEnable"_s);
         QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
-        OBFT_TRY_COMPARE(m_held->held(), 1);
+        OBFT_TRY_COMPARE(m_camera->held(), 1);
         auto* changes = m_window->tree()->findChild<ChangesPanel*>();
         changes->saveTo(folder.filePath("a.features"_s));
         auto* file = m_window->widget()->findChild<FeatureFileDialog*>();
         QCOMPARE(locked(both + words("LineInverter")), both + words("LineInverter"));
         if (endsFirst) {
             // Far behind in the file, and read by nobody else now.
-            m_held->hold("get TestLongString"_s);
-            m_held->release("get ChunkEnable"_s);
-            OBFT_TRY_VERIFY(m_held->calls().contains("get TestLongString"_s));
+            m_camera->hold("get TestLongString"_s);
+            m_camera->release("get ChunkEnable"_s);
+            OBFT_TRY_VERIFY(m_camera->calls().contains("get TestLongString"_s));
             OBFT_TRY_VERIFY(box("ChunkSelector", 2) && box("ChunkSelector", 2)->isChecked());
             QVERIFY(file->isWorking());
         } else {
@@ -186,7 +148,7 @@ private slots:
         }
         QCOMPARE(locked(both), both);
         QVERIFY(!m_window->isEnabled(kTree, "ChunkEnable"));
-        m_held->release();
+        m_camera->openGate();
         OBFT_TRY_COMPARE(locked(both), QStringList());
         QVERIFY(m_window->usableEditor(kTree, m_window->item(kTree, "ChunkEnable")));
     }
@@ -214,7 +176,7 @@ private slots:
         m_camera->fail("ChunkEnable", CameraError::NotWritable, MeddledCamera::Writes);
         m_camera->forget();
         for (int click = 0; click < clicks; ++click)
-            QTest::mouseClick(clicked, Qt::LeftButton, {}, QPoint(10, clicked->height() / 2));
+            PageWindow::press(clicked);
         OBFT_TRY_VERIFY(m_camera->isHolding());
         m_camera->openGate();
         OBFT_TRY_COMPARE(m_camera->writesOf("ChunkEnable"), clicks);
@@ -241,17 +203,16 @@ private slots:
         QFETCH(QString, next);
         write(kTransformation, "0");
         write("ColorTransformationValueSelector", "6");
-        m_held = std::make_unique<HeldCamera>(*m_demo);
-        m_window = std::make_unique<PageWindow>(*m_held);
-        m_held->forget();
-        m_held->hold(held);
+        open();
+        m_camera->forget();
+        m_camera->hold(held);
         QVERIFY(m_window->show(kPage, shown));
-        OBFT_TRY_COMPARE(m_held->held(), 1);
+        OBFT_TRY_COMPARE(m_camera->held(), 1);
         m_window->tree()->rereadInvalidated("GammaEnable"_s);
         OBFT_TRY_VERIFY(m_window->tree()->GetFeatureMutex()->waiting() > 0);
-        m_held->release();
-        OBFT_TRY_VERIFY(m_held->calls().contains(next));
-        const QStringList calls = m_held->calls();
+        m_camera->openGate();
+        OBFT_TRY_VERIFY(m_camera->calls().contains(next));
+        const QStringList calls = m_camera->calls();
         const int put = int(calls.indexOf(back));
         const int on = int(calls.indexOf(next));
         // The pass that was asked for, or polling: whoever waited first.
@@ -278,35 +239,32 @@ private slots:
         const auto enable = [&] { return qobject_cast<QAbstractButton*>(view->editorOf(item)); };
         OBFT_TRY_VERIFY(enable() && enable()->isEnabled());
         m_camera->forget();
-        QTest::mouseClick(enable(), Qt::LeftButton, {}, QPoint(10, enable()->height() / 2));
+        PageWindow::press(enable());
         OBFT_TRY_COMPARE(read("CCMEnable"), 1);
         OBFT_TRY_COMPARE(read(kTransformation), 0);
         OBFT_TRY_VERIFY(enable() && enable()->isChecked());
     }
 
-    void refreshReadsTheMatrixAgain_data()
-    {
-        const Rows<bool> row("button");
-        row("button", true);
-        row("host", false);
-    }
-
     void refreshReadsTheMatrixAgain()
     {
-        QFETCH(bool, button);
         write(kTransformation, "0");
         write("CCMEnable", "1");
         open();
         QVERIFY(m_window->show(kPage, "Custom_CCM"));
         OBFT_TRY_VERIFY(cellShows(0, "1.0000"));
-        // The camera changes by itself.
-        write("ColorTransformationValueSelector", "0");
-        write(kValue, "0.5");
-        if (button)
-            m_window->tree()->OnBtnRefresh();
-        else
-            OB_FT_UpdateFeatures();
+        // The camera changes by itself, while nobody has the selector elsewhere.
+        const auto cameraChanges = [this](const char* value) {
+            const FeatureLock untouched(m_window->tree()->GetFeatureMutex());
+            write("ColorTransformationValueSelector", "0");
+            write(kValue, value);
+        };
+        cameraChanges("0.5");
+        m_window->tree()->OnBtnRefresh();
         OBFT_TRY_VERIFY(cellShows(0, "0.5000"));
+        QVERIFY(m_window->refresh());
+        cameraChanges("0.25");
+        OB_FT_UpdateFeatures();
+        OBFT_TRY_VERIFY(cellShows(0, "0.2500"));
     }
 
     // The reading after an interrupted or failed one shows the cells again.

@@ -20,8 +20,10 @@ struct PatientButton : ZELCustomPushButton
     {
         cSetClickClock([this] { return now; });
         cSetControlClickEvent(true);
+        connect(this, &QPushButton::clicked, this, [this] { ++clicks; });
     }
     qint64 now = 1000;
+    int clicks = 0;
 };
 
 } // namespace
@@ -150,12 +152,17 @@ private slots:
         QCOMPARE(changed.size(), 5);
     }
 
-    void sillyRangeAndStep()
+    void rangeAndStep()
     {
+        // The range moves the value, once.
+        QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
+        m_box->setRange(200, 300);
+        QCOMPARE(m_box->value(), 200LL);
+        m_box->setRange(150, 300);
+        QCOMPARE(changed.size(), 1);
         m_box->setRange(50, -50);
-        QCOMPARE(m_box->minimum(), 50LL);
-        QCOMPARE(m_box->maximum(), 50LL);
-        QCOMPARE(m_box->value(), 50LL);
+        QCOMPARE((QVector<qlonglong>{m_box->minimum(), m_box->maximum(), m_box->value()}),
+                 (QVector<qlonglong>{50, 50, 50}));
         m_box->setRange(0, 100);
         for (const qlonglong step : {0LL, -8LL, Limits::min()}) {
             m_box->setSingleStep(step);
@@ -163,15 +170,6 @@ private slots:
             m_box->stepBy(1);
             QCOMPARE(m_box->value(), 11LL);
         }
-    }
-
-    void rangeMovesTheValue()
-    {
-        QSignalSpy changed(m_box, &ZELCustomSpinBox64::valueChanged);
-        m_box->setRange(200, 300);
-        QCOMPARE(m_box->value(), 200LL);
-        m_box->setRange(150, 300);
-        QCOMPARE(changed.size(), 1);
     }
 
     void programmaticValueReplacesTypedText()
@@ -211,7 +209,6 @@ private slots:
     {
         QFETCH(int, way);
         PatientButton button;
-        QSignalSpy clicked(&button, &QPushButton::clicked);
         const auto press = [&] {
             if (way == 0)
                 QTest::mouseClick(&button, Qt::LeftButton);
@@ -221,53 +218,40 @@ private slots:
                 QTest::keyClick(&button, Qt::Key(way));
         };
         press();
-        QCOMPARE(clicked.size(), 1);
         button.now += 499;
         press();
-        QCOMPARE(clicked.size(), 1);
         // Filling an editor again sets the guard again: that must not open it.
         button.cSetControlClickEvent(true);
         press();
-        QCOMPARE(clicked.size(), 1);
+        QCOMPARE(button.clicks, 1);
         button.now += 1;
         press();
-        QCOMPARE(clicked.size(), 2);
-    }
-
-    void unguardedButtonTakesEveryClick()
-    {
-        ZELCustomPushButton button;
-        QSignalSpy clicked(&button, &QPushButton::clicked);
-        for (int i = 0; i < 5; ++i)
-            QTest::mouseClick(&button, Qt::LeftButton);
-        QCOMPARE(clicked.size(), 5);
+        QCOMPARE(button.clicks, 2);
     }
 
     void slowHandlerDoesNotOpenTheGuard()
     {
         PatientButton button;
-        int handled = 0;
         connect(&button, &QPushButton::clicked, this, [&] {
             // A handler that runs the event loop may be clicked while it runs.
-            if (++handled == 1) {
+            if (button.clicks == 1) {
                 QTest::mouseClick(&button, Qt::LeftButton);
                 button.now += 100;
             }
         });
         QTest::mouseClick(&button, Qt::LeftButton);
-        QCOMPARE(handled, 1);
+        QCOMPARE(button.clicks, 1);
     }
 
     void releaseOfAnIgnoredPressDoesNothing()
     {
         PatientButton button;
-        QSignalSpy clicked(&button, &QPushButton::clicked);
         QTest::mouseClick(&button, Qt::LeftButton);
         button.now += 400;
         QTest::mousePress(&button, Qt::LeftButton);
         button.now += 200;
         QTest::mouseRelease(&button, Qt::LeftButton);
-        QCOMPARE(clicked.size(), 1);
+        QCOMPARE(button.clicks, 1);
     }
 };
 

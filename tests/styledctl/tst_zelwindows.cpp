@@ -30,6 +30,18 @@ QList<QWidget*> signsOf(const QWidget& window)
     return found;
 }
 
+void activate(QWidget& window)
+{
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+}
+
+void showBusy(QWidget* window, int index)
+{
+    ZELCustomLoadingDialog::setHostWindow(window, index);
+    ZELCustomLoadingDialog::showLoading("busy"_s, index);
+}
+
 } // namespace
 
 // The window of the theme, message boxes, and the signs that something is under way.
@@ -47,25 +59,6 @@ protected:
     }
 
 private slots:
-    void enterInAnEditorPressesNoButton()
-    {
-        ZELCustomMainWindow window;
-        auto* edit = new ZELCustomLineEdit;
-        auto* button = new ZELCustomPushButton("DeviceReset"_s, nullptr);
-        window.cContentLayout()->addWidget(edit);
-        window.cContentLayout()->addWidget(button);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        edit->setFocus();
-        QSignalSpy clicked(button, &QPushButton::clicked);
-        QTest::keyClick(edit, Qt::Key_Return);
-        QTest::keyClick(edit, Qt::Key_Enter);
-        QTest::keyClick(edit, Qt::Key_Escape);
-        QCOMPARE(clicked.size(), 0);
-        QVERIFY(window.isVisible());
-    }
-
     void dialogKeys()
     {
         ZELCustomMainWindow window;
@@ -80,17 +73,25 @@ private slots:
         QCOMPARE(finished.at(1).at(0).toInt(), int(QDialog::Accepted));
     }
 
-    void firstFocusIsInTheContent()
+    void keysInTheContentPressNoButton()
     {
         ZELCustomMainWindow window;
         auto* edit = new ZELCustomLineEdit;
+        auto* button = new ZELCustomPushButton("DeviceReset"_s, nullptr);
         window.cContentLayout()->addWidget(edit);
+        window.cContentLayout()->addWidget(button);
         window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        activate(window);
+        // The first focus is in the content.
         QTRY_VERIFY(edit->hasFocus());
+        QSignalSpy clicked(button, &QPushButton::clicked);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+            QTest::keyClick(edit, key);
+        QCOMPARE(clicked.size(), 0);
+        QVERIFY(window.isVisible());
         // The keyboard reaches the close button too.
         QTest::keyClick(edit, Qt::Key_Tab);
+        QTest::keyClick(button, Qt::Key_Tab);
         QVERIFY(window.cTitleBar()->cCloseButton()->hasFocus());
     }
 
@@ -161,12 +162,15 @@ private slots:
     {
         QFETCH(int, buttons);
         QFETCH(int, key);
-        ZELCustomMessageBox box;
+        QWidget owner;
+        const QPointer<ZELCustomMessageBox> shown = new ZELCustomMessageBox(&owner);
+        ZELCustomMessageBox& box = *shown;
         box.cSetButtons(buttons);
         box.cSetContent("text"_s);
         box.cSetHintStyle(ZELCustomMessageBox::Hint_Question);
         box.cEndSetParameter();
         box.show();
+        QVERIFY(!box.isModal());
         QCOMPARE(box.cResult(), int(ZELCustomMessageBox::Result_None));
         QSignalSpy clicked(&box, &ZELCustomMessageBox::cSigClicked);
         if (key == 0)
@@ -175,22 +179,11 @@ private slots:
             QTest::mouseClick(box.cButton(-key), Qt::LeftButton);
         else
             QTest::keyClick(&box, Qt::Key(key));
-        QTEST(box.cResult(), "result");
         QCOMPARE(clicked.size(), 1);
-        QVERIFY(!box.isVisible());
-    }
-
-    void modelessBoxIsHiddenByItsAnswer()
-    {
-        QWidget owner;
-        QPointer<ZELCustomMessageBox> box = new ZELCustomMessageBox(&owner);
-        box->cEndSetParameter();
-        box->show();
-        QVERIFY(!box->isModal());
-        QTest::mouseClick(box->cButton(ZELCustomMessageBox::Result_Ok), Qt::LeftButton);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         // The owner decides when the box goes: it may still ask for the answer.
-        QVERIFY(box && !box->isVisible());
+        QVERIFY(shown && !box.isVisible());
+        QTEST(box.cResult(), "result");
     }
 
     void modalBoxReturnsTheAnswer()
@@ -288,14 +281,13 @@ private slots:
     {
         QWidget first;
         QWidget second;
-        first.resize(500, 400);
-        second.resize(500, 400);
-        first.show();
-        second.show();
+        for (QWidget* window : {&first, &second}) {
+            window->resize(500, 400);
+            window->show();
+        }
         second.activateWindow();
         QVERIFY(QTest::qWaitForWindowExposed(&first));
-        ZELCustomLoadingDialog::setHostWindow(&first, 1);
-        ZELCustomLoadingDialog::showLoading("Setting features..."_s, 1);
+        showBusy(&first, 1);
         QCOMPARE(signsOf(first).size(), 1);
         QVERIFY(signsOf(second).isEmpty());
         const QWidget* sign = signsOf(first).constFirst();
@@ -309,6 +301,10 @@ private slots:
         QVERIFY(inLowerMiddle());
         first.resize(800, 700);
         QTRY_VERIFY(inLowerMiddle());
+        ZELCustomLoadingDialog::setHostWindow(&second, 1);
+        QVERIFY(signsOf(first).isEmpty());
+        QCOMPARE(signsOf(second).size(), 1);
+        QCOMPARE(ZELCustomLoadingDialog::text(1), "busy"_s);
     }
 
     void signsOfOneWindowDoNotOverlap()
@@ -316,12 +312,10 @@ private slots:
         QWidget window;
         window.resize(500, 400);
         window.show();
-        for (const int index : {1, 2, 3})
-            ZELCustomLoadingDialog::setHostWindow(&window, index);
-        for (const int index : {1, 2})
-            ZELCustomLoadingDialog::showLoading("busy"_s, index);
+        showBusy(&window, 1);
+        showBusy(&window, 2);
         ZELCustomLoadingDialog::hideLoading(1);
-        ZELCustomLoadingDialog::showLoading("busy"_s, 3);
+        showBusy(&window, 3);
         const QList<QWidget*> signs = signsOf(window);
         QCOMPARE(signs.size(), 2);
         QVERIFY(!signs.at(0)->geometry().intersects(signs.at(1)->geometry()));
@@ -331,28 +325,15 @@ private slots:
     {
         auto* window = new QWidget;
         window->show();
-        ZELCustomLoadingDialog::setHostWindow(window, 1);
-        ZELCustomLoadingDialog::showLoading("busy"_s, 1);
+        showBusy(window, 1);
         delete window;
         QVERIFY(!ZELCustomLoadingDialog::isLoading(1));
         ZELCustomLoadingDialog::hideLoading(1);
+        // Without any window as well.
         ZELCustomLoadingDialog::showLoading("again"_s, 1);
+        QVERIFY(ZELCustomLoadingDialog::isLoading(1));
         ZELCustomLoadingDialog::hideLoading(1);
         QVERIFY(!ZELCustomLoadingDialog::isLoading(1));
-    }
-
-    void hostChangesWhileShown()
-    {
-        QWidget first;
-        QWidget second;
-        first.show();
-        second.show();
-        ZELCustomLoadingDialog::setHostWindow(&first, 1);
-        ZELCustomLoadingDialog::showLoading("busy"_s, 1);
-        ZELCustomLoadingDialog::setHostWindow(&second, 1);
-        QVERIFY(signsOf(first).isEmpty());
-        QCOMPARE(signsOf(second).size(), 1);
-        QCOMPARE(ZELCustomLoadingDialog::text(1), "busy"_s);
     }
 
     void inputReachesTheWindowBelow()
@@ -366,11 +347,9 @@ private slots:
         layout->addWidget(edit);
         layout->addWidget(button);
         window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        activate(window);
         edit->setFocus();
-        ZELCustomLoadingDialog::setHostWindow(&window, 1);
-        ZELCustomLoadingDialog::showLoading("busy"_s, 1);
+        showBusy(&window, 1);
         QVERIFY(edit->hasFocus());
         QTest::keyClicks(edit, "12"_s);
         QCOMPARE(edit->text(), "12"_s);
@@ -378,14 +357,6 @@ private slots:
         const QPoint onSign = signsOf(window).constFirst()->geometry().center();
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, onSign);
         QCOMPARE(clicked.size(), 1);
-    }
-
-    void worksWithoutAnyWindow()
-    {
-        ZELCustomLoadingDialog::showLoading("busy"_s, 1);
-        QVERIFY(ZELCustomLoadingDialog::isLoading(1));
-        ZELCustomLoadingDialog::hideLoading(1);
-        QVERIFY(!ZELCustomLoadingDialog::isLoading(1));
     }
 };
 

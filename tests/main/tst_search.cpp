@@ -55,15 +55,9 @@ public:
 
 } // namespace
 
-class TestSearch : public OpenedWindowTest
+class TestSearch : public DescribedWindowTest<cameraDescription>
 {
     Q_OBJECT
-
-public:
-    TestSearch()
-        : OpenedWindowTest(cameraDescription())
-    {
-    }
 
 private slots:
     void hitsAreShownAndCounted()

@@ -39,7 +39,7 @@ private slots:
         QVERIFY(m_window->select(kTree, "Width"));
         OBFT_TRY_COMPARE(said(), "Locked by TL Params Locked (1)"_s);
         QVERIFY(!m_window->isEnabled(kImagePage, "Width"));
-        const ORXPropertyTreeItem* width = m_window->item(kTree, "Width");
+        ORXPropertyTreeItem* width = m_window->item(kTree, "Width");
         OBFT_TRY_COMPARE(
             m_window->page(kImagePage)->treeView()->editorOf(width)->accessibleDescription(),
             "Locked by TL Params Locked (1)"_s);

@@ -215,9 +215,6 @@ private slots:
         QCOMPARE(missing, QStringList());
     }
 
-    // The library's own table and the host's
-    // ---------------------------------------------------------
-
     // Before the table is filled, once per process.
     void ownTableWithADocumentTypeIsRefused()
     {

@@ -202,8 +202,6 @@ private slots:
         QCOMPARE(CameraTalk(camera).again(talk), talk);
     }
 
-    // Its memory ---------------------------------------------------------------------------------
-
     void keepsNumbers_data()
     {
         const Rows<int, bool, qint64, qint64> row("bytes", "bigEndian", "written", "read");

@@ -10,6 +10,10 @@
 
 #include <QApplication>
 #include <QStyle>
+#include <QThread>
+
+#include <atomic>
+#include <thread>
 
 using namespace DescriptionBuilder;
 
@@ -79,10 +83,25 @@ private slots:
     {
         OpenedWindow window(*m_host, m_xml);
         QVERIFY(window.waitForFirstRead());
+        const QString held = "Feature00005"_s;
+        m_host->pace().closeGate(held);
+        OB_FT_UpdateFeatures();
+        QTRY_COMPARE(m_host->pace().waitingAt(held), 1);
+        // It waits for the call under way.
+        std::atomic<bool> closed{false};
+        std::thread opens([&] {
+            while (!closed && !MessageGuard::contains("waiting for a call of the host to return"_s))
+                QThread::yieldCurrentThread();
+            m_host->pace().openGate(held);
+        });
         QCOMPARE(OB_FT_Close(), 0);
+        const int waiting = m_host->pace().waitingAt(held);
+        closed = true;
+        opens.join();
+        QCOMPARE(waiting, 0);
         QCOMPARE(m_host->count("action 1"_s), 1);
         const qint64 calls = m_host->callCount();
-        QTest::qWait(150);
+        QVERIFY(twentyPeriodsPass());
         QCOMPARE(m_host->callCount(), calls);
         window.widget()->hide();
         QCOMPARE(m_host->count("action 1"_s), 2);

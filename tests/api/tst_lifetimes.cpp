@@ -4,18 +4,15 @@
 #include "api/InterruptedHost.h"
 #include "api/RowDrag.h"
 #include "lut/QLUTDrawWidget.h"
-#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/ChildProcess.h"
 #include "support/DescriptionBuilder.h"
-#include "support/GuiThreadReads.h"
 #include "support/OpenedWindow.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDrag>
 #include <QEventLoop>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 

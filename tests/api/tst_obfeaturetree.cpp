@@ -2,8 +2,6 @@
 #include "OBFeatureTree/OBFeatureTree.h"
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
-#include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 #include "support/Periods.h"

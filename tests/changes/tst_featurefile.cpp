@@ -6,7 +6,6 @@
 #include "changes/FeatureFileOrder.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
 
 using namespace DescriptionBuilder;

@@ -5,7 +5,6 @@
 #include "device/OBDeviceControl.h"
 #include "pages/DemoPageTest.h"
 #include "support/LoadedDescription.h"
-#include "support/Rows.h"
 
 #include <algorithm>
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The trend of a value, without a window: what is kept, its statistics, its axes and words.
-#include "basetools/ORXInterface.h"
 #include "changes/TrendAxis.h"
 #include "changes/TrendPainter.h"
 #include "changes/TrendPictures.h"
@@ -9,7 +8,6 @@
 #include "model/CTreeIntergerItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustom.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QImage>

@@ -6,14 +6,12 @@
 #include "cameras/SimulatedCamera.h"
 #include "faults/FaultyCamera.h"
 #include "host/CameraTalk.h"
-#include "model/CTreeItemValue.h"
 #include "pages/PageWindow.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/Periods.h"
 #include "support/TestMain.h"
 
 #include <QComboBox>
-#include <QLineEdit>
 
 namespace {
 

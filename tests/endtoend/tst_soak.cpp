@@ -4,7 +4,6 @@
 // long.
 #include "changes/ChangesPanel.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 #include "tree/ValueWatch.h"

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A user who wants to know why a row cannot be edited, on the simulated camera.
-#include "demo/DemoCamera.h"
 #include "main/ORXFeatureGroup.h"
-#include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
+#include "model/ORXPropertyTreeItem.h"
 #include "pages/DemoPageTest.h"
 #include "tree/ReadOnlyReasonLine.h"
 

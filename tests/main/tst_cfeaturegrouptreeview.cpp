@@ -7,7 +7,6 @@
 #include "model/IORXFeatureNotify.h"
 #include "styledctl/ZELCustom.h"
 #include "support/LoadedDescription.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QAbstractItemModelTester>

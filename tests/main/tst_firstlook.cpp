@@ -4,7 +4,6 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/Rows.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searching in the side column, by the keyboard, in the opened window.
 #include "CameraDescription.h"
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"

@@ -5,7 +5,6 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/Rows.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -4,18 +4,15 @@
 #include "api/InterruptedHost.h"
 #include "api/RowDrag.h"
 #include "lut/QLUTDrawWidget.h"
-#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/ChildProcess.h"
 #include "support/DescriptionBuilder.h"
-#include "support/GuiThreadReads.h"
 #include "support/OpenedWindow.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDrag>
 #include <QEventLoop>
-#include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 
@@ -34,36 +31,20 @@ QByteArray smallDescription()
     return generate(size);
 }
 
-const char* const kPlaces[] = {"idle",
-                               "while reading",
-                               "set callback",
-                               "invalidate callback",
-                               "action callback",
-                               "get callback",
-                               "access-mode callback",
-                               "event loop of the host",
-                               "message box",
-                               "file dialog",
-                               "context menu",
-                               "combo list",
-                               "drag",
-                               "reading thread",
-                               "another thread"};
+// In the order of Place.
+const QStringList kPlaces =
+    "idle|while reading|set callback|invalidate callback|action callback|get callback|"
+    "access-mode callback|event loop of the host|message box|file dialog|context menu|combo list|"
+    "drag|reading thread|another thread"_s.split(QLatin1Char('|'));
 
 enum Reopening { InPlace, BeforeEvents, AfterEvents };
 const char* const kReopenings[] = {"opened in place", "opened before events run", "opened later"};
 
 } // namespace
 
-class TestLifetimes : public OpenedWindowTest
+class TestLifetimes : public DescribedWindowTest<smallDescription>
 {
     Q_OBJECT
-
-public:
-    TestLifetimes()
-        : OpenedWindowTest(smallDescription())
-    {
-    }
 
 protected:
     void prepare() override
@@ -142,6 +123,12 @@ private:
                     modal->close();
             });
         };
+        const auto inPopup = [&] {
+            QVERIFY(QApplication::activePopupWidget());
+            once();
+            while (QWidget* popup = QApplication::activePopupWidget())
+                popup->close();
+        };
         switch (place) {
         case Idle:
         case WhileReading:
@@ -188,23 +175,17 @@ private:
             break;
         case ContextMenu: {
             ORXFeatureTreeView* view = tree()->treeView();
-            const QModelIndex row = rowOf(view, "Feature00012");
-            QVERIFY(row.isValid());
+            const QModelIndex row =
+                view->treeModel()->indexFromItem(tree()->propertyItemByName("Feature00012"_s), 0);
             tree()->OnTreeFeaturesCustomContextMenuRequested(view->visualRect(row).center());
-            QVERIFY(QApplication::activePopupWidget());
-            once();
-            while (QWidget* popup = QApplication::activePopupWidget())
-                popup->close();
+            inPopup();
             break;
         }
         case ComboList: {
             QComboBox* list = nullptr;
             QTRY_VERIFY((list = tree()->findChild<QComboBox*>("Feature00024"_s)));
             list->showPopup();
-            QVERIFY(QApplication::activePopupWidget());
-            once();
-            while (QWidget* popup = QApplication::activePopupWidget())
-                popup->close();
+            inPopup();
             break;
         }
         case Drag: {
@@ -240,16 +221,6 @@ private:
         QVERIFY(called);
     }
 
-    static QModelIndex rowOf(ORXFeatureTreeView* view, const char* name)
-    {
-        const QAbstractItemModel* model = view->model();
-        const QModelIndexList found = model->match(
-            model->index(0, 0), Qt::DisplayRole,
-            tree()->propertyItemByName(QString::fromLatin1(name))->value()->displayName(), 1,
-            Qt::MatchRecursive | Qt::MatchExactly);
-        return found.isEmpty() ? QModelIndex() : found.first();
-    }
-
     // What a user of the opening has: a window with rows, read from that host, which alone is
     // called.
     void checkOpening(InterruptedHost& host)
@@ -277,7 +248,7 @@ private slots:
         for (int place = Idle; place <= OtherThread; ++place) {
             for (int i = 0; i < int(m_functions.size()); ++i) {
                 if (place != Drag || dragsBlock())
-                    row(qPrintable("%1, %2"_s.arg(QLatin1String(kPlaces[place]),
+                    row(qPrintable("%1, %2"_s.arg(kPlaces.at(place),
                                                   QLatin1String(m_functions[std::size_t(i)].name))),
                         place, i);
             }
@@ -286,8 +257,7 @@ private slots:
 
     void functions()
     {
-        QFETCH(int, place);
-        QFETCH(int, function);
+        const auto [place, function] = fetchRow<int, int>();
         const Function& called = m_functions[std::size_t(function)];
         open(*m_now);
         if (place != WhileReading)
@@ -322,7 +292,7 @@ private slots:
         for (int place = Idle; place < ReadingThread; ++place) {
             for (int reopening = InPlace; reopening <= AfterEvents; ++reopening) {
                 if (place != Drag || dragsBlock())
-                    row(qPrintable("%1, %2"_s.arg(QLatin1String(kPlaces[place]),
+                    row(qPrintable("%1, %2"_s.arg(kPlaces.at(place),
                                                   QLatin1String(kReopenings[reopening]))),
                         place, reopening);
             }

@@ -225,6 +225,7 @@ private slots:
         QTest::mouseClick(button("ChangesCompare"), Qt::LeftButton);
         OBFT_TRY_VERIFY(dialog()->summary().contains("values differ"_s));
         QVERIFY(dialog()->table()->chosenCount() >= 1);
+        QCOMPARE(read("TriggerSelector"), selector);
     }
 
     void faultyFilesAreTold_data()
@@ -239,8 +240,7 @@ private slots:
 
     void faultyFilesAreTold()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, summary);
+        const auto [bytes, summary] = fetchRow<QByteArray, QString>();
         if (bytes.isEmpty())
             MessageGuard::expectMessage("cannot be read"_s);
         else

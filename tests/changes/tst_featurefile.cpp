@@ -6,7 +6,6 @@
 #include "changes/FeatureFileOrder.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
 
 using namespace DescriptionBuilder;
@@ -122,9 +121,7 @@ private slots:
 
     void faultyLinesAreNamed()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, line);
-        QFETCH(int, kind);
+        const auto [bytes, line, kind] = fetchRow<QByteArray, int, int>();
         const FeatureFile file = FeatureFile::parse(bytes);
         QCOMPARE(file.faults.size(), 1);
         QCOMPARE(file.faults.first().number, line);
@@ -151,8 +148,7 @@ private slots:
 
     void aSecondValueIsNamed()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, repeated);
+        const auto [bytes, repeated] = fetchRow<QByteArray, QString>();
         const QString entries = node("EnumEntry"_s, "One"_s, child("Value"_s, "1"_s)) +
                                 node("EnumEntry"_s, "Two"_s, child("Value"_s, "2"_s));
         const LoadedDescription loaded(
@@ -209,8 +205,7 @@ private slots:
 
     void order()
     {
-        QFETCH(QString, elements);
-        QFETCH(QString, groups);
+        const auto [elements, groups] = fetchRow<QString, QString>();
         const QStringList names = {"S"_s, "T"_s, "Inner"_s, "Outer"_s, "A"_s, "B"_s, "C"_s, "D"_s};
         const LoadedDescription loaded(wrap(category("Root"_s, names) + elements));
         QCOMPARE(textOf(FeatureFileOrder::groups(loaded.index.nodes(), names)), groups);
@@ -230,8 +225,7 @@ private slots:
 
     void floatsKeepTheirLastDigit()
     {
-        QFETCH(float, number);
-        QFETCH(QString, text);
+        const auto [number, text] = fetchRow<float, QString>();
         QCOMPARE(ExactValue::ofFloat(number), text);
         FeatureNode feature;
         feature.tag = FeatureTag::Float;
@@ -260,9 +254,7 @@ private slots:
 
     void valuesAreOfTheirFeature()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, text);
-        QFETCH(bool, isValue);
+        const auto [tag, text, isValue] = fetchRow<QString, QString, bool>();
         FeatureNode feature;
         feature.tag = featureTag(tag);
         FeatureEnumEntry off;

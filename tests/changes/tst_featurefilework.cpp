@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Feature files against the simulated camera, as the worker does it.
 #include "cameras/CameraError.h"
-#include "changes/ExactValue.h"
 #include "changes/FeatureFileThread.h"
 #include "device/OBDeviceControl.h"
 #include "pages/DemoPageTest.h"
 #include "support/LoadedDescription.h"
-#include "support/Rows.h"
 
 #include <algorithm>
 
@@ -94,17 +92,6 @@ private:
         const auto found = std::find_if(rows.begin(), rows.end(), isIt);
         return found == rows.end() ? nullptr : &*found;
     }
-    // Everything of the camera that can be told, to see that nothing was moved for good.
-    QStringList everyValue() const
-    {
-        QStringList values;
-        for (const FeatureNodePtr& node : m_loaded->index.nodes().featureElements()) {
-            if (ExactValue::hasValue(node->tag) &&
-                node->firstText(FeatureReference::PollingTime).isNull())
-                values.append(node->name + QLatin1Char('=') + ExactValue::read(*node).text);
-        }
-        return values;
-    }
     void changeMuch()
     {
         for (const auto& each : {std::pair("Width", "640"),
@@ -126,40 +113,6 @@ private:
     std::unique_ptr<FeatureFileThread> m_thread;
 
 private slots:
-    void savedResetAppliedNothingDiffers()
-    {
-        changeMuch();
-        const QStringList before = everyValue();
-        const FeatureFileJob saved = done(job(FeatureFileJob::Kind::Save));
-        QVERIFY(saved.file.lines.size() > 200);
-        for (const Row& row : saved.rows)
-            QVERIFY2(!row.stateText().isEmpty(), qPrintable(row.nameWithSelectors()));
-        QCOMPARE(everyValue(), before);
-
-        const FeatureFile file = FeatureFile::parse(saved.file.toBytes({}));
-        QCOMPARE(differing(compare(file)), QStringList());
-        QCOMPARE(everyValue(), before);
-
-        write("DeviceReset", "");
-        m_clock->advance(DemoCamera::kRestartTime);
-        QCOMPARE(m_demo->reconnect(), 0);
-        const QVector<Row> rows = compare(file);
-        const QStringList different = differing(rows);
-        for (const char* name : {"Width (RegionSelector = Region0)", "ExposureTime", "DeviceUserID",
-                                 "TriggerDelay (TriggerSelector = AcquisitionStart)",
-                                 "TriggerDelay (TriggerSelector = FrameStart)"})
-            QVERIFY2(different.contains(QLatin1String(name)), qPrintable(different.join(" "_s)));
-        QCOMPARE(rowOf(rows, "DeviceUserID"_s)->inFile, "tab\there"_s);
-
-        for (const Row& row : apply(rows)) {
-            if (row.chosen)
-                QVERIFY2(row.state == Row::State::Written,
-                         qPrintable(row.nameWithSelectors() + row.stateText()));
-        }
-        QCOMPARE(differing(compare(file)), QStringList());
-        QCOMPARE(everyValue(), before);
-    }
-
     void whatTheCameraDoesNotTakeIsTold()
     {
         const FeatureFile file = save();
@@ -188,8 +141,7 @@ private slots:
 
     void endsOnTheWay()
     {
-        QFETCH(int, kind);
-        QFETCH(bool, unplugged);
+        const auto [kind, unplugged] = fetchRow<int, bool>();
         const FeatureFile file = save();
         changeMuch();
         FeatureFileJob stopped = job(static_cast<FeatureFileJob::Kind>(kind));

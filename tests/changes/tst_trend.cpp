@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The trend of a value, without a window: what is kept, its statistics, its axes and words.
-#include "basetools/ORXInterface.h"
 #include "changes/TrendAxis.h"
 #include "changes/TrendPainter.h"
 #include "changes/TrendPictures.h"
@@ -9,7 +8,6 @@
 #include "model/CTreeIntergerItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustom.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QImage>
@@ -140,11 +138,8 @@ private slots:
 
     void curve()
     {
-        QFETCH(QString, points);
-        QFETCH(qint64, from);
-        QFETCH(qint64, to);
-        QFETCH(QString, steps);
-        QFETCH(QString, statistics);
+        const auto [points, from, to, steps, statistics] =
+            fetchRow<QString, qint64, qint64, QString, QString>();
         const TrendCurve curve = TrendCurve::of(seriesOf(points), kStart + from, kStart + to);
         QStringList found;
         for (const TrendCurve::Step& step : curve.steps)
@@ -228,10 +223,7 @@ private slots:
 
     void axis()
     {
-        QFETCH(double, low);
-        QFETCH(double, high);
-        QFETCH(bool, whole);
-        QFETCH(QStringList, ticks);
+        const auto [low, high, whole, ticks] = fetchRow<double, double, bool, QStringList>();
         const TrendAxis axis(low, high, whole);
         QStringList texts;
         for (const TrendNumber tick : axis.ticks())
@@ -272,13 +264,8 @@ private slots:
 
     void wordsAndAxes()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, representation);
-        QFETCH(QString, points);
-        QFETCH(qint64, now);
-        QFETCH(QString, summary);
-        QFETCH(QStringList, values);
-        QFETCH(QStringList, times);
+        const auto [tag, representation, points, now, summary, values, times] =
+            fetchRow<QString, QString, QString, qint64, QString, QStringList, QStringList>();
         const auto item = feature(qPrintable(tag), qPrintable(representation));
         const TrendPicture picture =
             TrendPictures::make(item.get(), seriesOf(points), kStart + now);
@@ -315,11 +302,8 @@ private slots:
 
     void paintsItsCurve()
     {
-        QFETCH(QString, points);
-        QFETCH(int, width);
-        QFETCH(int, height);
-        QFETCH(qreal, scale);
-        QFETCH(QString, line);
+        const auto [points, width, height, scale, line] =
+            fetchRow<QString, int, int, qreal, QString>();
         const auto item = feature("Integer");
         const TrendPicture picture =
             TrendPictures::make(item.get(), seriesOf(points), kStart + kMinute);

@@ -6,7 +6,6 @@
 #include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "pages/DemoPageTest.h"
-#include "support/Rows.h"
 #include "tree/IORXFeatureWidget.h"
 #include "tree/RowPainter.h"
 
@@ -72,10 +71,7 @@ private slots:
 
     void followsTheCurrentFeature()
     {
-        QFETCH(int, language);
-        QFETCH(QString, name);
-        QFETCH(QString, summary);
-        QFETCH(QString, empty);
+        const auto [language, name, summary, empty] = fetchRow<int, QString, QString, QString>();
         openAt(30000, language);
         showPanel("DeviceUserID");
         QCOMPARE(panel()->picture().empty, empty);
@@ -127,10 +123,7 @@ private slots:
 
     void groupsTellWhatChanged()
     {
-        QFETCH(int, language);
-        QFETCH(QString, feature);
-        QFETCH(QString, value);
-        QFETCH(QStringList, dots);
+        auto [language, feature, value, dots] = fetchRow<int, QString, QString, QStringList>();
         openAt(0, language);
         QVERIFY(m_window->show(kTree, "Width"));
         QCOMPARE(dotted(), QStringList());

@@ -43,16 +43,19 @@ private slots:
         QVERIFY(QFileInfo(folder).isDir());
     }
 
-    void savedBytes()
+    void orderAndDuplicatesSurvive()
     {
+        const QList<FavoriteFeature> favorites = {
+            {"Width"_s, "\u5bbd\u5ea6"_s}, {"Gain"_s, "Gain Raw"_s}, {"Width"_s, "\u5bbd\u5ea6"_s}};
         writeFile("old");
-        FavoritesFile::save({{"Gain"_s, "Gain Raw"_s}, {"Width"_s, "\u5bbd\u5ea6"_s}});
+        FavoritesFile::save(favorites);
+        const QByteArray width =
+            "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>";
         QCOMPARE(fileBytes(),
-                 QByteArray(
-                     "<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>"
-                     "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>"
-                     "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>"
-                     "</Favorites>"));
+                 "<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>" + width +
+                     "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>" +
+                     width + "</Favorites>");
+        QCOMPARE(FavoritesFile::load(), favorites);
     }
 
     void fullDiskKeepsTheFileBefore()
@@ -63,15 +66,6 @@ private slots:
             FavoritesFile::save({{"Gain"_s, "Gain Raw"_s}});
         }
         QCOMPARE(fileBytes(), QByteArray("old"));
-    }
-
-    void orderAndDuplicatesSurvive()
-    {
-        const QList<FavoriteFeature> favorites = {
-            {"B"_s, "b"_s}, {"A"_s, "\u589e\u76ca"_s}, {"B"_s, "b"_s}};
-        writeFile("old");
-        FavoritesFile::save(favorites);
-        QCOMPARE(FavoritesFile::load(), favorites);
     }
 
     void loading_data()
@@ -92,8 +86,7 @@ private slots:
 
     void loading()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QByteArray, logged);
+        const auto [bytes, logged] = fetchRow<QByteArray, QByteArray>();
         writeFile(bytes);
         if (!logged.isEmpty())
             MessageGuard::ignoreMessage(QtCriticalMsg, logged.constData());

@@ -54,8 +54,7 @@ private slots:
 
     void entries()
     {
-        QFETCH(QStringList, added);
-        QFETCH(QString, removed);
+        const auto [added, removed] = fetchRow<QStringList, QString>();
         QStringList log;
         std::map<QString, Listener> listeners;
         const auto listener = [&](const QString& name) {

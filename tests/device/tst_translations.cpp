@@ -112,14 +112,10 @@ private slots:
             m_byName.insert(feature.attribute("Name"_s), feature);
     }
 
-    void enoughFeatures()
+    void textsAreComplete()
     {
         QCOMPARE(m_byName.size(), m_features.size());
         QVERIFY2(m_byName.size() >= kMinFeatures, qPrintable(QString::number(m_byName.size())));
-    }
-
-    void textsAreComplete()
-    {
         QStringList faults;
         const auto check = [&faults](const QDomElement& element, const char* kind) {
             const QString name = element.attribute("Name"_s);
@@ -219,9 +215,6 @@ private slots:
         QCOMPARE(missing, QStringList());
     }
 
-    // The library's own table and the host's
-    // ---------------------------------------------------------
-
     // Before the table is filled, once per process.
     void ownTableWithADocumentTypeIsRefused()
     {
@@ -274,9 +267,7 @@ private slots:
 
     void htmlFilter()
     {
-        QFETCH(QString, text);
-        QFETCH(bool, bold);
-        QFETCH(QString, inner);
+        const auto [text, bold, inner] = fetchRow<QString, bool, QString>();
         const QString family = ZELCustom::globalFontFamily(1);
         QCOMPARE(OBDeviceControl::stringToHtmlFilter(text, QColor(18, 52, 171), bold),
                  "<span style=\" color:#1234ab; font-size:13px;font-family:"_s + family + " ;"_s +

@@ -2,7 +2,6 @@
 #include "StormCamera.h"
 
 #include "model/CTreeItemValue.h"
-#include "model/FeatureTag.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
 #include "support/Literals.h"

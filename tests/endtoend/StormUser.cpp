@@ -59,7 +59,8 @@ void StormUser::act(const OpenedWindow& window)
     static const Weighed kActions[] = {
         {60, &StormUser::edit},     {8, &StormUser::search},         {12, &StormUser::changeGroup},
         {6, &StormUser::changeTab}, {2, &StormUser::changeLanguage}, {4, &StormUser::changeLevel},
-        {4, &StormUser::refresh},   {1, &StormUser::closeAndStart}};
+        {4, &StormUser::refresh},   {1, &StormUser::closeAndStart},  {4, &StormUser::fold},
+        {4, &StormUser::favor}};
     int left = 0;
     for (const Weighed& each : kActions)
         left += each.weight;
@@ -81,11 +82,15 @@ void StormUser::rest(const OpenedWindow& window)
     QApplication::processEvents();
 }
 
+QModelIndex StormUser::rowInSight(const ORXFeatureTreeView* view)
+{
+    return view->indexAt(QPoint(5, 40 + 38 * upTo(11)));
+}
+
 void StormUser::edit(const OpenedWindow& window)
 {
     ORXFeatureTreeView* view = viewInSight(window);
-    const QModelIndex row = view->indexAt(QPoint(5, 40 + 38 * upTo(11)));
-    ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(row);
+    ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(rowInSight(view));
     QWidget* editor = item ? view->editorOf(item) : nullptr;
     if (!editor || !editor->isEnabled() || !item->value())
         return;
@@ -197,6 +202,28 @@ void StormUser::refresh(const OpenedWindow& window)
         window.widget()->OnToolBarBtnClicked(94);
     else
         OB_FT_UpdateFeatures();
+}
+
+void StormUser::fold(const OpenedWindow& window)
+{
+    const bool folds = oneIn(2);
+    note(folds ? "collapse all"_s : "expand all"_s);
+    if (folds)
+        viewInSight(window)->collapseAll();
+    else
+        viewInSight(window)->expandAll();
+}
+
+void StormUser::favor(const OpenedWindow& window)
+{
+    ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(rowInSight(window.view()));
+    if (item && item->childCount() == 0 && !oneIn(4)) {
+        note("favorite "_s + item->value()->nodeName(0));
+        window.tree()->addFavoriteItem(item);
+    } else {
+        note("no favorites"_s);
+        window.tree()->removeAllFavoriteItems();
+    }
 }
 
 void StormUser::closeAndStart(const OpenedWindow& window)

@@ -11,6 +11,7 @@ class ORXPropertyTreeItem;
 class OpenedWindow;
 class QAbstractButton;
 class QComboBox;
+class QModelIndex;
 class QWidget;
 
 // A user in a hurry: does one thing after the other in the window, chosen by random numbers, and
@@ -41,6 +42,7 @@ private:
     void note(const QString& text);
     void enter(const QString& name, const QString& value);
 
+    QModelIndex rowInSight(const ORXFeatureTreeView* view);
     void edit(const OpenedWindow& window);
     void press(QAbstractButton* button, const QString& name);
     void choose(const QPointer<QComboBox>& box, const QString& name);
@@ -51,6 +53,8 @@ private:
     void changeLanguage(const OpenedWindow& window);
     void changeLevel(const OpenedWindow& window);
     void refresh(const OpenedWindow& window);
+    void fold(const OpenedWindow& window);
+    void favor(const OpenedWindow& window);
     void closeAndStart(const OpenedWindow& window);
 
     std::mt19937& m_random;

@@ -5,14 +5,13 @@
 #include "SwitchedCamera.h"
 #include "cameras/SimulatedCamera.h"
 #include "faults/FaultyCamera.h"
-#include "model/CTreeItemValue.h"
+#include "host/CameraTalk.h"
 #include "pages/PageWindow.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/Periods.h"
 #include "support/TestMain.h"
 
 #include <QComboBox>
-#include <QLineEdit>
 
 namespace {
 
@@ -120,11 +119,9 @@ private:
             box->close();
     }
 
-    qint64 inCamera(const char* name) const
+    QString inCamera(const char* name) const
     {
-        _ZDCC_INTVALUE_EX_T record = {};
-        m_real->read(OB_FT_TYPE_INTEGER, name, &record);
-        return record.value;
+        return CameraTalk(*m_real).value(QLatin1String(name));
     }
 
     std::unique_ptr<SimulatedCamera> m_real;
@@ -182,10 +179,7 @@ private slots:
 
     void theWindowGoesOn()
     {
-        QFETCH(QString, plan);
-        QFETCH(bool, refuses);
-        QFETCH(bool, strikesAll);
-        QFETCH(int, doing);
+        const auto [plan, refuses, strikesAll, doing] = fetchRow<QString, bool, bool, int>();
         // A fault of reading and of the access mode is told in the log alone.
         for (const char* line : {"Read Feature Failed", "0x8001", "0xFFFFFFF9"})
             MessageGuard::expectMessage(QString::fromLatin1(line));
@@ -219,7 +213,7 @@ private slots:
         closeMessages();
         if (doing != Closing && !strikesAll) {
             QVERIFY(m_window->enter(kTree, "Calm", "9"_s));
-            OBFT_TRY_COMPARE(inCamera("Calm"), 9);
+            OBFT_TRY_COMPARE(inCamera("Calm"), "9"_s);
         }
 
         m_camera->setFaulty(false);
@@ -242,28 +236,20 @@ private:
         return rows;
     }
 
+    // As the row shows it.
     QString textInCamera(const Kind& kind) const
     {
         const QString name = QString::fromLatin1(kind.name);
-        if (name == "TheFloat"_s) {
-            _ZDCC_FLOATVALUE_T record = {};
-            m_real->read(OB_FT_TYPE_FLOAT, kind.name, &record);
-            return QString::number(static_cast<double>(record.value), 'f', 4);
-        }
-        if (name == "TheString"_s) {
-            _ZDCC_STRINGVALUE_T record = {};
-            m_real->read(OB_FT_TYPE_STRING, kind.name, &record);
-            return QString::fromUtf8(record.value);
-        }
-        if (name == "TheCommand"_s)
-            return {};
-        const qint64 value = inCamera(kind.name);
+        const QString value = inCamera(kind.name);
+        if (name == "TheFloat"_s)
+            return QString::number(value.toDouble(), 'f', 4);
         if (name == "TheBoolean"_s)
-            return value ? "checked"_s : "unchecked"_s;
+            return value == "1"_s ? "checked"_s : "unchecked"_s;
         if (name == "TheEnumeration"_s)
-            return value ? "Second"_s : "First"_s;
-        return name == "TheAddress"_s ? "0x"_s + QString::number(value, 16).toUpper()
-                                      : QString::number(value);
+            return value == "1"_s ? "Second"_s : "First"_s;
+        if (name == "TheAddress"_s)
+            return "0x"_s + QString::number(value.toInt(), 16).toUpper();
+        return name == "TheCommand"_s ? QString() : value;
     }
 };
 

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 // What a feature file keeps comes back as it was: saved in one session, compared and applied in
-// another one to a camera that has forgotten everything, until no difference remains.
+// another one to a camera that has forgotten everything, until no difference remains. Over the real
+// protocol also a single edit, and the end of the camera.
 #include "cameras/ManualClock.h"
 #include "changes/ChangesPanel.h"
 #include "changes/FeatureFileDialog.h"
 #include "changes/FeatureFileTable.h"
 #include "demo/DemoCamera.h"
 #include "device/OBDeviceControl.h"
-#include "endtoend/MakersDescription.h"
 #include "host/CameraTalk.h"
 #include "host/FakeGigECamera.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
+#include "styledctl/ZELCustomMessageBox.h"
+#include "support/DescriptionBuilder.h"
 #include "support/TestMain.h"
 
 #include <QPushButton>
@@ -19,6 +21,41 @@
 #include <QTemporaryDir>
 
 namespace {
+
+// Values of every kind at their limits, and one with a register for each setting of two selectors.
+QByteArray makersDescription()
+{
+    using namespace DescriptionBuilder;
+    const QString place = child("Length"_s, "4"_s) + child("AccessMode"_s, "RW"_s) +
+                          child("pPort"_s, "Device"_s) + child("Endianess"_s, "BigEndian"_s);
+    const auto entries = [](int count, int step) {
+        QString all = child("Streamable"_s, "Yes"_s);
+        for (int i = 0; i < count; ++i)
+            all += node("EnumEntry"_s, "Entry%1"_s.arg(i),
+                        child("Value"_s, QString::number(i * step)));
+        return all + child("Value"_s, "0"_s);
+    };
+    return wrap(
+        elements("Category Root pFeature=Makers;"
+                 "Category Makers pFeature=Mode,Enable,Count,Most,Least,Level,Large,Small,Third,"
+                 "Delay,Note,Empty,Comment,Outer,Inner,Curve;"
+                 "Boolean Enable Streamable=Yes OnValue=2 OffValue=5 Value=5;"
+                 "Integer Count Streamable=Yes Value=0; Integer Most Streamable=Yes Value=0;"
+                 "Integer Least Streamable=Yes Value=0; Float Level Streamable=Yes Value=0;"
+                 "Float Large Streamable=Yes Value=0; Float Small Streamable=Yes Value=0;"
+                 "Float Third Streamable=Yes Value=0; Integer DelayValue Value=0;"
+                 "Converter Delay Streamable=Yes FormulaTo=FROM*8 FormulaFrom=TO/8.0 "
+                 "pValue=DelayValue; String Note Streamable=Yes Value=x;"
+                 "String Empty Streamable=Yes Value=x; String Comment Streamable=Yes Value=x;"
+                 "Integer Inner Streamable=Yes Min=0 Max=3 Value=0 pSelected=Curve;"
+                 "Float Curve Streamable=Yes pValue=CurveReg; Port Device") +
+        node("Enumeration"_s, "Mode"_s, entries(5, 3)) +
+        node("Enumeration"_s, "Outer"_s, entries(3, 1) + child("pSelected"_s, "Inner"_s)) +
+        node("FloatReg"_s, "CurveReg"_s,
+             child("Address"_s, "0x10000"_s) +
+                 "<pIndex Offset=\"16\">Outer</pIndex><pIndex Offset=\"4\">Inner</pIndex>"_s +
+                 place));
+}
 
 // Another camera whose description calls every feature streamable.
 class StreamableCamera : public MeddledCamera
@@ -64,7 +101,7 @@ class TestFeatureFiles : public GuardedTest
         QStringList all;
         for (const QString& each : settings.split("; "_s)) {
             const QString name = each.section(QLatin1Char('='), 0, 0);
-            if (name.contains("Selector"_s) || name == "MakerOuter"_s || name == "MakerInner"_s)
+            if (name.contains("Selector"_s) || name == "Outer"_s || name == "Inner"_s)
                 talk.again(each);
             all.append(name + " = "_s + talk.value(name));
         }
@@ -111,6 +148,7 @@ class TestFeatureFiles : public GuardedTest
         QCOMPARE(values(after, settings), values(before, settings));
     }
 
+    static constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
     std::unique_ptr<PageWindow> m_window;
 
 private slots:
@@ -127,23 +165,21 @@ private slots:
         comesBack(before, after, settings, 10);
     }
 
-    void makersDescription()
+    void everyValueAtItsLimit()
     {
         QString settings =
-            "Unit0Mode=12; Unit0Enable=1; Unit0Count=-9007199254740993; "
-            "Unit1Count=9223372036854775807; Unit2Count=-9223372036854775808; Unit0Level=0.1; "
-            "Unit1Level=3.4028235e38; Unit2Level=1.17549435e-38; Unit0Ratio=0.33333334; "
-            "Unit1Ratio=16777215; Unit0Delay=-2.125; Unit0Note=a\tb\nc\r\nd\\t ; Unit1Note=; "
-            "Unit2Note=# \xE6\x9B\x9D\xE5\x85\x89; Unit0Flag=5"_s;
+            "Mode=12; Enable=1; Count=-9007199254740993; Most=9223372036854775807; "
+            "Least=-9223372036854775808; Level=0.1; Large=3.4028235e38; Small=1.17549435e-38; "
+            "Third=0.33333334; Delay=-2.125; Note=a\tb\nc\r\nd\\t ; Empty=; "
+            "Comment=# \xE6\x9B\x9D\xE5\x85\x89"_s;
         for (int outer = 0; outer < 3; ++outer) {
-            settings += "; MakerOuter=%1"_s.arg(outer);
+            settings += "; Outer=%1"_s.arg(outer);
             for (int inner = 0; inner < 4; ++inner)
-                settings += "; MakerInner=%1; MakerCurve=%2"_s.arg(inner).arg(
+                settings += "; Inner=%1; Curve=%2"_s.arg(inner).arg(
                     outer == 1 ? QString::number(inner) : "7.7"_s);
         }
-        const QByteArray description = MakersDescription::make(100);
-        SimulatedCamera before(description);
-        SimulatedCamera after(description);
+        SimulatedCamera before(makersDescription());
+        SimulatedCamera after(makersDescription());
         comesBack(before, after, settings, 20);
     }
 
@@ -170,6 +206,32 @@ private slots:
                 QCOMPARE(values(*camera, settings), expected);
             }
         }
+    }
+
+    // Seen by another program. Then the camera is gone, and the window goes on.
+    void editsOverGigEVision()
+    {
+        const QString reason = FakeGigECamera::reasonToSkip();
+        if (!reason.isEmpty())
+            QSKIP(qPrintable(reason));
+        FakeGigECamera fake;
+        const std::unique_ptr<Camera> camera = fake.open();
+        QVERIFY(camera);
+        m_window = std::make_unique<PageWindow>(*camera);
+        QVERIFY(m_window->enter(kTree, "Width", "320"_s));
+        QVERIFY(m_window->choose(kTree, "PixelFormat", "Mono16"_s));
+        QCOMPARE(FakeGigECamera::readIndependently("Width"_s), "320"_s);
+        QCOMPARE(FakeGigECamera::readIndependently("PixelFormat"_s), "Mono16"_s);
+        MessageGuard::expectMessage("Read Feature Failed"_s);
+        OB_FT_UpdateFeatures();
+        fake.kill();
+        // While the pass runs into the dead camera.
+        QVERIFY(m_window->enter(kTree, "Width", "128"_s));
+        OBFT_TRY_VERIFY(m_window->tree()->findChild<ZELCustomMessageBox*>());
+        const auto* box = m_window->tree()->findChild<ZELCustomMessageBox*>();
+        QVERIFY(box->cContent().startsWith("Node 'Width':failed to save value '128'\r\n"_s));
+        QCOMPARE(OB_FT_UpdateFeatures(), 0);
+        QCOMPARE(OB_FT_Close(), 0);
     }
 };
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// One opening after the other, each used a little, and one that stays open: nothing is left behind.
-// OBFT_SOAK_OPENINGS chooses how many, OBFT_SOAK_MINUTES how long.
+// One opening after the other, each used a little, one that stays open, and one that is edited
+// without pause: nothing is left behind. OBFT_SOAK_OPENINGS chooses how many, OBFT_SOAK_MINUTES how
+// long.
 #include "changes/ChangesPanel.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 #include "tree/ValueWatch.h"
@@ -14,12 +14,23 @@
 
 #include <malloc.h>
 
+using namespace DescriptionBuilder;
+
 namespace {
 
 constexpr int kOpenings = 30;
 constexpr int kOpeningsOfARow = 10;
 constexpr int kFeatures = 120;
 constexpr int kMinutes = 3;
+
+constexpr int kEdits = 10000;
+constexpr int kWarmUp = 2000; // edits until everything that is kept once is kept
+constexpr int kEdited = 4;
+constexpr int kFollowers = 5; // of each of them
+constexpr int kFarthest = kEdited + kFollowers - 1;
+constexpr int kRound = 500; // edits between two looks at everything
+// Less than eight bytes an edit.
+constexpr std::size_t kFlatBytes = 60000;
 
 struct Held
 {
@@ -45,20 +56,47 @@ int wanted(const char* variable, int usual)
     return number > 0 ? number : usual;
 }
 
+QByteArray description()
+{
+    return generate(Size::ofFeatures(kFeatures));
+}
+
+QString nameOf(int index)
+{
+    return "Feature%1"_s.arg(index);
+}
+
+// A write of one of the first features changes itself and the five after it.
+QByteArray editedDescription()
+{
+    QStringList names;
+    QString elements;
+    for (int i = 0; i <= kFarthest; ++i) {
+        names.append(nameOf(i));
+        QString behind;
+        for (int writer = qMax(0, i - kFollowers); writer < qMin(i, kEdited); ++writer)
+            behind += child("pInvalidator"_s, "Reg"_s + nameOf(writer));
+        elements += node("Integer"_s, nameOf(i), child("pValue"_s, "Reg"_s + nameOf(i))) +
+                    node("MaskedIntReg"_s, "Reg"_s + nameOf(i), behind);
+    }
+    return wrap(category("Root"_s, words("Group")) + category("Group"_s, names) + elements);
+}
+
+// The trend keeps a sample a second, for ten minutes, and the list of changes is as long as it
+// gets.
+void fillHistory(ORXFeatureTree* tree)
+{
+    tree->valueWatch()->setClock([] { return 0; });
+    tree->findChild<ChangesPanel*>()->journal()->append(
+        QVector<ValueChange>(ChangeJournal::kMaxLines));
+}
+
 } // namespace
 
-class TestSoak : public OpenedWindowTest
+class TestSoak : public DescribedWindowTest<description>
 {
     Q_OBJECT
 
-public:
-    TestSoak()
-        : OpenedWindowTest(
-              DescriptionBuilder::generate(DescriptionBuilder::Size::ofFeatures(kFeatures)))
-    {
-    }
-
-private:
     void openAndUse(int round)
     {
         const OpenedWindow window(*m_host, m_xml, round % 2);
@@ -76,6 +114,17 @@ private:
         QApplication::processEvents();
         OB_FT_Close();
         m_host->clearCalls(); // its log would grow
+    }
+
+    bool agrees(const OpenedWindow& window) const
+    {
+        for (int i = 0; i <= kFarthest; ++i) {
+            const qint64 number = m_host->feature(nameOf(i)).integer;
+            if (window.item(nameOf(i).toLatin1())->value()->displayValue() !=
+                QString::number(number))
+                return false;
+        }
+        return true;
     }
 
     Held m_before = {};
@@ -114,13 +163,9 @@ private slots:
         xml.replace("<PollingTime>1000<", "<PollingTime>50<");
         const ReadWindow window(*m_host, xml);
         ORXFeatureTree* tree = window.tree();
-        // The trend keeps a sample a second, and the list of changes is as long as it gets.
-        tree->valueWatch()->setClock([] { return 0; });
-        tree->findChild<ChangesPanel*>()->journal()->append(
-            QVector<ValueChange>(ChangeJournal::kMaxLines));
+        fillHistory(tree);
         QStringList numbers;
-        for (const QString& name :
-             DescriptionBuilder::featureNames(DescriptionBuilder::Size::ofFeatures(kFeatures))) {
+        for (const QString& name : featureNames(Size::ofFeatures(kFeatures))) {
             if (m_host->feature(name).type == OB_FT_TYPE_INTEGER)
                 numbers.append(name);
         }
@@ -154,6 +199,44 @@ private slots:
             QCOMPARE(now.files, m_before.files);
             QVERIFY(now.bytes <= m_before.bytes + m_before.bytes / 100);
         }
+    }
+
+    // A script of the host's that edits without pause, on a camera that takes 1 ms a call.
+    void noEditIsLostAndMemoryStaysFlat()
+    {
+        const QByteArray xml = editedDescription();
+        m_host->serve(xml);
+        m_host->afterSet = [this](const QString& name) {
+            const int edited = name.mid(7).toInt();
+            const qint64 number = m_host->feature(name).integer;
+            for (int i = 1; i <= kFollowers; ++i)
+                m_host->set(nameOf(edited + i), FakeHost::integerFeature(number + i));
+        };
+        const ReadWindow window(*m_host, xml);
+        fillHistory(window.tree());
+        m_host->setLatencyMs(1);
+        QStringList entered;
+        std::size_t before = 0;
+        for (int i = 0; i < kEdits; ++i) {
+            const QString name = nameOf(i % kEdited);
+            QVERIFY(window.tree()->setFeatureValue("Integer"_s, name, i));
+            entered.append("set %1 %2"_s.arg(name).arg(i));
+            QCoreApplication::processEvents();
+            if (i % kRound < kRound - 1)
+                continue;
+            // What each of them has changed is shown.
+            QTRY_VERIFY_WITH_TIMEOUT(agrees(window) && !window.tree()->isReading(),
+                                     kWindowPatienceMs);
+            QCOMPARE(m_host->writes(), entered);
+            m_host->clearCalls();
+            entered.clear();
+            // What is kept of the log grows, too.
+            QCOMPARE(MessageGuard::takeFaults(), QStringList());
+            if (i == kWarmUp - 1)
+                before = held().bytes;
+        }
+        const std::size_t now = held().bytes;
+        QVERIFY2(now < before + kFlatBytes, qPrintable("%1 > %2"_s.arg(now).arg(before)));
     }
 };
 

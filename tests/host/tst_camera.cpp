@@ -77,8 +77,7 @@ private slots:
 
     void keepsTheContract()
     {
-        QFETCH(bool, real);
-        QFETCH(QString, talk);
+        const auto [real, talk] = fetchRow<bool, QString>();
         if (real && !m_real)
             QSKIP(qPrintable(m_skipReal));
         QCOMPARE(CameraTalk(real ? *m_real : *m_demo).again(talk), talk);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "demo/DemoCamera.h"
 #include "host/FakeGigECamera.h"
-#include "program/ExitCode.h"
+#include "program/HostOptions.h"
 #include "support/ChildProcess.h"
 #include "support/TestMain.h"
 
@@ -11,7 +11,7 @@
 
 Q_DECLARE_METATYPE(ExitCode)
 
-// The host program end to end, as its user starts it.
+// The host program: its options, and end to end as its user starts it.
 class TestCameraHost : public GuardedTest
 {
     Q_OBJECT
@@ -49,11 +49,16 @@ private:
         return {crashed ? -2 : program.exitCode(), QString::fromUtf8(program.readAll())};
     }
 
-    void write(const char* name, const QByteArray& content)
+    static HostOptions::Outcome parse(const QStringList& arguments, HostOptions* options)
     {
-        QFile file(m_directory.filePath(QLatin1String(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        return HostOptions::parse(QStringList("camera-host"_s) + arguments, options);
+    }
+    QString file(const char* name) const { return m_directory.filePath(QLatin1String(name)); }
+    void write(const char* name, const QByteArray& content) const
+    {
+        QFile written(file(name));
+        QVERIFY(written.open(QIODevice::WriteOnly));
+        written.write(content);
     }
 
     QTemporaryDir m_directory;
@@ -65,6 +70,102 @@ private slots:
         write("sound.xml", demo);
         write("cut-off.xml", demo.left(5000));
         write("no-xml.xml", "hello");
+        write("camera.xml", "<RegisterDescription/>");
+        write("plan.txt", "# slow\nlatency * 1\nvanish B\n");
+        write("story.steps", "tab=1\nsettle\nwait=5\n");
+        write("empty.xml", "");
+    }
+
+    // Plans and steps may stand in files.
+    void acceptsOptions()
+    {
+        HostOptions options;
+        QVERIFY(parse({}, &options).run);
+        QCOMPARE(options.language, 0); // English
+        QCOMPARE(options.size, QSize(1280, 800));
+        const auto outcome = parse(
+            {"--xml"_s, file("camera.xml"), "--translations"_s, file("camera.xml"), "--language"_s,
+             "zh"_s, "--size"_s, "640x480"_s, "--screenshot"_s, "a.png"_s, "--faults"_s,
+             file("plan.txt"), "--do"_s, file("story.steps"), "--timeout"_s, "5"_s, "--verbose"_s},
+            &options);
+        QVERIFY2(outcome.run, qPrintable(outcome.message));
+        QCOMPARE(options.description, QByteArray("<RegisterDescription/>"));
+        QCOMPARE(options.translations, QByteArray("<RegisterDescription/>"));
+        QCOMPARE(options.language, 1);
+        QCOMPARE(options.size, QSize(640, 480));
+        QCOMPARE(options.picture, "a.png"_s);
+        QCOMPARE(options.faults.rules.size(), std::size_t(2));
+        QCOMPARE(options.steps.steps.size(), std::size_t(3));
+        QCOMPARE(options.timeoutSeconds, 5);
+        QVERIFY(options.verbose);
+    }
+
+    void refuses_data()
+    {
+        // arguments: divided by bars; message: a part of it
+        const Rows<QString, ExitCode, QString> row("arguments", "code", "message");
+        row("unknown option", "--bogus", ExitCode::Usage, "bogus");
+        row("no value", "--xml", ExitCode::Usage, "xml");
+        row("stray word", "camera.xml", ExitCode::Usage, "camera.xml");
+        row("two cameras", "--xml|a|--camera|b", ExitCode::Usage, "exclude");
+        row("empty camera", "--camera|", ExitCode::Usage, "name or an address");
+        row("language", "--language|fr", ExitCode::Usage, "fr");
+        row("size without x", "--size|640", ExitCode::Usage, "640");
+        row("size too small", "--size|99x600", ExitCode::Usage, "99x600");
+        row("size too large", "--size|640x99999", ExitCode::Usage, "640x99999");
+        row("timeout", "--timeout|soon", ExitCode::Usage, "soon");
+        row("plan", "--faults|explode", ExitCode::Usage, "explode");
+        row("steps", "--do|dance", ExitCode::Usage, "dance");
+        row("missing file", "--xml|/nowhere.xml", ExitCode::NoFile, "/nowhere.xml");
+        row("folder", "--xml|"_s + m_directory.path(), ExitCode::NoFile, "cannot read");
+        row("empty plan", "--faults|"_s + file("empty.xml"), ExitCode::NoFile, "is empty");
+        row("empty file", "--xml|"_s + file("empty.xml"), ExitCode::NoFile, "is empty");
+        row("missing translations", "--translations|/nowhere.xml", ExitCode::NoFile,
+            "/nowhere.xml");
+        row("help", "--help", ExitCode::Ok, "--screenshot");
+        row("version", "--version", ExitCode::Ok, "camera-host");
+    }
+
+    void refuses()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, message);
+        HostOptions options;
+        const auto outcome = parse(arguments.split(QLatin1Char('|')), &options);
+        QVERIFY(!outcome.run);
+        QTEST(outcome.code, "code");
+        QVERIFY2(outcome.message.contains(message), qPrintable(outcome.message));
+    }
+
+    void readsSteps()
+    {
+        QString error;
+        const auto script = StepScript::parse(
+            " tab = 2 ; select=Gain Auto\nset=Width:640 # narrow; and more\nsettle;;"
+            "wait=250; picture=a=b.png"_s,
+            &error);
+        QVERIFY2(script, qPrintable(error));
+        QStringList read;
+        for (const StepScript::Step& step : script->steps)
+            read << step.verb + QLatin1Char('|') + step.argument;
+        QCOMPARE(read.join(QLatin1Char(' ')),
+                 "tab|2 select|Gain Auto set|Width:640 settle| wait|250 picture|a=b.png"_s);
+    }
+
+    void refusesSteps_data()
+    {
+        const Rows<QString> row("text");
+        for (const char* text : {"jump", "tab", "tab=", "wait=soon", "wait=-1", "size=3x4",
+                                 "set=Width", "settle=now", "select=A; =B"})
+            row.of(text);
+    }
+
+    void refusesSteps()
+    {
+        QFETCH(QString, text);
+        QString error;
+        QVERIFY(!StepScript::parse(text, &error));
+        QVERIFY(error.contains(QLatin1String("is not understood")));
     }
 
     void drawsOffScreenWithoutADisplay()
@@ -74,7 +175,7 @@ private slots:
         QVERIFY(result.output.contains(QLatin1String("no display; drawing off screen")));
         static const QRegularExpression count("features: (\\d+) in the description"_s);
         QVERIFY(count.match(result.output).captured(1).toInt() >= 300);
-        QCOMPARE(QImage(m_directory.filePath("camera-host.png"_s)).size(), QSize(900, 600));
+        QCOMPARE(QImage(file("camera-host.png")).size(), QSize(900, 600));
     }
 
     void runs_data()
@@ -96,9 +197,7 @@ private slots:
                 "--size|1000x760|--language|%1|--do|%2/tour-%1.steps"_s.arg(
                     QLatin1String(language), QStringLiteral(OBFT_STORIES)),
                 ExitCode::Ok, "", "tour-applied-%1.png 1000x760"_s.arg(QLatin1String(language)));
-        row("version", "--version", ExitCode::Ok, "camera-host", "");
         row("wrong option", "--bogus", ExitCode::Usage, "bogus", "");
-        row("no such file", "--xml|/nowhere.xml", ExitCode::NoFile, "nowhere", "");
         row("no such camera", "--camera|no-such-camera", ExitCode::NoCamera, "no-such-camera", "");
         row("step that fails", "--do|press=NoSuchButton", ExitCode::Failed, "NoSuchButton", "");
         row("picture into nowhere", "--screenshot|/nowhere/a.png", ExitCode::Failed, "nowhere", "");
@@ -117,12 +216,10 @@ private slots:
 
     void runs()
     {
-        QFETCH(QString, arguments);
-        QFETCH(ExitCode, code);
-        QFETCH(QString, said);
-        QFETCH(QString, picture);
-        QFile::remove(m_directory.filePath("tour.features"_s));
-        QFile::remove(m_directory.filePath("faults.png"_s));
+        const auto [arguments, code, said, picture] =
+            fetchRow<QString, ExitCode, QString, QString>();
+        QFile::remove(file("tour.features"));
+        QFile::remove(file("faults.png"));
         const Run result = run(arguments.split(QLatin1Char('|')));
         QVERIFY2(result.code == int(code), qPrintable(result.output));
         QVERIFY(!result.output.isEmpty());

@@ -108,11 +108,11 @@ private slots:
         std::set<std::string> tags;
         for (const DescriptionNode& node : m_camera->nodes().all())
             tags.insert(node.tag);
-        for (const char* tag :
-             {"Category", "Integer", "IntReg", "MaskedIntReg", "Float", "FloatReg", "Converter",
-              "IntConverter", "SwissKnife", "IntSwissKnife", "Enumeration", "Boolean", "Command",
-              "String", "StringReg", "StructEntry", "Register", "Port"})
-            QVERIFY2(tags.count(tag) == 1, tag);
+        for (const QString& tag :
+             words("Category Integer IntReg MaskedIntReg Float FloatReg Converter IntConverter "
+                   "SwissKnife IntSwissKnife Enumeration Boolean Command String StringReg "
+                   "StructEntry Register Port"))
+            QVERIFY2(tags.count(tag.toStdString()) == 1, qPrintable(tag));
         QVERIFY(features().size() >= 300);
     }
 
@@ -337,9 +337,7 @@ private slots:
 
     void selectorsSwitchTheirFeatures()
     {
-        QFETCH(QString, selector);
-        QFETCH(QString, feature);
-        QFETCH(QString, value);
+        const auto [selector, feature, value] = fetchRow<QString, QString, QString>();
         m_talk->again("SequencerConfigurationMode=1; %1=1"_s.arg(selector));
         const QString other = this->value(feature);
         QVERIFY(other != value);

@@ -146,8 +146,7 @@ private slots:
 
     void matchesPatterns()
     {
-        QFETCH(QByteArray, pattern);
-        QFETCH(QByteArray, name);
+        const auto [pattern, name] = fetchRow<QByteArray, QByteArray>();
         FaultPlan::Rule rule;
         rule.pattern = pattern.toStdString();
         QTEST(rule.matches(name.toStdString()), "matches");
@@ -183,8 +182,7 @@ private slots:
 
     void faultsCome()
     {
-        QFETCH(QString, plan);
-        QFETCH(QString, talk);
+        const auto [plan, talk] = fetchRow<QString, QString>();
         const auto camera = faulty(plan);
         QCOMPARE(CameraTalk(*camera, &m_clock).again(talk), talk);
     }

@@ -84,7 +84,7 @@ private slots:
         QCOMPARE(callbacks.calls().errors(), 5L);
     }
 
-    void handsActionsOn()
+    void handsActionsOnAndTakesNullTexts()
     {
         DemoCamera camera;
         HostCallbacks callbacks(camera);
@@ -93,12 +93,6 @@ private slots:
         callbacks.setActionHandler([&seen](int action) { seen = action; });
         QCOMPARE(HostCallbacks::action(OB_FT_ACTION_WINDOW_HIDDEN, &callbacks), 0);
         QCOMPARE(seen, int(OB_FT_ACTION_WINDOW_HIDDEN));
-    }
-
-    void takesNullTexts()
-    {
-        DemoCamera camera;
-        HostCallbacks callbacks(camera);
         QCOMPARE(HostCallbacks::setFeature(OB_FT_TYPE_COMMAND, nullptr, nullptr, &callbacks),
                  int(CameraError::NodeNotFound));
     }

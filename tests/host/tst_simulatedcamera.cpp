@@ -196,14 +196,11 @@ private slots:
 
     void answers()
     {
-        QFETCH(QByteArray, nodes);
-        QFETCH(QString, talk);
+        const auto [nodes, talk] = fetchRow<QByteArray, QString>();
         SimulatedCamera camera(description(nodes));
         QVERIFY(camera.hasNodeMap());
         QCOMPARE(CameraTalk(camera).again(talk), talk);
     }
-
-    // Its memory ---------------------------------------------------------------------------------
 
     void keepsNumbers_data()
     {
@@ -217,9 +214,7 @@ private slots:
 
     void keepsNumbers()
     {
-        QFETCH(int, bytes);
-        QFETCH(bool, bigEndian);
-        QFETCH(qint64, written);
+        const auto [bytes, bigEndian, written] = fetchRow<int, bool, qint64>();
         RegisterMemory memory;
         memory.writeInteger(0x1000, std::size_t(bytes), bigEndian, written);
         QTEST(qint64(memory.readInteger(0x1000, std::size_t(bytes), bigEndian)), "read");

@@ -4,7 +4,6 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/Rows.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -38,15 +37,9 @@ QByteArray description()
 
 } // namespace
 
-class TestFirstLook : public OpenedWindowTest
+class TestFirstLook : public DescribedWindowTest<description>
 {
     Q_OBJECT
-
-public:
-    TestFirstLook()
-        : OpenedWindowTest(description())
-    {
-    }
 
 protected:
     void prepare() override
@@ -108,9 +101,7 @@ private slots:
 
     void theWindowSaysWhatItWaitsFor()
     {
-        QFETCH(int, language);
-        QFETCH(QString, progress);
-        QFETCH(QString, name);
+        const auto [language, progress, name] = fetchRow<int, QString, QString>();
         m_gate.release(kMany);
         m_host->pace().closeGate("Width"_s);
         const OpenedWindow window(*m_host, m_xml, language);
@@ -194,19 +185,6 @@ private slots:
         QTRY_VERIFY(tab(ORXMainFeatureWidget::TriggerTab)->isEnabled());
         QTRY_COMPARE(currentGroup(window), lines);
         QTRY_VERIFY(page->editorOf(window.item("LineMode")));
-    }
-
-    void aHiddenGroupIsLeft()
-    {
-        OBDeviceControl::SetUserLevel(0);
-        const OpenedWindow window(*m_host, m_xml);
-        m_gate.release(kMany);
-        QVERIFY(window.waitForFirstRead());
-        window.showGroup("SecretControl");
-        OBDeviceControl::SetUserLevel(1);
-        window.widget()->OnUserLeverChanged();
-        QTRY_VERIFY(!isGroupShown(window, "SecretControl"));
-        QTRY_VERIFY(currentGroup(window) != window.item("SecretControl"));
     }
 };
 

@@ -81,15 +81,9 @@ void switchLanguage(const OpenedWindow& window)
 
 } // namespace
 
-class TestLanguage : public OpenedWindowTest
+class TestLanguage : public DescribedWindowTest<cameraDescription>
 {
     Q_OBJECT
-
-public:
-    TestLanguage()
-        : OpenedWindowTest(cameraDescription())
-    {
-    }
 
 private:
     // What a window shows that was opened in the language, with a row of a group selected.
@@ -226,10 +220,8 @@ private slots:
 
     void editsSurvive()
     {
-        QFETCH(QByteArray, group);
-        QFETCH(QByteArray, feature);
-        QFETCH(QString, typed);
-        QFETCH(QString, written);
+        const auto [group, feature, typed, written] =
+            fetchRow<QByteArray, QByteArray, QString, QString>();
         const ReadWindow window(*m_host, m_xml);
         window.showGroup(group.constData());
         QTRY_VERIFY(editor(window, feature.constData()));

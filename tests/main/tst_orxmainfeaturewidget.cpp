@@ -14,15 +14,9 @@
 #include <QPushButton>
 #include <QScrollBar>
 
-class TestORXMainFeatureWidget : public OpenedWindowTest
+class TestORXMainFeatureWidget : public DescribedWindowTest<cameraDescription>
 {
     Q_OBJECT
-
-public:
-    TestORXMainFeatureWidget()
-        : OpenedWindowTest(cameraDescription())
-    {
-    }
 
 private:
     QString dockTitle(const ORXMainFeatureWidget* widget) const
@@ -250,9 +244,7 @@ private slots:
 
     void whatIsTypedIsWritten()
     {
-        QFETCH(bool, released);
-        QFETCH(QByteArray, feature);
-        QFETCH(QString, written);
+        const auto [released, feature, written] = fetchRow<bool, QByteArray, QString>();
         const ReadWindow window(*m_host, m_xml);
         window.showGroup("AcquisitionControl");
         QWidget* editor = nullptr;

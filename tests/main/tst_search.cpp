@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Searching in the side column, by the keyboard, in the opened window.
 #include "CameraDescription.h"
-#include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
@@ -55,15 +54,9 @@ public:
 
 } // namespace
 
-class TestSearch : public OpenedWindowTest
+class TestSearch : public DescribedWindowTest<cameraDescription>
 {
     Q_OBJECT
-
-public:
-    TestSearch()
-        : OpenedWindowTest(cameraDescription())
-    {
-    }
 
 private slots:
     void hitsAreShownAndCounted()
@@ -133,11 +126,17 @@ private slots:
         QVERIFY(window.view()->isExpanded(branch));
     }
 
-    void aLevelChangeBringsHits()
+    void saysWhenNothingMatchesUntilALevelBringsHits()
     {
         SearchedWindow window(*m_host, m_xml);
         const auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
         window.showGroup("DeviceControl");
+        window.type("device"_s);
+        QVERIFY(!note->isVisible());
+        window.type("<b>zebra"_s);
+        QVERIFY(note->isVisible() && note->text().contains("<b>zebra"_s));
+        QCOMPARE(note->textFormat(), Qt::PlainText);
+        QCOMPARE(window.state(), "DeviceControl: "_s);
         window.type("exposure mode"_s);
         QVERIFY(note->isVisible());
         QVERIFY(window.view()->placeholderText().startsWith("No feature matches"_s));
@@ -157,23 +156,6 @@ private slots:
         QTRY_VERIFY(note->isVisible());
         QCOMPARE(window.hits("AcquisitionControl"), 0);
         QVERIFY(window.view()->placeholderText().startsWith("No feature matches"_s));
-        window.column()->ClearSearch();
-        QVERIFY(!note->isVisible());
-        QCOMPARE(window.shownGroup(), "DeviceControl"_s);
-    }
-
-    void saysWhenNothingMatches()
-    {
-        SearchedWindow window(*m_host, m_xml);
-        auto* note = window.column()->findChild<QLabel*>("FeatureSearchNoMatch"_s);
-        window.showGroup("DeviceControl");
-        window.type("device"_s);
-        QVERIFY(!note->isVisible());
-        window.type("<b>zebra"_s);
-        QVERIFY(note->isVisible());
-        QVERIFY(note->text().contains("<b>zebra"_s));
-        QCOMPARE(note->textFormat(), Qt::PlainText);
-        QCOMPARE(window.state(), "DeviceControl: "_s);
         window.column()->ClearSearch();
         QVERIFY(!note->isVisible());
         QCOMPARE(window.state(), "DeviceControl: DeviceUserID DeviceReset"_s);

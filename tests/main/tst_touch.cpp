@@ -5,7 +5,6 @@
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
-#include "support/Rows.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -233,8 +232,7 @@ private slots:
 
     void aClickGivesTheFocus()
     {
-        QFETCH(bool, finger);
-        QFETCH(bool, column);
+        const auto [finger, column] = fetchRow<bool, bool>();
         m_window->column()->focusSearch();
         QAbstractItemView* view = m_window->view();
         if (column)
@@ -270,8 +268,7 @@ private slots:
 
     void aHeldFingerOpensTheMenu()
     {
-        QFETCH(bool, column);
-        QFETCH(QString, entry);
+        const auto [column, entry] = fetchRow<bool, QString>();
         const CFeatureGroupModel* model = m_window->groupModel();
         const QModelIndex favorites = model->index(0, 0, model->pageIndex(0));
         const QPoint at = column ? groupAt(favorites) : nameOf("Label");

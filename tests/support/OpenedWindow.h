@@ -100,3 +100,14 @@ public:
         QApplication::processEvents();
     }
 };
+
+// The same of the description that the function makes.
+template <QByteArray (*makeDescription)()>
+class DescribedWindowTest : public OpenedWindowTest
+{
+protected:
+    DescribedWindowTest()
+        : OpenedWindowTest(makeDescription())
+    {
+    }
+};

@@ -4,6 +4,9 @@
 #include "support/Literals.h"
 
 #include <QTest>
+#include <QVector>
+
+#include <tuple>
 
 // A text of a row: literals are UTF-8.
 struct RowText
@@ -53,6 +56,13 @@ struct RowCell<QStringList>
     static const QStringList& stored(const RowList& given) { return given.value; }
 };
 
+// The names of the columns of the running test function.
+inline QVector<const char*>& rowColumns()
+{
+    static QVector<const char*> names;
+    return names;
+}
+
 // The rows of a test function's data: declared with the names of their columns, called once for
 // each row with its name and its values, which convert to the columns' types.
 template <typename... Columns>
@@ -63,6 +73,7 @@ public:
     explicit Rows(Names... names)
     {
         static_assert(sizeof...(Names) == sizeof...(Columns), "one name for each column");
+        rowColumns() = {names...};
         (QTest::addColumn<Columns>(names), ...);
     }
     void operator()(const char* name, const typename RowCell<Columns>::Given&... values) const
@@ -76,3 +87,20 @@ public:
         (*this)(first, first, others...);
     }
 };
+
+// The value of the running row in the column of that number, which goes on to the next one.
+template <typename Column>
+Column fetchNext(int& column)
+{
+    const char* name = rowColumns().at(column++);
+    return *static_cast<Column*>(QTest::qData(name, qMetaTypeId<Column>()));
+}
+
+// The values of the running row in the order of the columns, of the types that its Rows has:
+// "const auto [text, count] = fetchRow<QString, int>();".
+template <typename... Columns>
+std::tuple<Columns...> fetchRow()
+{
+    int column = 0;
+    return std::tuple<Columns...>{fetchNext<Columns>(column)...};
+}

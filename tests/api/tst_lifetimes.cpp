@@ -301,8 +301,7 @@ private slots:
 
     void releases()
     {
-        QFETCH(int, place);
-        QFETCH(int, reopening);
+        const auto [place, reopening] = fetchRow<int, int>();
         open(*m_now);
         if (place != WhileReading)
             QVERIFY(wasRead());

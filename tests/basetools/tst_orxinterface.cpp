@@ -124,8 +124,7 @@ private slots:
 
     void conversions()
     {
-        QFETCH(Convert, convert);
-        QFETCH(QString, texts);
+        const auto [convert, texts] = fetchRow<Convert, QString>();
         QStringList made;
         for (const QString& each : texts.split(QLatin1Char('|'))) {
             const QString text = each.section(QLatin1Char('='), 0, 0);

@@ -93,10 +93,7 @@ private slots:
 
     void switchStatesDecide()
     {
-        QFETCH(bool, transformed);
-        QFETCH(bool, matrix);
-        QFETCH(QByteArray, unreadable);
-        QFETCH(bool, on);
+        const auto [transformed, matrix, unreadable, on] = fetchRow<bool, bool, QByteArray, bool>();
         setCoefficient("2", "0.125");
         write(kTransformation, transformed ? "1" : "0");
         write("CCMEnable", matrix ? "1" : "0");

@@ -82,8 +82,7 @@ private slots:
 
     void switchingKeepsWhatTheHostWrote()
     {
-        QFETCH(QByteArray, before);
-        QFETCH(QByteArray, after);
+        const auto [before, after] = fetchRow<QByteArray, QByteArray>();
         kFile.store(before);
         ORXRWCCMValue settings;
         QVERIFY(settings.createSetting(kName));

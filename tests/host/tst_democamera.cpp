@@ -262,9 +262,7 @@ private slots:
     // Meanwhile it locks the feature.
     void automaticMoves()
     {
-        QFETCH(QString, automatic);
-        QFETCH(QString, feature);
-        QFETCH(bool, ends);
+        const auto [automatic, feature, ends] = fetchRow<QString, QString, bool>();
         const auto inASecond = [&] {
             m_clock->advance(1001ms);
             return value(feature);

@@ -179,8 +179,7 @@ private slots:
 
     void freeLineFillsWhatTheMouseSkips()
     {
-        QFETCH(QPoint, from);
-        QFETCH(QPoint, to);
+        const auto [from, to] = fetchRow<QPoint, QPoint>();
         LUTFreeLine line;
         line.setRange(1024, 4095);
         line.ClearFreePoints();
@@ -217,8 +216,7 @@ private slots:
 
     void curvePassesItsPointsWithoutOvershoot()
     {
-        QFETCH(int, points);
-        QFETCH(int, maxValue);
+        const auto [points, maxValue] = fetchRow<int, int>();
         const LUTPlot plot = plotOf(points, maxValue);
         QRandomGenerator random(7); // the same drags in every run
         LUTSmoothCurve curve;

@@ -127,8 +127,7 @@ private slots:
 
     void contents()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(bool, good);
+        const auto [content, good] = fetchRow<QByteArray, bool>();
         QFile file(path("a.txt"));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
         file.close();

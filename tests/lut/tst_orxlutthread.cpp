@@ -101,8 +101,7 @@ private slots:
 
     void carriesAWholeTable()
     {
-        QFETCH(int, type);
-        QFETCH(QStringList, said);
+        const auto [type, said] = fetchRow<int, QStringList>();
         const bool set = type == ORXLUTThread::SetToCamera;
         const LUTPoints points = squares(kPoints);
         QVERIFY(start(*m_thread, type, points));
@@ -135,10 +134,8 @@ private slots:
 
     void sillyLimits()
     {
-        QFETCH(qint64, maximumIndex);
-        QFETCH(qint64, maximumValue);
-        QFETCH(QString, line);
-        QFETCH(QStringList, said);
+        const auto [maximumIndex, maximumValue, line, said] =
+            fetchRow<qint64, qint64, QString, QStringList>();
         MessageGuard::expectMessage("LUT"_s);
         m_camera->announce(maximumIndex, maximumValue);
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
@@ -186,9 +183,7 @@ private slots:
 
     void unplugged()
     {
-        QFETCH(int, type);
-        QFETCH(int, call);
-        QFETCH(QStringList, said);
+        const auto [type, call, said] = fetchRow<int, int, QStringList>();
         MessageGuard::expectMessage("Read Feature Failed"_s);
         MessageGuard::expectMessage("LUT: "_s);
         const LUTPoints points = squares(kPoints);

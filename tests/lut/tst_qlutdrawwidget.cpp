@@ -130,8 +130,7 @@ private slots:
 
     void drawnLineReachesTheCamera()
     {
-        QFETCH(int, type);
-        QFETCH(QVector<LUTPoint>, passes);
+        const auto [type, passes] = fetchRow<int, QVector<LUTPoint>>();
         drawSomething(type);
         const QVector<int> drawn = valuesOf(m_widget->GetSettinngPoints());
         QVector<int> straight;
@@ -181,8 +180,7 @@ private slots:
 
     void loadShowsTheCamerasTable()
     {
-        QFETCH(int, points);
-        QFETCH(int, maximumValue);
+        const auto [points, maximumValue] = fetchRow<int, int>();
         makeCamera(points);
         m_camera->announce(points - 1, maximumValue);
         m_camera->setTable([=](int i) { return maximumValue - maximumValue / (points - 1) * i; });

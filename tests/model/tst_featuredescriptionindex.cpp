@@ -189,8 +189,7 @@ private slots:
 
     void longChainsAndCircles()
     {
-        QFETCH(bool, circle);
-        QFETCH(int, lines);
+        const auto [circle, lines] = fetchRow<bool, int>();
         MessageGuard::expectMessage("node N0 refers to itself in a circle"_s);
         constexpr int kNodes = 20000;
         QStringList names;

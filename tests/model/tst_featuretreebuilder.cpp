@@ -148,9 +148,7 @@ private slots:
 
     void whatGrowsTooLargeIsCut()
     {
-        QFETCH(int, depth);
-        QFETCH(int, width);
-        QFETCH(QString, message);
+        const auto [depth, width, message] = fetchRow<int, int, QString>();
         MessageGuard::expectMessage(message);
         QString description = category("Root"_s, {"C0"_s});
         for (int i = 0; i < depth; ++i) {

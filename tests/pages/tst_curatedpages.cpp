@@ -88,9 +88,7 @@ private slots:
 
     void groupsHoldTheirFeatures()
     {
-        QFETCH(QByteArray, group);
-        QFETCH(int, tab);
-        QFETCH(QStringList, items);
+        const auto [group, tab, items] = fetchRow<QByteArray, int, QStringList>();
         open();
         QVERIFY(m_window->show(tab, items.first().toLatin1()));
         // Rows without a name are kept for what a camera may have more.
@@ -126,8 +124,7 @@ private slots:
 
     void titlesInBothLanguages()
     {
-        QFETCH(int, language);
-        QFETCH(QStringList, titles);
+        const auto [language, titles] = fetchRow<int, QStringList>();
         open({}, language);
         titles.replaceInStrings("_"_s, " "_s);
         QCOMPARE(m_window->titles(kCommon) + m_window->titles(kTrigger) + m_window->titles(kImage),
@@ -143,8 +140,7 @@ private slots:
 
     void editOnOnePageShowsOnTheOther()
     {
-        QFETCH(int, edited);
-        QFETCH(int, other);
+        const auto [edited, other] = fetchRow<int, int>();
         open();
         QVERIFY(m_window->enter(edited, "Height", "600"_s));
         QTRY_COMPARE(read("Height"), 600);
@@ -178,9 +174,7 @@ private slots:
     // By what the camera says when the window opens, and again by what changes behind its back.
     void whiteBalanceFollowsTheCamera()
     {
-        QFETCH(QByteArray, automatic);
-        QFETCH(QByteArray, enabled);
-        QFETCH(QString, shown);
+        const auto [automatic, enabled, shown] = fetchRow<QByteArray, QByteArray, QString>();
         const auto set = [&](const QByteArray& entry, const char* on) {
             QCOMPARE(write("BalanceWhiteAuto", entry), 0);
             if (!enabled.isEmpty())

@@ -146,9 +146,7 @@ private slots:
     // The description lacks the features, or their access modes say that they are not there.
     void groupsWithoutFeaturesDoNotShow()
     {
-        QFETCH(QString, group);
-        QFETCH(QStringList, features);
-        QFETCH(bool, hide);
+        const auto [group, features, hide] = fetchRow<QString, QStringList, bool>();
         m_camera = std::make_unique<MeddledCamera>(*m_demo, hide ? QStringList() : features);
         for (const QString& name : qAsConst(features))
             m_camera->hide(name.toLatin1(), hide);
@@ -212,9 +210,7 @@ private slots:
 
     void matrixStandsWhereItIs()
     {
-        QFETCH(bool, inCamera);
-        QFETCH(QByteArray, file);
-        QFETCH(QString, first);
+        const auto [inCamera, file, first] = fetchRow<bool, QByteArray, QString>();
         if (!file.isEmpty())
             kFile.store(file);
         open(inCamera ? QStringList() : kMatrixFeatures);

@@ -172,9 +172,7 @@ private slots:
 
     void endsWithTheCamera()
     {
-        QFETCH(End, end);
-        QFETCH(int, underWay);
-        QFETCH(bool, pageStays);
+        const auto [end, underWay, pageStays] = fetchRow<End, int, bool>();
         openTriggering();
         end(*m_window);
         const int last = triggers() + underWay;

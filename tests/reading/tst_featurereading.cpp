@@ -122,10 +122,7 @@ private slots:
 
     void integerRanges()
     {
-        QFETCH(qint64, value);
-        QFETCH(qint64, minimum);
-        QFETCH(qint64, maximum);
-        QFETCH(bool, repaired);
+        const auto [value, minimum, maximum, repaired] = fetchRow<qint64, qint64, qint64, bool>();
         m_host->set("Width"_s, FakeHost::integerFeature(value, minimum, maximum, 0));
         read("Width");
         const auto numbers = this->value<CTreeIntergerItemValue>("Width")->numbers();
@@ -314,9 +311,7 @@ private slots:
 
     void rebuiltOnlyWhenAnInputChanged()
     {
-        QFETCH(QByteArray, name);
-        QFETCH(Change, change);
-        QFETCH(QString, shown);
+        const auto [name, change, shown] = fetchRow<QByteArray, Change, QString>();
         ORXPropertyTreeItem* item = m_description->item(name.constData());
         const FeatureNode& node = *m_description->node(name.constData());
         if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(item->value()))

@@ -218,9 +218,7 @@ private slots:
 
     void pollingReportsChanges()
     {
-        QFETCH(bool, emits);
-        QFETCH(bool, goes);
-        QFETCH(int, reports);
+        const auto [emits, goes, reports] = fetchRow<bool, bool, int>();
         load(m_xml, emits);
         if (goes)
             m_host->failMode("Polled"_s, 5);

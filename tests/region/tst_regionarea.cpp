@@ -93,9 +93,7 @@ private slots:
 
     void editsSnap()
     {
-        QFETCH(char, edit);
-        QFETCH(qint64, to);
-        QFETCH(RegionAxis::Span, result);
+        const auto [edit, to, result] = fetchRow<char, qint64, RegionAxis::Span>();
         RegionAxis::Limits limits;
         limits.sizeMinimum = limits.sizeIncrement = 16;
         limits.offsetIncrement = 4;
@@ -117,9 +115,7 @@ private slots:
 
     void whatCannotBeLegalStays()
     {
-        QFETCH(RegionAxis::Limits, limits);
-        QFETCH(RegionAxis::Span, span);
-        QFETCH(QByteArray, edits);
+        const auto [limits, span, edits] = fetchRow<Limits, RegionAxis::Span, QByteArray>();
         for (const char edit : qAsConst(edits)) {
             for (const qint64 to : {-1000, 0, 45, 100, 1000})
                 QCOMPARE(text(edited({limits, span}, edit, to)), text(span));
@@ -165,8 +161,7 @@ private slots:
 
     void sillyLimitsAreBounded()
     {
-        QFETCH(RegionAxis::Limits, limits);
-        QFETCH(RegionAxis::Span, span);
+        const auto [limits, span] = fetchRow<Limits, RegionAxis::Span>();
         const RegionAxis axis(limits, span);
         QVERIFY(axis.limits().sizeIncrement >= 1 && axis.limits().offsetIncrement >= 1);
         for (const qint64 to : {kMin, qint64(-1), qint64(0), qint64(50), kMax}) {

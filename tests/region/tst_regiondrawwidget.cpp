@@ -208,9 +208,7 @@ private slots:
 
     void regionFollowsTheMouse()
     {
-        QFETCH(QStringList, names);
-        QFETCH(int, sizeIncrement);
-        QFETCH(int, offsetIncrement);
+        const auto [names, sizeIncrement, offsetIncrement] = fetchRow<QStringList, int, int>();
         for (int i = 0; i < 4; ++i)
             m_camera->setIncrement(names[i].toLatin1(), i < 2 ? offsetIncrement : sizeIncrement);
         open();
@@ -253,9 +251,7 @@ private slots:
 
     void regionFollowsTheKeys()
     {
-        QFETCH(int, key);
-        QFETCH(bool, shift);
-        QFETCH(QStringList, writes);
+        const auto [key, shift, writes] = fetchRow<int, bool, QStringList>();
         const Qt::KeyboardModifiers modifiers = shift ? Qt::ShiftModifier : Qt::NoModifier;
         openAtStart();
         picture()->setFocus();
@@ -330,8 +326,7 @@ private slots:
 
     void refusedWriteShowsTheCamera()
     {
-        QFETCH(QByteArray, refused);
-        QFETCH(int, writes);
+        const auto [refused, writes] = fetchRow<QByteArray, int>();
         MessageGuard::expectMessage("Read Feature Failed"_s);
         openAtStart();
         m_camera->fail(refused, CameraError::NotWritable);

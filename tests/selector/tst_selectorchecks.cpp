@@ -67,10 +67,8 @@ private slots:
 
     void checkWritesBetweenSelections()
     {
-        QFETCH(QStringList, lacking);
-        QFETCH(QByteArray, selector);
-        QFETCH(QByteArray, enable);
-        QFETCH(QByteArray, states);
+        const auto [lacking, selector, enable, states] =
+            fetchRow<QStringList, QByteArray, QByteArray, QByteArray>();
         openBoxes(selector, lacking);
         OBFT_TRY_COMPARE(this->states(), states);
         OBFT_TRY_COMPARE(read(selector), 3);
@@ -203,8 +201,7 @@ private slots:
 
     void endsWithTheCamera()
     {
-        QFETCH(QByteArray, gated);
-        QFETCH(QString, end);
+        const auto [gated, end] = fetchRow<QByteArray, QString>();
         openChunks();
         QVERIFY(m_window->refresh());
         m_camera->closeGate(gated);

@@ -81,10 +81,8 @@ private slots:
     // The favourites as well, also one that is made meanwhile.
     void rowsAreLockedMeanwhile()
     {
-        QFETCH(QByteArray, shown);
-        QFETCH(QStringList, locked);
-        QFETCH(QByteArray, failing);
-        QFETCH(QString, end);
+        const auto [shown, locked, failing, end] =
+            fetchRow<QByteArray, QStringList, QByteArray, QString>();
         const bool fails = end == "failure"_s;
         MessageGuard::expectMessage("Reading the color correction matrix"_s);
         if (fails)
@@ -164,8 +162,7 @@ private slots:
 
     void refusedClicksInARow()
     {
-        QFETCH(int, entry);
-        QFETCH(int, clicks);
+        const auto [entry, clicks] = fetchRow<int, int>();
         MessageGuard::expectMessage("Feature Failed"_s);
         open();
         QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
@@ -197,10 +194,7 @@ private slots:
 
     void waitingPassHasItsTurnBetweenTwoEntries()
     {
-        QFETCH(QByteArray, shown);
-        QFETCH(QString, held);
-        QFETCH(QString, back);
-        QFETCH(QString, next);
+        const auto [shown, held, back, next] = fetchRow<QByteArray, QString, QString, QString>();
         write(kTransformation, "0");
         write("ColorTransformationValueSelector", "6");
         open();

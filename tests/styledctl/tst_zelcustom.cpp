@@ -164,8 +164,7 @@ private slots:
 
     void textIsReadable()
     {
-        QFETCH(QString, text);
-        QFETCH(QStringList, grounds);
+        const auto [text, grounds] = fetchRow<QString, QStringList>();
         for (const QString& ground : grounds) {
             QVERIFY(ZELCustom::hasDataBaseColor(ground));
             const qreal ratio =

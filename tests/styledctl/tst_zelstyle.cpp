@@ -350,10 +350,7 @@ private slots:
 
     void boxesOfPartsLookAsDrawnInOne()
     {
-        QFETCH(int, radius);
-        QFETCH(int, border);
-        QFETCH(QColor, fill);
-        QFETCH(qreal, pixelRatio);
+        const auto [radius, border, fill, pixelRatio] = fetchRow<int, int, QColor, qreal>();
         ZELCustomWidget box;
         box.resize(60, 40);
         box.cSetBackgroundColor(fill);

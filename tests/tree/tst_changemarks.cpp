@@ -99,8 +99,7 @@ private slots:
 
     void whatTheUserDidNotDoHimself()
     {
-        QFETCH(QString, write);
-        QFETCH(QString, value);
+        const auto [write, value] = fetchRow<QString, QString>();
         readOnce();
         QCOMPARE(marked(), QStringList()); // the first read changes nothing
         m_host.set("Height"_s, FakeHost::integerFeature(480, 0, 4096, 1));

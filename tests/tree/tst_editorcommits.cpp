@@ -40,8 +40,7 @@ private slots:
 
     void typedTextSurvivesARead()
     {
-        QFETCH(QString, tag);
-        QFETCH(QVariant, read);
+        const auto [tag, read] = fetchRow<QString, QVariant>();
         open({tag});
         QWidget* widget = m_page->anyEditor(tag);
         for (const char* before : {"", "7"}) { // typed before the read comes, the rest after it
@@ -107,10 +106,8 @@ private slots:
 
     void lineEditsWriteOnce()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, representation);
-        QFETCH(QString, typed);
-        QFETCH(QVariant, written);
+        const auto [tag, representation, typed, written] =
+            fetchRow<QString, QString, QString, QVariant>();
         open({tag, "Boolean"_s});
         if (!representation.isEmpty()) {
             setInteger(m_page->item(tag), 10, 0, 100, 1, representation.toLatin1().constData());
@@ -183,11 +180,8 @@ private slots:
 
     void spinBoxGrid()
     {
-        QFETCH(qlonglong, minimum);
-        QFETCH(qlonglong, maximum);
-        QFETCH(qlonglong, step);
-        QFETCH(QString, typed);
-        QFETCH(qlonglong, written);
+        const auto [minimum, maximum, step, typed, written] =
+            fetchRow<qlonglong, qlonglong, qlonglong, QString, qlonglong>();
         open({"Integer"_s});
         auto* value = valueOf<CTreeIntergerItemValue>(item("Integer"));
         value->setNumbers({minimum + 7, minimum, maximum, step}); // 7: none of the typed values

@@ -212,8 +212,7 @@ private slots:
 
     void aNewEditorDoesNotTakeTheRestOfTheTyping()
     {
-        QFETCH(QString, tag);
-        QFETCH(bool, typed);
+        const auto [tag, typed] = fetchRow<QString, bool>();
         Item* edited = beginEdit(tag);
         if (!typed)
             QTest::keyClick(m_edited, Qt::Key_Escape);

@@ -89,9 +89,7 @@ private slots:
 
     void menuOfFavorites()
     {
-        QFETCH(int, type);
-        QFETCH(bool, favorite);
-        QFETCH(QString, actions);
+        const auto [type, favorite, actions] = fetchRow<int, bool, QString>();
         if (favorite)
             OBDeviceControl::GetFavoritesFeatureMap()->append({"Width"_s, "Another name"_s});
         item("Width")->setItemType(static_cast<Item::ITEM_TYEP>(type));
@@ -195,10 +193,8 @@ private slots:
 
     void movingFavorites()
     {
-        QFETCH(QString, moved);
-        QFETCH(QString, target);
-        QFETCH(QStringList, list);
-        QFETCH(QStringList, shown);
+        const auto [moved, target, list, shown] =
+            fetchRow<QString, QString, QStringList, QStringList>();
         const auto copyOf = [this](const QString& name) { return group()->findChild(name); };
         setFavorites(words("Width Alien Height Gain")); // one of another camera
         for (int i = 0; i < 2; ++i) {                   // moving it again changes nothing more

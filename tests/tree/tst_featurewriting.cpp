@@ -64,10 +64,7 @@ private slots:
 
     void writesByTag()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, name);
-        QFETCH(QVariant, value);
-        QFETCH(QString, call);
+        const auto [tag, name, value, call] = fetchRow<QString, QString, QVariant, QString>();
         QCOMPARE(m_tree->setFeatureValue(tag, name, value), !call.isEmpty());
         QCOMPARE(m_host.writes().join(QLatin1Char('|')).trimmed(), call);
         QCOMPARE(overlay().isEmpty(), call.isEmpty());
@@ -108,10 +105,7 @@ private slots:
     // What the first write changed must not be forgotten for the second one's sake.
     void writesInARowAreAllReadAgain()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, name);
-        QFETCH(bool, refused);
-        QFETCH(QString, read);
+        const auto [tag, name, refused, read] = fetchRow<QString, QString, bool, QString>();
         readWithoutPolling();
         if (refused) {
             m_host.fail(name, 5);
@@ -324,11 +318,8 @@ private slots:
 
     void refusedWrites()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, name);
-        QFETCH(QVariant, value);
-        QFETCH(QString, quoted);
-        QFETCH(QString, read);
+        const auto [tag, name, value, quoted, read] =
+            fetchRow<QString, QString, QVariant, QString, QString>();
         constexpr int kCode = 5;
         m_host.fail(name, kCode);
         MessageGuard::expectMessage(name); // the device layer's own line

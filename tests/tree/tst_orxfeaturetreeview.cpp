@@ -93,8 +93,7 @@ private slots:
 
     void anEditorInUseIsKept()
     {
-        QFETCH(QString, tag);
-        QFETCH(int, column);
+        const auto [tag, column] = fetchRow<QString, int>();
         openRows(200, tag.toLatin1().constData());
         if (auto* boxes = valueOf<CTreeCustomWaterMarkItemValue>(row(1)))
             boxes->setColumn(0, "A"_s, "A"_s);
@@ -167,9 +166,7 @@ private slots:
 
     void uselessNotificationsAreDropped()
     {
-        QFETCH(qint64, camera);
-        QFETCH(bool, forbidden);
-        QFETCH(bool, heard);
+        const auto [camera, forbidden, heard] = fetchRow<qint64, bool, bool>();
         openRows(2);
         view()->setForbiddenUpdate(forbidden);
         m_page->log.clear();
@@ -264,10 +261,7 @@ private slots:
 
     void wheelOverEditors()
     {
-        QFETCH(QString, tag);
-        QFETCH(bool, readOnly);
-        QFETCH(bool, focused);
-        QFETCH(bool, scrolls);
+        const auto [tag, readOnly, focused, scrolls] = fetchRow<QString, bool, bool, bool>();
         openRows(100, tag.toLatin1().constData());
         if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(row(3)->value()))
             integer->setNumbers({50, 0, 100, 1});

@@ -56,9 +56,7 @@ private slots:
 
     void editorsOfIntegers()
     {
-        QFETCH(QString, representation);
-        QFETCH(qint64, maximum);
-        QFETCH(bool, typed);
+        const auto [representation, maximum, typed] = fetchRow<QString, qint64, bool>();
         open({"Integer"_s});
         Item* width = item("Integer");
         setInteger(width, 10, 0, maximum, 1, representation.toLatin1().constData());
@@ -83,8 +81,7 @@ private slots:
 
     void longValuesShowTheirStart()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, representation);
+        const auto [tag, representation] = fetchRow<QString, QString>();
         open({tag, "Boolean"_s});
         Item* feature = m_page->item(tag);
         const auto fill = [&](int round) {

@@ -214,10 +214,7 @@ private slots:
 
     void rowsInSightAreTold()
     {
-        QFETCH(std::function<void(TestRowsInSight&)>, act);
-        QFETCH(QString, first);
-        QFETCH(QString, last);
-        QFETCH(int, rows);
+        const auto [act, first, last, rows] = fetchRow<Act, QString, QString, int>();
         makeRows(200);
         QStringList told;
         int times = 0;

@@ -75,8 +75,7 @@ private slots:
 
     void beatsDoNotDrift()
     {
-        QFETCH(int, nowMs);
-        QFETCH(int, nextMs);
+        const auto [nowMs, nextMs] = fetchRow<int, int>();
         const SteadyBeat::Clock::time_point beat{milliseconds(1000)};
         const auto next = SteadyBeat::beatAfter(beat, milliseconds(10), beat + milliseconds(nowMs));
         QCOMPARE((next - beat).count(), std::chrono::nanoseconds(milliseconds(nextMs)).count());

@@ -43,10 +43,7 @@ private slots:
 
     void everyButtonDoesItsWork()
     {
-        QFETCH(int, id);
-        QFETCH(QByteArray, set);
-        QFETCH(QStringList, writes);
-        QFETCH(QString, message);
+        const auto [id, set, writes, message] = fetchRow<int, QByteArray, QStringList, QString>();
         const bool powerUp = writes.size() == 1;
         // Another value than the wanted one, so that it has to be written.
         write(powerUp ? "UserSetDefault" : "UserSetSelector", set == "3" ? "2" : "3");
@@ -206,8 +203,7 @@ private slots:
 
     void waitEndsByItself()
     {
-        QFETCH(bool, unplugged);
-        QFETCH(QString, line);
+        const auto [unplugged, line] = fetchRow<bool, QString>();
         MessageGuard::ignoreMessage(QtCriticalMsg, QRegularExpression(line));
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {

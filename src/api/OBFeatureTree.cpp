@@ -8,6 +8,7 @@
 #include "device/GuiThread.h"
 #include "device/OBDeviceControl.h"
 #include "main/ORXMainFeatureWidget.h"
+#include "model/NodesReadAhead.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -78,7 +79,8 @@ int OB_FT_Init(const char* deviceXml, char* translateXml, QWidget* parent)
         }
         qRemovePostRoutine(releaseWithApplication);
         qAddPostRoutine(releaseWithApplication);
-        DescriptionParse description(deviceXml); // while the window is made
+        // While the window is made.
+        DescriptionParse description(deviceXml, NodesReadAhead::read);
         ApplicationSetup::runOnce();
         ORXMainFeatureWidget::instance(parent);
         OBDeviceControl::Init(description, translateXml);

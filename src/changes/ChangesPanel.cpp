@@ -30,7 +30,6 @@ ChangesPanel::ChangesPanel(ORXFeatureTree* tree, QWidget* parent)
     , m_pTree(tree)
     , m_pJournal(new ChangeJournal(
           [tree](const QString& name) { return tree->propertyItemByName(name); }, this))
-    , m_pView(new ThemedTable(m_pJournal, this))
     , m_pActions(new QWidget(this))
     , m_pRevert(makeButton("ChangesRevert", m_pActions))
     , m_pSave(makeButton("ChangesSave", m_pActions))
@@ -41,11 +40,6 @@ ChangesPanel::ChangesPanel(ORXFeatureTree* tree, QWidget* parent)
     retranslate();
     connect(tree->valueWatch(), &ValueWatch::SigChanged, m_pJournal, &ChangeJournal::append);
     connect(m_pJournal, &ChangeJournal::rowsInserted, this, &ChangesPanel::updateButtons);
-    connect(m_pView->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &ChangesPanel::updateButtons);
-    connect(m_pView, &QTableView::activated, this, [this](const QModelIndex& index) {
-        emit SigShowFeature(m_pJournal->change(index.row()).name);
-    });
     connect(m_pRevert, &QPushButton::clicked, this, &ChangesPanel::revert);
     connect(m_pSave, &QPushButton::clicked, this, &ChangesPanel::saveToFile);
     connect(m_pCompare, &QPushButton::clicked, this, &ChangesPanel::compareWithFile);
@@ -58,8 +52,6 @@ ChangesPanel::~ChangesPanel()
 
 void ChangesPanel::buildLayout()
 {
-    m_pView->setObjectName(QStringLiteral("ChangesView"));
-    m_pView->setShares({2, 4, 3, 3, 4});
     auto* buttons = new QHBoxLayout(m_pActions);
     buttons->setContentsMargins(0, 0, kMargin, 0);
     buttons->setSpacing(kMargin);
@@ -68,7 +60,25 @@ void ChangesPanel::buildLayout()
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_pView, 1);
+}
+
+void ChangesPanel::makeView()
+{
+    m_pView = new ThemedTable(m_pJournal, this);
+    m_pView->setObjectName(QStringLiteral("ChangesView"));
+    m_pView->setShares({2, 4, 3, 3, 4});
+    layout()->addWidget(m_pView);
+    m_pView->show();
+    // Tab comes to it where it would have come had it been made with the buttons, before them.
+    QWidget* before = m_pRevert->previousInFocusChain();
+    while (before->focusPolicy() == Qt::NoFocus)
+        before = before->previousInFocusChain();
+    setTabOrder(before, m_pView);
+    connect(m_pView->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ChangesPanel::updateButtons);
+    connect(m_pView, &QTableView::activated, this, [this](const QModelIndex& index) {
+        emit SigShowFeature(m_pJournal->change(index.row()).name);
+    });
 }
 
 void ChangesPanel::retranslate()
@@ -82,7 +92,7 @@ void ChangesPanel::retranslate()
 
 int ChangesPanel::currentRow() const
 {
-    const QModelIndex current = m_pView->currentIndex();
+    const QModelIndex current = m_pView ? m_pView->currentIndex() : QModelIndex();
     return current.isValid() ? current.row() : -1;
 }
 
@@ -146,4 +156,11 @@ void ChangesPanel::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+}
+
+void ChangesPanel::showEvent(QShowEvent* event)
+{
+    if (!m_pView)
+        makeView();
+    QWidget::showEvent(event);
 }

@@ -39,9 +39,11 @@ signals:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void buildLayout();
+    void makeView();
     void retranslate();
     void updateButtons();
     int currentRow() const;
@@ -49,7 +51,7 @@ private:
 
     ORXFeatureTree* m_pTree;               // Not owned.
     ChangeJournal* m_pJournal;             // Owned (child).
-    ThemedTable* m_pView;                  // Owned (child).
+    ThemedTable* m_pView = nullptr;        // Owned (child); made when it is first to be seen.
     QWidget* m_pActions;                   // Owned by where it stands, at first the panel.
     ZELCustomPushButton* m_pRevert;        // Owned (child).
     ZELCustomPushButton* m_pSave;          // Owned (child).

@@ -5,13 +5,15 @@
 
 #include <cstring>
 
-DescriptionParse::DescriptionParse(const char* xml)
+DescriptionParse::DescriptionParse(const char* xml, const Then& then)
 {
     if (!xml)
         return;
-    m_parsed = std::async(std::launch::async | std::launch::deferred, [xml] {
+    m_parsed = std::async(std::launch::async | std::launch::deferred, [xml, then] {
         XmlDocument document;
         document.setContent(xml, std::strlen(xml));
+        if (then)
+            then(document);
         return document;
     });
 }

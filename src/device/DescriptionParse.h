@@ -3,6 +3,7 @@
 
 #include "device/XmlDocument.h"
 
+#include <functional>
 #include <future>
 
 // A camera's description, parsed on a thread of its own while the caller does something else; on
@@ -10,9 +11,12 @@
 class DescriptionParse
 {
 public:
+    // What is made of the document before anybody else sees it, on the thread that parsed it.
+    using Then = std::function<void(const XmlDocument&)>;
+
     // Begins. The text (UTF-8, not owned) must not change until finish() or destruction, which
     // wait; null is no description.
-    explicit DescriptionParse(const char* xml);
+    explicit DescriptionParse(const char* xml, const Then& then = {});
 
     // Replaces `document`, by an empty one when the text does not parse, which is logged as
     // critical. Leaves it as it is without a description, and from the second time on.

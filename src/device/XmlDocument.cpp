@@ -3,6 +3,8 @@
 
 #include "device/XmlLimits.h"
 
+#include <atomic>
+
 namespace {
 
 bool isText(pugi::xml_node node)
@@ -21,6 +23,8 @@ pugi::xml_node elementFrom(pugi::xml_node node)
 
 bool XmlDocument::setContent(const char* utf8, std::size_t bytes)
 {
+    static std::atomic<quint64> s_contents{0};
+    m_contentNumber = ++s_contents;
     m_document.reset();
     m_bLacksRoot = false;
     if (!XmlLimits::acceptable(utf8, bytes))

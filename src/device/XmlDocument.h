@@ -24,12 +24,15 @@ public:
     }
     // Whether the last content was refused because it has no element at all.
     bool lacksRoot() const { return m_bLacksRoot; }
+    // Another number for each content that any document of the process was given; 0 before.
+    quint64 contentNumber() const { return m_contentNumber; }
 
     // Null when the document is empty. Lives as long as the document's content.
     pugi::xml_node documentElement() const { return m_document.document_element(); }
 
 private:
     pugi::xml_document m_document;
+    quint64 m_contentNumber = 0;
     bool m_bLacksRoot = false;
 };
 

@@ -22,6 +22,7 @@ class FeatureDescriptionIndex
 public:
     // Nodes ---------------------------------------------------------------------------------------
     void GenerateDomElementMap(pugi::xml_node root);
+    void GenerateDomElementMap(const FeatureNodeMap& nodes) { m_nodes = nodes; }
     const FeatureNodeMap& nodes() const { return m_nodes; }
     FeatureNodePtr GetDomElementNode(const QString& name) const { return m_nodes.node(name); }
     // Text of the first "ImposedAccessMode" or "AccessMode".

@@ -5,6 +5,7 @@
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
 #include "model/CTreeEnumationItemValue.h"
+#include "model/NodesReadAhead.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
@@ -169,7 +170,7 @@ void ORXFeatureTree::CreateFeature()
 {
     if (cameraID() < 0 || isInitialized(cameraID()) || !treeView())
         return;
-    m_index.GenerateDomElementMap(OBDeviceControl::GetDeviceXml()->documentElement());
+    m_index.GenerateDomElementMap(NodesReadAhead::take(*OBDeviceControl::GetDeviceXml()));
     treeView()->setDragEnabled(true);
     treeView()->setAcceptDrops(true);
     treeView()->setDragDropMode(QAbstractItemView::DragDrop);

@@ -187,6 +187,9 @@ private slots:
         showPanel();
         list()->setCurrentIndex(panel()->journal()->index(rowOf("Width"_s), 0));
         QVERIFY(button("ChangesRevert")->isVisible());
+        list()->setFocus();
+        QTest::keyClick(list(), Qt::Key_Tab);
+        OBFT_TRY_VERIFY(button("ChangesRevert")->hasFocus());
         QTest::mouseClick(button("ChangesRevert"), Qt::LeftButton);
         OBFT_TRY_COMPARE(read("Width"), 1920);
         OBFT_TRY_COMPARE(m_window->shown(kTree, "Width"), "1920"_s);

@@ -263,5 +263,8 @@ bool PageWindow::refresh() const
     if (!QTest::qWaitFor(allIdle, kPatienceMs))
         return false;
     OB_FT_UpdateFeatures();
-    return QTest::qWaitFor(allIdle, kPatienceMs);
+    if (!QTest::qWaitFor(allIdle, kPatienceMs))
+        return false;
+    QApplication::processEvents(); // what the threads told is shown
+    return true;
 }

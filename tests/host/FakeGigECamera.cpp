@@ -26,9 +26,10 @@ QString toolProgram()
 
 } // namespace
 
-FakeGigECamera::FakeGigECamera()
+FakeGigECamera::FakeGigECamera(const QString& descriptionFile)
     : m_lock(QDir(QDir::tempPath()).filePath(QStringLiteral("gige-loopback.lock")))
     , m_serial(QStringLiteral("T%1").arg(QCoreApplication::applicationPid()))
+    , m_descriptionFile(descriptionFile)
 {
     m_lock.setStaleLockTime(0); // held for as long as the process lives
 }
@@ -53,8 +54,10 @@ bool FakeGigECamera::start()
         return false;
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.setStandardOutputFile(QProcess::nullDevice());
-    m_process.start(cameraProgram(),
-                    {QStringLiteral("-i"), address(), QStringLiteral("-s"), m_serial});
+    QStringList arguments = {QStringLiteral("-i"), address(), QStringLiteral("-s"), m_serial};
+    if (!m_descriptionFile.isEmpty())
+        arguments << QStringLiteral("-g") << m_descriptionFile;
+    m_process.start(cameraProgram(), arguments);
     if (!m_process.waitForStarted())
         return false;
     QElapsedTimer waited;

@@ -14,7 +14,8 @@
 class FakeGigECamera
 {
 public:
-    FakeGigECamera();
+    // With the description in a file, or with its own.
+    explicit FakeGigECamera(const QString& descriptionFile = {});
     ~FakeGigECamera();
 
     // Empty when the needed programs are installed, else the reason to skip a test.
@@ -36,5 +37,6 @@ public:
 private:
     QLockFile m_lock;
     ChildProcess m_process;
-    QString m_serial;
+    const QString m_serial;
+    const QString m_descriptionFile;
 };

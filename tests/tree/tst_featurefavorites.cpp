@@ -204,7 +204,10 @@ private slots:
     {
         setFavorites(words("Width Height Gain"));
         QCoreApplication::processEvents();
-        QVERIFY(!view()->treeModel()->mimeData({index(item("Width"))})); // no favourite
+        const ORXPropertyTreeModel* model = view()->treeModel();
+        QVERIFY(!model->mimeData({index(item("Width"))})); // no favourite
+        QVERIFY(!model->canDropMimeData(nullptr, Qt::CopyAction, 0, 0, index(item("Width"))));
+        QVERIFY(model->canDropMimeData(nullptr, Qt::CopyAction, 0, 0, index(group()->child(0))));
         drop(group()->child(0), item("ReverseX"));
         view()->collapse(index(item("Image")));
         drag<QDragEnterEvent>(group()->child(0), belowTheRows());

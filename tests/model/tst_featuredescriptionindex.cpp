@@ -117,9 +117,14 @@ private slots:
                      "Integer B pValue=SwissB; IntSwissKnife SwissB pVariable=Common"),
             "A B", "A", "A B");
         row("the same variable, formulas further",
-            elements("Integer A pValue=SwissA; IntSwissKnife SwissA pVariable=Inner;"
-                     "IntSwissKnife Inner pVariable=Common; Integer B pVariable=Common"),
+            elements("Integer A pValue=RegA; MaskedIntReg RegA pMax=SwissA;"
+                     "IntSwissKnife SwissA pVariable=Inner; IntSwissKnife Inner pVariable=Common;"
+                     "Integer B pVariable=Common"),
             "A B", "A", "A B");
+        row("the same variable of their own",
+            elements("Converter A pVariable=C; Converter B pVariable=C"), "A B", "A", "A B");
+        row("a variable of its own", elements("Converter A pVariable=B; Integer B"), "A B", "B",
+            "A B");
         row("through a formula of a formula",
             elements("Integer A pValue=SwissA; IntSwissKnife SwissA pVariable=Inner;"
                      "IntSwissKnife Inner pVariable=B; Integer B"),

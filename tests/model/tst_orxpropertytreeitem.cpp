@@ -116,6 +116,7 @@ private slots:
         QCOMPARE(integer(item)->numbers().m_nValue, qint64(2));
         // Its visibility is the item's, but it stands in a group of its own.
         item.setVisible(false, kCamera);
+        QVERIFY(!mirror.visible());
         mirror.setGroupVisible(false, kCamera);
         view.log.clear();
         item.setVisible(true, kCamera);

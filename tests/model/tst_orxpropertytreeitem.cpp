@@ -237,10 +237,10 @@ private slots:
         item.setTagName("Integer"_s);
         GuardedView view;
         std::atomic<bool> stop{false};
+        std::atomic<qint64> published{0};
         std::thread worker([&] {
-            qint64 number = 0;
-            while (!stop) {
-                integer(item)->setNumber(++number);
+            for (; !stop; ++published) {
+                integer(item)->setNumber(published);
                 item.endUpdateItem(kCamera);
             }
         });
@@ -254,6 +254,8 @@ private slots:
             item.removeView(&view);
             view.allowed = false;
         }
+        const qint64 before = published;
+        QTRY_VERIFY(published > before + 100);
         stop = true;
         worker.join();
         QCOMPARE(view.violations.load(), 0);

@@ -238,7 +238,7 @@ private slots:
         row("up", 2, 0, "Counter Width Alien Height Counter");
         row("down", 0, 2, "Alien Height Width Counter Width");
         row("below the last row: to the end", 1, -1, "Width Alien Counter Height");
-        row("onto itself", 2, 2, "Width Alien Height Counter");
+        row("onto itself", 0, 0, "Width Alien Height Counter");
     }
 
     void aMoveDisturbsNobody()

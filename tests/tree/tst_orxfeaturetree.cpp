@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "basetools/ORXInterface.h"
 #include "device/IORXListen.h"
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
@@ -293,7 +294,7 @@ private slots:
         QTRY_VERIFY(!m_tree);
     }
 
-    void descriptionFollowsTheRow()
+    void descriptionFollowsRowAndLanguage()
     {
         auto* panel = m_tree->findChild<QTextEdit*>();
         emit view()->pressed(index(item("Width")));
@@ -305,10 +306,15 @@ private slots:
         QTRY_VERIFY(panel->toPlainText().contains("4096"_s)); // as soon as it is read
         m_host->pace().openGate(last);
         QTRY_VERIFY(m_tree->HadUpdatedOnce());
+        const QString english = panel->toPlainText();
         QCOMPARE(panel->textCursor().position(), 0);
         panel->selectAll();
         m_tree->notifyEditorUpdate();
-        QVERIFY(panel->textCursor().hasSelection());   // the text has not changed
+        QVERIFY(panel->textCursor().hasSelection()); // the text has not changed
+        ORXInterface::setLanguage("CH"_s);
+        QEvent change(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(m_tree.get(), &change);
+        QVERIFY(!panel->toPlainText().isEmpty() && panel->toPlainText() != english);
         editor<QPropertyLineEdit>("Gain")->setFocus(); // the row being edited is explained
         QVERIFY(panel->toPlainText().contains("Gain"_s));
     }

@@ -108,9 +108,8 @@ private slots:
         QCOMPARE(m_page->editor<ORXPropertySpinBox>(rowName(0))->value(), qlonglong(7));
         QVERIFY(view()->editorOf(mirror));
         QVERIFY(!view()->editorOf(row(1)));
-        const QStringList told = {"value Row0000"_s,
-                                  "value Row0000"_s}; // and its mirror, once each
-        QCOMPARE(m_page->log, told);
+        // It and its mirror, once each.
+        QCOMPARE(m_page->log, QStringList({"value Row0000"_s, "value Row0000"_s}));
         row(1)->endUpdateItem(1);
         row(1)->setWasRead(true, 1);
         QVERIFY(!row(1)->endUpdateItem(1)); // nothing new

@@ -8,22 +8,12 @@
 #include "support/LoadedDescription.h"
 #include "support/TestMain.h"
 
+#include <utility>
+#include <vector>
+
 using namespace DescriptionBuilder;
 
 namespace {
-
-QString streamable(const QString& more = QString())
-{
-    return child("Streamable"_s, "Yes"_s) + more;
-}
-
-QString selecting(const QStringList& names)
-{
-    QString text;
-    for (const QString& name : names)
-        text += child("pSelected"_s, name);
-    return streamable(text);
-}
 
 // "A,B: C,D" for a group of C and D behind the selectors A and B; plain groups have no colon.
 QString textOf(const QVector<FeatureFileGroup>& groups)
@@ -95,13 +85,13 @@ private slots:
 
     void linesOfOtherEditors()
     {
-        QFETCH(QByteArray, bytes);
+        const auto [bytes, expected] = fetchRow<QByteArray, QString>();
         const FeatureFile file = FeatureFile::parse(bytes);
         QVERIFY(file.faults.isEmpty());
         QStringList lines;
         for (const auto& line : file.lines)
             lines += "%1 %2=%3"_s.arg(line.number).arg(line.name, line.value);
-        QTEST(lines.join(", "_s), "lines");
+        QCOMPARE(lines.join(", "_s), expected);
     }
 
     void faultyLinesAreNamed_data()
@@ -152,10 +142,10 @@ private slots:
         const QString entries = node("EnumEntry"_s, "One"_s, child("Value"_s, "1"_s)) +
                                 node("EnumEntry"_s, "Two"_s, child("Value"_s, "2"_s));
         const LoadedDescription loaded(
-            wrap(category("Root"_s, words("T S A B C")) +
-                 node("Integer"_s, "T"_s, selecting(words("S"))) +
-                 node("Enumeration"_s, "S"_s, selecting(words("A B")) + entries) +
-                 node("Integer"_s, "A"_s) + node("Integer"_s, "B"_s) + node("Integer"_s, "C"_s)));
+            wrap(elements("Category Root pFeature=T,S,A,B,C; Integer T pSelected=S; Integer A;"
+                          "Integer B; Integer C") +
+                 node("Enumeration"_s, "S"_s,
+                      child("pSelected"_s, "A"_s) + child("pSelected"_s, "B"_s) + entries)));
         QStringList found;
         for (const FeatureFile::Fault& fault :
              FeatureFileCheck::repeatedLines(FeatureFile::parse(bytes), loaded.index.nodes())) {
@@ -165,71 +155,53 @@ private slots:
         QCOMPARE(found.join(QLatin1Char(' ')), repeated);
     }
 
+    // A "+" marks what is streamable.
     void order_data()
     {
-        const Rows<QString, QString> row("elements", "groups");
-        const QString integer = "Integer"_s;
-        const QString entry = "Enumeration"_s;
-        const auto plain = [&](const char* name) {
-            return node(integer, QString::fromLatin1(name), streamable());
-        };
-        row("as described", plain("B") + plain("A"), "B,A");
+        const Rows<QString, QString> row("features", "groups");
+        row("as described", "Integer B+; Integer A+", "B,A");
         row("not streamable, or without a value",
-            plain("A") + node(integer, "B"_s, child("Streamable"_s, "No"_s)) +
-                node(integer, "C"_s) + node("Command"_s, "D"_s, streamable()),
-            "A");
+            "Integer A+; Integer B Streamable=No; Integer C; Command D+", "A");
         row("selector after what it selects",
-            plain("A") + plain("B") + node(entry, "S"_s, selecting({"A"_s})) + plain("C"),
-            "S: A; B,C");
-        row("a selector that is not streamable",
-            node(entry, "S"_s, child("pSelected"_s, "A"_s)) + plain("A"), "S: A");
+            "Integer A+; Integer B+; Enumeration S+ pSelected=A; Integer C+", "S: A; B,C");
+        row("a selector that is not streamable", "Enumeration S pSelected=A; Integer A+", "S: A");
         row("two that share a selector, apart",
-            node(entry, "S"_s, selecting({"A"_s, "B"_s})) + plain("A") + plain("C") + plain("B"),
-            "S: A,B; C");
+            "Enumeration S+ pSelected=A,B; Integer A+; Integer C+; Integer B+", "S: A,B; C");
         row("nested",
-            node(entry, "Inner"_s, selecting({"A"_s})) +
-                node(entry, "Outer"_s, selecting({"Inner"_s, "B"_s})) + plain("A") + plain("B"),
+            "Enumeration Inner+ pSelected=A; Enumeration Outer+ pSelected=Inner,B; Integer A+;"
+            "Integer B+",
             "Outer: B; Outer,Inner: A");
         row("two side by side",
-            node(entry, "S"_s, selecting({"A"_s})) + node(entry, "T"_s, selecting({"A"_s})) +
-                plain("A"),
+            "Enumeration S+ pSelected=A; Enumeration T+ pSelected=A; Integer A+", "S,T: A");
+        row("a circle", "Enumeration S+ pSelected=T; Enumeration T+ pSelected=S,A; Integer A+",
             "S,T: A");
-        row("a circle",
-            node(entry, "S"_s, selecting({"T"_s})) + node(entry, "T"_s, selecting({"S"_s, "A"_s})) +
-                plain("A"),
-            "S,T: A");
-        row("selects itself", node(entry, "S"_s, selecting({"S"_s, "A"_s})) + plain("A"), "S: A");
-        row("selects nothing that is streamable",
-            node(entry, "S"_s, selecting({"A"_s})) + node(integer, "A"_s), "S");
+        row("selects itself", "Enumeration S+ pSelected=S,A; Integer A+", "S: A");
+        row("selects nothing that is streamable", "Enumeration S+ pSelected=A; Integer A", "S");
     }
 
     void order()
     {
-        const auto [elements, groups] = fetchRow<QString, QString>();
-        const QStringList names = {"S"_s, "T"_s, "Inner"_s, "Outer"_s, "A"_s, "B"_s, "C"_s, "D"_s};
-        const LoadedDescription loaded(wrap(category("Root"_s, names) + elements));
+        const auto [features, groups] = fetchRow<QString, QString>();
+        const QStringList names = words("S T Inner Outer A B C D");
+        const QString all = QString(features).replace("+"_s, " Streamable=Yes"_s);
+        const LoadedDescription loaded(
+            wrap(category("Root"_s, names) + elements(all.toUtf8().constData())));
         QCOMPARE(textOf(FeatureFileOrder::groups(loaded.index.nodes(), names)), groups);
         QVERIFY(FeatureFileOrder::groups(loaded.index.nodes(), {}).isEmpty());
     }
 
-    void floatsKeepTheirLastDigit_data()
-    {
-        const Rows<float, QString> row("number", "text");
-        row("whole", 10000.0F, "10000");
-        row("fraction", 0.1F, "0.1");
-        row("third", 1.0F / 3, "0.33333334");
-        row("large", 3.4028235e38F, "3.4028235e+38");
-        row("tiny", 1e-45F, "1e-45");
-        row("minus zero", -0.0F, "0");
-    }
-
     void floatsKeepTheirLastDigit()
     {
-        const auto [number, text] = fetchRow<float, QString>();
-        QCOMPARE(ExactValue::ofFloat(number), text);
         FeatureNode feature;
         feature.tag = FeatureTag::Float;
-        QVERIFY(ExactValue::areEqual(feature, text, ExactValue::ofFloat(number)));
+        const std::vector<std::pair<float, QString>> texts = {
+            {10000.0F, "10000"_s},      {0.1F, "0.1"_s},
+            {1.0F / 3, "0.33333334"_s}, {3.4028235e38F, "3.4028235e+38"_s},
+            {1e-45F, "1e-45"_s},        {-0.0F, "0"_s}};
+        for (const auto& [number, text] : texts) {
+            QCOMPARE(ExactValue::ofFloat(number), text);
+            QVERIFY(ExactValue::areEqual(feature, text, ExactValue::ofFloat(number)));
+        }
     }
 
     void valuesAreOfTheirFeature_data()

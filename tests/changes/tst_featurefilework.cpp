@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // Feature files against the simulated camera, as the worker does it.
-#include "cameras/CameraError.h"
 #include "changes/FeatureFileThread.h"
 #include "device/OBDeviceControl.h"
 #include "pages/DemoPageTest.h"
@@ -58,76 +57,12 @@ private:
                                            kWindowPatienceMs);
         return ended ? *result : FeatureFileJob();
     }
-    // Through its text, as it is from one session to the next.
-    FeatureFile save()
-    {
-        return FeatureFile::parse(done(job(FeatureFileJob::Kind::Save)).file.toBytes({}));
-    }
-    QVector<Row> compare(const FeatureFile& file)
-    {
-        FeatureFileJob comparing = job(FeatureFileJob::Kind::Compare);
-        comparing.file = file;
-        return done(comparing).rows;
-    }
-    QVector<Row> apply(QVector<Row> rows)
-    {
-        for (Row& row : rows)
-            row.chosen = row.canBeApplied();
-        FeatureFileJob applying = job(FeatureFileJob::Kind::Apply);
-        applying.rows = rows;
-        return done(applying).rows;
-    }
-    static QStringList differing(const QVector<Row>& rows)
-    {
-        QStringList names;
-        for (const Row& row : rows) {
-            if (row.state != Row::State::Same)
-                names.append(row.nameWithSelectors());
-        }
-        return names;
-    }
-    static const Row* rowOf(const QVector<Row>& rows, const QString& name)
-    {
-        const auto isIt = [&](const Row& row) { return row.name == name; };
-        const auto found = std::find_if(rows.begin(), rows.end(), isIt);
-        return found == rows.end() ? nullptr : &*found;
-    }
-    void changeMuch()
-    {
-        for (const auto& each : {std::pair("Width", "640"),
-                                 {"Height", "480"},
-                                 {"OffsetX", "128"},
-                                 {"ExposureTime", "1234.567"},
-                                 {"GammaEnable", "1"}})
-            QCOMPARE(write(each.first, each.second), 0);
-        QCOMPARE(m_demo->write(OB_FT_TYPE_STRING, "DeviceUserID", "tab\there"), 0);
-        for (const char* trigger : {"0", "1"}) {
-            QCOMPARE(write("TriggerSelector", trigger), 0);
-            QCOMPARE(write("TriggerDelay", trigger[0] == '0' ? "10" : "20.5"), 0);
-        }
-    }
-
     FeatureMutex m_mutex;
     std::unique_ptr<HostCallbacks> m_host;
     std::unique_ptr<LoadedDescription> m_loaded;
     std::unique_ptr<FeatureFileThread> m_thread;
 
 private slots:
-    void whatTheCameraDoesNotTakeIsTold()
-    {
-        const FeatureFile file = save();
-        changeMuch();
-        QVector<Row> rows = compare(file);
-        m_camera->fail("DeviceUserID", CameraError::Transfer, MeddledCamera::Writes);
-        MessageGuard::expectMessage("NodeName : DeviceUserID"_s);
-        rows = apply(rows);
-        const Row* refused = rowOf(rows, "DeviceUserID"_s);
-        QCOMPARE(refused->state, Row::State::Refused);
-        QCOMPARE(refused->error, int(CameraError::Transfer));
-        QCOMPARE(rowOf(rows, "Width"_s)->state, Row::State::Written);
-        QCOMPARE(differing(compare(file)), QStringList{"DeviceUserID"_s});
-    }
-
     void endsOnTheWay_data()
     {
         const Rows<int, bool> row("kind", "unplugged");
@@ -142,13 +77,18 @@ private slots:
     void endsOnTheWay()
     {
         const auto [kind, unplugged] = fetchRow<int, bool>();
-        const FeatureFile file = save();
-        changeMuch();
-        FeatureFileJob stopped = job(static_cast<FeatureFileJob::Kind>(kind));
+        const FeatureFile file = done(job(FeatureFileJob::Kind::Save)).file;
+        QCOMPARE(write("Width", "640"), 0);
+        for (const char* trigger : {"0", "1"}) {
+            QCOMPARE(write("TriggerSelector", trigger), 0);
+            QCOMPARE(write("TriggerDelay", "20.5"), 0);
+        }
+        FeatureFileJob stopped = job(FeatureFileJob::Kind::Compare);
         stopped.file = file;
-        stopped.rows = compare(file);
+        stopped.rows = done(stopped).rows;
         for (Row& row : stopped.rows)
             row.chosen = row.canBeApplied();
+        stopped.kind = static_cast<FeatureFileJob::Kind>(kind);
         const qint64 selector = read("TriggerSelector");
         // In the middle of what the selector stands elsewhere for.
         m_camera->closeGate("TriggerDelay", MeddledCamera::ReadsAndWrites);

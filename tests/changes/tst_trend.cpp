@@ -90,12 +90,13 @@ QString lineIn(const QImage& image, double part)
     return "none"_s;
 }
 
+// "_" for a blank, and where nothing stands.
 QStringList textsOf(const QVector<TrendPicture::Tick>& ticks)
 {
     QStringList texts;
     for (const TrendPicture::Tick& tick : ticks)
-        texts.append(tick.text);
-    return texts;
+        texts.append(tick.text.isEmpty() ? "_"_s : tick.text);
+    return texts.replaceInStrings(" "_s, "_"_s);
 }
 
 } // namespace
@@ -270,13 +271,8 @@ private slots:
         const TrendPicture picture =
             TrendPictures::make(item.get(), seriesOf(points), kStart + now);
         QCOMPARE(picture.empty + picture.summary, summary);
-        const auto compact = [](QStringList texts) {
-            for (QString& each : texts)
-                each = each.isEmpty() ? "_"_s : each.replace(QLatin1Char(' '), QLatin1Char('_'));
-            return texts;
-        };
-        QCOMPARE(compact(textsOf(picture.values)), values);
-        QCOMPARE(compact(textsOf(picture.times)), times);
+        QCOMPARE(textsOf(picture.values), values);
+        QCOMPARE(textsOf(picture.times), times);
         QCOMPARE(TrendPictures::make(nullptr, {}, kStart).empty,
                  "Select a feature with a number."_s);
     }

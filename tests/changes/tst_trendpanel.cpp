@@ -6,7 +6,6 @@
 #include "main/ORXFeatureGroup.h"
 #include "model/CTreeItemValue.h"
 #include "pages/DemoPageTest.h"
-#include "tree/IORXFeatureWidget.h"
 #include "tree/RowPainter.h"
 
 #include <QTabWidget>

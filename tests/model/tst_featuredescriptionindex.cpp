@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FeatureDeciders.h"
 #include "model/FeatureDescriptionIndex.h"
-#include "model/RandomDescription.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
 #include "support/TestMain.h"
@@ -18,12 +17,6 @@ FeatureDescriptionIndex indexOf(const QString& description, const QStringList& i
     FeatureDescriptionIndex index;
     fillIndex(index, document, [&] { return items; });
     return index;
-}
-
-QStringList sorted(QStringList list)
-{
-    list.sort();
-    return list;
 }
 
 // Rows of the names; hidden ones stand in brackets.
@@ -69,10 +62,9 @@ private slots:
 
     void featuresWinOverRegisters()
     {
-        QFETCH(QString, description);
-        const FeatureDescriptionIndex index = indexOf(description, {});
-        const FeatureNodePtr node = index.GetDomElementNode("Gain"_s);
-        QTEST(node ? node->tagName : QString(), "tag");
+        const auto [description, tag] = fetchRow<QString, QString>();
+        const FeatureNodePtr node = indexOf(description, {}).GetDomElementNode("Gain"_s);
+        QCOMPARE(node ? node->tagName : QString(), tag);
     }
 
     void textsAndWrappers()
@@ -124,6 +116,19 @@ private slots:
             elements("Integer A pValue=SwissA; IntSwissKnife SwissA pVariable=Common;"
                      "Integer B pValue=SwissB; IntSwissKnife SwissB pVariable=Common"),
             "A B", "A", "A B");
+        row("the same variable, formulas further",
+            elements("Integer A pValue=RegA; MaskedIntReg RegA pMax=SwissA;"
+                     "IntSwissKnife SwissA pVariable=Inner; IntSwissKnife Inner pVariable=Common;"
+                     "Integer B pVariable=Common"),
+            "A B", "A", "A B");
+        row("the same variable of their own",
+            elements("Converter A pVariable=C; Converter B pVariable=C"), "A B", "A", "A B");
+        row("a variable of its own", elements("Converter A pVariable=B; Integer B"), "A B", "B",
+            "A B");
+        row("through a formula of a formula",
+            elements("Integer A pValue=SwissA; IntSwissKnife SwissA pVariable=Inner;"
+                     "IntSwissKnife Inner pVariable=B; Integer B"),
+            "A B", "B", "A B");
         row("structure entry",
             elements("Integer A pValue=Bit; Integer B") +
                 "<StructReg><pInvalidator>B</pInvalidator><StructEntry Name=\"Bit\"/></StructReg>"_s,
@@ -146,11 +151,11 @@ private slots:
 
     void invalidatorList()
     {
-        QFETCH(QString, description);
-        QFETCH(QStringList, items);
-        QFETCH(QString, written);
-        const FeatureDescriptionIndex index = indexOf(description, items);
-        QTEST(sorted(index.GetFeatureInvalidatorList(written)), "stale");
+        const auto [description, items, written, stale] =
+            fetchRow<QString, QStringList, QString, QStringList>();
+        QStringList found = indexOf(description, items).GetFeatureInvalidatorList(written);
+        found.sort();
+        QCOMPARE(found, stale);
     }
 
     void pollingInterval_data()
@@ -174,9 +179,8 @@ private slots:
 
     void pollingInterval()
     {
-        QFETCH(QString, description);
-        const FeatureDescriptionIndex index = indexOf(description, words("A"));
-        QTEST(index.pollingMap().value("A"_s), "interval");
+        const auto [description, interval] = fetchRow<QString, int>();
+        QCOMPARE(indexOf(description, words("A")).pollingMap().value("A"_s), interval);
     }
 
     // Each is followed to its end, and what is wrong with a description is told in one line.
@@ -215,81 +219,64 @@ private slots:
         QCOMPARE(MessageGuard::messages().filter(line).size(), lines);
     }
 
-    // What is kept in reverse tells the same as references that are followed forward.
-    void sameAsForward_data()
-    {
-        QTest::addColumn<unsigned>("seed");
-        for (unsigned seed = 1; seed <= 40; ++seed)
-            QTest::addRow("seed %u", seed) << seed;
-    }
-
-    void sameAsForward()
-    {
-        QFETCH(unsigned, seed);
-        MessageGuard::expectMessage("refers to itself in a circle"_s);
-        const RandomDescription description(seed);
-        const FeatureDescriptionIndex index = indexOf(description.elements(), {});
-        for (const QString& name : description.features()) {
-            QCOMPARE(sorted(index.GetFeatureInvalidatorList(name)),
-                     sorted(description.staleAfter(name)));
-        }
-    }
-
     // Who decides ---------------------------------------------------------------------------------
     void deciders_data()
     {
-        const Rows<QString, QString, QStringList, QStringList> row("cause", "description", "rows",
-                                                                   "expected");
+        const Rows<int, QString, QStringList, QStringList> row("cause", "description", "rows",
+                                                               "expected");
+        const int kLocked = int(ReadOnlyCause::Locked);
+        const int kUnavailable = int(ReadOnlyCause::NotAvailable);
+        const int kMode = int(ReadOnlyCause::AccessMode);
         const QString lock = elements("Integer Width pIsLocked=Lock");
         const QString gate = elements("Integer Width pIsAvailable=Lock");
         const QString modeAndGain = elements("Enumeration Mode; Float Gain");
-        row("a feature itself", "lock", lock + elements("Integer Lock"), "Lock", "Lock=");
-        row("nothing named", "lock", gate + elements("Integer Lock"), "Lock", "");
-        row("formulas of formulas", "lock",
+        row("a feature itself", kLocked, lock + elements("Integer Lock"), "Lock", "Lock=");
+        row("nothing named", kLocked, gate + elements("Integer Lock"), "Lock", "");
+        row("formulas of formulas", kLocked,
             lock + modeAndGain +
                 elements("IntSwissKnife Lock pVariable=Inner,Gain;"
                          "IntSwissKnife Inner pVariable=Mode,Gain"),
             "Gain Mode", "Mode Gain");
-        row("through pValue", "lock",
+        row("through pValue", kLocked,
             lock + elements("Integer Lock pValue=Inner; Integer Inner pValue=Mode; Boolean Mode"),
             "Mode", "Mode=");
         const QString ofRegister =
             elements("IntSwissKnife Lock pVariable=Reg; IntReg Reg; Float Gain");
-        row("who shows the register", "lock",
+        row("who shows the register", kLocked,
             lock + ofRegister + elements("Enumeration Mode pValue=Reg"), "Mode", "Mode");
-        row("who shows the register after some steps", "lock",
+        row("who shows the register after some steps", kLocked,
             lock + ofRegister +
                 elements("Enumeration Mode pValue=Raw; Converter Raw pValue=Reg pVariable=Gain"),
             "Gain Mode", "Mode");
-        row("a register of the feature itself", "lock",
+        row("a register of the feature itself", kLocked,
             ofRegister + elements("Integer Width pIsLocked=Lock pValue=Reg"), "Width", "");
-        row("no row at all", "lock", lock + ofRegister, "", "");
-        row("a register itself", "available",
+        row("no row at all", kLocked, lock + ofRegister, "", "");
+        row("a register itself", kUnavailable,
             gate + elements("MaskedIntReg Lock; Boolean Mode pValue=Lock"), "Mode", "Mode=");
-        row("a converter", "lock",
+        row("a converter", kLocked,
             lock + modeAndGain + elements("Converter Lock pVariable=Gain pValue=Mode"), "Gain Mode",
             "Gain Mode=");
-        row("without a shown row", "lock", lock + elements("Integer Lock"), "(Lock)", "Lock=");
+        row("without a shown row", kLocked, lock + elements("Integer Lock"), "(Lock)", "Lock=");
         const QString chain = lock + elements("Integer Lock pValue=Mode; Boolean Mode");
-        row("shown ones first", "lock", chain, "(Lock) Mode", "Mode=");
-        row("the nearest of hidden ones", "lock", chain, "(Lock) (Mode)", "Lock=");
-        row("hidden beside shown", "lock",
+        row("shown ones first", kLocked, chain, "(Lock) Mode", "Mode=");
+        row("the nearest of hidden ones", kLocked, chain, "(Lock) (Mode)", "Lock=");
+        row("hidden beside shown", kLocked,
             lock + modeAndGain + elements("IntSwissKnife Lock pVariable=Mode,Gain"), "(Gain) Mode",
             "Mode Gain");
-        row("not by itself", "available",
+        row("not by itself", kUnavailable,
             gate + modeAndGain + elements("IntSwissKnife Lock pVariable=Width,Mode"), "Width Mode",
             "Mode");
-        row("a node that is missing", "lock", lock + modeAndGain, "Mode", "");
-        row("a circle", "lock",
+        row("a node that is missing", kLocked, lock + modeAndGain, "Mode", "");
+        row("a circle", kLocked,
             lock + modeAndGain +
                 elements("IntSwissKnife Lock pVariable=Inner;"
                          "IntSwissKnife Inner pVariable=Lock,Mode"),
             "Mode", "Mode");
-        row("locked where the value comes from", "mode",
+        row("locked where the value comes from", kMode,
             elements("Integer Width pIsLocked=Own pValue=WidthReg; Integer Own;"
                      "Integer WidthReg pIsLocked=Lock; Integer Lock"),
             "Lock Own", "Lock=");
-        row("value that comes from itself", "mode",
+        row("value that comes from itself", kMode,
             elements("Integer Width pValue=WidthReg; Integer Lock;"
                      "Integer WidthReg pValue=Width pIsLocked=Lock"),
             "Lock", "Lock=");
@@ -297,15 +284,10 @@ private slots:
 
     void deciders()
     {
-        QFETCH(QString, cause);
-        QFETCH(QString, description);
-        QFETCH(QStringList, rows);
-        static const QHash<QString, ReadOnlyCause> kCauses = {
-            {"lock"_s, ReadOnlyCause::Locked},
-            {"available"_s, ReadOnlyCause::NotAvailable},
-            {"mode"_s, ReadOnlyCause::AccessMode}};
+        const auto [cause, description, rows, expected] =
+            fetchRow<int, QString, QStringList, QStringList>();
         const FeatureDeciders deciders(indexOf(description, {}).nodes());
-        QTEST(written(deciders.of("Width"_s, kCauses.value(cause), rowsOf(rows))), "expected");
+        QCOMPARE(written(deciders.of("Width"_s, ReadOnlyCause(cause), rowsOf(rows))), expected);
     }
 
     void roadOfWriting_data()
@@ -327,9 +309,9 @@ private slots:
 
     void roadOfWriting()
     {
-        QFETCH(QString, description);
-        QTEST(FeatureDeciders(indexOf(description, {}).nodes()).canEverBeWritten("Width"_s),
-              "written");
+        const auto [description, written] = fetchRow<QString, bool>();
+        const FeatureDeciders deciders(indexOf(description, {}).nodes());
+        QCOMPARE(deciders.canEverBeWritten("Width"_s), written);
     }
 };
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
-#include "device/XmlDocument.h"
 #include "model/CTreeItemValue.h"
-#include "model/FeatureTreeBuilder.h"
-#include "model/ORXPropertyTreeItem.h"
 #include "support/DescriptionBuilder.h"
+#include "support/LoadedDescription.h"
 #include "support/TestMain.h"
 
 using namespace DescriptionBuilder;
@@ -23,25 +21,12 @@ void print(const Item& item, int depth, QStringList& lines)
     }
 }
 
-// A tree built of a description.
-struct Built
+QString printed(const Item& root)
 {
-    explicit Built(const QString& description)
-    {
-        XmlDocument document;
-        document.setContent(wrap(description));
-        builder.createItems(&root, FeatureNodeMap(document.documentElement()), nullptr);
-    }
-    QString printed() const
-    {
-        QStringList lines;
-        print(root, 0, lines);
-        return lines.join(QLatin1Char('\n'));
-    }
-
-    Item root{nullptr, Item::FeatureTreePage};
-    FeatureTreeBuilder builder;
-};
+    QStringList lines;
+    print(root, 0, lines);
+    return lines.join(QLatin1Char('\n'));
+}
 
 } // namespace
 
@@ -72,8 +57,8 @@ private slots:
 
     void tree()
     {
-        QFETCH(QString, description);
-        QTEST(Built(description).printed(), "expected");
+        const auto [description, expected] = fetchRow<QString, QString>();
+        QCOMPARE(printed(LoadedDescription(wrap(description)).root), expected);
     }
 
     void theDescriptionAloneDecidesWhatShowsAtFirst_data()
@@ -83,14 +68,14 @@ private slots:
         row("nothing said", "Float", "", "Beginner", "guru beginner");
         row("expert", "Integer", "Expert", "Expert", "guru");
         row("guru", "Command", "Guru", "Guru", "guru");
+        row("in small letters", "Integer", "guru", "guru", "");
         row("invisible", "String", "Invisible", "Invisible", "");
         row("no feature", "MaskedIntReg", "", "Invisible", "");
     }
 
     void theDescriptionAloneDecidesWhatShowsAtFirst()
     {
-        QFETCH(QString, tag);
-        QFETCH(QString, visibility);
+        const auto [tag, visibility, word, levels] = fetchRow<QString, QString, QString, QString>();
         QString inner =
             "<DisplayName>Exposure Time</DisplayName><Description>How long.</Description>"
             "<Unit> us </Unit>"_s;
@@ -99,41 +84,42 @@ private slots:
         const QString description =
             elements("Category Root pFeature=Control; Category Control pFeature=Exposure") +
             node(tag, "Exposure"_s, inner);
-        QStringList levels;
-        for (const int level : {0, 1}) {
+        QStringList found;
+        for (const int level : {0, 1, 2}) {
             OBDeviceControl::SetUserLevel(level);
-            const Built built(description);
+            const LoadedDescription built(wrap(description));
             const Item* category = built.root.child(1);
             const Item* feature = category->child(0);
             QCOMPARE(feature->value()->displayName(), "Exposure Time"_s);
             QCOMPARE(feature->value()->unit(), "us"_s);
             QCOMPARE(feature->value()->description(), "How long."_s);
-            QTEST(feature->visibilityString(), "word");
+            QCOMPARE(feature->visibilityString(), word);
             QVERIFY(!feature->wasRead());
             QCOMPARE(category->visible(), feature->visible());
             if (feature->visible())
-                levels.append(level == 0 ? "guru"_s : "beginner"_s);
+                found.append(words("guru beginner other").at(level));
         }
         OBDeviceControl::SetUserLevel(1);
-        QTEST(levels.join(QLatin1Char(' ')), "levels");
+        QCOMPARE(found.join(QLatin1Char(' ')), levels);
     }
 
     void lastMentionWins()
     {
-        const Built built(elements("Category Root pFeature=A,B; Category A pFeature=Gain;"
-                                   "Category B pFeature=Gain; Float Gain"));
+        const LoadedDescription built(
+            wrap(elements("Category Root pFeature=A,B; Category A pFeature=Gain;"
+                          "Category B pFeature=Gain; Float Gain")));
         QCOMPARE(built.root.child(1)->childCount(), 1);
-        QCOMPARE(built.builder.AllTreeItemsMap().value("Gain"_s), built.root.child(2)->child(0));
+        QCOMPARE(built.item("Gain"), built.root.child(2)->child(0));
     }
 
     void categoriesThatContainThemselves()
     {
         MessageGuard::ignoreMessage(QtCriticalMsg,
                                     "Feature description: category A contains itself");
-        const QString tree =
-            Built(elements("Category Root pFeature=A,Z; Category A pFeature=B,Width;"
-                           "Category B pFeature=A; Category Z pFeature=Gain"))
-                .printed();
+        const LoadedDescription built(
+            wrap(elements("Category Root pFeature=A,Z; Category A pFeature=B,Width;"
+                          "Category B pFeature=A; Category Z pFeature=Gain")));
+        const QString tree = printed(built.root);
         QVERIFY(tree.contains("  Width 2"_s));
         QVERIFY(tree.contains("  Gain 2"_s));
     }
@@ -155,7 +141,7 @@ private slots:
             const QStringList inner = QVector<QString>(width, "C%1"_s.arg(i + 1)).toList();
             description += category("C%1"_s.arg(i), inner);
         }
-        const Built built(description);
+        const LoadedDescription built(wrap(description));
         QVERIFY(MessageGuard::contains(message));
     }
 };

@@ -9,7 +9,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QColor>
-#include <QMimeData>
 
 using Item = ORXPropertyTreeItem;
 
@@ -162,12 +161,10 @@ private slots:
 
     void sameValue()
     {
-        QFETCH(QString, tag);
-        QFETCH(QVariant, value);
-        QFETCH(QVariant, edited);
+        const auto [tag, value, edited, same] = fetchRow<QString, QVariant, QVariant, bool>();
         m_width->setTagName(tag);
         m_width->value()->setValue(value);
-        QTEST(ORXPropertyTreeModel::isSameValue(tag, m_width->value(), edited), "same");
+        QCOMPARE(ORXPropertyTreeModel::isSameValue(tag, m_width->value(), edited), same);
         QVERIFY(!ORXPropertyTreeModel::isSameValue(tag, m_root->value(), edited));
         QVERIFY(!ORXPropertyTreeModel::isSameValue("Command"_s, m_width->value(), edited));
         ORXPropertyTreeModel::setItemValue(m_width, "Width"_s, edited);
@@ -198,25 +195,6 @@ private slots:
         };
         QVERIFY(m_model->setData(m_model->indexFromItem(m_width, 1), 640, Qt::EditRole));
         QCOMPARE(m_writer.log.size(), 1);
-    }
-
-    void draggingCarriesTheFirstFavouriteOnly()
-    {
-        Item* first = add(nullptr, "A", "Integer");
-        Item* second = add(nullptr, "B", "Integer");
-        first->setItemType(Item::FavoriteItem);
-        second->setItemType(Item::FavoriteItem);
-        m_model->addItems(m_favorites, {first, second});
-        const QModelIndex a = m_model->indexFromItem(first, 0);
-        const QScopedPointer<QMimeData> mime(
-            m_model->mimeData({a, m_model->indexFromItem(second, 0)}));
-        QVERIFY(mime);
-        QCOMPARE(mime->data("MoveFavoriteItem"_s),
-                 QByteArray::number(reinterpret_cast<quintptr>(first)));
-        QVERIFY(m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0, a));
-        QVERIFY(!m_model->canDropMimeData(mime.data(), Qt::CopyAction, 0, 0,
-                                          m_model->indexFromItem(m_width, 0)));
-        QVERIFY(!m_model->mimeData({m_model->indexFromItem(m_width, 0)}));
     }
 };
 

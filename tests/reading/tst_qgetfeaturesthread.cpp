@@ -58,8 +58,8 @@ private slots:
     {
         const Rows<QString, int, int, bool, bool, QString> row("name", "mode", "locked", "visible",
                                                                "readOnly", "visibility");
-        const QString beginner = "Beginner"_s;
-        const QString invisible = "Invisible"_s;
+        const char* const beginner = "Beginner";
+        const char* const invisible = "Invisible";
         row("read-write", "A", 4, 0, true, false, beginner);
         row("read-only", "A", 3, 0, true, true, beginner);
         row("write-only", "A", 2, 0, true, false, beginner);
@@ -76,30 +76,15 @@ private slots:
 
     void oneItemUpdate()
     {
-        QFETCH(QString, name);
-        QFETCH(int, mode);
-        QFETCH(int, locked);
-        QFETCH(bool, visible);
-        QFETCH(bool, readOnly);
+        const auto [name, mode, locked, visible, readOnly, visibility] =
+            fetchRow<QString, int, int, bool, bool, QString>();
         m_host->set(name, FakeHost::integerFeature(1).withMode(mode));
         m_host->set("TLParamsLocked"_s, FakeHost::integerFeature(locked));
         ORXPropertyTreeItem* item = this->item(name);
         m_thread->UpdateFeature(item, Flags(13));
         QCOMPARE(item->visible(), visible);
         QCOMPARE(item->readOnly(), readOnly);
-        QTEST(item->visibilityString(), "visibility");
-    }
-
-    void visibilityLevels()
-    {
-        QStringList shown;
-        for (const char* word : {"", "Beginner", "Expert", "Guru", "Invisible", "guru"}) {
-            for (const int level : {0, 1, 2}) {
-                if (QGetFeaturesThread::IsItemVisible(QString::fromLatin1(word), level))
-                    shown += "%1%2"_s.arg(QLatin1String(word)).arg(level);
-            }
-        }
-        QCOMPARE(shown, words("0 1 2 Beginner0 Beginner1 Expert0 Guru0"));
+        QCOMPARE(item->visibilityString(), visibility);
     }
 
     void readingWhatTheLevelHides()
@@ -164,13 +149,11 @@ private slots:
 
     void requestsMeetTheRunningPass()
     {
-        QFETCH(int, running);
-        QFETCH(int, wanted);
-        QFETCH(int, passes);
+        const auto [running, wanted, accepted, passes] = fetchRow<int, int, bool, int>();
         requestAndHold(words("A B TLParamsLocked Polled").at(running), running == 3 ? 10 : 13,
                        static_cast<_FEATURES_UPDATE_TYPE_>(running), {"B"_s});
         const auto type = static_cast<_FEATURES_UPDATE_TYPE_>(wanted);
-        QTEST(m_thread->SetThreadInfo(type, {"C"_s}, Flags(13)), "accepted");
+        QCOMPARE(m_thread->SetThreadInfo(type, {"C"_s}, Flags(13)), accepted);
         m_thread->startPass();
         goOn();
         if (passes == 0) {

@@ -9,13 +9,8 @@ namespace {
 
 const QStringList kNames = words("A B C D E F G H");
 
-QByteArray description()
-{
-    QString all = category("Root"_s, kNames);
-    for (const QString& name : kNames)
-        all += node("Integer"_s, name);
-    return wrap(all);
-}
+const char kDescription[] = "Category Root pFeature=A,B,C,D,E,F,G,H; Integer A; Integer B;"
+                            "Integer C; Integer D; Integer E; Integer F; Integer G; Integer H";
 
 } // namespace
 
@@ -25,27 +20,27 @@ class TestReadingOrder : public PassTest
 
 public:
     TestReadingOrder()
-        : PassTest(description())
+        : PassTest(wrap(elements(kDescription)))
     {
     }
 
 private:
     // The features in the order in which the host was asked about them.
-    QString order() const
+    QString order(const QString& question = "mode "_s) const
     {
         QString names;
-        for (const QString& call : m_host->calls()) {
-            const QString name = call.section(QLatin1Char(' '), 1);
-            if (call.startsWith("mode "_s) && kNames.contains(name))
-                names += name;
+        for (const QString& call : m_host->calls().filter(question)) {
+            if (kNames.contains(call.mid(question.size())))
+                names += call.mid(question.size());
         }
         return names;
     }
-    QStringList sortedCalls() const
+    // Reads everything, once.
+    void readAll(int flags = 13)
     {
-        QStringList calls = m_host->calls();
-        calls.sort();
-        return calls;
+        m_host->clearCalls();
+        request(flags);
+        end();
     }
 
 private slots:
@@ -53,10 +48,8 @@ private slots:
     // before waits for its place. Every feature is asked for the same as ever, once.
     void whatIsInSightComesFirst()
     {
-        request(13);
-        end();
+        readAll();
         QCOMPARE(order(), "ABCDEFGH"_s);
-        const QStringList calls = sortedCalls();
         m_host->clearCalls();
         m_thread->setInSight(words("C Nobody B"));
         requestAndHold("B"_s, 13);
@@ -65,11 +58,9 @@ private slots:
         m_thread->setInSight(words("H"));
         end();
         QCOMPARE(order(), "CBGHADEF"_s);
-        QCOMPARE(sortedCalls(), calls);
+        QCOMPARE(order("get "_s), "CBGHADEF"_s);
         // The next pass begins with it, too.
-        m_host->clearCalls();
-        request(13);
-        end();
+        readAll();
         QCOMPARE(order(), "HABCDEFG"_s);
     }
 
@@ -88,22 +79,15 @@ private slots:
 
     void requestDuringAPass()
     {
-        QFETCH(int, running);
-        QFETCH(int, wanted);
-        if (running == 4) {
-            // Rows that show already: the level changes nothing about them.
-            request(13);
-            end();
-            m_host->clearCalls();
-        }
+        const auto [running, wanted, asked, read] = fetchRow<int, int, QString, QString>();
+        if (running == 4)
+            readAll(); // of rows that show already the level changes nothing
+        m_host->clearCalls();
         requestAndHold("C"_s, running);
         request(wanted);
         end();
-        QTEST(order(), "asked");
-        QString read;
-        for (const QString& call : m_host->calls().filter("get "_s))
-            read += call.mid(4);
-        QTEST(read, "read");
+        QCOMPARE(order(), asked);
+        QCOMPARE(order("get "_s), read);
     }
 
     // The later the last request, the more is read again, in one more pass. What waits takes over
@@ -135,11 +119,8 @@ private slots:
     // A level chosen while a pass runs holds for what it passed, and for what comes.
     void levelDuringAPass()
     {
-        const QByteArray xml = wrap(category("Root"_s, words("A B C")) +
-                                    node("Integer"_s, "A"_s, child("Visibility"_s, "Guru"_s)) +
-                                    node("Integer"_s, "B"_s) +
-                                    node("Integer"_s, "C"_s, child("Visibility"_s, "Guru"_s)));
-        load(xml);
+        load(wrap(elements("Category Root pFeature=A,B,C; Integer A Visibility=Guru; Integer B;"
+                           "Integer C Visibility=Guru")));
         OBDeviceControl::SetUserLevel(0);
         requestAndHold("B"_s, 13);
         OBDeviceControl::SetUserLevel(1);
@@ -151,8 +132,7 @@ private slots:
     // A stop in the middle of a feature's access mode stores nothing of its answer.
     void stoppedQuestionIsNoAnswer()
     {
-        request(13);
-        end();
+        readAll();
         QVERIFY(item("C"_s)->visible());
         m_host->set("C"_s, FakeHost::integerFeature(7).withMode(OB_FT_ACCESS_NOT_AVAILABLE));
         requestAndHold("C"_s, 14);
@@ -161,8 +141,7 @@ private slots:
         QVERIFY(item("C"_s)->visible());
         m_thread->StopThread(true, true);
         m_thread->StopThread(false, true);
-        request(14);
-        end();
+        readAll(14);
         QVERIFY(!item("C"_s)->visible());
     }
 
@@ -179,21 +158,14 @@ private slots:
     void cameraFailsFromTheMiddleOn()
     {
         QFETCH(int, calls);
-        request(13);
-        end();
-        m_host->clearCalls();
+        readAll();
         m_host->faults().failAfter(calls, -5);
-        request(13);
-        end();
+        readAll();
         QCOMPARE(order(), "ABCDEFGH"_s);
-        for (int i = 0; i < kNames.size(); ++i) {
-            const auto* value =
-                dynamic_cast<const CTreeIntergerItemValue*>(item(kNames.at(i))->value());
-            QCOMPARE(value->numbers().m_nValue, qint64(1));
-        }
+        for (const QString& name : kNames)
+            QCOMPARE(item(name)->value()->value().toInt(), 1);
         m_host->faults().failAfter(0, 0);
-        request(13);
-        end();
+        readAll();
         for (const QString& name : kNames)
             QVERIFY(item(name)->visible());
     }
@@ -205,15 +177,13 @@ private slots:
         m_host->faults().takeTurns("B"_s, {OB_FT_ACCESS_READ_WRITE, OB_FT_ACCESS_NOT_IMPLEMENTED});
         m_host->fail("B"_s, -1);
         for (const bool exists : {true, false, true, false}) {
-            request(13);
-            end();
+            readAll();
             QCOMPARE(item("B"_s)->visible(), exists);
             QCOMPARE(int(item("B"_s)->value()->lastRead()), int(CTreeItemValue::LastRead::Failed));
         }
         QVERIFY(item("C"_s)->visible());
         m_host->fail("B"_s, 0);
-        request(13);
-        end();
+        readAll();
         QVERIFY(item("B"_s)->visible());
         QCOMPARE(int(item("B"_s)->value()->lastRead()), int(CTreeItemValue::LastRead::Done));
     }

@@ -15,7 +15,6 @@ namespace {
 // Notes the numbers of its jobs; a job below 0 is held until it is let go.
 class Worker : public SerialWorker<int>
 {
-    Q_OBJECT
 public:
     Worker()
         : SerialWorker("Test worker", nullptr)
@@ -34,9 +33,6 @@ public:
     QSemaphore held;
     QSemaphore letGo;
 
-signals:
-    void sigEnded();
-
 protected:
     void work(int& job) override
     {
@@ -50,7 +46,6 @@ protected:
         locked([&](Waiting&, int*) { m_done.append(job); });
         ++count;
     }
-    void jobEnded() override { emit sigEnded(); }
 
 private:
     QVector<int> m_done; // guarded by the worker's lock
@@ -95,30 +90,6 @@ private slots:
         worker.waitUntilIdle();
         QCOMPARE(worker.done(), (QVector<int>{-1, -3}));
         QVERIFY(!worker.stoppedOnTheWay);
-    }
-
-    // The end of a job is told on the worker. Whoever listens there may take his time: what is
-    // posted meanwhile runs all the same.
-    void postedWhileTheEndOfAJobIsToldRuns()
-    {
-        Worker worker;
-        QSemaphore told;
-        const auto listening = connect(
-            &worker, &Worker::sigEnded, this,
-            [&] {
-                told.release();
-                QThread::msleep(20);
-            },
-            Qt::DirectConnection);
-        for (int round = 1; round <= 5; ++round) {
-            worker.post(2 * round);
-            told.acquire();
-            worker.post(2 * round + 1);
-            told.acquire();
-        }
-        worker.waitUntilIdle();
-        QCOMPARE(worker.count.load(), 10);
-        disconnect(listening);
     }
 
     // Each job is posted exactly while the one before ends.

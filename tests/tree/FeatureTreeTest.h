@@ -8,6 +8,8 @@
 #include "tree/ORXFeatureTree.h"
 #include "tree/ORXFeatureTreeView.h"
 
+#include <memory>
+
 class ZELCustomMessageBox;
 
 // Finds the trees that a test made.
@@ -51,7 +53,7 @@ protected:
     static QString overlay();
     ZELCustomMessageBox* messageBox();
 
-    FakeHost m_host;
+    std::unique_ptr<FakeHost> m_host;
     Finder m_finder;
     std::unique_ptr<ORXFeatureTree> m_tree;
 };

@@ -4,8 +4,6 @@
 #include "model/CTreeItemValue.h"
 #include "tree/ORXFeatureTreeView.h"
 
-#include "support/Literals.h"
-
 #include <QTest>
 #include <QVBoxLayout>
 

@@ -2,11 +2,9 @@
 // A row that goes or locks under the user's hands: nothing is written, the view has the focus.
 #include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeItemValue.h"
-#include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomComboBox.h"
 #include "tree/EditorFocus.h"
 #include "tree/EditorTest.h"
-#include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
 #include "tree/editors/ExternalEditor.h"
 

@@ -23,85 +23,64 @@
 
 #include <typeinfo>
 
-namespace {
-
-struct TagRow
-{
-    const char* tag;
-    const std::type_info* value;
-    bool reads;
-    bool writes;
-    const char* editor; // class name, empty for none
-};
-
-// What each tag is, through all tables of the library.
-const TagRow kRows[] = {
-    {"Category", &typeid(CTreeItemValue), false, false, ""},
-    {"Boolean", &typeid(CTreeBooleanItemValue), true, true, "ZELCustomCheckBox"},
-    {"Command", &typeid(CTreeCommandItemValue), false, true, "ZELCustomPushButton"},
-    {"Integer", &typeid(CTreeIntergerItemValue), true, true, "ORXPropertySpinBox"},
-    {"IntReg", &typeid(CTreeIntergerItemValue), true, true, "ORXPropertySpinBox"},
-    {"Enumeration", &typeid(CTreeEnumationItemValue), true, true, "ZELCustomComboBox"},
-    {"Float", &typeid(CTreeFloatItemValue), true, true, "QPropertyLineEdit"},
-    {"Converter", &typeid(CTreeFloatItemValue), true, true, "QPropertyLineEdit"},
-    {"StringReg", &typeid(CTreeStringItemValue), true, true, "QPropertyLineEdit"},
-    {"String", &typeid(CTreeStringItemValue), true, true, "QPropertyLineEdit"},
-    {"CustomTagNameDraw", &typeid(CTreeCustomDrawItemValue), false, false, ""},
-    {"CustomTagNameWatermark", &typeid(CTreeCustomWaterMarkItemValue), false, false,
-     "ZELCustomCheckBox"},
-    {"CustomTagNameEvent", &typeid(CTreeCustomWaterMarkItemValue), false, false,
-     "ZELCustomCheckBox"},
-    {"CustomTagNameCCM", &typeid(CTreeCustomCCMItemValue), false, false, "QLabel"},
-    {"CustomTagNamePalettesMode", &typeid(CTreeEnumationItemValue), false, false,
-     "ZELCustomComboBox"},
-    {"CustomTagNameFlatFieldCorrection", &typeid(CTreeItemValue), false, false,
-     "ZELCustomPushButton"},
-    {"", &typeid(CTreeItemValue), false, false, ""},
-};
-
-} // namespace
-
 class TestFeatureTables : public GuardedTest
 {
     Q_OBJECT
 
 private slots:
-    void everyTagHasARow()
-    {
-        QCOMPARE(int(std::size(kRows)), kFeatureTagCount);
-        for (int i = 0; i < kFeatureTagCount; ++i) {
-            const auto tag = static_cast<FeatureTag>(i);
-            QCOMPARE(featureTagName(tag), QLatin1String(kRows[i].tag));
-            QCOMPARE(featureTag(QString::fromLatin1(kRows[i].tag)), tag);
-        }
-        QCOMPARE(featureTag("integer"_s), FeatureTag::Other); // case-sensitive
-    }
-
     void everyTableKnowsTheTag_data()
     {
-        const Rows<int> row("row");
-        for (int i = 0; i < kFeatureTagCount; ++i)
-            row(*kRows[i].tag ? kRows[i].tag : "any other", i);
+        // What each tag is, through all tables of the library. editor: class name, empty for none
+        const Rows<QString, QString, bool, bool, QString> all("tag", "value", "reads", "writes",
+                                                              "editor");
+        int rows = 0;
+        const auto row = [&](const char* tag, const std::type_info& value, bool reads, bool writes,
+                             const char* editor) {
+            all(*tag ? tag : "any other", tag, value.name(), reads, writes, editor);
+            ++rows;
+        };
+        row("Category", typeid(CTreeItemValue), false, false, "");
+        row("Boolean", typeid(CTreeBooleanItemValue), true, true, "ZELCustomCheckBox");
+        row("Command", typeid(CTreeCommandItemValue), false, true, "ZELCustomPushButton");
+        row("Integer", typeid(CTreeIntergerItemValue), true, true, "ORXPropertySpinBox");
+        row("IntReg", typeid(CTreeIntergerItemValue), true, true, "ORXPropertySpinBox");
+        row("Enumeration", typeid(CTreeEnumationItemValue), true, true, "ZELCustomComboBox");
+        row("Float", typeid(CTreeFloatItemValue), true, true, "QPropertyLineEdit");
+        row("Converter", typeid(CTreeFloatItemValue), true, true, "QPropertyLineEdit");
+        row("StringReg", typeid(CTreeStringItemValue), true, true, "QPropertyLineEdit");
+        row("String", typeid(CTreeStringItemValue), true, true, "QPropertyLineEdit");
+        row("CustomTagNameDraw", typeid(CTreeCustomDrawItemValue), false, false, "");
+        for (const char* boxes : {"CustomTagNameWatermark", "CustomTagNameEvent"})
+            row(boxes, typeid(CTreeCustomWaterMarkItemValue), false, false, "ZELCustomCheckBox");
+        row("CustomTagNameCCM", typeid(CTreeCustomCCMItemValue), false, false, "QLabel");
+        row("CustomTagNamePalettesMode", typeid(CTreeEnumationItemValue), false, false,
+            "ZELCustomComboBox");
+        row("CustomTagNameFlatFieldCorrection", typeid(CTreeItemValue), false, false,
+            "ZELCustomPushButton");
+        row("", typeid(CTreeItemValue), false, false, "");
+        QCOMPARE(rows, kFeatureTagCount);
     }
 
     void everyTableKnowsTheTag()
     {
-        QFETCH(int, row);
-        const TagRow& expected = kRows[row];
-        const auto tag = static_cast<FeatureTag>(row);
+        const auto [name, value, reads, writes, editorClass] =
+            fetchRow<QString, QString, bool, bool, QString>();
+        const FeatureTag tag = featureTag(name);
+        QCOMPARE(featureTagName(tag), name);
+        QCOMPARE(featureTag(name.toLower()), FeatureTag::Other); // case-sensitive
         ApplicationSetup::runOnce();
         ExternalEditor::registerEditor(
             FeatureTag::CCM,
             [](QWidget* parent, ORXPropertyTreeItem*) { return new QLabel(parent); }, {});
 
-        QVERIFY(typeid(*makeItemValue(tag)) == *expected.value);
-        QCOMPARE(FeatureValueReader::hasReader(tag), expected.reads);
-        QCOMPARE(FeatureWriter::hasHandler(tag), expected.writes);
-        QCOMPARE(ExactValue::hasValue(tag), expected.reads);
+        QCOMPARE(QString::fromLatin1(typeid(*makeItemValue(tag)).name()), value);
+        QCOMPARE(FeatureValueReader::hasReader(tag), reads);
+        QCOMPARE(FeatureWriter::hasHandler(tag), writes);
+        QCOMPARE(ExactValue::hasValue(tag), reads);
 
         ORXPropertyTreeItem root(nullptr, ORXPropertyTreeItem::CommonPage);
         auto* item = new ORXPropertyTreeItem(&root, ORXPropertyTreeItem::CommonPage);
-        item->setTagName(QString::fromLatin1(expected.tag));
+        item->setTagName(name);
         if (auto* boxes = dynamic_cast<CTreeCustomWaterMarkItemValue*>(item->value()))
             boxes->setColumn(1, "Time"_s, "Time"_s);
         ORXPropertyTreeModel model(ORXPropertyTreeItem::CommonPage, nullptr);
@@ -110,9 +89,9 @@ private slots:
         QWidget parent;
         const QScopedPointer<QWidget> editor(
             delegate.createEditor(&parent, {}, model.indexFromItem(item, 1)));
-        QCOMPARE(editor ? editor->metaObject()->className() : "", expected.editor);
+        QCOMPARE(QLatin1String(editor ? editor->metaObject()->className() : ""), editorClass);
         const EditorKind* kind = EditorKinds::of(tag);
-        QCOMPARE(kind != nullptr, *expected.editor != '\0');
+        QCOMPARE(kind != nullptr, !editorClass.isEmpty());
         // Each editor of ours says when the user acted on it.
         if (kind)
             QCOMPARE(kind->commitSignal(*editor).isValid(), tag != FeatureTag::CCM);

@@ -19,27 +19,20 @@
 #include <QSignalSpy>
 #include <QTextEdit>
 
-namespace {
-
-class FirstReads : public IORXListen
+class TestORXFeatureTree : public FeatureTreeTest, public IORXListen
 {
+    Q_OBJECT
+
 public:
-    FirstReads() { ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal); }
-    ~FirstReads() override { ORXListenTools::instance()->removeListener(this); }
     int notify(int code, void* key) override
     {
         if (code == ListenCode::kFirstReadEnded)
-            cameras.append(*static_cast<qint64*>(key));
+            m_firstReads.append(*static_cast<qint64*>(key));
         return 0;
     }
-    QList<qint64> cameras;
-};
 
-} // namespace
-
-class TestORXFeatureTree : public FeatureTreeTest
-{
-    Q_OBJECT
+private:
+    QList<qint64> m_firstReads; // cameras
 
     void chooseLevel(int level)
     {
@@ -63,18 +56,30 @@ private slots:
     void firstReadFillsTheEditors()
     {
         QSignalSpy firstRead(m_tree.get(), &ORXFeatureTree::SigFirstEndUpdateFeature);
-        const FirstReads listener;
+        ORXListenTools::instance()->addListener(this, ORXListenTools::PriorityNormal);
+        ZELCustomDockTitleBar title;
+        m_tree->setDockTitleBar(&title);
         QCOMPARE(m_tree->rootItem()->childCount(), 3); // favourites and two categories
         readOnce();
         QCOMPARE(firstRead.size(), 1);
         QCOMPARE(firstRead.first().first().toLongLong(), 1LL);
-        QCOMPARE(listener.cameras, QList<qint64>({1}));
+        QCOMPARE(m_firstReads, QList<qint64>({1}));
+        ORXListenTools::instance()->removeListener(this);
         QCOMPARE(editor<ORXPropertySpinBox>("Width")->singleStep(), qlonglong(16));
         QTRY_COMPARE(editor<ZELCustomComboBox>("PixelFormat")->currentText(), "Mono16"_s);
         QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), "1.5000"_s);
         QTRY_VERIFY(editor<ZELCustomCheckBox>("ReverseX")->isChecked());
         QTRY_VERIFY(editor<ZELCustomPushButton>("AcquisitionStart")->isEnabled());
-        QVERIFY(m_host.writes().isEmpty());
+        QVERIFY(m_host->writes().isEmpty());
+        QTRY_COMPARE(title.cTitleText(), "Bench 3"_s);
+        _OB_FT_DEVICEINFO_ info = {};
+        qstrncpy(info.deviceName, "Camera 7", sizeof(info.deviceName));
+        OBDeviceControl::SetDeviceInfo(&info);
+        m_host->set("DeviceUserID"_s, FakeHost::textFeature(""));
+        m_tree->RefreshFeatures();
+        QTRY_COMPARE(title.cTitleText(), "Camera 7"_s); // the user gave none
+        info = {};
+        OBDeviceControl::SetDeviceInfo(&info);
     }
 
     void directRead()
@@ -89,10 +94,10 @@ private slots:
             const QString before = value->value().toString();
             if (answered && feature->wasRead())
                 read += value->displayValue().isEmpty() ? before : value->displayValue();
-            m_host.failMode(QString::fromLatin1(name), 3);
+            m_host->failMode(QString::fromLatin1(name), 3);
             QVERIFY(!m_tree->rereadFeatureValue(feature, false)); // not readable
             QCOMPARE(value->value().toString(), before);
-            m_host.failMode(QString::fromLatin1(name), 0);
+            m_host->failMode(QString::fromLatin1(name), 0);
         }
         // The enumeration without its entries; neither the command nor the category has a value.
         QCOMPARE(read, (QStringList{"320"_s, "1.5000"_s, "7"_s, "True"_s, "Bench 3"_s}));
@@ -104,12 +109,12 @@ private slots:
     void lastUserLevelWins()
     {
         readOnce();
-        m_host.setLatencyMs(3);
+        m_host->setLatencyMs(3);
         m_tree->RefreshFeatures();
         chooseLevel(1);
-        QTRY_VERIFY(m_host.count("mode Detail"_s) >= 2);
+        QTRY_VERIFY(m_host->count("mode Detail"_s) >= 2);
         chooseLevel(0);
-        m_host.setLatencyMs(0);
+        m_host->setLatencyMs(0);
         QTRY_VERIFY(!m_tree->isReading());
         QTRY_VERIFY(item("Detail")->visible());
     }
@@ -119,13 +124,13 @@ private slots:
     {
         readOnce();
         const QString first = m_tree->AllTreeItemsMap().firstKey();
-        m_host.pace().closeGate(first);
+        m_host->pace().closeGate(first);
         m_tree->RefreshFeatures();
-        QTRY_COMPARE(m_host.pace().waitingAt(first), 1);
+        QTRY_COMPARE(m_host->pace().waitingAt(first), 1);
         m_tree->setInSight({"Detail"_s});
         chooseLevel(1);
         QTRY_COMPARE(m_tree->GetFeatureMutex()->waiting(), 1);
-        m_host.pace().openGate(first);
+        m_host->pace().openGate(first);
         QTRY_VERIFY(!m_tree->isReading());
         QVERIFY(!item("Detail")->visible());
         QVERIFY(item("Width")->visible());
@@ -138,13 +143,13 @@ private slots:
     {
         readOnce();
         m_tree->RefreshFeatures();
-        QCOMPARE(m_host.count("invalidate"_s), 0);
+        QCOMPARE(m_host->count("invalidate"_s), 0);
         m_tree->OnBtnRefresh();
-        QCOMPARE(m_host.count("invalidate"_s), 1);
-        m_host.set("Height"_s, FakeHost::integerFeature(99));
+        QCOMPARE(m_host->count("invalidate"_s), 1);
+        m_host->set("Height"_s, FakeHost::integerFeature(99));
         QTRY_COMPARE(item("Height")->value()->value().toInt(), 1); // the refresh was under way
         m_tree->UpdateFeatures(FEATURES_UPDATE_POLLING, QString(), {}, true, false);
-        QCOMPARE(m_host.count("invalidate"_s), 2);
+        QCOMPARE(m_host->count("invalidate"_s), 2);
         // Some devices do so at every full read.
         _OB_FT_DEVICEINFO_ info = {};
         info.deviceType = 8;
@@ -153,7 +158,7 @@ private slots:
         m_tree->UpdateFeatures(FEATURES_UPDATE_TL_LOCKED, QString(), {}, false, false);
         info.deviceType = 0;
         OBDeviceControl::SetDeviceInfo(&info);
-        QCOMPARE(m_host.count("invalidate"_s), 3);
+        QCOMPARE(m_host->count("invalidate"_s), 3);
     }
 
     // The end of a pass that was stopped arrives when the first read is under way again.
@@ -162,14 +167,14 @@ private slots:
         const QString first = m_tree->AllTreeItemsMap().firstKey();
         QSignalSpy fullReads(m_tree.get(), &ORXFeatureTree::SigFullReadEnded);
         for (const bool stopped : {true, false}) {
-            m_host.pace().closeGate(first);
+            m_host->pace().closeGate(first);
             m_tree->StartUpdateThread();
-            QTRY_COMPARE(m_host.pace().waitingAt(first), 1);
+            QTRY_COMPARE(m_host->pace().waitingAt(first), 1);
             QCoreApplication::processEvents();
             QVERIFY(!m_tree->HadUpdatedOnce());
             QVERIFY(fullReads.isEmpty());
             QVERIFY(m_tree->isReading());
-            m_host.pace().openGate(first);
+            m_host->pace().openGate(first);
             if (stopped)
                 m_tree->PauseUpdateThread();
         }
@@ -182,19 +187,19 @@ private slots:
     {
         readOnce();
         QSignalSpy fullReads(m_tree.get(), &ORXFeatureTree::SigFullReadEnded);
-        m_host.pace().closeGate("Counter"_s);
+        m_host->pace().closeGate("Counter"_s);
         m_tree->OnTimerFeatureNoCache();
-        QTRY_COMPARE(m_host.pace().waitingAt("Counter"_s), 1);
+        QTRY_COMPARE(m_host->pace().waitingAt("Counter"_s), 1);
         QVERIFY(!m_tree->isReading());
         m_tree->RefreshFeatures();
         QVERIFY(m_tree->isReading());
         const QString last = m_tree->AllTreeItemsMap().lastKey();
-        m_host.pace().closeGate(last);
-        m_host.pace().openGate("Counter"_s);
-        QTRY_COMPARE(m_host.pace().waitingAt(last), 1);
+        m_host->pace().closeGate(last);
+        m_host->pace().openGate("Counter"_s);
+        QTRY_COMPARE(m_host->pace().waitingAt(last), 1);
         QCoreApplication::processEvents();
         QVERIFY(fullReads.isEmpty());
-        m_host.pace().openGate(last);
+        m_host->pace().openGate(last);
         QTRY_COMPARE(fullReads.size(), 1);
     }
 
@@ -202,31 +207,31 @@ private slots:
     {
         readOnce();
         m_tree->OnTimerFeatureNoCache(); // what the polling timer does every two seconds
-        m_host.set("Counter"_s, FakeHost::integerFeature(77));
+        m_host->set("Counter"_s, FakeHost::integerFeature(77));
         QTRY_COMPARE(editor<ORXPropertySpinBox>("Counter")->value(), qlonglong(77));
-        QCOMPARE(m_host.count("get Width"_s), 0);
+        QCOMPARE(m_host->count("get Width"_s), 0);
         m_tree->EmitPollingFeatureChanged("Width"_s);
-        QTRY_COMPARE(m_host.count("get Height"_s), 1); // what a polled change invalidates
+        QTRY_COMPARE(m_host->count("get Height"_s), 1); // what a polled change invalidates
         QTRY_VERIFY(!m_tree->isReading());
-        QCOMPARE(m_host.count("get Width"_s), 0); // polling has just read it
+        QCOMPARE(m_host->count("get Width"_s), 0); // polling has just read it
         m_tree->PauseUpdateThread();
-        m_host.clearCalls();
+        m_host->clearCalls();
         m_tree->OnTimerFeatureNoCache();
-        QVERIFY(m_host.calls().isEmpty());
+        QVERIFY(m_host->calls().isEmpty());
     }
 
     void namedFeatureIsReadAgain()
     {
         readOnce();
-        m_host.set("Gain"_s, FakeHost::floatFeature(3.0F, 0.0F, 24.0F));
+        m_host->set("Gain"_s, FakeHost::floatFeature(3.0F, 0.0F, 24.0F));
         const auto changed = [](qint64 cameraId, const char* name) {
             NamedFeature feature = {cameraId, name};
             ORXListenTools::instance()->notifyListeners(ListenCode::kFeatureChanged, &feature);
         };
         changed(2, "Gain");
         changed(1, "Width");
-        QTRY_VERIFY(m_host.count("get Width"_s) > 0);
-        QCOMPARE(m_host.count("get Gain"_s), 0);
+        QTRY_VERIFY(m_host->count("get Width"_s) > 0);
+        QCOMPARE(m_host->count("get Gain"_s), 0);
         changed(1, "Gain");
         QTRY_COMPARE(editor<QPropertyLineEdit>("Gain")->text(), "3.0000"_s);
     }
@@ -258,11 +263,11 @@ private slots:
         QCOMPARE(m_tree->cameraID(), qint64(-1));
         QVERIFY(m_tree->findChild<QTextEdit*>()->toPlainText().isEmpty());
         QCOMPARE(view()->model()->rowCount(), 0);
-        m_host.clearCalls();
+        m_host->clearCalls();
         m_tree->OnTimeInvalidaterFeaturesUpdate();
         m_tree->OnTimerFeatureNoCache();
         QCoreApplication::processEvents();
-        QVERIFY(m_host.calls().isEmpty());
+        QVERIFY(m_host->calls().isEmpty());
         m_tree->removeCameraID(1);
         QVERIFY(m_tree->AllTreeItemsMap().isEmpty());
     }
@@ -273,7 +278,7 @@ private slots:
     {
         readOnce();
         bool during = false;
-        m_host.beforeGet = [&](const QString& name) {
+        m_host->beforeGet = [&](const QString& name) {
             if (name != QLatin1String("Width") || !ReentrancyScope::isActive())
                 return;
             during = true;
@@ -291,78 +296,45 @@ private slots:
 
     void descriptionFollowsRowAndLanguage()
     {
-        const auto* panel = m_tree->findChild<QTextEdit*>();
+        auto* panel = m_tree->findChild<QTextEdit*>();
         emit view()->pressed(index(item("Width")));
         QVERIFY(panel->toPlainText().contains("Columns of the image."_s));
         const QString last = m_tree->AllTreeItemsMap().firstKey();
-        m_host.pace().closeGate(last);
+        m_host->pace().closeGate(last);
         m_tree->setInSight(words("Width"));
         m_tree->StartUpdateThread();
         QTRY_VERIFY(panel->toPlainText().contains("4096"_s)); // as soon as it is read
-        m_host.pace().openGate(last);
+        m_host->pace().openGate(last);
         QTRY_VERIFY(m_tree->HadUpdatedOnce());
         const QString english = panel->toPlainText();
         QCOMPARE(panel->textCursor().position(), 0);
-        m_tree->findChild<QTextEdit*>()->selectAll();
+        panel->selectAll();
         m_tree->notifyEditorUpdate();
         QVERIFY(panel->textCursor().hasSelection()); // the text has not changed
         ORXInterface::setLanguage("CH"_s);
         QEvent change(QEvent::LanguageChange);
         QCoreApplication::sendEvent(m_tree.get(), &change);
-        QVERIFY(panel->toPlainText() != english);
-        QVERIFY(!panel->toPlainText().isEmpty());
+        QVERIFY(!panel->toPlainText().isEmpty() && panel->toPlainText() != english);
         editor<QPropertyLineEdit>("Gain")->setFocus(); // the row being edited is explained
         QVERIFY(panel->toPlainText().contains("Gain"_s));
     }
 
-    void titleShowsTheUsersName()
-    {
-        ZELCustomDockTitleBar title;
-        m_tree->setDockTitleBar(&title);
-        readOnce();
-        QTRY_COMPARE(title.cTitleText(), "Bench 3"_s);
-        _OB_FT_DEVICEINFO_ info = {};
-        qstrncpy(info.deviceName, "Camera 7", sizeof(info.deviceName));
-        OBDeviceControl::SetDeviceInfo(&info);
-        m_host.set("DeviceUserID"_s, FakeHost::textFeature(""));
-        m_tree->RefreshFeatures();
-        QTRY_COMPARE(title.cTitleText(), "Camera 7"_s); // the user gave none
-        info = {};
-        OBDeviceControl::SetDeviceInfo(&info);
-    }
-
-    // Rows that several workers lock
-    // -----------------------------------------------------------------
+    // Rows that several workers lock --------------------------------------------------------------
     void rowsAreFreeWhenTheLastEnds()
-    {
-        readOnce();
-        for (const bool firstEndsFirst : {true, false}) {
-            SelectorRowsLock first;
-            SelectorRowsLock second;
-            first.lock(m_tree.get(), words("Width Height NoSuchFeature"));
-            first.lock(m_tree.get(), words("Width Height NoSuchFeature")); // still the one lock
-            second.lock(m_tree.get(), words("Height Gain"));
-            QCOMPARE(locked(), words("Width Height Gain"));
-            SelectorRowsLock& earlier = firstEndsFirst ? first : second;
-            earlier.unlock();
-            earlier.unlock(); // it has none any more
-            QCOMPARE(locked(), firstEndsFirst ? words("Height Gain") : words("Width Height"));
-            (firstEndsFirst ? second : first).unlock();
-            QCOMPARE(locked(), QStringList());
-        }
-    }
-
-    // One that turns to other rows leaves alone what others hold.
-    void aLockTurnsToOtherRows()
     {
         readOnce();
         SelectorRowsLock first;
         {
             SelectorRowsLock second;
-            first.lock(m_tree.get(), words("Width Height"));
-            second.lock(m_tree.get(), words("Width"));
-            first.lock(m_tree.get(), words("Height Gain"));
+            first.lock(m_tree.get(), words("Width Height NoSuchFeature"));
+            second.lock(m_tree.get(), words("Width Height"));
+            first.lock(m_tree.get(), words("Height Gain")); // turns to other rows
+            first.lock(m_tree.get(), words("Height Gain")); // still the one lock
             QCOMPARE(locked(), words("Width Height Gain"));
+            second.unlock();
+            second.unlock(); // it has none any more
+            QCOMPARE(locked(), words("Height Gain"));
+            second.lock(m_tree.get(), words("Width"));
         }
         QCOMPARE(locked(), words("Height Gain"));
         first.lock(nullptr, words("Width"));

@@ -3,15 +3,12 @@
 #include "model/CTreeIntergerItemValue.h"
 #include "styledctl/ZELCustomComboBox.h"
 #include "tree/EditorTest.h"
-#include "tree/ORXPropertySpinBox.h"
-#include "tree/QPropertyLineEdit.h"
 
 #include <QApplication>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <qtestspontaneevent.h>
 
-#include <atomic>
 #include <thread>
 
 class TestORXFeatureTreeView : public EditorTest
@@ -193,45 +190,6 @@ private slots:
         delete gone;
         QCoreApplication::processEvents();
         QVERIFY(m_page->log.isEmpty());
-    }
-
-    void itemsGoWhileAWorkerPublishes()
-    {
-        openRows(4);
-        std::atomic<bool> stop{false};
-        std::atomic<int> wanted{0}; // publications; the event queue must not grow without end
-        Item* published = row(0);
-        std::thread worker([published, &stop, &wanted] {
-            auto* value = dynamic_cast<CTreeIntergerItemValue*>(published->value());
-            for (qint64 i = 0; !stop;) {
-                if (wanted <= 0) {
-                    std::this_thread::yield();
-                    continue;
-                }
-                --wanted;
-                ++i;
-                value->setNumbers({i % 100, 0, 100, 1});
-                published->endUpdateItem(1);
-                published->setVisible(i % 3 != 0, 1);
-            }
-        });
-        for (int i = 0; i < 100; ++i) {
-            auto* mirror = new Item(nullptr, m_page->pageType());
-            mirror->copy(published);
-            mirror->registerView(view());
-            published->setMappingItem(mirror);
-            view()->treeModel()->addItems(group(), {mirror});
-            wanted = 20;
-            QCoreApplication::processEvents();
-            view()->treeModel()->removeItems(group(), mirror);
-            delete mirror;
-        }
-        stop = true;
-        worker.join();
-        published->setVisible(true, 1);
-        QTRY_VERIFY(m_page->editor<ORXPropertySpinBox>(rowName(0)));
-        const qint64 last = published->value()->value().toLongLong();
-        QTRY_COMPARE(m_page->editor<ORXPropertySpinBox>(rowName(0))->value(), last);
     }
 
     void anOvertakenNotificationChangesNothing()

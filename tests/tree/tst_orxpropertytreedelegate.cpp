@@ -3,7 +3,6 @@
 #include "model/CTreeBooleanItemValue.h"
 #include "model/CTreeCustomWaterMarkItemValue.h"
 #include "model/CTreeEnumationItemValue.h"
-#include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
 #include "model/CTreeStringItemValue.h"
 #include "styledctl/ZELCustomComboBox.h"
@@ -35,6 +34,24 @@ class TestORXPropertyTreeDelegate : public EditorTest
         const Rows<QString> row("tag");
         for (const QString& tag : kTags)
             row.of(tag.toLatin1());
+    }
+    // With a value that is another one in each round.
+    void fill(Item* feature, int round, const QString& representation = QString())
+    {
+        if (auto* boxes = valueOf<CTreeCustomWaterMarkItemValue>(feature)) {
+            for (const int column : {0, 1})
+                boxes->setCheckState(column, round % 2 ? Qt::Checked : Qt::Unchecked);
+        } else if (valueOf<CTreeEnumationItemValue>(feature)) {
+            setEntries(feature, {"A%1"_s.arg(round), "B"_s, "C"_s}, {}, {0, 1, 2}, round % 3);
+        } else if (valueOf<CTreeIntergerItemValue>(feature)) {
+            setInteger(feature, 1234567890 + round, 10 * round, INT32_MAX, round + 1,
+                       representation.toLatin1());
+        } else if (auto* text = valueOf<CTreeStringItemValue>(feature)) {
+            text->setText(QString::number(round) + QString(60, QLatin1Char('w')), 64);
+        } else {
+            feature->value()->setValue(1.5F + static_cast<float>(round));
+        }
+        refill(feature);
     }
     static QString textOf(QWidget* widget, QAccessible::Text kind)
     {
@@ -84,23 +101,12 @@ private slots:
         const auto [tag, representation] = fetchRow<QString, QString>();
         open({tag, "Boolean"_s});
         Item* feature = m_page->item(tag);
-        const auto fill = [&](int round) {
-            if (auto* text = valueOf<CTreeStringItemValue>(feature))
-                text->setText(QString::number(round) + QString(60, QLatin1Char('w')), 64);
-            else if (valueOf<CTreeIntergerItemValue>(feature))
-                setInteger(feature, 1234567890 + round, 0, INT32_MAX, 1,
-                           representation.toLatin1().constData());
-            else
-                valueOf<CTreeFloatItemValue>(feature)->setNumbers(
-                    {1.5F + static_cast<float>(round), 0.0F, 100.0F});
-            refill(feature);
-        };
         const auto edit = [&] { return lineEdit(view()->editorOf(feature)); };
-        fill(0);
+        fill(feature, 0, representation);
         view()->openPersistentEdit(feature, true);
         QTRY_VERIFY(view()->editorOf(feature));
         QCOMPARE(edit()->cursorPosition(), 0);
-        fill(1);
+        fill(feature, 1, representation);
         QCOMPARE(edit()->cursorPosition(), 0);
         QEvent language(QEvent::LanguageChange);
         QCoreApplication::sendEvent(view(), &language);
@@ -108,14 +114,14 @@ private slots:
 
         // Not from under the hands of the user.
         type(edit(), "57"_s);
-        fill(2);
+        fill(feature, 2, representation);
         QCOMPARE(edit()->text(), "57"_s);
         QCOMPARE(edit()->cursorPosition(), 2);
         QTest::keyClick(edit(), Qt::Key_Return);
         QCOMPARE(m_page->writes.size(), 1);
         editor("Boolean")->setFocus();
         QCOMPARE(edit()->cursorPosition(), 0);
-        fill(3);
+        fill(feature, 3, representation);
         QCOMPARE(edit()->cursorPosition(), 0);
         edit()->setFocus();
         QTest::keyClick(edit(), Qt::Key_End);
@@ -146,31 +152,33 @@ private slots:
         QVERIFY(view()->editorOf(feature));
         QSignalSpy committed(view()->treeDelegate(), &QAbstractItemDelegate::commitData);
         for (int round = 1; round <= 3; ++round) {
-            if (auto* boxes = valueOf<CTreeCustomWaterMarkItemValue>(feature)) {
-                boxes->setCheckState(0, round % 2 ? Qt::Checked : Qt::Unchecked);
-                boxes->setCheckState(1, round % 2 ? Qt::Checked : Qt::Unchecked);
-            } else if (valueOf<CTreeEnumationItemValue>(feature)) {
-                setEntries(feature, {"A%1"_s.arg(round), "B"_s, "C"_s}, {}, {0, 1, 2}, round % 3);
-            } else if (valueOf<CTreeIntergerItemValue>(feature)) {
-                setInteger(feature, 20 * round, 10 * round, 100, round);
-            } else {
-                feature->value()->setValue(round);
-            }
             feature->setReadOnly(round == 2);
-            refill(feature);
+            fill(feature, round);
         }
         QCOMPARE(committed.size(), 0);
         QVERIFY(m_page->writes.isEmpty());
     }
 
-    void readOnlyAndCanEditDisable_data() { tags(); }
-    void readOnlyAndCanEditDisable()
+    void editorsStandInTheirCellsAndCanBeLocked_data() { tags(); }
+    void editorsStandInTheirCellsAndCanBeLocked()
     {
         QFETCH(QString, tag);
         open({tag});
         Item* feature = row(0);
         const QWidget* widget = view()->editorOf(feature);
-        QVERIFY(widget->isEnabled());
+        const QRect place = widget->geometry();
+        const QRect cell = view()->visualRect(index(feature, 1));
+        QCOMPARE(cell.height(), 38);
+        QVERIFY(cell.top() <= place.top() && place.bottom() <= cell.bottom());
+        QVERIFY(qAbs(place.center().y() - cell.center().y()) <= 1);
+        const bool wide = tag == QLatin1String("CustomTagNamePalettesMode");
+        QVERIFY2(wide ? place.left() == 20 : place.left() > cell.left(),
+                 qPrintable(QString::number(place.left())));
+        QVERIFY(place.right() < cell.right());
+        if (const QWidget* name = view()->editorOf(feature, 0))
+            QVERIFY(name->geometry().right() <= cell.left());
+
+        QVERIFY(widget->isVisible() && widget->isEnabled());
         if (!valueOf<CTreeCustomWaterMarkItemValue>(feature)) { // its columns have their own flags
             feature->setReadOnly(true);
             refill(feature);
@@ -243,26 +251,6 @@ private slots:
         item("CustomTagNameCCM")->value()->setDisplayName("Matrix"_s);
         refill(item("CustomTagNameCCM"));
         QCOMPARE(label->text(), "Matrix"_s);
-    }
-
-    void editorsStandInTheirCells_data() { tags(); }
-    void editorsStandInTheirCells()
-    {
-        QFETCH(QString, tag);
-        open({tag});
-        const QWidget* widget = view()->editorOf(row(0));
-        const QRect place = widget->geometry();
-        const QRect cell = view()->visualRect(index(row(0), 1));
-        QCOMPARE(cell.height(), 38);
-        QVERIFY(cell.top() <= place.top() && place.bottom() <= cell.bottom());
-        QVERIFY(qAbs(place.center().y() - cell.center().y()) <= 1);
-        const bool wide = tag == QLatin1String("CustomTagNamePalettesMode");
-        QVERIFY2(wide ? place.left() == 20 : place.left() > cell.left(),
-                 qPrintable(QString::number(place.left())));
-        QVERIFY(place.right() < cell.right());
-        QVERIFY(widget->isVisible());
-        if (const QWidget* name = view()->editorOf(row(0), 0))
-            QVERIFY(name->geometry().right() <= cell.left());
     }
 
     void rowsArePainted()

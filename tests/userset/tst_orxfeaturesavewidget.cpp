@@ -1,9 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "userset/ORXFeatureSaveWidget.h"
+
 #include "cameras/CameraError.h"
 #include "device/OBDeviceControl.h"
 #include "model/CTreeItemValue.h"
+#include "pages/DemoPageTest.h"
 #include "styledctl/ZELCustomMessageBox.h"
-#include "userset/UserSetDialogTest.h"
+#include "styledctl/ZELCustomPushButton.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QTimer>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -16,9 +26,111 @@ const QString kNotConfirmed = "The camera did not confirm that the user set is l
 using End = std::function<void(ORXFeatureSaveWidget*)>;
 Q_DECLARE_METATYPE(End)
 
-class TestORXFeatureSaveWidget : public UserSetDialogTest
+// The user set dialog: opened by the tool bar, its buttons pressed, and the message boxes that come
+// up answered.
+class TestORXFeatureSaveWidget : public DemoPageTest
 {
     Q_OBJECT
+
+protected:
+    void prepare() override
+    {
+        DemoPageTest::prepare();
+        m_seen.clear();
+        m_bAnswer = true;
+        m_bTimeGoesOn = false;
+        m_boxes.setInterval(5);
+        m_boxes.callOnTimeout(this, [this] {
+            if (m_bTimeGoesOn)
+                m_clock->advance(100ms);
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                auto* box = qobject_cast<ZELCustomMessageBox*>(window);
+                if (!box || !box->isVisible() || !m_bAnswer)
+                    continue;
+                m_seen += box->cContent().isEmpty() ? box->cTextTitle() : box->cContent();
+                QTest::mouseClick(box->cButton(ZELCustomMessageBox::Result_Ok), Qt::LeftButton);
+                return;
+            }
+        });
+        m_boxes.start();
+    }
+    void finish() override
+    {
+        m_boxes.stop();
+        m_boxes.disconnect();
+        DemoPageTest::finish();
+    }
+
+private:
+    // Opens the dialog by the tool bar and runs the steps inside its event loop.
+    void inDialog(const std::function<void(ORXFeatureSaveWidget*)>& steps)
+    {
+        bool ran = false;
+        QTimer::singleShot(0, this, [&] {
+            const QPointer<ORXFeatureSaveWidget> dialog =
+                m_window->widget()->findChild<ORXFeatureSaveWidget*>();
+            QVERIFY(dialog && dialog->isVisible());
+            ran = true;
+            steps(dialog);
+            if (dialog)
+                dialog->close();
+        });
+        QTest::mouseClick(m_window->widget()->findChild<QAbstractButton*>("ORXFeatureSave"_s),
+                          Qt::LeftButton);
+        QVERIFY(ran);
+    }
+    void press(ORXFeatureSaveWidget* dialog, int id)
+    {
+        QTRY_VERIFY(button(dialog, id)->isEnabled());
+        QTest::mouseClick(button(dialog, id), Qt::LeftButton);
+    }
+    // Presses, and runs the steps in the dialog's inner event loop as soon as the condition holds.
+    void press(ORXFeatureSaveWidget* dialog, int id, const std::function<bool()>& condition,
+               const std::function<void()>& steps)
+    {
+        bool ran = false;
+        QTimer watch;
+        watch.callOnTimeout(this, [&] {
+            if (!condition())
+                return;
+            watch.stop();
+            QTimer::singleShot(0, this, [&] {
+                ran = true;
+                steps();
+            });
+        });
+        watch.start(5);
+        press(dialog, id);
+        QVERIFY(ran);
+    }
+    static QAbstractButton* button(const ORXFeatureSaveWidget* dialog, int id)
+    {
+        for (QAbstractButton* each : dialog->findChildren<QAbstractButton*>()) {
+            if (each->property("userData") == QVariant(id))
+                return each;
+        }
+        return nullptr;
+    }
+    static QString text(const ORXFeatureSaveWidget* dialog, const char* label)
+    {
+        return dialog->findChild<QLabel*>(QString::fromLatin1(label))->text();
+    }
+    bool isWaiting(const ORXFeatureSaveWidget* dialog) const
+    {
+        const auto* status = m_window->item(kTree, "UserSetLoadStatus")->value();
+        return !button(dialog, 0)->isEnabled() && status->displayValue() == "Loading"_s;
+    }
+    // The same as soon as the dialog waits for the load.
+    void pressAndWait(ORXFeatureSaveWidget* dialog, int id, const std::function<void()>& steps)
+    {
+        press(
+            dialog, id, [&] { return isWaiting(dialog); }, steps);
+    }
+
+    QTimer m_boxes;     // answers message boxes
+    QStringList m_seen; // their texts
+    bool m_bTimeGoesOn = false;
+    bool m_bAnswer = true;
 
 private slots:
     void everyButtonDoesItsWork_data()
@@ -54,45 +166,15 @@ private slots:
             QCOMPARE(m_seen, QStringList(message));
             QTRY_COMPARE(text(dialog, powerUp ? "UserSetPowerUpName" : "UserSetCurrentName"),
                          set == "0" ? "Default"_s : "User Set "_s + QLatin1String(set));
+            press(dialog, id);
+            QCOMPARE(m_seen, QStringList({message, message}));
         });
         // A load puts a selector of the display back, which is no matter of this dialog.
         QStringList written = m_camera->writes();
         for (const QString& each : m_camera->writes().filter("RegionDisplaySelector"_s))
             written.removeOne(each);
-        QCOMPARE(written, writes);
-    }
-
-    void equalValuesAreNotWrittenAgain()
-    {
-        open();
-        inDialog([&](ORXFeatureSaveWidget* dialog) {
-            press(dialog, 1);
-            press(dialog, 1);
-            QCOMPARE(m_camera->writes(),
-                     (QStringList{"UserSetSelector=2"_s, "UserSetSave"_s, "UserSetSave"_s}));
-            m_camera->forget();
-            press(dialog, 7);
-            QVERIFY(m_camera->writes().isEmpty());
-            QCOMPARE(m_seen.size(), 3);
-        });
-    }
-
-    void setsKeepAndRestoreSettings()
-    {
-        write("ExposureTime", "5000");
-        open();
-        m_bTimeGoesOn = true;
-        inDialog([&](ORXFeatureSaveWidget* dialog) {
-            press(dialog, 2);
-            write("ExposureTime", "700");
-            press(dialog, 6);
-            _ZDCC_FLOATVALUE_T record = {};
-            QCOMPARE(m_demo->read(OB_FT_TYPE_FLOAT, "ExposureTime", &record), 0);
-            QCOMPARE(record.value, 5000.0F);
-            // What the camera changed by itself is shown, too.
-            const auto* shown = m_window->item(kTree, "ExposureTime")->value();
-            QTRY_COMPARE(shown->value().toFloat(), 5000.0F);
-        });
+        // What the camera has already is not written again.
+        QCOMPARE(written, writes + writes.mid(1));
     }
 
     void refusedSelectorSkipsTheCommand()
@@ -113,6 +195,7 @@ private slots:
 
     void loadWaitsForTheStatus()
     {
+        write("ExposureTime", "700");
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             pressAndWait(dialog, 5, [&] {
@@ -126,6 +209,9 @@ private slots:
             });
             QCOMPARE(m_seen, QStringList("user set2 loaded."_s));
             QVERIFY(button(dialog, 5)->isEnabled());
+            // What the camera changed by itself is shown, too.
+            const auto* exposure = m_window->item(kTree, "ExposureTime")->value();
+            QTRY_COMPARE(exposure->value().toFloat(), 10000.0F);
         });
     }
 
@@ -135,20 +221,6 @@ private slots:
         inDialog([&](ORXFeatureSaveWidget* dialog) {
             press(dialog, 4);
             QCOMPARE(m_seen, QStringList("user set1 loaded."_s));
-        });
-    }
-
-    // No reading of the status says "Loading".
-    void loadThatWasOverAtOnceEnds()
-    {
-        open();
-        // The camera is still busy with an earlier load when the command comes, and refuses it.
-        m_camera->fail("UserSetLoad", CameraError::NotWritable, MeddledCamera::Writes);
-        MessageGuard::expectMessage("Read Feature Failed"_s);
-        MessageGuard::expectMessage("Failed to execute Node"_s);
-        inDialog([&](ORXFeatureSaveWidget* dialog) {
-            press(dialog, 4);
-            QVERIFY(button(dialog, 4)->isEnabled());
         });
     }
 

@@ -143,7 +143,7 @@ private slots:
     {
         auto fold = identityLine<LUTFoldLine>();
         auto curve = identityLine<LUTSmoothCurve>();
-        for (LUTLine* line : {static_cast<LUTLine*>(&fold), static_cast<LUTLine*>(&curve)}) {
+        for (LUTLine* line : std::initializer_list<LUTLine*>{&fold, &curve}) {
             QVERIFY(line->press({0, 239}, m_plot));
             line->release({60, 180}, m_plot);
             QCOMPARE(line->handles().first(), (LUTPoint{0, 1024}));
@@ -282,8 +282,7 @@ private slots:
         LUTFoldLine fold;
         LUTSmoothCurve curve;
         LUTFreeLine free;
-        for (LUTLine* line : {static_cast<LUTLine*>(&fold), static_cast<LUTLine*>(&curve),
-                              static_cast<LUTLine*>(&free)}) {
+        for (LUTLine* line : std::initializer_list<LUTLine*>{&fold, &curve, &free}) {
             line->setRange(1024, 4095);
             line->replaceBy(wild);
             QCOMPARE(line->boundedTable(), wild);
@@ -315,9 +314,7 @@ private slots:
 
     void keysMoveTheSelectedPoint()
     {
-        QFETCH(int, number);
-        QFETCH(int, indexStep);
-        QFETCH(int, valueStep);
+        const auto [number, indexStep, valueStep] = fetchRow<int, int, int>();
         auto line = identityLine<LUTFoldLine>();
         QVERIFY(line.moveSelected(0, 1)); // selects the first point and moves nothing
         QCOMPARE(line.boundedTable(), identity(1024));

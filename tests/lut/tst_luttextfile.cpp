@@ -52,25 +52,20 @@ private slots:
         QCOMPARE(bytesOf(path("a.txt")), QByteArray("0\r\n4095\r\n1\r\n0\r\n"));
     }
 
-    void fullDiskKeepsTheFileBefore_data()
-    {
-        const Rows<int> row("count");
-        row("written at once", 4096);
-        row("buffered", 600);
-    }
-
     void fullDiskKeepsTheFileBefore()
     {
-        QFETCH(int, count);
-        QVERIFY(LUTTextFile::write(path("a.txt"), points(kPoints)));
-        const QByteArray before = bytesOf(path("a.txt"));
-        {
-            const FileSizeLimit full(4096);
-            QVERIFY(!LUTTextFile::write(path("a.txt"), points(count)));
-            QVERIFY(!LUTTextFile::write(path("new.txt"), points(count)));
+        // Written at once, and buffered.
+        for (const int count : {4096, 600}) {
+            QVERIFY(LUTTextFile::write(path("a.txt"), points(kPoints)));
+            const QByteArray before = bytesOf(path("a.txt"));
+            {
+                const FileSizeLimit full(4096);
+                QVERIFY(!LUTTextFile::write(path("a.txt"), points(count)));
+                QVERIFY(!LUTTextFile::write(path("new.txt"), points(count)));
+            }
+            QCOMPARE(bytesOf(path("a.txt")), before);
+            QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files), QStringList{"a.txt"_s});
         }
-        QCOMPARE(bytesOf(path("a.txt")), before);
-        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files), QStringList{"a.txt"_s});
     }
 
     void unwritablePlaces_data()
@@ -103,6 +98,8 @@ private slots:
             true);
         row("largest numbers", "8\r\n255\r\n", true);
         row("leading zeros", "0008\r\n0255\r\n", true);
+        row("as many points as there may be", QByteArray("0\r\n5\r\n").repeated(kPoints + 1), true);
+        row("one more", QByteArray("0\r\n5\r\n").repeated(kPoints + 2), false);
         row("empty", "", false);
         row("blank line", "\r\n", false);
         row("odd number of lines", "0\r\n5\r\n1\r\n", false);
@@ -137,22 +134,6 @@ private slots:
                  good ? LUTTextFile::ReadResult::Read : LUTTextFile::ReadResult::BadFormat);
         QCOMPARE(read == before, !good);
         QCOMPARE(bytesOf(path("a.txt")), content);
-    }
-
-    void mostPoints()
-    {
-        LUTPoints nine;
-        for (int i = 0; i < kPoints + 1; ++i)
-            nine.append({i, i});
-        LUTPoints read;
-        QVERIFY(LUTTextFile::write(path("a.txt"), nine));
-        QCOMPARE(LUTTextFile::read(path("a.txt"), kPoints, kMaxValue, kPoints, &read),
-                 LUTTextFile::ReadResult::Read);
-        QCOMPARE(read, nine);
-        nine.append({0, 0});
-        QVERIFY(LUTTextFile::write(path("a.txt"), nine));
-        QCOMPARE(LUTTextFile::read(path("a.txt"), kPoints, kMaxValue, kPoints, &read),
-                 LUTTextFile::ReadResult::BadFormat);
     }
 
     void whatIsNoFileIsNotOpened_data()

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The curve editor as the user meets it: drawn with the mouse, moved with keys, exchanged with a
 // camera, closed in the middle of a transfer. Files: see tst_orximgprocessingfeature.
-#include "basetools/ORXInterface.h"
 #include "lut/LutCamera.h"
 #include "lut/QLUTDrawWidget.h"
-#include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
-#include "support/DescriptionBuilder.h"
-#include "support/OpenedWindow.h"
 #include "support/TestMain.h"
 
 #include <QApplication>
@@ -21,7 +17,6 @@
 #include <QWheelEvent>
 
 #include <memory>
-#include <thread>
 
 namespace {
 
@@ -73,7 +68,6 @@ protected:
     }
     void finish() override
     {
-        ORXInterface::setFileDialogHook(nullptr);
         if (m_camera)
             m_camera->release();
         m_window.reset();
@@ -151,24 +145,6 @@ private slots:
         QCOMPARE(refreshed.size(), 2);
         m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
         QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), drawn);
-    }
-
-    void treeShowsWhereTheTransferEnded()
-    {
-        using namespace DescriptionBuilder;
-        const QString index = "LUTIndex"_s;
-        const QString value = "LUTValue"_s;
-        const QString integer = "Integer"_s;
-        FakeHost host;
-        host.set(index, FakeHost::integerFeature(0, 0, 3));
-        host.set(value, FakeHost::integerFeature(5, 0, 255));
-        const ReadWindow window(host, wrap(category("Root"_s, {index, value}) +
-                                           node(integer, index) + node(integer, value)));
-        const auto shown = [&] { return window.item("LUTIndex")->value()->value(); };
-        QCOMPARE(shown().toInt(), 0);
-        m_widget->LoadFromCamera();
-        QVERIFY(waitForEnd());
-        QTRY_COMPARE(shown().toInt(), 3);
     }
 
     void loadShowsTheCamerasTable_data()
@@ -269,40 +245,6 @@ private slots:
         QVERIFY(waitForEnd());
         QVERIFY(!box());
         QCOMPARE(m_widget->GetSettinngPoints(), before);
-    }
-
-    // The release comes when the window waits for it.
-    void goesWhileTheCameraHangs()
-    {
-        m_camera->holdAtCall(m_camera->calls() + 101);
-        m_widget->LoadFromCamera();
-        QTRY_VERIFY(m_camera->isHolding());
-        std::thread host([this] { m_camera->releaseWhenAwaited(); });
-        const int calls = m_camera->calls();
-        m_window.reset();
-        host.join();
-        QCOMPARE(m_camera->calls(), calls);
-        QVERIFY(!ZELCustomLoadingDialog::isLoading(kLoadingIndex));
-    }
-
-    void curveIsLeftAloneDuringATransfer()
-    {
-        m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
-        const LUTPoints before = m_widget->GetSettinngPoints();
-        m_camera->holdAtCall(m_camera->calls() + 100);
-        m_widget->SetToCamera();
-        QTRY_VERIFY(m_camera->isHolding());
-        dragMouse(m_widget, {at(20, 20), at(200, 100)});
-        QTest::keyClick(m_widget, Qt::Key_Up);
-        ORXInterface::setFileDialogHook([](auto, const QString&, const QString&) {
-            QTest::qFail("asked for a file", __FILE__, __LINE__);
-            return QString();
-        });
-        m_widget->LoadFromFile();
-        QCOMPARE(m_widget->GetSettinngPoints(), before);
-        m_camera->release();
-        QVERIFY(waitForEnd());
-        QCOMPARE(m_camera->table(), valuesOf(before));
     }
 
     void keysSelectAndMove()

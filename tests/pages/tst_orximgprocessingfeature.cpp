@@ -4,6 +4,7 @@
 // is tst_qlutdrawwidget's and tst_stopping's.
 #include "basetools/ORXInterface.h"
 #include "cameras/CameraError.h"
+#include "ccm/ORXCCMWidget.h"
 #include "lut/QLUTDrawWidget.h"
 #include "pages/DemoPageTest.h"
 #include "pages/ORXImgProcessingFeature.h"
@@ -228,6 +229,10 @@ private slots:
             return;
         QVERIFY(m_window->show(kPage, "Custom_CCM"));
         OBFT_TRY_VERIFY(cell(0) && cell(0)->text() == first);
+        // Every cell lies inside the editor.
+        const auto* table = imagePage()->findChild<ORXCCMWidget*>();
+        for (const QLineEdit* each : table->findChildren<QLineEdit*>())
+            QVERIFY(table->rect().contains(QRect(each->mapTo(table, QPoint()), each->size())));
         // The switch reaches the camera, or the file.
         m_camera->forget();
         QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
@@ -294,8 +299,12 @@ private slots:
     {
         const QVector<int> other = memory(3);
         write("LUTSelector", "1");
+        write("LUTIndex", "0");
         openLut();
         QCOMPARE(lutCommand("Custom_LUTLoadFromCamera"), "5 Loading from camera completed."_s);
+        // The tree shows where the transfer has ended.
+        const auto* index = m_window->item(kTree, "LUTIndex")->value();
+        OBFT_TRY_COMPARE(index->value().toInt(), QLUTDrawWidget::PointCount() - 1);
         const QVector<int> before = drawn();
         QVERIFY(m_window->choose(kPage, "Custom_LUTLineType", "Curve"_s));
         drawSomething();
@@ -381,6 +390,14 @@ private slots:
             OBFT_TRY_VERIFY(!m_window->item(kTree, name)->value()->enabled());
         QVERIFY(m_window->refresh());
         QVERIFY(!m_window->isEnabled(kPage, "LUTSelector"));
+        // The curve, too, is left alone.
+        const QVector<int> before = drawn();
+        drawSomething();
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up}) // selects, and moves
+            QTest::keyClick(editor(), key);
+        editor()->LoadFromFile();
+        QVERIFY(m_asked.isEmpty());
+        QCOMPARE(drawn(), before);
         m_camera->openGate();
         QTRY_VERIFY_WITH_TIMEOUT(!editor()->isTransferring(), kTransferMs);
         OBFT_TRY_VERIFY(m_window->isEnabled(kPage, "LUTSelector"));

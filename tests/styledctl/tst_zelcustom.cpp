@@ -75,8 +75,6 @@ private:
     int m_files = 0;
 
 private slots:
-    void initTestCase() { QVERIFY(m_folder.isValid()); }
-
     void unknownColourIsReportedOnce()
     {
         const QString key = "Nowhere_Background"_s;

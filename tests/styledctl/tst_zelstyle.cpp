@@ -86,8 +86,8 @@ class TestZELStyle : public GuardedTest
 {
     Q_OBJECT
 
-private:
-    void controls()
+private slots:
+    void focusShowsAndTakesTheWheel_data()
     {
         const Rows<Make> row("make");
         row("combo box", [] {
@@ -102,8 +102,6 @@ private:
         row("slider", &halfway<ZELCustomSlider>);
     }
 
-private slots:
-    void focusShowsAndTakesTheWheel_data() { controls(); }
     void focusShowsAndTakesTheWheel()
     {
         QFETCH(Make, make);

@@ -2,7 +2,6 @@
 // Every exported function from every place from which a host can call it, and the next opening
 // after it: what it does is the same everywhere, or it is refused and logged.
 #include "api/InterruptedHost.h"
-#include "api/RowDrag.h"
 #include "lut/QLUTDrawWidget.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/ChildProcess.h"
@@ -13,6 +12,7 @@
 #include <QComboBox>
 #include <QDrag>
 #include <QEventLoop>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 
@@ -39,6 +39,29 @@ const QStringList kPlaces =
 
 enum Reopening { InPlace, BeforeEvents, AfterEvents };
 const char* const kReopenings[] = {"opened in place", "opened before events run", "opened later"};
+
+// Begins a drag as the mouse does; returns when it has ended.
+void dragRow(const ORXFeatureTreeView* view, const QModelIndex& row)
+{
+    const QPoint from = view->visualRect(row).center();
+    const QPoint way(2 * QApplication::startDragDistance(), 0);
+    QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    const QPointer<QWidget> viewport(view->viewport());
+    for (int step = 1; step <= 2 && viewport; ++step) {
+        const QPoint at = from + step * way;
+        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &move);
+    }
+    if (viewport)
+        QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, from);
+}
+
+// Only this platform holds a drag up until it ends.
+bool dragsBlock()
+{
+    return QGuiApplication::platformName() == QLatin1String("minimal");
+}
 
 } // namespace
 

@@ -146,30 +146,25 @@ private slots:
     }
 
     // Wrong answers are in the matrix of faults; here there is nothing to ask, and nothing comes.
-    void badCallbacks_data()
-    {
-        const Rows<bool> row("exist");
-        row("none", false);
-        row("records stay as they were", true);
-    }
-
     void badCallbacks()
     {
-        QFETCH(bool, exist);
-        OB_FT_Init(m_xml.constData(), nullptr, nullptr);
-        const auto get = [](int, char*, void*, void*) { return 0; };
-        const auto getMode = [](char*, int* mode, void*) {
-            *mode = OB_FT_ACCESS_READ_WRITE;
-            return 0;
-        };
-        QCOMPARE(OB_FT_SetCallBackFunc(exist ? +get : nullptr, nullptr, exist ? +getMode : nullptr,
-                                       nullptr, nullptr, nullptr),
-                 0);
-        QCOMPARE(OB_FT_Start(nullptr, 0), 0);
-        ORXMainFeatureWidget* window = ORXMainFeatureWidget::instance(nullptr);
-        QTRY_VERIFY(window->featureTree(1, false)->HadUpdatedOnce());
-        QCOMPARE(OB_FT_UpdateFeatures(), 0);
-        QVERIFY(twentyPeriodsPass());
+        for (const bool exist : {false, true}) {
+            OB_FT_Init(m_xml.constData(), nullptr, nullptr);
+            const auto get = [](int, char*, void*, void*) { return 0; };
+            const auto getMode = [](char*, int* mode, void*) {
+                *mode = OB_FT_ACCESS_READ_WRITE;
+                return 0;
+            };
+            QCOMPARE(OB_FT_SetCallBackFunc(exist ? +get : nullptr, nullptr,
+                                           exist ? +getMode : nullptr, nullptr, nullptr, nullptr),
+                     0);
+            QCOMPARE(OB_FT_Start(nullptr, 0), 0);
+            ORXMainFeatureWidget* window = ORXMainFeatureWidget::instance(nullptr);
+            QTRY_VERIFY(window->featureTree(1, false)->HadUpdatedOnce());
+            QCOMPARE(OB_FT_UpdateFeatures(), 0);
+            QVERIFY(twentyPeriodsPass());
+            OB_FT_Release();
+        }
     }
 
     void languageIsTheHosts()

@@ -117,42 +117,31 @@ private slots:
         QCOMPARE(err, 42);
     }
 
-    void failedWriteLogsItsCode_data()
-    {
-        const Rows<int, QByteArray> row("code", "printed");
-        row("small", 31, "1f");
-        row("top bit", static_cast<int>(0x80000106U), "-7ffffefa");
-        row("minus one", -1, "-1");
-    }
-
     void failedWriteLogsItsCode()
     {
-        const auto [code, printed] = fetchRow<int, QByteArray>();
-        FakeHost host;
-        host.fail("Gain"_s, code);
-        host.install();
-        const QByteArray line = "Read Feature Failed; NodeName : Gain;  ErrorCode : " + printed;
-        MessageGuard::ignoreMessage(QtCriticalMsg, line.constData());
-        int err = 0;
-        QVERIFY(!OBDeviceControl::SetFloatNodeValue("Gain"_s, 1.0F, &err));
-        QCOMPARE(err, code);
-    }
-
-    void chunkSupportFollowsReadability_data()
-    {
-        const Rows<int, bool, bool> row("mode", "active", "supported");
-        row("no chunk mode", 0, false, false);
-        row("readable but off", 4, false, true);
-        row("on", 3, true, true);
+        for (const auto& [code, printed] :
+             {std::pair(31, "1f"), {int(0x80000106U), "-7ffffefa"}, {-1, "-1"}}) {
+            FakeHost host;
+            host.fail("Gain"_s, code);
+            host.install();
+            const QByteArray line =
+                QByteArray("Read Feature Failed; NodeName : Gain;  ErrorCode : ") + printed;
+            MessageGuard::ignoreMessage(QtCriticalMsg, line.constData());
+            int err = 0;
+            QVERIFY(!OBDeviceControl::SetFloatNodeValue("Gain"_s, 1.0F, &err));
+            QCOMPARE(err, code);
+        }
     }
 
     void chunkSupportFollowsReadability()
     {
-        const auto [mode, active] = fetchRow<int, bool>();
-        FakeHost host;
-        host.set("ChunkModeActive"_s, FakeHost::booleanFeature(active).withMode(mode));
-        host.install();
-        QTEST(OBDeviceControl::IsSupportChunk(), "supported");
+        for (const auto& [mode, active, supported] :
+             {std::tuple(0, false, false), {4, false, true}, {3, true, true}}) {
+            FakeHost host;
+            host.set("ChunkModeActive"_s, FakeHost::booleanFeature(active).withMode(mode));
+            host.install();
+            QCOMPARE(OBDeviceControl::IsSupportChunk(), supported);
+        }
     }
 
     void recordsOfTheHostAreBounded()

@@ -3,10 +3,12 @@
 // camera, closed in the middle of a transfer. Files: see tst_orximgprocessingfeature.
 #include "lut/LutCamera.h"
 #include "lut/QLUTDrawWidget.h"
+#include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
-#include "support/TestMain.h"
+#include "support/DescriptionBuilder.h"
+#include "support/OpenedWindow.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -145,6 +147,24 @@ private slots:
         QCOMPARE(refreshed.size(), 2);
         m_widget->SetDrawLineChanged(QLUTDrawWidget::FreeLine);
         QCOMPARE(valuesOf(m_widget->GetSettinngPoints()), drawn);
+    }
+
+    void treeShowsWhereTheTransferEnded()
+    {
+        using namespace DescriptionBuilder;
+        const QString index = "LUTIndex"_s;
+        const QString value = "LUTValue"_s;
+        const QString integer = "Integer"_s;
+        FakeHost host;
+        host.set(index, FakeHost::integerFeature(0, 0, 3));
+        host.set(value, FakeHost::integerFeature(5, 0, 255));
+        const ReadWindow window(host, wrap(category("Root"_s, {index, value}) +
+                                           node(integer, index) + node(integer, value)));
+        const auto shown = [&] { return window.item("LUTIndex")->value()->value(); };
+        QCOMPARE(shown().toInt(), 0);
+        m_widget->LoadFromCamera();
+        QVERIFY(waitForEnd());
+        QTRY_COMPARE(shown().toInt(), 3);
     }
 
     void loadShowsTheCamerasTable_data()

@@ -25,12 +25,6 @@ LUTPoints identity(int points)
     return table(points, [](int i) { return 4 * i; });
 }
 
-// The pixel of a point on the plot, rounded to the grid that the mouse knows.
-QPoint pixelOf(const LUTPlot& plot, const LUTPoint& point)
-{
-    return plot.pixelOf(point).toPoint();
-}
-
 // A line of 1,024 points, each four times its index.
 template <typename Line>
 Line identityLine()
@@ -227,7 +221,7 @@ private slots:
                 QCOMPARE(curve.selectedPoint().index, plot.indexAt(pixel.x()));
             } else {
                 const int number = random.bounded(int(curve.handles().size()));
-                QVERIFY(curve.press(pixelOf(plot, curve.handles().at(number)), plot));
+                QVERIFY(curve.press(plot.pixelOf(curve.handles().at(number)).toPoint(), plot));
                 curve.release(pixel, plot);
             }
             const LUTPoints controls = curve.handles();
@@ -268,10 +262,10 @@ private slots:
     void controlPointStaysBetweenItsNeighbours()
     {
         auto curve = identityLine<LUTSmoothCurve>();
-        QVERIFY(curve.press(pixelOf(m_plot, curve.handles().at(2)), m_plot));
+        QVERIFY(curve.press(m_plot.pixelOf(curve.handles().at(2)).toPoint(), m_plot));
         curve.release({235, 120}, m_plot);
         QCOMPARE(curve.handles().at(2), (LUTPoint{766, 2048}));
-        QVERIFY(curve.press(pixelOf(m_plot, curve.handles().at(2)), m_plot));
+        QVERIFY(curve.press(m_plot.pixelOf(curve.handles().at(2)).toPoint(), m_plot));
         curve.release({1, 120}, m_plot);
         QCOMPARE(curve.handles().at(2), (LUTPoint{256, 2048}));
     }

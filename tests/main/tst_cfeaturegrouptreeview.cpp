@@ -236,13 +236,11 @@ private slots:
     void otherCamerasDoNotCount()
     {
         Pages pages;
-        int changed = 0;
-        connect(pages.view.get(), &CFeatureGroupTreeView::SigChildVisibleChanged, this,
-                [&changed] { ++changed; });
+        QSignalSpy changed(pages.view.get(), &CFeatureGroupTreeView::SigChildVisibleChanged);
         pages.item("Width")->setVisible(false, kCamera + 1);
-        QCOMPARE(changed, 0);
+        QCOMPARE(changed.count(), 0);
         pages.item("Width")->setVisible(true, kCamera);
-        QCOMPARE(changed, 1);
+        QCOMPARE(changed.count(), 1);
     }
 
     void searchTellsEachShownItemOnce()

@@ -66,12 +66,6 @@ class TestORXMainFeatureWidget : public DescribedWindowTest<cameraDescription>
 {
     Q_OBJECT
 
-private:
-    QString dockTitle(const ORXMainFeatureWidget* widget) const
-    {
-        return widget->findChild<ZELCustomDockTitleBar*>()->cTitleText();
-    }
-
 private slots:
     void theToolBar()
     {
@@ -241,7 +235,8 @@ private slots:
     {
         m_host->set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
         const ReadWindow window(*m_host, m_xml);
-        QTRY_COMPARE(dockTitle(window.widget()), "left camera"_s);
+        const auto* title = window.widget()->findChild<ZELCustomDockTitleBar*>();
+        QTRY_COMPARE(title->cTitleText(), "left camera"_s);
         QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
         window.widget()->SetTitleVisible(false);
         QVERIFY(!window.widget()->cIsTitleVisible());

@@ -5,6 +5,7 @@
 #include "styledctl/ZELCustomMessageBox.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "styledctl/ZELCustomTitleBar.h"
+#include "support/BracketTranslator.h"
 #include "support/TestMain.h"
 
 #include <QLabel>
@@ -242,14 +243,22 @@ private slots:
         QVERIFY(edit->viewport()->rect().contains(edit->cursorRect(end)));
     }
 
-    void ownCaptionStaysInEveryLanguage()
+    void languageChange()
     {
-        ZELCustomMessageBox box;
-        box.cSetCaption("Mine"_s);
-        box.cEndSetParameter();
-        QEvent change(QEvent::LanguageChange);
-        QCoreApplication::sendEvent(&box, &change);
-        QCOMPARE(box.cCaption(), "Mine"_s);
+        ZELCustomMessageBox standard;
+        ZELCustomMessageBox named;
+        named.cSetCaption("Mine"_s);
+        standard.cSetButtons(2);
+        standard.cEndSetParameter();
+        named.cEndSetParameter();
+        BracketTranslator translator;
+        QCoreApplication::installTranslator(&translator);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(standard.cCaption(), "[ZELCustomMessageBox|Prompt]"_s);
+        QCOMPARE(standard.cButton(ZELCustomMessageBox::Result_Cancel)->text(),
+                 "[ZELCustomMessageBox|Cancel]"_s);
+        QCOMPARE(named.cCaption(), "Mine"_s);
+        QCoreApplication::removeTranslator(&translator);
     }
 
     void signLiesOverItsWindow()

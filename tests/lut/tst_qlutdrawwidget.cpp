@@ -19,7 +19,6 @@
 #include <QWheelEvent>
 
 #include <memory>
-#include <thread>
 
 namespace {
 
@@ -266,23 +265,6 @@ private slots:
         QVERIFY(waitForEnd());
         QVERIFY(!box());
         QCOMPARE(m_widget->GetSettinngPoints(), before);
-    }
-
-    // The release comes when the window waits for it.
-    void goesWhileTheCameraHangs()
-    {
-        m_camera->holdAtCall(m_camera->calls() + 101);
-        m_widget->LoadFromCamera();
-        QTRY_VERIFY(m_camera->isHolding());
-        std::thread host([this] {
-            while (!MessageGuard::contains("LUT: waiting for a call of the host to return"_s))
-                std::this_thread::yield();
-            m_camera->release();
-        });
-        const int calls = m_camera->calls();
-        m_window.reset();
-        host.join();
-        QCOMPARE(m_camera->calls(), calls);
     }
 
     void keysSelectAndMove()

@@ -22,4 +22,5 @@ esac
 . scripts/quietly.sh
 quietly "configuring $preset" cmake --preset "$preset"
 quietly "building $preset" cmake --build --preset "$preset" --parallel "$(nproc)"
-ctest --preset "$preset" -j "$(nproc)" "$@"
+# One more at a time than there are processors: tests also wait.
+ctest --preset "$preset" -j "$(($(nproc) + 1))" "$@"

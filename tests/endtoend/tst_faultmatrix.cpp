@@ -8,6 +8,7 @@
 #include "host/CameraTalk.h"
 #include "pages/PageWindow.h"
 #include "styledctl/ZELCustomMessageBox.h"
+#include "support/DescriptionBuilder.h"
 #include "support/Periods.h"
 #include "support/TestMain.h"
 
@@ -17,43 +18,33 @@ namespace {
 
 constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
 
-const QByteArray kDescription = R"(<?xml version="1.0" encoding="utf-8"?>
-<RegisterDescription ModelName="Matrix" VendorName="Test" StandardNameSpace="None"
-    SchemaMajorVersion="1" SchemaMinorVersion="1" SchemaSubMinorVersion="0" MajorVersion="1"
-    MinorVersion="0" SubMinorVersion="0" ProductGuid="0" VersionGuid="0">
-  <Category Name="Root"><pFeature>Kinds</pFeature></Category>
-  <Category Name="Kinds">
-    <pFeature>TheInteger</pFeature><pFeature>TheAddress</pFeature><pFeature>TheFloat</pFeature>
-    <pFeature>TheBoolean</pFeature><pFeature>TheEnumeration</pFeature>
-    <pFeature>TheCommand</pFeature><pFeature>TheString</pFeature><pFeature>Calm</pFeature>
-  </Category>
-  <Integer Name="TheInteger"><Value>40</Value><Min>0</Min><Max>100</Max><Inc>1</Inc></Integer>
-  <Integer Name="TheAddress"><Value>31</Value><Min>0</Min><Max>65535</Max><Inc>1</Inc>
-    <Representation>HexNumber</Representation></Integer>
-  <Float Name="TheFloat"><Value>1.5</Value><Min>0</Min><Max>10</Max></Float>
-  <Boolean Name="TheBoolean"><Value>0</Value><OnValue>1</OnValue><OffValue>0</OffValue></Boolean>
-  <Enumeration Name="TheEnumeration">
-    <EnumEntry Name="First"><Value>0</Value></EnumEntry>
-    <EnumEntry Name="Second"><Value>1</Value></EnumEntry>
-    <Value>0</Value>
-  </Enumeration>
-  <Command Name="TheCommand"><pValue>CommandRegister</pValue><CommandValue>1</CommandValue></Command>
-  <Integer Name="CommandRegister"><Value>0</Value></Integer>
-  <String Name="TheString"><Value>left</Value></String>
-  <Integer Name="Calm"><Value>5</Value><Min>0</Min><Max>100</Max><Inc>1</Inc></Integer>
-</RegisterDescription>)";
+QByteArray description()
+{
+    using namespace DescriptionBuilder;
+    return wrap(
+        elements("Category Root pFeature=Kinds;"
+                 "Category Kinds pFeature=TheInteger,TheAddress,TheFloat,TheBoolean,TheEnumeration,"
+                 "TheCommand,TheString,Calm;"
+                 "Integer TheInteger Value=40 Min=0 Max=100 Inc=1;"
+                 "Integer TheAddress Value=31 Min=0 Max=65535 Inc=1 Representation=HexNumber;"
+                 "Float TheFloat Value=1.5 Min=0 Max=10;"
+                 "Boolean TheBoolean Value=0 OnValue=1 OffValue=0;"
+                 "Command TheCommand pValue=CommandRegister CommandValue=1;"
+                 "Integer CommandRegister Value=0; String TheString Value=left;"
+                 "Integer Calm Value=5 Min=0 Max=100 Inc=1") +
+        node("Enumeration"_s, "TheEnumeration"_s,
+             "<EnumEntry Name=\"First\"><Value>0</Value></EnumEntry>"
+             "<EnumEntry Name=\"Second\"><Value>1</Value></EnumEntry><Value>0</Value>"_s));
+}
 
-// What is shown, and what is entered over it.
 struct Kind
 {
     const char* name;
-    const char* shown;
     const char* entered;
 };
-constexpr Kind kKinds[] = {{"TheInteger", "40", "77"},       {"TheAddress", "0x1F", "0x2A"},
-                           {"TheFloat", "1.5000", "2.5"},    {"TheBoolean", "unchecked", ""},
-                           {"TheEnumeration", "First", ""},  {"TheCommand", "", ""},
-                           {"TheString", "left", "entered"}, {"Calm", "5", "6"}};
+constexpr Kind kKinds[] = {{"TheInteger", "77"},     {"TheAddress", "0x2A"}, {"TheFloat", "2.5"},
+                           {"TheBoolean", ""},       {"TheEnumeration", ""}, {"TheCommand", ""},
+                           {"TheString", "entered"}, {"Calm", "6"}};
 
 } // namespace
 
@@ -61,7 +52,6 @@ class TestFaultMatrix : public GuardedTest
 {
     Q_OBJECT
 
-    enum Doing { Opening, Editing, Refreshing, Closing };
     enum Left { All, Neighbour, None, Others };
 
 protected:
@@ -76,13 +66,11 @@ protected:
     }
 
 private:
-    bool isShown(const Kind& kind) const { return m_window->isRowShown(kTree, kind.name); }
-
     QStringList shownRows() const
     {
         QStringList rows;
         for (const Kind& kind : kKinds) {
-            if (isShown(kind))
+            if (m_window->isRowShown(kTree, kind.name))
                 rows.append(QString::fromLatin1(kind.name) + QLatin1Char(' ') +
                             m_window->shown(kTree, kind.name));
         }
@@ -103,21 +91,16 @@ private:
             QTest::mouseClick(editor, Qt::LeftButton, {}, QPoint(10, editor->height() / 2));
     }
 
-    QString message() const
+    // What those said that were shown.
+    QString closeMessages() const
     {
-        const auto boxes = m_window->widget()->findChildren<ZELCustomMessageBox*>();
-        for (const ZELCustomMessageBox* box : boxes) {
+        QString said;
+        for (auto* box : m_window->widget()->findChildren<ZELCustomMessageBox*>()) {
             if (box->isVisible())
-                return box->cContent();
-        }
-        return {};
-    }
-
-    void closeMessages() const
-    {
-        const auto boxes = m_window->widget()->findChildren<ZELCustomMessageBox*>();
-        for (ZELCustomMessageBox* box : boxes)
+                said += box->cContent();
             box->close();
+        }
+        return said;
     }
 
     QString inCamera(const char* name) const
@@ -135,80 +118,59 @@ private slots:
     {
         // Whether a write is refused with the code, whether the neighbour is struck as well, and
         // which rows a refresh leaves as they were: a feature without an access mode has none.
-        const Rows<QString, bool, bool, int, int> row("plan", "refuses", "strikesAll", "leaves",
-                                                      "doing");
-        struct Fault
-        {
-            const char* plan;
-            bool refuses;
-            bool strikesAll;
-            Left leaves = Others;
+        const Rows<QString, QString, bool, bool, int> row("plan", "doing", "refuses", "strikesAll",
+                                                          "leaves");
+        const auto faults = [&row](const char* plans, int leaves, bool refuses = false,
+                                   bool strikesAll = false) {
+            for (const QString& plan : QString::fromLatin1(plans).split("; "_s)) {
+                for (const QString& doing : words("opening editing refreshing closing"))
+                    row(qPrintable("%1 while %2"_s.arg(plan, doing)), plan, doing, refuses,
+                        strikesAll, leaves);
+            }
         };
-        static constexpr Fault kFaults[] = {
-            {"latency The* 5", false, false},
-            {"jitter The* 5", false, false},
-            {"hang The* 200", false, false},
-            {"error The* 0x80010008", true, false},
-            {"error The* 0x80010008 always", true, false, Neighbour},
-            {"error The* -7 always on read", false, false, All},
-            {"error The* -7 always on mode", false, false, Neighbour},
-            {"error The* 0x80010008 always on write", true, false, All},
-            {"vanish The*", true, false, Neighbour},
-            {"value The* 999999", false, false},
-            {"value The* -1", false, false},
-            {"lock The* by Calm", false, false},
-            {"mode The* 0", false, false, Neighbour},
-            {"mode The* 1", false, false, Neighbour},
-            {"mode The* 2", false, false},
-            {"mode The* 3", false, false},
-            {"mode The* 77", false, false, Neighbour},
-            {"range The* min=nan max=nan inc=nan value=nan", false, false},
-            {"range The* min=-inf max=inf value=inf", false, false},
-            {"range The* min=10 max=-10 inc=-3", false, false},
-            {"entries The* 0", false, false},
-            {"entries The* 4000000000", false, false},
-            {"text The* unterminated", false, false},
-            {"text The* empty", false, false},
-            {"disconnect", true, true, None},
-            {"long-text TheInteger", false, false},
-        };
-        static constexpr const char* kDoings[] = {"opening", "editing", "refreshing", "closing"};
-        for (const Fault& fault : kFaults) {
-            for (int doing = Opening; doing <= Closing; ++doing)
-                row(qPrintable(QString::fromLatin1(fault.plan) + " while "_s +
-                               QString::fromLatin1(kDoings[doing])),
-                    fault.plan, fault.refuses, fault.strikesAll, fault.leaves, doing);
-        }
+        faults("latency The* 5; jitter The* 5; hang The* 200; value The* 999999; value The* -1; "
+               "lock The* by Calm; mode The* 2; mode The* 3; "
+               "range The* min=nan max=nan inc=nan value=nan; "
+               "range The* min=-inf max=inf value=inf; range The* min=10 max=-10 inc=-3; "
+               "entries The* 0; entries The* 4000000000; text The* unterminated; "
+               "text The* empty; long-text TheInteger",
+               Others);
+        faults("error The* -7 always on read", All);
+        faults("error The* -7 always on mode; mode The* 0; mode The* 1; mode The* 77", Neighbour);
+        faults("error The* 0x80010008", Others, true);
+        faults("error The* 0x80010008 always on write", All, true);
+        faults("error The* 0x80010008 always; vanish The*", Neighbour, true);
+        faults("disconnect", None, true, true);
     }
 
     void theWindowGoesOn()
     {
-        const auto [plan, refuses, strikesAll, leaves, doing] =
-            fetchRow<QString, bool, bool, int, int>();
+        const auto [plan, doing, refuses, strikesAll, leaves] =
+            fetchRow<QString, QString, bool, bool, int>();
         // A fault of reading and of the access mode is told in the log alone.
         for (const char* line : {"Read Feature Failed", "0x8001", "0xFFFFFFF9"})
             MessageGuard::expectMessage(QString::fromLatin1(line));
         QString wrong;
         const auto faults = FaultPlan::parse(plan, &wrong);
         QVERIFY2(faults, qPrintable(wrong));
-        m_real = std::make_unique<SimulatedCamera>(kDescription);
+        m_real = std::make_unique<SimulatedCamera>(description());
         m_faulty = std::make_unique<FaultyCamera>(*m_real, *faults);
         m_camera = std::make_unique<SwitchedCamera>(*m_real, *m_faulty);
-        m_camera->setFaulty(doing == Opening);
+        m_camera->setFaulty(doing == "opening"_s);
         m_window = std::make_unique<PageWindow>(*m_camera);
-        const QStringList before = doing == Opening ? QStringList() : shownRows();
+        const QStringList before = doing == "opening"_s ? QStringList() : shownRows();
         m_camera->setFaulty(true);
 
-        if (doing == Editing) {
+        if (doing == "editing"_s) {
             for (const Kind& kind : kKinds)
                 edit(kind);
-            QCOMPARE(message().contains("0x8001"_s), refuses);
-        } else if (doing == Refreshing) {
+            QCOMPARE(closeMessages().contains("0x8001"_s), refuses);
+        } else if (doing == "refreshing"_s) {
             QVERIFY(m_window->refresh());
             const QString left = leaves == Neighbour ? "Calm"_s : QString();
             if (leaves != Others)
                 OBFT_TRY_COMPARE(shownRows(), leaves == None ? QStringList() : before.filter(left));
-        } else if (doing == Closing) {
+        } else if (doing == "closing"_s) {
             OB_FT_UpdateFeatures();
             OB_FT_Close();
             const int calls = m_camera->calls();
@@ -216,14 +178,14 @@ private slots:
             QCOMPARE(m_camera->calls(), calls);
         }
         closeMessages();
-        if (doing != Closing && !strikesAll) {
+        if (doing != "closing"_s && !strikesAll) {
             QVERIFY(m_window->enter(kTree, "Calm", "9"_s));
             OBFT_TRY_COMPARE(inCamera("Calm"), "9"_s);
         }
 
         m_camera->setFaulty(false);
         closeMessages();
-        if (doing == Closing)
+        if (doing == "closing"_s)
             OB_FT_Start(nullptr, 0);
         else
             QVERIFY(m_window->refresh());

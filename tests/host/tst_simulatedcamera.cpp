@@ -2,6 +2,7 @@
 #include "cameras/RegisterMemory.h"
 #include "cameras/SimulatedCamera.h"
 #include "host/CameraTalk.h"
+#include "support/DescriptionBuilder.h"
 #include "support/TestMain.h"
 
 #include <limits>
@@ -15,6 +16,12 @@ QByteArray reg(const char* name, int address, const char* extra = "")
            "</Address><Length>4</Length><AccessMode>RW</AccessMode><pPort>Device</pPort>"
            "<Sign>Unsigned</Sign><Endianess>LittleEndian</Endianess>" +
            extra + "</IntReg>";
+}
+
+// Others in short.
+QByteArray inShort(const char* text)
+{
+    return DescriptionBuilder::elements(text).toUtf8();
 }
 
 QByteArray description(const QByteArray& nodes)
@@ -112,24 +119,18 @@ private slots:
     {
         const Rows<QByteArray, QString> row("nodes", "talk");
         const char* const faulty = "F: BrokenDescription; F=1: BrokenDescription";
-        row("missing value", "<Integer Name='F'><pValue>No</pValue></Integer>", faulty);
-        row("circle",
-            "<Integer Name='F'><pValue>G</pValue></Integer>"
-            "<Integer Name='G'><pValue>F</pValue></Integer>",
-            faulty);
-        row("missing decider",
-            "<Integer Name='F'><pIsAvailable>No</pIsAvailable><Value>1</Value></Integer>", faulty);
-        row("decider in a circle",
-            "<Integer Name='F'><pIsLocked>F</pIsLocked><pValue>F</pValue></Integer>", faulty);
+        row("missing value", inShort("Integer F pValue=No"), faulty);
+        row("circle", inShort("Integer F pValue=G; Integer G pValue=F"), faulty);
+        row("missing decider", inShort("Integer F pIsAvailable=No Value=1"), faulty);
+        row("decider in a circle", inShort("Integer F pIsLocked=F pValue=F"), faulty);
         row("huge register", reg("F", 0).replace("<Length>4<", "<Length>4000000000000<"), faulty);
         row("length from a register",
             reg("F", 0).replace("<Length>4</Length>", "<pLength>L</pLength>") +
-                "<Integer Name='L'><Value>4000000000000</Value></Integer>",
+                inShort("Integer L Value=4000000000000"),
             faulty);
         row("missing port", reg("F", 0).replace("Device", "Elsewhere"), faulty);
         row("faulty limits are left out",
-            "<Integer Name='F'><pValue>R</pValue><pMin>No</pMin><pMax>No</pMax></Integer>" +
-                reg("R", 0),
+            inShort("Integer F pValue=R pMin=No pMax=No") + reg("R", 0),
             "F: 0; F.min: -9223372036854775808; F.max: 9223372036854775807; F=12; F: 12");
         // Registers that are empty get values at which the features are available and in range.
         row("available by a bit of a register",
@@ -139,23 +140,21 @@ private slots:
                 reg("R", 0) + reg("Q", 8),
             "F? rw; F.min: 5; F.max: 9; F: 5");
         row("maximum from an empty register",
-            "<Integer Name='F'><pValue>R</pValue><Min>5</Min><pMax>Q</pMax></Integer>" +
-                reg("R", 0) + reg("Q", 8),
+            inShort("Integer F pValue=R Min=5 pMax=Q") + reg("R", 0) + reg("Q", 8),
             "F? rw; F.min: 5; F.max: 1000; F: 5");
         row("lock that stands against availability",
-            "<Integer Name='F'><pIsAvailable>Q</pIsAvailable><pIsLocked>Q</pIsLocked>"
-            "<pValue>R</pValue><Min>5</Min><Max>9</Max></Integer>" +
-                reg("R", 0) + reg("Q", 8),
+            inShort("Integer F pIsAvailable=Q pIsLocked=Q pValue=R Min=5 Max=9") + reg("R", 0) +
+                reg("Q", 8),
             "F? ro; F.min: 5; F.max: 9; F: 5");
         row("each entry of a selector",
             "<Enumeration Name='Sel'><EnumEntry Name='A'><Value>0</Value></EnumEntry>"
             "<EnumEntry Name='B'><Value>1</Value></EnumEntry><pValue>SelReg</pValue>"
-            "<pSelected>F</pSelected></Enumeration>"
-            "<Integer Name='F'><pValue>R</pValue><Min>5</Min><Max>9</Max></Integer>" +
-                reg("SelReg", 0) + reg("R", 16, "<pIndex Offset='4'>SelReg</pIndex>"),
+            "<pSelected>F</pSelected></Enumeration>" +
+                inShort("Integer F pValue=R Min=5 Max=9") + reg("SelReg", 0) +
+                reg("R", 16, "<pIndex Offset='4'>SelReg</pIndex>"),
             "Sel=0; F: 5; Sel=1; F: 5");
         row("described start values",
-            "<Integer Name='S'><Value>2</Value></Integer>" +
+            inShort("Integer S Value=2") +
                 reg("R", 16,
                     "<pIndex Offset='4'>S</pIndex>"
                     "<Extension><StartValues>10 20 30</StartValues></Extension>") +
@@ -163,9 +162,8 @@ private slots:
                 "<Extension><StartValue>two words</StartValue></Extension></StringReg>",
             "R: 30; T: two word");
         row("lock makes read-only",
-            "<Integer Name='F'><pIsLocked>L</pIsLocked><Value>1</Value></Integer>"
-            "<Integer Name='OverF'><pValue>F</pValue></Integer><Command Name='C'>"
-            "<pIsLocked>L</pIsLocked><pValue>W</pValue><CommandValue>1</CommandValue></Command>" +
+            inShort("Integer F pIsLocked=L Value=1; Integer OverF pValue=F;"
+                    "Command C pIsLocked=L pValue=W CommandValue=1") +
                 reg("W", 0).replace(">RW<", ">WO<") + reg("L", 8),
             "C(); L=1; F? ro; F=5: NotWritable; OverF? ro; OverF=5: NotWritable; C? wo; "
             "C(): NotWritable");
@@ -175,22 +173,19 @@ private slots:
             "<pValue>R</pValue></Enumeration>" +
                 reg("R", 0) + reg("D", 8),
             "D=0; E.entries: 1; E=7: OutOfRange; D=1; E=7; E.entries: 2; E: 7");
-        row("increment binds writes",
-            "<Integer Name='F'><Value>3</Value><Min>3</Min><Max>40</Max><Inc>5</Inc></Integer>",
+        row("increment binds writes", inShort("Integer F Value=3 Min=3 Max=40 Inc=5"),
             "F=13; F=15: OutOfRange");
-        row("rounded bound counts as bound",
-            "<Float Name='F'><Value>1</Value><Min>0.00012346</Min><Max>1234.4</Max></Float>",
+        row("rounded bound counts as bound", inShort("Float F Value=1 Min=0.00012346 Max=1234.4"),
             "F=1234.9; F: 1234.4; F=0.0001234; F=1236: OutOfRange");
-        row("whole range of 64 bits", "<Integer Name='F'><Value>0</Value></Integer>",
+        row("whole range of 64 bits", inShort("Integer F Value=0"),
             "F=-9223372036854775808; F: -9223372036854775808; F=9223372036854775807; "
             "F: 9223372036854775807");
         const QString euros(85, QChar(0x20AC));
-        row("long text is cut between characters", "<String Name='S'><Value>x</Value></String>",
+        row("long text is cut between characters", inShort("String S Value=x"),
             "S=%1%1; S: %1; S.bytes: 255"_s.arg(euros));
         row("data ports have no value",
-            "<Integer Name='F'><pValue>R</pValue></Integer>" +
-                reg("R", 0).replace("Device", "Chunk") +
-                "<Port Name='Chunk'><ChunkID>12</ChunkID></Port>",
+            inShort("Integer F pValue=R; Port Chunk ChunkID=12") +
+                reg("R", 0).replace("Device", "Chunk"),
             "F? na");
     }
 

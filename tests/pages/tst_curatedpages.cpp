@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-// What stands on the curated pages in the window, on the simulated camera, and the white balance of
-// the common features page.
+// What stands on the curated pages in the window, on the simulated camera, the white balance of the
+// common features page, and why a row cannot be edited.
 #include "cameras/CameraError.h"
+#include "main/ORXFeatureGroup.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "pages/DemoPageTest.h"
+#include "tree/ORXFeatureTreeView.h"
+#include "tree/ReadOnlyReasonLine.h"
+
+#include <QLineEdit>
 
 namespace {
 
@@ -34,6 +39,8 @@ private:
         const QString command = m_window->isRowShown(kCommon, kCommand) ? "command"_s : QString();
         return command + (ratio ? "ratio"_s : QString());
     }
+    ReadOnlyReasonLine* line() const { return m_window->tree()->findChild<ReadOnlyReasonLine*>(); }
+    QString said() const { return line()->isVisible() ? line()->toPlainText() : QString(); }
 
 private slots:
     void groupsHoldTheirFeatures_data()
@@ -124,7 +131,7 @@ private slots:
 
     void titlesInBothLanguages()
     {
-        const auto [language, titles] = fetchRow<int, QStringList>();
+        auto [language, titles] = fetchRow<int, QStringList>();
         open({}, language);
         titles.replaceInStrings("_"_s, " "_s);
         QCOMPARE(m_window->titles(kCommon) + m_window->titles(kTrigger) + m_window->titles(kImage),
@@ -286,19 +293,12 @@ private slots:
         QTRY_COMPARE(shown(), words("Red 777 Red 777"));
         QCOMPARE(m_camera->writes(), words("BalanceRatio=16376 BalanceRatioSelector=1 "
                                            "BalanceRatioSelector=0 BalanceRatio=777"));
-    }
-
-    void refusedRatioIsShownAndTakenBack()
-    {
-        QCOMPARE(write("GammaEnable", "1"), 0);
-        open();
-        QTRY_COMPARE(m_window->shown(kCommon, kRatio), "1536"_s);
+        // A refused ratio is told, and taken back.
         MessageGuard::expectMessage("Read Feature Failed"_s);
-        QVERIFY(m_window->show(kCommon, kRatio));
         m_camera->fail("BalanceRatio", CameraError::NotWritable);
         QVERIFY(m_window->enter(kCommon, kRatio, "2000"_s));
         QTRY_VERIFY(message().startsWith("Node 'BalanceRatio':failed to save value '2000'"_s));
-        QTRY_COMPARE(m_window->shown(kCommon, kRatio), "1536"_s);
+        QTRY_COMPARE(m_window->shown(kCommon, kRatio), "777"_s);
     }
 
     void commandBalancesOnce()
@@ -347,6 +347,56 @@ private slots:
             QTRY_VERIFY(m_window->tree()->HadUpdatedOnce());
         }
         QTRY_COMPARE(shownBalance(), "command"_s);
+    }
+
+    // Why a row cannot be edited ------------------------------------------------------------------
+    // On each page, and in each language.
+    void acquisitionLocks()
+    {
+        constexpr int kImagePage = ORXMainFeatureWidget::ImageProcessingTab;
+        open();
+        QVERIFY(m_window->select(kTree, "Width"));
+        OBFT_TRY_COMPARE(said(), QString());
+        QVERIFY(m_window->click(kTree, "AcquisitionStart"));
+        QVERIFY(m_window->select(kTree, "Width"));
+        OBFT_TRY_COMPARE(said(), "Locked by TL Params Locked (1)"_s);
+        QVERIFY(!m_window->isEnabled(kImagePage, "Width"));
+        ORXPropertyTreeItem* width = m_window->item(kTree, "Width");
+        OBFT_TRY_COMPARE(
+            m_window->page(kImagePage)->treeView()->editorOf(width)->accessibleDescription(),
+            "Locked by TL Params Locked (1)"_s);
+        m_window->widget()->SetLanguage(1);
+        QVERIFY(m_window->select(kTree, "Width"));
+        OBFT_TRY_COMPARE(said(), "已锁定，取决于：传输层参数锁定 (1)"_s);
+        OBFT_TRY_COMPARE(m_window->tree()->treeView()->editorOf(width)->accessibleDescription(),
+                         said());
+        QVERIFY(m_window->click(kTree, "AcquisitionStop"));
+        QVERIFY(m_window->select(kTree, "Width"));
+        OBFT_TRY_COMPARE(said(), QString());
+        OBFT_TRY_VERIFY(m_window->isEnabled(kTree, "Width"));
+    }
+
+    void linkLeadsToTheFeature()
+    {
+        open();
+        // None, one that finds it, and one that does not.
+        for (const QString& search : {""_s, "throughput"_s, "gain"_s}) {
+            QVERIFY(m_window->select(kTree, "DeviceLinkThroughputLimit"));
+            OBFT_TRY_COMPARE(said(), "Locked by Device Link Throughput Limit Mode (Off)"_s);
+            auto* box =
+                m_window->widget()->featureGroup(1)->findChild<QLineEdit*>("FeatureSearch"_s);
+            box->setText(search);
+            OBFT_TRY_VERIFY(line()->isVisible());
+            line()->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(line(), Qt::Key_Return);
+            QCOMPARE(m_window->tree()->treeView()->currentIndex(),
+                     m_window->row(kTree, "DeviceLinkThroughputLimitMode"));
+            QVERIFY(m_window->isRowShown(kTree, "DeviceLinkThroughputLimitMode"));
+            QVERIFY(m_window->tree()->treeView()->hasFocus());
+            QCOMPARE(said(), QString());
+            QCOMPARE(box->text(),
+                     m_window->item(kTree, "Gain")->searchMatch() ? QString() : search);
+        }
     }
 };
 

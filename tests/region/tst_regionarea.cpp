@@ -68,6 +68,7 @@ Q_DECLARE_METATYPE(RegionAxis::Limits)
 class TestRegionArea : public GuardedTest
 {
     Q_OBJECT
+    using Limits = RegionAxis::Limits;
 
 private slots:
     void editsSnap_data()
@@ -94,7 +95,7 @@ private slots:
     void editsSnap()
     {
         const auto [edit, to, result] = fetchRow<char, qint64, RegionAxis::Span>();
-        RegionAxis::Limits limits;
+        Limits limits;
         limits.sizeMinimum = limits.sizeIncrement = 16;
         limits.offsetIncrement = 4;
         limits.extent = 2048;
@@ -103,7 +104,6 @@ private slots:
 
     void whatCannotBeLegalStays_data()
     {
-        using Limits = RegionAxis::Limits;
         const Rows<Limits, RegionAxis::Span, QByteArray> row("limits", "span", "edits");
         // Sizes: minimum, increment; offsets: minimum, increment; extent; maximum of size and
         // offset.
@@ -145,7 +145,6 @@ private slots:
 
     void sillyLimitsAreBounded_data()
     {
-        using Limits = RegionAxis::Limits;
         const Rows<Limits, RegionAxis::Span> row("limits", "span");
         row("no increments", Limits{1, 0, 0, 0, 100}, {10, 20});
         row("negative increments", Limits{1, -4, 0, -4, 100}, {10, 20});

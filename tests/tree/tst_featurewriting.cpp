@@ -266,7 +266,7 @@ private slots:
         reads.acquire();
         int meanwhile = -1;
         QTimer::singleShot(0, &osd, [&] {
-            meanwhile = m_host->writes().size();
+            meanwhile = int(m_host->writes().size());
             mayRead.release();
             if (released == "waiting"_s)
                 m_tree->readyForDelete();

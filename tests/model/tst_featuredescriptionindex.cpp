@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FeatureDeciders.h"
 #include "model/FeatureDescriptionIndex.h"
+#include "model/NodesReadAhead.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
 #include "support/TestMain.h"
@@ -312,6 +313,23 @@ private slots:
         const auto [description, written] = fetchRow<QString, bool>();
         const FeatureDeciders deciders(indexOf(description, {}).nodes());
         QCOMPARE(deciders.canEverBeWritten("Width"_s), written);
+    }
+
+    void nodesReadAheadAreThoseOfTheContent()
+    {
+        XmlDocument document;
+        XmlDocument other;
+        document.setContent(wrap(elements("Integer Width")));
+        other.setContent(wrap(elements("Integer Height")));
+        const auto names = [&] { return NodesReadAhead::take(document).nodes().keys(); };
+        NodesReadAhead::read(other);
+        QCOMPARE(names(), words("Width"));
+        NodesReadAhead::read(document);
+        QCOMPARE(names(), words("Width"));
+        QCOMPARE(names(), words("Width")); // read anew
+        NodesReadAhead::read(document);
+        document.setContent(wrap(elements("Integer Gain")));
+        QCOMPARE(names(), words("Gain"));
     }
 };
 

@@ -80,3 +80,6 @@ void FeatureInfoTabs::changeEvent(QEvent* event)
         setTabText(i, m_titles.at(i)());
     showActions();
 }
+
+// In document mode there is but the base of the bar below the corner, a bright line.
+void FeatureInfoTabs::paintEvent(QPaintEvent*) {}

@@ -168,6 +168,11 @@ private slots:
         showPanel();
         list()->setCurrentIndex(panel()->journal()->index(rowOf("Width"_s), 0));
         QVERIFY(button("ChangesRevert")->isVisible());
+        // No line stands below the buttons.
+        const QWidget* buttons = button("ChangesRevert")->parentWidget();
+        const QRect place(buttons->mapTo(m_window->widget(), QPoint()), buttons->size());
+        const QImage picture = m_window->widget()->grab(place).toImage();
+        QCOMPARE(picture.pixel(1, picture.height() - 1), picture.pixel(1, 1));
         list()->setFocus();
         QTest::keyClick(list(), Qt::Key_Tab);
         OBFT_TRY_VERIFY(button("ChangesRevert")->hasFocus());

@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QSemaphore>
 #include <QTextEdit>
@@ -127,6 +128,22 @@ private slots:
             switchLanguage(window);
             QCOMPARE(textsOf(window.widget()), old);
         }
+    }
+
+    // A window that is opened in a language has been switched to it, too: this one is not compared
+    // with another.
+    void nothingOfTheWindowStaysEnglish()
+    {
+        const QStringList english = freshTexts(0);
+        QStringList same;
+        for (const QString& text : freshTexts(1)) {
+            if (english.contains(text) &&
+                text.contains(QRegularExpression("^[^r].*: .*[a-z]{3}"_s)))
+                same += text;
+        }
+        // The names of this camera.
+        QCOMPARE(same,
+                 (QStringList{"dock: text"_s, "label: Test camera"_s, "title: Test camera"_s}));
     }
 
     void switchingWhileReading()

@@ -167,6 +167,7 @@ private slots:
             QCOMPARE(closeMessages().contains("0x8001"_s), refuses);
         } else if (doing == "refreshing"_s) {
             QVERIFY(m_window->refresh());
+            QApplication::processEvents(); // what the threads told is shown
             const QString left = leaves == Neighbour ? "Calm"_s : QString();
             if (leaves != Others)
                 OBFT_TRY_COMPARE(shownRows(), leaves == None ? QStringList() : before.filter(left));

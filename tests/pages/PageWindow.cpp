@@ -263,8 +263,5 @@ bool PageWindow::refresh() const
     if (!QTest::qWaitFor(allIdle, kPatienceMs))
         return false;
     OB_FT_UpdateFeatures();
-    if (!QTest::qWaitFor(allIdle, kPatienceMs))
-        return false;
-    QApplication::processEvents(); // what the threads told is shown
-    return true;
+    return QTest::qWaitFor(allIdle, kPatienceMs);
 }

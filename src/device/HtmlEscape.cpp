@@ -1,24 +1,50 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/HtmlEscape.h"
 
+namespace {
+
+// What stands for the character in HTML; empty when it stands for itself.
+QLatin1String escapeOf(QChar character)
+{
+    switch (character.unicode()) {
+    case '&':
+        return QLatin1String("&amp;");
+    case '>':
+        return QLatin1String("&gt;");
+    case '<':
+        return QLatin1String("&lt;");
+    case '"':
+        return QLatin1String("&quot;");
+    case '\'':
+        return QLatin1String("&#39;");
+    case '\n':
+    case '\r':
+        return QLatin1String("<br>");
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
 QString htmlEscaped(const QString& text)
 {
-    // The ampersand comes first, since the other replacements bring new ones.
-    static const struct
-    {
-        QLatin1String from;
-        QLatin1String to;
-    } kEscapes[] = {
-        {QLatin1String("&"), QLatin1String("&amp;")},
-        {QLatin1String(">"), QLatin1String("&gt;")},
-        {QLatin1String("<"), QLatin1String("&lt;")},
-        {QLatin1String("\""), QLatin1String("&quot;")},
-        {QLatin1String("'"), QLatin1String("&#39;")},
-        {QLatin1String("\n"), QLatin1String("<br>")},
-        {QLatin1String("\r"), QLatin1String("<br>")},
-    };
-    QString escaped = text;
-    for (const auto& escape : kEscapes)
-        escaped.replace(escape.from, escape.to);
+    QString escaped;
+    escaped.reserve(text.size());
+    appendHtmlEscaped(escaped, text);
     return escaped;
+}
+
+void appendHtmlEscaped(QString& html, const QString& text)
+{
+    const QChar* pending = text.cbegin();
+    for (const QChar* at = pending; at != text.cend(); ++at) {
+        const QLatin1String escape = escapeOf(*at);
+        if (escape.isEmpty())
+            continue;
+        html.append(pending, int(at - pending));
+        html += escape;
+        pending = at + 1;
+    }
+    html.append(pending, int(text.cend() - pending));
 }

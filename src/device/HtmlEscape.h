@@ -5,3 +5,4 @@
 
 // The text with markup characters as entities and line breaks as "<br>".
 QString htmlEscaped(const QString& text);
+void appendHtmlEscaped(QString& html, const QString& text);

@@ -84,7 +84,7 @@ void CTreeItemValue::copy(const CTreeItemValue* from, bool all)
     m_strTranslateName = from->m_strTranslateName;
     m_strToolTip = from->m_strToolTip;
     m_strDocTextCN = from->m_strDocTextCN;
-    m_strDocInputs = from->m_strDocInputs;
+    m_docInputs = from->m_docInputs;
 }
 
 void CTreeItemValue::setDisplayName(const QString& name)
@@ -128,25 +128,22 @@ QString CTreeItemValue::docText() const
 {
     return locked(m_strDocText);
 }
-void CTreeItemValue::setDocText(const QString& html)
-{
-    assign(m_strDocText, html);
-}
 QString CTreeItemValue::docTextCN() const
 {
     return locked(m_strDocTextCN);
 }
-void CTreeItemValue::setDocTextCN(const QString& html)
+FeatureDocInputs CTreeItemValue::docInputs() const
 {
-    assign(m_strDocTextCN, html);
+    const ItemStateLock lock;
+    return m_docInputs;
 }
-QString CTreeItemValue::docInputs() const
+void CTreeItemValue::setDoc(const QString& html, const QString& htmlCN,
+                            const FeatureDocInputs& inputs)
 {
-    return locked(m_strDocInputs);
-}
-void CTreeItemValue::setDocInputs(const QString& inputs)
-{
-    assign(m_strDocInputs, inputs);
+    const ItemStateLock lock;
+    m_strDocText = html;
+    m_strDocTextCN = htmlCN;
+    m_docInputs = inputs;
 }
 
 bool CTreeItemValue::enabled() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "model/FeatureDocInputs.h"
 #include "model/ItemStateLock.h"
 #include "model/ReadOnlyCause.h"
 
@@ -52,12 +53,10 @@ public:
     void setUnit(const QString& unit);
     // The description panel's HTML in English and Chinese.
     QString docText() const;
-    void setDocText(const QString& html);
     QString docTextCN() const;
-    void setDocTextCN(const QString& html);
     // What the two were last built from; equal inputs need no new texts.
-    QString docInputs() const;
-    void setDocInputs(const QString& inputs);
+    FeatureDocInputs docInputs() const;
+    void setDoc(const QString& html, const QString& htmlCN, const FeatureDocInputs& inputs);
 
     // False keeps the item's editor disabled whatever its read-only state.
     bool enabled() const;
@@ -104,6 +103,6 @@ private:
     QString m_strTranslateName;
     QString m_strToolTip;
     QString m_strDocTextCN;
-    QString m_strDocInputs;
+    FeatureDocInputs m_docInputs;
     QString m_strCurrentStatus;
 };

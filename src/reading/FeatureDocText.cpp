@@ -15,6 +15,19 @@
 namespace {
 
 const QLatin1String kChinese("CH");
+const QLatin1String kNodeName("Node Name: ");
+const QLatin1String kType("Type: ");
+const QLatin1String kNameSpace("Name Space: ");
+const QLatin1String kVisibility("Visibility: ");
+const QLatin1String kStreamable("Streamable: ");
+const QLatin1String kMinimum("Min: ");
+const QLatin1String kMaximum("Max: ");
+const QLatin1String kIncrement("Inc: ");
+const QLatin1String kEntryName("Enum Entry Name: ");
+const QLatin1String kEntryValue("Enum Entry Value: ");
+
+// Characters; a text without entries seldom needs more.
+constexpr int kUsualLength = 2048;
 
 // A range whose upper end is not above this says nothing.
 constexpr float kSmallestMaximum = 0.0001F;
@@ -36,32 +49,133 @@ bool hasNoRange(const QString& name)
     return names.contains(name);
 }
 
-// Stands in for a text in the filter's template, whose own markers the filter would fill.
-constexpr QChar kOwnText(0xE000);
-
-QString asValue(const QString& text)
+// The filter's span around any text. What it costs to make is paid once for all texts.
+class Span
 {
-    static const QColor colour =
-        ZELCustom::getDataBaseColor(QStringLiteral("QGetFeaturesThreadColor_FeatureDesc"));
-    return OBDeviceControl::stringToHtmlFilter(QString(kOwnText), colour, true)
-        .replace(kOwnText, htmlEscaped(text));
+public:
+    explicit Span(const QString& colourKey, bool bold)
+    {
+        // Stands in for a text in the filter's template, whose own markers the filter would fill.
+        constexpr QChar kOwnText(0xE000);
+        const QString whole = OBDeviceControl::stringToHtmlFilter(
+            QString(kOwnText), ZELCustom::getDataBaseColor(colourKey), bold);
+        const int at = int(whole.indexOf(kOwnText));
+        m_open = whole.left(at);
+        m_close = whole.mid(at + 1);
+    }
+    void append(QString& html, const QString& text) const
+    {
+        html += m_open;
+        appendHtmlEscaped(html, text);
+        html += m_close;
+    }
+
+private:
+    QString m_open;
+    QString m_close;
+};
+
+void appendValue(QString& html, const QString& text)
+{
+    static const Span span(QStringLiteral("QGetFeaturesThreadColor_FeatureDesc"), true);
+    span.append(html, text);
 }
 
-QString asLabel(const char* text)
+void appendLine(QString& html, QLatin1String label, const QString& value)
 {
-    static const QColor colour =
-        ZELCustom::getDataBaseColor(QStringLiteral("QGetFeaturesThreadColor_FeatureTitle"));
-    return OBDeviceControl::stringToHtmlFilter(QString::fromLatin1(text), colour, false);
-}
-
-QString line(const char* label, const QString& value)
-{
-    return asLabel(label) + asValue(value + QLatin1Char('\n'));
+    static const Span span(QStringLiteral("QGetFeaturesThreadColor_FeatureTitle"), false);
+    span.append(html, label);
+    appendValue(html, value + QLatin1Char('\n'));
 }
 
 QString fixed(float number)
 {
     return QString::number(static_cast<double>(number), 'f');
+}
+
+void appendTitle(QString& html, const QString& name, QString description)
+{
+    description.replace(QLatin1Char('"'), QLatin1Char('\''));
+    appendValue(html, name + QLatin1Char('\n'));
+    appendValue(html, description + QLatin1String("\n\n"));
+}
+
+void appendTitle(QString& html, const FeatureDocInputs& inputs, bool chinese)
+{
+    if (chinese)
+        appendTitle(html, inputs.translateName,
+                    inputs.translatedDescription.isEmpty() ? inputs.description
+                                                           : inputs.translatedDescription);
+    else
+        appendTitle(html, inputs.displayName, inputs.description);
+}
+
+void appendEntries(QString& html, const FeatureNode& node, const FeatureDocInputs& inputs,
+                   bool chinese)
+{
+    auto usable = inputs.usableEntries.cbegin();
+    for (const FeatureEnumEntry& entry : node.entries) {
+        if (!*usable++)
+            continue;
+        QString name;
+        if (chinese)
+            name = OBDeviceControl::GetEnumerationTrans(node.name, entry.name);
+        appendLine(html, kEntryName, name.isEmpty() ? entry.name : name);
+        appendLine(html, kEntryValue, entry.valueText);
+        appendLine(html, kNameSpace, entry.nameSpace);
+        appendLine(html, kVisibility,
+                   entry.visibility.isEmpty() ? QStringLiteral("Beginner") : entry.visibility);
+    }
+}
+
+void appendRange(QString& html, const QString& minimum, const QString& maximum)
+{
+    appendLine(html, kMinimum, minimum);
+    appendLine(html, kMaximum, maximum);
+}
+
+void appendValueInfo(QString& html, const FeatureNode& node, const FeatureDocInputs& inputs,
+                     bool chinese)
+{
+    if (hasNoValueInfo(node.name))
+        return;
+    switch (node.tag) {
+    case FeatureTag::Integer:
+    case FeatureTag::IntReg:
+        if (!hasNoRange(node.name))
+            appendRange(html, QString::number(inputs.minimum), QString::number(inputs.maximum));
+        if (inputs.increment > 0)
+            appendLine(html, kIncrement, QString::number(inputs.increment));
+        return;
+    case FeatureTag::Float:
+    case FeatureTag::Converter:
+        if (inputs.floatMaximum + kSmallestMaximum >= 0 &&
+            inputs.floatMaximum - kSmallestMaximum > 0)
+            appendRange(html, fixed(inputs.floatMinimum), fixed(inputs.floatMaximum));
+        return;
+    case FeatureTag::Enumeration:
+        appendEntries(html, node, inputs, chinese);
+        return;
+    default:
+        return;
+    }
+}
+
+QString docText(const FeatureNode& node, const QString& streamable, const FeatureDocInputs& inputs,
+                bool chinese)
+{
+    QString html;
+    html.reserve(kUsualLength);
+    appendTitle(html, inputs, chinese);
+    appendLine(html, kNodeName, node.name);
+    appendLine(html, kType, node.tagName);
+    appendLine(html, kNameSpace,
+               node.nameSpace.isEmpty() ? QStringLiteral("Standard") : node.nameSpace);
+    appendLine(html, kVisibility, inputs.visibility);
+    appendLine(html, kStreamable, streamable);
+    appendValueInfo(html, node, inputs, chinese);
+    html.squeeze();
+    return html;
 }
 
 } // namespace
@@ -71,114 +185,69 @@ FeatureDocText::FeatureDocText(FeatureDecider& decider)
 {
 }
 
-bool FeatureDocText::isUsable(const FeatureEnumEntry& entry)
-{
-    return m_decider.IsFeatureImplemented(entry.pIsImplemented) &&
-           m_decider.IsFeatureAvailable(entry.pIsAvailable);
-}
-
-QString FeatureDocText::inputsOf(const FeatureNode& node, ORXPropertyTreeItem* item)
+FeatureDocInputs FeatureDocText::inputsOf(const FeatureNode& node, ORXPropertyTreeItem* item)
 {
     const CTreeItemValue* value = item->value();
-    QString inputs = value->displayName() + QLatin1Char('\n') + value->translateName() +
-                     QLatin1Char('\n') + value->description() + QLatin1Char('\n') +
-                     value->translatedDescription() + QLatin1Char('\n') + item->visibilityString() +
-                     QLatin1Char('\n');
+    FeatureDocInputs inputs;
+    inputs.displayName = value->displayName();
+    inputs.translateName = value->translateName();
+    inputs.description = value->description();
+    inputs.translatedDescription = value->translatedDescription();
+    inputs.visibility = item->visibilityString();
     if (const auto* integer = dynamic_cast<const CTreeIntergerItemValue*>(value)) {
         const CTreeIntergerItemValue::Numbers n = integer->numbers();
-        inputs += QString::number(n.m_nMinValue) + QLatin1Char(' ') +
-                  QString::number(n.m_nMaxValue) + QLatin1Char(' ') +
-                  QString::number(n.m_nIncrement);
+        inputs.minimum = n.m_nMinValue;
+        inputs.maximum = n.m_nMaxValue;
+        inputs.increment = n.m_nIncrement;
     } else if (const auto* number = dynamic_cast<const CTreeFloatItemValue*>(value)) {
         const CTreeFloatItemValue::Numbers n = number->numbers();
-        inputs += fixed(n.m_fMinValue) + QLatin1Char(' ') + fixed(n.m_fMaxValue);
+        inputs.floatMinimum = n.m_fMinValue;
+        inputs.floatMaximum = n.m_fMaxValue;
     }
+    inputs.usableEntries.reserve(int(node.entries.size()));
     for (const FeatureEnumEntry& entry : node.entries)
-        inputs += QLatin1Char(isUsable(entry) ? '1' : '0');
+        inputs.usableEntries.append(m_decider.IsFeatureImplemented(entry.pIsImplemented) &&
+                                    m_decider.IsFeatureAvailable(entry.pIsAvailable));
     return inputs;
 }
 
 bool FeatureDocText::update(const FeatureNode& node, ORXPropertyTreeItem* item)
 {
     CTreeItemValue* value = item->value();
-    const QString inputs = inputsOf(node, item);
+    const FeatureDocInputs inputs = inputsOf(node, item);
     // The camera may have been asked which entries it has.
     if (StopRequest::isHere())
         return false;
     if (value->docInputs() == inputs)
         return true;
     const QString streamable = node.streamable.isEmpty() ? QStringLiteral("No") : node.streamable;
-    value->setDocText(GetFeatureDocText(node, streamable, item, QStringLiteral("ENG")));
-    value->setDocTextCN(GetFeatureDocText(node, streamable, item, kChinese));
-    value->setDocInputs(inputs);
+    value->setDoc(docText(node, streamable, inputs, false), docText(node, streamable, inputs, true),
+                  inputs);
     return true;
 }
 
 QString FeatureDocText::GetFeatureTitleText(const CTreeItemValue& value, const QString& language)
 {
-    const bool chinese = language == kChinese;
-    QString description = value.description();
-    if (chinese && !value.translatedDescription().isEmpty())
-        description = value.translatedDescription();
-    description.replace(QLatin1Char('"'), QLatin1Char('\''));
-    return asValue((chinese ? value.translateName() : value.displayName()) + QLatin1Char('\n')) +
-           asValue(description + QLatin1String("\n\n"));
+    FeatureDocInputs inputs;
+    inputs.displayName = value.displayName();
+    inputs.translateName = value.translateName();
+    inputs.description = value.description();
+    inputs.translatedDescription = value.translatedDescription();
+    QString html;
+    appendTitle(html, inputs, language == kChinese);
+    return html;
 }
 
 QString FeatureDocText::GetFeatureDocText(const FeatureNode& node, const QString& streamable,
                                           ORXPropertyTreeItem* item, const QString& language)
 {
-    const QString nameSpace =
-        node.nameSpace.isEmpty() ? QStringLiteral("Standard") : node.nameSpace;
-
-    // Joined piece by piece: a marker such as "%3" in a feature's own text must stay as it is.
-    return GetFeatureTitleText(*item->value(), language) + line("Node Name: ", node.name) +
-           line("Type: ", node.tagName) + line("Name Space: ", nameSpace) +
-           line("Visibility: ", item->visibilityString()) + line("Streamable: ", streamable) +
-           GetFeatureValueInfo(node, item, language);
+    return docText(node, streamable, inputsOf(node, item), language == kChinese);
 }
 
 QString FeatureDocText::GetFeatureValueInfo(const FeatureNode& node, ORXPropertyTreeItem* item,
                                             const QString& language)
 {
-    if (hasNoValueInfo(node.name))
-        return {};
-    const CTreeItemValue* value = item->value();
-    if (const auto* integer = dynamic_cast<const CTreeIntergerItemValue*>(value)) {
-        const CTreeIntergerItemValue::Numbers n = integer->numbers();
-        QString info;
-        if (!hasNoRange(node.name))
-            info = line("Min: ", QString::number(n.m_nMinValue)) +
-                   line("Max: ", QString::number(n.m_nMaxValue));
-        if (n.m_nIncrement > 0)
-            info += line("Inc: ", QString::number(n.m_nIncrement));
-        return info;
-    }
-    if (const auto* number = dynamic_cast<const CTreeFloatItemValue*>(value)) {
-        const CTreeFloatItemValue::Numbers n = number->numbers();
-        if (n.m_fMaxValue + kSmallestMaximum >= 0 && n.m_fMaxValue - kSmallestMaximum > 0)
-            return line("Min: ", fixed(n.m_fMinValue)) + line("Max: ", fixed(n.m_fMaxValue));
-        return {};
-    }
-    return node.tag == FeatureTag::Enumeration ? entriesInfo(node, language) : QString();
-}
-
-QString FeatureDocText::entriesInfo(const FeatureNode& node, const QString& language)
-{
-    QString info;
-    for (const FeatureEnumEntry& entry : node.entries) {
-        if (!isUsable(entry))
-            continue;
-        QString name = entry.name;
-        if (language == kChinese) {
-            const QString translated = OBDeviceControl::GetEnumerationTrans(node.name, entry.name);
-            if (!translated.isEmpty())
-                name = translated;
-        }
-        info += line("Enum Entry Name: ", name) + line("Enum Entry Value: ", entry.valueText) +
-                line("Name Space: ", entry.nameSpace) +
-                line("Visibility: ",
-                     entry.visibility.isEmpty() ? QStringLiteral("Beginner") : entry.visibility);
-    }
-    return info;
+    QString html;
+    appendValueInfo(html, node, inputsOf(node, item), language == kChinese);
+    return html;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "model/FeatureDocInputs.h"
 #include "model/FeatureNode.h"
 
 #include <QString>
@@ -29,9 +30,7 @@ public:
                                 const QString& language);
 
 private:
-    QString entriesInfo(const FeatureNode& node, const QString& language);
-    QString inputsOf(const FeatureNode& node, ORXPropertyTreeItem* item);
-    bool isUsable(const FeatureEnumEntry& entry);
+    FeatureDocInputs inputsOf(const FeatureNode& node, ORXPropertyTreeItem* item);
 
     FeatureDecider& m_decider; // Not owned.
 };

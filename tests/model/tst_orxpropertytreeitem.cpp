@@ -59,7 +59,7 @@ private slots:
     {
         Item item(nullptr, Item::FeatureTreePage);
         item.value()->setNodeName("Width"_s);
-        item.value()->setDocText("doc"_s);
+        item.value()->setDoc("doc"_s, {}, {});
         item.setTagName("IntReg"_s);
         QVERIFY(integer(item));
         integer(item)->setNumbers({5, 0, 9, 1});

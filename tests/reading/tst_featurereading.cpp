@@ -303,7 +303,7 @@ private slots:
         if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(item->value()))
             integer->setNumbers({8, 4, 4096, 4});
         m_text.update(node, item);
-        item->value()->setDocText("kept"_s);
+        item->value()->setDoc("kept"_s, {}, item->value()->docInputs());
         m_text.update(node, item);
         QCOMPARE(item->value()->docText(), "kept"_s);
         change(*item, *m_host);

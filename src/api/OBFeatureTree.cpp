@@ -80,7 +80,7 @@ int OB_FT_Init(const char* deviceXml, char* translateXml, QWidget* parent)
         qRemovePostRoutine(releaseWithApplication);
         qAddPostRoutine(releaseWithApplication);
         // While the window is made.
-        DescriptionParse description(deviceXml, NodesReadAhead::read);
+        DescriptionParse description(deviceXml, NodesReadAhead::begin);
         ApplicationSetup::runOnce();
         ORXMainFeatureWidget::instance(parent);
         OBDeviceControl::Init(description, translateXml);
@@ -164,6 +164,7 @@ int OB_FT_Release()
         qRemovePostRoutine(releaseWithApplication);
         if (qApp)
             ORXMainFeatureWidget::ReleaseInstance();
+        NodesReadAhead::drop();
     });
     return kOk;
 }

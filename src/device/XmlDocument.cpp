@@ -25,16 +25,18 @@ bool XmlDocument::setContent(const char* utf8, std::size_t bytes)
 {
     static std::atomic<quint64> s_contents{0};
     m_contentNumber = ++s_contents;
-    m_document.reset();
+    m_content = nullptr;
     m_bLacksRoot = false;
     if (!XmlLimits::acceptable(utf8, bytes))
         return false;
+    const auto content = std::make_shared<pugi::xml_document>();
     const pugi::xml_parse_result result =
-        m_document.load_buffer(utf8, bytes, pugi::parse_default, pugi::encoding_utf8);
-    const pugi::xml_node root = m_document.document_element();
-    if (result && root && !XmlText::nextElement(root))
+        content->load_buffer(utf8, bytes, pugi::parse_default, pugi::encoding_utf8);
+    const pugi::xml_node root = content->document_element();
+    if (result && root && !XmlText::nextElement(root)) {
+        m_content = content;
         return true;
-    m_document.reset();
+    }
     // A text without any tag is no XML.
     m_bLacksRoot = result.status == pugi::status_no_document_element &&
                    std::string_view(utf8, bytes).find('<') != std::string_view::npos;

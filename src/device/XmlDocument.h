@@ -6,11 +6,12 @@
 
 #include <pugixml.hpp>
 
+#include <memory>
 #include <string_view>
 
-// An XML text from outside, parsed. Owns its nodes, whose texts are UTF-8. Entities of a document
-// are never resolved, and nothing of it is nested deeper than XmlLimits allows. One thread at a
-// time; any number once nothing is set any more.
+// An XML text from outside, parsed. Its nodes, whose texts are UTF-8, live as long as one of the
+// document's copies has them. Entities of a document are never resolved, and nothing of it is
+// nested deeper than XmlLimits allows. One thread at a time; copies are independent of each other.
 class XmlDocument
 {
 public:
@@ -27,11 +28,14 @@ public:
     // Another number for each content that any document of the process was given; 0 before.
     quint64 contentNumber() const { return m_contentNumber; }
 
-    // Null when the document is empty. Lives as long as the document's content.
-    pugi::xml_node documentElement() const { return m_document.document_element(); }
+    // Null when the document is empty. Lives as long as the content.
+    pugi::xml_node documentElement() const
+    {
+        return m_content ? m_content->document_element() : pugi::xml_node();
+    }
 
 private:
-    pugi::xml_document m_document;
+    std::shared_ptr<const pugi::xml_document> m_content; // null: empty
     quint64 m_contentNumber = 0;
     bool m_bLacksRoot = false;
 };

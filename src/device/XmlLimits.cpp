@@ -15,21 +15,25 @@ std::size_t behind(std::string_view text, std::size_t from, std::string_view end
     return found == std::string_view::npos ? text.size() : found + end.size();
 }
 
+std::size_t behind(std::string_view text, std::size_t from, char end)
+{
+    const std::size_t found = text.find(end, from);
+    return found == std::string_view::npos ? text.size() : found + 1;
+}
+
 // Position behind the tag that starts at `from`; ">" inside quoted attribute values does not end
 // it.
 std::size_t behindTag(std::string_view text, std::size_t from)
 {
-    char quote = 0;
     for (std::size_t i = from; i < text.size(); ++i) {
         const char c = text[i];
-        if (quote) {
-            if (c == quote)
-                quote = 0;
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-        } else if (c == '>') {
+        if (c == '>')
             return i + 1;
-        }
+        if (c != '"' && c != '\'')
+            continue;
+        i = text.find(c, i + 1);
+        if (i == std::string_view::npos)
+            break;
     }
     return text.size();
 }
@@ -57,27 +61,31 @@ bool acceptable(const char* text, std::size_t bytes)
         return false;
     const std::string_view view(text, bytes);
     int depth = 0;
-    std::size_t at = view.find('<');
-    while (at < view.size()) {
-        if (startsWith(view, at, "<!--")) {
-            at = behind(view, at + 4, "-->");
-        } else if (startsWith(view, at, "<![CDATA[")) {
-            at = behind(view, at, "]]>");
-        } else if (startsWith(view, at, "<?")) {
-            at = isDeclaration(view, at) ? behindTag(view, at) : behind(view, at, "?>");
-        } else if (startsWith(view, at, "</")) {
+    for (std::size_t at = view.find('<'); at < view.size(); at = view.find('<', at)) {
+        switch (at + 1 < view.size() ? view[at + 1] : '\0') {
+        case '/':
             --depth;
-            at = behind(view, at, ">");
-        } else if (startsWith(view, at, "<!")) {
-            return false;
-        } else {
+            at = behind(view, at, '>');
+            break;
+        case '!':
+            if (startsWith(view, at, "<!--"))
+                at = behind(view, at + 4, "-->");
+            else if (startsWith(view, at, "<![CDATA["))
+                at = behind(view, at, "]]>");
+            else
+                return false;
+            break;
+        case '?':
+            at = isDeclaration(view, at) ? behindTag(view, at) : behind(view, at, "?>");
+            break;
+        default: {
             const std::size_t end = behindTag(view, at);
             const bool closesItself = end >= 2 && view[end - 2] == '/';
             if (!closesItself && ++depth > kMaxDepth)
                 return false;
             at = end;
         }
-        at = view.find('<', at);
+        }
     }
     return true;
 }

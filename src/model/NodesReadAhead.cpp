@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/NodesReadAhead.h"
 
+#include <future>
 #include <mutex>
 #include <utility>
 
@@ -8,30 +9,41 @@ namespace NodesReadAhead {
 
 namespace {
 
+struct Begun
+{
+    quint64 contentNumber = 0;
+    std::future<FeatureNodeMap> nodes; // Waits when it is destroyed.
+};
+
 std::mutex s_mutex;
-quint64 s_contentNumber = 0; // 0: nothing is kept
-FeatureNodeMap s_nodes;
+Begun s_begun;
+
+Begun exchange(Begun next)
+{
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    return std::exchange(s_begun, std::move(next));
+}
 
 } // namespace
 
-void read(const XmlDocument& document)
+void begin(const XmlDocument& document)
 {
-    FeatureNodeMap nodes(document.documentElement());
-    const std::lock_guard<std::mutex> lock(s_mutex);
-    s_contentNumber = document.contentNumber();
-    s_nodes = std::move(nodes);
+    exchange({document.contentNumber(),
+              std::async(std::launch::async | std::launch::deferred,
+                         [document] { return FeatureNodeMap(document.documentElement()); })});
 }
 
 FeatureNodeMap take(const XmlDocument& document)
 {
-    {
-        const std::lock_guard<std::mutex> lock(s_mutex);
-        if (s_contentNumber != 0 && s_contentNumber == document.contentNumber()) {
-            s_contentNumber = 0;
-            return std::exchange(s_nodes, {});
-        }
-    }
+    Begun begun = exchange({});
+    if (begun.nodes.valid() && begun.contentNumber == document.contentNumber())
+        return begun.nodes.get();
     return FeatureNodeMap(document.documentElement());
+}
+
+void drop()
+{
+    exchange({});
 }
 
 } // namespace NodesReadAhead

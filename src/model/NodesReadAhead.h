@@ -3,13 +3,17 @@
 
 #include "model/FeatureNodeMap.h"
 
-// The nodes of the device's description, taken out of the document by the thread that parses it,
-// for the camera's tree that is made from them a little later. Any thread.
+// The nodes of the device's description, taken out of the document on a thread of their own while
+// the window goes on being made, for the camera's tree that is built from them. Any thread.
 namespace NodesReadAhead {
 
-// Reads the nodes of the document and keeps them, those of one content at a time.
-void read(const XmlDocument& document);
-// The nodes of the document: those kept, once, if they are of this content; read now otherwise.
+// Begins to read the nodes of the document, of which it keeps a copy; what was begun before and not
+// taken is dropped.
+void begin(const XmlDocument& document);
+// The nodes of the document: once those begun, if they are of this content, as soon as they are
+// read; read now otherwise.
 FeatureNodeMap take(const XmlDocument& document);
+// Drops what was begun and waits for its end.
+void drop();
 
 } // namespace NodesReadAhead

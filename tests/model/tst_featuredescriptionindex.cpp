@@ -322,12 +322,12 @@ private slots:
         document.setContent(wrap(elements("Integer Width")));
         other.setContent(wrap(elements("Integer Height")));
         const auto names = [&] { return NodesReadAhead::take(document).nodes().keys(); };
-        NodesReadAhead::read(other);
+        NodesReadAhead::begin(other);
         QCOMPARE(names(), words("Width"));
-        NodesReadAhead::read(document);
+        NodesReadAhead::begin(document);
         QCOMPARE(names(), words("Width"));
         QCOMPARE(names(), words("Width")); // read anew
-        NodesReadAhead::read(document);
+        NodesReadAhead::begin(document);
         document.setContent(wrap(elements("Integer Gain")));
         QCOMPARE(names(), words("Gain"));
     }

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
 # The headers that most files include, compiled once. Builds from nothing take about half the time;
-# a file that forgets an include is only seen without it, so `dev` leaves it off.
+# a file that forgets an include is only seen without it, by `debug`, `release` and `tidy`.
 if(OBFT_PRECOMPILED_HEADERS)
     file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/precompiled/empty.cpp" CONTENT "")
     add_library(obft_precompiled OBJECT "${CMAKE_BINARY_DIR}/precompiled/empty.cpp")

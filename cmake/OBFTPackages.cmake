@@ -20,6 +20,8 @@ endif()
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libobfeaturetree1)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
+# Without such a font the Chinese texts are empty boxes.
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "fonts-noto-cjk | fonts-wqy-zenhei")
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION
     "A window in which the user of a machine-vision host browses and edits the
 features of a connected industrial camera. The host hands it a GenICam-style

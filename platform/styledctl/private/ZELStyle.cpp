@@ -128,7 +128,7 @@ QRect ZELStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
             return visual(QRect(all.right() + 1 - kComboArrowWidth, all.top(), kComboArrowWidth,
                                 all.height()));
         case SC_ComboBoxEditField:
-            return visual(all.adjusted(kEditInset, 1, -kComboArrowWidth, -1));
+            return visual(all.adjusted(kEditInset, 1, kComboArrowGap - kComboArrowWidth, -1));
         default:
             return all;
         }

@@ -162,9 +162,9 @@ int OB_FT_Release()
     guarded("OB_FT_Release", [] {
         OBDeviceControl::SaveFavoritesXml();
         qRemovePostRoutine(releaseWithApplication);
+        NodesReadAhead::drop();
         if (qApp)
             ORXMainFeatureWidget::ReleaseInstance();
-        NodesReadAhead::drop();
     });
     return kOk;
 }

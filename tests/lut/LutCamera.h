@@ -3,6 +3,7 @@
 
 #include "device/OBDeviceControl.h"
 #include "lut/LUTPoint.h"
+#include "support/Guarded.h"
 
 #include <QVector>
 
@@ -10,7 +11,6 @@
 #include <condition_variable>
 #include <cstring>
 #include <functional>
-#include <mutex>
 
 // The values of a table, in its order.
 inline QVector<int> valuesOf(const LUTPoints& points)
@@ -23,7 +23,7 @@ inline QVector<int> valuesOf(const LUTPoints& points)
 
 // A camera of which nothing exists but a look-up table, served through the device layer's
 // callbacks: "LUTIndex" selects, "LUTValue" is the value there. Safe to call from several threads.
-class LutCamera
+class LutCamera : Guarded
 {
 public:
     explicit LutCamera(int points = 1024, qint64 maximumValue = 4095)
@@ -42,11 +42,7 @@ public:
     LutCamera(const LutCamera&) = delete;
     LutCamera& operator=(const LutCamera&) = delete;
 
-    QVector<int> table() const
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_table;
-    }
+    QVector<int> table() const { return copied(m_table); }
     void setTable(const std::function<int(int index)>& value)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
@@ -79,11 +75,7 @@ public:
 
     int calls() const { return m_calls; }
     // Indexes whose value was written, in order.
-    QVector<int> written() const
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_written;
-    }
+    QVector<int> written() const { return copied(m_written); }
 
 private:
     bool begin()
@@ -143,7 +135,6 @@ private:
         return 0;
     }
 
-    mutable std::mutex m_mutex;
     std::condition_variable m_released;
     QVector<int> m_table;
     QVector<int> m_written;

@@ -2,10 +2,10 @@
 // Text files of look-up tables: their bytes, files that are not what they should be, full disks.
 #include "lut/LUTTextFile.h"
 #include "support/FileSizeLimit.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
@@ -21,12 +21,6 @@ LUTPoints points(int count)
     for (int i = 0; i < count; ++i)
         result.append({i, (i * 31) % (kMaxValue + 1)});
     return result;
-}
-
-QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -125,9 +119,7 @@ private slots:
     void contents()
     {
         const auto [content, good] = fetchRow<QByteArray, bool>();
-        QFile file(path("a.txt"));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        file.close();
+        QVERIFY(storeFile(path("a.txt"), content));
         const LUTPoints before = points(3);
         LUTPoints read = before;
         QCOMPARE(LUTTextFile::read(path("a.txt"), kPoints, kMaxValue, kPoints, &read),

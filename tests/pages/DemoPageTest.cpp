@@ -4,6 +4,7 @@
 #include "basetools/ORXInterface.h"
 #include "device/OBDeviceControl.h"
 #include "pages/ORXImgProcessingFeature.h"
+#include "pages/SettingsFile.h"
 #include "reading/QGetFeaturesThread.h"
 #include "styledctl/ZELCustomMessageBox.h"
 
@@ -11,6 +12,8 @@
 
 void DemoPageTest::prepare()
 {
+    SettingsFile::removeAll();
+    m_folder = std::make_unique<QTemporaryDir>();
     OBDeviceControl::SetUserLevel(0);
     m_clock = std::make_unique<ManualClock>();
     m_demo = std::make_unique<DemoCamera>(m_clock.get());
@@ -23,6 +26,7 @@ void DemoPageTest::finish()
     m_window.reset();
     m_camera.reset();
     m_demo.reset();
+    SettingsFile::removeAll();
     OBDeviceControl::SetUserLevel(1);
     ORXInterface::setLanguage("ENG"_s);
 }
@@ -73,10 +77,9 @@ ORXImgProcessingFeature* DemoPageTest::imagePage() const
 
 QAbstractButton* DemoPageTest::box(const QByteArray& selector, int entry) const
 {
-    constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
     ORXPropertyTreeItem* row =
-        m_window->item(kPage, "Custom_" + selector + '_' + QByteArray::number(entry & ~1));
-    const ORXFeatureTreeView* view = m_window->page(kPage)->treeView();
+        m_window->item(kImage, "Custom_" + selector + '_' + QByteArray::number(entry & ~1));
+    const ORXFeatureTreeView* view = m_window->page(kImage)->treeView();
     return row ? qobject_cast<QAbstractButton*>(view->editorOf(row, entry % 2)) : nullptr;
 }
 

@@ -3,9 +3,12 @@
 
 #include "cameras/ManualClock.h"
 #include "demo/DemoCamera.h"
+#include "model/CTreeItemValue.h"
 #include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
 #include "support/TestMain.h"
+
+#include <QTemporaryDir>
 
 #include <atomic>
 #include <memory>
@@ -16,12 +19,17 @@ class QAbstractButton;
 class ZELCustomMessageBox;
 
 // Base of tests of the window on the simulated demo camera. Each test function has a camera of its
-// own, whose time stands still until the test moves the clock, and opens the window itself, which
-// shows the features of all users.
+// own, whose time stands still until the test moves the clock, an empty folder, and no settings of
+// a host, and opens the window itself, which shows the features of all users.
 class DemoPageTest : public GuardedTest
 {
 protected:
     static constexpr int kTree = ORXMainFeatureWidget::WholeTreeTab;
+    static constexpr int kImage = ORXMainFeatureWidget::ImageProcessingTab;
+    // The colour matrix of the camera.
+    static constexpr char kTransformation[] = "ColorTransformationEnable";
+    static constexpr char kMatrixSelector[] = "ColorTransformationValueSelector";
+    static constexpr char kMatrixValue[] = "ColorTransformationValue";
 
     void prepare() override;
     void finish() override;
@@ -50,6 +58,7 @@ protected:
     std::unique_ptr<DemoCamera> m_demo;
     std::unique_ptr<MeddledCamera> m_camera; // what the window talks to
     std::unique_ptr<PageWindow> m_window;
+    std::unique_ptr<QTemporaryDir> m_folder;
 
 private:
     std::atomic<int> m_strangeReads{0};

@@ -4,8 +4,6 @@
 #include "cameras/CameraError.h"
 #include "support/Literals.h"
 
-#include <OBFeatureTree/OBFeatureTree.h>
-
 #include <algorithm>
 
 MeddledCamera::MeddledCamera(Camera& camera, const QStringList& lacking)
@@ -84,41 +82,10 @@ int MeddledCamera::accessMode(const std::string& name, int* mode)
     }
     const int result = m_camera.accessMode(name, mode);
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_hidden.count(name) > 0)
-        *mode = OB_FT_ACCESS_NOT_IMPLEMENTED;
-    else if (m_locked.count(name) > 0)
-        *mode = OB_FT_ACCESS_READ_ONLY;
+    const auto found = m_modes.find(name);
+    if (found != m_modes.end() && found->second != kOwnMode)
+        *mode = found->second;
     return result;
-}
-
-void MeddledCamera::fail(const char* name, int code, Calls calls)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_failures[name] = {code, calls};
-}
-
-void MeddledCamera::lock(const char* name, bool locked)
-{
-    const std::lock_guard<std::mutex> guard(m_mutex);
-    if (locked)
-        m_locked.insert(name);
-    else
-        m_locked.erase(name);
-}
-
-void MeddledCamera::hide(const char* name, bool hidden)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (hidden)
-        m_hidden.insert(name);
-    else
-        m_hidden.erase(name);
-}
-
-void MeddledCamera::setIncrement(const char* name, qint64 increment)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_increments[name] = increment;
 }
 
 void MeddledCamera::closeGate(const char* name, Calls calls)
@@ -126,18 +93,6 @@ void MeddledCamera::closeGate(const char* name, Calls calls)
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_gated = name;
     m_gatedCalls = calls;
-}
-
-void MeddledCamera::hold(const QString& call)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_toHold.append(call);
-}
-
-int MeddledCamera::held() const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_held;
 }
 
 void MeddledCamera::release(const QString& call)
@@ -154,12 +109,6 @@ void MeddledCamera::openGate()
     m_toHold.clear();
     m_holding.clear();
     m_opened.notify_all();
-}
-
-QStringList MeddledCamera::calls() const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_calls;
 }
 
 QStringList MeddledCamera::writes() const

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "cameras/Camera.h"
+#include "support/Guarded.h"
+
+#include <OBFeatureTree/OBFeatureTree.h>
 
 #include <QByteArray>
 #include <QString>
@@ -11,12 +14,10 @@
 #include <condition_variable>
 #include <functional>
 #include <map>
-#include <mutex>
-#include <set>
 
 // Stands before another camera, notes what arrives, and lets a test meddle with it while the window
 // is open. Safe from any thread.
-class MeddledCamera : public Camera
+class MeddledCamera : public Camera, Guarded
 {
 public:
     // `lacking`: features that the description does not list. `camera` is not owned.
@@ -38,28 +39,43 @@ public:
     std::function<void(const QString& name)> beforeWrite;
 
     // Calls of the name answer with the code from now on; 0 ends it.
-    void fail(const char* name, int code, Calls calls = ReadsAndWrites);
+    void fail(const char* name, int code, Calls calls = ReadsAndWrites)
+    {
+        locked([&] { m_failures[name] = {code, calls}; });
+    }
     // Nothing is answered any more.
     void unplug() { m_unplugged = true; }
     // The feature's access mode says that it is not there.
-    void hide(const char* name, bool hidden);
+    void hide(const char* name, bool hidden)
+    {
+        setMode(name, hidden ? OB_FT_ACCESS_NOT_IMPLEMENTED : kOwnMode);
+    }
     // The feature's access mode says that it can only be read.
-    void lock(const char* name, bool locked);
+    void lock(const char* name, bool isLocked)
+    {
+        setMode(name, isLocked ? OB_FT_ACCESS_READ_ONLY : kOwnMode);
+    }
     // The integer feature says that its values go in steps of this.
-    void setIncrement(const char* name, qint64 increment);
+    void setIncrement(const char* name, qint64 increment)
+    {
+        locked([&] { m_increments[name] = increment; });
+    }
     // Calls of the name wait until the gate opens.
     void closeGate(const char* name, Calls calls = Writes);
     // The next such call waits; "get Width", or "set Width", which is one with any value.
-    void hold(const QString& call);
+    void hold(const QString& call)
+    {
+        locked([&] { m_toHold.append(call); });
+    }
     // How many calls wait now.
-    int held() const;
+    int held() const { return copied(m_held); }
     bool isHolding() const { return held() > 0; }
     void release(const QString& call);
     // Releases all, too.
     void openGate();
 
     // What arrived, in order: "get Width", "set Width=640", "mode Width".
-    QStringList calls() const;
+    QStringList calls() const { return copied(m_calls); }
     // Of these the writes: "Name" or "Name=text".
     QStringList writes() const;
     int writesOf(const char* name) const;
@@ -73,17 +89,20 @@ private:
         int code;
         Calls calls;
     };
+    static constexpr int kOwnMode = -1;
+    void setMode(const char* name, int mode)
+    {
+        locked([&] { m_modes[name] = mode; });
+    }
     // A call has come, which may have to wait; with the mutex locked. Its code, or 0.
     int pass(std::unique_lock<std::mutex>& lock, Calls kind, const std::string& name,
              const QString& call);
 
     Camera& m_camera; // Not owned.
     std::string m_xml;
-    mutable std::mutex m_mutex;
     std::condition_variable m_opened;
     std::map<std::string, Failure> m_failures;
-    std::set<std::string> m_hidden;
-    std::set<std::string> m_locked;
+    std::map<std::string, int> m_modes;
     std::map<std::string, qint64> m_increments;
     std::string m_gated;
     Calls m_gatedCalls = Writes;

@@ -9,7 +9,6 @@
 #include "pages/ORXImgProcessingFeature.h"
 #include "pages/ORXTriggerFeature.h"
 #include "support/GuiThreadReads.h"
-#include "tree/ORXFeatureTreeView.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -3,10 +3,10 @@
 
 #include "basetools/ORXInterface.h"
 #include "ccm/ORXRWCCMValue.h"
+#include "support/Files.h"
 #include "support/Literals.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTest>
 
 // The color correction settings of a camera, as the host writes and reads them.
@@ -14,16 +14,9 @@ struct SettingsFile
 {
     void store(const QByteArray& content) const
     {
-        QDir().mkpath(folder());
-        QFile file(ORXRWCCMValue::fileOf(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        QVERIFY(storeFile(ORXRWCCMValue::fileOf(name), content));
     }
-    QByteArray stored() const
-    {
-        QFile file(ORXRWCCMValue::fileOf(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
+    QByteArray stored() const { return bytesOf(ORXRWCCMValue::fileOf(name)); }
     static QString folder() { return ORXInterface::userDataPath() + "/CCMList"_s; }
     static void removeAll()
     {

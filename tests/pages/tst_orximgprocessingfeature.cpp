@@ -12,26 +12,19 @@
 #include "region/RegionDrawWidget.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/FileSizeLimit.h"
+#include "support/Files.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTemporaryDir>
 
 namespace {
 
-constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
 constexpr int kTransferMs = 60000; // 1,024 points on a slow machine
 const SettingsFile kFile{"DEMO000001"_s};
 const QStringList kMatrixFeatures =
     words("ColorTransformationValueSelector ColorTransformationValue ColorTransformationEnable "
           "CCMEnable");
 const QStringList kHiddenNumbers = words("Custom_LUTGamma Custom_LUTContrast Custom_LUTLum");
-
-QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
 
 } // namespace
 
@@ -42,15 +35,13 @@ class TestORXImgProcessingFeature : public DemoPageTest
 protected:
     void prepare() override
     {
-        SettingsFile::removeAll();
         DemoPageTest::prepare();
-        m_directory = std::make_unique<QTemporaryDir>();
         m_asked.clear();
-        m_strPath = m_directory->filePath("curve.txt"_s);
+        m_strPath = m_folder->filePath("curve.txt"_s);
         // Answers every dialog with the name that a user would type.
         ORXInterface::setFileDialogHook([this](auto, const QString& title, const QString& filter) {
             m_asked = title + ": "_s + filter;
-            return m_directory->filePath("curve"_s) +
+            return m_folder->filePath("curve"_s) +
                    (title.startsWith("Open"_s) ? ".txt"_s : QString());
         });
     }
@@ -58,7 +49,6 @@ protected:
     {
         ORXInterface::setFileDialogHook(nullptr);
         DemoPageTest::finish();
-        SettingsFile::removeAll();
     }
 
 private:
@@ -67,7 +57,7 @@ private:
     {
         QCOMPARE(write("LUTEnable", "1"), 0);
         open();
-        QVERIFY(m_window->show(kPage, "LUTEnable"));
+        QVERIFY(m_window->show(kImage, "LUTEnable"));
         OBFT_TRY_VERIFY(editor()->isVisible() && editor()->isEnabled());
     }
     const ZELCustomMessageBox* lutBox() const
@@ -79,7 +69,7 @@ private:
     QString lutCommand(const char* name)
     {
         delete lutBox();
-        if (!m_window->click(kPage, name))
+        if (!m_window->click(kImage, name))
             return "cannot be pressed"_s;
         const auto done = [&] { return lutBox() && !editor()->isTransferring(); };
         return QTest::qWaitFor(done, kTransferMs)
@@ -110,17 +100,11 @@ private:
         QTest::mousePress(editor(), Qt::LeftButton, {}, onTheLine);
         QTest::mouseRelease(editor(), Qt::LeftButton, {}, onTheLine - QPoint(0, 99));
     }
-    bool store(const QByteArray& content) const
-    {
-        QFile file(m_strPath);
-        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-    }
     QLineEdit* cell(int index) const
     {
         return imagePage()->findChild<QLineEdit*>("CCMValue%1"_s.arg(index));
     }
 
-    std::unique_ptr<QTemporaryDir> m_directory;
     QString m_strPath; // the file that the dialogs choose
     QString m_asked;   // title and filter of the last dialog
 
@@ -156,8 +140,8 @@ private slots:
             words("Custom_ROIGroup Custom_AOIGroup Custom_EmbeddedInfoGroup Custom_EventGroup "
                   "Custom_LUTGroup Custom_CCMGroup Custom_PaletteGroup");
         expected.removeAll(group);
-        OBFT_TRY_COMPARE(m_window->shownGroups(kPage), expected);
-        QVERIFY(m_window->show(kPage, "Width"));
+        OBFT_TRY_COMPARE(m_window->shownGroups(kImage), expected);
+        QVERIFY(m_window->show(kImage, "Width"));
         QVERIFY(imagePage()->regionPicture()->isVisible());
     }
 
@@ -169,27 +153,27 @@ private slots:
                   "Custom_LUTLoadFromFile Custom_LUTSetToFile Custom_LUTClear");
         write("LUTEnable", "1");
         open();
-        QVERIFY(m_window->show(kPage, "LUTEnable"));
+        QVERIFY(m_window->show(kImage, "LUTEnable"));
         const auto count = [&](const auto& isCounted) {
             return int(std::count_if(own.begin(), own.end(), [&](const QString& name) {
-                return isCounted(m_window->item(kPage, name.toLatin1()));
+                return isCounted(m_window->item(kImage, name.toLatin1()));
             }));
         };
         const auto readOnlyItems = [&] {
             return count([](const auto* item) { return item->readOnly(); });
         };
         const auto shownItems = [&] {
-            return count([&](auto* item) { return m_window->isRowShown(kPage, item); });
+            return count([&](auto* item) { return m_window->isRowShown(kImage, item); });
         };
         const QLUTDrawWidget* editor = imagePage()->lutEditor();
         OBFT_TRY_COMPARE(readOnlyItems(), 0);
-        QVERIFY(m_window->click(kPage, "LUTEnable"));
+        QVERIFY(m_window->click(kImage, "LUTEnable"));
         OBFT_TRY_COMPARE(readOnlyItems(), 9);
         OBFT_TRY_VERIFY(!editor->isEnabled());
         // Each table has its own switch.
-        QVERIFY(m_window->click(kPage, "LUTEnable"));
+        QVERIFY(m_window->click(kImage, "LUTEnable"));
         OBFT_TRY_COMPARE(readOnlyItems(), 0);
-        QVERIFY(m_window->choose(kPage, "LUTSelector", "Red"_s));
+        QVERIFY(m_window->choose(kImage, "LUTSelector", "Red"_s));
         OBFT_TRY_COMPARE(readOnlyItems(), 9);
         QCOMPARE(shownItems(), 6);
         for (const bool hidden : {true, false}) {
@@ -217,17 +201,17 @@ private slots:
         open(inCamera ? QStringList() : kMatrixFeatures);
         // The file's name takes the serial number, and that takes the camera's time.
         const auto isThere = [this] {
-            return m_window->shownGroups(kPage).contains("Custom_CCMGroup"_s);
+            return m_window->shownGroups(kImage).contains("Custom_CCMGroup"_s);
         };
         OBFT_TRY_COMPARE(isThere(), !first.isEmpty());
         QVERIFY(m_window->refresh());
         // Another look at the host's callbacks builds nothing anew.
         m_window->widget()->CreateFeature();
         QCOMPARE(isThere(), !first.isEmpty());
-        QCOMPARE(m_window->item(kPage, "Custom_CCM") != nullptr, isThere());
+        QCOMPARE(m_window->item(kImage, "Custom_CCM") != nullptr, isThere());
         if (first.isEmpty())
             return;
-        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        QVERIFY(m_window->show(kImage, "Custom_CCM"));
         OBFT_TRY_VERIFY(cell(0) && cell(0)->text() == first);
         // Every cell lies inside the editor.
         const auto* table = imagePage()->findChild<ORXCCMWidget*>();
@@ -235,23 +219,23 @@ private slots:
             QVERIFY(table->rect().contains(QRect(each->mapTo(table, QPoint()), each->size())));
         // The switch reaches the camera, or the file.
         m_camera->forget();
-        QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
+        QVERIFY(m_window->click(kImage, "Custom_CCMEnable"));
         if (inCamera)
             OBFT_TRY_VERIFY(m_camera->writes().contains("CCMEnable=1"_s));
         else
-            OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_CCMEnable"), "unchecked"_s);
+            OBFT_TRY_COMPARE(m_window->shown(kImage, "Custom_CCMEnable"), "unchecked"_s);
         QCOMPARE(m_camera->writes().isEmpty(), !inCamera);
     }
 
     void matrixAndTreeFollowEachOther()
     {
         open();
-        QVERIFY(m_window->show(kPage, "Custom_CCM"));
-        OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_CCMEnable"), "unchecked"_s);
+        QVERIFY(m_window->show(kImage, "Custom_CCM"));
+        OBFT_TRY_COMPARE(m_window->shown(kImage, "Custom_CCMEnable"), "unchecked"_s);
         write("CCMEnable", "1");
         QVERIFY(m_window->refresh());
-        OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_CCMEnable"), "checked"_s);
-        QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
+        OBFT_TRY_COMPARE(m_window->shown(kImage, "Custom_CCMEnable"), "checked"_s);
+        QVERIFY(m_window->click(kImage, "Custom_CCMEnable"));
         OBFT_TRY_COMPARE(m_window->shown(kTree, "CCMEnable"), "unchecked"_s);
         OBFT_TRY_COMPARE(m_window->shown(kTree, "ColorTransformationEnable"), "checked"_s);
     }
@@ -260,31 +244,31 @@ private slots:
     {
         constexpr char kOwn[] = "Custom_PalettesMode";
         open();
-        QCOMPARE(m_window->shown(kPage, kOwn), "White Hot"_s);
-        QVERIFY(m_window->choose(kPage, kOwn, "Black Hot"_s));
+        QCOMPARE(m_window->shown(kImage, kOwn), "White Hot"_s);
+        QVERIFY(m_window->choose(kImage, kOwn, "Black Hot"_s));
         QCOMPARE(read("PalettesMode"), 1);
         OBFT_TRY_COMPARE(m_window->shown(kTree, "PalettesMode"), "Black Hot"_s);
         const QString third = m_window->editor<QComboBox>(kTree, "PalettesMode")->itemText(2);
         QVERIFY(m_window->choose(kTree, "PalettesMode", third));
-        OBFT_TRY_COMPARE(m_window->shown(kPage, kOwn), third);
-        QVERIFY(!m_window->editor<QComboBox>(kPage, kOwn)->itemIcon(2).isNull());
+        OBFT_TRY_COMPARE(m_window->shown(kImage, kOwn), third);
+        QVERIFY(!m_window->editor<QComboBox>(kImage, kOwn)->itemIcon(2).isNull());
         MessageGuard::expectMessage("Read Feature Failed"_s);
         m_camera->fail("PalettesMode", CameraError::NotWritable);
-        m_window->choose(kPage, kOwn, "White Hot"_s);
+        m_window->choose(kImage, kOwn, "White Hot"_s);
         OBFT_TRY_VERIFY(message().startsWith("Node 'PalettesMode'"_s));
-        OBFT_TRY_COMPARE(m_window->shown(kPage, kOwn), third);
+        OBFT_TRY_COMPARE(m_window->shown(kImage, kOwn), third);
     }
 
     void languageSwitchedWhileShown()
     {
         write("LUTEnable", "1");
         open();
-        QVERIFY(m_window->choose(kPage, "Custom_LUTLineType", "Curve"_s));
+        QVERIFY(m_window->choose(kImage, "Custom_LUTLineType", "Curve"_s));
         for (const bool chinese : {true, false}) {
             m_window->widget()->SetLanguage(chinese ? 1 : 0);
-            OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_LUTLineType"),
+            OBFT_TRY_COMPARE(m_window->shown(kImage, "Custom_LUTLineType"),
                              chinese ? "曲线"_s : "Curve"_s);
-            QCOMPARE(m_window->titles(kPage).value(1), chinese ? "感兴趣区域（ROI）"_s : "ROI"_s);
+            QCOMPARE(m_window->titles(kImage).value(1), chinese ? "感兴趣区域（ROI）"_s : "ROI"_s);
             OBFT_TRY_COMPARE(imagePage()->regionPicture()->accessibleName(),
                              chinese ? "传感器区域示意图"_s : "Picture of the sensor area"_s);
             QCOMPARE(imagePage()->lutEditor()->accessibleName(),
@@ -302,14 +286,14 @@ private slots:
         openLut();
         QCOMPARE(lutCommand("Custom_LUTLoadFromCamera"), "5 Loading from camera completed."_s);
         const QVector<int> before = drawn();
-        QVERIFY(m_window->choose(kPage, "Custom_LUTLineType", "Curve"_s));
+        QVERIFY(m_window->choose(kImage, "Custom_LUTLineType", "Curve"_s));
         drawSomething();
         const QVector<int> curve = drawn();
         QVERIFY(curve != before);
         QCOMPARE(lutCommand("Custom_LUTSetToFile"), "5 Exporting to file completed."_s);
         QCOMPARE(m_asked, "Save as txt File: txt File (*.txt)"_s);
         QCOMPARE(bytesOf(m_strPath).count("\r\n"), 2 * curve.size());
-        QVERIFY(m_window->click(kPage, "Custom_LUTClear"));
+        QVERIFY(m_window->click(kImage, "Custom_LUTClear"));
         OBFT_TRY_VERIFY(drawn() != curve);
         QCOMPARE(lutCommand("Custom_LUTLoadFromFile"), "5 Importing from file completed."_s);
         QCOMPARE(m_asked, "Open txt File: txt Files (*.txt)"_s);
@@ -334,7 +318,7 @@ private slots:
         openLut();
         drawSomething();
         const QVector<int> before = drawn();
-        QVERIFY(store(content));
+        QVERIFY(storeFile(m_strPath, content));
         QCOMPARE(lutCommand("Custom_LUTLoadFromFile"),
                  "3 Failed to import file. Incorrect file format."_s);
         QCOMPARE(drawn(), before);
@@ -347,7 +331,7 @@ private slots:
         openLut();
         drawSomething();
         const QVector<int> curve = drawn();
-        QVERIFY(store("mine"));
+        QVERIFY(storeFile(m_strPath, "mine"));
         {
             const FileSizeLimit full(4096);
             QCOMPARE(lutCommand("Custom_LUTSetToFile"),
@@ -368,7 +352,7 @@ private slots:
         });
         for (const char* command : {"Custom_LUTSetToFile", "Custom_LUTLoadFromFile"}) {
             m_asked.clear();
-            QVERIFY(m_window->click(kPage, command));
+            QVERIFY(m_window->click(kImage, command));
             OBFT_TRY_VERIFY(!m_asked.isEmpty());
             QApplication::processEvents();
             QVERIFY(!lutBox());
@@ -380,12 +364,12 @@ private slots:
     {
         openLut();
         m_camera->closeGate("LUTIndex");
-        QVERIFY(m_window->click(kPage, "Custom_LUTSetToCamera"));
+        QVERIFY(m_window->click(kImage, "Custom_LUTSetToCamera"));
         OBFT_TRY_VERIFY(editor()->isTransferring());
         for (const char* name : {"LUTSelector", "LUTIndex", "LUTValue"})
             OBFT_TRY_VERIFY(!m_window->item(kTree, name)->value()->enabled());
         QVERIFY(m_window->refresh());
-        QVERIFY(!m_window->isEnabled(kPage, "LUTSelector"));
+        QVERIFY(!m_window->isEnabled(kImage, "LUTSelector"));
         // The curve, too, is left alone.
         const QVector<int> before = drawn();
         drawSomething();
@@ -396,7 +380,7 @@ private slots:
         QCOMPARE(drawn(), before);
         m_camera->openGate();
         QTRY_VERIFY_WITH_TIMEOUT(!editor()->isTransferring(), kTransferMs);
-        OBFT_TRY_VERIFY(m_window->isEnabled(kPage, "LUTSelector"));
+        OBFT_TRY_VERIFY(m_window->isEnabled(kImage, "LUTSelector"));
         OBFT_TRY_VERIFY(m_window->isEnabled(kTree, "LUTValue"));
     }
 
@@ -407,16 +391,16 @@ private slots:
         MessageGuard::expectMessage("Color correction settings"_s);
         kFile.store("[Common]\nCCMEnable=true\nCCMValue0=2048\n");
         open(kMatrixFeatures);
-        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        QVERIFY(m_window->show(kImage, "Custom_CCM"));
         OBFT_TRY_VERIFY(cell(0) && cell(0)->text() == "2.0000"_s);
         kFile.store(content);
         // Switching it would write the file.
-        QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
+        QVERIFY(m_window->click(kImage, "Custom_CCMEnable"));
         OBFT_TRY_VERIFY(messageBox());
         QCOMPARE(messageBox()->cTextTitle(), "The color correction settings cannot be used."_s);
         QVERIFY(message().contains(ORXRWCCMValue::fileOf(kFile.name)));
         OBFT_TRY_VERIFY(!cell(0)->isEnabled());
-        OBFT_TRY_COMPARE(m_window->shown(kPage, "Custom_CCMEnable"), "unchecked"_s);
+        OBFT_TRY_COMPARE(m_window->shown(kImage, "Custom_CCMEnable"), "unchecked"_s);
         QCOMPARE(kFile.stored(), content);
     }
 };

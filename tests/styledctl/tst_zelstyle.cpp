@@ -21,7 +21,6 @@
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 #include <functional>
 
@@ -47,8 +46,7 @@ struct Stage
         auto* layout = new QVBoxLayout(&window);
         layout->addWidget(control);
         layout->addWidget(&other);
-        window.show();
-        window.activateWindow();
+        QVERIFY(showActive(window));
     }
     ~Stage() { other.setParent(nullptr); }
 
@@ -65,16 +63,6 @@ QVariant valueOf(const QWidget* control)
     if (const auto* spin = qobject_cast<const ZELCustomSpinBox64*>(control))
         return spin->value();
     return control->property("currentIndex");
-}
-
-bool sendWheel(QWidget* control)
-{
-    const QPointF centre = control->rect().center();
-    QWheelEvent event(centre, control->mapToGlobal(centre.toPoint()), QPoint(), QPoint(0, -120),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    event.setAccepted(true);
-    QCoreApplication::sendEvent(control, &event);
-    return event.isAccepted();
 }
 
 } // namespace
@@ -106,7 +94,6 @@ private slots:
     {
         QFETCH(Make, make);
         Stage stage(make());
-        QVERIFY(QTest::qWaitForWindowActive(&stage.window));
         const QRgb accent = ZELCustom::getDataBaseColor("StyledCtlColor_Accent"_s).rgb();
         const auto accentPixels = [&] {
             const QImage image =
@@ -140,8 +127,7 @@ private slots:
         new QTreeWidget(&splitter);
         new ZELSplitterKeys(&splitter);
         splitter.resize(300, 600);
-        splitter.show();
-        QVERIFY(QTest::qWaitForWindowActive(&splitter));
+        QVERIFY(showActive(splitter));
         above->setFocus();
         const auto press = [&](Qt::Key key, int times) {
             for (int i = 0; i < times; ++i)

@@ -139,6 +139,13 @@ QByteArray generate(const Size& size)
     return wrap(elements);
 }
 
+QByteArray generateSmall()
+{
+    Size size = Size::ofFeatures(60);
+    size.categories = 6;
+    return generate(size);
+}
+
 QString elements(const char* text)
 {
     QString all;

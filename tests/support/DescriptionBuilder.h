@@ -32,6 +32,8 @@ struct Size
     static Size ofFeatures(int features);
 };
 QByteArray generate(const Size& size);
+// Of 60 features in 6 categories.
+QByteArray generateSmall();
 // Names of the features of a generated description.
 QStringList featureNames(const Size& size);
 

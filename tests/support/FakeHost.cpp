@@ -84,12 +84,6 @@ void FakeHost::uninstall()
     OBDeviceControl::SetCallBackFunc(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
 }
 
-void FakeHost::set(const QString& name, const Feature& feature)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_features.insert(name, feature);
-}
-
 void FakeHost::serve(const QByteArray& description)
 {
     XmlDocument document;
@@ -107,12 +101,6 @@ void FakeHost::serve(const QByteArray& description)
     };
     walk(document.documentElement());
     set("TLParamsLocked"_s, integerFeature(0));
-}
-
-FakeHost::Feature FakeHost::feature(const QString& name) const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_features.value(name);
 }
 
 QStringList FakeHost::writes() const

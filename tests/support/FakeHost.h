@@ -12,7 +12,7 @@
 // threads. A feature that was never set is not implemented and cannot be read. What it answers
 // wrong is HostFaults, how long its calls take HostPace; the GUI thread's reads are told to
 // GuiThreadReads.
-class FakeHost
+class FakeHost : Guarded
 {
 public:
     using Feature = HostFeature;
@@ -31,10 +31,16 @@ public:
     // The same through the exported function, which builds the pages, too.
     void installInWindow();
 
-    void set(const QString& name, const Feature& feature);
+    void set(const QString& name, const Feature& feature)
+    {
+        locked([&] { m_features.insert(name, feature); });
+    }
     // Sets every feature of a description to a value of its kind, and every other node to 1.
     void serve(const QByteArray& description);
-    Feature feature(const QString& name) const;
+    Feature feature(const QString& name) const
+    {
+        return locked([&] { return m_features.value(name); });
+    }
     void fail(const QString& name, int code) { m_faults.fail(name, code); }
     void failMode(const QString& name, int code) { m_faults.failMode(name, code); }
     // Every call takes this long.
@@ -64,7 +70,6 @@ private:
     static Feature ofType(int type, qint64 integer = 0);
     void begin(const QString& call, const QString& name);
 
-    mutable std::mutex m_mutex;
     QHash<QString, Feature> m_features; // guarded by m_mutex
     HostFaults m_faults;
     HostPace m_pace;

@@ -3,29 +3,11 @@
 
 #include <algorithm>
 
-void HostFaults::fail(const QString& name, int code)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_values.insert(name, code);
-}
-
-void HostFaults::failMode(const QString& name, int code)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_modes.insert(name, code);
-}
-
 void HostFaults::failAfter(int calls, int code)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_callsLeft = calls;
     m_laterCode = code;
-}
-
-void HostFaults::takeTurns(const QString& name, const QVector<int>& modes)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_turns.insert(name, modes);
 }
 
 int HostFaults::laterCode()

@@ -16,34 +16,16 @@ void HostPace::setJitterMs(int most, unsigned seed)
     m_random.seed(seed);
 }
 
-void HostPace::closeGate(const QString& name)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_closed.insert(name);
-}
-
 void HostPace::openGate(const QString& name)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_closed.remove(name);
-    }
+    locked([&] { m_closed.remove(name); });
     m_opened.notify_all();
 }
 
 void HostPace::openAllGates()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_closed.clear();
-    }
+    locked([&] { m_closed.clear(); });
     m_opened.notify_all();
-}
-
-int HostPace::waitingAt(const QString& name) const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_waiting.value(name);
 }
 
 int HostPace::jitterUs()

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "support/Guarded.h"
+
 #include <QHash>
 #include <QSet>
 #include <QString>
 
 #include <atomic>
 #include <condition_variable>
-#include <mutex>
 #include <random>
 
 // How long the calls of a host in memory take: always the same, up to so long at random, or until a
 // gate opens. Safe from any thread.
-class HostPace
+class HostPace : Guarded
 {
 public:
     HostPace() = default;
@@ -24,11 +25,17 @@ public:
     // Besides the latency, from none to this much.
     void setJitterMs(int most, unsigned seed);
     // Calls of the name wait from now on until the gate opens.
-    void closeGate(const QString& name);
+    void closeGate(const QString& name)
+    {
+        locked([&] { m_closed.insert(name); });
+    }
     void openGate(const QString& name);
     void openAllGates();
     // Calls of the name that wait at its gate now.
-    int waitingAt(const QString& name) const;
+    int waitingAt(const QString& name) const
+    {
+        return locked([&] { return m_waiting.value(name); });
+    }
 
     // For the host: a call of the name has come. Returns when it may go on.
     void pass(const QString& name);
@@ -37,7 +44,7 @@ private:
     int jitterUs();
 
     std::atomic<int> m_latencyMs{0};
-    mutable std::mutex m_mutex; // guards all below; never held while a call sleeps
+    // The mutex guards all below, and is never held while a call sleeps.
     std::condition_variable m_opened;
     int m_jitterMs = 0;
     std::mt19937 m_random;

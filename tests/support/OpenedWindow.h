@@ -7,6 +7,7 @@
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
 #include "main/ORXMainFeatureWidget.h"
+#include "model/CTreeItemValue.h"
 #include "support/FakeHost.h"
 #include "support/Patience.h"
 #include "support/TestMain.h"

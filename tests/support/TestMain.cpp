@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QWheelEvent>
 
 namespace {
 
@@ -33,6 +34,23 @@ void GuardedTest::cleanup()
     }
     if (!faults.isEmpty())
         QFAIL(qPrintable(faults.join(QLatin1Char('\n'))));
+}
+
+bool showActive(QWidget& window)
+{
+    window.show();
+    window.activateWindow();
+    return QTest::qWaitForWindowActive(&window);
+}
+
+bool sendWheel(QWidget* widget)
+{
+    const QPointF centre = widget->rect().center();
+    QWheelEvent event(centre, widget->mapToGlobal(centre.toPoint()), QPoint(), QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    event.setAccepted(true);
+    QCoreApplication::sendEvent(widget, &event);
+    return event.isAccepted();
 }
 
 int runGuardedTest(int argc, char** argv, std::unique_ptr<GuardedTest> (*make)())

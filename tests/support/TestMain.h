@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <QTest>
+#include <QWidget>
 
 #include <memory>
 
@@ -27,6 +28,11 @@ protected:
     // True fails a test function in which a host of the tests was read on the GUI thread.
     virtual bool failsOnGuiThreadReads() const { return false; }
 };
+
+// Shows the window and makes it the active one; false when it does not become that.
+bool showActive(QWidget& window);
+// Turns the wheel down over the middle of the widget; whether the widget accepts that.
+bool sendWheel(QWidget* widget);
 
 // Runs one test class under a QApplication; returns Qt Test's exit code.
 int runGuardedTest(int argc, char** argv, std::unique_ptr<GuardedTest> (*make)());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/FakeHost.h"
 #include "support/TestMain.h"

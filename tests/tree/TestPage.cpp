@@ -2,9 +2,9 @@
 #include "tree/TestPage.h"
 
 #include "model/CTreeItemValue.h"
+#include "support/TestMain.h"
 #include "tree/ORXFeatureTreeView.h"
 
-#include <QTest>
 #include <QVBoxLayout>
 
 TestPage::TestPage(Item::ParentType type)
@@ -43,9 +43,7 @@ void TestPage::open(const QSize& size)
 {
     resize(size);
     resetCamaraID(1);
-    show();
-    activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(this));
+    QVERIFY(showActive(*this));
 }
 
 QWidget* TestPage::anyEditor(const QString& name, int column)

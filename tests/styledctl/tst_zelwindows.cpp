@@ -30,12 +30,6 @@ QList<QWidget*> signsOf(const QWidget& window)
     return found;
 }
 
-void activate(QWidget& window)
-{
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
 void showBusy(QWidget* window, int index)
 {
     ZELCustomLoadingDialog::setHostWindow(window, index);
@@ -80,8 +74,7 @@ private slots:
         auto* button = new ZELCustomPushButton("DeviceReset"_s, nullptr);
         window.cContentLayout()->addWidget(edit);
         window.cContentLayout()->addWidget(button);
-        window.show();
-        activate(window);
+        QVERIFY(showActive(window));
         // The first focus is in the content.
         QTRY_VERIFY(edit->hasFocus());
         QSignalSpy clicked(button, &QPushButton::clicked);
@@ -95,7 +88,7 @@ private slots:
         QVERIFY(window.cTitleBar()->cCloseButton()->hasFocus());
     }
 
-    void titleDragMovesTheWindow()
+    void titleMovesTheWindowAndLeavesItsRoom()
     {
         ZELCustomMainWindow window;
         window.setFixedSize(400, 300);
@@ -115,14 +108,7 @@ private slots:
         send(QEvent::MouseButtonRelease, {190, 155}, Qt::LeftButton);
         send(QEvent::MouseMove, {300, 300}, Qt::NoButton);
         QCOMPARE(window.pos(), QPoint(130, 145));
-    }
-
-    void hiddenTitleLeavesItsRoom()
-    {
-        ZELCustomMainWindow window;
-        window.setFixedSize(300, 200);
-        window.show();
-        window.layout()->activate();
+        // Hidden it leaves its room to the content.
         const int with = window.cContentWidget()->height();
         window.cSetTitleVisible(false);
         window.layout()->activate();
@@ -130,7 +116,7 @@ private slots:
         window.cEnableDefaultShadow();
         window.layout()->activate();
         QVERIFY(window.cContentWidget()->x() > 1);
-        QCOMPARE(window.size(), QSize(300, 200));
+        QCOMPARE(window.size(), QSize(400, 300));
     }
 
     void staysOverAnOwnerThatStaysOnTop()
@@ -160,8 +146,7 @@ private slots:
 
     void answers()
     {
-        QFETCH(int, buttons);
-        QFETCH(int, key);
+        const auto [buttons, key] = fetchRow<int, int>();
         QWidget owner;
         const QPointer<ZELCustomMessageBox> shown = new ZELCustomMessageBox(&owner);
         ZELCustomMessageBox& box = *shown;
@@ -337,8 +322,7 @@ private slots:
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         layout->addWidget(edit);
         layout->addWidget(button);
-        window.show();
-        activate(window);
+        QVERIFY(showActive(window));
         edit->setFocus();
         showBusy(&window, 1);
         QVERIFY(edit->hasFocus());

@@ -111,6 +111,14 @@ private slots:
     void foldPointGoesWhereItIsDropped()
     {
         auto line = identityLine<LUTFoldLine>();
+        // Outside the plot it goes back.
+        QVERIFY(line.press({0, 239}, m_plot));
+        QVERIFY(line.drag({0, 100}, m_plot));
+        QVERIFY(line.valueAt(0) > 2000);
+        line.release({0, 300}, m_plot);
+        QVERIFY(!line.isDragging());
+        QCOMPARE(line.boundedTable(), identity(1024));
+
         QVERIFY(line.press({120, 120}, m_plot));
         QVERIFY(line.release({200, 60}, m_plot)); // another column: the index stays
         QCOMPARE(line.handles().at(2), (LUTPoint{512, 3071}));
@@ -120,17 +128,6 @@ private slots:
         QCOMPARE(line.valueAt(383), 1020 + int(std::lround(2051.0 * 128 / 257)));
         QVERIFY(!line.release({120, 0}, m_plot));
         QCOMPARE(line.valueAt(512), 3071);
-    }
-
-    void dropOutsideGivesThePointBack()
-    {
-        auto line = identityLine<LUTFoldLine>();
-        QVERIFY(line.press({0, 239}, m_plot));
-        QVERIFY(line.drag({0, 100}, m_plot));
-        QVERIFY(line.valueAt(0) > 2000);
-        line.release({0, 300}, m_plot);
-        QVERIFY(!line.isDragging());
-        QCOMPARE(line.boundedTable(), identity(1024));
     }
 
     void outerPointKeepsItsIndex()
@@ -238,7 +235,7 @@ private slots:
         }
     }
 
-    void controlPointsComeAndGo()
+    void controlPointsComeMoveAndGo()
     {
         auto curve = identityLine<LUTSmoothCurve>();
         const LUTPoints before = curve.handles();
@@ -253,21 +250,17 @@ private slots:
         QCOMPARE(curve.handles(), before);
         QVERIFY(curve.press({0, 239}, m_plot));
         QVERIFY(!curve.removeSelected());
-        for (int x = 1; x < 240; ++x)
-            curve.addPoint({x, x % 2 ? 20 : 220}, m_plot);
-        QCOMPARE(curve.handles().size(), LUTSmoothCurve::kMostControls);
-        QVERIFY(!curve.addBehindSelected());
-    }
-
-    void controlPointStaysBetweenItsNeighbours()
-    {
-        auto curve = identityLine<LUTSmoothCurve>();
+        // They stay between their neighbours.
         QVERIFY(curve.press(m_plot.pixelOf(curve.handles().at(2)).toPoint(), m_plot));
         curve.release({235, 120}, m_plot);
         QCOMPARE(curve.handles().at(2), (LUTPoint{766, 2048}));
         QVERIFY(curve.press(m_plot.pixelOf(curve.handles().at(2)).toPoint(), m_plot));
         curve.release({1, 120}, m_plot);
         QCOMPARE(curve.handles().at(2), (LUTPoint{256, 2048}));
+        for (int x = 1; x < 240; ++x)
+            curve.addPoint({x, x % 2 ? 20 : 220}, m_plot);
+        QCOMPARE(curve.handles().size(), LUTSmoothCurve::kMostControls);
+        QVERIFY(!curve.addBehindSelected());
     }
 
     void importedTableIsExactUntilAnEdit()

@@ -3,20 +3,17 @@
 // camera, closed in the middle of a transfer. Files: see tst_orximgprocessingfeature.
 #include "lut/LutCamera.h"
 #include "lut/QLUTDrawWidget.h"
-#include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomLoadingDialog.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 
-#include <QApplication>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QToolTip>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 #include <memory>
 
@@ -239,8 +236,7 @@ private slots:
 
     void unplugged()
     {
-        QFETCH(bool, set);
-        QFETCH(int, call);
+        const auto [set, call] = fetchRow<bool, int>();
         for (const QString& line : {"LUT: "_s, "Feature Failed"_s})
             MessageGuard::expectMessage(line);
         drawSomething(QLUTDrawWidget::FreeLine);
@@ -311,22 +307,14 @@ private slots:
         QCOMPARE(m_widget->currentLine().handles().at(5).value, before.at(895).value + 1);
     }
 
-    void toolTipTellsIndexAndValue()
+    void pointerReadsAndWheelIsLeftToThePage()
     {
         QHelpEvent help(QEvent::ToolTip, at(60, 60), m_widget->mapToGlobal(at(60, 60)));
         QApplication::sendEvent(m_widget, &help);
         QCOMPARE(QToolTip::text(), "Index: 256\nValue: 3071"_s);
         QToolTip::hideText();
-    }
-
-    void wheelIsLeftToThePage()
-    {
         const LUTPoints before = m_widget->GetSettinngPoints();
-        const QPoint middle = at(120, 120);
-        QWheelEvent wheel(middle, m_widget->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(m_widget, &wheel);
-        QVERIFY(!wheel.isAccepted());
+        QVERIFY(!sendWheel(m_widget));
         QCOMPARE(m_widget->GetSettinngPoints(), before);
     }
 

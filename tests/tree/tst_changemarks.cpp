@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/ChangeMarks.h"
 
-#include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustom.h"
 #include "support/Patience.h"
 #include "tree/FeatureTreeTest.h"

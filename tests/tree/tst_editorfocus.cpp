@@ -136,24 +136,23 @@ private:
 private slots:
     void nothingIsWrittenAndTheViewHasTheFocus_data()
     {
-        QTest::addColumn<QString>("tag");
-        QTest::addColumn<int>("way");
+        const Rows<QString, int> row("tag", "way");
         for (const char* tag : {"String", "Integer", "IntReg", "Enumeration", "Boolean", "Command",
                                 kBoxes, kMatrix}) {
             for (int i = 0; i < ways().size(); ++i) {
                 // These editors do not follow the read-only state.
                 const bool follows = tag != kBoxes && tag != kMatrix;
                 if (follows || qstrcmp(ways().at(i).name, "read-only") != 0)
-                    QTest::addRow("%s, %s", tag, ways().at(i).name)
-                        << QString::fromLatin1(tag) << i;
+                    row(qPrintable(
+                            "%1, %2"_s.arg(QLatin1String(tag), QLatin1String(ways().at(i).name))),
+                        tag, i);
             }
         }
     }
 
     void nothingIsWrittenAndTheViewHasTheFocus()
     {
-        QFETCH(QString, tag);
-        QFETCH(int, way);
+        const auto [tag, way] = fetchRow<QString, int>();
         Item* edited = beginEdit(tag);
         QVERIFY(m_page->writes.isEmpty());
         ways().at(way).take(*this, edited);
@@ -174,9 +173,9 @@ private slots:
 
     void alsoWhileAnotherWindowIsActive_data()
     {
-        QTest::addColumn<int>("way");
+        const Rows<int> row("way");
         for (int i = 0; i < ways().size(); ++i)
-            QTest::newRow(ways().at(i).name) << i;
+            row(ways().at(i).name, i);
     }
 
     void alsoWhileAnotherWindowIsActive()
@@ -184,9 +183,7 @@ private slots:
         QFETCH(int, way);
         Item* edited = beginEdit("String"_s);
         QWidget other;
-        other.show();
-        other.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QVERIFY(showActive(other));
         m_page->writes.clear();
         edited->notifyViewUpdate(1, -1, false);
         auto* edit = qobject_cast<QLineEdit*>(m_edited.data());

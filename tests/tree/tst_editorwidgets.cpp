@@ -10,7 +10,6 @@
 #include "tree/QPropertyLineEdit.h"
 
 #include <QSignalSpy>
-#include <QWheelEvent>
 
 #include <clocale>
 
@@ -217,9 +216,7 @@ private slots:
         ORXPropertySpinBox box(&window, ZELCustomSpinBox64::Style_Cell);
         box.setRange(0, 100);
         ORXListenTools::instance()->addListener(&box, ORXListenTools::PriorityNormal);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(showActive(window));
         QSignalSpy finished(&edit, &QLineEdit::editingFinished);
         QSignalSpy changed(&box, &ZELCustomSpinBox64::valueChanged);
         const auto notify = [](int code) {
@@ -263,13 +260,9 @@ private slots:
         box.SetCurrentSel(0);
         QCOMPARE(box.currentIndex(), 0);
         QCOMPARE(changed.size(), 1);
-        box.show();
-        box.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&box));
+        QVERIFY(showActive(box));
         box.setFocus();
-        QWheelEvent wheel(QPointF(5, 5), box.mapToGlobal(QPoint(5, 5)), QPoint(), QPoint(0, -120),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&box, &wheel);
+        sendWheel(&box);
         QCOMPARE(box.currentIndex(), 0); // not by the wheel
     }
 

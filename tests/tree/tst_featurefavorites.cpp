@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/OBDeviceControl.h"
-#include "model/CTreeItemValue.h"
 #include "tree/FeatureTreeTest.h"
 #include "tree/ORXPropertySpinBox.h"
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Writing through a feature tree: values, commands, what is read again, messages, the overlay.
 #include "basetools/ORXInterface.h"
-#include "model/CTreeItemValue.h"
 #include "styledctl/ZELCustomCheckBox.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "tree/FeatureTreeTest.h"

@@ -4,7 +4,6 @@
 #include "device/OBDeviceControl.h"
 #include "device/ORXListenTools.h"
 #include "device/ReentrancyScope.h"
-#include "model/CTreeItemValue.h"
 #include "reading/FeatureMutex.h"
 #include "styledctl/ZELCustomCheckBox.h"
 #include "styledctl/ZELCustomComboBox.h"

@@ -2,7 +2,6 @@
 // Why a feature cannot be edited, as the window tells it: what passes find at the host, in words,
 // below the description, with links.
 #include "device/OBDeviceControl.h"
-#include "model/CTreeItemValue.h"
 #include "support/DescriptionBuilder.h"
 #include "tree/FeatureDescriptionPanel.h"
 #include "tree/FeatureInfoTabs.h"
@@ -154,7 +153,7 @@ private slots:
         QCOMPARE(links(), expectedLinks);
     }
 
-    void linksByKeyboardAndMouse()
+    void linksByKeyboardAndMouseAndFromTheRow()
     {
         showLocked("Both"_s);
         QSignalSpy shown(m_tree.get(), &ORXFeatureTree::SigShowFeature);
@@ -174,12 +173,7 @@ private slots:
         QVERIFY(!line()->hasFocus());
         QTest::mouseClick(line()->viewport(), Qt::LeftButton, {}, placeOf("Level"_s));
         QCOMPARE(shown, QList<QVariantList>({{"Level"_s}, {"Level"_s}}));
-    }
-
-    // Tab would go on through the editors of other rows.
-    void fromTheRowByEnter()
-    {
-        showLocked("Both"_s);
+        // From the row by Enter: Tab would go on through the editors of other rows.
         m_tree->infoTabs()->addPanel(new QWidget, [] { return "Other"_s; });
         m_tree->infoTabs()->setCurrentIndex(1);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) {

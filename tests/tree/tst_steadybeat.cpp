@@ -2,7 +2,6 @@
 #include "tree/SteadyBeat.h"
 
 #include "support/Periods.h"
-#include "support/Rows.h"
 #include "support/TestMain.h"
 
 #include <QSemaphore>

@@ -8,7 +8,6 @@
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDrag>
 #include <QEventLoop>
@@ -16,20 +15,12 @@
 #include <QPointer>
 #include <QTimer>
 
-#include <functional>
 #include <thread>
 #include <vector>
 
 using namespace DescriptionBuilder;
 
 namespace {
-
-QByteArray smallDescription()
-{
-    Size size = Size::ofFeatures(60);
-    size.categories = 6;
-    return generate(size);
-}
 
 // In the order of Place.
 const QStringList kPlaces =
@@ -65,7 +56,7 @@ bool dragsBlock()
 
 } // namespace
 
-class TestLifetimes : public DescribedWindowTest<smallDescription>
+class TestLifetimes : public DescribedWindowTest<generateSmall>
 {
     Q_OBJECT
 

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "OBFeatureTree/OBFeatureTree.h"
-#include "basetools/ORXInterface.h"
-#include "device/OBDeviceControl.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 #include "support/Periods.h"
 
-#include <QApplication>
 #include <QStyle>
 #include <QThread>
 
@@ -15,18 +11,7 @@
 
 using namespace DescriptionBuilder;
 
-namespace {
-
-QByteArray smallDescription()
-{
-    Size size = Size::ofFeatures(60);
-    size.categories = 6;
-    return generate(size);
-}
-
-} // namespace
-
-class TestOBFeatureTree : public DescribedWindowTest<smallDescription>
+class TestOBFeatureTree : public DescribedWindowTest<generateSmall>
 {
     Q_OBJECT
 

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the window shows of a camera that has not answered yet.
-#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>

@@ -2,7 +2,6 @@
 // Switching the language by the tool bar, in the opened window: afterwards it shows what a window
 // that was opened in that language shows, and no edit is lost.
 #include "CameraDescription.h"
-#include "basetools/ORXInterface.h"
 #include "main/ReadingProgressLine.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustomDockTitleBar.h"

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CameraDescription.h"
-#include "device/OBDeviceControl.h"
 #include "device/ReentrancyScope.h"
 #include "main/ORXFeatureToolBar.h"
-#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "pages/ORXCommonFeature.h"
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "support/OpenedWindow.h"
 #include "support/Periods.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -67,9 +64,13 @@ class TestORXMainFeatureWidget : public DescribedWindowTest<cameraDescription>
     Q_OBJECT
 
 private slots:
-    void theToolBar()
+    void theTitleAndTheToolBar()
     {
+        m_host->set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
         const ReadWindow window(*m_host, m_xml);
+        const auto* title = window.widget()->findChild<ZELCustomDockTitleBar*>();
+        QTRY_COMPARE(title->cTitleText(), "left camera"_s);
+        QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
         auto* bar = window.widget()->findChild<ORXFeatureToolBar*>();
         auto* level = bar->findChild<QComboBox*>();
         QSignalSpy told(bar, &ORXFeatureToolBar::SigToolBarBtnClicked);
@@ -102,6 +103,8 @@ private slots:
         QCOMPARE(level->currentIndex(), 0);
         QCOMPARE(level->count(), 2);
         QCOMPARE(told.count(), before);
+        window.widget()->SetTitleVisible(false);
+        QVERIFY(!window.widget()->cIsTitleVisible());
     }
 
     void removedCameraLeavesAnEmptyWindow()
@@ -231,22 +234,12 @@ private slots:
         }
     }
 
-    void titleIsTheUsersName()
-    {
-        m_host->set("DeviceUserID"_s, FakeHost::textFeature("left camera"));
-        const ReadWindow window(*m_host, m_xml);
-        const auto* title = window.widget()->findChild<ZELCustomDockTitleBar*>();
-        QTRY_COMPARE(title->cTitleText(), "left camera"_s);
-        QCOMPARE(window.widget()->windowTitle(), "Test camera"_s);
-        window.widget()->SetTitleVisible(false);
-        QVERIFY(!window.widget()->cIsTitleVisible());
-    }
-
     // Searching in the side column, by the keyboard -----------------------------------------------
     void hitsAreShownAndCounted()
     {
         SearchedWindow window(*m_host, m_xml);
         window.showGroup("AnalogControl");
+        QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
         window.type("gain"_s);
         QCOMPARE(window.shown(), words("Gain GainAuto"));
         QCOMPARE(window.hits("AnalogControl"), 2);
@@ -254,6 +247,10 @@ private slots:
         QCOMPARE(window.groupModel()->hitCount(), 4); // the common page shows both again
         const ORXPropertyTreeItem* gain = window.item("Gain");
         QVERIFY(gain->getHighlightSerachText().contains("Gain</span>"_s));
+        // The same text is not searched again.
+        window.box()->setText("  gain "_s);
+        QTest::keyClick(window.box(), Qt::Key_Return);
+        QCOMPARE(searched.count(), 1);
         QTest::keyClick(window.box(), Qt::Key_Escape);
         QCOMPARE(window.shown().size(), 3);
         QCOMPARE(window.groupModel()->hitCount(), 0);
@@ -272,12 +269,7 @@ private slots:
         // What a page row comes back to is the group from before, too.
         window.groups()->OnChangedIndex(window.groupModel()->pageIndex(0));
         QCOMPARE(window.shownGroup(), "DeviceControl"_s);
-    }
-
-    void staysWhereTheUserWent()
-    {
-        SearchedWindow window(*m_host, m_xml);
-        window.showGroup("DeviceControl");
+        // It stays where the user went.
         window.type("a"_s);
         const QRect row = window.groups()->visualRect(window.group("AnalogControl"));
         QTest::mouseClick(window.groups()->viewport(), Qt::LeftButton, {}, row.center());
@@ -343,16 +335,6 @@ private slots:
         window.column()->ClearSearch();
         QVERIFY(!note->isVisible());
         QCOMPARE(window.state(), "DeviceControl: DeviceUserID DeviceReset"_s);
-    }
-
-    void sameTextIsNotSearchedAgain()
-    {
-        SearchedWindow window(*m_host, m_xml);
-        QSignalSpy searched(window.column(), &ORXFeatureGroup::SigSearched);
-        window.type("g"_s);
-        window.box()->setText("  g "_s);
-        QTest::keyClick(window.box(), Qt::Key_Return);
-        QCOMPARE(searched.count(), 1);
     }
 
     void keyboardReachesBoxAndHits()

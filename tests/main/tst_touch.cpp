@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 // The window under a finger: it scrolls, clicks, asks for menus and reads tool tips, and what it
 // scrolls over stays as it is.
-#include "main/CFeatureGroupTreeView.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>

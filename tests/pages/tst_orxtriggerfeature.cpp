@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The trigger and IO page in the window, on the simulated camera.
-#include "model/CTreeItemValue.h"
 #include "pages/DemoPageTest.h"
 #include "support/Periods.h"
 

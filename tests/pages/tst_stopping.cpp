@@ -15,9 +15,6 @@
 
 namespace {
 
-constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
-const char kTransformation[] = "ColorTransformationEnable";
-const char kMatrixSelector[] = "ColorTransformationValueSelector";
 const char kLoad[] = "Custom_LUTLoadFromCamera";
 
 // Closes the window while the host holds calls, and lets the calls go when the window is hidden,
@@ -88,8 +85,8 @@ protected:
 
 private:
     QAbstractButton* box(int entry) const { return DemoPageTest::box("ChunkSelector", entry); }
-    void show(const char* name) const { QVERIFY(m_window->show(kPage, name)); }
-    void click(const char* name) const { QVERIFY(m_window->click(kPage, name)); }
+    void show(const char* name) const { QVERIFY(m_window->show(kImage, name)); }
+    void click(const char* name) const { QVERIFY(m_window->click(kImage, name)); }
     // The boxes stand there, their states have been read, and nothing is under way.
     void showBoxes() const
     {
@@ -228,8 +225,7 @@ private slots:
 
     void onlyThePuttingBackFollows()
     {
-        QFETCH(QString, work);
-        QFETCH(QString, held);
+        const auto [work, held] = fetchRow<QString, QString>();
         MessageGuard::expectMessage("LUT: "_s);
         MessageGuard::expectMessage("was not written: stopped before"_s);
         begin(work, held.split(", "_s));

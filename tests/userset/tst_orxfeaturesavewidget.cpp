@@ -3,7 +3,6 @@
 
 #include "cameras/CameraError.h"
 #include "device/OBDeviceControl.h"
-#include "model/CTreeItemValue.h"
 #include "pages/DemoPageTest.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "styledctl/ZELCustomPushButton.h"
@@ -353,11 +352,15 @@ private slots:
         QVERIFY(m_camera->writes().isEmpty());
     }
 
-    void acquisitionDisablesLoading()
+    void acquisitionDisablesLoadingAndTheLevelHidesTheReset()
     {
         write("AcquisitionStart", "");
+        OBDeviceControl::SetUserLevel(1);
         open();
         inDialog([&](ORXFeatureSaveWidget* dialog) {
+            QCOMPARE(dialog->size(), QSize(370, 438));
+            QCOMPARE(dialog->windowModality(), Qt::WindowModal);
+            QVERIFY(dialog->windowFlags() & Qt::WindowStaysOnTopHint);
             const auto usable = [dialog](int id) { return button(dialog, id)->isEnabled(); };
             for (int id = 0; id <= 10; ++id)
                 QCOMPARE(usable(id), id < 3 || id > 6); // none that loads
@@ -365,17 +368,6 @@ private slots:
             OB_FT_UpdateFeatures();
             for (int id = 3; id <= 6; ++id)
                 QTRY_VERIFY(usable(id));
-        });
-    }
-
-    void levelHidesTheReset()
-    {
-        OBDeviceControl::SetUserLevel(1);
-        open();
-        inDialog([&](ORXFeatureSaveWidget* dialog) {
-            QCOMPARE(dialog->size(), QSize(370, 438));
-            QCOMPARE(dialog->windowModality(), Qt::WindowModal);
-            QVERIFY(dialog->windowFlags() & Qt::WindowStaysOnTopHint);
             QVERIFY(!button(dialog, 11)->isVisible());
             OBDeviceControl::SetUserLevel(0);
             m_window->widget()->OnUserLeverChanged();

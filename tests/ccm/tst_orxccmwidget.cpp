@@ -14,9 +14,6 @@
 
 namespace {
 
-constexpr char kTransformation[] = "ColorTransformationEnable";
-constexpr char kSelector[] = "ColorTransformationValueSelector";
-constexpr char kValue[] = "ColorTransformationValue";
 const SettingsFile kFile{"DEMO000001"_s};
 
 // A matrix with its editor in a window of its own, driven as the page drives it.
@@ -107,23 +104,11 @@ class TestORXCCMWidget : public DemoPageTest
 {
     Q_OBJECT
 
-protected:
-    void prepare() override
-    {
-        SettingsFile::removeAll();
-        DemoPageTest::prepare();
-    }
-    void finish() override
-    {
-        DemoPageTest::finish();
-        SettingsFile::removeAll();
-    }
-
 private:
     void setCoefficient(const char* index, const char* value)
     {
-        write(kSelector, index);
-        write(kValue, value);
+        write(kMatrixSelector, index);
+        write(kMatrixValue, value);
     }
     void openSwitchedOn()
     {
@@ -136,7 +121,7 @@ private:
         write(kTransformation, "1");
         open();
         OB_FT_Close(); // nothing else reads
-        m_camera->closeGate(kValue, MeddledCamera::Reads);
+        m_camera->closeGate(kMatrixValue, MeddledCamera::Reads);
         auto matrix = std::make_unique<ShownMatrix>();
         matrix->updateData();
         return QTest::qWaitFor([this] { return m_camera->isHolding(); }) ? std::move(matrix)
@@ -149,7 +134,7 @@ private slots:
     {
         setCoefficient("1", "-0.25");
         setCoefficient("8", "3.5");
-        write(kSelector, "6");
+        write(kMatrixSelector, "6");
         openSwitchedOn();
         ShownMatrix matrix;
         QVERIFY(!matrix.cell(0)->isEnabled());
@@ -158,7 +143,7 @@ private slots:
                  "1.0000 -0.2500 0.0000 0.0000 1.0000 0.0000 0.0000 0.0000 3.5000"_s);
         QVERIFY(matrix.isOn());
         // The camera is as it was.
-        QCOMPARE(read(kSelector), 6);
+        QCOMPARE(read(kMatrixSelector), 6);
         QCOMPARE(read(kTransformation), 0);
         QCOMPARE(read("CCMEnable"), 1);
         QCOMPARE(matrix.cell(5)->accessibleName(), "Row 2, column 3 (Gain12)"_s);
@@ -212,15 +197,13 @@ private slots:
 
     void editReachesTheCamera()
     {
-        QFETCH(int, index);
-        QFETCH(QByteArray, text);
-        QFETCH(QStringList, writes);
+        const auto [index, text, shown, writes] = fetchRow<int, QByteArray, QString, QStringList>();
         openSwitchedOn();
         ShownMatrix matrix;
         QVERIFY(matrix.read());
         m_camera->forget();
         matrix.enter(index, text.constData());
-        QTEST(matrix.cell(index)->text(), "shown");
+        QCOMPARE(matrix.cell(index)->text(), shown);
         QCOMPARE(m_camera->writes(), writes);
     }
 
@@ -230,18 +213,18 @@ private slots:
         openSwitchedOn();
         ShownMatrix matrix;
         QVERIFY(matrix.read());
-        m_camera->fail(kValue, CameraError::NotWritable, MeddledCamera::Writes);
+        m_camera->fail(kMatrixValue, CameraError::NotWritable, MeddledCamera::Writes);
         matrix.enter(4, "2");
         QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
         QCOMPARE(shownMessage(), "Failed to set the feature value."_s);
         QVERIFY(message().startsWith("Node 'ColorTransformationValue':failed to save value '2'"_s));
         delete messageBox();
         // A refused selector spares the value.
-        m_camera->fail(kSelector, CameraError::NotWritable, MeddledCamera::Writes);
+        m_camera->fail(kMatrixSelector, CameraError::NotWritable, MeddledCamera::Writes);
         m_camera->forget();
         matrix.enter(4, "2");
         QCOMPARE(matrix.cell(4)->text(), "1.0000"_s);
-        QCOMPARE(m_camera->writesOf(kValue), 0);
+        QCOMPARE(m_camera->writesOf(kMatrixValue), 0);
         QVERIFY(message().startsWith(
             "Node 'ColorTransformationValueSelector':failed to save value '4'"_s));
     }
@@ -284,10 +267,10 @@ private slots:
     void passesSeeTheirOwnCoefficient()
     {
         setCoefficient("6", "0.5");
-        watchSelection(kSelector, 6, kValue);
+        watchSelection(kMatrixSelector, 6, kMatrixValue);
         openSwitchedOn();
-        const auto* shown = m_window->item(kTree, kValue)->value();
-        const auto* selected = m_window->item(kTree, kSelector)->value();
+        const auto* shown = m_window->item(kTree, kMatrixValue)->value();
+        const auto* selected = m_window->item(kTree, kMatrixSelector)->value();
         ShownMatrix matrix;
         for (int i = 0; i < 10; ++i) {
             OB_FT_UpdateFeatures();
@@ -322,7 +305,7 @@ private slots:
             matrix.matrix->setShown(true);
             matrix.matrix->switchTo(on);
             QTRY_COMPARE(read("CCMEnable"), on ? 1 : 0);
-            QTRY_VERIFY(m_window->item(kTree, kSelector)->value()->enabled());
+            QTRY_VERIFY(m_window->item(kTree, kMatrixSelector)->value()->enabled());
             matrix.matrix->setShown(false);
         }
     }
@@ -331,7 +314,7 @@ private slots:
     {
         MessageGuard::ignoreMessage(
             QtCriticalMsg, "Reading the color correction matrix: coefficient 4 cannot be read");
-        write(kSelector, "7");
+        write(kMatrixSelector, "7");
         write(kTransformation, "1");
         open();
         OB_FT_Close();
@@ -340,22 +323,22 @@ private slots:
         QVERIFY(matrix.becomesKnown());
         const QStringList before = matrix.texts();
         m_camera->beforeRead = [&](const QString& name) {
-            if (name == QLatin1String(kValue) && ++reads == 5)
-                m_camera->fail(kValue, CameraError::NotReadable, MeddledCamera::Reads);
+            if (name == QLatin1String(kMatrixValue) && ++reads == 5)
+                m_camera->fail(kMatrixValue, CameraError::NotReadable, MeddledCamera::Reads);
         };
         matrix.updateData();
         QTRY_VERIFY(MessageGuard::contains("coefficient 4 cannot be read"_s));
         QCOMPARE(read(kTransformation), 1);
-        QCOMPARE(read(kSelector), 7);
+        QCOMPARE(read(kMatrixSelector), 7);
         QVERIFY(!matrix.cell(0)->isEnabled());
         QCOMPARE(matrix.texts(), before);
         // The selector is moved only if it can be put back afterwards.
         MessageGuard::expectMessage("ColorTransformationValueSelector cannot be read"_s);
-        m_camera->fail(kSelector, CameraError::NotReadable, MeddledCamera::Reads);
+        m_camera->fail(kMatrixSelector, CameraError::NotReadable, MeddledCamera::Reads);
         m_camera->forget();
         matrix.updateData();
         QTRY_VERIFY(MessageGuard::contains("ColorTransformationValueSelector cannot be read"_s));
-        QCOMPARE(m_camera->writesOf(kSelector), 0);
+        QCOMPARE(m_camera->writesOf(kMatrixSelector), 0);
         QVERIFY(!matrix.cell(0)->isEnabled());
     }
 
@@ -376,7 +359,7 @@ private slots:
     // matrix is read again.
     void outOfSightEndsTheReading()
     {
-        write(kSelector, "7");
+        write(kMatrixSelector, "7");
         const auto shown = openAndHold();
         QVERIFY(shown);
         m_camera->forget();

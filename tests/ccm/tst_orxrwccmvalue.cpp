@@ -149,8 +149,7 @@ private slots:
 
     void folderThatCannotBeMade()
     {
-        QFile blocker(SettingsFile::folder());
-        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        QVERIFY(storeFile(SettingsFile::folder(), ""));
         ORXRWCCMValue settings;
         QVERIFY(!settings.createSetting(kName));
         QVERIFY(!settings.fault().isEmpty());
@@ -168,8 +167,7 @@ private slots:
 
     void fileIsNamedAfterTheCamera()
     {
-        QFETCH(QByteArray, serial);
-        QFETCH(QByteArray, record);
+        const auto [serial, record] = fetchRow<QByteArray, QByteArray>();
         FakeHost host;
         host.install();
         if (!serial.isEmpty())

@@ -5,15 +5,14 @@
 #include "changes/ChangesPanel.h"
 #include "changes/FeatureFileDialog.h"
 #include "changes/FeatureFileTable.h"
-#include "model/CTreeItemValue.h"
 #include "pages/DemoPageTest.h"
+#include "support/Files.h"
 
 #include <QAbstractItemModelTester>
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTemporaryDir>
 
 class TestChangesPanel : public DemoPageTest
 {
@@ -22,12 +21,6 @@ class TestChangesPanel : public DemoPageTest
 private:
     enum End { Dialog, Window, Release };
 
-    void prepare() override
-    {
-        DemoPageTest::prepare();
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_strPath = m_folder->filePath("a.features"_s);
-    }
     void finish() override
     {
         ORXInterface::setFileDialogHook({});
@@ -50,6 +43,8 @@ private:
     {
         return m_window->widget()->findChild<FeatureFileDialog*>();
     }
+    // Of a feature file.
+    QString path() const { return m_folder->filePath("a.features"_s); }
     void showPanel() const
     {
         auto* tabs = m_window->tree()->findChild<QTabWidget*>("FeatureInfoTabs"_s);
@@ -81,14 +76,7 @@ private:
             ++row;
         return row;
     }
-    bool store(const QByteArray& bytes) const
-    {
-        QFile file(m_strPath);
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-    }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QString m_strPath; // of a feature file
     std::unique_ptr<QAbstractItemModelTester> m_tester;
 
 private slots:
@@ -191,7 +179,7 @@ private slots:
     void savesComparesAndApplies()
     {
         ORXInterface::setFileDialogHook([this](ORXInterface::FileDialogKind, const QString&,
-                                               const QString&) { return m_strPath; });
+                                               const QString&) { return path(); });
         openWatched();
         QVERIFY(m_window->show(kTree, "TriggerDelay"));
         showPanel();
@@ -233,10 +221,10 @@ private slots:
         if (bytes.isEmpty())
             MessageGuard::expectMessage("cannot be read"_s);
         else
-            QVERIFY(store(bytes));
+            QVERIFY(storeFile(path(), bytes));
         openWatched();
         m_camera->forget();
-        panel()->compareWith(m_strPath);
+        panel()->compareWith(path());
         QVERIFY2(dialog()->summary().contains(summary), qPrintable(dialog()->summary()));
         QTEST(dialog()->table()->rowCount(), "rows");
         QVERIFY(!dialog()->isWorking());
@@ -250,12 +238,13 @@ private slots:
     // What this camera has is compared, what is chosen is applied, and the rest is named.
     void fileOfAnotherModelIsTold()
     {
-        QVERIFY(
-            store("# Model: Another 5\nDeviceUserID\tx\nWidth\t640\nHeight\t480\nNoSuchFeature\t1\n"
-                  "GainAuto\tNoSuchEntry\nTriggerSelector\tNoSuchEntry\nTriggerDelay\t5\n"));
+        QVERIFY(storeFile(
+            path(),
+            "# Model: Another 5\nDeviceUserID\tx\nWidth\t640\nHeight\t480\nNoSuchFeature\t1\n"
+            "GainAuto\tNoSuchEntry\nTriggerSelector\tNoSuchEntry\nTriggerDelay\t5\n"));
         openWatched();
         const qint64 delay = read("TriggerDelay");
-        panel()->compareWith(m_strPath);
+        panel()->compareWith(path());
         OBFT_TRY_COMPARE(dialog()->summary(),
                          "The file is of another model, Another 5. 7 of 7 values differ."_s);
         auto* table = const_cast<FeatureFileTable*>(dialog()->table());
@@ -303,7 +292,7 @@ private slots:
         openWatched();
         const qint64 selector = read("TriggerSelector");
         m_camera->closeGate("TriggerSelector", MeddledCamera::Writes);
-        panel()->saveTo(m_strPath);
+        panel()->saveTo(path());
         OBFT_TRY_VERIFY(m_camera->isHolding());
         panel()->compareWith("/no/such.features"_s); // waits for nothing and changes nothing
         QVERIFY(dialog()->isWorking());
@@ -324,7 +313,7 @@ private slots:
             OBFT_TRY_VERIFY(m_window->item(kTree, "TriggerSelector")->value()->enabled());
         }
         QCOMPARE(read("TriggerSelector"), selector);
-        QVERIFY(!QFile::exists(m_strPath));
+        QVERIFY(!QFile::exists(path()));
     }
 };
 

@@ -4,15 +4,12 @@
 
 #include "main/CFeatureGroupTreeView.h"
 #include "main/ORXFeatureGroup.h"
-#include "model/CTreeItemValue.h"
 #include "pages/DemoPageTest.h"
 #include "tree/RowPainter.h"
 
 #include <QTabWidget>
 
 namespace {
-
-constexpr int kImagePage = ORXMainFeatureWidget::ImageProcessingTab;
 
 } // namespace
 
@@ -151,10 +148,10 @@ private slots:
     void allPagesMark()
     {
         openAt(0);
-        QVERIFY(m_window->show(kImagePage, "Height"));
-        QCOMPARE(m_window->item(kImagePage, "Height"), m_window->item(kTree, "Height"));
-        ORXFeatureTreeView* view = m_window->page(kImagePage)->treeView();
-        const QModelIndex row = m_window->row(kImagePage, "Height");
+        QVERIFY(m_window->show(kImage, "Height"));
+        QCOMPARE(m_window->item(kImage, "Height"), m_window->item(kTree, "Height"));
+        ORXFeatureTreeView* view = m_window->page(kImage)->treeView();
+        const QModelIndex row = m_window->row(kImage, "Height");
         const auto mark = [&] {
             const QPoint at = RowPainter::markPlace(view->visualRect(row)).center();
             return view->viewport()->grab().toImage().pixelColor(at);

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
 const QSize kSensor(2048, 1536);
 const QRect kStart(320, 320, 656, 644); // on all grids that are tried
 const QStringList kRegion = words("OffsetX OffsetY Width Height");
@@ -64,13 +63,13 @@ private:
     QRect shownRect(const QStringList& names) const
     {
         const auto value = [&](int i) {
-            return m_window->item(kPage, names[i].toLatin1())->value()->value().toInt();
+            return m_window->item(kImage, names[i].toLatin1())->value()->value().toInt();
         };
         return {value(0), value(1), value(2), value(3)};
     }
     bool showRegion(const QStringList& names = kRegion)
     {
-        return m_window->show(kPage, names.last().toLatin1()) &&
+        return m_window->show(kImage, names.last().toLatin1()) &&
                QTest::qWaitFor([&] { return picture()->isVisible() && picture()->edited(); },
                                PageWindow::kPatienceMs);
     }
@@ -290,7 +289,7 @@ private slots:
         for (const char* name : {"Width", "Height"})
             m_camera->lock(name, true);
         QVERIFY(m_window->refresh());
-        OBFT_TRY_VERIFY(m_window->item(kPage, "Width")->readOnly());
+        OBFT_TRY_VERIFY(m_window->item(kImage, "Width")->readOnly());
         OBFT_TRY_VERIFY(picture()->edited());
         const QPoint from = handle(0, 0);
         dragMouse(from, from + QPoint(-20, 0));
@@ -305,7 +304,7 @@ private slots:
         openAtStart();
         const QPoint middle = handle(0, 0);
         QVERIFY(m_window->click(kTree, "AcquisitionStart"));
-        QVERIFY(m_window->show(kPage, "Width"));
+        QVERIFY(m_window->show(kImage, "Width"));
         OBFT_TRY_VERIFY(!picture()->edited());
         m_camera->forget();
         dragMouse(middle, middle + QPoint(40, 40));
@@ -352,18 +351,18 @@ private slots:
             listener.heard.clear();
             return came && heard == expected;
         };
-        QVERIFY(m_window->show(kPage, "Width"));
+        QVERIFY(m_window->show(kImage, "Width"));
         QVERIFY(told("1 1"));
         QCOMPARE(listener.last.zero, quint8(0));
         QCOMPARE(listener.last.page, 3);
         QCOMPARE(listener.last.cameraId, qint64(1));
         QCOMPARE(listener.last.sender, static_cast<void*>(imagePage()));
         const std::tuple<int, const char*, const char*> steps[] = {
-            {kPage, "AutoFunctionAOIWidth", "1 0,2 1"},
-            {kPage, "LUTEnable", "2 0"},
-            {kPage, "Width", "1 1"},
+            {kImage, "AutoFunctionAOIWidth", "1 0,2 1"},
+            {kImage, "LUTEnable", "2 0"},
+            {kImage, "Width", "1 1"},
             {kTree, "Width", "1 0"},
-            {kPage, "Width", "1 1"}};
+            {kImage, "Width", "1 1"}};
         for (const auto& [tab, shown, events] : steps) {
             QVERIFY(m_window->show(tab, shown));
             QVERIFY2(told(events), shown);

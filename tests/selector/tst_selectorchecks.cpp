@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
 const char kSelected[] = "3"; // entry that the user has selected elsewhere
 
 } // namespace
@@ -28,7 +27,7 @@ private:
         for (const char* each : {"ChunkSelector", "FrameSpecInfoSelector", "EventSelector"})
             QCOMPARE(write(each, kSelected), 0);
         open(lacking, language);
-        QVERIFY(m_window->show(kPage, rowName(0)));
+        QVERIFY(m_window->show(kImage, rowName(0)));
     }
     // The same at the chunks, when their states have been read.
     void openChunks(int language = 0)
@@ -73,7 +72,7 @@ private slots:
         OBFT_TRY_COMPARE(this->states(), states);
         OBFT_TRY_COMPARE(read(selector), 3);
         // One box has no neighbour when the entries are odd in number.
-        const ORXPropertyTreeItem* last = m_window->item(kPage, rowName(int(states.size()) - 1));
+        const ORXPropertyTreeItem* last = m_window->item(kImage, rowName(int(states.size()) - 1));
         QVERIFY(last->value()->nodeName(1).isEmpty());
         for (const int entry : {6, 3, 6}) {
             m_camera->forget();
@@ -152,7 +151,7 @@ private slots:
         QCOMPARE(states(), QByteArray("1110110"));
         // In the whole tree, of the entry that is selected there.
         QVERIFY(m_window->click(kTree, "ChunkEnable"));
-        QVERIFY(m_window->show(kPage, rowName(0)));
+        QVERIFY(m_window->show(kImage, rowName(0)));
         OBFT_TRY_COMPARE(states(), QByteArray("1111110"));
         // By the camera itself, while nobody reads the boxes: who does puts the selector back.
         {
@@ -178,7 +177,7 @@ private slots:
             const bool locked = qstrcmp(command, "AcquisitionStart") == 0;
             OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled() == locked);
             QVERIFY(m_window->click(kTree, command));
-            QVERIFY(m_window->show(kPage, rowName(0)));
+            QVERIFY(m_window->show(kImage, rowName(0)));
             OBFT_TRY_VERIFY(box(0) && box(0)->isEnabled() != locked);
         }
     }
@@ -207,7 +206,7 @@ private slots:
         // Lets the host go on while the window waits for it, or just before.
         std::thread hanging([&] { m_camera->openGate(); });
         if (end == "another camera shown"_s)
-            m_window->page(kPage)->resetCamaraID(2);
+            m_window->page(kImage)->resetCamaraID(2);
         if (end == "released"_s)
             OB_FT_Release();
         else

@@ -5,7 +5,6 @@
 #include "changes/ChangesPanel.h"
 #include "changes/FeatureFileDialog.h"
 #include "main/ORXFeatureGroup.h"
-#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "pages/DemoPageTest.h"
 #include "pages/ORXImgProcessingFeature.h"
@@ -14,13 +13,8 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 
 namespace {
-
-constexpr int kPage = ORXMainFeatureWidget::ImageProcessingTab;
-const char kTransformation[] = "ColorTransformationEnable";
-const char kValue[] = "ColorTransformationValue";
 
 } // namespace
 
@@ -94,7 +88,7 @@ private slots:
         m_window->tree()->addFavoriteItem(m_window->item(kTree, value));
         QCOMPARE(this->locked(locked), QStringList());
         m_camera->closeGate(value, MeddledCamera::Reads);
-        QVERIFY(m_window->show(kPage, shown));
+        QVERIFY(m_window->show(kImage, shown));
         OBFT_TRY_VERIFY(m_camera->isHolding());
         QCOMPARE(this->locked(locked), locked + QStringList("favourite "_s + locked.last()));
         m_window->tree()->addFavoriteItem(m_window->item(kTree, selector));
@@ -122,13 +116,12 @@ private slots:
     {
         QFETCH(bool, endsFirst);
         const QStringList both = words("ChunkSelector ChunkEnable");
-        const QTemporaryDir folder;
         open();
         m_camera->hold("get ChunkEnable"_s);
-        QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
+        QVERIFY(m_window->show(kImage, "Custom_ChunkSelector_0"));
         OBFT_TRY_COMPARE(m_camera->held(), 1);
         auto* changes = m_window->tree()->findChild<ChangesPanel*>();
-        changes->saveTo(folder.filePath("a.features"_s));
+        changes->saveTo(m_folder->filePath("a.features"_s));
         auto* file = m_window->widget()->findChild<FeatureFileDialog*>();
         QCOMPARE(locked(both + words("LineInverter")), both + words("LineInverter"));
         if (endsFirst) {
@@ -165,7 +158,7 @@ private slots:
         const auto [entry, clicks] = fetchRow<int, int>();
         MessageGuard::expectMessage("Feature Failed"_s);
         open();
-        QVERIFY(m_window->show(kPage, "Custom_ChunkSelector_0"));
+        QVERIFY(m_window->show(kImage, "Custom_ChunkSelector_0"));
         OBFT_TRY_VERIFY(box("ChunkSelector", 2) && box("ChunkSelector", 2)->isChecked());
         QAbstractButton* clicked = box("ChunkSelector", entry);
         const bool before = clicked->isChecked();
@@ -200,7 +193,7 @@ private slots:
         open();
         m_camera->forget();
         m_camera->hold(held);
-        QVERIFY(m_window->show(kPage, shown));
+        QVERIFY(m_window->show(kImage, shown));
         OBFT_TRY_COMPARE(m_camera->held(), 1);
         m_window->tree()->rereadInvalidated("GammaEnable"_s);
         OBFT_TRY_VERIFY(m_window->tree()->GetFeatureMutex()->waiting() > 0);
@@ -222,14 +215,14 @@ private slots:
     {
         write(kTransformation, "1");
         open();
-        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        QVERIFY(m_window->show(kImage, "Custom_CCM"));
         auto* search = m_window->widget()->featureGroup(1)->findChild<QLineEdit*>();
         QVERIFY(search);
         search->setText("enable"_s);
-        ORXPropertyTreeItem* item = m_window->item(kPage, "Custom_CCMEnable");
-        OBFT_TRY_VERIFY(m_window->isRowShown(kPage, item) &&
-                        !m_window->isRowShown(kPage, "Custom_CCM"));
-        const ORXFeatureTreeView* view = m_window->page(kPage)->treeView();
+        ORXPropertyTreeItem* item = m_window->item(kImage, "Custom_CCMEnable");
+        OBFT_TRY_VERIFY(m_window->isRowShown(kImage, item) &&
+                        !m_window->isRowShown(kImage, "Custom_CCM"));
+        const ORXFeatureTreeView* view = m_window->page(kImage)->treeView();
         const auto enable = [&] { return qobject_cast<QAbstractButton*>(view->editorOf(item)); };
         OBFT_TRY_VERIFY(enable() && enable()->isEnabled());
         m_camera->forget();
@@ -244,13 +237,13 @@ private slots:
         write(kTransformation, "0");
         write("CCMEnable", "1");
         open();
-        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        QVERIFY(m_window->show(kImage, "Custom_CCM"));
         OBFT_TRY_VERIFY(cellShows(0, "1.0000"));
         // The camera changes by itself, while nobody has the selector elsewhere.
         const auto cameraChanges = [this](const char* value) {
             const FeatureLock untouched(m_window->tree()->GetFeatureMutex());
             write("ColorTransformationValueSelector", "0");
-            write(kValue, value);
+            write(kMatrixValue, value);
         };
         cameraChanges("0.5");
         m_window->tree()->OnBtnRefresh();
@@ -277,19 +270,19 @@ private slots:
         write(kTransformation, "0");
         write("CCMEnable", "1");
         open();
-        m_camera->closeGate(kValue, MeddledCamera::Reads);
-        QVERIFY(m_window->show(kPage, "Custom_CCM"));
+        m_camera->closeGate(kMatrixValue, MeddledCamera::Reads);
+        QVERIFY(m_window->show(kImage, "Custom_CCM"));
         OBFT_TRY_VERIFY(m_camera->isHolding());
         OBFT_TRY_VERIFY(cell(0) && !cell(0)->isEnabled());
         if (end == QLatin1String("camera failed")) {
-            m_camera->fail(kValue, CameraError::Timeout, MeddledCamera::Reads);
+            m_camera->fail(kMatrixValue, CameraError::Timeout, MeddledCamera::Reads);
             m_camera->openGate();
             OBFT_TRY_VERIFY(MessageGuard::contains("cannot be read"_s));
             // Switching enables no cells that nobody knows.
-            QVERIFY(m_window->click(kPage, "Custom_CCMEnable"));
+            QVERIFY(m_window->click(kImage, "Custom_CCMEnable"));
             OBFT_TRY_COMPARE(locked({"ColorTransformationValue"_s}), QStringList());
             QVERIFY(!cell(0)->isEnabled());
-            m_camera->fail(kValue, 0);
+            m_camera->fail(kMatrixValue, 0);
             write("CCMEnable", "1");
             write(kTransformation, "0");
             OB_FT_UpdateFeatures();
@@ -302,7 +295,7 @@ private slots:
             QVERIFY(m_window->show(kTree, "Width"));
             m_camera->openGate();
             OBFT_TRY_COMPARE(locked({"ColorTransformationValue"_s}), QStringList());
-            QVERIFY(m_window->show(kPage, "Custom_CCM"));
+            QVERIFY(m_window->show(kImage, "Custom_CCM"));
         }
         OBFT_TRY_VERIFY(cellShows(4, "1.0000") && cell(4)->isEnabled());
     }

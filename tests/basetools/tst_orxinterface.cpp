@@ -53,8 +53,7 @@ private slots:
 
     void localTextIsBounded()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, limit);
+        const auto [bytes, limit] = fetchRow<QByteArray, int>();
         QTEST(ORXInterface::fromLocalText(bytes.constData(), limit), "text");
         QVERIFY(ORXInterface::fromLocalText(nullptr, limit).isEmpty());
     }

@@ -1,29 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/FavoritesFile.h"
 #include "support/FileSizeLimit.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-
-namespace {
-
-QByteArray fileBytes()
-{
-    QFile file(FavoritesFile::path());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(FavoritesFile::path()).path());
-    QFile file(FavoritesFile::path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-} // namespace
 
 class TestFavoritesFile : public GuardedTest
 {
@@ -47,11 +29,11 @@ private slots:
     {
         const QList<FavoriteFeature> favorites = {
             {"Width"_s, "\u5bbd\u5ea6"_s}, {"Gain"_s, "Gain Raw"_s}, {"Width"_s, "\u5bbd\u5ea6"_s}};
-        writeFile("old");
+        QVERIFY(storeFile(FavoritesFile::path(), "old"));
         FavoritesFile::save(favorites);
         const QByteArray width =
             "<Feature><Name>Width</Name><DisplayName>\u5bbd\u5ea6</DisplayName></Feature>";
-        QCOMPARE(fileBytes(),
+        QCOMPARE(bytesOf(FavoritesFile::path()),
                  "<?xml version=\"1.0\" encoding=\"GB2312\"?>\r\n<Favorites>" + width +
                      "<Feature><Name>Gain</Name><DisplayName>Gain Raw</DisplayName></Feature>" +
                      width + "</Favorites>");
@@ -60,12 +42,12 @@ private slots:
 
     void fullDiskKeepsTheFileBefore()
     {
-        writeFile("old");
+        QVERIFY(storeFile(FavoritesFile::path(), "old"));
         {
             const FileSizeLimit full(16);
             FavoritesFile::save({{"Gain"_s, "Gain Raw"_s}});
         }
-        QCOMPARE(fileBytes(), QByteArray("old"));
+        QCOMPARE(bytesOf(FavoritesFile::path()), QByteArray("old"));
     }
 
     void loading_data()
@@ -87,7 +69,7 @@ private slots:
     void loading()
     {
         const auto [bytes, logged] = fetchRow<QByteArray, QByteArray>();
-        writeFile(bytes);
+        QVERIFY(storeFile(FavoritesFile::path(), bytes));
         if (!logged.isEmpty())
             MessageGuard::ignoreMessage(QtCriticalMsg, logged.constData());
         QTEST(int(FavoritesFile::load().size()), "count");
@@ -95,7 +77,7 @@ private slots:
 
     void unescapedNamesMakeTheFileUnreadable()
     {
-        writeFile("old");
+        QVERIFY(storeFile(FavoritesFile::path(), "old"));
         FavoritesFile::save({{"A&B"_s, "both"_s}});
         MessageGuard::ignoreMessage(QtCriticalMsg, "loadFavoritesXml failed.333");
         QVERIFY(FavoritesFile::load().isEmpty());

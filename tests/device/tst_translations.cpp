@@ -3,6 +3,7 @@
 // looked up.
 #include "device/OBDeviceControl.h"
 #include "styledctl/ZELCustom.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QDomDocument>
@@ -78,10 +79,8 @@ private:
     // Makes this the library's own file of translations.
     void install(const QByteArray& table)
     {
-        QDir(m_directory.path()).mkdir("FeatureTreeResource"_s);
-        QFile file(m_directory.filePath("FeatureTreeResource/FeaturesTranslate.xml"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(table);
+        QVERIFY(
+            storeFile(m_directory.filePath("FeatureTreeResource/FeaturesTranslate.xml"_s), table));
         OBDeviceControl::SetDllPath(m_directory.path());
     }
 

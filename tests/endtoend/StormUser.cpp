@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "StormUser.h"
 
-#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "support/Literals.h"

@@ -108,6 +108,30 @@ private:
         return CameraTalk(*m_real).value(QLatin1String(name));
     }
 
+    QStringList inCameraNow() const
+    {
+        QStringList rows;
+        for (const Kind& kind : kKinds)
+            rows.append(QString::fromLatin1(kind.name) + QLatin1Char(' ') + textInCamera(kind));
+        return rows;
+    }
+
+    // As the row shows it.
+    QString textInCamera(const Kind& kind) const
+    {
+        const QString name = QString::fromLatin1(kind.name);
+        const QString value = inCamera(kind.name);
+        if (name == "TheFloat"_s)
+            return QString::number(value.toDouble(), 'f', 4);
+        if (name == "TheBoolean"_s)
+            return value == "1"_s ? "checked"_s : "unchecked"_s;
+        if (name == "TheEnumeration"_s)
+            return value == "1"_s ? "Second"_s : "First"_s;
+        if (name == "TheAddress"_s)
+            return "0x"_s + QString::number(value.toInt(), 16).toUpper();
+        return name == "TheCommand"_s ? QString() : value;
+    }
+
     std::unique_ptr<SimulatedCamera> m_real;
     std::unique_ptr<FaultyCamera> m_faulty;
     std::unique_ptr<SwitchedCamera> m_camera;
@@ -193,31 +217,6 @@ private slots:
         for (const Kind& kind : kKinds)
             OBFT_TRY_VERIFY(m_window->isEnabled(kTree, kind.name));
         OBFT_TRY_COMPARE(shownRows(), inCameraNow());
-    }
-
-private:
-    QStringList inCameraNow() const
-    {
-        QStringList rows;
-        for (const Kind& kind : kKinds)
-            rows.append(QString::fromLatin1(kind.name) + QLatin1Char(' ') + textInCamera(kind));
-        return rows;
-    }
-
-    // As the row shows it.
-    QString textInCamera(const Kind& kind) const
-    {
-        const QString name = QString::fromLatin1(kind.name);
-        const QString value = inCamera(kind.name);
-        if (name == "TheFloat"_s)
-            return QString::number(value.toDouble(), 'f', 4);
-        if (name == "TheBoolean"_s)
-            return value == "1"_s ? "checked"_s : "unchecked"_s;
-        if (name == "TheEnumeration"_s)
-            return value == "1"_s ? "Second"_s : "First"_s;
-        if (name == "TheAddress"_s)
-            return "0x"_s + QString::number(value.toInt(), 16).toUpper();
-        return name == "TheCommand"_s ? QString() : value;
     }
 };
 

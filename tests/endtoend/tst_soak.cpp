@@ -3,12 +3,10 @@
 // without pause: nothing is left behind. OBFT_SOAK_OPENINGS chooses how many, OBFT_SOAK_MINUTES how
 // long.
 #include "changes/ChangesPanel.h"
-#include "model/CTreeItemValue.h"
 #include "support/DescriptionBuilder.h"
 #include "support/OpenedWindow.h"
 #include "tree/ValueWatch.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QLineEdit>
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "StormCamera.h"
 #include "StormUser.h"
-#include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/GuiThreadReads.h"
@@ -165,8 +164,7 @@ private:
 private slots:
     void everythingIsRightWhenItCalmsDown_data()
     {
-        QTest::addColumn<unsigned>("seed");
-        QTest::addColumn<int>("milliseconds");
+        const Rows<unsigned, int> row("seed", "milliseconds");
         const QByteArray wanted = qgetenv("OBFT_STORM_SEED");
         const QByteArray seconds = qgetenv("OBFT_STORM_SECONDS");
         const int all = (seconds.isEmpty() ? kSeconds : seconds.toInt()) * 1000;
@@ -174,13 +172,12 @@ private slots:
         if (!wanted.isEmpty())
             seeds = {wanted.toUInt()};
         for (const unsigned seed : seeds)
-            QTest::addRow("seed %u", seed) << seed << all / static_cast<int>(seeds.size());
+            row(qPrintable("seed %1"_s.arg(seed)), seed, all / static_cast<int>(seeds.size()));
     }
 
     void everythingIsRightWhenItCalmsDown()
     {
-        QFETCH(unsigned, seed);
-        QFETCH(int, milliseconds);
+        const auto [seed, milliseconds] = fetchRow<unsigned, int>();
         m_kinds.clear();
         m_complaints.clear();
         GuiThreadReads::take();

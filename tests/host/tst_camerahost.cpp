@@ -3,6 +3,7 @@
 #include "host/FakeGigECamera.h"
 #include "program/HostOptions.h"
 #include "support/ChildProcess.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QImage>
@@ -54,12 +55,6 @@ private:
         return HostOptions::parse(QStringList("camera-host"_s) + arguments, options);
     }
     QString file(const char* name) const { return m_directory.filePath(QLatin1String(name)); }
-    void write(const char* name, const QByteArray& content) const
-    {
-        QFile written(file(name));
-        QVERIFY(written.open(QIODevice::WriteOnly));
-        written.write(content);
-    }
 
     QTemporaryDir m_directory;
 
@@ -67,13 +62,13 @@ private slots:
     void initTestCase()
     {
         const QByteArray demo = DemoCamera::description();
-        write("sound.xml", demo);
-        write("cut-off.xml", demo.left(5000));
-        write("no-xml.xml", "hello");
-        write("camera.xml", "<RegisterDescription/>");
-        write("plan.txt", "# slow\nlatency * 1\nvanish B\n");
-        write("story.steps", "tab=1\nsettle\nwait=5\n");
-        write("empty.xml", "");
+        QVERIFY(storeFile(file("sound.xml"), demo));
+        QVERIFY(storeFile(file("cut-off.xml"), demo.left(5000)));
+        QVERIFY(storeFile(file("no-xml.xml"), "hello"));
+        QVERIFY(storeFile(file("camera.xml"), "<RegisterDescription/>"));
+        QVERIFY(storeFile(file("plan.txt"), "# slow\nlatency * 1\nvanish B\n"));
+        QVERIFY(storeFile(file("story.steps"), "tab=1\nsettle\nwait=5\n"));
+        QVERIFY(storeFile(file("empty.xml"), ""));
     }
 
     // Plans and steps may stand in files.
@@ -128,12 +123,11 @@ private slots:
 
     void refuses()
     {
-        QFETCH(QString, arguments);
-        QFETCH(QString, message);
+        const auto [arguments, code, message] = fetchRow<QString, ExitCode, QString>();
         HostOptions options;
         const auto outcome = parse(arguments.split(QLatin1Char('|')), &options);
         QVERIFY(!outcome.run);
-        QTEST(outcome.code, "code");
+        QCOMPARE(outcome.code, code);
         QVERIFY2(outcome.message.contains(message), qPrintable(outcome.message));
     }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "steps/StepRunner.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QComboBox>
@@ -157,8 +158,7 @@ private slots:
         const QString wanted = folder.filePath("a.features"_s);
         QCOMPARE(run("press=Save; file=%1; wait=1"_s.arg(wanted)), QString());
         QCOMPARE(chosen, wanted);
-        QFile existing(wanted);
-        QVERIFY(existing.open(QIODevice::WriteOnly));
+        QVERIFY(storeFile(wanted, ""));
         chosen.clear();
         QCOMPARE(run("press=Save; file=%1; wait=1"_s.arg(wanted)), QString());
         QCOMPARE(chosen, wanted);

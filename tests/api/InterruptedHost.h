@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "OBFeatureTree/OBFeatureTree.h"
 #include "support/FakeHost.h"
-#include "support/GuiThreadReads.h"
+#include "support/Literals.h"
 
 #include <QApplication>
 #include <QThread>
@@ -31,32 +30,24 @@ enum Place {
 };
 
 // A host whose callbacks do something more, once.
-struct InterruptedHost
+struct InterruptedHost : FakeHost
 {
-    explicit InterruptedHost(const QByteArray& description) { fake.serve(description); }
-
-    int install()
+    explicit InterruptedHost(const QByteArray& description)
     {
-        const GuiThreadReads::InstallingCallbacks installing;
-        return OB_FT_SetCallBackFunc(
-            [](int type, char* name, void* value, void* user) {
-                const int code = FakeHost::getFeature(type, name, value, fakeOf(user));
-                return enter(user, onGuiThread() ? InGet : ReadingThread, code);
-            },
-            [](int type, char* name, char* value, void* user) {
-                return enter(user, InSet, FakeHost::setFeature(type, name, value, fakeOf(user)));
-            },
-            [](char* name, int* mode, void* user) {
-                const int code = FakeHost::getMode(name, mode, fakeOf(user));
-                return onGuiThread() ? enter(user, InMode, code) : code;
-            },
-            [](void* user) {
-                return enter(user, InInvalidate, FakeHost::invalidate(fakeOf(user)));
-            },
-            [](int action, void* user) {
-                return enter(user, InAction, FakeHost::action(action, fakeOf(user)));
-            },
-            this);
+        serve(description);
+        afterCall = [this](const QString& call) {
+            const bool onGuiThread = QThread::currentThread() == qApp->thread();
+            static const QHash<QString, Place> kPlaces = {{"set"_s, InSet},
+                                                          {"invalidate"_s, InInvalidate},
+                                                          {"action"_s, InAction},
+                                                          {"get"_s, InGet},
+                                                          {"mode"_s, InMode}};
+            int place = kPlaces.value(call.section(QLatin1Char(' '), 0, 0));
+            if (!onGuiThread && (place == InGet || place == InMode))
+                place = ReadingThread;
+            if (m_place.compare_exchange_strong(place, Idle))
+                m_todo();
+        };
     }
 
     // In the next call of that callback.
@@ -66,20 +57,7 @@ struct InterruptedHost
         m_place = place;
     }
 
-    FakeHost fake;
-
 private:
-    static FakeHost* fakeOf(void* user) { return &static_cast<InterruptedHost*>(user)->fake; }
-    static bool onGuiThread() { return QThread::currentThread() == qApp->thread(); }
-    static int enter(void* user, Place place, int code)
-    {
-        auto* host = static_cast<InterruptedHost*>(user);
-        int expected = place;
-        if (host->m_place.compare_exchange_strong(expected, -1))
-            host->m_todo();
-        return code;
-    }
-
-    std::atomic<int> m_place{-1};
+    std::atomic<int> m_place{Idle};
     std::function<void()> m_todo; // read only by whoever took m_place
 };

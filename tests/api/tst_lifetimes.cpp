@@ -65,7 +65,7 @@ protected:
     {
         m_now = std::make_unique<InterruptedHost>(m_xml);
         m_next = std::make_unique<InterruptedHost>(m_xml);
-        m_now->fake.set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
+        m_now->set("ChunkModeActive"_s, FakeHost::booleanFeature(false));
     }
     // A chunk question that another one is asked in is no read without need.
     bool failsOnGuiThreadReads() const override { return false; }
@@ -81,7 +81,7 @@ private:
     {
         OB_FT_Init(m_xml.constData(), nullptr, nullptr);
         setDeviceName("Test camera");
-        host.install();
+        host.installInWindow();
         OB_FT_SetWidgetSize(900, 700);
         OB_FT_SetWidgetPosition(10, 10);
         OB_FT_Start(nullptr, 0);
@@ -105,8 +105,8 @@ private:
          [] { return MessageGuard::contains("called again without OB_FT_Release"_s); }},
         {"SetDeviceInfo", [] { return setDeviceName("Renamed"); },
          [] { return window()->cTitleText() == QLatin1String("Renamed"); }},
-        {"SetCallBackFunc", [this] { return m_next->install(); },
-         [this] { return m_next->fake.callCount() > 0; }},
+        {"SetCallBackFunc", [this] { return m_next->installInWindow(); },
+         [this] { return m_next->callCount() > 0; }},
         {"SetWidgetSize", [] { return OB_FT_SetWidgetSize(800, 600); },
          [] { return window()->size() == QSize(800, 600); }},
         {"SetTitleVisible", [] { return OB_FT_SetTitleVisible(1); }, [] { return true; }},
@@ -116,10 +116,10 @@ private:
         {"Close", [] { return OB_FT_Close(); }, [] { return !window()->isVisible(); }},
         {"UpdateFeatures",
          [this] {
-             m_invalidated = m_now->fake.count("invalidate"_s);
+             m_invalidated = m_now->count("invalidate"_s);
              return OB_FT_UpdateFeatures();
          },
-         [this] { return m_now->fake.count("invalidate"_s) > m_invalidated; }}};
+         [this] { return m_now->count("invalidate"_s) > m_invalidated; }}};
 
     // Calls from that place of the opened window, and leaves it.
     void at(int place, const std::function<void()>& call)
@@ -177,7 +177,7 @@ private:
         case InGet:
         case InMode:
             m_now->inNext(static_cast<Place>(place), once);
-            m_now->install();
+            m_now->installInWindow();
             break;
         case MessageBox:
             inDialog();
@@ -246,9 +246,9 @@ private:
         QVERIFY(window()->featureGroup(1)->groupView()->model()->rowCount() > 1);
         QVERIFY(tree()->treeView()->model()->rowCount() > 1);
         QTRY_VERIFY(tree()->findChild<QWidget*>("Feature00012"_s));
-        QVERIFY(host.fake.writes().isEmpty());
-        QCOMPARE(host.fake.count("invalidate"_s), 0);
-        QCOMPARE(host.fake.count("action 1"_s), 0);
+        QVERIFY(host.writes().isEmpty());
+        QCOMPARE(host.count("invalidate"_s), 0);
+        QCOMPARE(host.count("action 1"_s), 0);
     }
 
     std::unique_ptr<InterruptedHost> m_now;
@@ -324,7 +324,7 @@ private slots:
         at(place, [&] {
             QCOMPARE(OB_FT_Release(), 0);
             QCOMPARE(OB_FT_SetTitleVisible(0), -1);
-            calls = m_now->fake.callCount();
+            calls = m_now->callCount();
             if (reopening == InPlace)
                 open(*m_next);
         });
@@ -336,7 +336,7 @@ private slots:
         if (reopening == AfterEvents)
             open(*m_next);
         checkOpening(*m_next);
-        QCOMPARE(m_now->fake.callCount(), calls);
+        QCOMPARE(m_now->callCount(), calls);
         OB_FT_Release();
     }
 
@@ -381,10 +381,10 @@ private slots:
             open(*m_next);
         });
         QCOMPARE(OB_FT_Release(), 0);
-        const qint64 calls = m_now->fake.callCount();
+        const qint64 calls = m_now->callCount();
         QTRY_VERIFY(!old);
         checkOpening(*m_next);
-        QCOMPARE(m_now->fake.callCount(), calls);
+        QCOMPARE(m_now->callCount(), calls);
     }
 };
 

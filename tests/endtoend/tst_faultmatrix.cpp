@@ -2,10 +2,10 @@
 // Every kind of feature, every fault of the host's plan, and everything that a user may be doing
 // when it strikes: the window goes on, its neighbours work, and when the fault is over every row
 // shows what the camera has.
-#include "SwitchedCamera.h"
 #include "cameras/SimulatedCamera.h"
 #include "faults/FaultyCamera.h"
 #include "host/CameraTalk.h"
+#include "pages/MeddledCamera.h"
 #include "pages/PageWindow.h"
 #include "styledctl/ZELCustomMessageBox.h"
 #include "support/DescriptionBuilder.h"
@@ -134,7 +134,7 @@ private:
 
     std::unique_ptr<SimulatedCamera> m_real;
     std::unique_ptr<FaultyCamera> m_faulty;
-    std::unique_ptr<SwitchedCamera> m_camera;
+    std::unique_ptr<MeddledCamera> m_camera;
     std::unique_ptr<PageWindow> m_window;
 
 private slots:
@@ -179,11 +179,12 @@ private slots:
         QVERIFY2(faults, qPrintable(wrong));
         m_real = std::make_unique<SimulatedCamera>(description());
         m_faulty = std::make_unique<FaultyCamera>(*m_real, *faults);
-        m_camera = std::make_unique<SwitchedCamera>(*m_real, *m_faulty);
-        m_camera->setFaulty(doing == "opening"_s);
+        m_camera = std::make_unique<MeddledCamera>(*m_faulty);
+        if (doing != "opening"_s)
+            m_camera->standBefore(*m_real);
         m_window = std::make_unique<PageWindow>(*m_camera);
         const QStringList before = doing == "opening"_s ? QStringList() : shownRows();
-        m_camera->setFaulty(true);
+        m_camera->standBefore(*m_faulty);
 
         if (doing == "editing"_s) {
             for (const Kind& kind : kKinds)
@@ -198,7 +199,7 @@ private slots:
         } else if (doing == "closing"_s) {
             OB_FT_UpdateFeatures();
             OB_FT_Close();
-            const int calls = m_camera->calls();
+            const QStringList calls = m_camera->calls();
             QVERIFY(twentyPeriodsPass());
             QCOMPARE(m_camera->calls(), calls);
         }
@@ -208,7 +209,7 @@ private slots:
             OBFT_TRY_COMPARE(inCamera("Calm"), "9"_s);
         }
 
-        m_camera->setFaulty(false);
+        m_camera->standBefore(*m_real);
         closeMessages();
         if (doing == "closing"_s)
             OB_FT_Start(nullptr, 0);

@@ -157,7 +157,7 @@ private slots:
             m_before = now;
         qInfo("%d threads, %d files, %d widgets, %zu bytes", now.threads, now.files, now.widgets,
               now.bytes);
-        QTRY_VERIFY_WITH_TIMEOUT(threads() <= m_before.threads, kWindowPatienceMs);
+        OBFT_TRY_VERIFY(threads() <= m_before.threads);
         QCOMPARE(now.files, m_before.files);
         QCOMPARE(now.widgets, m_before.widgets);
         QVERIFY(now.bytes <= m_before.bytes + m_before.bytes / 100);
@@ -191,8 +191,7 @@ private slots:
                 window.widget()->OnUserLeverChanged();
             }
             tree->OnTimerFeatureNoCache(); // else every two seconds
-            QTRY_COMPARE_WITH_TIMEOUT(shown->displayValue(), QString::number(second),
-                                      kWindowPatienceMs);
+            OBFT_TRY_COMPARE(shown->displayValue(), QString::number(second));
             if (second % 60 < 59)
                 continue;
             m_host->clearCalls();
@@ -202,7 +201,7 @@ private slots:
                   now.threads, now.files, now.widgets, now.bytes);
             if (second < 60)
                 m_before = now;
-            QTRY_VERIFY_WITH_TIMEOUT(threads() <= m_before.threads, kWindowPatienceMs);
+            OBFT_TRY_VERIFY(threads() <= m_before.threads);
             QCOMPARE(now.files, m_before.files);
             QVERIFY(now.bytes <= m_before.bytes + m_before.bytes / 100);
         }
@@ -232,8 +231,7 @@ private slots:
             if (i % kRound < kRound - 1)
                 continue;
             // What each of them has changed is shown.
-            QTRY_VERIFY_WITH_TIMEOUT(agrees(window) && !window.tree()->isReading(),
-                                     kWindowPatienceMs);
+            OBFT_TRY_VERIFY(agrees(window) && !window.tree()->isReading());
             QCOMPARE(m_host->writes(), entered);
             m_host->clearCalls();
             entered.clear();

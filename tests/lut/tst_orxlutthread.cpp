@@ -107,9 +107,9 @@ private slots:
         QVERIFY(start(*m_thread, type, points));
         QTRY_COMPARE(m_said->log, said);
         QCOMPARE(m_camera->table(), valuesOf(set ? points : m_thread->points()));
-        QCOMPARE(m_camera->written().size(), set ? kPoints : 0);
+        QCOMPARE(m_camera->written(), set ? kPoints : 0);
         // An index and a value for each point; before a read the limits of both.
-        QCOMPARE(m_camera->calls(), (set ? 0 : 2) + 2 * kPoints);
+        QCOMPARE(m_camera->calls().size(), (set ? 0 : 2) + 2 * kPoints);
         // Progress comes often enough to watch, and does not flood the GUI thread.
         QVERIFY(m_said->progress.size() >= 50 && m_said->progress.size() <= 200);
         QCOMPARE(m_said->progress.last(), kPoints);
@@ -141,7 +141,7 @@ private slots:
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         QTRY_COMPARE(m_said->log, said);
         QVERIFY(MessageGuard::contains(line));
-        QVERIFY(m_camera->calls() <= 2 + 2 * (kPoints + 1));
+        QVERIFY(m_camera->calls().size() <= 2 + 2 * (kPoints + 1));
     }
 
     void refusedPointsAreSkipped()
@@ -152,7 +152,7 @@ private slots:
         QVector<int> wanted = valuesOf(points);
         for (const int refused : {100, 200})
             wanted[refused] = m_camera->table().at(refused);
-        m_camera->refuseIndex(100);
+        m_camera->fail("set LUTIndex 100"_s, -3);
         m_camera->refuseValueAt(200);
         QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
         QTRY_COMPARE(m_said->log, words("write:failed:4094 written end"));
@@ -180,13 +180,13 @@ private slots:
         QVector<int> wanted = m_camera->table();
         for (int i = 0; type == ORXLUTThread::SetToCamera && i < call / 2; ++i)
             wanted[i] = points.at(i).value;
-        m_camera->unplugAtCall(call);
+        m_camera->faults().failAfter(call - 1, -5);
         QVERIFY(start(*m_thread, type, points));
         QTRY_COMPARE(m_said->log, said);
         QVERIFY(m_thread->points().isEmpty());
         QCOMPARE(m_camera->table(), wanted);
         // The worker is ready for the next job.
-        m_camera->unplugAtCall(0);
+        m_camera->faults().failAfter(0, 0);
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         QTRY_COMPARE(m_said->log, said + kLoaded);
     }
@@ -203,7 +203,7 @@ private slots:
         QVERIFY(!start(*m_thread, ORXLUTThread::LoadFromCamera));
         QVERIFY(start(*m_thread, ORXLUTThread::SetToCamera, points));
         QVERIFY(!start(*m_thread, ORXLUTThread::SetToCamera, points));
-        QCOMPARE(m_camera->written().size(), 0);
+        QCOMPARE(m_camera->written(), 0);
         m_camera->release();
         QTRY_COMPARE(m_said->log, kLoaded + words("write:completed:4096 written end"));
         // The load was whole before the first point was written.
@@ -224,7 +224,7 @@ private slots:
         m_thread->resetCameraID(2);
         QVERIFY(m_thread->points().isEmpty());
         // The last call of a read: too late for the stop request to cut it short.
-        m_camera->holdAtCall(m_camera->calls() + 2 + 2 * kPoints);
+        m_camera->holdAtCall(2 + 2 * kPoints);
         QVERIFY(start(*m_thread, ORXLUTThread::LoadFromCamera));
         QTRY_VERIFY(m_camera->isHolding());
         m_thread->resetCameraID(3);

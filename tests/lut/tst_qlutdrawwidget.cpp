@@ -209,8 +209,8 @@ private slots:
     {
         QFETCH(int, call);
         MessageGuard::expectMessage("LUT: writing stopped after 300 of 1024 points"_s);
-        const int lastCall = m_camera->calls() + call;
-        m_camera->holdAtCall(lastCall);
+        const qint64 lastCall = m_camera->callCount() + call;
+        m_camera->holdAtCall(call);
         m_widget->SetToCamera();
         QTRY_VERIFY(m_camera->isHolding());
         // Another page in front does not end it.
@@ -219,8 +219,8 @@ private slots:
         m_window->close();
         m_camera->release();
         QVERIFY(waitForEnd());
-        QTEST(int(m_camera->written().size()), "written");
-        QCOMPARE(m_camera->calls(), lastCall);
+        QTEST(m_camera->written(), "written");
+        QCOMPARE(m_camera->callCount(), lastCall);
         QTEST(message(), "told");
         QTEST(hint(), "hint");
         QCOMPARE(MessageGuard::contains("stopped after 300"_s), call < 2 * kPoints);
@@ -241,7 +241,7 @@ private slots:
             MessageGuard::expectMessage(line);
         drawSomething(QLUTDrawWidget::FreeLine);
         const LUTPoints drawn = m_widget->GetSettinngPoints();
-        m_camera->unplugAtCall(m_camera->calls() + call);
+        m_camera->faults().failAfter(call - 1, -5);
         set ? m_widget->SetToCamera() : m_widget->LoadFromCamera();
         QVERIFY(waitForEnd());
         QTEST(message(), "told");
@@ -253,7 +253,7 @@ private slots:
     {
         const LUTPoints before = m_widget->GetSettinngPoints();
         delete box();
-        m_camera->holdAtCall(m_camera->calls() + 100);
+        m_camera->holdAtCall(100);
         m_widget->LoadFromCamera();
         QTRY_VERIFY(m_camera->isHolding());
         m_widget->resetCameraID(2);

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 MeddledCamera::MeddledCamera(Camera& camera, const QStringList& lacking)
-    : m_camera(camera)
+    : m_camera(&camera)
 {
     QByteArray xml = QByteArray::fromStdString(camera.descriptionXml());
     for (const QString& name : lacking)
@@ -49,7 +49,7 @@ int MeddledCamera::read(int type, const std::string& name, void* record)
         if (const int code = pass(lock, Reads, name, "get "_s + feature))
             return code;
     }
-    const int result = m_camera.read(type, name, record);
+    const int result = camera().read(type, name, record);
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto increment = m_increments.find(name);
     if (increment != m_increments.end() && type == OB_FT_TYPE_INTEGER)
@@ -70,7 +70,7 @@ int MeddledCamera::write(int type, const std::string& name, const std::string& t
         if (code != 0)
             return code;
     }
-    return m_camera.write(type, name, text);
+    return camera().write(type, name, text);
 }
 
 int MeddledCamera::accessMode(const std::string& name, int* mode)
@@ -80,7 +80,7 @@ int MeddledCamera::accessMode(const std::string& name, int* mode)
         if (const int code = pass(lock, Modes, name, "mode "_s + QString::fromStdString(name)))
             return code;
     }
-    const int result = m_camera.accessMode(name, mode);
+    const int result = camera().accessMode(name, mode);
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto found = m_modes.find(name);
     if (found != m_modes.end() && found->second != kOwnMode)

@@ -24,13 +24,13 @@ public:
     explicit MeddledCamera(Camera& camera, const QStringList& lacking = {});
 
     const std::string& descriptionXml() const override { return m_xml; }
-    DeviceRecord deviceRecord() const override { return m_camera.deviceRecord(); }
+    DeviceRecord deviceRecord() const override { return camera().deviceRecord(); }
     int read(int type, const std::string& name, void* record) override;
     int write(int type, const std::string& name, const std::string& text) override;
     int accessMode(const std::string& name, int* mode) override;
-    int invalidate() override { return m_camera.invalidate(); }
-    bool isConnected() const override { return !m_unplugged && m_camera.isConnected(); }
-    int reconnect() override { return m_camera.reconnect(); }
+    int invalidate() override { return camera().invalidate(); }
+    bool isConnected() const override { return !m_unplugged && camera().isConnected(); }
+    int reconnect() override { return camera().reconnect(); }
 
     enum Calls { Reads = 1, Writes = 2, ReadsAndWrites = Reads | Writes, Modes = 4 };
 
@@ -38,6 +38,8 @@ public:
     std::function<void(const QString& name)> beforeRead;
     std::function<void(const QString& name)> beforeWrite;
 
+    // Stands before this one from now on, which is not owned and keeps to the same description.
+    void standBefore(Camera& camera) { m_camera = &camera; }
     // Calls of the name answer with the code from now on; 0 ends it.
     void fail(const char* name, int code, Calls calls = ReadsAndWrites)
     {
@@ -98,7 +100,9 @@ private:
     int pass(std::unique_lock<std::mutex>& lock, Calls kind, const std::string& name,
              const QString& call);
 
-    Camera& m_camera; // Not owned.
+    Camera& camera() const { return *m_camera; }
+
+    std::atomic<Camera*> m_camera; // Not owned.
     std::string m_xml;
     std::condition_variable m_opened;
     std::map<std::string, Failure> m_failures;

@@ -57,7 +57,7 @@ PageWindow::PageWindow(Camera& camera, int language, Opening opening)
     OB_FT_SetWidgetSize(900, 1000);
     OB_FT_Start(nullptr, language);
     const auto isOpen = [&] { return opening == InFirstRead || tree()->HadUpdatedOnce(); };
-    if (!QTest::qWaitFor(isOpen, kPatienceMs))
+    if (!QTest::qWaitFor(isOpen, kWindowPatienceMs))
         qFatal("no first read");
     QApplication::processEvents();
 }
@@ -179,7 +179,7 @@ QWidget* PageWindow::openedEditor(int tab, ORXPropertyTreeItem* item) const
     if (!show(tab, item) || !isRowShown(tab, item))
         return nullptr;
     const ORXFeatureTreeView* view = page(tab)->treeView();
-    (void)QTest::qWaitFor([&] { return view->editorOf(item) != nullptr; }, kPatienceMs);
+    (void)QTest::qWaitFor([&] { return view->editorOf(item) != nullptr; }, kWindowPatienceMs);
     return view->editorOf(item);
 }
 
@@ -190,7 +190,7 @@ QWidget* PageWindow::usableEditor(int tab, ORXPropertyTreeItem* item) const
         editor = openedEditor(tab, item);
         return editor && editor->isEnabled();
     };
-    return QTest::qWaitFor(isUsable, kPatienceMs) ? editor : nullptr;
+    return QTest::qWaitFor(isUsable, kWindowPatienceMs) ? editor : nullptr;
 }
 
 bool PageWindow::enter(int tab, const char* name, const QString& text) const
@@ -259,8 +259,8 @@ bool PageWindow::refresh() const
                             [](const auto* thread) { return thread->readsMoreThanPolled(); });
     };
     // A pass under way would make the request superfluous.
-    if (!QTest::qWaitFor(allIdle, kPatienceMs))
+    if (!QTest::qWaitFor(allIdle, kWindowPatienceMs))
         return false;
     OB_FT_UpdateFeatures();
-    return QTest::qWaitFor(allIdle, kPatienceMs);
+    return QTest::qWaitFor(allIdle, kWindowPatienceMs);
 }

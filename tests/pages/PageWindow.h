@@ -15,18 +15,11 @@ class IORXFeatureWidget;
 class ORXPropertyTreeItem;
 class QAbstractButton;
 
-// QTRY_COMPARE and QTRY_VERIFY with the patience that a loaded machine needs.
-#define OBFT_TRY_COMPARE(actual, expected)                                                         \
-    QTRY_COMPARE_WITH_TIMEOUT(actual, expected, PageWindow::kPatienceMs)
-#define OBFT_TRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, PageWindow::kPatienceMs)
-
 // The window on a camera, as a user sees and drives it: pages by their tabs, groups by the side
 // column, values by the editors in sight. Released when it goes.
 class PageWindow
 {
 public:
-    static constexpr int kPatienceMs = kWindowPatienceMs;
-
     enum Opening { WaitForFirstRead, InFirstRead };
     // Opens the window and waits for the first full read, or does not. `camera` is not owned.
     explicit PageWindow(Camera& camera, int language = 0, Opening opening = WaitForFirstRead);

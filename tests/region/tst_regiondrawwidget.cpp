@@ -71,7 +71,7 @@ private:
     {
         return m_window->show(kImage, names.last().toLatin1()) &&
                QTest::qWaitFor([&] { return picture()->isVisible() && picture()->edited(); },
-                               PageWindow::kPatienceMs);
+                               kWindowPatienceMs);
     }
 
     // The picture takes over what was read a moment after the reading has ended.
@@ -346,7 +346,7 @@ private slots:
         const auto told = [&](const char* events) {
             const QStringList expected = QString::fromLatin1(events).split(QLatin1Char(','));
             const bool came = QTest::qWaitFor(
-                [&] { return listener.heard.size() >= expected.size(); }, PageWindow::kPatienceMs);
+                [&] { return listener.heard.size() >= expected.size(); }, kWindowPatienceMs);
             const QStringList heard = listener.heard;
             listener.heard.clear();
             return came && heard == expected;

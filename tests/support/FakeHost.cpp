@@ -73,10 +73,10 @@ void FakeHost::install()
     OBDeviceControl::SetCallBackFunc(getFeature, setFeature, getMode, invalidate, action, this);
 }
 
-void FakeHost::installInWindow()
+int FakeHost::installInWindow()
 {
     const GuiThreadReads::InstallingCallbacks installing;
-    OB_FT_SetCallBackFunc(getFeature, setFeature, getMode, invalidate, action, this);
+    return OB_FT_SetCallBackFunc(getFeature, setFeature, getMode, invalidate, action, this);
 }
 
 void FakeHost::uninstall()
@@ -108,11 +108,27 @@ QStringList FakeHost::writes() const
     return calls().filter(QRegularExpression("^set "_s));
 }
 
-void FakeHost::begin(const QString& call, const QString& name)
+// A call that has come, as long as it takes.
+struct FakeHost::Call
 {
-    m_log.add(call);
-    m_pace.pass(name);
-}
+    Call(FakeHost* called, const QString& said, const QString& name = {})
+        : host(called)
+        , text(said)
+    {
+        host->m_log.add(text);
+        host->m_pace.pass(name);
+    }
+    ~Call()
+    {
+        if (host->afterCall)
+            host->afterCall(text);
+    }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    FakeHost* const host;
+    const QString text;
+};
 
 int FakeHost::getFeature(int type, char* name, void* value, void* user)
 {
@@ -121,8 +137,8 @@ int FakeHost::getFeature(int type, char* name, void* value, void* user)
     GuiThreadReads::note("get", feature);
     if (host->beforeGet)
         host->beforeGet(feature);
-    host->begin("get "_s + feature, feature);
-    if (const int code = host->m_faults.value(feature))
+    const Call call(host, "get "_s + feature, feature);
+    if (const int code = host->m_faults.value(feature, call.text))
         return code;
     const std::lock_guard<std::mutex> lock(host->m_mutex);
     const auto found = host->m_features.constFind(feature);
@@ -133,8 +149,8 @@ int FakeHost::setFeature(int, char* name, char* value, void* user)
 {
     auto* host = static_cast<FakeHost*>(user);
     const QString feature = QString::fromLocal8Bit(name);
-    host->begin("set "_s + feature + QLatin1Char(' ') + QString::fromLocal8Bit(value), feature);
-    if (const int code = host->m_faults.value(feature))
+    const Call call(host, "set %1 %2"_s.arg(feature, QString::fromLocal8Bit(value)), feature);
+    if (const int code = host->m_faults.value(feature, call.text))
         return code;
     {
         const std::lock_guard<std::mutex> lock(host->m_mutex);
@@ -153,7 +169,7 @@ int FakeHost::getMode(char* name, int* mode, void* user)
     auto* host = static_cast<FakeHost*>(user);
     const QString feature = QString::fromLocal8Bit(name);
     GuiThreadReads::note("mode", feature);
-    host->begin("mode "_s + feature, feature);
+    const Call call(host, "mode "_s + feature, feature);
     {
         const std::lock_guard<std::mutex> lock(host->m_mutex);
         const auto found = host->m_features.constFind(feature);
@@ -167,12 +183,12 @@ int FakeHost::getMode(char* name, int* mode, void* user)
 
 int FakeHost::invalidate(void* user)
 {
-    static_cast<FakeHost*>(user)->begin("invalidate"_s, QString());
+    const Call call(static_cast<FakeHost*>(user), "invalidate"_s);
     return 0;
 }
 
 int FakeHost::action(int action, void* user)
 {
-    static_cast<FakeHost*>(user)->begin("action %1"_s.arg(action), QString());
+    const Call call(static_cast<FakeHost*>(user), "action %1"_s.arg(action));
     return 0;
 }

@@ -29,7 +29,7 @@ public:
     void install();
     static void uninstall();
     // The same through the exported function, which builds the pages, too.
-    void installInWindow();
+    int installInWindow();
 
     void set(const QString& name, const Feature& feature)
     {
@@ -47,10 +47,13 @@ public:
     void setLatencyMs(int milliseconds) { m_pace.setLatencyMs(milliseconds); }
     HostFaults& faults() { return m_faults; }
     HostPace& pace() { return m_pace; }
+    const HostPace& pace() const { return m_pace; }
     // Called before each get, and after each set that was not refused, on the calling thread,
     // without a lock. Set them while nothing calls.
     std::function<void(const QString& name)> beforeGet;
     std::function<void(const QString& name)> afterSet;
+    // The same after every call, with what calls() has of it.
+    std::function<void(const QString& call)> afterCall;
 
     // Calls so far, as "get Width", "set Width 640", "mode Width", "invalidate", "action 1".
     QStringList calls() const { return m_log.calls(); }
@@ -68,7 +71,7 @@ public:
 
 private:
     static Feature ofType(int type, qint64 integer = 0);
-    void begin(const QString& call, const QString& name);
+    struct Call;
 
     QHash<QString, Feature> m_features; // guarded by m_mutex
     HostFaults m_faults;

@@ -19,11 +19,11 @@ int HostFaults::laterCode()
     return m_laterCode;
 }
 
-int HostFaults::value(const QString& name)
+int HostFaults::value(const QString& name, const QString& call)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const int later = laterCode();
-    return later != 0 ? later : m_values.value(name);
+    return later != 0 ? later : m_values.value(call, m_values.value(name));
 }
 
 int HostFaults::mode(const QString& name, int* mode)

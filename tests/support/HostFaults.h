@@ -11,7 +11,8 @@
 class HostFaults : Guarded
 {
 public:
-    // A code that get and set calls of the name return; 0 ends it.
+    // A code that get and set calls of the name return, or one call like "set Width 640"; 0 ends
+    // it.
     void fail(const QString& name, int code)
     {
         locked([&] { m_values.insert(name, code); });
@@ -30,7 +31,7 @@ public:
     }
 
     // For the host. A get or set call has come: its code, or 0.
-    int value(const QString& name);
+    int value(const QString& name, const QString& call);
     // A get-mode call has come: its code, or 0 with `mode` changed where modes take turns.
     int mode(const QString& name, int* mode);
 

@@ -39,6 +39,8 @@ void HostPace::pass(const QString& name)
 {
     {
         std::unique_lock<std::mutex> lock(m_mutex);
+        if (m_callsToGate > 0 && --m_callsToGate == 0)
+            m_closed.insert(name);
         if (m_closed.contains(name)) {
             ++m_waiting[name];
             m_opened.wait(lock, [&] { return !m_closed.contains(name); });

@@ -29,6 +29,11 @@ public:
     {
         locked([&] { m_closed.insert(name); });
     }
+    // The call that is so many further, whatever its name, closes the gate of its name.
+    void closeGateAtCall(int call)
+    {
+        locked([&] { m_callsToGate = call; });
+    }
     void openGate(const QString& name);
     void openAllGates();
     // Calls of the name that wait at its gate now.
@@ -48,6 +53,7 @@ private:
     std::condition_variable m_opened;
     int m_jitterMs = 0;
     std::mt19937 m_random;
+    int m_callsToGate = 0;
     QSet<QString> m_closed;
     QHash<QString, int> m_waiting;
 };

@@ -19,8 +19,7 @@
 #include <memory>
 
 // The window, opened through the exported functions on a host in memory, as a host does it.
-// Released again when it goes.
-// Without a size it keeps its own.
+// Released again when it goes. Without a size it keeps its own.
 class OpenedWindow
 {
 public:

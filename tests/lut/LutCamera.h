@@ -25,13 +25,14 @@ public:
         : m_points(points)
     {
         announce(points - 1, 4095);
+        fail("set LUTIndex %1"_s.arg(points), -3); // there is none behind the last
         afterSet = [this](const QString& name) {
             const QString point = QString::number(feature(kIndex).integer);
             if (name == kValue) {
                 set(point, feature(kValue));
             } else {
                 set(kValue, integerFeature(feature(point).integer, 0, feature(kValue).maximum));
-                fail(kValue, point.toInt() < m_points && point != m_refused ? 0 : -3);
+                fail(kValue, point == m_refused ? -3 : 0);
             }
         };
         install();

@@ -3,7 +3,8 @@
 
 namespace {
 
-QString locked(const QString& text)
+template <typename Value>
+Value locked(const Value& text)
 {
     const ItemStateLock lock;
     return text;
@@ -79,11 +80,11 @@ void CTreeItemValue::copy(const CTreeItemValue* from, bool all)
     m_strDescription = from->m_strDescription;
     m_strTranslatedDescription = from->m_strTranslatedDescription;
     m_strUnit = from->m_strUnit;
-    m_strDocText = from->m_strDocText;
+    m_docText = from->m_docText;
     m_strDisplayName = from->m_strDisplayName;
     m_strTranslateName = from->m_strTranslateName;
     m_strToolTip = from->m_strToolTip;
-    m_strDocTextCN = from->m_strDocTextCN;
+    m_docTextCN = from->m_docTextCN;
     m_docInputs = from->m_docInputs;
 }
 
@@ -126,23 +127,23 @@ void CTreeItemValue::setUnit(const QString& unit)
 }
 QString CTreeItemValue::docText() const
 {
-    return locked(m_strDocText);
+    return locked(m_docText).whole();
 }
 QString CTreeItemValue::docTextCN() const
 {
-    return locked(m_strDocTextCN);
+    return locked(m_docTextCN).whole();
 }
 FeatureDocInputs CTreeItemValue::docInputs() const
 {
     const ItemStateLock lock;
     return m_docInputs;
 }
-void CTreeItemValue::setDoc(const QString& html, const QString& htmlCN,
+void CTreeItemValue::setDoc(const PhrasedText& html, const PhrasedText& htmlCN,
                             const FeatureDocInputs& inputs)
 {
     const ItemStateLock lock;
-    m_strDocText = html;
-    m_strDocTextCN = htmlCN;
+    m_docText = html;
+    m_docTextCN = htmlCN;
     m_docInputs = inputs;
 }
 

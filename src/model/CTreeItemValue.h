@@ -3,6 +3,7 @@
 
 #include "model/FeatureDocInputs.h"
 #include "model/ItemStateLock.h"
+#include "model/PhrasedText.h"
 #include "model/ReadOnlyCause.h"
 
 #include <QString>
@@ -56,7 +57,7 @@ public:
     QString docTextCN() const;
     // What the two were last built from; equal inputs need no new texts.
     FeatureDocInputs docInputs() const;
-    void setDoc(const QString& html, const QString& htmlCN, const FeatureDocInputs& inputs);
+    void setDoc(const PhrasedText& html, const PhrasedText& htmlCN, const FeatureDocInputs& inputs);
 
     // False keeps the item's editor disabled whatever its read-only state.
     bool enabled() const;
@@ -98,11 +99,11 @@ private:
     QString m_strDescription;
     QString m_strTranslatedDescription;
     QString m_strUnit;
-    QString m_strDocText;
+    PhrasedText m_docText;
     QString m_strDisplayName;
     QString m_strTranslateName;
     QString m_strToolTip;
-    QString m_strDocTextCN;
+    PhrasedText m_docTextCN;
     FeatureDocInputs m_docInputs;
     QString m_strCurrentStatus;
 };

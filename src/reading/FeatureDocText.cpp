@@ -27,7 +27,7 @@ const QLatin1String kEntryName("Enum Entry Name: ");
 const QLatin1String kEntryValue("Enum Entry Value: ");
 
 // Characters; a text without entries seldom needs more.
-constexpr int kUsualLength = 2048;
+constexpr int kUsualLength = 1024;
 
 // A range whose upper end is not above this says nothing.
 constexpr float kSmallestMaximum = 0.0001F;
@@ -49,42 +49,47 @@ bool hasNoRange(const QString& name)
     return names.contains(name);
 }
 
-// The filter's span around any text. What it costs to make is paid once for all texts.
-class Span
+// The kinds of spans of the texts, and the two phrases of each: what stands before it and behind
+// it.
+enum SpanKind { Value, Label };
+
+QString filtered(SpanKind kind, const QString& text)
 {
-public:
-    explicit Span(const QString& colourKey, bool bold)
-    {
+    const QString colour = kind == Value ? QStringLiteral("QGetFeaturesThreadColor_FeatureDesc")
+                                         : QStringLiteral("QGetFeaturesThreadColor_FeatureTitle");
+    return OBDeviceControl::stringToHtmlFilter(text, ZELCustom::getDataBaseColor(colour),
+                                               kind == Value);
+}
+
+// Cut out of the HTML filter's own spans.
+const QStringList& phrases()
+{
+    static const QStringList all = [] {
         // Stands in for a text in the filter's template, whose own markers the filter would fill.
         constexpr QChar kOwnText(0xE000);
-        const QString whole = OBDeviceControl::stringToHtmlFilter(
-            QString(kOwnText), ZELCustom::getDataBaseColor(colourKey), bold);
-        const int at = int(whole.indexOf(kOwnText));
-        m_open = whole.left(at);
-        m_close = whole.mid(at + 1);
-    }
-    void append(QString& html, const QString& text) const
-    {
-        html += m_open;
-        appendHtmlEscaped(html, text);
-        html += m_close;
-    }
+        QStringList cut;
+        for (const SpanKind kind : {Value, Label})
+            cut += filtered(kind, QString(kOwnText)).split(kOwnText);
+        return cut;
+    }();
+    return all;
+}
 
-private:
-    QString m_open;
-    QString m_close;
-};
+void appendSpan(QString& html, SpanKind kind, const QString& text)
+{
+    html += PhrasedText::sign(2 * kind);
+    PhrasedText::appendForeign(html, [&](QString& to) { appendHtmlEscaped(to, text); });
+    html += PhrasedText::sign(2 * kind + 1);
+}
 
 void appendValue(QString& html, const QString& text)
 {
-    static const Span span(QStringLiteral("QGetFeaturesThreadColor_FeatureDesc"), true);
-    span.append(html, text);
+    appendSpan(html, Value, text);
 }
 
 void appendLine(QString& html, QLatin1String label, const QString& value)
 {
-    static const Span span(QStringLiteral("QGetFeaturesThreadColor_FeatureTitle"), false);
-    span.append(html, label);
+    appendSpan(html, Label, label);
     appendValue(html, value + QLatin1Char('\n'));
 }
 
@@ -161,8 +166,8 @@ void appendValueInfo(QString& html, const FeatureNode& node, const FeatureDocInp
     }
 }
 
-QString docText(const FeatureNode& node, const QString& streamable, const FeatureDocInputs& inputs,
-                bool chinese)
+PhrasedText docText(const FeatureNode& node, const QString& streamable,
+                    const FeatureDocInputs& inputs, bool chinese)
 {
     QString html;
     html.reserve(kUsualLength);
@@ -174,8 +179,8 @@ QString docText(const FeatureNode& node, const QString& streamable, const Featur
     appendLine(html, kVisibility, inputs.visibility);
     appendLine(html, kStreamable, streamable);
     appendValueInfo(html, node, inputs, chinese);
-    html.squeeze();
-    return html;
+    // Of its own length: a text made smaller in its place leaves a hole behind it.
+    return {QString(html.constData(), int(html.size())), &phrases()};
 }
 
 } // namespace
@@ -235,13 +240,13 @@ QString FeatureDocText::GetFeatureTitleText(const CTreeItemValue& value, const Q
     inputs.translatedDescription = value.translatedDescription();
     QString html;
     appendTitle(html, inputs, language == kChinese);
-    return html;
+    return PhrasedText(html, &phrases()).whole();
 }
 
 QString FeatureDocText::GetFeatureDocText(const FeatureNode& node, const QString& streamable,
                                           ORXPropertyTreeItem* item, const QString& language)
 {
-    return docText(node, streamable, inputsOf(node, item), language == kChinese);
+    return docText(node, streamable, inputsOf(node, item), language == kChinese).whole();
 }
 
 QString FeatureDocText::GetFeatureValueInfo(const FeatureNode& node, ORXPropertyTreeItem* item,
@@ -249,5 +254,5 @@ QString FeatureDocText::GetFeatureValueInfo(const FeatureNode& node, ORXProperty
 {
     QString html;
     appendValueInfo(html, node, inputsOf(node, item), language == kChinese);
-    return html;
+    return PhrasedText(html, &phrases()).whole();
 }

@@ -239,6 +239,9 @@ private slots:
                  "Min: 4\nMax: 4096\nInc: 4"_s);
         QVERIFY(
             text("CH").startsWith("\u5bbd\u5ea6\n\u56fe\u50cf\u5bbd\u5ea6\n\nNode Name: Width"_s));
+        // A code point that would stand for a phrase of the texts.
+        width->value()->setTranslatedDescription("\ufdd0 \ufdd3"_s);
+        QVERIFY(text("CH").startsWith("\u5bbd\u5ea6\n\ufffd \ufffd\n\nNode Name: Width"_s));
         width->value()->setTranslatedDescription(QString());
         QVERIFY(text("CH").startsWith("\u5bbd\u5ea6\nThe 'visible' width"_s));
     }

@@ -2,11 +2,11 @@
 // The names and descriptions of standard features that the library brings along, and how they are
 // looked up.
 #include "device/OBDeviceControl.h"
+#include "device/XmlDocument.h"
 #include "styledctl/ZELCustom.h"
 #include "support/Files.h"
 #include "support/TestMain.h"
 
-#include <QDomDocument>
 #include <QFile>
 #include <QFontMetrics>
 #include <QHash>
@@ -36,18 +36,23 @@ const char kHostTable[] = R"(<Host>
 <EnumEntry Name="On"><DisplayName::cn>host on</DisplayName::cn></EnumEntry></Feature>
 </Host>)";
 
-QDomDocument load(const char* path)
+XmlDocument load(const char* path)
 {
     QFile file(QString::fromUtf8(path));
-    QDomDocument document;
-    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
+    XmlDocument document;
+    if (!file.open(QIODevice::ReadOnly) || !document.setContent(file.readAll()))
         qFatal("cannot read %s", path);
     return document;
 }
 
-QString textOf(const QDomElement& element, const char* tag)
+QString nameOf(pugi::xml_node element)
 {
-    return element.firstChildElement(QString::fromLatin1(tag)).text();
+    return XmlText::attribute(element, "Name");
+}
+
+QString textOf(pugi::xml_node element, const char* tag)
+{
+    return XmlText::of(element.child(tag));
 }
 
 bool hasHan(const QString& text)
@@ -59,13 +64,11 @@ bool hasHan(const QString& text)
     return false;
 }
 
-QVector<QDomElement> childrenOf(const QDomElement& parent, const char* tag)
+QVector<pugi::xml_node> childrenOf(pugi::xml_node parent, const char* tag)
 {
-    QVector<QDomElement> children;
-    const QString name = QString::fromLatin1(tag);
-    for (QDomElement e = parent.firstChildElement(name); !e.isNull();
-         e = e.nextSiblingElement(name))
-        children.append(e);
+    QVector<pugi::xml_node> children;
+    for (const pugi::xml_node child : parent.children(tag))
+        children.append(child);
     return children;
 }
 
@@ -89,17 +92,17 @@ private:
     // In Chinese.
     QString entryText(const QString& feature, const QString& entry) const
     {
-        for (const QDomElement& each : childrenOf(m_byName.value(feature), "EnumEntry")) {
-            if (each.attribute("Name"_s) == entry)
+        for (const pugi::xml_node each : childrenOf(m_byName.value(feature), "EnumEntry")) {
+            if (nameOf(each) == entry)
                 return textOf(each, "DisplayName::cn");
         }
         return QString();
     }
 
-    QVector<QDomElement> m_features;
-    QHash<QString, QDomElement> m_byName;
-    QDomDocument m_table;
-    QDomDocument m_camera;
+    QVector<pugi::xml_node> m_features;
+    QHash<QString, pugi::xml_node> m_byName;
+    XmlDocument m_table;
+    XmlDocument m_camera;
 
 private slots:
     void initTestCase()
@@ -107,8 +110,8 @@ private slots:
         m_table = load(OBFT_FEATURE_TEXTS);
         m_camera = load(OBFT_DEMO_CAMERA);
         m_features = childrenOf(m_table.documentElement(), "Feature");
-        for (const QDomElement& feature : qAsConst(m_features))
-            m_byName.insert(feature.attribute("Name"_s), feature);
+        for (const pugi::xml_node feature : qAsConst(m_features))
+            m_byName.insert(nameOf(feature), feature);
     }
 
     void textsAreComplete()
@@ -116,8 +119,8 @@ private slots:
         QCOMPARE(m_byName.size(), m_features.size());
         QVERIFY2(m_byName.size() >= kMinFeatures, qPrintable(QString::number(m_byName.size())));
         QStringList faults;
-        const auto check = [&faults](const QDomElement& element, const char* kind) {
-            const QString name = element.attribute("Name"_s);
+        const auto check = [&faults](pugi::xml_node element, const char* kind) {
+            const QString name = nameOf(element);
             const QByteArray tag(kind);
             const QString english = textOf(element, (tag + "::en").constData());
             const QString chinese = textOf(element, (tag + "::cn").constData());
@@ -128,13 +131,13 @@ private slots:
                 faults +=
                     name + " "_s + QString::fromLatin1(kind) + ": "_s + english + " / "_s + chinese;
         };
-        for (const QDomElement& feature : qAsConst(m_features)) {
+        for (const pugi::xml_node feature : qAsConst(m_features)) {
             check(feature, "DisplayName");
             check(feature, "Description");
             if (textOf(feature, "Description::cn").size() > kMaxDescription ||
                 textOf(feature, "Description::en").size() > 2 * kMaxDescription)
-                faults += feature.attribute("Name"_s);
-            for (const QDomElement& entry : childrenOf(feature, "EnumEntry"))
+                faults += nameOf(feature);
+            for (const pugi::xml_node entry : childrenOf(feature, "EnumEntry"))
                 check(entry, "DisplayName");
         }
         QCOMPARE(faults, QStringList());
@@ -143,10 +146,10 @@ private slots:
     void textsAreUnique()
     {
         QStringList faults;
-        const auto check = [&faults](const QVector<QDomElement>& elements, const char* tag) {
+        const auto check = [&faults](const QVector<pugi::xml_node>& elements, const char* tag) {
             QHash<QString, QString> owners;
-            for (const QDomElement& element : elements) {
-                const QString name = element.attribute("Name"_s);
+            for (const pugi::xml_node element : elements) {
+                const QString name = nameOf(element);
                 const QString text = textOf(element, tag);
                 if (owners.contains(text))
                     faults += text + ": "_s + owners.value(text) + ", "_s + name;
@@ -157,7 +160,7 @@ private slots:
              {"DisplayName::en", "DisplayName::cn", "Description::en", "Description::cn"})
             check(m_features, tag);
         // Those of entries within their feature.
-        for (const QDomElement& feature : qAsConst(m_features)) {
+        for (const pugi::xml_node feature : qAsConst(m_features)) {
             for (const char* tag : {"DisplayName::en", "DisplayName::cn"})
                 check(childrenOf(feature, "EnumEntry"), tag);
         }
@@ -168,7 +171,7 @@ private slots:
     {
         const QFontMetrics metrics(ZELCustom::font(kNameFontSize));
         QStringList tooLong;
-        for (const QDomElement& feature : qAsConst(m_features)) {
+        for (const pugi::xml_node feature : qAsConst(m_features)) {
             for (const char* tag : {"DisplayName::en", "DisplayName::cn"}) {
                 const QString text = textOf(feature, tag);
                 if (metrics.horizontalAdvance(text) > kNameWidth)
@@ -196,17 +199,17 @@ private slots:
     {
         QStringList missing;
         QSet<QString> features;
-        const QDomNodeList references = m_camera.elementsByTagName("pFeature"_s);
-        for (int i = 0; i < references.size(); ++i) {
-            const QString name = references.at(i).toElement().text().trimmed();
+        const pugi::xml_node camera = m_camera.documentElement();
+        for (const pugi::xpath_node& reference : camera.select_nodes("//pFeature")) {
+            const QString name = XmlText::of(reference.node()).trimmed();
             features.insert(name);
             if (!m_byName.contains(name))
                 missing += name;
         }
-        const QDomNodeList entries = m_camera.elementsByTagName("EnumEntry"_s);
-        for (int i = 0; i < entries.size(); ++i) {
-            const QString entry = entries.at(i).toElement().attribute("Name"_s);
-            const QString name = entries.at(i).parentNode().toElement().attribute("Name"_s);
+        const pugi::xpath_node_set entries = camera.select_nodes("//EnumEntry");
+        for (const pugi::xpath_node& each : entries) {
+            const QString entry = nameOf(each.node());
+            const QString name = nameOf(each.parent());
             if (features.contains(name) && entryText(name, entry).isEmpty())
                 missing += name + "."_s + entry;
         }

@@ -247,7 +247,8 @@ private slots:
     void theMenuOfALockedEditorCloses()
     {
         Item* edited = beginEdit("String"_s);
-        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {5, 5}, m_edited->mapToGlobal({5, 5}));
+        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {5, 5},
+                               m_edited->mapToGlobal(QPoint(5, 5)));
         QCoreApplication::sendEvent(m_edited, &menu);
         QVERIFY(QApplication::activePopupWidget());
         edited->setReadOnly(true);

@@ -280,7 +280,7 @@ private slots:
         mayRead.release();
         QCOMPARE(meanwhile, released == "command"_s ? -1 : 1);
         QTEST(m_host->writes().last(), "written");
-        QTEST(osd.size(), "told");
+        QTEST(int(osd.size()), "told");
     }
 
     // Messages and overlay ------------------------------------------------------------------------

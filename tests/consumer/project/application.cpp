@@ -19,7 +19,8 @@ void application_start(int* argc, char** argv)
 
 void application_run(int milliseconds)
 {
-    QTimer::singleShot(milliseconds, s_application, &QApplication::quit);
+    // Not quit(), which in Qt 6 closes the windows first.
+    QTimer::singleShot(milliseconds, s_application, [] { QApplication::exit(); });
     QApplication::exec();
 }
 

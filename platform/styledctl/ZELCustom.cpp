@@ -85,9 +85,18 @@ QString ZELCustom::globalFontFamily(int variant)
     return variant == Font_Fixed ? families().fixed : families().interface;
 }
 
+// Set as a list, too: with a family alone, each parent that has one adds it to the list of its
+// children, and Qt takes two lengths of the list for two fonts, each loaded by itself.
+void ZELCustom::setFamily(QFont* font, int variant)
+{
+    font->setFamily(globalFontFamily(variant));
+    font->setFamilies({globalFontFamily(variant)});
+}
+
 QFont ZELCustom::font(int pixelSize, int weight)
 {
-    QFont font(globalFontFamily(Font_Interface));
+    QFont font;
+    setFamily(&font, Font_Interface);
     font.setPixelSize(qMax(1, pixelSize));
     font.setWeight(QFont::Weight(weight));
     return font;

@@ -56,6 +56,8 @@ public:
     // First installed family of the variant's list, else the application's default family. Never
     // empty while a QGuiApplication exists. Looked up once per process.
     static QString globalFontFamily(int variant = Font_Language);
+    // Gives a font the family of a variant.
+    static void setFamily(QFont* font, int variant = Font_Language);
     // Interface font at a size in device-independent pixels.
     static QFont font(int pixelSize, int weight = QFont::Normal);
 

@@ -116,7 +116,7 @@ void ZELCustomLook::cSetFontSize(int pixelSize)
 void ZELCustomLook::cSetFontFamily(int variant)
 {
     QFont font = m_widget->font();
-    font.setFamily(ZELCustom::globalFontFamily(variant));
+    ZELCustom::setFamily(&font, variant);
     m_widget->setFont(font);
 }
 

@@ -2,6 +2,7 @@
 #include "styledctl/ZELCustomQssHelper.h"
 
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELLateSheet.h"
 #include "styledctl/ZELTheme.h"
 #include "styledctl/private/ZELColors.h"
 
@@ -44,7 +45,5 @@ void ZELCustomQssHelper::cApplyStyleSheets()
     for (const int number : qAsConst(m_numbers))
         sheet += ZELCustom::styleSheet(number);
     sheet += ZELCustom::resolveSheet(m_extra);
-    // Setting a sheet re-polishes every child: not without need.
-    if (sheet != m_widget->styleSheet())
-        m_widget->setStyleSheet(sheet);
+    ZELLateSheet::set(m_widget, sheet);
 }

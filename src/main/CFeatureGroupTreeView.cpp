@@ -4,6 +4,7 @@
 #include "main/CFeatureGroupDelegate.h"
 #include "model/ItemSearch.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELLateSheet.h"
 #include "styledctl/ZELTouchScrolling.h"
 #include "tree/ContextMenuKey.h"
 
@@ -37,9 +38,10 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
     , m_rows(this, m_pModel, m_pages)
     , m_dots(&m_rows, m_pModel)
 {
+    // Before the model: each step would lay out the rows again.
+    setUpLook();
     setModel(m_pModel);
     setItemDelegate(m_pDelegate);
-    setUpLook();
 
     const QModelIndex firstPage = m_pModel->pageIndex(0);
     expand(firstPage);
@@ -70,8 +72,8 @@ void CFeatureGroupTreeView::setUpLook()
     setIndentation(0);
     setExpandsOnDoubleClick(false);
     setMouseTracking(true);
-    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tree) +
-                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
+    ZELLateSheet::set(this, ZELCustom::styleSheet(ZELCustom::Sheet_Tree) +
+                                ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
     setContextMenuPolicy(Qt::CustomContextMenu);
     new ContextMenuKey(this);
     new ZELTouchScrolling(this);

@@ -147,7 +147,6 @@ void FeaturePages::retranslateTabs()
 
 QString FeaturePages::cutTabText(const QString& text)
 {
-    QFont font(ZELCustom::globalFontFamily());
-    font.setPixelSize(kTabFontSize);
-    return QFontMetrics(font).elidedText(text, Qt::ElideRight, kTabTextWidth);
+    return QFontMetrics(ZELCustom::font(kTabFontSize))
+        .elidedText(text, Qt::ElideRight, kTabTextWidth);
 }

@@ -4,6 +4,7 @@
 #include "lut/QLUTDrawWidget.h"
 #include "region/RegionDrawWidget.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELLateSheet.h"
 #include "styledctl/ZELSplitterKeys.h"
 
 #include <QLayout>
@@ -33,8 +34,8 @@ ImgProcessingPanel::ImgProcessingPanel(QWidget* rows, QWidget* page)
     m_pLutPanel->setFrameShape(QFrame::NoFrame);
     m_pLutPanel->setFocusPolicy(Qt::NoFocus);
     m_pLutPanel->viewport()->setAutoFillBackground(false);
-    m_pLutPanel->verticalScrollBar()->setStyleSheet(
-        ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
+    ZELLateSheet::set(m_pLutPanel->verticalScrollBar(),
+                      ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
     hide();
     auto* splitter = new QSplitter(Qt::Vertical, page);
     splitter->setStyle(ZELCustom::style());

@@ -6,6 +6,7 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "reading/FeatureDocText.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELLateSheet.h"
 #include "styledctl/ZELTouchScrolling.h"
 
 #include <QCoreApplication>
@@ -23,13 +24,11 @@ FeatureDescriptionPanel::FeatureDescriptionPanel(QWidget* parent)
     setObjectName(QStringLiteral("FeatureDescription"));
     setReadOnly(true);
     new ZELTouchScrolling(this);
-    QFont panelFont(ZELCustom::globalFontFamily());
-    panelFont.setPixelSize(kFontPx);
-    setFont(panelFont);
+    setFont(ZELCustom::font(kFontPx));
     setFrameShape(QFrame::NoFrame);
     setMinimumHeight(kMinHeight);
-    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel) +
-                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
+    ZELLateSheet::set(this, ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel) +
+                                ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar));
 }
 
 void FeatureDescriptionPanel::showItem(const ORXPropertyTreeItem* item)

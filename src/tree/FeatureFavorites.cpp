@@ -7,6 +7,7 @@
 #include "model/ORXPropertyTreeItem.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELLateSheet.h"
 #include "tree/CopyActions.h"
 #include "tree/IFeatureItems.h"
 #include "tree/ORXFeatureTreeView.h"
@@ -78,7 +79,7 @@ FeatureFavorites::FeatureFavorites(ORXFeatureTreeView* view, const IFeatureItems
     , m_pCopy(new CopyActions(m_pMenu, view, this))
 {
     m_pMenu->setObjectName(QStringLiteral("FavoritesMenu"));
-    m_pMenu->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Menu));
+    ZELLateSheet::set(m_pMenu, ZELCustom::styleSheet(ZELCustom::Sheet_Menu));
     retranslate();
 }
 

@@ -2,6 +2,7 @@
 #include "tree/FeatureInfoTabs.h"
 
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELLateSheet.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -25,10 +26,11 @@ FeatureInfoTabs::FeatureInfoTabs(QWidget* parent)
     // time one of them is hung up.
     setDocumentMode(true);
     tabBar()->setDrawBase(false);
-    tabBar()->setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_Tab) +
-                            ZELCustom::resolveSheet(QStringLiteral(
-                                "QTabBar::tab { padding: 6px 12px; }"
-                                "QTabBar::tab:focus { background: @StyledCtlColor_Hover@; }")));
+    ZELLateSheet::set(tabBar(),
+                      ZELCustom::styleSheet(ZELCustom::Sheet_Tab) +
+                          ZELCustom::resolveSheet(QStringLiteral(
+                              "QTabBar::tab { padding: 6px 12px; }"
+                              "QTabBar::tab:focus { background: @StyledCtlColor_Hover@; }")));
     auto* corner = new QWidget(this);
     auto* layout = new QHBoxLayout(corner);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -4,6 +4,7 @@
 #include "model/CTreeItemValue.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustom.h"
+#include "styledctl/ZELLateSheet.h"
 #include "styledctl/ZELTouchScrolling.h"
 #include "tree/ReadOnlyReason.h"
 
@@ -54,9 +55,10 @@ ReadOnlyReasonLine::ReadOnlyReasonLine(const ReadOnlyReason& reason, QWidget* pa
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    setStyleSheet(ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel) +
-                  ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar) +
-                  QStringLiteral("QTextEdit { padding: %1px 10px; }").arg(kPaddingPx));
+    ZELLateSheet::set(this,
+                      ZELCustom::styleSheet(ZELCustom::Sheet_TextPanel) +
+                          ZELCustom::styleSheet(ZELCustom::Sheet_ScrollBar) +
+                          QStringLiteral("QTextEdit { padding: %1px 10px; }").arg(kPaddingPx));
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
         emit SigShowFeature(ReadOnlyReason::featureOf(link.toString(QUrl::FullyEncoded)));
     });

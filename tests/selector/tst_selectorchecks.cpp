@@ -11,7 +11,7 @@
 
 namespace {
 
-const char kSelected[] = "3"; // entry that the user has selected elsewhere
+constexpr int kSelectedEntry = 3; // that the user has selected elsewhere
 
 } // namespace
 
@@ -25,7 +25,7 @@ private:
     {
         m_selector = selector;
         for (const char* each : {"ChunkSelector", "FrameSpecInfoSelector", "EventSelector"})
-            QCOMPARE(write(each, kSelected), 0);
+            QCOMPARE(write(each, QByteArray::number(kSelectedEntry).constData()), 0);
         open(lacking, language);
         QVERIFY(m_window->show(kImage, rowName(0)));
     }
@@ -50,6 +50,19 @@ private:
         return all;
     }
     void click(int entry) const { PageWindow::press(box(entry)); }
+    // What was read from and written to the features since they were forgotten, in order.
+    QString traffic(const QList<QByteArray>& features) const
+    {
+        QString all;
+        const QStringList calls = m_camera->calls();
+        for (const QString& call : calls) {
+            const QByteArray name =
+                call.section(QLatin1Char(' '), 1).section(QLatin1Char('='), 0, 0).toLatin1();
+            if (!call.startsWith("mode"_s) && features.contains(name))
+                all += call + QLatin1Char(' ');
+        }
+        return all;
+    }
 
     QByteArray m_selector;
 
@@ -79,13 +92,14 @@ private slots:
             const bool on = states.at(entry) == '0';
             states[entry] = on ? '1' : '0';
             click(entry);
-            // Of the selected entry the selector is left alone.
-            const QString write = QString::fromLatin1(enable + (on ? "=1" : "=0"));
-            const QString select = QString::fromLatin1(selector + '=') + QString::number(entry);
-            const QString back = QString::fromLatin1(selector + '=' + kSelected);
-            const QStringList expected =
-                entry == 3 ? QStringList{write} : QStringList{select, write, back};
-            OBFT_TRY_COMPARE(m_camera->writes().mid(0, expected.size()), expected);
+            // Of the selected entry the selector is left alone. The boxes may just be read again.
+            const QString write = "set %1=%2 "_s.arg(QString::fromLatin1(enable)).arg(on ? 1 : 0);
+            const QString select = "set %1=%2 "_s.arg(QString::fromLatin1(selector));
+            const QString expected = entry == kSelectedEntry
+                                         ? write
+                                         : select.arg(entry) + write + select.arg(kSelectedEntry);
+            const QString look = "get %1 "_s.arg(QString::fromLatin1(selector));
+            OBFT_TRY_VERIFY(traffic({selector, enable}).contains(look + expected));
             // Read again afterwards, and on request.
             QVERIFY(m_window->refresh());
             OBFT_TRY_COMPARE(this->states(), states);

@@ -2,6 +2,7 @@
 #include "styledctl/ZELCustom.h"
 #include "styledctl/ZELCustomLabel.h"
 #include "styledctl/ZELCustomQssHelper.h"
+#include "styledctl/ZELCustomWidget.h"
 #include "support/TestMain.h"
 
 #include <QImage>
@@ -250,15 +251,29 @@ private slots:
         protected:
             void cThemeChanged() override { ++changes; }
         };
-        QVERIFY(add("<Color key=\"Own\" value=\"#0A0B0C\"/>"));
+        QVERIFY(add("<Color key=\"Own\" value=\"#010203\"/>"));
         Panel panel;
         ZELCustomLabel label;
         label.cSetTextColor("Own"_s);
+        // Before the panel is to be seen, and afterwards.
+        QVERIFY(add("<Color key=\"Own\" value=\"#0A0B0C\"/>"));
+        QVERIFY(panel.styleSheet().isEmpty());
+        panel.ensurePolished();
         QVERIFY(panel.styleSheet().contains("rgba(10,11,12,255)"_s));
         QVERIFY(add("<Color key=\"Own\" value=\"#F0E0D0\"/>"));
         QVERIFY(panel.styleSheet().contains("rgba(240,224,208,255)"_s));
-        QCOMPARE(panel.changes, 1);
+        QCOMPARE(panel.changes, 2);
         QCOMPARE(label.palette().color(QPalette::WindowText), QColor(0xF0, 0xE0, 0xD0));
+    }
+
+    // Qt takes each list of families for a font of its own and loads it again.
+    void nestedWidgetsShareAFont()
+    {
+        ZELCustomWidget outer;
+        ZELCustomWidget middle(&outer);
+        const ZELCustomLabel inner(&middle);
+        QCOMPARE(inner.font().families(), ZELCustom::font(13).families());
+        QCOMPARE(inner.font().families().size(), 1);
     }
 
     void workersLookUpWhileAFileIsLoaded()

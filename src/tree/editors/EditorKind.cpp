@@ -23,7 +23,7 @@ void EditorKind::dress(QWidget* editor, const EditorCell& cell, bool globalFont)
     if (!globalFont)
         return;
     QFont font = editor->font();
-    font.setFamily(ZELCustom::globalFontFamily(1));
+    ZELCustom::setFamily(&font);
     editor->setFont(font);
 }
 

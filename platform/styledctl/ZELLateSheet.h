@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "styledctl/StyledCtlGlobal.h"
+
+#include <QObject>
+#include <QString>
+
+class QWidget;
+
+// Keeps a widget's style sheet until the widget is polished, that is until it is about to be seen.
+// Qt matches the rules of a sheet with all widgets below it again each time one of them gets a new
+// parent, which while a window is put together happens again and again, and a page that is never
+// seen needs none. Owned by the widget; GUI thread.
+class STYLEDCTL_EXPORT ZELLateSheet : public QObject
+{
+    Q_OBJECT
+public:
+    // In place of any sheet that the widget was given before; at once when it is polished.
+    static void set(QWidget* widget, const QString& sheet);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    ZELLateSheet(QWidget* widget);
+
+    QWidget* m_widget;
+    QString m_sheet;
+};

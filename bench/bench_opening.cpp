@@ -109,10 +109,10 @@ Steps inNewProcess(const Measure& measure, Host host)
         const bool told = write(ends[1], &own, sizeof(own)) == sizeof(own);
         _exit(told ? 0 : 1);
     }
+    close(ends[1]); // so that a child that ends without a word is heard
     if (child < 0 || read(ends[0], &steps, sizeof(steps)) != sizeof(steps))
         std::fprintf(stderr, "a sample is missing\n");
     close(ends[0]);
-    close(ends[1]);
     waitpid(child, nullptr, 0);
     return steps;
 }
@@ -131,14 +131,14 @@ Steps middleOf(std::vector<Steps> samples)
 
 Steps openWindow(const QByteArray& xml)
 {
-    FakeHost host;
-    host.serve(xml);
+    auto* host = new FakeHost; // as long as the process, in which the window goes on reading
+    host->serve(xml);
     _OB_FT_DEVICEINFO_ info = {};
     StepClock clock;
     OB_FT_Init(xml.constData(), nullptr, nullptr);
     clock.stamp();
     OB_FT_SetDeviceInfo(&info);
-    host.installInWindow();
+    host->installInWindow();
     clock.stamp();
     OB_FT_SetWidgetSize(900, 700);
     OB_FT_Start(nullptr, 0);

@@ -12,7 +12,7 @@
 #include <variant>
 
 // What a curated page shows, as a table: its groups, and in each group the features of the camera
-// and the page's own items, in order. Adding a feature to a page is one line here.
+// and page items, in order. Adding a feature to a page is one line here.
 //
 //     {"Custom_Example", QT_TRANSLATE_NOOP("ORXExample", "Example"), {
 //         "Gain",

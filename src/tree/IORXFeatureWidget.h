@@ -40,14 +40,14 @@ public:
     // True when a root was asked for, even if the page could make none.
     virtual bool isInitialized(qint64 cameraId);
     virtual void updateValue();
-    // Renews the display texts of the page's own items.
+    // Renews the display texts of the page items.
     virtual void translate();
     // Fills m_transMap (node name to display text).
     virtual void createTransMap();
     virtual ORXPropertyTreeItem* creatRootItem();
     virtual void resetSpecialItemValue();
 
-    // Makes an own item (`create`) or borrows the one of `name` from `tree`; null when there is
+    // Makes a page item (`create`) or borrows the one of `name` from `tree`; null when there is
     // none. The item is hidden at first unless `keepVisible`.
     ORXPropertyTreeItem* createOneItem(bool create, ORXPropertyTreeItem* parent,
                                        const QString& name, const IFeatureItems* tree,

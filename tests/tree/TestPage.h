@@ -19,7 +19,7 @@ public:
 
     explicit TestPage(Item::ParentType type = Item::CommonPage);
 
-    // An own item below `parent`, writable, shown by this page's view.
+    // A page item below `parent`, writable, shown by this page's view.
     Item* add(Item* parent, const QString& name, const char* tag = "");
     // A root with one group, which has a feature for each tag, named after its tag.
     Item* addGroupOfTags(const QStringList& tags);

@@ -85,7 +85,7 @@ private slots:
         row("feature", Item::FeatureItem, false, "ehh edee");
         row("feature that is a favourite", Item::FeatureItem, true, "dhh edee");
         row("category", Item::CategoryItem, false, "dhh eded");
-        row("own item", Item::CustomItem, false, "hhh eded");
+        row("page item", Item::CustomItem, false, "hhh eded");
     }
 
     void menuOfFavorites()

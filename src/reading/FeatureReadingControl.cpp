@@ -178,7 +178,6 @@ void FeatureReadingControl::rereadAllInvalidated(const QStringList& written)
     QStringList names;
     for (const QString& name : written)
         names += m_index.GetFeatureInvalidatorList(name);
-    names.removeDuplicates();
     if (names.isEmpty())
         return;
     m_partialThread.SetThreadInfo(FEATURES_UPDATE_INVALIDATED, names,

@@ -337,6 +337,19 @@ private slots:
         QCOMPARE(window.state(), "DeviceControl: DeviceUserID DeviceReset"_s);
     }
 
+    void aLinkEndsTheSearchThatHidesItsFeature()
+    {
+        SearchedWindow window(*m_host, m_xml);
+        ORXFeatureTree* tree = window.widget()->featureTree(1, false);
+        window.type("level"_s);
+        emit tree->SigShowFeature("BlackLevel"_s);
+        QCOMPARE(nodeName(window.view()->currentIndex()), "BlackLevel"_s);
+        QCOMPARE(window.box()->text(), "level"_s);
+        emit tree->SigShowFeature("ExposureTime"_s);
+        QCOMPARE(nodeName(window.view()->currentIndex()), "ExposureTime"_s);
+        QCOMPARE(window.box()->text(), QString());
+    }
+
     void keyboardReachesBoxAndHits()
     {
         SearchedWindow window(*m_host, m_xml);

@@ -9,6 +9,7 @@
 #include "reading/FeatureDecider.h"
 #include "reading/FeatureDocText.h"
 #include "reading/FeatureValueReader.h"
+#include "reading/SelectorKeeper.h"
 #include "support/DescriptionBuilder.h"
 #include "support/FakeHost.h"
 #include "support/LoadedDescription.h"
@@ -244,6 +245,19 @@ private slots:
         QVERIFY(text("CH").startsWith("\u5bbd\u5ea6\n\ufffd \ufffd\n\nNode Name: Width"_s));
         width->value()->setTranslatedDescription(QString());
         QVERIFY(text("CH").startsWith("\u5bbd\u5ea6\nThe 'visible' width"_s));
+    }
+
+    // Nobody knows where it stands then.
+    void aSelectorIsPutBackAfterARefusedSelection()
+    {
+        {
+            SelectorKeeper keeper("Mode"_s);
+            m_host->fail("Mode"_s, 5);
+            MessageGuard::expectMessage("Read Feature Failed"_s);
+            QVERIFY(!keeper.select(2, nullptr));
+            m_host->fail("Mode"_s, 0);
+        }
+        QCOMPARE(m_host->writes().last(), "set Mode 1"_s);
     }
 
     void rangesAndEntries_data()

@@ -224,6 +224,11 @@ QString CuratedPage::translated(const char* text) const
     return QCoreApplication::translate(m_table.context, text);
 }
 
+void CuratedPage::createTransMap()
+{
+    fillTransMap(m_table.texts());
+}
+
 void CuratedPage::fillTransMap(const QMap<QString, QString>& texts)
 {
     for (auto text = texts.begin(); text != texts.end(); ++text)

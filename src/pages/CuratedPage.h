@@ -29,6 +29,8 @@ public:
     // Null when the camera has no whole tree or the table no groups.
     ORXPropertyTreeItem* creatRootItem() override;
     void translate() override;
+    // From the table.
+    void createTransMap() override;
 
     // For the page and the objects that it consists of:
 

@@ -70,11 +70,6 @@ void ORXImgProcessingFeature::attach(ORXPropertyTreeItem* root)
     m_pEvents->attach(tree(), pageItem(kEventGroup, root), treeView(), cameraID());
 }
 
-void ORXImgProcessingFeature::createTransMap()
-{
-    fillTransMap(table().texts());
-}
-
 void ORXImgProcessingFeature::resetCamaraID(qint64 cameraId)
 {
     if (cameraId == cameraID()) {

@@ -32,7 +32,6 @@ public:
     void removeCameraID(qint64 cameraId) override;
     void updateValue() override;
     void translate() override;
-    void createTransMap() override;
     int notify(int code, void* payload) override;
 
     // The page has come into sight.

@@ -23,8 +23,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    ZELLateSheet(QWidget* widget);
+    explicit ZELLateSheet(QWidget* widget);
 
-    QWidget* m_widget;
+    QWidget* m_widget; // The parent.
     QString m_sheet;
 };

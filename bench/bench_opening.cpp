@@ -65,11 +65,12 @@ class FirstPaint : public QObject
 {
 public:
     explicit FirstPaint(QWidget* watched) { watched->installEventFilter(this); }
+    // Until the pass of the event loop ends in which the window, and with it all inside, is
+    // painted.
     void wait()
     {
         while (!m_painted)
             QCoreApplication::processEvents();
-        QCoreApplication::processEvents();
     }
 
 protected:

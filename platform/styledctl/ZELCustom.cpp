@@ -19,13 +19,13 @@ struct Families
 };
 
 QString firstInstalled(const QStringList& installed, const QStringList& wanted,
-                       const QString& otherwise)
+                       QFontDatabase::SystemFont otherwise)
 {
     for (const QString& family : wanted) {
         if (installed.contains(family))
             return family;
     }
-    return otherwise;
+    return QFontDatabase::systemFont(otherwise).family();
 }
 
 // One family must show Latin and Chinese alike: mixed families give uneven line heights in the
@@ -42,12 +42,12 @@ const Families& families()
              QStringLiteral("Noto Sans SC"), QStringLiteral("WenQuanYi Micro Hei"),
              QStringLiteral("WenQuanYi Zen Hei"), QStringLiteral("Noto Sans"),
              QStringLiteral("DejaVu Sans")},
-            QFontDatabase::systemFont(QFontDatabase::GeneralFont).family());
+            QFontDatabase::GeneralFont);
         result.fixed =
             firstInstalled(installed,
                            {QStringLiteral("Noto Sans Mono CJK SC"),
                             QStringLiteral("Noto Sans Mono"), QStringLiteral("DejaVu Sans Mono")},
-                           QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+                           QFontDatabase::FixedFont);
     });
     return result;
 }

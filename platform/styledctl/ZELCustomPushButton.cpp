@@ -97,9 +97,7 @@ ZELLook::IconPlace ZELCustomPushButton::cIconPlace() const
 void ZELCustomPushButton::cSetImages(const QString& normal, const QString& hover,
                                      const QString& pressed, const QString& disabled)
 {
-    const QString* paths[] = {&normal, &hover, &pressed, &disabled};
-    for (int i = 0; i < 4; ++i)
-        m_images[i] = ZELPictures::icon(*paths[i]);
+    m_images = {normal, hover, pressed, disabled};
     updateGeometry();
     update();
 }
@@ -177,31 +175,39 @@ void ZELCustomPushButton::keyPressEvent(QKeyEvent* event)
     QPushButton::keyPressEvent(event);
 }
 
+QIcon ZELCustomPushButton::image(Image which) const
+{
+    return ZELPictures::icon(m_images.at(which));
+}
+
 // The size of the pictures as they are drawn; the one for fine screens comes behind it.
 QSize ZELCustomPushButton::imageSize() const
 {
-    const QList<QSize> sizes = m_images[0].availableSizes();
+    const QList<QSize> sizes = image(Image_Normal).availableSizes();
     return sizes.isEmpty() ? iconSize() : sizes.constFirst();
 }
 
 QSize ZELCustomPushButton::sizeHint() const
 {
-    if (m_images[0].isNull())
+    if (image(Image_Normal).isNull())
         return QPushButton::sizeHint();
     return imageSize() + QSize(2 * kImageMargin, 2 * kImageMargin);
 }
 
 void ZELCustomPushButton::paintEvent(QPaintEvent* event)
 {
-    if (m_images[0].isNull()) {
+    if (image(Image_Normal).isNull()) {
         QPushButton::paintEvent(event);
         return;
     }
     QStyleOptionButton option;
     initStyleOption(&option);
     const ZELState state(option);
-    const int wanted = !state.enabled ? 3 : state.pressed ? 2 : state.hover ? 1 : 0;
-    const bool own = !m_images[wanted].isNull();
+    const QIcon wanted = image(!state.enabled  ? Image_Disabled
+                               : state.pressed ? Image_Pressed
+                               : state.hover   ? Image_Hover
+                                               : Image_Normal);
+    const bool own = !wanted.isNull();
     QPainter painter(this);
     ZELBox::forButton(state, this, true).paint(&painter, rect());
     const QRect room = rect().adjusted(kImageMargin, kImageMargin, -kImageMargin, -kImageMargin);
@@ -210,5 +216,5 @@ void ZELCustomPushButton::paintEvent(QPaintEvent* event)
     QRect place(QPoint(), imageSize().boundedTo(room.size()));
     place.moveCenter(room.center());
     painter.drawPixmap(place.topLeft(),
-                       ZELIcon::pixmap(m_images[own ? wanted : 0], place.size(), this));
+                       ZELIcon::pixmap(own ? wanted : image(Image_Normal), place.size(), this));
 }

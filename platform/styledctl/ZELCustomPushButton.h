@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <array>
 #include <functional>
 
 // Styled push button: framed, filled, flat, tab, or a picture per state. Space and Enter press it;
@@ -63,12 +64,16 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    enum Image { Image_Normal, Image_Hover, Image_Pressed, Image_Disabled, Image_Count };
+
+    // Loaded when it is first drawn; null without cSetImages().
+    QIcon image(Image which) const;
     QSize imageSize() const;
     bool isBlocked() const;
     void onClicked();
     void onHeld();
 
-    QIcon m_images[4]; // normal, hover, pressed, disabled; null without cSetImages().
+    std::array<QString, Image_Count> m_images; // paths
     int m_iconAlign = Align_BesideText;
     bool m_guarded = false;
     bool m_clickedOnce = false;

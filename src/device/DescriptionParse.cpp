@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/DescriptionParse.h"
 
+#include "device/LoadingLane.h"
+
 #include <QDebug>
 
 #include <cstring>
@@ -9,7 +11,7 @@ DescriptionParse::DescriptionParse(const char* xml, const Then& then)
 {
     if (!xml)
         return;
-    m_parsed = std::async(std::launch::async | std::launch::deferred, [xml, then] {
+    m_parsed = LoadingLane::run([xml, then] {
         XmlDocument document;
         document.setContent(xml, std::strlen(xml));
         if (then)

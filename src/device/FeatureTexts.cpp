@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/FeatureTexts.h"
 
-#include "device/XmlDocument.h"
+#include "device/LoadingLane.h"
 
 #include <QDebug>
 #include <QFile>
-#include <QHash>
 
 #include <cstring>
 #include <future>
-#include <memory>
 #include <mutex>
 
 TranslationTable::Items FeatureTexts::s_mapPropertyTransItems;
-TranslationTable::Items FeatureTexts::s_AllPropertyTransItems;
+QHash<QString, pugi::xml_node> FeatureTexts::s_AllPropertyTransItems;
 
 namespace {
+
+constexpr char kDisplayName[] = "DisplayName::cn";
+constexpr char kDescription[] = "Description::cn";
 
 std::mutex& tablesMutex()
 {
@@ -23,37 +24,36 @@ std::mutex& tablesMutex()
     return mutex;
 }
 
-// The library's own table, and the last element of each feature in it.
-struct OwnTable
+// The library's own table.
+XmlDocument& ownTable()
 {
-    XmlDocument document;
-    QHash<QString, pugi::xml_node> features;
-};
+    static XmlDocument table;
+    return table;
+}
 
-std::unique_ptr<OwnTable> readOwnTable(const QString& path)
+XmlDocument readTable(const QString& path)
 {
-    auto table = std::make_unique<OwnTable>();
+    XmlDocument table;
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly) && table->document.setContent(file.readAll())) {
-        for (const pugi::xml_node feature : table->document.documentElement().children("Feature"))
-            table->features.insert(XmlText::attribute(feature, "Name"), feature);
+    if (file.open(QIODevice::ReadOnly))
+        table.setContent(file.readAll());
+    return table;
+}
+
+std::future<XmlDocument>& comingTable()
+{
+    static std::future<XmlDocument> table;
+    return table;
+}
+
+// Of elements of the same name the last one counts.
+QString textOf(pugi::xml_node element, std::string_view tag)
+{
+    for (pugi::xml_node child = element.last_child(); child; child = child.previous_sibling()) {
+        if (child.name() == tag)
+            return XmlText::of(child);
     }
-    return table;
-}
-
-std::future<std::unique_ptr<OwnTable>>& comingTable()
-{
-    static std::future<std::unique_ptr<OwnTable>> table;
-    return table;
-}
-
-// With the tables' mutex held.
-const OwnTable& ownTable()
-{
-    static std::unique_ptr<OwnTable> table = std::make_unique<OwnTable>();
-    if (comingTable().valid())
-        table = comingTable().get();
-    return *table;
+    return {};
 }
 
 } // namespace
@@ -72,44 +72,58 @@ void FeatureTexts::addHostXml(const char* xml)
 void FeatureTexts::beginOwn(const QString& path)
 {
     const std::lock_guard<std::mutex> lock(tablesMutex());
-    // A system that gives no thread reads it when the first text is asked for.
-    if (ownTable().features.isEmpty())
-        comingTable() = std::async(std::launch::async | std::launch::deferred, readOwnTable, path);
+    if (!comingTable().valid() && s_AllPropertyTransItems.isEmpty())
+        comingTable() = LoadingLane::run([path] { return readTable(path); });
 }
 
-FeatureTexts::Item FeatureTexts::findOwn(const QString& feature)
+pugi::xml_node FeatureTexts::ownElement(const QString& feature)
 {
-    const auto known = s_AllPropertyTransItems.constFind(feature);
-    if (known != s_AllPropertyTransItems.constEnd())
-        return *known;
-    const pugi::xml_node element = ownTable().features.value(feature);
-    if (!element)
-        return nullptr;
-    TranslationTable::addFeature(element, s_AllPropertyTransItems);
+    if (comingTable().valid()) {
+        ownTable() = comingTable().get();
+        for (const pugi::xml_node each : ownTable().documentElement().children("Feature"))
+            s_AllPropertyTransItems.insert(XmlText::attribute(each, "Name"), each);
+    }
     return s_AllPropertyTransItems.value(feature);
 }
 
-FeatureTexts::Item FeatureTexts::find(const QString& feature, Tables tables)
+template <typename OfHost, typename OfOwn>
+QString FeatureTexts::find(const QString& feature, Tables tables, const OfHost& ofHost,
+                           const OfOwn& ofOwn)
 {
     const std::lock_guard<std::mutex> lock(tablesMutex());
-    const bool byHost = tables == HostFirst && s_mapPropertyTransItems.contains(feature);
-    return byHost ? s_mapPropertyTransItems.value(feature) : findOwn(feature);
+    const auto host = s_mapPropertyTransItems.constFind(feature);
+    if (tables == HostFirst && host != s_mapPropertyTransItems.constEnd())
+        return ofHost(**host);
+    return ofOwn(ownElement(feature));
 }
 
 QString FeatureTexts::displayName(const QString& feature, Tables tables)
 {
-    const Item item = find(feature, tables);
-    return item ? item->m_strDisplayNameCN : QString();
+    return find(
+        feature, tables, [](const CORXPropertyTransItem& item) { return item.m_strDisplayNameCN; },
+        [](pugi::xml_node own) { return textOf(own, kDisplayName); });
 }
 
 QString FeatureTexts::description(const QString& feature, Tables tables)
 {
-    const Item item = find(feature, tables);
-    return item ? item->m_strDescriptionCN : QString();
+    return find(
+        feature, tables, [](const CORXPropertyTransItem& item) { return item.m_strDescriptionCN; },
+        [](pugi::xml_node own) { return textOf(own, kDescription); });
 }
 
 QString FeatureTexts::entry(const QString& feature, const QString& entry, Tables tables)
 {
-    const Item item = find(feature, tables);
-    return item ? item->m_mapEnumEntries.value(entry).m_strDisplayNameCN : QString();
+    return find(
+        feature, tables,
+        [&](const CORXPropertyTransItem& item) {
+            return item.m_mapEnumEntries.value(entry).m_strDisplayNameCN;
+        },
+        [name = entry.toUtf8()](pugi::xml_node own) {
+            for (pugi::xml_node child = own.last_child(); child; child = child.previous_sibling()) {
+                if (child.name() == std::string_view("EnumEntry") &&
+                    child.attribute("Name").value() == name)
+                    return textOf(child, kDisplayName);
+            }
+            return QString();
+        });
 }

@@ -31,20 +31,15 @@ QString htmlEscaped(const QString& text)
 {
     QString escaped;
     escaped.reserve(text.size());
-    appendHtmlEscaped(escaped, text);
-    return escaped;
-}
-
-void appendHtmlEscaped(QString& html, const QString& text)
-{
     const QChar* pending = text.cbegin();
     for (const QChar* at = pending; at != text.cend(); ++at) {
         const QLatin1String escape = escapeOf(*at);
         if (escape.isEmpty())
             continue;
-        html.append(pending, int(at - pending));
-        html += escape;
+        escaped.append(pending, int(at - pending));
+        escaped += escape;
         pending = at + 1;
     }
-    html.append(pending, int(text.cend() - pending));
+    escaped.append(pending, int(text.cend() - pending));
+    return escaped;
 }

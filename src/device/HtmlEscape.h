@@ -5,4 +5,3 @@
 
 // The text with markup characters as entities and line breaks as "<br>".
 QString htmlEscaped(const QString& text);
-void appendHtmlEscaped(QString& html, const QString& text);

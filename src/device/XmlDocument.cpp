@@ -7,6 +7,10 @@
 
 namespace {
 
+// An element has the text that it begins with as its own value, without a node for it: half of all
+// nodes would be such texts.
+constexpr unsigned kParsing = pugi::parse_default | pugi::parse_embed_pcdata;
+
 bool isText(pugi::xml_node node)
 {
     return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
@@ -31,7 +35,7 @@ bool XmlDocument::setContent(const char* utf8, std::size_t bytes)
         return false;
     const auto content = std::make_shared<pugi::xml_document>();
     const pugi::xml_parse_result result =
-        content->load_buffer(utf8, bytes, pugi::parse_default, pugi::encoding_utf8);
+        content->load_buffer(utf8, bytes, kParsing, pugi::encoding_utf8);
     const pugi::xml_node root = content->document_element();
     if (result && root && !XmlText::nextElement(root)) {
         m_content = content;
@@ -48,15 +52,13 @@ namespace XmlText {
 bool isOnePiece(pugi::xml_node element)
 {
     const pugi::xml_node only = element.first_child();
-    return !only || (isText(only) && !only.next_sibling());
+    return !only || (!*element.value() && isText(only) && !only.next_sibling());
 }
 
 // The nesting is bounded: deeper documents are refused before they are parsed.
 QString of(pugi::xml_node element)
 {
-    if (isOnePiece(element))
-        return QString::fromUtf8(element.first_child().value());
-    QString text;
+    QString text = QString::fromUtf8(element.value());
     for (const pugi::xml_node child : element)
         text += isText(child) ? QString::fromUtf8(child.value()) : of(child);
     return text;
@@ -67,7 +69,8 @@ std::string_view trimmed(pugi::xml_node element)
     constexpr std::string_view kBlanks = " \t\n\v\f\r";
     if (!isOnePiece(element))
         return {};
-    const std::string_view text = element.first_child().value();
+    const std::string_view text =
+        *element.value() ? element.value() : element.first_child().value();
     const std::size_t first = text.find_first_not_of(kBlanks);
     if (first == std::string_view::npos)
         return {};

@@ -243,7 +243,9 @@ void ORXMainFeatureWidget::closeEvent(QCloseEvent* event)
 void ORXMainFeatureWidget::CreateFeature()
 {
     m_lCameraID = kHostCamera;
-    featureTree(m_lCameraID, true)->CreateFeature();
+    ORXFeatureTree* tree = featureTree(m_lCameraID, true);
+    m_pPages->addTree(tree); // while its nodes are still being read
+    tree->CreateFeature();
     InitFeatureUI();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/CTreeItemValue.h"
 
+#include "device/OBDeviceControl.h"
 namespace {
 
 template <typename Value>
@@ -54,8 +55,27 @@ QString CTreeItemValue::displayName() const
 
 QString CTreeItemValue::translateName() const
 {
+    const QString name = translated(m_strTranslateName, &OBDeviceControl::GetDisplayNameTrans);
+    return name.isEmpty() ? locked(m_strDisplayName) : name;
+}
+
+// Looked up without the lock: who asks first waits for the tables.
+QString CTreeItemValue::translated(const QString& own, QString (*lookUp)(const QString&)) const
+{
+    QString name;
+    {
+        const ItemStateLock lock;
+        if (!own.isEmpty() || !m_bTranslatedByTables)
+            return own;
+        name = m_strNodeName;
+    }
+    return lookUp(name);
+}
+
+void CTreeItemValue::setTranslatedByTables()
+{
     const ItemStateLock lock;
-    return m_strTranslateName.isEmpty() ? m_strDisplayName : m_strTranslateName;
+    m_bTranslatedByTables = true;
 }
 
 QString CTreeItemValue::createCurrentStauts(bool readOnly) const
@@ -75,16 +95,15 @@ void CTreeItemValue::copy(const CTreeItemValue* from, bool all)
     const ItemStateLock lock;
     m_bEnabled = from->m_bEnabled;
     m_bUsesGlobalFont = from->m_bUsesGlobalFont;
+    m_bTranslatedByTables = from->m_bTranslatedByTables;
     m_readOnlyCause = from->m_readOnlyCause;
     m_strNodeName = from->m_strNodeName;
     m_strDescription = from->m_strDescription;
     m_strTranslatedDescription = from->m_strTranslatedDescription;
     m_strUnit = from->m_strUnit;
-    m_docText = from->m_docText;
     m_strDisplayName = from->m_strDisplayName;
     m_strTranslateName = from->m_strTranslateName;
     m_strToolTip = from->m_strToolTip;
-    m_docTextCN = from->m_docTextCN;
     m_docInputs = from->m_docInputs;
 }
 
@@ -111,7 +130,7 @@ void CTreeItemValue::setDescription(const QString& text)
 }
 QString CTreeItemValue::translatedDescription() const
 {
-    return locked(m_strTranslatedDescription);
+    return translated(m_strTranslatedDescription, &OBDeviceControl::GetDescriptionTrans);
 }
 void CTreeItemValue::setTranslatedDescription(const QString& text)
 {
@@ -125,25 +144,14 @@ void CTreeItemValue::setUnit(const QString& unit)
 {
     assign(m_strUnit, unit);
 }
-QString CTreeItemValue::docText() const
-{
-    return locked(m_docText).whole();
-}
-QString CTreeItemValue::docTextCN() const
-{
-    return locked(m_docTextCN).whole();
-}
 FeatureDocInputs CTreeItemValue::docInputs() const
 {
     const ItemStateLock lock;
     return m_docInputs;
 }
-void CTreeItemValue::setDoc(const PhrasedText& html, const PhrasedText& htmlCN,
-                            const FeatureDocInputs& inputs)
+void CTreeItemValue::setDocInputs(const FeatureDocInputs& inputs)
 {
     const ItemStateLock lock;
-    m_docText = html;
-    m_docTextCN = htmlCN;
     m_docInputs = inputs;
 }
 

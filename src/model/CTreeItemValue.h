@@ -3,7 +3,6 @@
 
 #include "model/FeatureDocInputs.h"
 #include "model/ItemStateLock.h"
-#include "model/PhrasedText.h"
 #include "model/ReadOnlyCause.h"
 
 #include <QString>
@@ -40,6 +39,10 @@ public:
     // Takes over the typed value of a value of the same class, and with `all` the texts, too.
     virtual void copy(const CTreeItemValue* from, bool all);
 
+    // From now on a translated name and explanation that was not set is that of the translation
+    // tables for the node name.
+    void setTranslatedByTables();
+
     void setDisplayName(const QString& name);
     void setTranslateName(const QString& name);
     void setToolTip(const QString& text);
@@ -52,12 +55,9 @@ public:
     // Unit of a number, as the description has it; empty without.
     QString unit() const;
     void setUnit(const QString& unit);
-    // The description panel's HTML in English and Chinese.
-    QString docText() const;
-    QString docTextCN() const;
-    // What the two were last built from; equal inputs need no new texts.
+    // What the description panel says beside the texts and numbers here; see FeatureDocHtml.
     FeatureDocInputs docInputs() const;
-    void setDoc(const PhrasedText& html, const PhrasedText& htmlCN, const FeatureDocInputs& inputs);
+    void setDocInputs(const FeatureDocInputs& inputs);
 
     // False keeps the item's editor disabled whatever its read-only state.
     bool enabled() const;
@@ -91,19 +91,20 @@ protected:
     static QString readOnlyStatus(bool readOnly);
 
 private:
+    QString translated(const QString& own, QString (*lookUp)(const QString& feature)) const;
+
     bool m_bEnabled = true;
     bool m_bUsesGlobalFont = true;
+    bool m_bTranslatedByTables = false;
     LastRead m_lastRead = LastRead::None;
     ReadOnlyCause m_readOnlyCause = ReadOnlyCause::None;
     QString m_strNodeName;
     QString m_strDescription;
     QString m_strTranslatedDescription;
     QString m_strUnit;
-    PhrasedText m_docText;
     QString m_strDisplayName;
     QString m_strTranslateName;
     QString m_strToolTip;
-    PhrasedText m_docTextCN;
     FeatureDocInputs m_docInputs;
     QString m_strCurrentStatus;
 };

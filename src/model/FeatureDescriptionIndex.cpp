@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/FeatureDescriptionIndex.h"
 
+#include "device/LoadingLane.h"
 #include "model/FeaturePolling.h"
 
 #include <utility>
@@ -53,7 +54,13 @@ void FeatureDescriptionIndex::setItemNames(const QStringList& names)
 
 void FeatureDescriptionIndex::ResetFeaturesInvalidatorMap()
 {
-    m_invalidation = InvalidationGraph(m_nodes);
+    m_invalidation = LoadingLane::run([nodes = m_nodes] { return InvalidationGraph(nodes); });
+}
+
+const InvalidationGraph& FeatureDescriptionIndex::invalidation() const
+{
+    static const InvalidationGraph empty;
+    return m_invalidation.valid() ? m_invalidation.get() : empty;
 }
 
 QList<QString> FeatureDescriptionIndex::GetFeatureInvalidatorList(const QString& name) const
@@ -63,7 +70,7 @@ QList<QString> FeatureDescriptionIndex::GetFeatureInvalidatorList(const QString&
     const auto pValue = m_pValues.constFind(name);
     if (pValue != m_pValues.constEnd())
         changed.append(*pValue);
-    QSet<QString> result = m_invalidation.staleAfter(changed);
+    QSet<QString> result = invalidation().staleAfter(changed);
 
     QString partner;
     const QSet<QString> collected = result;
@@ -73,7 +80,7 @@ QList<QString> FeatureDescriptionIndex::GetFeatureInvalidatorList(const QString&
     }
     if (GetFeatureInPair(name, partner))
         result.insert(partner);
-    result.unite(m_invalidation.sharersOfVariables(name));
+    result.unite(invalidation().sharersOfVariables(name));
     for (const QString& selected : m_selected.value(name))
         result.insert(selected);
     for (const auto& coupled : kCoupledFeatures) {
@@ -102,12 +109,12 @@ QList<QString> FeatureDescriptionIndex::GetFeaturesNameByPValue(const QString& v
 
 QList<QString> FeatureDescriptionIndex::GetFeaturePVariableList(const QString& name) const
 {
-    return m_invalidation.variablesOf(name);
+    return invalidation().variablesOf(name);
 }
 
 QList<QString> FeatureDescriptionIndex::GetFeaturesHaveSamePVariable(const QString& name) const
 {
-    return m_invalidation.sharersOfVariables(name).values();
+    return invalidation().sharersOfVariables(name).values();
 }
 
 // Pairs and selectors -----------------------------------------------------------------------------

@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QStringList>
 
+#include <future>
+
 // Look-up tables of one camera's description: what depends on what, so that a write to one feature
 // tells which others must be read again. Belongs to the camera's tree; GUI thread. Reading threads
 // get copies of the tables, which nobody changes afterwards.
@@ -35,6 +37,7 @@ public:
     void setItemNames(const QStringList& names);
 
     // Invalidators --------------------------------------------------------------------------------
+    // Built on a thread of its own; who asks before its end waits.
     void ResetFeaturesInvalidatorMap();
     // The features whose values a change of `name` makes stale, `name` itself included, each once.
     QList<QString> GetFeatureInvalidatorList(const QString& name) const;
@@ -62,10 +65,12 @@ public:
     const QMap<QString, int>& pollingMap() const { return m_polling; }
 
 private:
+    const InvalidationGraph& invalidation() const;
+
     FeatureNodeMap m_nodes;
     QStringList m_itemNames;
     QSet<QString> m_itemNameSet;
-    InvalidationGraph m_invalidation;
+    std::shared_future<InvalidationGraph> m_invalidation; // invalid before it is begun
     QHash<QString, QString> m_pValues;
     QHash<QString, QStringList> m_namesByPValue; // reverse of m_pValues, in name order
     QHash<QString, QString> m_pairs;

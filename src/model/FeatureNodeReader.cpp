@@ -3,60 +3,89 @@
 
 #include "basetools/ORXInterface.h"
 
+#include <array>
+#include <initializer_list>
+#include <vector>
+
 namespace {
 
 constexpr char kName[] = "Name";
 constexpr char kNameSpace[] = "NameSpace";
 
-// A table by the bytes of an element's name.
+// A table by an element's name. Most elements are in none, which the length alone says of many.
 template <typename Value>
-using ByName = std::unordered_map<std::string_view, Value>;
-
-// Child elements whose text is a field of the record. The first of "ImposedAccessMode" and
-// "AccessMode" counts; of every other element the last one does.
-struct NodeField
+class ByName
 {
-    QString FeatureNode::*text;
-    bool trimmed;
-    bool firstCounts;
+public:
+    struct Line
+    {
+        std::string_view name;
+        Value value;
+    };
+
+    ByName(std::initializer_list<Line> lines)
+    {
+        for (const Line& line : lines)
+            m_byLength.at(line.name.size()).push_back(line);
+    }
+    // Null when there is none.
+    const Value* find(std::string_view name) const
+    {
+        if (name.size() >= m_byLength.size())
+            return nullptr;
+        for (const Line& line : m_byLength[name.size()]) {
+            if (line.name == name)
+                return &line.value;
+        }
+        return nullptr;
+    }
+
+private:
+    static constexpr std::size_t kLengths = 32;
+    std::array<std::vector<Line>, kLengths> m_byLength;
 };
 
-const ByName<NodeField>& nodeFields()
+// What becomes of a child element: a reference that is followed, a text that is a field of the
+// record, or both.
+struct ChildElement
 {
-    static const ByName<NodeField> fields = {
-        {"DisplayName", {&FeatureNode::displayName, false, false}},
-        {"Description", {&FeatureNode::description, false, false}},
-        {"Visibility", {&FeatureNode::visibility, true, false}},
-        {"Streamable", {&FeatureNode::streamable, true, false}},
-        {"Representation", {&FeatureNode::representation, true, false}},
-        {"Unit", {&FeatureNode::unit, true, false}},
-        {"ImposedAccessMode", {&FeatureNode::accessMode, true, true}},
-        {"AccessMode", {&FeatureNode::accessMode, true, true}},
-        {"pIsImplemented", {&FeatureNode::pIsImplemented, true, false}},
-        {"pIsAvailable", {&FeatureNode::pIsAvailable, true, false}},
-        {"pIsLocked", {&FeatureNode::pIsLocked, true, false}},
-    };
-    return fields;
-}
+    static constexpr int kNoReference = -1;
 
-const ByName<FeatureReference::Kind>& referenceKinds()
+    int reference = kNoReference; // FeatureReference::Kind
+    QString FeatureNode::*text = nullptr;
+    bool trimmed = true;
+    // The first of "ImposedAccessMode" and "AccessMode" counts; of every other element the last one
+    // does.
+    bool firstCounts = false;
+};
+
+const ByName<ChildElement>& childElements()
 {
-    static const ByName<FeatureReference::Kind> kinds = {
-        {"pValue", FeatureReference::PValue},
-        {"pVariable", FeatureReference::PVariable},
-        {"pInvalidator", FeatureReference::PInvalidator},
-        {"pMin", FeatureReference::PMin},
-        {"pMax", FeatureReference::PMax},
-        {"pInc", FeatureReference::PInc},
-        {"pIsLocked", FeatureReference::PIsLocked},
-        {"pIsImplemented", FeatureReference::PIsImplemented},
-        {"pIsAvailable", FeatureReference::PIsAvailable},
-        {"pSelected", FeatureReference::PSelected},
-        {"pFeature", FeatureReference::PFeature},
-        {"PollingTime", FeatureReference::PollingTime},
-        {"Cachable", FeatureReference::Cachable},
+    constexpr int kNone = ChildElement::kNoReference;
+    static const ByName<ChildElement> elements = {
+        {"DisplayName", {kNone, &FeatureNode::displayName, false}},
+        {"Description", {kNone, &FeatureNode::description, false}},
+        {"Visibility", {kNone, &FeatureNode::visibility}},
+        {"Streamable", {kNone, &FeatureNode::streamable}},
+        {"Representation", {kNone, &FeatureNode::representation}},
+        {"Unit", {kNone, &FeatureNode::unit}},
+        {"ImposedAccessMode", {kNone, &FeatureNode::accessMode, true, true}},
+        {"AccessMode", {kNone, &FeatureNode::accessMode, true, true}},
+        {"pIsImplemented", {FeatureReference::PIsImplemented, &FeatureNode::pIsImplemented}},
+        {"pIsAvailable", {FeatureReference::PIsAvailable, &FeatureNode::pIsAvailable}},
+        {"pIsLocked", {FeatureReference::PIsLocked, &FeatureNode::pIsLocked}},
+        {"pValue", {FeatureReference::PValue}},
+        {"pVariable", {FeatureReference::PVariable}},
+        {"pInvalidator", {FeatureReference::PInvalidator}},
+        {"pMin", {FeatureReference::PMin}},
+        {"pMax", {FeatureReference::PMax}},
+        {"pInc", {FeatureReference::PInc}},
+        {"pSelected", {FeatureReference::PSelected}},
+        {"pFeature", {FeatureReference::PFeature}},
+        {"PollingTime", {FeatureReference::PollingTime}},
+        {"Cachable", {FeatureReference::Cachable}},
     };
-    return kinds;
+    return elements;
 }
 
 const ByName<QString FeatureEnumEntry::*>& entryFields()
@@ -103,9 +132,8 @@ FeatureEnumEntry FeatureNodeReader::readEntry(pugi::xml_node element)
     entry.nameSpace = keptAttribute(element, kNameSpace);
     for (pugi::xml_node child = XmlText::firstElement(element); child;
          child = XmlText::nextElement(child)) {
-        const auto field = entryFields().find(child.name());
-        if (field != entryFields().end())
-            entry.*field->second = keptText(child);
+        if (const auto* field = entryFields().find(child.name()))
+            entry.** field = keptText(child);
     }
     entry.value = ORXInterface::string2Int(entry.valueText);
     return entry;
@@ -123,17 +151,14 @@ QStringList FeatureNodeReader::invalidatorsBefore(pugi::xml_node element)
 
 void FeatureNodeReader::readChild(pugi::xml_node child, FeatureNode& node)
 {
-    const std::string_view tag = child.name();
-    const auto kind = referenceKinds().find(tag);
-    if (kind != referenceKinds().end())
-        node.references.append({kind->second, keptText(child)});
-    const auto field = nodeFields().find(tag);
-    if (field == nodeFields().end())
+    const ChildElement* kind = childElements().find(child.name());
+    if (!kind)
         return;
-    QString& target = node.*field->second.text;
-    if (field->second.firstCounts && !target.isEmpty())
-        return;
-    target = field->second.trimmed ? keptText(child) : XmlText::of(child);
+    const QString text = kind->trimmed ? keptText(child) : XmlText::of(child);
+    if (kind->reference != ChildElement::kNoReference)
+        node.references.append({static_cast<FeatureReference::Kind>(kind->reference), text});
+    if (kind->text && !(kind->firstCounts && !(node.*kind->text).isEmpty()))
+        node.*kind->text = text;
 }
 
 FeatureNodePtr FeatureNodeReader::read(pugi::xml_node element)

@@ -34,8 +34,7 @@ void FeatureTreeBuilder::createItems(ORXPropertyTreeItem* root, const FeatureNod
     auto* favorites = new ORXPropertyTreeItem(root, ORXPropertyTreeItem::FeatureTreePage);
     favorites->value()->setDisplayName(QStringLiteral("Favorites"));
     favorites->value()->setNodeName(favoritesGroupName());
-    favorites->value()->setTranslateName(
-        OBDeviceControl::GetDisplayNameTrans(favoritesGroupName()));
+    favorites->value()->setTranslatedByTables();
     favorites->setItemType(ORXPropertyTreeItem::FavoritesGroup);
     favorites->registerView(view);
 
@@ -50,7 +49,7 @@ ORXPropertyTreeItem* FeatureTreeBuilder::createItem(ORXPropertyTreeItem* parent,
     auto* item = new ORXPropertyTreeItem(parent, ORXPropertyTreeItem::FeatureTreePage);
     item->value()->setDisplayName(name);
     item->value()->setNodeName(name);
-    item->value()->setTranslateName(OBDeviceControl::GetDisplayNameTrans(name));
+    item->value()->setTranslatedByTables();
     item->registerView(m_pView);
     m_items.insert(name, item);
     ++m_itemCount;
@@ -64,7 +63,6 @@ void FeatureTreeBuilder::describe(ORXPropertyTreeItem* item, const FeatureNode& 
         value->setDisplayName(node.displayName);
     value->setDescription(node.description);
     value->setUnit(node.unit);
-    value->setTranslatedDescription(OBDeviceControl::GetDescriptionTrans(node.name));
     item->setVisibilityString(FeatureVisibility::of(node));
 }
 

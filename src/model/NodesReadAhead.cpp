@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/NodesReadAhead.h"
 
+#include "device/LoadingLane.h"
+
 #include <future>
 #include <mutex>
 #include <utility>
@@ -29,8 +31,7 @@ Begun exchange(Begun next)
 void begin(const XmlDocument& document)
 {
     exchange({document.contentNumber(),
-              std::async(std::launch::async | std::launch::deferred,
-                         [document] { return FeatureNodeMap(document.documentElement()); })});
+              LoadingLane::run([document] { return FeatureNodeMap(document.documentElement()); })});
 }
 
 FeatureNodeMap take(const XmlDocument& document)

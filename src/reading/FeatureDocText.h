@@ -10,27 +10,29 @@ class CTreeItemValue;
 class FeatureDecider;
 class ORXPropertyTreeItem;
 
-// Builds the description panel's HTML of a feature: name, explanation, attributes, value range and
-// usable entries. Belongs to one reading thread, so that pressing a row only inserts ready HTML.
+// Takes together what the description panel says of a feature: name, explanation, attributes, value
+// range and usable entries. Belongs to one reading thread, since the camera is asked which entries
+// it has; the HTML is written of that when a row is pressed (FeatureDocHtml).
 class FeatureDocText
 {
 public:
     explicit FeatureDocText(FeatureDecider& decider);
 
-    // Renews both languages' texts of the item when one of their inputs changed. False, and nothing
-    // renewed, when the calling worker was stopped meanwhile.
-    bool update(const FeatureNode& node, ORXPropertyTreeItem* item);
+    // Renews both languages' texts of the item. False, and nothing renewed, when the calling worker
+    // was stopped meanwhile.
+    bool update(const FeatureNodePtr& node, ORXPropertyTreeItem* item);
 
     // Name and explanation alone, for a feature that was not read yet: without a call to the host.
     static QString GetFeatureTitleText(const CTreeItemValue& value, const QString& language);
     // `language` is "ENG" or "CH".
-    QString GetFeatureDocText(const FeatureNode& node, const QString& streamable,
-                              ORXPropertyTreeItem* item, const QString& language);
-    QString GetFeatureValueInfo(const FeatureNode& node, ORXPropertyTreeItem* item,
+    QString GetFeatureDocText(const FeatureNodePtr& node, const QString& streamable,
+                              const ORXPropertyTreeItem* item, const QString& language);
+    QString GetFeatureValueInfo(const FeatureNodePtr& node, const ORXPropertyTreeItem* item,
                                 const QString& language);
 
 private:
-    FeatureDocInputs inputsOf(const FeatureNode& node, ORXPropertyTreeItem* item);
+    FeatureDocInputs inputsOf(const FeatureNodePtr& node, const QString& streamable,
+                              const ORXPropertyTreeItem* item);
 
     FeatureDecider& m_decider; // Not owned.
 };

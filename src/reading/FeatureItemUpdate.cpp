@@ -59,9 +59,7 @@ bool FeatureItemUpdate::update(ORXPropertyTreeItem* item, ReadingPass::UpdateFla
     CTreeItemValue* value = item->value();
     if (!node->displayName.isEmpty())
         value->setDisplayName(node->displayName);
-    value->setTranslateName(OBDeviceControl::GetDisplayNameTrans(node->name));
     value->setDescription(node->description);
-    value->setTranslatedDescription(OBDeviceControl::GetDescriptionTrans(node->name));
     const QString visibility = node->visibility.isEmpty() ? QString(kBeginner) : node->visibility;
 
     const bool available = m_decider.IsFeatureAvailable(node->pIsAvailable);
@@ -84,7 +82,7 @@ bool FeatureItemUpdate::update(ORXPropertyTreeItem* item, ReadingPass::UpdateFla
     if (m_stop.isRequested())
         return false;
     if (flags & ReadingPass::UpdateAttribute &&
-        !updateAttributes(*node, item, available, modeReadOnly))
+        !updateAttributes(node, item, available, modeReadOnly))
         return false;
     if (FeatureValueReader::hasReader(node->tag) ? reads
                                                  : bool(flags & ReadingPass::UpdateAttribute))
@@ -106,14 +104,14 @@ bool FeatureItemUpdate::updateVisibility(const FeatureNode& node, ORXPropertyTre
     return usable;
 }
 
-bool FeatureItemUpdate::updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item,
+bool FeatureItemUpdate::updateAttributes(const FeatureNodePtr& node, ORXPropertyTreeItem* item,
                                          bool available, bool modeReadOnly)
 {
-    const bool lockedNow = m_decider.IsFeatureLocked(node.pIsLocked);
+    const bool lockedNow = m_decider.IsFeatureLocked(node->pIsLocked);
     if (m_stop.isRequested())
         return false;
     if (auto* integer = dynamic_cast<CTreeIntergerItemValue*>(item->value()))
-        integer->setRepresentation(node.representation);
+        integer->setRepresentation(node->representation);
     // What unlocks it does not help while it is not available.
     const ReadOnlyCause cause = !available     ? ReadOnlyCause::NotAvailable
                                 : lockedNow    ? ReadOnlyCause::Locked

@@ -41,7 +41,7 @@ public:
 private:
     bool updateVisibility(const FeatureNode& node, ORXPropertyTreeItem* item, bool available,
                           const QString& visibility);
-    bool updateAttributes(const FeatureNode& node, ORXPropertyTreeItem* item, bool available,
+    bool updateAttributes(const FeatureNodePtr& node, ORXPropertyTreeItem* item, bool available,
                           bool modeReadOnly);
 
     const StopRequest& m_stop; // Not owned.

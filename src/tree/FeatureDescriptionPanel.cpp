@@ -2,7 +2,7 @@
 #include "tree/FeatureDescriptionPanel.h"
 
 #include "basetools/ORXInterface.h"
-#include "model/CTreeItemValue.h"
+#include "model/FeatureDocHtml.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "reading/FeatureDocText.h"
 #include "styledctl/ZELCustom.h"
@@ -42,8 +42,7 @@ void FeatureDescriptionPanel::refresh()
     QString html;
     if (ORXPropertyTreeItem::isAlive(m_pItem) && m_pItem->value()) {
         const QString language = ORXInterface::language();
-        html = language == QLatin1String("CH") ? m_pItem->value()->docTextCN()
-                                               : m_pItem->value()->docText();
+        html = FeatureDocHtml::whole(*m_pItem->value(), language == QLatin1String("CH"));
         if (html.isEmpty())
             html = FeatureDocText::GetFeatureTitleText(*m_pItem->value(), language);
     }

@@ -103,8 +103,13 @@ void ORXFeatureTree::connectSignals()
 {
     using Tree = ORXFeatureTree;
     connect(treeView(), &QTreeView::pressed, this, &Tree::OnChangeItem);
-    connect(treeView()->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &Tree::OnChangeItem);
+    // A key that is held passes many rows, and the first row gets the focus while the window
+    // appears: texts are laid out when nothing else is to be done.
+    connect(treeView()->selectionModel(), &QItemSelectionModel::currentChanged, &m_describeTimer,
+            [this] { m_describeTimer.start(0); });
+    m_describeTimer.setSingleShot(true);
+    connect(&m_describeTimer, &QTimer::timeout, this,
+            [this] { OnChangeItem(treeView()->currentIndex()); });
     connect(treeView(), &QWidget::customContextMenuRequested, this,
             &Tree::OnTreeFeaturesCustomContextMenuRequested);
     connect(treeView(), &ORXFeatureTreeView::SigFavoriteMoved, this, &Tree::moveFavorteItem);
@@ -131,6 +136,7 @@ void ORXFeatureTree::connectSignals()
     connect(m_pReasonLine, &ReadOnlyReasonLine::SigLeft, treeView(),
             [this] { treeView()->setFocus(Qt::OtherFocusReason); });
     connect(treeView(), &ORXFeatureTreeView::SigNotEditable, this, [this] {
+        finishDescribing();
         if (!m_pReasonLine->hasLinks())
             return;
         m_pInfoTabs->setCurrentIndex(0);
@@ -250,6 +256,14 @@ void ORXFeatureTree::OnChangeItem(const QModelIndex& index)
     const ORXPropertyTreeItem* item = ORXPropertyTreeModel::itemFromIndex(index);
     if (item && item->value())
         m_pDescription->showItem(item);
+}
+
+void ORXFeatureTree::finishDescribing()
+{
+    if (!m_describeTimer.isActive())
+        return;
+    m_describeTimer.stop();
+    OnChangeItem(treeView()->currentIndex());
 }
 
 void ORXFeatureTree::itemValueChanged(ORXPropertyTreeItem* item)

@@ -17,6 +17,7 @@
 #include "tree/ReadOnlyReason.h"
 #include "tree/ValueWatch.h"
 
+#include <QTimer>
 #include <QVariant>
 
 class FeatureDescriptionPanel;
@@ -225,6 +226,8 @@ private:
     void connectSignals();
     void connectReading();
     void createItems();
+    // The panel describes the current row now, if that is still to be done.
+    void finishDescribing();
     void afterFirstRead();
     void afterDeviceReset();
     void afterSettingsLoaded();
@@ -234,6 +237,7 @@ private:
     LockedRows m_lockedRows;
     FeatureFavorites* m_pFavorites;          // Owned (child).
     FeatureDescriptionPanel* m_pDescription; // Owned (child).
+    QTimer m_describeTimer;                  // until the current row is described
     ReadOnlyReason m_reason;
     ReadOnlyReasonLine* m_pReasonLine;                // Owned (child).
     FeatureInfoTabs* m_pInfoTabs;                     // Owned (child).

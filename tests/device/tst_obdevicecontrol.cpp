@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "device/LoadingLane.h"
 #include "device/OBDeviceControl.h"
 #include "device/XmlLimits.h"
 #include "support/FakeHost.h"
 #include "support/TestMain.h"
 
+#include <QSemaphore>
+
+#include <atomic>
 #include <cstring>
 #include <functional>
 #include <stdexcept>
@@ -266,6 +270,7 @@ private slots:
         row("of an entity that nobody declares", "&a;", "&a;", "&a;");
         row("line breaks", "a\r\nb", "a\nb", "a\nb");
         row("around a comment", "a<!-- c -->b", "ab", "");
+        row("around CDATA", "a<![CDATA[b]]>c", "abc", "");
         row("around an element", "a<i>b<i>c</i></i>d", "abcd", "");
         row("broken UTF-8", "a\xFF", "a\uFFFD", "a\uFFFD");
     }
@@ -277,6 +282,27 @@ private slots:
         QVERIFY(document.setContent("<r>" + inner + "</r>"));
         QTEST(XmlText::of(document.documentElement()), "text");
         QTEST(XmlText::toString(XmlText::trimmed(document.documentElement())), "inOnePiece");
+    }
+
+    void piecesAreLoadedOneAfterTheOther()
+    {
+        QSemaphore gate;
+        QSemaphore begun;
+        std::atomic<bool> firstEnded{false};
+        const auto first = LoadingLane::run([&] {
+            gate.acquire();
+            firstEnded = true;
+            throw std::runtime_error("of no use");
+            return 0;
+        });
+        auto second = LoadingLane::run([&] {
+            begun.release();
+            return firstEnded.load();
+        });
+        QVERIFY(!begun.tryAcquire(1, 20));
+        gate.release();
+        QVERIFY(second.get());
+        QVERIFY(LoadingLane::run([] { return true; }).get());
     }
 
     void nullKeepsTheDescription()

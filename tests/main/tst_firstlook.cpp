@@ -84,9 +84,9 @@ private slots:
         QCoreApplication::processEvents();
         QVERIFY(!window.view()->editorOf(width));
         window.view()->setCurrentIndex(window.view()->treeModel()->indexFromItem(width, 0));
-        const QString panel =
-            window.tree()->findChild<QTextEdit*>("FeatureDescription"_s)->toPlainText();
-        QVERIFY2(panel.startsWith("Image Width\nColumns."_s), qPrintable(panel));
+        auto* panel = window.tree()->findChild<QTextEdit*>("FeatureDescription"_s);
+        const auto text = [&] { return panel->toPlainText(); };
+        QTRY_VERIFY2(text().startsWith("Image Width\nColumns."_s), qPrintable(text()));
     }
 
     // How far the reading is, and what a camera that does not answer is being asked for.

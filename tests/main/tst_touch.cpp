@@ -190,6 +190,7 @@ private slots:
         const QModelIndex group = m_window->groups()->currentIndex();
         const QWidget* focus = QApplication::focusWidget();
         const QModelIndex current = view->currentIndex();
+        QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
         QVERIFY(scrolls(m_window->widget(), places.value(place), area));
         QCOMPARE(m_host->writes(), QStringList());
         QCOMPARE(view->isExpanded(row("Branch")), open);

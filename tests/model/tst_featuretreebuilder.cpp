@@ -103,6 +103,20 @@ private slots:
         QCOMPARE(found.join(QLatin1Char(' ')), levels);
     }
 
+    void namesAndExplanationsAreThoseOfTheTables()
+    {
+        OBDeviceControl::Init(nullptr, R"(<T><Feature Name="Width"><DisplayName::cn>cn name
+</DisplayName::cn><Description::cn>cn text</Description::cn></Feature></T>)");
+        const LoadedDescription loaded(
+            wrap(elements("Category Root pFeature=Width; Integer Width")));
+        CTreeItemValue* value = loaded.item("Width")->value();
+        QCOMPARE(value->translateName(), "cn name\n"_s);
+        QCOMPARE(value->translatedDescription(), "cn text"_s);
+        value->setTranslateName("own name"_s);
+        QCOMPARE(value->translateName(), "own name"_s);
+        QCOMPARE(loaded.root.child(0)->value()->translateName(), "Favorites"_s);
+    }
+
     void lastMentionWins()
     {
         const LoadedDescription built(

@@ -3,6 +3,7 @@
 #include "model/CTreeEnumationItemValue.h"
 #include "model/CTreeFloatItemValue.h"
 #include "model/CTreeIntergerItemValue.h"
+#include "model/FeatureDocHtml.h"
 #include "model/IORXFeatureNotify.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "support/TestMain.h"
@@ -59,7 +60,10 @@ private slots:
     {
         Item item(nullptr, Item::FeatureTreePage);
         item.value()->setNodeName("Width"_s);
-        item.value()->setDoc("doc"_s, {}, {});
+        FeatureDocInputs doc;
+        doc.node = std::make_shared<FeatureNode>();
+        doc.visibility = "doc"_s;
+        item.value()->setDocInputs(doc);
         item.setTagName("IntReg"_s);
         QVERIFY(integer(item));
         integer(item)->setNumbers({5, 0, 9, 1});
@@ -68,7 +72,7 @@ private slots:
         item.setTagName("Integer"_s);
         QCOMPARE(integer(item)->numbers().m_nValue, qint64(-1));
         QCOMPARE(item.value()->nodeName(0), "Width"_s);
-        QCOMPARE(item.value()->docText(), "doc"_s);
+        QVERIFY(FeatureDocHtml::whole(*item.value(), false).contains("doc"_s));
     }
 
     void publishingTellsOnlyOfChanges()

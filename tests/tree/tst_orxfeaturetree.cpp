@@ -315,7 +315,7 @@ private slots:
         QCoreApplication::sendEvent(m_tree.get(), &change);
         QVERIFY(!panel->toPlainText().isEmpty() && panel->toPlainText() != english);
         editor<QPropertyLineEdit>("Gain")->setFocus(); // the row being edited is explained
-        QVERIFY(panel->toPlainText().contains("Gain"_s));
+        QTRY_VERIFY(panel->toPlainText().contains("Gain"_s));
     }
 
     // Rows that several workers lock --------------------------------------------------------------

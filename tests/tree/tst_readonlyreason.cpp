@@ -179,6 +179,10 @@ private slots:
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2}) {
             view()->setFocus();
             QTRY_VERIFY(view()->hasFocus());
+            // Also right after the row has become the current one.
+            view()->setCurrentIndex(index(item("Level")));
+            QTRY_VERIFY(!line()->isVisible());
+            view()->setCurrentIndex(index(item("Width")));
             QTest::keyClick(view(), key);
             QVERIFY(line()->hasFocus());
             QCOMPARE(focusedLink(), "Mode"_s);

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/private/ZELPictures.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHash>
+#include <QImageReader>
+#include <QPixmap>
 
 namespace ZELPictures {
 
@@ -13,6 +15,18 @@ QHash<QString, QIcon>& icons()
 {
     static QHash<QString, QIcon> icons;
     return icons;
+}
+
+// Qt's own reader of PNG, asked directly: a search by name or content first loads the plugins for
+// all other formats. Those are left to QIcon, as is the picture of twice the size for a fine
+// screen.
+QIcon loaded(const QString& path)
+{
+    if (!path.endsWith(QStringLiteral(".png")) || qApp->devicePixelRatio() > 1.0)
+        return QIcon(path);
+    QImageReader reader(path, "png");
+    reader.setAutoDetectImageFormat(false);
+    return QIcon(QPixmap::fromImageReader(&reader));
 }
 
 } // namespace
@@ -28,7 +42,7 @@ QIcon icon(const QString& path)
     // Pixmaps must not outlive the application; another one may follow.
     if (icons().isEmpty())
         qAddPostRoutine([] { icons().clear(); });
-    return *icons().insert(path, QIcon(path));
+    return *icons().insert(path, loaded(path));
 }
 
 } // namespace ZELPictures

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "styledctl/private/ZELThemeData.h"
 
-#include <QDomDocument>
 #include <QLinearGradient>
+#include <QXmlStreamReader>
 
 namespace {
 
 constexpr int kMaxReferences = 16;
 
-// Invalid, without Qt's own warning, when the attribute is missing or no colour.
-QColor colorAttribute(const QDomElement& element, const QString& name)
+QString attribute(const QXmlStreamReader& element, const char* name)
 {
-    const QString text = element.attribute(name);
+    return element.attributes().value(QLatin1String(name)).toString();
+}
+
+// Invalid, without Qt's own warning, when the attribute is missing or no colour.
+QColor colorAttribute(const QXmlStreamReader& element, const char* name)
+{
+    const QString text = attribute(element, name);
     return QColor::isValidColor(text) ? QColor(text) : QColor();
 }
 
@@ -34,47 +39,47 @@ QString ZELThemeData::normalKey(const QString& key)
 
 std::optional<ZELThemeData> ZELThemeData::parse(const QByteArray& text, QString* error)
 {
-    QDomDocument document;
-    QString message;
-    int line = 0;
-    if (!document.setContent(text, &message, &line)) {
-        *error = QStringLiteral("line %1: %2").arg(line).arg(message);
-        return std::nullopt;
-    }
-    const QDomElement root = document.documentElement();
-    if (root.tagName() != QLatin1String("Theme")) {
-        *error = QStringLiteral("root element is \"%1\", not \"Theme\"").arg(root.tagName());
-        return std::nullopt;
-    }
-
+    QXmlStreamReader xml(text);
     ZELThemeData data;
-    for (QDomElement e = root.firstChildElement(); !e.isNull(); e = e.nextSiblingElement()) {
-        const QString key = normalKey(e.attribute(QStringLiteral("key")));
-        Paint paint;
-        bool good = false;
-        if (e.tagName() == QLatin1String("Color")) {
-            paint.ref = normalKey(e.attribute(QStringLiteral("ref")));
-            paint.from = colorAttribute(e, QStringLiteral("value"));
-            good = !key.isEmpty() && (paint.from.isValid() || !paint.ref.isEmpty());
-        } else if (e.tagName() == QLatin1String("Gradient")) {
-            paint.from = colorAttribute(e, QStringLiteral("from"));
-            paint.to = colorAttribute(e, QStringLiteral("to"));
-            good = !key.isEmpty() && paint.from.isValid() && paint.to.isValid();
-        } else if (e.tagName() == QLatin1String("StyleSheet")) {
-            const int number = e.attribute(QStringLiteral("number")).toInt(&good);
-            if (good)
-                data.m_sheets.insert(number, e.text());
-        }
-        if (!good) {
-            *error = QStringLiteral("line %1: unusable element \"%2\"")
-                         .arg(e.lineNumber())
-                         .arg(e.tagName());
-            return std::nullopt;
-        }
-        if (!key.isEmpty())
-            data.m_paints.insert(key, paint);
+    if (xml.readNextStartElement() && xml.name() != QLatin1String("Theme"))
+        xml.raiseError(QStringLiteral("root element is \"%1\", not \"Theme\"").arg(xml.name()));
+    while (xml.readNextStartElement()) {
+        const QString tag = xml.name().toString();
+        if (!data.takeElement(xml))
+            xml.raiseError(QStringLiteral("unusable element \"%1\"").arg(tag));
     }
-    return data;
+    while (!xml.atEnd())
+        xml.readNext();
+    if (!xml.hasError())
+        return data;
+    *error = QStringLiteral("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString());
+    return std::nullopt;
+}
+
+bool ZELThemeData::takeElement(QXmlStreamReader& xml)
+{
+    const QString key = normalKey(attribute(xml, "key"));
+    Paint paint;
+    bool good = false;
+    if (xml.name() == QLatin1String("Color")) {
+        paint.ref = normalKey(attribute(xml, "ref"));
+        paint.from = colorAttribute(xml, "value");
+        good = !key.isEmpty() && (paint.from.isValid() || !paint.ref.isEmpty());
+    } else if (xml.name() == QLatin1String("Gradient")) {
+        paint.from = colorAttribute(xml, "from");
+        paint.to = colorAttribute(xml, "to");
+        good = !key.isEmpty() && paint.from.isValid() && paint.to.isValid();
+    } else if (xml.name() == QLatin1String("StyleSheet")) {
+        const int number = attribute(xml, "number").toInt(&good);
+        if (good)
+            m_sheets.insert(number, xml.readElementText(QXmlStreamReader::IncludeChildElements));
+        return good;
+    }
+    if (good) {
+        m_paints.insert(key, paint);
+        xml.skipCurrentElement();
+    }
+    return good;
 }
 
 void ZELThemeData::merge(const ZELThemeData& other)

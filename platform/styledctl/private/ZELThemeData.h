@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QXmlStreamReader;
+
 // Contents of one theme file, or of several merged ones. A plain value; keys are kept without the
 // prefix "ZEL_DB_COLOR_". The form of the file:
 //
@@ -47,6 +49,8 @@ private:
         QColor from;
         QColor to; // Invalid: one colour.
     };
+    // False when the element at which the reader stands cannot be used.
+    bool takeElement(QXmlStreamReader& xml);
     // Follows references; null when the key, or the end of its references, is not defined.
     const Paint* resolve(const QString& normalKey) const;
 

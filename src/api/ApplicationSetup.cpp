@@ -15,10 +15,28 @@ namespace {
 
 bool s_InitApp = false;
 
-const char* const kResourcePacks[] = {
-    "/FeatureTreeResource/Client_Default.rcc",
-    "/FeatureTreeResource/StyledCtl_Default.rcc",
-    "/FeatureTreeResource/ToolBarBtn_Default.rcc",
+// The packs of pictures beside the host, registered until the process ends: Qt does not free what
+// is left to it. A missing pack only leaves its pictures absent.
+class ResourcePacks
+{
+public:
+    explicit ResourcePacks(const QString& directory)
+    {
+        for (const char* name : {"Client_Default", "StyledCtl_Default", "ToolBarBtn_Default"}) {
+            m_paths.append(QStringLiteral("%1/FeatureTreeResource/%2.rcc")
+                               .arg(directory, QString::fromLatin1(name)));
+            QResource::registerResource(m_paths.last());
+        }
+    }
+    ~ResourcePacks()
+    {
+        for (const QString& path : qAsConst(m_paths))
+            QResource::unregisterResource(path);
+    }
+    Q_DISABLE_COPY(ResourcePacks)
+
+private:
+    QStringList m_paths;
 };
 
 } // namespace
@@ -31,9 +49,7 @@ void runOnce()
     const QString directory = ResourcePlace::directory();
     OBDeviceControl::SetDllPath(directory);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    // A missing pack only leaves its pictures absent.
-    for (const char* pack : kResourcePacks)
-        QResource::registerResource(directory + QString::fromUtf8(pack));
+    static const ResourcePacks packs(directory);
     QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() +
                                      QStringLiteral("/plugins"));
     ZELCustom::addXmlPath(QStringLiteral(":/ORX/QSS/CustomStyleSheet_ORX.xml"));

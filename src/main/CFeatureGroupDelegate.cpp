@@ -128,9 +128,9 @@ QRect CFeatureGroupDelegate::arrowPlace(const QRect& row)
     return row.adjusted(row.width() - 2 * kArrowSpace, 0, 0, 0); // room for a finger
 }
 
-QSize CFeatureGroupDelegate::sizeHint(const QStyleOptionViewItem& option,
+// The column takes all the room there is: nobody asks for a width, and no text is laid out.
+QSize CFeatureGroupDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                       const QModelIndex& index) const
 {
-    const int height = index.parent().isValid() ? kGroupHeight : kPageHeight;
-    return {QStyledItemDelegate::sizeHint(option, index).width(), height};
+    return {0, index.parent().isValid() ? kGroupHeight : kPageHeight};
 }

@@ -40,6 +40,7 @@ CFeatureGroupTreeView::CFeatureGroupTreeView(const QList<ORXPropertyTreeItem*>& 
 {
     // Before the model: each step would lay out the rows again.
     setUpLook();
+    ensurePolished();
     setModel(m_pModel);
     setItemDelegate(m_pDelegate);
 

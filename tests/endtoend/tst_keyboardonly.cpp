@@ -281,7 +281,7 @@ private:
         QVERIFY(pressUntil(Qt::Key_Tab, named("FeatureDescription")));
         FOCUS_IS_SEEN();
         const auto* panel = qobject_cast<QTextEdit*>(QApplication::focusWidget());
-        QVERIFY2(panel->toPlainText().contains("传感器"_s), qPrintable(panel->toPlainText()));
+        QTRY_VERIFY2(panel->toPlainText().contains("传感器"_s), qPrintable(panel->toPlainText()));
         endSearch();
     }
     void chooseLevel(const PageWindow& window)

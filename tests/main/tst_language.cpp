@@ -105,8 +105,9 @@ private:
     }
     void select(const OpenedWindow& window, const char* name) const
     {
-        window.view()->setCurrentIndex(
-            window.view()->treeModel()->indexFromItem(window.item(name), 0));
+        const QModelIndex row = window.view()->treeModel()->indexFromItem(window.item(name), 0);
+        window.view()->setCurrentIndex(row);
+        emit window.view()->pressed(row);
     }
     QWidget* editor(const OpenedWindow& window, const char* name) const
     {

@@ -263,6 +263,15 @@ private slots:
         QVERIFY(add("<Color key=\"Own\" value=\"#F0E0D0\"/>"));
         QVERIFY(panel.styleSheet().contains("rgba(240,224,208,255)"_s));
         QCOMPARE(panel.changes, 2);
+        // A page that stays hidden when its window appears.
+        QWidget window;
+        Panel page;
+        page.setParent(&window);
+        page.hide();
+        window.show();
+        QVERIFY(page.styleSheet().isEmpty());
+        page.show();
+        QVERIFY(page.styleSheet().contains("rgba(240,224,208,255)"_s));
         QCOMPARE(label.palette().color(QPalette::WindowText), QColor(0xF0, 0xE0, 0xD0));
     }
 

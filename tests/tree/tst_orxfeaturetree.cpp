@@ -254,7 +254,7 @@ private slots:
     void closingTheCamera()
     {
         readOnce();
-        view()->setCurrentIndex(index(item("Width")));
+        emit view()->pressed(index(item("Width")));
         QVERIFY(!m_tree->findChild<QTextEdit*>()->toPlainText().isEmpty());
         QVERIFY(m_tree->setFeatureValue("Integer"_s, "Width"_s, 640));
         m_tree->OnCameraClose();

@@ -82,6 +82,7 @@ class TestReadOnlyReason : public FeatureTreeTest
         build(child("pIsLocked"_s, lock));
         read();
         view()->setCurrentIndex(index(item("Width")));
+        emit view()->pressed(index(item("Width")));
         QTRY_VERIFY(line()->isVisible());
     }
     QString reason() { return m_tree->readOnlyReason(*item("Width")); }
@@ -147,6 +148,7 @@ private slots:
         read();
         m_host->fail("Level"_s, 0);
         view()->setCurrentIndex(index(item("Width")));
+        emit view()->pressed(index(item("Width")));
         QTRY_COMPARE(line()->toPlainText(), text);
         QCOMPARE(reason(), text);
         QCOMPARE(line()->isVisible(), !text.isEmpty());

@@ -15,23 +15,24 @@ public:
     LoadingLane() = delete;
 
     // Calls `load()` on a thread of its own when the pieces before it have ended; at once, on the
-    // caller's, where the system gives no thread. The result's destruction waits for the end.
+    // caller's and waiting for nobody, where the system gives no thread: the caller may be a piece
+    // itself. The result's destruction waits for the end.
     template <typename Load>
-    static auto run(Load load) -> std::future<decltype(load())>
+    static auto run(const Load& load) -> std::future<decltype(load())>
     {
         // Told, or dropped untold, with the piece.
         const auto ended = std::make_shared<std::promise<void>>();
         const End before = exchange(ended->get_future().share());
-        auto piece = [before, ended, load = std::move(load)] {
-            if (before.valid())
-                before.wait();
-            const std::shared_ptr<void> tell(nullptr, [&](void*) { ended->set_value(); });
-            return load();
-        };
         try {
-            return std::async(std::launch::async, piece);
+            return std::async(std::launch::async, [before, ended, load] {
+                if (before.valid())
+                    before.wait();
+                const std::shared_ptr<void> tell(nullptr, [&](void*) { ended->set_value(); });
+                return load();
+            });
         } catch (const std::system_error&) {
-            auto now = std::async(std::launch::deferred, std::move(piece));
+            ended->set_value();
+            auto now = std::async(std::launch::deferred, load);
             now.wait();
             return now;
         }

@@ -2,6 +2,7 @@
 #include "model/CTreeItemValue.h"
 
 #include "device/OBDeviceControl.h"
+
 namespace {
 
 template <typename Value>

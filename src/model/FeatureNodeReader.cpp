@@ -133,7 +133,7 @@ FeatureEnumEntry FeatureNodeReader::readEntry(pugi::xml_node element)
     for (pugi::xml_node child = XmlText::firstElement(element); child;
          child = XmlText::nextElement(child)) {
         if (const auto* field = entryFields().find(child.name()))
-            entry.** field = keptText(child);
+            entry.*(*field) = keptText(child);
     }
     entry.value = ORXInterface::string2Int(entry.valueText);
     return entry;

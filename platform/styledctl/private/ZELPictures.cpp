@@ -18,15 +18,16 @@ QHash<QString, QIcon>& icons()
 }
 
 // Qt's own reader of PNG, asked directly: a search by name or content first loads the plugins for
-// all other formats. Those are left to QIcon, as is the picture of twice the size for a fine
-// screen.
+// all other formats. Those are left to QIcon, whatever their names, as is the picture of twice the
+// size for a fine screen.
 QIcon loaded(const QString& path)
 {
     if (!path.endsWith(QStringLiteral(".png")) || qApp->devicePixelRatio() > 1.0)
         return QIcon(path);
     QImageReader reader(path, "png");
     reader.setAutoDetectImageFormat(false);
-    return QIcon(QPixmap::fromImageReader(&reader));
+    const QPixmap picture = QPixmap::fromImageReader(&reader);
+    return picture.isNull() ? QIcon(path) : QIcon(picture);
 }
 
 } // namespace

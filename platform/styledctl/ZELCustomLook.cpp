@@ -48,6 +48,11 @@ void ZELCustomLook::cApplyTheme()
         }
     }
     m_widget->setPalette(palette);
+    cRedraw();
+}
+
+void ZELCustomLook::cRedraw()
+{
     m_widget->update();
 }
 
@@ -55,43 +60,43 @@ void ZELCustomLook::cSetStyle(int style)
 {
     m_style = style;
     m_widget->updateGeometry();
-    m_widget->update();
+    cRedraw();
 }
 
 void ZELCustomLook::cSetBackgroundColor(const QString& key)
 {
     m_background = {key, QColor()};
-    m_widget->update();
+    cRedraw();
 }
 
 void ZELCustomLook::cSetBackgroundColor(const QColor& color)
 {
     m_background = {QString(), color};
-    m_widget->update();
+    cRedraw();
 }
 
 void ZELCustomLook::cSetBorderColor(const QString& key)
 {
     m_border = {key, QColor()};
-    m_widget->update();
+    cRedraw();
 }
 
 void ZELCustomLook::cSetBorderColor(const QColor& color)
 {
     m_border = {QString(), color};
-    m_widget->update();
+    cRedraw();
 }
 
 void ZELCustomLook::cSetBorderWidth(int width)
 {
     m_borderWidth = width;
-    m_widget->update();
+    cRedraw();
 }
 
 void ZELCustomLook::cSetBorderRadius(int radius)
 {
     m_borderRadius = radius;
-    m_widget->update();
+    cRedraw();
 }
 
 void ZELCustomLook::cSetTextColor(const QString& key)

@@ -54,6 +54,8 @@ public:
 protected:
     // Gives the widget the common style, font and palette.
     void cInstall();
+    // After each change of what the control looks like, from the theme, too.
+    virtual void cRedraw();
 
 private:
     struct Paint

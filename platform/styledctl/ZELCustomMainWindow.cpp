@@ -95,6 +95,7 @@ void ZELCustomMainWindow::updateMargins()
 {
     const int margin = (m_shadow ? kShadowPx : 0) + 1;
     layout()->setContentsMargins(margin, margin, margin, margin);
+    setAttribute(Qt::WA_OpaquePaintEvent, !m_shadow); // else what is behind it is painted, too
     updateGrip();
     update();
 }

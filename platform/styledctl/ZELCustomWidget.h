@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+struct ZELBox;
+
 // Plain styled container: fills itself with a background and draws a border, both settable
 // (ZELCustomLook). Transparent and borderless at first.
 class STYLEDCTL_EXPORT ZELCustomWidget : public QWidget, public ZELCustomLook
@@ -15,4 +17,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void cRedraw() override;
+
+private:
+    ZELBox box() const;
 };

@@ -6,6 +6,7 @@
 #include "device/DescriptionParse.h"
 #include "device/Guarded.h"
 #include "device/GuiThread.h"
+#include "device/LoadingLane.h"
 #include "device/OBDeviceControl.h"
 #include "main/ORXMainFeatureWidget.h"
 #include "model/NodesReadAhead.h"
@@ -163,6 +164,7 @@ int OB_FT_Release()
         OBDeviceControl::SaveFavoritesXml();
         qRemovePostRoutine(releaseWithApplication);
         NodesReadAhead::drop();
+        LoadingLane::finish();
         if (qApp)
             ORXMainFeatureWidget::ReleaseInstance();
     });

@@ -20,6 +20,12 @@ DescriptionParse::DescriptionParse(const char* xml, const Then& then)
     });
 }
 
+DescriptionParse::~DescriptionParse()
+{
+    if (m_parsed.valid())
+        m_parsed.wait();
+}
+
 void DescriptionParse::finish(XmlDocument& document)
 {
     if (!m_parsed.valid())

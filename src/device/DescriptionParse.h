@@ -6,8 +6,8 @@
 #include <functional>
 #include <future>
 
-// A camera's description, parsed on a thread of its own while the caller does something else; on
-// the caller's, when it is taken, where the system gives no thread. GUI thread.
+// A camera's description, parsed on the loading lane while the caller does something else; at once,
+// on the caller's thread, where the system gives no other. GUI thread.
 class DescriptionParse
 {
 public:
@@ -17,6 +17,9 @@ public:
     // Begins. The text (UTF-8, not owned) must not change until finish() or destruction, which
     // wait; null is no description.
     explicit DescriptionParse(const char* xml, const Then& then = {});
+    ~DescriptionParse();
+    DescriptionParse(const DescriptionParse&) = delete;
+    DescriptionParse& operator=(const DescriptionParse&) = delete;
 
     // Replaces `document`, by an empty one when the text does not parse, which is logged as
     // critical. Leaves it as it is without a description, and from the second time on.

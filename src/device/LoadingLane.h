@@ -1,45 +1,34 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <functional>
 #include <future>
 #include <memory>
-#include <system_error>
-#include <utility>
 
 // What is loaded while a window is being made, piece after piece in the order in which it was
 // asked for: more than one thread beside the one that makes the window would only take the
-// processor from it. Any thread.
+// processor from it, and so does each start of one. The thread ends with the last piece. Any
+// thread.
 class LoadingLane
 {
 public:
     LoadingLane() = delete;
 
-    // Calls `load()` on a thread of its own when the pieces before it have ended; at once, on the
-    // caller's and waiting for nobody, where the system gives no thread: the caller may be a piece
-    // itself. The result's destruction waits for the end.
+    // Calls `load()`, which may ask for further pieces, on the lane's thread when the pieces before
+    // it have ended; at once, on the caller's, where the system gives no thread. The result may be
+    // dropped: who lends something to `load` waits for it.
     template <typename Load>
     static auto run(const Load& load) -> std::future<decltype(load())>
     {
-        // Told, or dropped untold, with the piece.
-        const auto ended = std::make_shared<std::promise<void>>();
-        const End before = exchange(ended->get_future().share());
-        try {
-            return std::async(std::launch::async, [before, ended, load] {
-                if (before.valid())
-                    before.wait();
-                const std::shared_ptr<void> tell(nullptr, [&](void*) { ended->set_value(); });
-                return load();
-            });
-        } catch (const std::system_error&) {
-            ended->set_value();
-            auto now = std::async(std::launch::deferred, load);
-            now.wait();
-            return now;
-        }
+        const auto piece = std::make_shared<std::packaged_task<decltype(load())()>>(load);
+        auto result = piece->get_future();
+        add([piece] { (*piece)(); });
+        return result;
     }
+    // Waits until all pieces have ended, and the thread with them. Not from a piece.
+    static void finish();
 
 private:
-    using End = std::shared_future<void>;
-    // The end of the piece that was the last one so far.
-    static End exchange(End next);
+    static void add(const std::function<void()>& piece);
+    static void work();
 };

@@ -122,6 +122,7 @@ void ORXMainFeatureWidget::initUI()
     UpdateToolBarBtn(m_lCameraID);
     m_pPages->retranslateTabs();
     ResetTitleText();
+    layout()->totalSizeHint(); // loads fonts and pictures while the description is being read
 }
 
 void ORXMainFeatureWidget::layOut()

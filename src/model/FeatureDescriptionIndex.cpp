@@ -18,7 +18,13 @@ const std::pair<QLatin1String, QLatin1String> kCoupledFeatures[] = {
 
 void FeatureDescriptionIndex::GenerateDomElementMap(pugi::xml_node root)
 {
-    m_nodes = FeatureNodeMap(root);
+    GenerateDomElementMap(NodesReadAhead::Nodes{FeatureNodeMap(root), {}});
+}
+
+void FeatureDescriptionIndex::GenerateDomElementMap(const NodesReadAhead::Nodes& read)
+{
+    m_nodes = read.nodes;
+    m_invalidation = read.invalidation;
 }
 
 QString FeatureDescriptionIndex::GetValueAccessMode(const FeatureNodePtr& node)
@@ -54,7 +60,10 @@ void FeatureDescriptionIndex::setItemNames(const QStringList& names)
 
 void FeatureDescriptionIndex::ResetFeaturesInvalidatorMap()
 {
-    m_invalidation = LoadingLane::run([nodes = m_nodes] { return InvalidationGraph(nodes); });
+    if (m_invalidation.valid())
+        return;
+    m_invalidation =
+        LoadingLane::run([nodes = m_nodes] { return InvalidationGraph(nodes); }).share();
 }
 
 const InvalidationGraph& FeatureDescriptionIndex::invalidation() const

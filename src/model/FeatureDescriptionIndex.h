@@ -3,6 +3,7 @@
 
 #include "model/FeatureNodeMap.h"
 #include "model/InvalidationGraph.h"
+#include "model/NodesReadAhead.h"
 
 #include <QHash>
 #include <QList>
@@ -24,7 +25,7 @@ class FeatureDescriptionIndex
 public:
     // Nodes ---------------------------------------------------------------------------------------
     void GenerateDomElementMap(pugi::xml_node root);
-    void GenerateDomElementMap(const FeatureNodeMap& nodes) { m_nodes = nodes; }
+    void GenerateDomElementMap(const NodesReadAhead::Nodes& read);
     const FeatureNodeMap& nodes() const { return m_nodes; }
     FeatureNodePtr GetDomElementNode(const QString& name) const { return m_nodes.node(name); }
     // Text of the first "ImposedAccessMode" or "AccessMode".
@@ -37,7 +38,7 @@ public:
     void setItemNames(const QStringList& names);
 
     // Invalidators --------------------------------------------------------------------------------
-    // Built on a thread of its own; who asks before its end waits.
+    // Built on the loading lane, unless it came with the nodes; who asks before its end waits.
     void ResetFeaturesInvalidatorMap();
     // The features whose values a change of `name` makes stale, `name` itself included, each once.
     QList<QString> GetFeatureInvalidatorList(const QString& name) const;

@@ -14,7 +14,8 @@ namespace {
 struct Begun
 {
     quint64 contentNumber = 0;
-    std::future<FeatureNodeMap> nodes; // Waits when it is destroyed.
+    std::shared_future<FeatureNodeMap> nodes;
+    std::shared_future<InvalidationGraph> invalidation;
 };
 
 std::mutex s_mutex;
@@ -30,16 +31,19 @@ Begun exchange(Begun next)
 
 void begin(const XmlDocument& document)
 {
-    exchange({document.contentNumber(),
-              LoadingLane::run([document] { return FeatureNodeMap(document.documentElement()); })});
+    const auto nodes =
+        LoadingLane::run([document] { return FeatureNodeMap(document.documentElement()); }).share();
+    const auto invalidation =
+        LoadingLane::run([nodes] { return InvalidationGraph(nodes.get()); }).share();
+    exchange({document.contentNumber(), nodes, invalidation});
 }
 
-FeatureNodeMap take(const XmlDocument& document)
+Nodes take(const XmlDocument& document)
 {
-    Begun begun = exchange({});
+    const Begun begun = exchange({});
     if (begun.nodes.valid() && begun.contentNumber == document.contentNumber())
-        return begun.nodes.get();
-    return FeatureNodeMap(document.documentElement());
+        return {begun.nodes.get(), begun.invalidation};
+    return {FeatureNodeMap(document.documentElement()), {}};
 }
 
 void drop()

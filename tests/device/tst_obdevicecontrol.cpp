@@ -8,9 +8,11 @@
 #include <QSemaphore>
 
 #include <atomic>
+#include <chrono>
 #include <cstring>
 #include <functional>
 #include <stdexcept>
+#include <thread>
 
 using Write = std::function<bool(int* err)>;
 Q_DECLARE_METATYPE(Write)
@@ -303,6 +305,24 @@ private slots:
         gate.release();
         QVERIFY(second.get());
         QVERIFY(LoadingLane::run([] { return true; }).get());
+    }
+
+    void theLaneGoesOnWithWhatAPieceAsksFor()
+    {
+        std::thread::id asking;
+        std::thread::id asked;
+        LoadingLane::run([&] {
+            asking = std::this_thread::get_id();
+            LoadingLane::run([&] {
+                std::this_thread::sleep_for(std::chrono::milliseconds(20));
+                asked = std::this_thread::get_id();
+            });
+        });
+        LoadingLane::finish();
+        QVERIFY(asked != std::thread::id());
+        QVERIFY(asked != std::this_thread::get_id());
+        QCOMPARE(asked, asking);
+        LoadingLane::finish(); // nothing to wait for
     }
 
     void nullKeepsTheDescription()

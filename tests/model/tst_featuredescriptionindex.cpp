@@ -321,7 +321,7 @@ private slots:
         XmlDocument other;
         document.setContent(wrap(elements("Integer Width")));
         other.setContent(wrap(elements("Integer Height")));
-        const auto names = [&] { return NodesReadAhead::take(document).nodes().keys(); };
+        const auto names = [&] { return NodesReadAhead::take(document).nodes.nodes().keys(); };
         NodesReadAhead::begin(other);
         QCOMPARE(names(), words("Width"));
         NodesReadAhead::begin(document);

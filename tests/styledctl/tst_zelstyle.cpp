@@ -317,6 +317,39 @@ private slots:
         QCOMPARE(picture(ZELCustom::styleSheet(ZELCustom::Sheet_Tree)), picture(QString()));
     }
 
+    // What a container covers is not painted behind it; what it lets through is.
+    void containersHideWhatTheyCover_data()
+    {
+        const Rows<QColor, int, int, bool> row("fill", "border", "radius", "hides");
+        row("fill", Qt::white, 0, 0, true);
+        row("no fill", QColor(), 0, 0, false);
+        row("translucent", QColor(0, 0, 0, 100), 0, 0, false);
+        row("border", Qt::white, 1, 0, false);
+        row("round", Qt::white, 0, 5, false);
+    }
+
+    void containersHideWhatTheyCover()
+    {
+        const auto [fill, border, radius, hides] = fetchRow<QColor, int, int, bool>();
+        struct Behind : QWidget
+        {
+            QRegion painted;
+            void paintEvent(QPaintEvent* event) override { painted += event->region(); }
+        };
+        Behind behind;
+        behind.resize(60, 40);
+        ZELCustomWidget container(&behind);
+        container.setGeometry(behind.rect());
+        container.cSetBackgroundColor(fill);
+        container.cSetBorderColor(QColor(Qt::black));
+        container.cSetBorderWidth(border);
+        container.cSetBorderRadius(radius);
+        behind.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&behind));
+        QTRY_VERIFY(!behind.painted.isEmpty() || hides);
+        QCOMPARE(behind.painted.isEmpty(), hides);
+    }
+
     // Boxes upright and whole are put together from parts; turned around they are drawn in one.
     void boxesOfPartsLookAsDrawnInOne_data()
     {

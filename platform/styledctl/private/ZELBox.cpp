@@ -172,6 +172,12 @@ void ZELBox::paint(QPainter* painter, const QRect& rect) const
     painter->restore();
 }
 
+bool ZELBox::coversAll() const
+{
+    return fill.isOpaque() && radius <= 0 && (!border.isValid() || borderWidth <= 0) &&
+           !innerLine.isValid() && !underline.isValid();
+}
+
 void ZELBox::apply(const ZELState& state, const ZELLook* look)
 {
     if (!look)

@@ -34,6 +34,8 @@ struct ZELBox
     QColor underline;
 
     void paint(QPainter* painter, const QRect& rect) const;
+    // Whether nothing that stands behind the box can be seen: a square fill is all there is.
+    bool coversAll() const;
 
     static ZELBox forEdit(const ZELState& state, const ZELLook* look, bool flat);
     static ZELBox forButton(const ZELState& state, const ZELLook* look, bool flat);

@@ -4,6 +4,7 @@
 #include "device/LoadingLane.h"
 
 #include <future>
+#include <memory>
 #include <mutex>
 #include <utility>
 
@@ -14,7 +15,7 @@ namespace {
 struct Begun
 {
     quint64 contentNumber = 0;
-    std::shared_future<FeatureNodeMap> nodes;
+    std::future<FeatureNodeMap> nodes;
     std::shared_future<InvalidationGraph> invalidation;
 };
 
@@ -29,18 +30,23 @@ Begun exchange(Begun next)
 
 } // namespace
 
+// The texts of the first rows come before what the first write needs: the graph goes to the end of
+// the lane once the nodes are read.
 void begin(const XmlDocument& document)
 {
-    const auto nodes =
-        LoadingLane::run([document] { return FeatureNodeMap(document.documentElement()); }).share();
-    const auto invalidation =
-        LoadingLane::run([nodes] { return InvalidationGraph(nodes.get()); }).share();
-    exchange({document.contentNumber(), nodes, invalidation});
+    const auto invalidation = std::make_shared<std::promise<InvalidationGraph>>();
+    auto nodes = LoadingLane::run([document, invalidation] {
+        const FeatureNodeMap read(document.documentElement());
+        LoadingLane::run(
+            [read, invalidation] { invalidation->set_value(InvalidationGraph(read)); });
+        return read;
+    });
+    exchange({document.contentNumber(), std::move(nodes), invalidation->get_future().share()});
 }
 
 Nodes take(const XmlDocument& document)
 {
-    const Begun begun = exchange({});
+    Begun begun = exchange({});
     if (begun.nodes.valid() && begun.contentNumber == document.contentNumber())
         return {begun.nodes.get(), begun.invalidation};
     return {FeatureNodeMap(document.documentElement()), {}};

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "device/LoadingLane.h"
 #include "model/FeatureDeciders.h"
 #include "model/FeatureDescriptionIndex.h"
 #include "model/NodesReadAhead.h"
 #include "support/DescriptionBuilder.h"
 #include "support/LoadedDescription.h"
 #include "support/TestMain.h"
+
+#include <QSemaphore>
+
+#include <chrono>
 
 using namespace DescriptionBuilder;
 
@@ -330,6 +335,24 @@ private slots:
         NodesReadAhead::begin(document);
         document.setContent(wrap(elements("Integer Gain")));
         QCOMPARE(names(), words("Gain"));
+    }
+
+    void graphIsBuiltBehindWhatElseIsLoaded()
+    {
+        QSemaphore nodesMayCome;
+        QSemaphore textsMayCome;
+        XmlDocument document;
+        document.setContent(
+            wrap(elements("Integer A pValue=RegA; IntReg RegA pInvalidator=B; Integer B")));
+        LoadingLane::run([&] { nodesMayCome.acquire(); });
+        NodesReadAhead::begin(document);
+        LoadingLane::run([&] { textsMayCome.acquire(); });
+        nodesMayCome.release();
+        const NodesReadAhead::Nodes read = NodesReadAhead::take(document);
+        QCOMPARE(read.invalidation.wait_for(std::chrono::milliseconds(20)),
+                 std::future_status::timeout);
+        textsMayCome.release();
+        QVERIFY(read.invalidation.get().staleAfter({"B"_s}).contains("A"_s));
     }
 };
 

@@ -54,9 +54,9 @@ double allocatedKb()
     return static_cast<double>(info.uordblks + info.hblkhd) / 1024;
 }
 
-void printGap(int latencyMs)
+void printGap(int features, int latencyMs)
 {
-    const QByteArray xml = DescriptionBuilder::generate(Size{});
+    const QByteArray xml = DescriptionBuilder::generate(Size::ofFeatures(features));
     FakeHost host;
     host.serve(xml);
     host.setLatencyMs(latencyMs);
@@ -68,16 +68,15 @@ void printGap(int latencyMs)
         last.start();
     });
     OpenedWindow window(host, xml);
-    QApplication::processEvents();
     last.start();
     beat.start(1);
     QElapsedTimer whole;
     whole.start();
     window.waitForFirstRead();
     QTest::qWait(200);
-    std::printf("host calls of %d ms: first full read %.1f s, longest gap of the event loop %.1f "
-                "ms\n",
-                latencyMs, static_cast<double>(whole.elapsed()) / 1000, longest);
+    std::printf("%6d features, host calls of %d ms: first full read %.1f s, longest gap of the "
+                "event loop %.1f ms\n",
+                features, latencyMs, static_cast<double>(whole.elapsed()) / 1000, longest);
 }
 
 struct Keystrokes
@@ -162,6 +161,8 @@ int main(int argc, char** argv)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     for (const int features : {700, 5000, 16000})
         printLarge(features);
-    printGap(5);
+    printGap(700, 5);
+    for (const int features : {700, 5000, 16000})
+        printGap(features, 0);
     return 0;
 }

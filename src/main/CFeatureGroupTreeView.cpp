@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "main/CFeatureGroupTreeView.h"
 
+#include "device/GuiThread.h"
 #include "main/CFeatureGroupDelegate.h"
 #include "model/ItemSearch.h"
 #include "styledctl/ZELCustom.h"
@@ -11,7 +12,6 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
-#include <QThread>
 
 namespace {
 
@@ -125,14 +125,14 @@ void CFeatureGroupTreeView::ResetRootVisible(ORXPropertyTreeItem*, int row)
 void CFeatureGroupTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool)
 {
     // The flag belongs to the GUI thread; a reading thread always tells.
-    if (cameraId != m_lCameraID || (QThread::currentThread() == thread() && m_bSearchNotifies))
+    if (cameraId != m_lCameraID || (onGuiThread() && m_bSearchNotifies))
         return;
-    emit SigChildVisibleChanged(item);
+    m_notices.tell([=] { emit SigChildVisibleChanged(item); });
 }
 
 void CFeatureGroupTreeView::OnChildVisibleChanged(ORXPropertyTreeItem* item)
 {
-    // The signal may have been queued before the item was destroyed.
+    // The notice may have been given before the item was destroyed.
     if (!ORXPropertyTreeItem::isAlive(item))
         return;
     if (m_pModel->isSearching()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/GuiNotices.h"
 #include "main/CFeatureGroupModel.h"
 #include "main/GroupDots.h"
 #include "main/GroupPlaces.h"
@@ -16,7 +17,7 @@ class CFeatureGroupDelegate;
 // The list of pages and their groups. Clicking a group shows only that group's features in its
 // page; groups without a visible feature do not show, and a page whose shown group goes turns to
 // its first one that has something to show. Owned by its ORXFeatureGroup; GUI thread, but for
-// itemVisibleChanged, which only emits a signal.
+// itemVisibleChanged, which only gives notice.
 class CFeatureGroupTreeView : public QTreeView, public IORXFeatureNotify
 {
     Q_OBJECT
@@ -93,7 +94,8 @@ private:
     GroupPlaces m_places;
     QMap<int, const ORXPropertyTreeItem*> m_shownGroups; // by page row. Not owned.
     int m_nShownPage = 0;                                // its row
-    QTimer m_keepTimer;                                  // many changes of items turn the page once
+    GuiNotices m_notices;
+    QTimer m_keepTimer; // many changes of items turn the page once
     QTimer m_hitsTimer;
     bool m_bChanging = false;
     bool m_bArrowPressed = false;   // and the button is still down

@@ -8,7 +8,7 @@ class ORXPropertyTreeItem;
 // A view of items. Registered with items, not owned by them; register and remove on the GUI thread.
 //
 // The operations are called on the thread that changes the item. On a reading thread they are
-// called under the item state lock and must do no more than emit a queued signal; after
+// called under the item state lock and must do no more than hand it on to the GUI thread; after
 // removeView() has returned they are not called for that item any more.
 class IORXFeatureNotify
 {

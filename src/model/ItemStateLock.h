@@ -7,8 +7,8 @@
 // between items, sets of views. One for the process, since mirror items tie trees together.
 //
 // Never held across a call to the host, a wait, an event loop or a slot of the GUI thread; a worker
-// holds it while it calls a view, whose operations only emit queued signals there. Recursive, so
-// that a compound operation can use the single ones.
+// holds it while it calls a view, whose operations only give notice there. Recursive, so that a
+// compound operation can use the single ones.
 class ItemStateLock
 {
 public:

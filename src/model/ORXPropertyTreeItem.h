@@ -46,7 +46,7 @@ public:
     ORXPropertyTreeItem(ORXPropertyTreeItem* parent, ParentType type);
     ~ORXPropertyTreeItem();
 
-    // False once the item was destroyed. For pointers that travelled through a queued signal.
+    // False once the item was destroyed. For pointers that travelled through a queue.
     static bool isAlive(const ORXPropertyTreeItem* item) { return LiveItems::contains(item); }
     // How many items were destroyed so far: while it stands still, all that were alive still are.
     static quint64 destroyedCount() { return LiveItems::destroyedCount(); }

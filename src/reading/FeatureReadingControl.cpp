@@ -27,8 +27,11 @@ FeatureReadingControl::FeatureReadingControl(const FeatureDescriptionIndex& inde
     , m_fullThread(this, this)
 {
     using Self = FeatureReadingControl;
-    connect(&m_partialThread, &QGetFeaturesThread::sigThreadEnd, this, &Self::partialPassEnded);
-    connect(&m_fullThread, &QGetFeaturesThread::sigThreadEnd, this, &Self::fullPassEnded);
+    // What a pass has read is shown when its end is told.
+    connect(&m_partialThread, &QGetFeaturesThread::sigThreadEnd, this,
+            [this] { m_notices.behindWaiting([this] { partialPassEnded(); }); });
+    connect(&m_fullThread, &QGetFeaturesThread::sigThreadEnd, this,
+            [this] { m_notices.behindWaiting([this] { fullPassEnded(); }); });
     connect(&m_pollingTimer, &QTimer::timeout, this, &Self::poll);
     connect(&m_invalidationTimer, &QTimer::timeout, this, &Self::rereadWritten);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/GuiNotices.h"
 #include "reading/FeatureMutex.h"
 #include "reading/IFeatureReadingOwner.h"
 #include "reading/QGetFeaturesThread.h"
@@ -100,6 +101,7 @@ private:
     QTimer m_pollingTimer;
     QTimer m_invalidationTimer;
     QStringList m_writtenFeatures; // since the invalidation timer was started; may repeat
+    GuiNotices m_notices;
     bool m_bEnded = false;
     bool m_bFirstReadPending = false;
     bool m_bFullReadPending = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/ORXFeatureTreeView.h"
 
+#include "device/GuiThread.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
 #include "tree/IFeatureViewPage.h"
@@ -8,7 +9,6 @@
 
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QThread>
 
 ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IFeatureViewPage* page,
                                        QWidget* parent)
@@ -66,32 +66,32 @@ void ORXFeatureTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem
 {
     if (m_bForbiddenUpdate)
         return;
-    if (QThread::currentThread() != thread()) {
+    const bool direct = onGuiThread();
+    m_notices.tell([=] {
+        const QScopedValueRollback<bool> asTold(m_bDirectNotification, direct);
         emit sigSetItemVisible(cameraId, item, visible);
-        return;
-    }
-    const QScopedValueRollback<bool> direct(m_bDirectNotification, true);
-    emit sigSetItemVisible(cameraId, item, visible);
+    });
 }
 
 void ORXFeatureTreeView::itemExpanded(qint64 cameraId, ORXPropertyTreeItem* item, bool expanded)
 {
     if (!m_bForbiddenUpdate)
-        emit sigSetItemExpended(cameraId, item, expanded);
+        m_notices.tell([=] { emit sigSetItemExpended(cameraId, item, expanded); });
 }
 
 void ORXFeatureTreeView::itemValueChanged(qint64 cameraId, ORXPropertyTreeItem* item, int column,
                                           bool needRecreateEditor)
 {
-    if (!m_bForbiddenUpdate)
-        emit sigUpdateEditorData(cameraId, item, column, needRecreateEditor);
+    if (m_bForbiddenUpdate)
+        return;
+    m_notices.tell([=] { emit sigUpdateEditorData(cameraId, item, column, needRecreateEditor); });
 }
 
 void ORXFeatureTreeView::itemSpecialInfoChanged(qint64 cameraId, ORXPropertyTreeItem* item,
                                                 int info)
 {
     if (!m_bForbiddenUpdate)
-        emit sigUpdateSpecialInfo(cameraId, item, info);
+        m_notices.tell([=] { emit sigUpdateSpecialInfo(cameraId, item, info); });
 }
 
 // A queued notification may arrive after its item has gone, or for a camera shown before.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/GuiNotices.h"
 #include "model/IORXFeatureNotify.h"
 #include "model/ORXPropertyTreeItem.h"
 #include "styledctl/ZELCustomQssHelper.h"
@@ -15,7 +16,8 @@ class IFeatureViewPage;
 //
 // | operation                        | thread                            | lock              |
 // |----------------------------------|-----------------------------------|-------------------|
-// | item... (IORXFeatureNotify)      | GUI or reading; emits signals     | see the interface |
+// | item... (IORXFeatureNotify)      | GUI or reading; the signals are   | see the interface |
+// |                                  | emitted on the GUI thread         |                   |
 // | everything else                  | GUI                               | none              |
 class ORXFeatureTreeView : public FeatureRowsView,
                            public IORXFeatureNotify,
@@ -68,4 +70,5 @@ private:
     bool m_bDirectNotification = false;          // the running notification came on this thread
     qint64 m_lCameraID = -1;
     QString m_strPlaceholder;
+    GuiNotices m_notices;
 };

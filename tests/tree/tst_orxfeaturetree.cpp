@@ -81,6 +81,36 @@ private slots:
         OBDeviceControl::SetDeviceInfo(&info);
     }
 
+    // However far the window is behind its reading threads: who hears that a pass has ended sees
+    // all that the pass has read.
+    void endOfAPassIsToldBehindItsValues()
+    {
+        int shown = 0;
+        int shownAtEnd = 0;
+        const QObject here;
+        connect(view(), &ORXFeatureTreeView::sigUpdateEditorData, &here, [&] { ++shown; });
+        connect(m_tree.get(), &ORXFeatureTree::SigPassEnded, &here, [&] { shownAtEnd = shown; });
+        const auto readUnseen = [&](const std::function<void()>& read) {
+            shown = shownAtEnd = 0;
+            read();
+            while (m_tree->isReading())
+                QThread::msleep(5);
+            QThread::msleep(5); // the thread tells of its end
+            return QTest::qWaitFor([&] { return shown > 0; });
+        };
+        QVERIFY(readUnseen([&] { m_tree->StartUpdateThread(); }));
+        QTRY_COMPARE(shownAtEnd, shown);
+        m_tree->PauseUpdateThread();
+        m_tree->StopThread(false);
+        QCoreApplication::processEvents();
+        m_host->set("Height"_s, FakeHost::integerFeature(480, 16, 4096, 16));
+        QVERIFY(readUnseen([&] {
+            m_tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, "Width"_s,
+                                   QGetFeaturesThread::UpdateFlags(13), false, true);
+        }));
+        QTRY_COMPARE(shownAtEnd, shown);
+    }
+
     void directRead()
     {
         const GuiThreadReads::ReadingHere reading;

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+// The queue behind all GuiNotices of the process: lives on the GUI thread as long as one of them
+// does. `owner` is the one that gives the notice. The operations are described there.
+class NoticeQueue : public QObject, public std::enable_shared_from_this<NoticeQueue>
+{
+public:
+    using Notice = std::function<void()>;
+
+    // After a turn of this length, in milliseconds, the event loop has its way.
+    static constexpr int kTurnMs = 4;
+
+    // The one that stands, or a new one. GUI thread.
+    static std::shared_ptr<NoticeQueue> shared();
+
+    void add(const void* owner, Notice notice);
+    // False, and nothing is added, when no notice waits.
+    bool addBehindWaiting(const void* owner, const Notice& notice);
+    void drop(const void* owner);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    struct Waiting
+    {
+        const void* owner;
+        Notice notice;
+    };
+
+    NoticeQueue() = default;
+
+    void takeTurn();
+    Notice takeFirst();
+
+    std::mutex m_mutex;
+    std::deque<Waiting> m_waiting; // guarded by m_mutex
+    bool m_bAwake = false;         // turns go on or were asked for; guarded by m_mutex
+    QBasicTimer m_turns;
+};

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/GuiNotices.h"
 
-#include "device/GuiThread.h"
 #include "device/NoticeQueue.h"
 
 #include <utility>
@@ -18,7 +17,7 @@ GuiNotices::~GuiNotices()
 
 void GuiNotices::tell(Notice notice)
 {
-    if (onGuiThread())
+    if (m_queue->isOnItsThread())
         notice();
     else
         m_queue->add(this, std::move(notice));

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QThread>
 
 #include <algorithm>
 #include <utility>
@@ -17,6 +18,11 @@ std::shared_ptr<NoticeQueue> NoticeQueue::shared()
         standing = queue;
     }
     return queue;
+}
+
+bool NoticeQueue::isOnItsThread() const
+{
+    return QThread::currentThread() == thread();
 }
 
 void NoticeQueue::add(const void* owner, Notice notice)

@@ -22,6 +22,8 @@ public:
     // The one that stands, or a new one. GUI thread.
     static std::shared_ptr<NoticeQueue> shared();
 
+    // Whether the caller is on the GUI thread, also after the application has gone.
+    bool isOnItsThread() const;
     void add(const void* owner, Notice notice);
     // False, and nothing is added, when no notice waits.
     bool addBehindWaiting(const void* owner, const Notice& notice);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "main/CFeatureGroupTreeView.h"
 
-#include "device/GuiThread.h"
 #include "main/CFeatureGroupDelegate.h"
 #include "model/ItemSearch.h"
 #include "styledctl/ZELCustom.h"
@@ -12,6 +11,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QThread>
 
 namespace {
 
@@ -125,7 +125,7 @@ void CFeatureGroupTreeView::ResetRootVisible(ORXPropertyTreeItem*, int row)
 void CFeatureGroupTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem* item, bool)
 {
     // The flag belongs to the GUI thread; a reading thread always tells.
-    if (cameraId != m_lCameraID || (onGuiThread() && m_bSearchNotifies))
+    if (cameraId != m_lCameraID || (QThread::currentThread() == thread() && m_bSearchNotifies))
         return;
     m_notices.tell([=] { emit SigChildVisibleChanged(item); });
 }

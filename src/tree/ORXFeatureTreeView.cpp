@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tree/ORXFeatureTreeView.h"
 
-#include "device/GuiThread.h"
 #include "model/ORXPropertyTreeModel.h"
 #include "styledctl/ZELCustom.h"
 #include "tree/IFeatureViewPage.h"
@@ -9,6 +8,7 @@
 
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QThread>
 
 ORXFeatureTreeView::ORXFeatureTreeView(ORXPropertyTreeItem::ParentType type, IFeatureViewPage* page,
                                        QWidget* parent)
@@ -66,7 +66,7 @@ void ORXFeatureTreeView::itemVisibleChanged(qint64 cameraId, ORXPropertyTreeItem
 {
     if (m_bForbiddenUpdate)
         return;
-    const bool direct = onGuiThread();
+    const bool direct = QThread::currentThread() == thread();
     m_notices.tell([=] {
         const QScopedValueRollback<bool> asTold(m_bDirectNotification, direct);
         emit sigSetItemVisible(cameraId, item, visible);

@@ -10,11 +10,13 @@
 #include "styledctl/ZELCustomDockTitleBar.h"
 #include "styledctl/ZELCustomPushButton.h"
 #include "support/GuiThreadReads.h"
+#include "support/Patience.h"
 #include "tree/FeatureTreeTest.h"
 #include "tree/ORXPropertySpinBox.h"
 #include "tree/QPropertyLineEdit.h"
 #include "tree/SelectorRowsLock.h"
 
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTextEdit>
 
@@ -90,19 +92,25 @@ private slots:
         const QObject here;
         connect(view(), &ORXFeatureTreeView::sigUpdateEditorData, &here, [&] { ++shown; });
         connect(m_tree.get(), &ORXFeatureTree::SigPassEnded, &here, [&] { shownAtEnd = shown; });
+        QSemaphore ended;
+        const auto threads = m_tree->findChildren<QGetFeaturesThread*>();
+        for (const QGetFeaturesThread* thread : threads)
+            connect(
+                thread, &QGetFeaturesThread::sigThreadEnd, &here, [&] { ended.release(); },
+                Qt::DirectConnection);
+        // The window gets no event until the pass has ended.
         const auto readUnseen = [&](const std::function<void()>& read) {
             shown = shownAtEnd = 0;
             read();
-            while (m_tree->isReading())
-                QThread::msleep(5);
-            QThread::msleep(5); // the thread tells of its end
-            return QTest::qWaitFor([&] { return shown > 0; });
+            return ended.tryAcquire(1, kWindowPatienceMs) &&
+                   QTest::qWaitFor([&] { return shown > 0; });
         };
         QVERIFY(readUnseen([&] { m_tree->StartUpdateThread(); }));
         QTRY_COMPARE(shownAtEnd, shown);
         m_tree->PauseUpdateThread();
         m_tree->StopThread(false);
         QCoreApplication::processEvents();
+        ended.acquire(ended.available());
         m_host->set("Height"_s, FakeHost::integerFeature(480, 16, 4096, 16));
         QVERIFY(readUnseen([&] {
             m_tree->UpdateFeatures(FEATURES_UPDATE_INVALIDATED, "Width"_s,

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "device/NoticeQueue.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QEvent>
 #include <QThread>
 
 #include <algorithm>
 #include <utility>
+
+NoticeQueue::NoticeQueue()
+{
+    connect(this, &NoticeQueue::SigAwake, this, &NoticeQueue::takeTurns, Qt::QueuedConnection);
+}
 
 std::shared_ptr<NoticeQueue> NoticeQueue::shared()
 {
@@ -33,7 +36,7 @@ void NoticeQueue::add(const void* owner, Notice notice)
         if (std::exchange(m_bAwake, true))
             return;
     }
-    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    emit SigAwake(QPrivateSignal());
 }
 
 bool NoticeQueue::addBehindWaiting(const void* owner, const Notice& notice)
@@ -55,26 +58,17 @@ void NoticeQueue::drop(const void* owner)
 
 // Turns are a timer's: Qt goes on with posted events for as long as new ones come, and paints
 // nothing meanwhile.
-bool NoticeQueue::event(QEvent* event)
+void NoticeQueue::takeTurns()
 {
-    switch (event->type()) {
-    case QEvent::User:
-        m_turns.start(0, this);
-        return true;
-    case QEvent::Timer:
-        takeTurn();
-        return true;
-    default:
-        return QObject::event(event);
-    }
+    m_turns.start(0, this);
 }
 
-void NoticeQueue::takeTurn()
+void NoticeQueue::timerEvent(QTimerEvent*)
 {
     // A notice may be the end of all who have something to tell.
     const std::shared_ptr<NoticeQueue> self = shared_from_this();
     // A timer does not fire inside itself; an event loop that a notice opens goes on by a new one.
-    m_turns.start(0, this);
+    takeTurns();
     QElapsedTimer turn;
     turn.start();
     do {

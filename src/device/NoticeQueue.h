@@ -13,6 +13,7 @@
 // does. `owner` is the one that gives the notice. The operations are described there.
 class NoticeQueue : public QObject, public std::enable_shared_from_this<NoticeQueue>
 {
+    Q_OBJECT
 public:
     using Notice = std::function<void()>;
 
@@ -29,8 +30,12 @@ public:
     bool addBehindWaiting(const void* owner, const Notice& notice);
     void drop(const void* owner);
 
+signals:
+    // The first notice waits. Emitted on the thread that gives it.
+    void SigAwake(QPrivateSignal);
+
 protected:
-    bool event(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     struct Waiting
@@ -39,9 +44,9 @@ private:
         Notice notice;
     };
 
-    NoticeQueue() = default;
+    NoticeQueue();
 
-    void takeTurn();
+    void takeTurns();
     Notice takeFirst();
 
     std::mutex m_mutex;

@@ -148,7 +148,7 @@ bool ORXCCMWidget::isEdited() const
 
 void ORXCCMWidget::itemValueChanged(qint64 cameraID, ORXPropertyTreeItem* item, int column, bool)
 {
-    emit sigUpdateEditorData(cameraID, item, column);
+    m_notices.tell([=] { emit sigUpdateEditorData(cameraID, item, column); });
 }
 
 // The item that switches the matrix has changed.

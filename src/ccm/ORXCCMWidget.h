@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/GuiNotices.h"
 #include "model/IORXFeatureNotify.h"
 
 #include <QTableWidget>
@@ -16,7 +17,8 @@ struct ORXCCMWidgetPrivateData;
 //
 // | operation                                | thread                        | lock              |
 // |------------------------------------------|-------------------------------|-------------------|
-// | itemValueChanged                         | GUI or reading; emits signals | see the interface |
+// | itemValueChanged                         | GUI or reading; the signal is | see the interface |
+// |                                          | emitted on the GUI thread     |                   |
 // | getSDKCCMEnable                          | any                           | none              |
 // | everything else                          | GUI                           | none              |
 class ORXCCMWidget : public QTableWidget, public IORXFeatureNotify
@@ -53,4 +55,5 @@ private:
     bool isEdited() const;
 
     std::unique_ptr<ORXCCMWidgetPrivateData> d;
+    GuiNotices m_notices;
 };

@@ -88,12 +88,12 @@ int ORXFeatureSaveWidget::getBtnMapSelector(int id)
 // Whether a search hides the item in the tree does not matter here.
 void ORXFeatureSaveWidget::itemVisibleChanged(qint64, ORXPropertyTreeItem* changed, bool)
 {
-    emit sigSetItemVisible(changed, changed->visible());
+    m_notices.tell([=, visible = changed->visible()] { emit sigSetItemVisible(changed, visible); });
 }
 
 void ORXFeatureSaveWidget::itemValueChanged(qint64, ORXPropertyTreeItem* changed, int, bool)
 {
-    emit sigUpdateEditorData(changed);
+    m_notices.tell([=] { emit sigUpdateEditorData(changed); });
 }
 
 void ORXFeatureSaveWidget::onSetItemVisible(ORXPropertyTreeItem* changed, bool visible)

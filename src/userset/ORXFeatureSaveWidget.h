@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "device/GuiNotices.h"
 #include "device/IORXListen.h"
 #include "model/IORXFeatureNotify.h"
 #include "styledctl/ZELCustomMainWindow.h"
@@ -21,7 +22,8 @@ class ZELCustomMessageBox;
 //
 // | operation                        | thread                        | lock              |
 // |----------------------------------|-------------------------------|-------------------|
-// | item... (IORXFeatureNotify)      | GUI or reading; emits signals | see the interface |
+// | item... (IORXFeatureNotify)      | GUI or reading; the signals   | see the interface |
+// |                                  | are emitted on the GUI thread |                   |
 // | everything else                  | GUI                           | none              |
 class ORXFeatureSaveWidget : public ZELCustomMainWindow, public IORXListen, public IORXFeatureNotify
 {
@@ -73,6 +75,7 @@ private:
 
     UserSetFeatures m_features;
     UserSetWork m_work;
+    GuiNotices m_notices;
     bool m_bSupport = true;
     bool m_bBusy = false;
     UserSetPanel* m_pPanel = nullptr;     // Owned (child); null when there is nothing to show.

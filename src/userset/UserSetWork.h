@@ -20,7 +20,7 @@ public:
         Closed        // nobody is there to be told
     };
 
-    // `dialog` gets the news of the items by queued signals. Neither is owned.
+    // `dialog` gets the news of the items by notices. Neither is owned.
     UserSetWork(UserSetFeatures& features, QObject* dialog);
 
     // Of any button but the reset's.

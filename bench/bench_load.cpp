@@ -37,6 +37,7 @@ struct Loaded
         index.GenerateFeaturesTLParamsLocked();
         index.GeneratePSelectedList();
         index.GenerateFeatureNoCacheList();
+        index.pollingMap(); // waits for all that the loading lane builds
     }
     XmlDocument document; // the library keeps it, too
     ORXPropertyTreeItem root{nullptr, ORXPropertyTreeItem::FeatureTreePage};

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Opening, as the first thing that a process does: from OB_FT_Init to the first painted window,
 // against the bare DOM parse of the same description and against a plain QTreeView over the same
-// model. Each sample is a process of its own, in which the host has shown nothing yet, or a window
-// with some text: Qt's own preparations for the first text are then behind it. A description may be
-// given as a file.
+// model. Each sample is a process started anew, in which the host has shown nothing yet, or a
+// window with some text: Qt's own preparations for the first text are then behind it. A description
+// may be given as a file.
 #include "device/XmlDocument.h"
 #include "model/FeatureDescriptionIndex.h"
 #include "model/FeatureTreeBuilder.h"
@@ -16,29 +16,27 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QLabel>
+#include <QProcess>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <QTreeView>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <ctime>
-#include <functional>
 #include <vector>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
 using DescriptionBuilder::Size;
 
-constexpr int kSamples = 9;
+constexpr int kSamples = 15;
+constexpr QLatin1String kSample("--sample");
 
 // Milliseconds since the start of what is measured, at the end of each step: those that pass, since
 // the window is made by more than one thread.
 using Steps = std::array<double, 5>;
-using Measure = std::function<Steps()>;
 
 class StepClock
 {
@@ -89,33 +87,6 @@ void showHostsWindow()
     auto* window = new QLabel("A camera's picture stands here."_s); // as long as the process
     window->show();
     FirstPaint(window).wait();
-}
-
-Steps inNewProcess(const Measure& measure, Host host)
-{
-    Steps steps{};
-    int ends[2];
-    if (pipe(ends) != 0)
-        return steps;
-    const pid_t child = fork();
-    if (child == 0) {
-        int argc = 1;
-        char name[] = "bench_opening";
-        char* argv[] = {name, nullptr};
-        QApplication application(argc, argv);
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-        if (host == Host::ShowsAWindow)
-            showHostsWindow();
-        const Steps own = measure();
-        const bool told = write(ends[1], &own, sizeof(own)) == sizeof(own);
-        _exit(told ? 0 : 1);
-    }
-    close(ends[1]); // so that a child that ends without a word is heard
-    if (child < 0 || read(ends[0], &steps, sizeof(steps)) != sizeof(steps))
-        std::fprintf(stderr, "a sample is missing\n");
-    close(ends[0]);
-    waitpid(child, nullptr, 0);
-    return steps;
 }
 
 // The middle of each step over several processes.
@@ -181,29 +152,85 @@ Steps openPlainView(const QByteArray& xml)
     return clock.steps();
 }
 
-void printOpening(const char* what, const QByteArray& xml, Host host)
+struct Measure
+{
+    const char* name;
+    Steps (*take)(const QByteArray& xml);
+};
+
+constexpr Measure kParse = {"parse", parseBare};
+constexpr Measure kWindow = {"window", openWindow};
+constexpr Measure kPlainView = {"plain", openPlainView};
+
+// In a process that is there for it: prints the steps.
+int takeSample(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QStringList arguments = application.arguments();
+    QFile file(arguments.at(4));
+    if (!file.open(QIODevice::ReadOnly))
+        return 1;
+    const QByteArray xml = file.readAll();
+    if (arguments.at(3) == "second"_s)
+        showHostsWindow();
+    for (const Measure& measure : {kParse, kWindow, kPlainView}) {
+        if (arguments.at(2) != QLatin1String(measure.name))
+            continue;
+        for (const double step : measure.take(xml))
+            std::printf("%f ", step);
+        std::fflush(stdout);
+    }
+    std::_Exit(0); // in the middle of reading
+}
+
+Steps inNewProcess(const Measure& measure, const QString& file, Host host)
+{
+    Steps steps{};
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QCoreApplication::applicationFilePath(),
+                  {kSample, QString::fromLatin1(measure.name),
+                   host == Host::ShowsAWindow ? "second"_s : "first"_s, file});
+    process.waitForFinished(-1);
+    const QList<QByteArray> words = process.readAllStandardOutput().split(' ');
+    if (words.size() <= int(steps.size()))
+        std::fprintf(stderr, "a sample is missing\n");
+    for (size_t i = 0; i < steps.size(); ++i)
+        steps[i] = words.value(int(i)).toDouble();
+    return steps;
+}
+
+void printOpening(const char* what, const QString& file, Host host)
 {
     // In turn, so that what slows the machine for a while slows all of them.
     std::vector<Steps> parses;
     std::vector<Steps> windows;
     std::vector<Steps> plains;
     for (int i = 0; i < kSamples; ++i) {
-        parses.push_back(inNewProcess([&] { return parseBare(xml); }, host));
-        windows.push_back(inNewProcess([&] { return openWindow(xml); }, host));
-        plains.push_back(inNewProcess([&] { return openPlainView(xml); }, host));
+        parses.push_back(inNewProcess(kParse, file, host));
+        windows.push_back(inNewProcess(kWindow, file, host));
+        plains.push_back(inNewProcess(kPlainView, file, host));
     }
     const double parse = middleOf(parses)[0];
     const Steps window = middleOf(windows);
     const double plain = middleOf(plains)[0];
     const double shown = window[3] - window[1];
     std::printf(
-        "%s, %d KB, %s: OB_FT_Init %.1f ms, callbacks %.1f, start %.1f, painted %.1f: whole "
+        "%s, %lld KB, %s: OB_FT_Init %.1f ms, callbacks %.1f, start %.1f, painted %.1f: whole "
         "%.1f ms, bare DOM parse %.1f ms: %.2f; start until painted %.1f ms, plain tree "
         "view %.1f ms: %.2f\n",
-        what, xml.size() / 1000, host == Host::ShowsNothing ? "first window" : "second window",
-        window[0], window[1] - window[0], window[2] - window[1], window[3] - window[2], window[3],
-        parse, window[3] / parse, shown, plain, shown / plain);
-    std::fflush(stdout); // the next samples fork
+        what, QFile(file).size() / 1000,
+        host == Host::ShowsNothing ? "first window" : "second window", window[0],
+        window[1] - window[0], window[2] - window[1], window[3] - window[2], window[3], parse,
+        window[3] / parse, shown, plain, shown / plain);
+    std::fflush(stdout);
+}
+
+void printOpenings(const char* what, const QString& file)
+{
+    for (const Host host : {Host::ShowsNothing, Host::ShowsAWindow})
+        printOpening(what, file, host);
 }
 
 } // namespace
@@ -212,22 +239,24 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QStandardPaths::setTestModeEnabled(true);
+    if (argc == 5 && kSample == QLatin1String(argv[1]))
+        return takeSample(argc, argv);
+    QCoreApplication application(argc, argv);
     if (argc > 1) {
-        QFile file(QString::fromLocal8Bit(argv[1]));
-        if (!file.open(QIODevice::ReadOnly)) {
-            std::fprintf(stderr, "cannot read %s\n", argv[1]);
+        const QString file = QString::fromLocal8Bit(argv[1]);
+        if (!QFile::exists(file)) {
+            std::fprintf(stderr, "there is no %s\n", argv[1]);
             return 1;
         }
-        const QByteArray xml = file.readAll();
-        for (const Host host : {Host::ShowsNothing, Host::ShowsAWindow})
-            printOpening(argv[1], xml, host);
+        printOpenings(argv[1], file);
         return 0;
     }
     for (const int features : {700, 5000, 16000}) {
-        const QByteArray name = QByteArray::number(features) + " features";
-        const QByteArray xml = DescriptionBuilder::generate(Size::ofFeatures(features));
-        for (const Host host : {Host::ShowsNothing, Host::ShowsAWindow})
-            printOpening(name, xml, host);
+        QTemporaryFile file;
+        file.open();
+        file.write(DescriptionBuilder::generate(Size::ofFeatures(features)));
+        file.close();
+        printOpenings(QByteArray::number(features) + " features", file.fileName());
     }
     return 0;
 }

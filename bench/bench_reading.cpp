@@ -37,9 +37,9 @@ struct Reading
         host.serve(xml);
         host.install();
         host.clearCalls();
-        thread.SetInitThreadInfo(
-            1, false, description.index.nodes(), description.builder.AllTreeItemsMap(),
-            description.index.lockableFeatures(), description.index.pollingMap());
+        thread.SetInitThreadInfo(1, false, description.index.nodes(),
+                                 description.builder.AllTreeItemsMap(),
+                                 description.index.lockableFeatures(), description.index.polling());
     }
     void pass()
     {

@@ -218,5 +218,13 @@ bool FeatureDescriptionIndex::IsNoCacheFeature(const QString& name) const
 
 void FeatureDescriptionIndex::GenerateFeatureNoCacheList()
 {
-    m_polling = FeaturePolling::intervals(m_nodes, m_itemNames);
+    m_polling = LoadingLane::run([nodes = m_nodes, names = m_itemNames] {
+                    return FeaturePolling::intervals(nodes, names);
+                }).share();
+}
+
+const QMap<QString, int>& FeatureDescriptionIndex::pollingMap() const
+{
+    static const QMap<QString, int> empty;
+    return m_polling.valid() ? m_polling.get() : empty;
 }

@@ -61,9 +61,12 @@ public:
     const QList<QString>& lockableFeatures() const { return m_lockable; }
     int GetPollingTime(const QString& name) const; // milliseconds, 0 for none
     bool IsNoCacheFeature(const QString& name) const;
+    // Built on the loading lane.
     void GenerateFeatureNoCacheList();
-    // Feature to re-read interval, a multiple of 50 ms.
-    const QMap<QString, int>& pollingMap() const { return m_polling; }
+    // Feature to re-read interval, a multiple of 50 ms. Waits until it is built.
+    const QMap<QString, int>& pollingMap() const;
+    // The same for who waits later, on any thread; invalid before it is begun.
+    std::shared_future<QMap<QString, int>> polling() const { return m_polling; }
 
 private:
     const InvalidationGraph& invalidation() const;
@@ -77,5 +80,5 @@ private:
     QHash<QString, QString> m_pairs;
     QHash<QString, QList<QString>> m_selected;
     QList<QString> m_lockable;
-    QMap<QString, int> m_polling;
+    std::shared_future<QMap<QString, int>> m_polling; // invalid before it is begun
 };

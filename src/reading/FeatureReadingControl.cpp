@@ -45,9 +45,9 @@ void FeatureReadingControl::start(qint64 cameraId, const QMap<QString, ORXProper
     StopThread(false);
     const bool pollingEmits = OBDeviceControl::IsGenTLInterface();
     m_partialThread.SetInitThreadInfo(cameraId, pollingEmits, m_index.nodes(), items,
-                                      m_index.lockableFeatures(), m_index.pollingMap());
+                                      m_index.lockableFeatures(), m_index.polling());
     m_fullThread.SetInitThreadInfo(cameraId, pollingEmits, m_index.nodes(), items, {},
-                                   m_index.pollingMap());
+                                   m_index.polling());
     m_bFirstReadPending = true;
     UpdateFeatures(FEATURES_UPDATE_ALL, QString(), flagSet(UpdateFlagSets::kFirstRead), false,
                    false);

@@ -41,7 +41,7 @@ void QGetFeaturesThread::SetInitThreadInfo(qint64 cameraId, bool pollingEmits,
                                            const FeatureNodeMap& nodes,
                                            const QMap<QString, ORXPropertyTreeItem*>& items,
                                            const QList<QString>& tlLockedList,
-                                           const QMap<QString, int>& pollingMap)
+                                           std::shared_future<QMap<QString, int>> polling)
 {
     m_lCameraID = cameraId;
     m_update.setCameraID(cameraId);
@@ -49,7 +49,7 @@ void QGetFeaturesThread::SetInitThreadInfo(qint64 cameraId, bool pollingEmits,
     m_bPollingEmits = pollingEmits;
     m_items = items;
     m_tlLockedList = tlLockedList;
-    m_pollingMap = pollingMap;
+    m_polling = std::move(polling);
 }
 
 // Requests ----------------------------------------------------------------------------------------
@@ -291,8 +291,11 @@ void QGetFeaturesThread::runPolling(UpdateFlags flags)
 
 void QGetFeaturesThread::pollOnce(int tick, UpdateFlags flags)
 {
+    if (!m_polling.valid())
+        return;
+    const QMap<QString, int>& intervals = m_polling.get();
     const int elapsedMs = tick * kPollingTickMs;
-    for (auto it = m_pollingMap.cbegin(); it != m_pollingMap.cend() && !stopRequested(); ++it) {
+    for (auto it = intervals.cbegin(); it != intervals.cend() && !stopRequested(); ++it) {
         const int periodMs = it.value();
         if (periodMs <= 0 || periodMs > elapsedMs || elapsedMs % periodMs != 0)
             continue;

@@ -9,6 +9,8 @@
 #include <QMap>
 #include <QStringList>
 
+#include <future>
+
 class IFeatureReadingOwner;
 class ORXPropertyTreeItem;
 
@@ -48,7 +50,7 @@ public:
     void SetInitThreadInfo(qint64 cameraId, bool pollingEmits, const FeatureNodeMap& nodes,
                            const QMap<QString, ORXPropertyTreeItem*>& items,
                            const QList<QString>& tlLockedList,
-                           const QMap<QString, int>& pollingMap);
+                           std::shared_future<QMap<QString, int>> polling);
     // Asks for a pass. False when the running or waiting passes make it superfluous or the thread
     // is stopped. `names` matter to FEATURES_UPDATE_INVALIDATED only.
     bool SetThreadInfo(_FEATURES_UPDATE_TYPE_ type, const QList<QString>& names, UpdateFlags flags);
@@ -122,7 +124,7 @@ private:
     bool m_bPollingEmits = false;
     QMap<QString, ORXPropertyTreeItem*> m_items; // Items not owned.
     QList<QString> m_tlLockedList;
-    QMap<QString, int> m_pollingMap;
+    std::shared_future<QMap<QString, int>> m_polling;
 
     qint64 m_lCameraID = -1; // the GUI thread's own
     FeatureItemUpdate m_update;

@@ -189,7 +189,8 @@ void ORXFeatureTree::CreateFeature()
     m_index.GenerateFeaturesTLParamsLocked();
     m_index.GeneratePSelectedList();
     m_index.GenerateFeatureNoCacheList();
-    m_watch.watch(AllTreeItemsMap().values().toVector(), m_index.pollingMap());
+    m_watch.watch(AllTreeItemsMap().values().toVector(),
+                  [this](const QString& name) { return m_index.pollingMap().contains(name); });
     GenerateFavoritesItems();
 }
 

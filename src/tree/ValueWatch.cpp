@@ -31,13 +31,12 @@ ValueWatch::~ValueWatch()
     forget();
 }
 
-void ValueWatch::watch(const QVector<ORXPropertyTreeItem*>& items,
-                       const QMap<QString, int>& polling)
+void ValueWatch::watch(const QVector<ORXPropertyTreeItem*>& items, const IsPolled& isPolled)
 {
     forget();
+    m_isPolled = isPolled;
     for (ORXPropertyTreeItem* item : items) {
-        const QString name = item->value()->nodeName(0);
-        m_known.insert(item, {name, polling.contains(name), {}});
+        m_known.insert(item, {item->value()->nodeName(0), {}, {}});
         item->registerView(this);
     }
 }
@@ -111,6 +110,13 @@ void ValueWatch::itemValueChanged(qint64, ORXPropertyTreeItem* item, int column,
         emit SigRead(QPrivateSignal());
 }
 
+bool ValueWatch::isPolled(Known& known) const
+{
+    if (!known.isPolled)
+        known.isPolled = m_isPolled && m_isPolled(known.name);
+    return *known.isPolled;
+}
+
 void ValueWatch::takeReads()
 {
     QVector<Read> reads;
@@ -140,7 +146,7 @@ void ValueWatch::takeReads()
         change.cause = change.causedBy.isEmpty()        ? ValueChange::Cause::Camera
                        : change.causedBy == known->name ? ValueChange::Cause::Edited
                                                         : ValueChange::Cause::Follows;
-        change.restless = known->isPolled && change.cause == ValueChange::Cause::Camera;
+        change.restless = change.cause == ValueChange::Cause::Camera && isPolled(*known);
         change.when = now;
         changes.append(std::move(change));
     }

@@ -5,12 +5,12 @@
 #include "tree/ValueChange.h"
 
 #include <QHash>
-#include <QMap>
 #include <QObject>
 #include <QVector>
 
 #include <functional>
 #include <mutex>
+#include <optional>
 
 // Finds out which values of a tree's items change, and why: for the marks in the rows, the journal
 // and the trend. Reads nothing from the host. The first value that is read of a feature is no
@@ -30,8 +30,9 @@ public:
     ~ValueWatch() override;
 
     // Watches the items from now on, in the place of those before. They must live until the next
-    // call or the end of the watch. The names of those that are polled are the keys.
-    void watch(const QVector<ORXPropertyTreeItem*>& items, const QMap<QString, int>& polling = {});
+    // call or the end of the watch. Whether one is polled is asked at its first change.
+    using IsPolled = std::function<bool(const QString& name)>;
+    void watch(const QVector<ORXPropertyTreeItem*>& items, const IsPolled& isPolled = {});
 
     // The user has written the feature; what changes next of these is its doing.
     void noteWritten(const QString& name, const QStringList& invalidated);
@@ -72,15 +73,17 @@ private:
     struct Known
     {
         QString name;
-        bool isPolled;
+        std::optional<bool> isPolled;
         Held held;
     };
     void forget();
     void takeReads();
+    bool isPolled(Known& known) const;
 
     mutable std::mutex m_mutex;
     Clock m_clock;                              // guarded by m_mutex
     QVector<Read> m_reads;                      // guarded by m_mutex
     QHash<ORXPropertyTreeItem*, Known> m_known; // GUI thread only
     QHash<QString, QString> m_causes;           // invalidated feature -> written one
+    IsPolled m_isPolled;
 };

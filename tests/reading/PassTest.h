@@ -57,7 +57,7 @@ protected:
         m_description = std::make_unique<LoadedDescription>(xml);
         m_thread->SetInitThreadInfo(
             1, pollingEmits, m_description->index.nodes(), m_description->builder.AllTreeItemsMap(),
-            m_description->index.lockableFeatures(), m_description->index.pollingMap());
+            m_description->index.lockableFeatures(), m_description->index.polling());
     }
     ORXPropertyTreeItem* item(const QString& name) const
     {
